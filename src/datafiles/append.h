@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QByteArrayView>
+#include <QString>
+
+#include <optional>
+
+namespace tarvold {
+
+/// Why a data file could not be read or written.
+struct FileError
+{
+    QString cause;         ///< in words, for the user
+    bool unchanged = true; ///< the file is as it was before
+};
+
+/// Appends whole records to a data file, creating it when it is missing.
+///
+/// All or nothing: when it returns no error, the bytes are on the disk; else the file has its old
+/// length, or is gone again when it was created here (and if even that failed, the error says so).
+/// \param name as the user typed it; a relative one starts at the current folder
+[[nodiscard]] std::optional<FileError> appendToFile(const QString &name, QByteArrayView bytes);
+
+} // namespace tarvold

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QString>
+
+/// What the system offers to bring a file's bytes to the disk for good.
+namespace tarvold::durable {
+
+/// The path for a name that the user typed, so that every name means a file: a leading colon is an
+/// ordinary character and not the toolkit's mark for built-in resources.
+QString pathOf(const QString &name);
+
+/// Brings an open file's bytes to the disk. `false` with the system's error code set on failure.
+[[nodiscard]] bool syncFile(int handle);
+
+/// Brings a file's entry in its folder to the disk, needed once after the file is created.
+/// `false` with the system's error code set on failure.
+[[nodiscard]] bool syncFolderOf(const QString &path);
+
+} // namespace tarvold::durable

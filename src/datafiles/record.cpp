@@ -1,0 +1,68 @@
+#include "datafiles/record.h"
+
+#include "datafiles/code_page.h"
+
+#include <array>
+
+namespace tarvold {
+namespace {
+
+struct FinisherCode
+{
+    QLatin1StringView word;
+    QLatin1StringView code;
+};
+
+constexpr std::array<FinisherCode, 4> kFinisherCodes = {{
+    {QLatin1StringView("Any"), QLatin1StringView("Any")},
+    {QLatin1StringView("Pin"), QLatin1StringView("p")},
+    {QLatin1StringView("Submission"), QLatin1StringView("s")},
+    {QLatin1StringView("Top Rope"), QLatin1StringView("t")},
+}};
+
+/// A word outside the list gives no line. The game's authors rely on the file holding what they
+/// typed and nothing made up, so no default takes its place.
+std::optional<QString> codedFinisher(const QString &text)
+{
+    for (const FinisherCode &row : kFinisherCodes) {
+        if (text == row.word) {
+            return row.code;
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<QString> lineOf(Coding coding, const QString &text)
+{
+    switch (coding) {
+    case Coding::FinisherType:
+        return codedFinisher(text);
+    case Coding::BlankIfEmpty:
+        return text.isEmpty() ? QLatin1StringView(kBlankLine) : text;
+    case Coding::AsShown:
+        break;
+    }
+    return text;
+}
+
+} // namespace
+
+ComposedRecord composeRecord(const RecordLayout &layout,
+                             const std::function<QString(ControlRef)> &textOf)
+{
+    ComposedRecord record;
+    for (const RecordField &field : layout) {
+        const std::optional<QString> line = lineOf(field.coding, textOf(field.source));
+        if (!line) {
+            continue;
+        }
+        const codepage::Encoded encoded = codepage::encode(*line);
+        if (encoded.missing) {
+            return {{}, MissingCharacter{QLatin1StringView(field.caption), *encoded.missing}};
+        }
+        record.bytes += encoded.bytes + kLineEnd;
+    }
+    return record;
+}
+
+} // namespace tarvold

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+namespace tarvold {
+
+/// The name of a control and of the screen that bears it, such as Form4, Combo3.
+struct ControlRef
+{
+    const char *screen;
+    const char *control;
+};
+
+/// How a control's text becomes a line of a record.
+enum class Coding {
+    AsShown,      ///< the text, unchanged
+    FinisherType, ///< "Any", "p", "s" or "t"; no line at all for a text outside the list
+    BlankIfEmpty, ///< the text, or "-BLANK-" when it is exactly empty
+};
+
+/// One line of a record.
+struct RecordField
+{
+    const char *caption; ///< the field's label on its screen
+    ControlRef source;   ///< where its text is read when a record is saved
+    Coding coding;
+};
+
+/// The lines of a record, in their order in the file.
+using RecordLayout = std::vector<RecordField>;
+
+/// Ends every line of a data file.
+inline constexpr char kLineEnd[] = "\r\n";
+
+/// Stands for an empty commentary line 2 to 10.
+inline constexpr char kBlankLine[] = "-BLANK-";
+
+/// A character that no data file can hold, and the field that it was found in.
+struct MissingCharacter
+{
+    QString field;
+    char32_t character;
+};
+
+/// What composing a record gives: all its bytes, or the character that stopped it.
+struct ComposedRecord
+{
+    QByteArray bytes;
+    std::optional<MissingCharacter> missing;
+};
+
+/// Composes a record for its file, each line ended by CR LF.
+/// \param textOf gives the text that a control shows at this moment
+ComposedRecord composeRecord(const RecordLayout &layout,
+                             const std::function<QString(ControlRef)> &textOf);
+
+/// The 36 lines of a normal match ending.
+const RecordLayout &normalEndingLayout();
+
+} // namespace tarvold

@@ -1,0 +1,43 @@
+#include "editor.h"
+
+#include "endings/ending_entry.h"
+#include "endings/ending_flow.h"
+#include "shell/main_menu.h"
+
+namespace tarvold {
+
+Editor::Editor() : m_endings(m_screens, endingflow::chain(), endingflow::kLabel)
+{
+    m_screens.declare<Form1>();
+    endingflow::declare(m_screens);
+
+    auto &menu = m_screens.get<Form1>();
+    connect(&menu, &Form1::pressed, this, &Editor::begin);
+    connect(&menu, &Screen::closeRequested, this, &Editor::exitRequested);
+    for (const MenuEntry missing :
+         {MenuEntry::Stipulations, MenuEntry::RunInEndings, MenuEntry::TurnEndings,
+          MenuEntry::Interviews, MenuEntry::TalkShows, MenuEntry::Import}) {
+        menu.setEntryEnabled(missing, false);
+    }
+}
+
+void Editor::start()
+{
+    m_screens.get<Form1>().show();
+}
+
+void Editor::begin(MenuEntry entry)
+{
+    switch (entry) {
+    case MenuEntry::NormalEndings:
+        endingentry::enter(m_screens, MatchEnding::Normal);
+        break;
+    case MenuEntry::Exit:
+        emit exitRequested();
+        break;
+    default:
+        break;
+    }
+}
+
+} // namespace tarvold

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "shell/flow.h"
+#include "shell/screens.h"
+
+#include <QObject>
+
+namespace tarvold {
+
+enum class MenuEntry;
+
+/// The program: all screens, and the flows that the main menu's buttons start.
+class Editor : public QObject
+{
+    Q_OBJECT
+public:
+    Editor();
+
+    /// Shows the main menu. No other screen exists yet.
+    void start();
+
+    Screens &screens() { return m_screens; }
+
+signals:
+    /// The user wants the program to end, at once.
+    void exitRequested();
+
+private:
+    void begin(MenuEntry entry);
+
+    Screens m_screens;
+    Flow m_endings;
+};
+
+} // namespace tarvold

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "shell/details_screen.h"
+
+namespace tarvold {
+
+class Screens;
+
+/// The attacker, who wins: the second screen of all match endings.
+class Form5 : public DetailsScreen
+{
+    Q_OBJECT
+public:
+    static constexpr char kName[] = "Form5";
+
+    explicit Form5(Screens &screens);
+};
+
+/// The receiver, who loses: the third screen of all match endings, where they part.
+class Form6 : public DetailsScreen
+{
+    Q_OBJECT
+public:
+    static constexpr char kName[] = "Form6";
+
+    explicit Form6(Screens &screens);
+};
+
+} // namespace tarvold

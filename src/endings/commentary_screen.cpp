@@ -1,0 +1,172 @@
+#include "endings/commentary_screen.h"
+
+#include "datafiles/append.h"
+#include "endings/commentary_line.h"
+#include "shell/combo_box.h"
+#include "shell/failures.h"
+#include "shell/message_box.h"
+#include "shell/screens.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+
+namespace tarvold {
+
+CommentaryScreen::CommentaryScreen(Screens &screens, const CommentaryTable &table)
+    : Screen(table.name)
+    , m_screens(screens)
+    , m_table(table)
+    , m_tags(new ComboBox(this))
+{
+    addHiddenLabel("hiddenlabel");
+    addHeading("Label1", table.heading);
+    addTagList();
+    addInstructions();
+    addLines();
+    column().addStretch();
+    addButtons();
+}
+
+void CommentaryScreen::addTagList()
+{
+    for (const CommentaryTag &tag : m_table.tags) {
+        m_tags->addItem(QLatin1StringView(tag.item));
+    }
+    m_tags->setAccessibleName(QStringLiteral("Commentary tag"));
+    m_tags->setAccessibleDescription(QLatin1StringView(m_table.instructions));
+    add(m_tags, "Combo1");
+    column().addWidget(m_tags);
+    connect(m_tags, &ComboBox::chosen, this, &CommentaryScreen::insertTag);
+}
+
+void CommentaryScreen::addInstructions()
+{
+    auto *instructions = new QLabel(QLatin1StringView(m_table.instructions), this);
+    instructions->setTextFormat(Qt::PlainText);
+    instructions->setWordWrap(true);
+    add(instructions, "Label3");
+    column().addWidget(instructions);
+}
+
+void CommentaryScreen::addLines()
+{
+    auto *grid = new QGridLayout;
+    grid->setHorizontalSpacing(8);
+    grid->setVerticalSpacing(6);
+    for (CommentaryLine *&line : m_lines) {
+        const int row = int(&line - m_lines.data());
+        const QString number = QString::number(row + 1);
+        line = new CommentaryLine(this);
+        line->setAccessibleName(QStringLiteral("Commentary line ") + number);
+        add(line, qPrintable(QStringLiteral("Text") + number));
+        auto *label = new QLabel(number, this);
+        label->setBuddy(line);
+        grid->addWidget(label, row, 0, Qt::AlignRight | Qt::AlignVCenter);
+        grid->addWidget(line, row, 1);
+        connect(line, &CommentaryLine::entered, this, [this, line] { mark(*line); });
+    }
+    column().addLayout(grid);
+}
+
+void CommentaryScreen::addButtons()
+{
+    QPushButton *back = newButton("Command2", "<<");
+    back->setAccessibleName(QStringLiteral("Back"));
+    QPushButton *save = newButton("Command1", m_table.addCaption);
+    auto *row = new QHBoxLayout;
+    row->addWidget(back);
+    row->addStretch();
+    row->addWidget(save);
+    column().addLayout(row);
+    connect(back, &QPushButton::clicked, this, &Screen::backPressed);
+    connect(save, &QPushButton::clicked, this, &CommentaryScreen::save);
+}
+
+QWidget *CommentaryScreen::firstField() const
+{
+    return m_tags;
+}
+
+void CommentaryScreen::whitenboxes()
+{
+    for (CommentaryLine *line : m_lines) {
+        line->setMarked(false);
+    }
+}
+
+void CommentaryScreen::startAfresh()
+{
+    for (CommentaryLine *line : m_lines) {
+        line->clear();
+    }
+    whitenboxes();
+}
+
+void CommentaryScreen::mark(CommentaryLine &line)
+{
+    whitenboxes();
+    line.setMarked(true);
+}
+
+void CommentaryScreen::insertTag()
+{
+    const QString item = m_tags->currentText();
+    for (const CommentaryTag &tag : m_table.tags) {
+        if (item == QLatin1StringView(tag.item)) {
+            acceptTag(tag);
+            break;
+        }
+    }
+    // Deliberate: after a refusal the marked line receives the tag that was accepted before.
+    for (CommentaryLine *line : m_lines) {
+        if (line->isMarked()) {
+            line->append(text("hiddenlabel"));
+        }
+    }
+}
+
+void CommentaryScreen::acceptTag(const CommentaryTag &tag)
+{
+    const Refusal *refusal = tag.refusal;
+    if (refusal != nullptr && refusal->isRefused(m_screens.text(refusal->box))) {
+        messagebox::notice(this, QLatin1StringView(refusal->title),
+                           QLatin1StringView(refusal->message));
+        return;
+    }
+    setText("hiddenlabel", QLatin1StringView(tag.tag));
+}
+
+void CommentaryScreen::save()
+{
+    const QString title = QLatin1StringView(messagebox::kTitle);
+    if (m_lines.front()->text().isEmpty()) {
+        messagebox::notice(this, title, QLatin1StringView(m_table.missingMessage));
+        return;
+    }
+    const bool yes = messagebox::question(this, title, QLatin1StringView(m_table.question),
+                                          messagebox::EnterMeans::Yes);
+    if (yes && write()) {
+        messagebox::notice(this, title, QStringLiteral("Saved OK."));
+        emit finished();
+    }
+}
+
+bool CommentaryScreen::write()
+{
+    const QString title = QLatin1StringView(messagebox::kTitle);
+    const QString name = m_screens.text(rowOf(m_table.kind).nameBox);
+    const ComposedRecord record = composeRecord(
+        m_table.layout(), [this](ControlRef source) { return m_screens.text(source); });
+    if (record.missing) {
+        messagebox::notice(this, title, failures::cannotHold(*record.missing));
+        return false;
+    }
+    if (const auto error = appendToFile(name, record.bytes)) {
+        messagebox::notice(this, title, failures::notSaved(name, *error));
+        return false;
+    }
+    return true;
+}
+
+} // namespace tarvold

@@ -1,0 +1,83 @@
+#pragma once
+
+#include "datafiles/data_file_kind.h"
+#include "shell/screen.h"
+
+#include <array>
+#include <span>
+
+namespace tarvold {
+
+class ComboBox;
+class CommentaryLine;
+class Screens;
+
+/// Why a tag cannot be inserted now.
+struct Refusal
+{
+    ControlRef box;                     ///< the field that decides
+    bool (*isRefused)(const QString &); ///< by the text in that field
+    const char *message;
+    const char *title;
+};
+
+/// An item of a tag list.
+struct CommentaryTag
+{
+    const char *item;
+    const char *tag;                  ///< what it inserts
+    const Refusal *refusal = nullptr; ///< none: never refused
+};
+
+/// A commentary screen, as a table.
+struct CommentaryTable
+{
+    const char *name;
+    const char *heading;
+    const char *instructions;
+    std::span<const CommentaryTag> tags;
+    const char *addCaption;
+    const char *missingMessage; ///< told when the first line is empty
+    const char *question;       ///< asked before the record is written
+    DataFileKind kind;
+    const RecordLayout &(*layout)();
+};
+
+/// A screen with ten lines of commentary, a list of tags to insert into them, "Add ..." (Command1),
+/// which appends the record of the whole flow to its file, and "<<" (Command2).
+///
+/// The line that receives tags is the one whose background is yellow; the tag that was last
+/// accepted is the text of `hiddenlabel`. Neither is stored anywhere else.
+class CommentaryScreen : public Screen
+{
+    Q_OBJECT
+public:
+    CommentaryScreen(Screens &screens, const CommentaryTable &table);
+
+    /// Makes all lines white, so that none receives tags.
+    void whitenboxes();
+
+    /// Empties and whitens all lines for a new record. The last accepted tag stays.
+    void startAfresh();
+
+protected:
+    QWidget *firstField() const override;
+
+private:
+    void addTagList();
+    void addInstructions();
+    void addLines();
+    void addButtons();
+    void mark(CommentaryLine &line);
+    void insertTag();
+    void acceptTag(const CommentaryTag &tag);
+    void save();
+    bool write();
+
+    Screens &m_screens;
+    CommentaryTable m_table;
+    ComboBox *m_tags;
+    std::array<CommentaryLine *, 10> m_lines{};
+};
+
+} // namespace tarvold

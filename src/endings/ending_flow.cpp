@@ -1,0 +1,30 @@
+#include "endings/ending_flow.h"
+
+#include "endings/attacker_receiver.h"
+#include "endings/match_criteria.h"
+#include "endings/normal_commentary.h"
+#include "shell/screens.h"
+
+namespace tarvold::endingflow {
+
+std::span<const FlowStep> chain()
+{
+    // A flow label that is neither of the first two leads to the turn screens.
+    static const FlowStep steps[] = {
+        {"Form4", "Form1", {{nullptr, "Form5"}}},
+        {"Form5", "Form4", {{nullptr, "Form6"}}},
+        {"Form6", "Form5", {{"normal", "Form7"}, {"feuds", "Form8"}, {nullptr, "Form10"}}},
+        {"Form7", "Form6"},
+    };
+    return steps;
+}
+
+void declare(Screens &screens)
+{
+    screens.declare<Form4>();
+    screens.declare<Form5>();
+    screens.declare<Form6>();
+    screens.declare<Form7>();
+}
+
+} // namespace tarvold::endingflow

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "shell/details_screen.h"
+
+namespace tarvold {
+
+class Screens;
+
+/// Match criteria: the first screen of all match endings.
+class Form4 : public DetailsScreen
+{
+    Q_OBJECT
+public:
+    static constexpr char kName[] = "Form4";
+
+    explicit Form4(Screens &screens);
+};
+
+} // namespace tarvold

@@ -1,0 +1,19 @@
+#include "editor.h"
+#include "shell/fonts.h"
+
+#include <QApplication>
+
+int main(int argc, char *argv[])
+{
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("tarvold-editor"));
+    // Windows hide and show as the user moves on; only the main menu ends the program.
+    QApplication::setQuitOnLastWindowClosed(false);
+    tarvold::fonts::apply();
+
+    tarvold::Editor editor;
+    QObject::connect(&editor, &tarvold::Editor::exitRequested, &application,
+                     [] { QCoreApplication::exit(0); });
+    editor.start();
+    return QApplication::exec();
+}

@@ -1,0 +1,60 @@
+#include "shell/combo_box.h"
+
+#include "shell/text_box.h"
+
+#include <QAbstractItemView>
+#include <QKeyEvent>
+#include <QWheelEvent>
+
+namespace tarvold {
+
+ComboBox::ComboBox(QWidget *parent) : QComboBox(parent)
+{
+    setLineEdit(new TextBox);
+    setCompleter(nullptr);
+    setInsertPolicy(NoInsert);
+    setMaxVisibleItems(25);
+    setMinimumHeight(kTargetHeight);
+    setMinimumContentsLength(1);
+    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+}
+
+void ComboBox::setText(const QString &text)
+{
+    setCurrentIndex(findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive));
+    setEditText(text);
+}
+
+void ComboBox::showPopup()
+{
+    // The list opens on the item that the box shows, and on none for a text of the user's own.
+    setText(currentText());
+    QComboBox::showPopup();
+    // Only the list's own signal tells a choice apart from a typed text that equals an item:
+    // activated() comes for both.
+    connect(view()->parentWidget(), SIGNAL(itemSelected(QModelIndex)), this, SIGNAL(chosen()),
+            Qt::UniqueConnection);
+}
+
+void ComboBox::keyPressEvent(QKeyEvent *event)
+{
+    switch (event->key()) {
+    case Qt::Key_Down:
+    case Qt::Key_F4:
+        showPopup();
+        return;
+    case Qt::Key_Up:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+        return;
+    default:
+        QComboBox::keyPressEvent(event);
+    }
+}
+
+void ComboBox::wheelEvent(QWheelEvent *event)
+{
+    event->ignore();
+}
+
+} // namespace tarvold

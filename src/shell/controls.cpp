@@ -1,0 +1,43 @@
+#include "shell/controls.h"
+
+#include "shell/combo_box.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QScrollBar>
+
+namespace tarvold::controls {
+
+QString textOf(const QWidget &control)
+{
+    if (const auto *combo = qobject_cast<const QComboBox *>(&control)) {
+        return combo->currentText();
+    }
+    if (const auto *box = qobject_cast<const QLineEdit *>(&control)) {
+        return box->text();
+    }
+    if (const auto *label = qobject_cast<const QLabel *>(&control)) {
+        return label->text();
+    }
+    if (const auto *bar = qobject_cast<const QScrollBar *>(&control)) {
+        return QString::number(bar->value());
+    }
+    qFatal("the control %s holds no text", qPrintable(control.objectName()));
+}
+
+void setTextOf(QWidget &control, const QString &text)
+{
+    if (auto *combo = qobject_cast<ComboBox *>(&control)) {
+        combo->setText(text);
+    } else if (auto *box = qobject_cast<QLineEdit *>(&control)) {
+        box->setText(text);
+    } else if (auto *label = qobject_cast<QLabel *>(&control)) {
+        label->setText(text);
+    } else if (auto *bar = qobject_cast<QScrollBar *>(&control)) {
+        bar->setValue(text.toInt());
+    } else {
+        qFatal("the control %s holds no text", qPrintable(control.objectName()));
+    }
+}
+
+} // namespace tarvold::controls

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+
+class QWidget;
+
+/// The one value that each kind of control holds, as text.
+namespace tarvold::controls {
+
+/// The text of a text box, combo box or label; the value of a scroll bar in plain decimal digits.
+QString textOf(const QWidget &control);
+
+/// Puts a text into a text box, combo box or label, or a value given in digits into a scroll bar.
+/// This is never a choice of the user's: no tag is inserted by it.
+void setTextOf(QWidget &control, const QString &text);
+
+} // namespace tarvold::controls

@@ -1,0 +1,87 @@
+#include "shell/details_screen.h"
+
+#include "shell/combo_box.h"
+
+#include <QGridLayout>
+#include <QPushButton>
+#include <QShowEvent>
+
+namespace tarvold {
+
+DetailsScreen::DetailsScreen(const DetailsTable &table)
+    : Screen(table.name)
+    , m_fields(table.fields)
+    , m_fills(table.fills)
+    , m_help(new HelpLine(this))
+{
+    add(m_help, table.helpLabel);
+    addHeading("Label1", table.heading);
+    addNote(table);
+    column().addLayout(FormGrid::build(*this, table.fields, m_help));
+    column().addStretch();
+    column().addWidget(m_help);
+    addButtons();
+}
+
+void DetailsScreen::addNote(const DetailsTable &table)
+{
+    if (table.note == nullptr) {
+        return;
+    }
+    auto *note = new QLabel(QLatin1StringView(table.note), this);
+    note->setTextFormat(Qt::PlainText);
+    add(note, table.noteLabel);
+    column().addWidget(note);
+}
+
+void DetailsScreen::addButtons()
+{
+    QPushButton *back = newButton("Command1", "<<");
+    QPushButton *next = newButton("Command2", ">>");
+    back->setAccessibleName(QStringLiteral("Back"));
+    next->setAccessibleName(QStringLiteral("Next"));
+    auto *row = new QHBoxLayout;
+    row->addWidget(back);
+    row->addStretch();
+    row->addWidget(next);
+    column().addLayout(row);
+    connect(back, &QPushButton::clicked, this, &Screen::backPressed);
+    connect(next, &QPushButton::clicked, this, &DetailsScreen::goOn);
+}
+
+void DetailsScreen::goOn()
+{
+    for (const Fill &fill : m_fills) {
+        if (!text(fill.control).isEmpty()) {
+            continue;
+        }
+        setText(fill.control, QLatin1StringView(fill.text));
+        for (const char *name : fill.alsoToFirstItem) {
+            auto &combo = control<ComboBox>(name);
+            combo.setText(combo.itemText(0));
+        }
+    }
+    emit nextPressed();
+}
+
+QWidget *DetailsScreen::firstField() const
+{
+    for (const Field &field : m_fields) {
+        QWidget &first = control(field.control);
+        if (!first.isHidden()) {
+            return &first;
+        }
+    }
+    return nullptr;
+}
+
+void DetailsScreen::showEvent(QShowEvent *event)
+{
+    Screen::showEvent(event);
+    if (const QWidget *first = firstField(); first != nullptr && !event->spontaneous()) {
+        // The focus itself comes only when the desktop makes the window active.
+        m_help->showFor(*first);
+    }
+}
+
+} // namespace tarvold

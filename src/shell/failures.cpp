@@ -1,0 +1,25 @@
+#include "shell/failures.h"
+
+namespace tarvold::failures {
+
+QString notSaved(const QString &name, const FileError &error)
+{
+    const QString state =
+        error.unchanged
+            ? QStringLiteral("Nothing was written, and everything that you typed is still here.")
+            : QStringLiteral("Part of the record may be in the file and could not be taken out "
+                             "again. Everything that you typed is still here.");
+    return QStringLiteral("The file \"%1\" could not be written.\n\n%2\n\n%3")
+        .arg(name, error.cause, state);
+}
+
+QString cannotHold(const MissingCharacter &missing)
+{
+    return QStringLiteral("The field \"%1\" holds the character \"%2\" (U+%3), which the data "
+                          "files cannot hold.\n\nNothing was written, and everything that you "
+                          "typed is still here.")
+        .arg(missing.field, QString::fromUcs4(&missing.character, 1),
+             QString::number(missing.character, 16).rightJustified(4, u'0').toUpper());
+}
+
+} // namespace tarvold::failures

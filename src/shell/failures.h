@@ -1,0 +1,16 @@
+#pragma once
+
+#include "datafiles/append.h"
+#include "datafiles/record.h"
+
+/// What the user is told when a record could not be written.
+namespace tarvold::failures {
+
+/// The file could not be written.
+/// \param name as the user typed it
+QString notSaved(const QString &name, const FileError &error);
+
+/// A field holds a character that the data files cannot hold.
+QString cannotHold(const MissingCharacter &missing);
+
+} // namespace tarvold::failures

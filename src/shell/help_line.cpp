@@ -1,0 +1,69 @@
+#include "shell/help_line.h"
+
+#include "shell/combo_box.h"
+
+#include <QEvent>
+#include <QLineEdit>
+
+namespace tarvold {
+
+HelpLine::HelpLine(QWidget *parent) : QLabel(parent)
+{
+    setTextFormat(Qt::PlainText);
+    setWordWrap(true);
+    setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    setFrameStyle(int(QFrame::StyledPanel) | int(QFrame::Sunken));
+    setMargin(6);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+}
+
+void HelpLine::explain(QWidget &control, const QString &help, HelpOn on)
+{
+    control.setAccessibleDescription(help);
+    m_helps.insert(&control, {help, on});
+    control.installEventFilter(this);
+    if (auto *combo = qobject_cast<ComboBox *>(&control); combo != nullptr && on != HelpOn::Focus) {
+        // Clicks land on the box inside the combo box, or on an item of its list.
+        m_helps.insert(combo->lineEdit(), {help, on});
+        combo->lineEdit()->installEventFilter(this);
+        connect(combo, &ComboBox::chosen, this, [this, combo] { showFor(*combo); });
+    }
+    updateGeometry();
+}
+
+void HelpLine::showFor(const QWidget &control)
+{
+    if (const auto found = m_helps.constFind(&control); found != m_helps.constEnd()) {
+        setText(found->text);
+    }
+}
+
+int HelpLine::heightForWidth(int width) const
+{
+    const int frame = 2 * (frameWidth() + margin());
+    int height = fontMetrics().lineSpacing();
+    for (const Help &help : m_helps) {
+        const QRect room(0, 0, width - frame, QWIDGETSIZE_MAX);
+        height = std::max(height,
+                          fontMetrics().boundingRect(room, Qt::TextWordWrap, help.text).height());
+    }
+    return height + frame;
+}
+
+QSize HelpLine::minimumSizeHint() const
+{
+    return {fontMetrics().averageCharWidth() * 40, fontMetrics().lineSpacing() + 2 * margin()};
+}
+
+bool HelpLine::eventFilter(QObject *watched, QEvent *event)
+{
+    if (const auto found = m_helps.constFind(watched); found != m_helps.constEnd()) {
+        const bool clicked = event->type() == QEvent::MouseButtonPress;
+        if (event->type() == QEvent::FocusIn || (clicked && found->on == HelpOn::FocusAndClick)) {
+            setText(found->text);
+        }
+    }
+    return QLabel::eventFilter(watched, event);
+}
+
+} // namespace tarvold

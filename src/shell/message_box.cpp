@@ -1,0 +1,34 @@
+#include "shell/message_box.h"
+
+#include <QMessageBox>
+
+namespace tarvold::messagebox {
+namespace {
+
+QMessageBox::StandardButton ask(QWidget *parent, const QString &title, const QString &text,
+                                QMessageBox::StandardButtons buttons,
+                                QMessageBox::StandardButton enter,
+                                QMessageBox::StandardButton escape)
+{
+    QMessageBox box(QMessageBox::NoIcon, title, text, buttons, parent);
+    box.setTextFormat(Qt::PlainText);
+    box.setDefaultButton(enter);
+    box.setEscapeButton(escape);
+    return static_cast<QMessageBox::StandardButton>(box.exec());
+}
+
+} // namespace
+
+void notice(QWidget *parent, const QString &title, const QString &text)
+{
+    ask(parent, title, text, QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok);
+}
+
+bool question(QWidget *parent, const QString &title, const QString &text, EnterMeans enter)
+{
+    const auto enterButton = enter == EnterMeans::Yes ? QMessageBox::Yes : QMessageBox::No;
+    return ask(parent, title, text, QMessageBox::Yes | QMessageBox::No, enterButton,
+               QMessageBox::No) == QMessageBox::Yes;
+}
+
+} // namespace tarvold::messagebox

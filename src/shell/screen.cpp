@@ -1,0 +1,122 @@
+#include "shell/screen.h"
+
+#include "shell/controls.h"
+#include "shell/text_box.h"
+
+#include <QCloseEvent>
+#include <QFontMetrics>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace tarvold {
+namespace {
+
+/// One size for all screens, so that moving through them feels like one window. It follows the
+/// user's text size and holds the tallest screen, ten rows of fields.
+QSize standardSize(const QFontMetrics &metrics)
+{
+    constexpr int kRows = 12;
+    constexpr int kGap = 6;
+    const int row = std::max(kTargetHeight, metrics.lineSpacing() + 10) + kGap;
+    return {metrics.averageCharWidth() * 100, kRows * row + metrics.lineSpacing() * 9};
+}
+
+} // namespace
+
+Screen::Screen(const char *name) : m_column(new QVBoxLayout(this))
+{
+    setObjectName(QLatin1StringView(name));
+    setWindowTitle(QStringLiteral("Tarvold 1.3 Data Editor"));
+    m_column->setContentsMargins(18, 14, 18, 14);
+    m_column->setSpacing(10);
+    resize(standardSize(fontMetrics()));
+}
+
+QWidget &Screen::control(const char *name) const
+{
+    QWidget *found = m_controls.value(QByteArray::fromRawData(name, qsizetype(qstrlen(name))));
+    if (found == nullptr) {
+        qFatal("%s has no control %s", qPrintable(objectName()), name);
+    }
+    return *found;
+}
+
+QString Screen::text(const char *control) const
+{
+    return controls::textOf(this->control(control));
+}
+
+void Screen::setText(const char *control, const QString &text)
+{
+    controls::setTextOf(this->control(control), text);
+}
+
+void Screen::replace(Screen &other)
+{
+    if (other.isMaximized() || other.isFullScreen()) {
+        setWindowState(other.windowState());
+    } else {
+        setWindowState(Qt::WindowNoState);
+        resize(other.size());
+        move(other.pos());
+    }
+    show();
+    raise();
+    activateWindow();
+    other.hide();
+}
+
+void Screen::add(QWidget *control, const char *name)
+{
+    control->setObjectName(QLatin1StringView(name));
+    m_controls.insert(name, control);
+}
+
+QLabel *Screen::addHiddenLabel(const char *name, const QString &text)
+{
+    auto *label = new QLabel(text, this);
+    label->setTextFormat(Qt::PlainText);
+    label->hide();
+    add(label, name);
+    return label;
+}
+
+QPushButton *Screen::newButton(const char *name, const char *caption)
+{
+    auto *button = new QPushButton(QLatin1StringView(caption), this);
+    button->setMinimumHeight(kTargetHeight);
+    button->setAutoDefault(true);
+    add(button, name);
+    return button;
+}
+
+void Screen::addHeading(const char *name, const char *text)
+{
+    auto *heading = new QLabel(QLatin1StringView(text), this);
+    heading->setTextFormat(Qt::PlainText);
+    QFont font = heading->font();
+    font.setBold(true);
+    font.setPointSizeF(font.pointSizeF() * 1.4);
+    heading->setFont(font);
+    add(heading, name);
+    m_column->addWidget(heading);
+}
+
+void Screen::showEvent(QShowEvent *event)
+{
+    QWidget *first = event->spontaneous() ? nullptr : firstField();
+    if (first != nullptr) {
+        first->setFocus(Qt::OtherFocusReason);
+    }
+    QWidget::showEvent(event);
+}
+
+void Screen::closeEvent(QCloseEvent *event)
+{
+    // What closing means is for the flow to say; the window itself lives for the whole run.
+    event->ignore();
+    emit closeRequested();
+}
+
+} // namespace tarvold

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <QHash>
+#include <QWidget>
+
+class QLabel;
+class QPushButton;
+class QVBoxLayout;
+
+namespace tarvold {
+
+/// A screen of the program: one top-level window, shown and hidden, never destroyed during a run.
+///
+/// Its object name is the screen's name, a control's object name is the control's name, and that is
+/// how tables, tests and assistive technology find both. All values live in the controls.
+class Screen : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit Screen(const char *name);
+
+    /// The control of this name. Names come from the program's own tables, so an unknown one ends
+    /// the program; a test walks every table.
+    QWidget &control(const char *name) const;
+
+    /// The same, as the control's own type.
+    template <class T>
+    T &control(const char *name) const
+    {
+        return *qobject_cast<T *>(&control(name));
+    }
+
+    /// The text that a control shows now.
+    QString text(const char *control) const;
+
+    /// Puts a text into a control; never counts as a choice of the user's.
+    void setText(const char *control, const QString &text);
+
+    /// Shows this screen in the place of another, at its position and in its size, and then hides
+    /// the other, so that there is always a window to see.
+    void replace(Screen &other);
+
+signals:
+    void backPressed();
+    void nextPressed();
+    /// The screen's work is done and the main menu comes next.
+    void finished();
+    /// The user closed the window by its title bar or the desktop's close key.
+    void closeRequested();
+
+protected:
+    /// The control that has the focus when the screen appears; none leaves the focus as it was.
+    virtual QWidget *firstField() const { return nullptr; }
+
+    /// Makes a control known by its name.
+    void add(QWidget *control, const char *name);
+
+    /// Makes a label that is never visible: its text is a variable of the program's.
+    QLabel *addHiddenLabel(const char *name, const QString &text = {});
+
+    /// Makes a button for the row at the foot of the screen.
+    QPushButton *newButton(const char *name, const char *caption);
+
+    /// The heading over everything else.
+    void addHeading(const char *name, const char *text);
+
+    /// The column that all parts of the screen stand in.
+    QVBoxLayout &column() { return *m_column; }
+
+    void showEvent(QShowEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    friend class FormGrid;
+
+    QHash<QByteArray, QWidget *> m_controls;
+    QVBoxLayout *m_column;
+};
+
+} // namespace tarvold

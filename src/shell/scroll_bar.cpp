@@ -1,0 +1,58 @@
+#include "shell/scroll_bar.h"
+
+#include "shell/text_box.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QWheelEvent>
+
+namespace tarvold {
+
+ScrollBar::ScrollBar(int minimum, int maximum, QWidget *parent) : QScrollBar(Qt::Horizontal, parent)
+{
+    setRange(minimum, maximum);
+    setSingleStep(1);
+    setPageStep(1);
+    setTracking(false);
+    setFocusPolicy(Qt::StrongFocus);
+    setMinimumHeight(kTargetHeight);
+}
+
+void ScrollBar::keyPressEvent(QKeyEvent *event)
+{
+    switch (event->key()) {
+    case Qt::Key_Right:
+    case Qt::Key_Up:
+        triggerAction(SliderSingleStepAdd);
+        return;
+    case Qt::Key_Left:
+    case Qt::Key_Down:
+        triggerAction(SliderSingleStepSub);
+        return;
+    default:
+        QScrollBar::keyPressEvent(event);
+    }
+}
+
+void ScrollBar::wheelEvent(QWheelEvent *event)
+{
+    const int turn = event->angleDelta().y();
+    if (!hasFocus() || turn == 0) {
+        event->ignore();
+        return;
+    }
+    triggerAction(turn > 0 ? SliderSingleStepAdd : SliderSingleStepSub);
+    event->accept();
+}
+
+void ScrollBar::paintEvent(QPaintEvent *event)
+{
+    QScrollBar::paintEvent(event);
+    if (hasFocus()) {
+        QPainter painter(this);
+        painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+        painter.drawRect(rect().adjusted(1, 1, -1, -1));
+    }
+}
+
+} // namespace tarvold

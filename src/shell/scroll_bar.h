@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QScrollBar>
+
+namespace tarvold {
+
+/// The horizontal scroll bar of all screens, a control for whole numbers.
+///
+/// It is reached by Tab and shows the focus. Right and Up raise the value by one, Left and Down
+/// lower it. During a drag sliderMoved() tells where the thumb is; valueChanged() comes when it is
+/// let go. The wheel turns it by one, and only while it has the focus.
+class ScrollBar : public QScrollBar
+{
+    Q_OBJECT
+public:
+    /// A bar for the values from `minimum` to `maximum`.
+    ScrollBar(int minimum, int maximum, QWidget *parent = nullptr);
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+};
+
+} // namespace tarvold

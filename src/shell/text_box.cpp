@@ -1,0 +1,83 @@
+#include "shell/text_box.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QRegularExpression>
+
+#include <limits>
+
+namespace tarvold {
+namespace {
+
+QString onOneLine(QString text)
+{
+    static const QRegularExpression lineBreak(
+        QStringLiteral("\\r\\n|[\\r\\n\\x{85}\\x{2028}\\x{2029}]"));
+    return text.replace(lineBreak, QStringLiteral(" "));
+}
+
+} // namespace
+
+TextBox::TextBox(QWidget *parent) : QLineEdit(parent)
+{
+    setMaxLength(std::numeric_limits<int>::max());
+    setMinimumHeight(kTargetHeight);
+}
+
+void TextBox::paste()
+{
+    insert(onOneLine(QGuiApplication::clipboard()->text()));
+}
+
+void TextBox::keyPressEvent(QKeyEvent *event)
+{
+    if (event->matches(QKeySequence::Paste)) {
+        paste();
+        event->accept();
+        return;
+    }
+    QLineEdit::keyPressEvent(event);
+}
+
+void TextBox::mouseReleaseEvent(QMouseEvent *event)
+{
+    QClipboard *clipboard = QGuiApplication::clipboard();
+    if (event->button() == Qt::MiddleButton && clipboard->supportsSelection()) {
+        deselect();
+        setCursorPosition(cursorPositionAt(event->position().toPoint()));
+        insert(onOneLine(clipboard->text(QClipboard::Selection)));
+        return;
+    }
+    QLineEdit::mouseReleaseEvent(event);
+}
+
+void TextBox::dropEvent(QDropEvent *event)
+{
+    const QString dropped = event->mimeData()->text();
+    const QString oneLine = onOneLine(dropped);
+    if (oneLine == dropped) {
+        QLineEdit::dropEvent(event);
+        return;
+    }
+    // The base class takes the text from the event itself, so it gets an event with a clean text.
+    QMimeData mimeData;
+    mimeData.setText(oneLine);
+    QDropEvent clean(event->position(), event->possibleActions(), &mimeData, event->buttons(),
+                     event->modifiers());
+    QLineEdit::dropEvent(&clean);
+    event->setDropAction(clean.dropAction());
+    event->setAccepted(clean.isAccepted());
+}
+
+void TextBox::inputMethodEvent(QInputMethodEvent *event)
+{
+    event->setCommitString(onOneLine(event->commitString()), event->replacementStart(),
+                           event->replacementLength());
+    QLineEdit::inputMethodEvent(event);
+}
+
+} // namespace tarvold

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QLineEdit>
+
+namespace tarvold {
+
+/// The least height of anything that a user aims at, in device-independent pixels.
+inline constexpr int kTargetHeight = 28;
+
+/// The single-line text box of all screens.
+///
+/// What is typed or pasted stays as it is, at any length, but for line breaks: a field is one line
+/// of a file, so each break becomes one blank on its way in.
+class TextBox : public QLineEdit
+{
+    Q_OBJECT
+public:
+    explicit TextBox(QWidget *parent = nullptr);
+
+public slots:
+    /// Hides QLineEdit::paste(); the context menu finds slots by name and so calls this one.
+    void paste();
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+    void inputMethodEvent(QInputMethodEvent *event) override;
+};
+
+} // namespace tarvold

@@ -1,0 +1,123 @@
+#include "support/boxes.h"
+
+#include "support/events.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace tarvold::testing {
+namespace {
+
+QString captionOf(const QAbstractButton &button)
+{
+    return button.text().remove(u'&');
+}
+
+QStringList captionsOf(const QMessageBox &box)
+{
+    QStringList captions;
+    for (const QAbstractButton *button : box.buttons()) {
+        captions << captionOf(*button);
+    }
+    captions.sort();
+    return captions;
+}
+
+void answer(QMessageBox &box, Answer answer)
+{
+    switch (answer) {
+    case Answer::Ok:
+        QTest::mouseClick(box.button(QMessageBox::Ok), Qt::LeftButton);
+        break;
+    case Answer::Yes:
+        QTest::mouseClick(box.button(QMessageBox::Yes), Qt::LeftButton);
+        break;
+    case Answer::No:
+        QTest::mouseClick(box.button(QMessageBox::No), Qt::LeftButton);
+        break;
+    case Answer::Enter:
+        QTest::keyClick(&box, Qt::Key_Return);
+        break;
+    case Answer::Escape:
+        QTest::keyClick(&box, Qt::Key_Escape);
+        break;
+    case Answer::Close:
+        box.close();
+        break;
+    }
+}
+
+} // namespace
+
+Boxes::Boxes()
+{
+    connect(&m_timer, &QTimer::timeout, this, &Boxes::look);
+    m_timer.start(1);
+}
+
+void Boxes::expectNotice(const QString &title, const QString &text, Answer answer)
+{
+    m_awaited.push_back({{title, text, {QStringLiteral("OK")}, answer}});
+}
+
+void Boxes::expectQuestion(const QString &title, const QString &text, Answer answer)
+{
+    m_awaited.push_back({{title, text, {QStringLiteral("No"), QStringLiteral("Yes")}, answer}});
+}
+
+void Boxes::catchNotice(const QString &title, QString *text)
+{
+    m_awaited.push_back({{title, {}, {QStringLiteral("OK")}, Answer::Ok}, text});
+}
+
+void Boxes::checkAllCame()
+{
+    for (const Awaited &awaited : m_awaited) {
+        ADD_FAILURE() << "the message box did not come: " << awaited.title.toStdString() << ": "
+                      << awaited.text.toStdString();
+    }
+    m_awaited.clear();
+}
+
+void Boxes::look()
+{
+    auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+    if (box == nullptr || !box->isVisible()) {
+        return;
+    }
+    if (m_awaited.empty()) {
+        ADD_FAILURE() << "unexpected message box: " << box->windowTitle().toStdString() << ": "
+                      << box->text().toStdString();
+        box->reject();
+        return;
+    }
+    const Awaited awaited = m_awaited.front();
+    m_awaited.pop_front();
+    check(*box, awaited);
+    answer(*box, awaited.answer);
+    if (box->isVisible()) {
+        ADD_FAILURE() << "the message box stayed open after its answer";
+        box->reject();
+    }
+}
+
+void Boxes::check(const QMessageBox &box, const Awaited &awaited)
+{
+    EXPECT_EQ(box.windowTitle(), awaited.title);
+    EXPECT_EQ(captionsOf(box), awaited.buttons);
+    EXPECT_EQ(box.icon(), QMessageBox::NoIcon);
+    EXPECT_EQ(box.textFormat(), Qt::PlainText);
+    EXPECT_TRUE(box.informativeText().isEmpty());
+    EXPECT_NE(box.parentWidget(), nullptr);
+    if (awaited.caught != nullptr) {
+        *awaited.caught = box.text();
+    } else {
+        EXPECT_EQ(box.text(), awaited.text);
+    }
+}
+
+} // namespace tarvold::testing

@@ -1,0 +1,71 @@
+#include "support/editor_test.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+
+namespace tarvold::testing {
+
+EditorTest::EditorTest() : m_oldFolder(QDir::currentPath())
+{
+    QDir::setCurrent(folder.path());
+    editor.start();
+}
+
+EditorTest::~EditorTest()
+{
+    boxes.checkAllCame();
+    QDir::setCurrent(m_oldFolder);
+}
+
+QWidget &EditorTest::control(const char *screen, const char *name)
+{
+    return this->screen(screen).control(name);
+}
+
+ComboBox &EditorTest::combo(const char *screen, const char *name)
+{
+    return this->screen(screen).control<ComboBox>(name);
+}
+
+QString EditorTest::text(const char *screen, const char *name)
+{
+    return this->screen(screen).text(name);
+}
+
+void EditorTest::press(const char *screen, const char *name)
+{
+    click(control(screen, name));
+    boxes.checkAllCame();
+}
+
+void EditorTest::type(const char *screen, const char *name, const QString &text)
+{
+    typeOver(control(screen, name), text);
+}
+
+void EditorTest::choose(const char *screen, const char *name, const QString &item)
+{
+    pick(combo(screen, name), item);
+    boxes.checkAllCame();
+}
+
+void EditorTest::expectOnly(const char *screen)
+{
+    QStringList visible;
+    for (const QWidget *window : QApplication::topLevelWidgets()) {
+        if (window->isVisible()) {
+            visible << window->objectName();
+        }
+    }
+    EXPECT_EQ(visible, QStringList{QLatin1StringView(screen)});
+}
+
+QByteArray EditorTest::bytesOf(const QString &file)
+{
+    QFile opened(file);
+    EXPECT_TRUE(opened.open(QIODevice::ReadOnly)) << file.toStdString() << " is not there";
+    return opened.readAll();
+}
+
+} // namespace tarvold::testing

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "editor.h"
+#include "shell/combo_box.h"
+#include "shell/message_box.h"
+#include "support/boxes.h"
+#include "support/events.h"
+
+#include <QLabel>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace tarvold::testing {
+
+/// The whole program, started on its main menu in an empty folder of its own.
+class EditorTest : public ::testing::Test
+{
+protected:
+    EditorTest();
+    ~EditorTest() override;
+
+    Screen &screen(const char *name) { return editor.screens()[name]; }
+    QWidget &control(const char *screen, const char *name);
+    ComboBox &combo(const char *screen, const char *name);
+
+    /// What the control shows now.
+    QString text(const char *screen, const char *name);
+
+    /// Clicks a control and then fails unless every expected message box came.
+    void press(const char *screen, const char *name);
+
+    void type(const char *screen, const char *name, const QString &text);
+    void choose(const char *screen, const char *name, const QString &item);
+
+    /// Fails the test unless this screen is the only window to be seen.
+    void expectOnly(const char *screen);
+
+    /// The bytes of a file in the test's folder; an absent one fails the test.
+    QByteArray bytesOf(const QString &file);
+
+    static QString title() { return QLatin1StringView(messagebox::kTitle); }
+
+    QTemporaryDir folder;
+    Boxes boxes;
+    Editor editor;
+
+private:
+    QString m_oldFolder;
+};
+
+} // namespace tarvold::testing

@@ -1,0 +1,93 @@
+#include "support/events.h"
+
+#include "shell/combo_box.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QClipboard>
+#include <QLineEdit>
+#include <QStyleOptionComboBox>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace tarvold::testing {
+namespace {
+
+QWidget &clickTarget(QWidget &control)
+{
+    auto *combo = qobject_cast<QComboBox *>(&control);
+    return combo != nullptr ? *combo->lineEdit() : control;
+}
+
+int rowOf(const QComboBox &combo, const QString &item)
+{
+    const int row = combo.findText(item, Qt::MatchExactly | Qt::MatchCaseSensitive);
+    EXPECT_GE(row, 0) << "no such item: " << item.toStdString();
+    return row;
+}
+
+} // namespace
+
+void expectReachable(const QWidget &control)
+{
+    const QWidget *modal = QApplication::activeModalWidget();
+    ASSERT_TRUE(control.isVisible()) << control.objectName().toStdString() << " is not visible";
+    ASSERT_TRUE(control.isEnabled()) << control.objectName().toStdString() << " is not enabled";
+    ASSERT_TRUE(modal == nullptr || modal == control.window()) << "blocked by a message box";
+    ASSERT_TRUE(QTest::qWaitForWindowActive(control.window()));
+}
+
+void click(QWidget &control)
+{
+    expectReachable(control);
+    QTest::mouseClick(&clickTarget(control), Qt::LeftButton);
+}
+
+void typeOver(QWidget &box, const QString &text)
+{
+    click(box);
+    QTest::keySequence(box.window()->windowHandle(), QKeySequence::SelectAll);
+    QTest::keyClick(box.window()->windowHandle(), Qt::Key_Delete);
+    QTest::keyClicks(QApplication::focusWidget(), text);
+}
+
+void paste(QWidget &box, const QString &text)
+{
+    expectReachable(box);
+    QApplication::clipboard()->setText(text);
+    QTest::keySequence(box.window()->windowHandle(), QKeySequence::Paste);
+}
+
+void pick(ComboBox &combo, const QString &item)
+{
+    expectReachable(combo);
+    QStyleOptionComboBox option;
+    option.initFrom(&combo);
+    option.editable = true;
+    const QRect arrow = combo.style()->subControlRect(QStyle::CC_ComboBox, &option,
+                                                      QStyle::SC_ComboBoxArrow, &combo);
+    QTest::mouseClick(&combo, Qt::LeftButton, {}, arrow.center());
+    ASSERT_TRUE(combo.view()->isVisible()) << "the list did not open";
+    const QModelIndex index = combo.model()->index(rowOf(combo, item), 0);
+    combo.view()->scrollTo(index);
+    const QPoint place = combo.view()->visualRect(index).center();
+    QTest::mouseMove(combo.view()->viewport(), place);
+    QTest::mouseClick(combo.view()->viewport(), Qt::LeftButton, {}, place);
+}
+
+void pickByKeyboard(ComboBox &combo, const QString &item)
+{
+    expectReachable(combo);
+    ASSERT_TRUE(combo.hasFocus());
+    QTest::keyClick(&combo, Qt::Key_Down, Qt::AltModifier);
+    ASSERT_TRUE(combo.view()->isVisible()) << "the list did not open";
+    const int row = rowOf(combo, item);
+    QTest::keyClick(combo.view(), Qt::Key_Home);
+    while (combo.view()->currentIndex().row() < row) {
+        QTest::keyClick(combo.view(), Qt::Key_Down);
+    }
+    QTest::keyClick(combo.view(), Qt::Key_Return);
+}
+
+} // namespace tarvold::testing

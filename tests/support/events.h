@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QString>
+
+#include <ostream>
+
+class QWidget;
+
+namespace tarvold {
+class ComboBox;
+}
+
+/// Lets GoogleTest show texts as text.
+inline void PrintTo(const QString &text, std::ostream *out)
+{
+    *out << '"' << text.toStdString() << '"';
+}
+
+/// Real events, sent only to what a user could reach: a control that is hidden, disabled or blocked
+/// by a message box fails the test.
+namespace tarvold::testing {
+
+/// Fails the test unless a user can reach the control now.
+void expectReachable(const QWidget &control);
+
+/// A left click in the middle of the control; on the text of a combo box.
+void click(QWidget &control);
+
+/// Clicks into a text or combo box, selects what is there and types the text over it.
+void typeOver(QWidget &box, const QString &text);
+
+/// Puts a text on the clipboard and pastes it at the cursor with Ctrl+V.
+void paste(QWidget &box, const QString &text);
+
+/// Opens the list with a click on the arrow and clicks the item.
+void pick(ComboBox &combo, const QString &item);
+
+/// Opens the list with Alt+Down, goes to the item with arrow keys and presses Enter.
+void pickByKeyboard(ComboBox &combo, const QString &item);
+
+} // namespace tarvold::testing

@@ -1,0 +1,20 @@
+#include "shell/fonts.h"
+
+#include <QApplication>
+
+#include <gtest/gtest.h>
+
+int main(int argc, char *argv[])
+{
+    ::testing::InitGoogleTest(&argc, argv);
+    // Headless by construction; a developer may ask for another platform to watch.
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    // Two clicks of a test follow each other faster than any hand; they are never a double click.
+    QApplication::setDoubleClickInterval(0);
+    tarvold::fonts::apply();
+    return RUN_ALL_TESTS();
+}

@@ -11,6 +11,7 @@ namespace tarvold {
 ComboBox::ComboBox(QWidget *parent) : QComboBox(parent)
 {
     setLineEdit(new TextBox);
+    lineEdit()->setMinimumHeight(0); // the frame around it is the target
     setCompleter(nullptr);
     setInsertPolicy(NoInsert);
     setMaxVisibleItems(25);

@@ -40,4 +40,10 @@ void setTextOf(QWidget &control, const QString &text)
     }
 }
 
+QLineEdit *textBoxOf(QWidget &control)
+{
+    const auto *combo = qobject_cast<QComboBox *>(&control);
+    return combo != nullptr ? combo->lineEdit() : qobject_cast<QLineEdit *>(&control);
+}
+
 } // namespace tarvold::controls

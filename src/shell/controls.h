@@ -2,6 +2,7 @@
 
 #include <QString>
 
+class QLineEdit;
 class QWidget;
 
 /// The one value that each kind of control holds, as text.
@@ -13,5 +14,8 @@ QString textOf(const QWidget &control);
 /// Puts a text into a text box, combo box or label, or a value given in digits into a scroll bar.
 /// This is never a choice of the user's: no tag is inserted by it.
 void setTextOf(QWidget &control, const QString &text);
+
+/// The box that the user types into: the control itself or the one inside a combo box; else none.
+QLineEdit *textBoxOf(QWidget &control);
 
 } // namespace tarvold::controls

@@ -1,8 +1,10 @@
 #include "shell/details_screen.h"
 
 #include "shell/combo_box.h"
+#include "shell/controls.h"
 
 #include <QGridLayout>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QShowEvent>
 
@@ -78,9 +80,14 @@ QWidget *DetailsScreen::firstField() const
 void DetailsScreen::showEvent(QShowEvent *event)
 {
     Screen::showEvent(event);
-    if (const QWidget *first = firstField(); first != nullptr && !event->spontaneous()) {
-        // The focus itself comes only when the desktop makes the window active.
-        m_help->showFor(*first);
+    QWidget *first = firstField();
+    if (first == nullptr || event->spontaneous()) {
+        return;
+    }
+    // The focus itself comes only when the desktop makes the window active.
+    m_help->showFor(*first);
+    if (auto *box = controls::textBoxOf(*first)) {
+        box->selectAll(); // as Tab does, so that typing replaces what is there
     }
 }
 

@@ -37,6 +37,8 @@ QGridLayout *FormGrid::build(Screen &screen, std::span<const Field> fields, Help
     auto *grid = new QGridLayout;
     grid->setHorizontalSpacing(14);
     grid->setVerticalSpacing(6);
+    // One width for all screens, so that the controls stand in the same place on each.
+    grid->setColumnMinimumWidth(0, screen.fontMetrics().averageCharWidth() * 30);
     grid->setColumnStretch(1, 1);
     const char *lastLabel = "";
     for (const Field &field : fields) {

@@ -6,6 +6,12 @@
 #include <QLineEdit>
 
 namespace tarvold {
+namespace {
+
+/// What the longest help of any screen needs at the usual window size.
+constexpr int kLeastLines = 4;
+
+} // namespace
 
 HelpLine::HelpLine(QWidget *parent) : QLabel(parent)
 {
@@ -14,7 +20,7 @@ HelpLine::HelpLine(QWidget *parent) : QLabel(parent)
     setAlignment(Qt::AlignTop | Qt::AlignLeft);
     setFrameStyle(int(QFrame::StyledPanel) | int(QFrame::Sunken));
     setMargin(6);
-    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
 }
 
 void HelpLine::explain(QWidget &control, const QString &help, HelpOn on)
@@ -41,7 +47,7 @@ void HelpLine::showFor(const QWidget &control)
 int HelpLine::heightForWidth(int width) const
 {
     const int frame = 2 * (frameWidth() + margin());
-    int height = fontMetrics().lineSpacing();
+    int height = fontMetrics().lineSpacing() * kLeastLines;
     for (const Help &help : m_helps) {
         const QRect room(0, 0, width - frame, QWIDGETSIZE_MAX);
         height = std::max(height,

@@ -85,7 +85,9 @@ QLabel *Screen::addHiddenLabel(const char *name, const QString &text)
 QPushButton *Screen::newButton(const char *name, const char *caption)
 {
     auto *button = new QPushButton(QLatin1StringView(caption), this);
-    button->setMinimumHeight(kTargetHeight);
+    const int padding = 2 * kTargetHeight;
+    const int width = button->fontMetrics().horizontalAdvance(button->text());
+    button->setMinimumSize(width + padding, kTargetHeight);
     button->setAutoDefault(true);
     add(button, name);
     return button;

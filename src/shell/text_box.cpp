@@ -26,6 +26,7 @@ TextBox::TextBox(QWidget *parent) : QLineEdit(parent)
 {
     setMaxLength(std::numeric_limits<int>::max());
     setMinimumHeight(kTargetHeight);
+    setTextMargins(3, 0, 3, 0);
 }
 
 void TextBox::paste()

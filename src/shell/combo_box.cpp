@@ -29,7 +29,9 @@ void ComboBox::setText(const QString &text)
 void ComboBox::showPopup()
 {
     // The list opens on the item that the box shows, and on none for a text of the user's own.
-    setText(currentText());
+    if (const QString shown = currentText(); itemText(currentIndex()) != shown) {
+        setText(shown);
+    }
     QComboBox::showPopup();
     // Only the list's own signal tells a choice apart from a typed text that equals an item:
     // activated() comes for both.

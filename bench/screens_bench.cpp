@@ -1,0 +1,118 @@
+// Time from the press of a button to the next screen painted.
+
+#include "editor.h"
+#include "shell/fonts.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QTest>
+
+#include <benchmark/benchmark.h>
+
+namespace {
+
+using tarvold::Editor;
+using tarvold::Screen;
+
+/// Tells whether a screen has been painted.
+class PaintWatch : public QObject
+{
+public:
+    bool painted = false;
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        painted = painted || event->type() == QEvent::Paint;
+        return QObject::eventFilter(watched, event);
+    }
+};
+
+void settle(Screen &screen)
+{
+    if (!QTest::qWaitForWindowExposed(&screen)) {
+        qFatal("a screen did not appear");
+    }
+    QCoreApplication::processEvents();
+}
+
+void pressUntilPainted(Editor &editor, const char *from, const char *button, const char *next)
+{
+    auto &pressed = editor.screens()[from].control<QAbstractButton>(button);
+    PaintWatch watch;
+    pressed.click();
+    editor.screens()[next].installEventFilter(&watch);
+    while (!watch.painted) {
+        QCoreApplication::processEvents();
+    }
+}
+
+/// The first press of the menu's button makes four screens; the first of them is then painted.
+void enterFlowFirstTime(benchmark::State &state)
+{
+    for (auto _ : state) {
+        state.PauseTiming();
+        auto editor = std::make_unique<Editor>();
+        editor->start();
+        settle(editor->screens()["Form1"]);
+        state.ResumeTiming();
+        pressUntilPainted(*editor, "Form1", "Command3", "Form4");
+        state.PauseTiming();
+        editor.reset();
+        state.ResumeTiming();
+    }
+}
+
+/// A screen that was made when the flow was entered and is shown for the first time.
+void nextFirstTime(benchmark::State &state)
+{
+    for (auto _ : state) {
+        state.PauseTiming();
+        auto editor = std::make_unique<Editor>();
+        editor->start();
+        settle(editor->screens()["Form1"]);
+        pressUntilPainted(*editor, "Form1", "Command3", "Form4");
+        settle(editor->screens()["Form4"]);
+        state.ResumeTiming();
+        pressUntilPainted(*editor, "Form4", "Command2", "Form5");
+        state.PauseTiming();
+        editor.reset();
+        state.ResumeTiming();
+    }
+}
+
+/// A screen that has been shown before.
+void nextAgain(benchmark::State &state)
+{
+    Editor editor;
+    editor.start();
+    settle(editor.screens()["Form1"]);
+    pressUntilPainted(editor, "Form1", "Command3", "Form4");
+    settle(editor.screens()["Form4"]);
+    for (auto _ : state) {
+        pressUntilPainted(editor, "Form4", "Command2", "Form5");
+        state.PauseTiming();
+        settle(editor.screens()["Form5"]);
+        pressUntilPainted(editor, "Form5", "Command1", "Form4");
+        settle(editor.screens()["Form4"]);
+        state.ResumeTiming();
+    }
+}
+
+BENCHMARK(enterFlowFirstTime)
+    ->Unit(benchmark::kMillisecond)
+    ->MeasureProcessCPUTime()
+    ->UseRealTime();
+BENCHMARK(nextFirstTime)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime()->UseRealTime();
+BENCHMARK(nextAgain)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime()->UseRealTime();
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    benchmark::Initialize(&argc, argv);
+    const QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    tarvold::fonts::apply();
+    benchmark::RunSpecifiedBenchmarks();
+    return EXIT_SUCCESS;
+}

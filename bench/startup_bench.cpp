@@ -1,0 +1,119 @@
+// Time from process start to the window on the screen, and resident memory, of the editor and of a
+// plain window, as seen from outside: startup_bench EDITOR PLAIN_WINDOW, under an X display.
+
+#include <benchmark/benchmark.h>
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <fstream>
+#include <memory>
+#include <spawn.h>
+#include <stdexcept>
+#include <string>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+#include <xcb/xcb.h>
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+/// Tells when a program's window comes up on the display.
+class Display
+{
+public:
+    Display() : m_connection(xcb_connect(nullptr, nullptr))
+    {
+        if (xcb_connection_has_error(m_connection) != 0) {
+            throw std::runtime_error("there is no display");
+        }
+        const xcb_screen_t *screen = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data;
+        const uint32_t events = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
+        xcb_change_window_attributes(m_connection, screen->root, XCB_CW_EVENT_MASK, &events);
+        xcb_flush(m_connection);
+    }
+    Display(const Display &) = delete;
+    Display &operator=(const Display &) = delete;
+    Display(Display &&) = delete;
+    Display &operator=(Display &&) = delete;
+    ~Display() { xcb_disconnect(m_connection); }
+
+    /// Forgets what happened so far.
+    void drain()
+    {
+        while (std::unique_ptr<xcb_generic_event_t, decltype(&std::free)> event{
+            xcb_poll_for_event(m_connection), std::free}) {
+        }
+    }
+
+    /// Returns once a top-level window has come up.
+    void waitForWindow()
+    {
+        constexpr uint8_t kTypeBits = 0x7F;
+        while (true) {
+            const std::unique_ptr<xcb_generic_event_t, decltype(&std::free)> event{
+                xcb_wait_for_event(m_connection), std::free};
+            if (!event || (event->response_type & kTypeBits) == XCB_MAP_NOTIFY) {
+                return;
+            }
+        }
+    }
+
+private:
+    xcb_connection_t *m_connection;
+};
+
+double residentMegabytes(pid_t process)
+{
+    std::ifstream statm("/proc/" + std::to_string(process) + "/statm");
+    double total = 0;
+    double resident = 0;
+    statm >> total >> resident;
+    return resident * static_cast<double>(sysconf(_SC_PAGESIZE)) / 1e6;
+}
+
+void measure(benchmark::State &state, const char *program)
+{
+    Display display;
+    double resident = 0;
+    for (auto _ : state) {
+        display.drain();
+        char *arguments[] = {const_cast<char *>(program), nullptr};
+        pid_t process = 0;
+        const auto start = Clock::now();
+        if (posix_spawn(&process, program, nullptr, nullptr, arguments, environ) != 0) {
+            state.SkipWithError("the program does not start");
+            return;
+        }
+        display.waitForWindow();
+        const std::chrono::duration<double> taken = Clock::now() - start;
+        state.SetIterationTime(taken.count());
+        std::this_thread::sleep_for(std::chrono::milliseconds(300)); // until it has settled
+        resident += residentMegabytes(process);
+        kill(process, SIGKILL);
+        waitpid(process, nullptr, 0);
+    }
+    state.counters["resident_MB"] =
+        benchmark::Counter(resident, benchmark::Counter::kAvgIterations);
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    benchmark::Initialize(&argc, argv);
+    if (argc != 3) {
+        return EXIT_FAILURE;
+    }
+    for (const auto &[name, program] : {std::pair{"editor", argv[1]}, {"plain_window", argv[2]}}) {
+        benchmark::RegisterBenchmark(name, measure, program)
+            ->UseManualTime()
+            ->Iterations(10)
+            ->Repetitions(5)
+            ->ReportAggregatesOnly()
+            ->Unit(benchmark::kMillisecond);
+    }
+    benchmark::RunSpecifiedBenchmarks();
+    return EXIT_SUCCESS;
+}

@@ -3,6 +3,8 @@
 #include "endings/ending_entry.h"
 #include "endings/ending_flow.h"
 #include "shell/main_menu.h"
+#include "stipulations/stipulation_form.h"
+#include "stipulations/stipulation_list.h"
 
 namespace tarvold {
 
@@ -10,13 +12,15 @@ Editor::Editor() : m_endings(m_screens, endingflow::chain(), endingflow::kLabel)
 {
     m_screens.declare<Form1>();
     endingflow::declare(m_screens);
+    m_screens.declare<Form16>();
+    m_screens.declare<Form3>();
 
     auto &menu = m_screens.get<Form1>();
     connect(&menu, &Form1::pressed, this, &Editor::begin);
     connect(&menu, &Screen::closeRequested, this, &Editor::exitRequested);
     for (const MenuEntry missing :
-         {MenuEntry::Stipulations, MenuEntry::RunInEndings, MenuEntry::TurnEndings,
-          MenuEntry::Interviews, MenuEntry::TalkShows, MenuEntry::Import}) {
+         {MenuEntry::RunInEndings, MenuEntry::TurnEndings, MenuEntry::Interviews,
+          MenuEntry::TalkShows, MenuEntry::Import}) {
         menu.setEntryEnabled(missing, false);
     }
 }
@@ -31,6 +35,9 @@ void Editor::begin(MenuEntry entry)
     switch (entry) {
     case MenuEntry::NormalEndings:
         endingentry::enter(m_screens, MatchEnding::Normal);
+        break;
+    case MenuEntry::Stipulations:
+        m_screens.get<Form16>().enter();
         break;
     case MenuEntry::Exit:
         emit exitRequested();

@@ -8,21 +8,6 @@
 namespace tarvold {
 namespace {
 
-/// Writing to a pipe or a device would block or lose the record, so only ordinary files are opened.
-std::optional<FileError> whyUnfit(const QString &name, const QFileInfo &info)
-{
-    if (name.isEmpty()) {
-        return FileError{QStringLiteral("The file name is empty.")};
-    }
-    if (info.isDir()) {
-        return FileError{QStringLiteral("It is a folder.")};
-    }
-    if (info.exists() && !info.isFile()) {
-        return FileError{QStringLiteral("It is not an ordinary file.")};
-    }
-    return std::nullopt;
-}
-
 /// Takes back what a failed append may have left. `true` when nothing of it remains.
 bool takeBack(QFile &file, bool existed, qint64 oldSize)
 {
@@ -50,12 +35,11 @@ std::optional<QString> writeAndSync(QFile &file, QByteArrayView bytes)
 
 std::optional<FileError> appendToFile(const QString &name, QByteArrayView bytes)
 {
-    const QString path = durable::pathOf(name);
-    const QFileInfo info(path);
-    if (auto unfit = whyUnfit(name, info)) {
+    if (auto unfit = whyNotOrdinary(name)) {
         return unfit;
     }
-    const bool existed = info.exists();
+    const QString path = durable::pathOf(name);
+    const bool existed = QFileInfo::exists(path);
     QFile file(path);
     if (!file.open(QIODevice::Append | QIODevice::Unbuffered)) {
         return FileError{file.errorString()};

@@ -1,18 +1,13 @@
 #pragma once
 
+#include "datafiles/file_error.h"
+
 #include <QByteArrayView>
 #include <QString>
 
 #include <optional>
 
 namespace tarvold {
-
-/// Why a data file could not be read or written.
-struct FileError
-{
-    QString cause;         ///< in words, for the user
-    bool unchanged = true; ///< the file is as it was before
-};
 
 /// Appends whole records to a data file, creating it when it is missing.
 ///

@@ -1,21 +1,27 @@
 #include "datafiles/line_reader.h"
 
-#include "datafiles/record.h"
-
+#include <cstring>
 #include <utility>
 
 namespace tarvold {
 
 QByteArrayView LineReader::readLine()
 {
-    const QByteArrayView lineEnd(kLineEnd);
-    const qsizetype length = m_rest.indexOf(lineEnd);
-    if (length < 0) {
-        return std::exchange(m_rest, {});
+    const char *const start = m_rest.data();
+    const char *const end = start + m_rest.size();
+    const char *from = start;
+    while (from != end) {
+        const auto *found = static_cast<const char *>(std::memchr(from, '\r', end - from));
+        if (found == nullptr || found + 1 == end) {
+            break;
+        }
+        if (found[1] == '\n') {
+            m_rest = QByteArrayView(found + 2, end);
+            return {start, found};
+        }
+        from = found + 1; // a CR that stands alone
     }
-    const QByteArrayView line = m_rest.first(length);
-    m_rest = m_rest.sliced(length + lineEnd.size());
-    return line;
+    return std::exchange(m_rest, {});
 }
 
 } // namespace tarvold

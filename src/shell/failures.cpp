@@ -13,6 +13,12 @@ QString notSaved(const QString &name, const FileError &error)
         .arg(name, error.cause, state);
 }
 
+QString notLoaded(const QString &name, const FileError &error)
+{
+    return QStringLiteral("The file \"%1\" could not be loaded.\n\n%2\n\nNothing was changed.")
+        .arg(name, error.cause);
+}
+
 QString cannotHold(const MissingCharacter &missing)
 {
     return QStringLiteral("The field \"%1\" holds the character \"%2\" (U+%3), which the data "

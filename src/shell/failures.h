@@ -10,6 +10,10 @@ namespace tarvold::failures {
 /// \param name as the user typed it
 QString notSaved(const QString &name, const FileError &error);
 
+/// The file could not be read.
+/// \param name as the user typed it
+QString notLoaded(const QString &name, const FileError &error);
+
 /// A field holds a character that the data files cannot hold.
 QString cannotHold(const MissingCharacter &missing);
 

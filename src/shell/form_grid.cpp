@@ -2,6 +2,7 @@
 
 #include "shell/combo_box.h"
 #include "shell/screen.h"
+#include "shell/scroll_bar.h"
 #include "shell/text_box.h"
 
 #include <QGridLayout>
@@ -9,8 +10,11 @@
 namespace tarvold {
 namespace {
 
-QWidget *newControl(const Field &field)
+QWidget *newBareControl(const Field &field)
 {
+    if (field.bar != nullptr) {
+        return new ScrollBar(1, 100);
+    }
     if (field.items.empty()) {
         auto *box = new TextBox;
         box->setText(QLatin1StringView(field.designText));
@@ -23,14 +27,43 @@ QWidget *newControl(const Field &field)
     return combo;
 }
 
-QLabel *newLabel(const Field &field)
+} // namespace
+
+QWidget *FormGrid::newControl(Screen &screen, const Field &field)
 {
-    auto *label = new QLabel(QLatin1StringView(field.caption));
+    QWidget *control = newBareControl(field);
+    screen.add(control, field.control);
+    control->setAccessibleName(
+        QLatin1StringView(field.spokenName != nullptr ? field.spokenName : field.caption));
+    return control;
+}
+
+QLabel *FormGrid::newLabel(Screen &screen, const char *name, const char *text)
+{
+    auto *label = new QLabel(QLatin1StringView(text));
     label->setTextFormat(Qt::PlainText);
+    screen.add(label, name);
     return label;
 }
 
-} // namespace
+QWidget *FormGrid::withValueLabel(Screen &screen, const Bar &bar, ScrollBar &scrollBar)
+{
+    QLabel *label = newLabel(screen, bar.valueLabel, bar.designText);
+    label->setMinimumWidth(label->fontMetrics().horizontalAdvance(QStringLiteral(" 100%")));
+    const auto show = [label, &bar](int value) {
+        label->setText(QLatin1StringView(bar.prefix) + QString::number(value) + u'%');
+    };
+    QObject::connect(&scrollBar, &QScrollBar::valueChanged, label, show);
+    if (bar.followsDrag) {
+        QObject::connect(&scrollBar, &QScrollBar::sliderMoved, label, show);
+    }
+    auto *place = new QWidget;
+    auto *row = new QHBoxLayout(place);
+    row->setContentsMargins({});
+    row->addWidget(&scrollBar, 1);
+    row->addWidget(label);
+    return place;
+}
 
 QGridLayout *FormGrid::build(Screen &screen, std::span<const Field> fields, HelpLine *help)
 {
@@ -38,22 +71,21 @@ QGridLayout *FormGrid::build(Screen &screen, std::span<const Field> fields, Help
     grid->setHorizontalSpacing(14);
     grid->setVerticalSpacing(6);
     // One width for all screens, so that the controls stand in the same place on each.
-    grid->setColumnMinimumWidth(0, screen.fontMetrics().averageCharWidth() * 30);
+    grid->setColumnMinimumWidth(0, screen.fontMetrics().averageCharWidth() * 33);
     grid->setColumnStretch(1, 1);
     const char *lastLabel = "";
     for (const Field &field : fields) {
-        QWidget *control = newControl(field);
-        screen.add(control, field.control);
-        control->setAccessibleName(
-            QLatin1StringView(field.spokenName != nullptr ? field.spokenName : field.caption));
+        QWidget *control = newControl(screen, field);
         if (qstrcmp(field.label, lastLabel) != 0) {
-            QLabel *label = newLabel(field);
+            QLabel *label = newLabel(screen, field.label, field.caption);
             label->setBuddy(control);
-            screen.add(label, field.label);
             grid->addWidget(label, grid->rowCount(), 0);
             lastLabel = field.label;
         }
-        grid->addWidget(control, grid->rowCount() - 1, 1);
+        auto *scrollBar = qobject_cast<ScrollBar *>(control);
+        grid->addWidget(scrollBar != nullptr ? withValueLabel(screen, *field.bar, *scrollBar)
+                                             : control,
+                        grid->rowCount() - 1, 1);
         if (help != nullptr && field.help != nullptr) {
             help->explain(*control, QLatin1StringView(field.help), field.helpOn);
         }

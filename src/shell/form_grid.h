@@ -9,9 +9,19 @@ class QGridLayout;
 namespace tarvold {
 
 class Screen;
+class ScrollBar;
 
 /// The items of a combo box's list, in their order.
 using Items = std::span<const char *const>;
+
+/// A scroll bar from 1 to 100 and the label beside it that shows its value with "%".
+struct Bar
+{
+    const char *valueLabel; ///< the label's name
+    const char *designText; ///< what it shows when the screen is made
+    const char *prefix;     ///< what it puts before the digits once the user has moved the bar
+    bool followsDrag;       ///< whether it changes during a drag, not only when the thumb is let go
+};
 
 /// A field of a screen: a caption label and the control beside it.
 struct Field
@@ -20,6 +30,7 @@ struct Field
     const char *label; ///< a label named as that of the field before: both stand in the same place
     const char *caption;
     Items items = {};            ///< the list of a combo box; none makes a text box
+    const Bar *bar = nullptr;    ///< makes a scroll bar
     const char *designText = ""; ///< what a text box holds when the screen is made
     const char *help = nullptr;  ///< shown in the screen's help label
     HelpOn helpOn = HelpOn::Focus;
@@ -33,6 +44,15 @@ public:
     /// Adds the rows to a screen.
     /// \param help the label that shows their help texts, or none
     static QGridLayout *build(Screen &screen, std::span<const Field> fields, HelpLine *help);
+
+    /// Makes a field's control, without its label, and makes it known to the screen.
+    static QWidget *newControl(Screen &screen, const Field &field);
+
+    /// Makes a label of plain text and makes it known to the screen.
+    static QLabel *newLabel(Screen &screen, const char *name, const char *text);
+
+private:
+    static QWidget *withValueLabel(Screen &screen, const Bar &bar, ScrollBar &scrollBar);
 };
 
 } // namespace tarvold

@@ -1,13 +1,10 @@
 // Makes a picture of every screen, to be looked at: gallery FOLDER [--dark]
 
 #include "editor.h"
-#include "endings/attacker_receiver.h"
 #include "endings/commentary_line.h"
 #include "endings/ending_entry.h"
-#include "endings/match_criteria.h"
 #include "endings/normal_commentary.h"
 #include "shell/fonts.h"
-#include "shell/main_menu.h"
 
 #include <QApplication>
 #include <QDir>
@@ -44,8 +41,7 @@ int main(int argc, char *argv[])
     endingentry::enter(editor.screens(), MatchEnding::Normal);
     editor.screens().setText({"Form7", "Text1"}, QStringLiteral("<att1fullname> wins it."));
     editor.screens().get<Form7>().control<CommentaryLine>("Text2").setMarked(true);
-    for (const char *name :
-         {Form1::kName, Form4::kName, Form5::kName, Form6::kName, Form7::kName}) {
+    for (const char *name : {"Form1", "Form4", "Form5", "Form6", "Form7", "Form16", "Form3"}) {
         Screen &screen = editor.screens()[name];
         screen.show();
         if (!QTest::qWaitForWindowExposed(&screen)) {

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QString>
+
+namespace tarvold {
+
+/// Whether a name fits the pattern "*.tvd": any text, possibly none, and the lower-case extension
+/// at the very end.
+inline bool isTvdName(const QString &name)
+{
+    return name.endsWith(QLatin1StringView(".tvd"));
+}
+
+} // namespace tarvold

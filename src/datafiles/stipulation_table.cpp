@@ -1,0 +1,148 @@
+#include "datafiles/stipulation_table.h"
+
+#include "datafiles/append.h"
+#include "datafiles/line_reader.h"
+#include "datafiles/read.h"
+#include "datafiles/record.h"
+#include "datafiles/rewrite.h"
+
+namespace tarvold {
+namespace {
+
+constexpr char kSeparator[] = " / ";
+
+FileError cutShort(std::size_t lines)
+{
+    return FileError{QStringLiteral("It ends inside a stipulation: it has %1 lines, and each "
+                                    "stipulation takes %2.")
+                         .arg(lines)
+                         .arg(StipulationTable::kLinesPerRecord)};
+}
+
+} // namespace
+
+std::optional<FileError> StipulationTable::load(const QString &name)
+{
+    if (!name.isEmpty() && !fileExists(name)) {
+        if (auto error = appendToFile(name, {})) {
+            return error;
+        }
+    }
+    FileContent content = readFile(name);
+    if (content.error) {
+        return content.error;
+    }
+    Snapshot lines;
+    lines.reserve(static_cast<std::size_t>(content.bytes.count('\n')) + 1);
+    LineReader reader(content.bytes);
+    while (!reader.atEnd()) {
+        lines.push_back(reader.readLine());
+    }
+    if (lines.size() % kLinesPerRecord != 0) {
+        return cutShort(lines.size());
+    }
+    m_file = std::move(content.bytes);
+    m_edited.clear();
+    stipulations = std::move(lines);
+    return std::nullopt;
+}
+
+std::optional<FileError> StipulationTable::writeBack(const QString &name) const
+{
+    qsizetype size = 0;
+    for (const QByteArrayView line : stipulations) {
+        size += line.size() + qsizetype(qstrlen(kLineEnd));
+    }
+    QByteArray bytes;
+    bytes.reserve(size);
+    for (const QByteArrayView line : stipulations) {
+        bytes.append(line).append(kLineEnd);
+    }
+    return rewriteFile(name, bytes);
+}
+
+QByteArrayView StipulationTable::line(int index) const
+{
+    return index < lineCount() ? stipulations[static_cast<std::size_t>(index)] : QByteArrayView();
+}
+
+QByteArray StipulationTable::displayText(int index) const
+{
+    return line(index).toByteArray() + kSeparator + line(index + 1).toByteArray();
+}
+
+std::optional<int> StipulationTable::find(const QByteArray &displayText) const
+{
+    const auto wanted = displayText.size() - qsizetype(qstrlen(kSeparator));
+    std::optional<int> found;
+    for (int index = 0; index <= lineCount(); index += kLinesPerRecord) {
+        if (line(index).size() + line(index + 1).size() == wanted &&
+            this->displayText(index) == displayText) {
+            found = index;
+        }
+    }
+    return found;
+}
+
+std::vector<int> StipulationTable::allRecords() const
+{
+    std::vector<int> records;
+    for (int index = 0; index < lineCount(); index += kLinesPerRecord) {
+        records.push_back(index);
+    }
+    return records;
+}
+
+std::vector<int> StipulationTable::namedRecords() const
+{
+    std::vector<int> records = allRecords();
+    std::erase_if(records, [this](int index) { return line(index).isEmpty(); });
+    return records;
+}
+
+int StipulationTable::countKey(QByteArrayView matchType, QByteArrayView name, int except) const
+{
+    int count = 0;
+    for (int index = 0; index < lineCount(); ++index) {
+        if (line(index) == matchType && line(index + 1) == name && index != except) {
+            ++count;
+        }
+    }
+    return count;
+}
+
+void StipulationTable::append(const Record &record)
+{
+    for (const std::optional<QByteArray> &line : record) {
+        if (line) {
+            stipulations.push_back(keep(*line));
+        }
+    }
+}
+
+void StipulationTable::replace(int index, const Record &record)
+{
+    const auto start = static_cast<std::size_t>(index);
+    if (stipulations.size() < start + record.size()) {
+        stipulations.resize(start + record.size());
+    }
+    for (std::size_t offset = 0; offset < record.size(); ++offset) {
+        if (record.at(offset)) {
+            stipulations[start + offset] = keep(*record.at(offset));
+        }
+    }
+}
+
+void StipulationTable::remove(int index)
+{
+    const auto first = stipulations.begin() + std::min(index, lineCount());
+    const auto last = stipulations.begin() + std::min(index + kLinesPerRecord, lineCount());
+    stipulations.erase(first, last);
+}
+
+QByteArrayView StipulationTable::keep(const QByteArray &line)
+{
+    return m_edited.emplace_back(line);
+}
+
+} // namespace tarvold

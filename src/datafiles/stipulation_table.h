@@ -1,0 +1,84 @@
+#pragma once
+
+#include "datafiles/file_error.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <array>
+#include <deque>
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace tarvold {
+
+/// The match stipulations of one file: a flat list of lines, 19 for each stipulation.
+///
+/// Lines are kept as the bytes that were read, so that what nobody edits is written back unchanged.
+/// A stipulation is known by the index of its first line. Reading past the end gives empty lines.
+class StipulationTable
+{
+public:
+    static constexpr int kLinesPerRecord = 19;
+
+    /// The lines of one stipulation to be stored.
+    using Record = std::array<std::optional<QByteArray>, kLinesPerRecord>;
+
+    /// Replaces the table by a file's lines. A missing file is created empty. On an error the table
+    /// is as it was and no file is created or changed.
+    /// \param name as the user typed it
+    [[nodiscard]] std::optional<FileError> load(const QString &name);
+
+    /// Writes all lines back to a file, see rewriteFile().
+    [[nodiscard]] std::optional<FileError> writeBack(const QString &name) const;
+
+    /// How many lines there are.
+    int lineCount() const { return static_cast<int>(stipulations.size()); }
+
+    /// A line; an empty one past the end.
+    QByteArrayView line(int index) const;
+
+    /// A stipulation's text in the list: match type and name, joined by " / ".
+    QByteArray displayText(int index) const;
+
+    /// The index of the stipulation that the list shows as `displayText`, the last one if there are
+    /// several. Like every scan over stipulations it also looks at the place after the last line.
+    std::optional<int> find(const QByteArray &displayText) const;
+
+    /// What the list shows after loading: every stipulation.
+    std::vector<int> allRecords() const;
+
+    /// What the list shows after a change: every stipulation whose first line is not empty.
+    std::vector<int> namedRecords() const;
+
+    /// How often this match type and name stand one after the other, at any place in the table but
+    /// `except`.
+    int countKey(QByteArrayView matchType, QByteArrayView name, int except) const;
+
+    /// Adds a stipulation at the end. A line that is not there is left out.
+    void append(const Record &record);
+
+    /// Overwrites a stipulation. A line that is not there is left as it was.
+    void replace(int index, const Record &record);
+
+    /// Removes the stipulation that starts at an index.
+    void remove(int index);
+
+    /// All lines as they are now, to go back to when they could not be written.
+    using Snapshot = std::vector<QByteArrayView>;
+    Snapshot snapshot() const { return stipulations; }
+
+    /// Goes back to a snapshot of this table that was taken since it was loaded.
+    void restore(Snapshot snapshot) { stipulations = std::move(snapshot); }
+
+private:
+    /// Keeps the bytes of an edited line for as long as the table holds this file.
+    QByteArrayView keep(const QByteArray &line);
+
+    QByteArray m_file;               ///< the bytes that most lines are views of
+    std::deque<QByteArray> m_edited; ///< the bytes of lines that were edited
+    Snapshot stipulations;           ///< all lines, in the order of the file
+};
+
+} // namespace tarvold

@@ -1,0 +1,226 @@
+#include "stipulations/stipulation_form.h"
+
+#include "datafiles/code_page.h"
+#include "shell/combo_box.h"
+#include "shell/failures.h"
+#include "shell/message_box.h"
+#include "shell/screens.h"
+#include "stipulations/form_tables.h"
+
+#include <QGridLayout>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QScrollBar>
+
+namespace tarvold {
+namespace {
+
+constexpr ControlRef kListPosition = {"Form16", "listpos"};
+constexpr char kNo[] = "No";
+constexpr char kYes[] = "Yes";
+
+/// The numeric value of a text: its leading digits, none counting as 0.
+double numericValue(const QString &text)
+{
+    static const QRegularExpression leadingNumber(QStringLiteral("^\\s*[+-]?[0-9]+"));
+    return leadingNumber.match(text).captured().toDouble();
+}
+
+} // namespace
+
+Form3::Form3(Screens &screens) : Screen(kName), m_screens(screens)
+{
+    addForm();
+    column().addStretch();
+    addButtons();
+    connect(&control<ComboBox>("exclusive"), &ComboBox::chosen, this, [this] {
+        if (text("exclusive") == QLatin1StringView(kNo)) {
+            setText("prominitials", {});
+        }
+    });
+}
+
+void Form3::addForm()
+{
+    column().addLayout(FormGrid::build(*this, stipulationform::upperFields(), nullptr));
+    addValueTable();
+    column().addLayout(FormGrid::build(*this, stipulationform::lowerFields(), nullptr));
+}
+
+void Form3::addValueTable()
+{
+    constexpr char kDraw[] = "Match Draw Value:";
+    constexpr char kEntertainment[] = "Match Entertainment Value:";
+    auto *grid = new QGridLayout;
+    grid->setHorizontalSpacing(14);
+    grid->setVerticalSpacing(6);
+    grid->addWidget(FormGrid::newLabel(*this, "Label9", kDraw), 1, 0);
+    grid->addWidget(FormGrid::newLabel(*this, "Label14", kEntertainment), 2, 0);
+    int place = 1;
+    for (const stipulationform::ValueColumn &column : stipulationform::kValueColumns) {
+        grid->addWidget(FormGrid::newLabel(*this, column.label, column.caption), 0, place);
+        const Items items = stipulationform::valueItems(column.offersNa);
+        int row = 1;
+        for (const auto &[name, caption] :
+             {std::pair{column.draw, kDraw}, {column.entertainment, kEntertainment}}) {
+            const Field field = {.control = name, .label = "", .caption = caption, .items = items};
+            QWidget *combo = FormGrid::newControl(*this, field);
+            combo->setAccessibleName(combo->accessibleName() + u' ' +
+                                     QLatin1StringView(column.caption));
+            grid->addWidget(combo, row++, place);
+        }
+        grid->setColumnStretch(place++, 1);
+    }
+    column().addLayout(grid);
+}
+
+void Form3::addButtons()
+{
+    QPushButton *cancel = newButton("Command1", "Cancel And Return To Menu");
+    QPushButton *save = newButton("Command2", "Save This Stipulation");
+    auto *row = new QHBoxLayout;
+    row->addWidget(cancel);
+    row->addStretch();
+    row->addWidget(save);
+    column().addLayout(row);
+    connect(cancel, &QPushButton::clicked, this, &Screen::backPressed);
+    connect(this, &Screen::closeRequested, this, &Screen::backPressed);
+    connect(save, &QPushButton::clicked, this, &Form3::save);
+}
+
+QWidget *Form3::firstField() const
+{
+    return &control("matchtype");
+}
+
+void Form3::showDefaults(const StipulationTable &table)
+{
+    m_table = &table;
+    for (const stipulationform::PlainLine &plain : stipulationform::kPlainLines) {
+        setText(plain.control, QLatin1StringView(plain.newValue));
+    }
+    showInjuryRisk(QStringLiteral("5"));
+    showExclusive(QLatin1StringView(kNo));
+    showQuality(QLatin1StringView(stipulationform::kQualities.front().word));
+}
+
+void Form3::showRecord(const StipulationTable &table, int index)
+{
+    m_table = &table;
+    const auto line = [&table, index](int number) {
+        return codepage::decode(table.line(index + number - 1));
+    };
+    for (const stipulationform::PlainLine &plain : stipulationform::kPlainLines) {
+        setText(plain.control, line(plain.line));
+    }
+    showInjuryRisk(line(8));
+    showExclusive(line(17));
+    showQuality(line(18));
+}
+
+void Form3::showInjuryRisk(const QString &line)
+{
+    auto &bar = control<QScrollBar>("HScroll1");
+    bar.setValue(int(qBound(double(bar.minimum()), numericValue(line), double(bar.maximum()))));
+    setText("risk", line + u'%');
+}
+
+void Form3::showExclusive(const QString &line)
+{
+    const bool isExclusive = line != QLatin1StringView(kNo);
+    setText("exclusive", QLatin1StringView(isExclusive ? kYes : kNo));
+    setText("prominitials", isExclusive ? line : QString());
+}
+
+void Form3::showQuality(const QString &line)
+{
+    for (const auto &[item, word] : stipulationform::kQualities) {
+        if (line == QLatin1StringView(word)) {
+            setText("matchquality", QLatin1StringView(item));
+        }
+    }
+}
+
+std::optional<QString> Form3::qualityLine() const
+{
+    for (const auto &[item, word] : stipulationform::kQualities) {
+        if (text("matchquality") == QLatin1StringView(item)) {
+            return QLatin1StringView(word);
+        }
+    }
+    return std::nullopt;
+}
+
+int Form3::countDuplicates() const
+{
+    const auto matchType = codepage::encode(text("matchtype"));
+    const auto name = codepage::encode(text("stipulation"));
+    if (matchType.missing || name.missing) {
+        return 0; // no file holds such a text
+    }
+    const int edited = int(numericValue(m_screens.text(kListPosition))); // 0 for a new one
+    return m_table->countKey(matchType.bytes, name.bytes, edited);
+}
+
+bool Form3::passesChecks()
+{
+    bool passed = true;
+    const auto refuse = [this, &passed](const char *title, const char *message) {
+        messagebox::notice(this, QLatin1StringView(title), QLatin1StringView(message));
+        passed = false;
+    };
+    for (int count = countDuplicates(); count > 0; --count) {
+        refuse("Duplication!", "This match type/stipulation combination already exists in the file "
+                               "you are editting.");
+    }
+    if (text("stipulation").isEmpty()) {
+        refuse("No Stipulation Stated", "Stipulation cannot be left blank!");
+    }
+    if (text("exclusive") == QLatin1StringView(kYes) && text("prominitials").isEmpty()) {
+        refuse("Exclusive To Who?",
+               "You have stated that this stipulation is exclusive to a promotion, but you haven't "
+               "entered the initials of that promotion!");
+    }
+    return passed;
+}
+
+std::optional<StipulationTable::Record> Form3::composed()
+{
+    StipulationTable::Record record;
+    std::optional<MissingCharacter> missing;
+    const auto put = [this, &record, &missing](int line, const char *control, const QString &text) {
+        const codepage::Encoded encoded = codepage::encode(text);
+        if (encoded.missing && !missing) {
+            missing = {this->control(control).accessibleName(), *encoded.missing};
+        }
+        record.at(std::size_t(line - 1)) = encoded.bytes;
+    };
+    for (const stipulationform::PlainLine &plain : stipulationform::kPlainLines) {
+        put(plain.line, plain.control, text(plain.control));
+    }
+    put(6, "matchtype", QLatin1StringView(kNo));
+    put(8, "HScroll1", text("HScroll1"));
+    const bool isForAll = text("exclusive") == QLatin1StringView(kNo);
+    put(17, "prominitials", isForAll ? QString(QLatin1StringView(kNo)) : text("prominitials"));
+    if (const auto quality = qualityLine()) {
+        put(18, "matchquality", *quality);
+    }
+    if (missing) {
+        messagebox::notice(this, QStringLiteral("Stipulations Editor"),
+                           failures::cannotHold(*missing));
+        return std::nullopt;
+    }
+    return record;
+}
+
+void Form3::save()
+{
+    if (!passesChecks()) {
+        return;
+    }
+    if (const auto record = composed()) {
+        emit submitted(*record);
+    }
+}
+
+} // namespace tarvold

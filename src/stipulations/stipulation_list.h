@@ -1,0 +1,55 @@
+#pragma once
+
+#include "datafiles/stipulation_table.h"
+#include "shell/screen.h"
+
+class QListView;
+
+namespace tarvold {
+
+class Form3;
+class Screens;
+class StipulationListModel;
+
+/// The list of match stipulations: create, edit and delete them in one file.
+///
+/// `listpos` holds "NEW" while a new stipulation is made, else the index of the first line of the
+/// one that was last edited or deleted.
+class Form16 : public Screen
+{
+    Q_OBJECT
+public:
+    static constexpr char kName[] = "Form16";
+
+    explicit Form16(Screens &screens);
+
+    /// Loads the file that the main menu names and shows the list in the menu's place; says why not
+    /// on the menu when the name or the file is unfit.
+    void enter();
+
+protected:
+    QWidget *firstField() const override;
+
+private:
+    void addList();
+    void addButtons();
+    Form3 &form();
+    QString fileName() const;
+    void createNew();
+    void edit();
+    void remove();
+    /// The selected entry, as bytes of the file; asks the user to select one when there is none.
+    std::optional<QByteArray> selectedEntry();
+    void locate(const QByteArray &entry);
+    int listPosition() const;
+    void store(const StipulationTable::Record &record);
+    /// Writes the table and lists it, or goes back to `before` and tells why on `teller`.
+    bool writeBackOr(StipulationTable::Snapshot before, QWidget &teller);
+
+    Screens &m_screens;
+    StipulationTable m_stipulations;
+    StipulationListModel *m_model;
+    QListView *m_list;
+};
+
+} // namespace tarvold

@@ -2,25 +2,27 @@
 
 #include "endings/ending_entry.h"
 #include "endings/ending_flow.h"
+#include "segments/segment_flow.h"
 #include "shell/main_menu.h"
 #include "stipulations/stipulation_form.h"
 #include "stipulations/stipulation_list.h"
 
 namespace tarvold {
 
-Editor::Editor() : m_endings(m_screens, endingflow::chain(), endingflow::kLabel)
+Editor::Editor()
+    : m_endings(m_screens, endingflow::chain(), endingflow::kLabel)
+    , m_segments(m_screens, segmentflow::chain(), endingflow::kLabel)
 {
     m_screens.declare<Form1>();
     endingflow::declare(m_screens);
+    segmentflow::declare(m_screens);
     m_screens.declare<Form16>();
     m_screens.declare<Form3>();
 
     auto &menu = m_screens.get<Form1>();
     connect(&menu, &Form1::pressed, this, &Editor::begin);
     connect(&menu, &Screen::closeRequested, this, &Editor::exitRequested);
-    for (const MenuEntry missing :
-         {MenuEntry::RunInEndings, MenuEntry::TurnEndings, MenuEntry::Interviews,
-          MenuEntry::TalkShows, MenuEntry::Import}) {
+    for (const MenuEntry missing : {MenuEntry::Import}) {
         menu.setEntryEnabled(missing, false);
     }
 }
@@ -35,6 +37,18 @@ void Editor::begin(MenuEntry entry)
     switch (entry) {
     case MenuEntry::NormalEndings:
         endingentry::enter(m_screens, MatchEnding::Normal);
+        break;
+    case MenuEntry::RunInEndings:
+        endingentry::enter(m_screens, MatchEnding::RunIn);
+        break;
+    case MenuEntry::TurnEndings:
+        endingentry::enter(m_screens, MatchEnding::Turn);
+        break;
+    case MenuEntry::Interviews:
+        segmentflow::enterInterview(m_screens);
+        break;
+    case MenuEntry::TalkShows:
+        segmentflow::enterTalkShow(m_screens);
         break;
     case MenuEntry::Stipulations:
         m_screens.get<Form16>().enter();

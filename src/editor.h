@@ -30,6 +30,7 @@ private:
 
     Screens m_screens;
     Flow m_endings;
+    Flow m_segments;
 };
 
 } // namespace tarvold

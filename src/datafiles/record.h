@@ -59,7 +59,22 @@ struct ComposedRecord
 ComposedRecord composeRecord(const RecordLayout &layout,
                              const std::function<QString(ControlRef)> &textOf);
 
+/// The ten commentary lines of a commentary screen, which end every record but a stipulation.
+RecordLayout commentaryLayout(const char *screen);
+
 /// The 36 lines of a normal match ending.
 const RecordLayout &normalEndingLayout();
+
+/// The 44 lines of a match ending with a run-in.
+const RecordLayout &runInEndingLayout();
+
+/// The 33 lines of a match ending with a turn.
+const RecordLayout &turnEndingLayout();
+
+/// The 19 lines of an interview segment.
+const RecordLayout &interviewLayout();
+
+/// The 19 lines of a talk show segment.
+const RecordLayout &talkShowLayout();
 
 } // namespace tarvold

@@ -75,17 +75,17 @@ constexpr ValueRow kValues[] = {
 /// All three tag lists show the first item of the normal one, also where they do not offer it.
 constexpr char kFirstTag[] = "Attacker 1 Full Name";
 
-constexpr OwnValue kNormalValues[] = {
+constexpr Preset kNormalValues[] = {
     {{"Form7", "Combo1"}, kFirstTag},
 };
-constexpr OwnValue kRunInValues[] = {
+constexpr Preset kRunInValues[] = {
     {{"Form9", "Combo1"}, kFirstTag}, {{"Form8", "Combo3"}, "Singles"},
     {{"Form8", "Text2"}, "Any"},      {{"Form8", "Combo1"}, "Any"},
     {{"Form8", "Combo2"}, "Any"},     {{"Form8", "Combo7"}, "Any"},
     {{"Form8", "Combo4"}, "Losers"},  {{"Form8", "HScroll1"}, "10"},
     {{"Form8", "Label8"}, "10%"},     {{"Form8", "Combo5"}, "N/A"},
 };
-constexpr OwnValue kTurnValues[] = {
+constexpr Preset kTurnValues[] = {
     {{"Form10", "Combo1"}, "N/A"},          {{"Form10", "Combo2"}, "N/A"},
     {{"Form10", "Combo3"}, "N/A"},          {{"Form10", "Combo4"}, "N/A"},
     {{"Form10", "Combo5"}, "Winning Side"}, {{"Form10", "Combo6"}, "N/A"},
@@ -107,7 +107,7 @@ std::span<const ValueRow> values()
     return kValues;
 }
 
-std::span<const OwnValue> ownValues(MatchEnding kind)
+std::span<const Preset> ownValues(MatchEnding kind)
 {
     switch (kind) {
     case MatchEnding::RunIn:
@@ -132,9 +132,7 @@ void enter(Screens &screens, MatchEnding kind)
             screens.setText(row.control, QLatin1StringView(value));
         }
     }
-    for (const OwnValue &own : ownValues(kind)) {
-        screens.setText(own.control, QLatin1StringView(own.value));
-    }
+    screens.apply(ownValues(kind));
     Screen &commentary = screens[kCommentaryScreens.at(column)];
     qobject_cast<CommentaryScreen *>(&commentary)->startAfresh();
     screens.get<Form4>().replace(screens.get<Form1>());

@@ -1,13 +1,11 @@
 #pragma once
 
-#include "datafiles/record.h"
+#include "shell/screens.h"
 
 #include <array>
 #include <span>
 
 namespace tarvold {
-
-class Screens;
 
 /// The kinds of match endings.
 enum class MatchEnding { Normal, RunIn, Turn };
@@ -29,13 +27,6 @@ struct VisibilityRow
     std::array<bool, 3> visible;
 };
 
-/// What only one kind sets: on its own screens.
-struct OwnValue
-{
-    ControlRef control;
-    const char *value;
-};
-
 /// The flow label's text for each kind.
 extern const std::array<const char *, 3> kFlowLabels;
 
@@ -44,7 +35,7 @@ std::span<const VisibilityRow> visibility();
 std::span<const ValueRow> values();
 
 /// The kind's own screens, the ten commentary lines excepted.
-std::span<const OwnValue> ownValues(MatchEnding kind);
+std::span<const Preset> ownValues(MatchEnding kind);
 
 /// The commentary screen of each kind: its lines are emptied and whitened.
 extern const std::array<const char *, 3> kCommentaryScreens;

@@ -16,40 +16,57 @@ bool isNoneOrNotInvolved(const QString &text)
     return text == QLatin1StringView("None") || text == QLatin1StringView("N/A");
 }
 
-} // namespace
+bool isSingles(const QString &feudType)
+{
+    return feudType == QLatin1StringView("Singles");
+}
 
-const Refusal kSecondAttacker = {
+constexpr Refusal kSecondAttacker = {
     {"Form5", "Text2"},
     isOneName,
     "To involve a second attacker, you either need to have the attacker's name as 'Any', or enter "
     "the names of the 2 attackers, separated by a comma, on the Attacker Details screen.",
     messagebox::kTitle};
-const Refusal kAttackersManager = {
+constexpr Refusal kAttackersManager = {
     {"Form5", "Text1"},
     isNoneOrNotInvolved,
     "You have the attacker's manager name as 'N/A' or 'None', which means you can't involve the "
     "attacker's manager in this finish.",
     messagebox::kTitle};
-const Refusal kReceiversManager = {
+constexpr Refusal kReceiversManager = {
     {"Form6", "Text1"},
     isNoneOrNotInvolved,
     "You have the receiver's manager name as 'N/A' or 'None', which means you can't involve the "
     "receiver's manager in this finish.",
     messagebox::kTitle};
-const Refusal kAttackersStable = {
+constexpr Refusal kAttackersStable = {
     {"Form5", "Text3"},
     isNoneOrNotInvolved,
     "You have the attacker's stable as 'N/A' or 'None', which means you can't involve the "
     "attacker's stable in this finish.",
     messagebox::kTitle};
-const Refusal kReceiversStable = {
+constexpr Refusal kReceiversStable = {
     {"Form6", "Text3"},
     isNoneOrNotInvolved,
     "You have the receiver's stable as 'N/A' or 'None', which means you can't involve the "
     "receiver's stable in this finish.",
     messagebox::kTitle};
 
-const std::array<CommentaryTag, 18> kNormal = {{
+/// These two bear a shorter title than all other messages.
+constexpr char kFeudTitle[] = "Tarvold";
+constexpr Refusal kSecondInterferer = {
+    {"Form8", "Combo3"},
+    isSingles,
+    "Interfering Wrestler 2 can only be involved if the feud type is Tag Team.",
+    kFeudTitle};
+constexpr Refusal kInterferingTeam = {
+    {"Form8", "Combo3"},
+    isSingles,
+    "Interfering Team Name can only be used if the feud type is Tag Team.",
+    kFeudTitle};
+
+/// A run-in offers all of these, a normal ending those before the first interferer.
+constexpr CommentaryTag kRunInTags[] = {
     {"Attacker 1 Full Name", "<att1fullname>"},
     {"Attacker 1 Short Name", "<att1shortname>"},
     {"Attacker 2 Full Name", "<att2fullname>", &kSecondAttacker},
@@ -68,6 +85,65 @@ const std::array<CommentaryTag, 18> kNormal = {{
     {"Receiver's Finisher Name", "<recfinisher>"},
     {"Title Name (eg. XWL Title)", "<titlename>"},
     {"Title of Holder (eg. XWL Champion)", "<titleholder>"},
-}};
+    {"Interfering Wrestler 1", "<feudname1>"},
+    {"Interfering Wrestler 2", "<feudname2>", &kSecondInterferer},
+    {"Interfering Team Name", "<feudteam>", &kInterferingTeam},
+    {"Interfering's Finisher Name", "<feudfinisher>"},
+};
+constexpr std::size_t kNormalTags = 18;
+
+constexpr CommentaryTag kTurnTags[] = {
+    {"Wrestler 1", "<wrestler1>"},
+    {"Wrestler 2", "<wrestler2>"},
+    {"Wrestler 3", "<wrestler3>"},
+    {"Wrestler 4", "<wrestler4>"},
+    {"Tag Team 1", "<tagteam1>"},
+    {"Tag Team 2", "<tagteam2>"},
+    {"Attacker 1 Full Name", "<att1fullname>"},
+    {"Attacker 1 Short Name", "<att1shortname>"},
+    {"Attacker 2 Full Name", "<att2fullname>", &kSecondAttacker},
+    {"Attacker 2 Short Name", "<att2shortname>", &kSecondAttacker},
+    {"Receiver Full Name", "<recfullname>"},
+    {"Receiver Short Name", "<recshortname>"},
+    {"Attacker's Finisher Name", "<attfinisher>"},
+    {"Receiver's Finisher Name", "<recfinisher>"},
+    {"Title Name (eg. XWL Title)", "<titlename>"},
+    {"Title of Holder (eg. XWL Champion)", "<titleholder>"},
+};
+
+} // namespace
+
+std::span<const CommentaryTag> normal()
+{
+    return std::span(kRunInTags).first(kNormalTags);
+}
+
+std::span<const CommentaryTag> runIn()
+{
+    return kRunInTags;
+}
+
+std::span<const CommentaryTag> turn()
+{
+    return kTurnTags;
+}
+
+CommentaryTable table(const char *name, std::span<const CommentaryTag> tags, DataFileKind kind,
+                      const RecordLayout &(*layout)())
+{
+    return {
+        .name = name,
+        .heading = "THE MATCH FINISH",
+        .instructions =
+            "Here you have up to 10 lines of commentary which you can type in for this match "
+            "ending. Where specific details are needed, such as a wrestler's name, click on the "
+            "list above to insert the relevant code.",
+        .tags = tags,
+        .addCaption = "Add This Finish",
+        .missingMessage = "You haven't written the match finish!",
+        .question = "Add this finish to the file?",
+        .kind = kind,
+        .layout = layout};
+}
 
 } // namespace tarvold::endingtags

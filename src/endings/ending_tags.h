@@ -2,18 +2,19 @@
 
 #include "endings/commentary_screen.h"
 
-#include <array>
+#include <span>
 
-/// The tags that every match ending offers, and when they are refused.
+/// What the commentary screens of all match endings have in common: texts, tags, and when tags are
+/// refused.
 namespace tarvold::endingtags {
 
-extern const Refusal kSecondAttacker;
-extern const Refusal kAttackersManager;
-extern const Refusal kReceiversManager;
-extern const Refusal kAttackersStable;
-extern const Refusal kReceiversStable;
+/// The tag lists of the three kinds.
+std::span<const CommentaryTag> normal();
+std::span<const CommentaryTag> runIn();
+std::span<const CommentaryTag> turn();
 
-/// The tag list of a normal match ending.
-extern const std::array<CommentaryTag, 18> kNormal;
+/// The commentary screen of one kind.
+CommentaryTable table(const char *name, std::span<const CommentaryTag> tags, DataFileKind kind,
+                      const RecordLayout &(*layout)());
 
 } // namespace tarvold::endingtags

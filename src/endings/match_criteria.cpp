@@ -1,6 +1,8 @@
 #include "endings/match_criteria.h"
 
 #include "endings/lists.h"
+#include "shell/combo_box.h"
+#include "shell/screens.h"
 
 namespace tarvold {
 namespace {
@@ -89,9 +91,18 @@ constexpr Field kFields[] = {
 
 const Fill kFills[] = {{"Text2", "Any"}};
 
+constexpr ControlRef kFeudType = {"Form8", "Combo3"};
+
+QString feudTypeOf(const QString &matchType)
+{
+    const bool isSingles = matchType == QLatin1StringView("Women's Match") ||
+                           matchType == QLatin1StringView("Singles");
+    return isSingles ? QStringLiteral("Singles") : QStringLiteral("Tag Team");
+}
+
 } // namespace
 
-Form4::Form4(Screens & /*screens*/)
+Form4::Form4(Screens &screens)
     : DetailsScreen({.name = kName,
                      .heading = "GENERAL DETAILS",
                      .fields = kFields,
@@ -100,6 +111,11 @@ Form4::Form4(Screens & /*screens*/)
 {
     addHiddenLabel("matchreports",
                    QStringLiteral("remember there is more than 1 combo for match type"));
+    auto &feudMatchType = control<ComboBox>("Combo12");
+    connect(&feudMatchType, &ComboBox::chosen, this, [&screens, &feudMatchType] {
+        // Also when a turn is written, which has no use for it.
+        screens.setText(kFeudType, feudTypeOf(feudMatchType.currentText()));
+    });
 }
 
 } // namespace tarvold

@@ -23,8 +23,8 @@ struct DetailsTable
     const char *heading;
     std::span<const Field> fields;
     const char *helpLabel;
-    std::span<const Fill> fills;     ///< carried out in this order by ">>"
-    const char *noteLabel = nullptr; ///< a fixed note under the heading, if there is one
+    std::span<const Fill> fills = {}; ///< carried out in this order by ">>"
+    const char *noteLabel = nullptr;  ///< a fixed note under the heading, if there is one
     const char *note = nullptr;
 };
 

@@ -26,4 +26,11 @@ void Screens::setText(ControlRef ref, const QString &text)
     (*this)[ref.screen].setText(ref.control, text);
 }
 
+void Screens::apply(std::span<const Preset> presets)
+{
+    for (const Preset &preset : presets) {
+        setText(preset.control, QLatin1StringView(preset.value));
+    }
+}
+
 } // namespace tarvold

@@ -7,9 +7,18 @@
 
 #include <functional>
 #include <memory>
+#include <span>
+#include <string>
 #include <unordered_map>
 
 namespace tarvold {
+
+/// A value that a control starts with.
+struct Preset
+{
+    ControlRef control;
+    const char *value;
+};
 
 /// All screens of the program, each created when it is first needed and kept for the whole run.
 class Screens : public QObject
@@ -41,6 +50,9 @@ public:
 
     /// Puts a text into a control of some screen; never counts as a choice of the user's.
     void setText(ControlRef ref, const QString &text);
+
+    /// Puts the values into their controls, in this order.
+    void apply(std::span<const Preset> presets);
 
 signals:
     /// A screen was needed for the first time and is complete, but not shown yet.

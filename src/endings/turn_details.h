@@ -1,0 +1,19 @@
+#pragma once
+
+#include "shell/details_screen.h"
+
+namespace tarvold {
+
+class Screens;
+
+/// The turn: who turns, and on whom.
+class Form10 : public DetailsScreen
+{
+    Q_OBJECT
+public:
+    static constexpr char kName[] = "Form10";
+
+    explicit Form10(Screens &screens);
+};
+
+} // namespace tarvold

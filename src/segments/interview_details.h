@@ -1,0 +1,19 @@
+#pragma once
+
+#include "shell/details_screen.h"
+
+namespace tarvold {
+
+class Screens;
+
+/// The details of an interview segment: the first screen of its flow.
+class Form12 : public DetailsScreen
+{
+    Q_OBJECT
+public:
+    static constexpr char kName[] = "Form12";
+
+    explicit Form12(Screens &screens);
+};
+
+} // namespace tarvold

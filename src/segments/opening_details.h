@@ -1,0 +1,20 @@
+#pragma once
+
+#include "shell/details_screen.h"
+
+namespace tarvold {
+
+class Screens;
+
+/// The details of an opening segment: designed, and not part of any flow yet. Its buttons do
+/// nothing.
+class Form17 : public DetailsScreen
+{
+    Q_OBJECT
+public:
+    static constexpr char kName[] = "Form17";
+
+    explicit Form17(Screens &screens);
+};
+
+} // namespace tarvold

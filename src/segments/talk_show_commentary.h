@@ -1,0 +1,19 @@
+#pragma once
+
+#include "endings/commentary_screen.h"
+
+namespace tarvold {
+
+class Screens;
+
+/// The commentary of a talk show segment, and its save.
+class Form15 : public CommentaryScreen
+{
+    Q_OBJECT
+public:
+    static constexpr char kName[] = "Form15";
+
+    explicit Form15(Screens &screens);
+};
+
+} // namespace tarvold

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "shell/details_screen.h"
+
+namespace tarvold {
+
+class Screens;
+
+/// The details of a talk show segment: the first screen of its flow.
+class Form14 : public DetailsScreen
+{
+    Q_OBJECT
+public:
+    static constexpr char kName[] = "Form14";
+
+    explicit Form14(Screens &screens);
+};
+
+} // namespace tarvold

@@ -2,6 +2,7 @@
 
 #include "endings/ending_entry.h"
 #include "endings/ending_flow.h"
+#include "import/import_screen.h"
 #include "segments/segment_flow.h"
 #include "shell/main_menu.h"
 #include "stipulations/stipulation_form.h"
@@ -18,13 +19,11 @@ Editor::Editor()
     segmentflow::declare(m_screens);
     m_screens.declare<Form16>();
     m_screens.declare<Form3>();
+    m_screens.declare<Form2>();
 
     auto &menu = m_screens.get<Form1>();
     connect(&menu, &Form1::pressed, this, &Editor::begin);
     connect(&menu, &Screen::closeRequested, this, &Editor::exitRequested);
-    for (const MenuEntry missing : {MenuEntry::Import}) {
-        menu.setEntryEnabled(missing, false);
-    }
 }
 
 void Editor::start()
@@ -53,10 +52,11 @@ void Editor::begin(MenuEntry entry)
     case MenuEntry::Stipulations:
         m_screens.get<Form16>().enter();
         break;
+    case MenuEntry::Import:
+        m_screens.get<Form2>().replace(m_screens.get<Form1>());
+        break;
     case MenuEntry::Exit:
         emit exitRequested();
-        break;
-    default:
         break;
     }
 }

@@ -6,6 +6,14 @@
 
 namespace tarvold {
 
+QString cutShort(qsizetype lines, int linesPerRecord)
+{
+    return QStringLiteral("It breaks off at line %1, inside record %2: each record takes %3 lines.")
+        .arg(lines)
+        .arg(lines / linesPerRecord + 1)
+        .arg(linesPerRecord);
+}
+
 std::optional<FileError> whyNotOrdinary(const QString &name)
 {
     if (name.isEmpty()) {

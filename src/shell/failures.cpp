@@ -19,6 +19,24 @@ QString notLoaded(const QString &name, const FileError &error)
         .arg(name, error.cause);
 }
 
+QString noSource()
+{
+    return QStringLiteral("No file to import from is selected.\n\nNothing was imported. Select a "
+                          "file in the list, then import again.");
+}
+
+QString notImported(const QString &name, const FileError &error)
+{
+    const QString state =
+        error.unchanged
+            ? QStringLiteral("Nothing was imported. Mend the file or choose another one, then "
+                             "import again.")
+            : QStringLiteral("Part of the records may be in the file and could not be taken out "
+                             "again.");
+    return QStringLiteral("The file \"%1\" kept the import from being done.\n\n%2\n\n%3")
+        .arg(name, error.cause, state);
+}
+
 QString cannotHold(const MissingCharacter &missing)
 {
     return QStringLiteral("The field \"%1\" holds the character \"%2\" (U+%3), which the data "

@@ -14,6 +14,13 @@ QString notSaved(const QString &name, const FileError &error);
 /// \param name as the user typed it
 QString notLoaded(const QString &name, const FileError &error);
 
+/// No file to import from is selected.
+QString noSource();
+
+/// A file kept an import from being done.
+/// \param name the source or the target
+QString notImported(const QString &name, const FileError &error);
+
 /// A field holds a character that the data files cannot hold.
 QString cannotHold(const MissingCharacter &missing);
 

@@ -86,13 +86,4 @@ void Form1::addRows(QGridLayout &grid)
     }
 }
 
-void Form1::setEntryEnabled(MenuEntry entry, bool enabled)
-{
-    for (const MenuRow &row : kRows) {
-        if (row.entry == entry) {
-            control(row.button).setEnabled(enabled);
-        }
-    }
-}
-
 } // namespace tarvold

@@ -31,9 +31,6 @@ public:
 
     explicit Form1(Screens &screens);
 
-    /// Whether an entry's button can be pressed.
-    void setEntryEnabled(MenuEntry entry, bool enabled);
-
 signals:
     void pressed(tarvold::MenuEntry entry);
 

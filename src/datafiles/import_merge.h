@@ -1,0 +1,38 @@
+#pragma once
+
+#include "datafiles/data_file_kind.h"
+#include "datafiles/file_error.h"
+
+#include <QString>
+
+#include <functional>
+#include <optional>
+
+namespace tarvold {
+
+/// What to import, and where to.
+struct ImportRequest
+{
+    QString source; ///< the file to copy the records of
+    QString target; ///< the file that they are added to, as the user typed it
+    DataFileKind kind;
+};
+
+/// A file that kept an import from being done.
+struct ImportFailure
+{
+    QString file;
+    FileError error;
+};
+
+/// Copies all records of the source to the end of the target, which is created when it is missing.
+///
+/// Records whose first line is empty are left out. So are stipulations whose match type and name
+/// the target already has; `tellDuplicate` is called with a message for each match, in the order of
+/// the source and, within that, of the target, and may take its time. All or nothing: after a
+/// failure the target is as it was.
+[[nodiscard]] std::optional<ImportFailure>
+importRecords(const ImportRequest &request,
+              const std::function<void(const QString &)> &tellDuplicate);
+
+} // namespace tarvold

@@ -1,0 +1,70 @@
+#include "datafiles/import_table.h"
+
+#include "datafiles/line_reader.h"
+#include "datafiles/record.h"
+
+#include <cstring>
+
+namespace tarvold {
+
+std::optional<FileError> ImportTable::load(QByteArray bytes, int linesPerRecord)
+{
+    m_bytes = std::move(bytes);
+    m_starts.clear();
+    if (!m_bytes.isEmpty() && !m_bytes.endsWith(kLineEnd)) {
+        m_bytes.append(kLineEnd); // the last line counts without its end, and is written with it
+    }
+    qsizetype lines = 0;
+    for (LineReader reader(m_bytes); !reader.atEnd(); ++lines) {
+        const char *const line = reader.readLine().data();
+        if (lines % linesPerRecord == 0) {
+            m_starts.push_back(line - m_bytes.constData());
+        }
+    }
+    m_skipped.assign(m_starts.size(), false);
+    if (lines % linesPerRecord == 0) {
+        return std::nullopt;
+    }
+    return FileError{cutShort(lines, linesPerRecord)};
+}
+
+QByteArrayView ImportTable::item(int list, int record) const
+{
+    const auto index = static_cast<std::size_t>(record);
+    if (list == 0 && m_skipped[index]) {
+        return {};
+    }
+    LineReader reader(QByteArrayView(m_bytes).sliced(m_starts[index]));
+    for (int passed = 0; passed < list; ++passed) {
+        reader.readLine();
+    }
+    return reader.readLine();
+}
+
+void ImportTable::skip(int record)
+{
+    m_skipped[static_cast<std::size_t>(record)] = true;
+}
+
+QByteArray ImportTable::takeWritten()
+{
+    // The records move together inside the bytes: a second copy of a large file would be a waste.
+    char *const bytes = m_bytes.data();
+    qsizetype size = 0;
+    for (int record = 0; record < recordCount(); ++record) {
+        if (item(0, record).isEmpty()) {
+            continue;
+        }
+        const auto index = static_cast<std::size_t>(record);
+        const qsizetype end = index + 1 < m_starts.size() ? m_starts[index + 1] : m_bytes.size();
+        const qsizetype length = end - m_starts[index];
+        std::memmove(bytes + size, bytes + m_starts[index], static_cast<std::size_t>(length));
+        size += length;
+    }
+    m_bytes.truncate(size);
+    m_starts.clear();
+    m_skipped.clear();
+    return std::exchange(m_bytes, {});
+}
+
+} // namespace tarvold

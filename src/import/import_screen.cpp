@@ -1,0 +1,225 @@
+#include "import/import_screen.h"
+
+#include "datafiles/file_name.h"
+#include "datafiles/import_merge.h"
+#include "shell/failures.h"
+#include "shell/form_grid.h"
+#include "shell/main_menu.h"
+#include "shell/message_box.h"
+#include "shell/screens.h"
+#include "shell/text_box.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFrame>
+#include <QListWidget>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace tarvold {
+namespace {
+
+constexpr char kTitle[] = "Import";
+constexpr char kKindPrompt[] = "What would you like to import?";
+constexpr char kFilePrompt[] = "Which file would you like to import from?";
+
+struct KindRow
+{
+    const char *button;
+    const char *caption;
+    const char *whatimport;
+    DataFileKind kind;
+};
+
+/// In the order of the buttons.
+constexpr KindRow kKinds[] = {
+    {"Command2", "Normal Match Endings", "Normal Matches", DataFileKind::NormalEndings},
+    {"Command3", "Match Endings With Run-Ins", "Run-In Matches", DataFileKind::RunInEndings},
+    {"Command4", "Match Stipulations", "Stipulations", DataFileKind::Stipulations},
+    {"Command5", "Match Endings With Turns", "Turn Matches", DataFileKind::TurnEndings},
+    {"Command6", "Interview Segments", "Interviews", DataFileKind::Interviews},
+    {"Command7", "Talk Show Segments", "Talk Shows", DataFileKind::TalkShows},
+};
+
+/// Shows that the program is at work, for as long as it lives.
+class BusyCursor
+{
+public:
+    BusyCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~BusyCursor() { QApplication::restoreOverrideCursor(); }
+    BusyCursor(const BusyCursor &) = delete;
+    BusyCursor &operator=(const BusyCursor &) = delete;
+    BusyCursor(BusyCursor &&) = delete;
+    BusyCursor &operator=(BusyCursor &&) = delete;
+};
+
+} // namespace
+
+Form2::Form2(Screens &screens) : Screen(kName), m_screens(screens), m_files(new QListWidget(this))
+{
+    addHiddenLabel("whatimport", QStringLiteral("Label2"));
+    addHeading("Label3", "Import");
+    auto *line = new QFrame(this);
+    line->setFrameShape(QFrame::HLine);
+    add(line, "Line1");
+    column().addWidget(line);
+    column().addWidget(FormGrid::newLabel(*this, "Label1", kKindPrompt));
+    addKindButtons();
+    addFileChoice();
+    column().addStretch();
+    addButtons();
+    goToKinds();
+    connect(this, &Screen::closeRequested, this, &Form2::close);
+}
+
+void Form2::addKindButtons()
+{
+    for (const KindRow &row : kKinds) {
+        QPushButton *button = newButton(row.button, row.caption);
+        column().addWidget(button);
+        connect(button, &QPushButton::clicked, this, [this, &row] {
+            goToFiles(QLatin1StringView(row.whatimport),
+                      QLatin1StringView(rowOf(row.kind).defaultName));
+        });
+    }
+}
+
+void Form2::addFileChoice()
+{
+    m_files->setAccessibleName(QLatin1StringView(kFilePrompt));
+    add(m_files, "File1");
+    column().addWidget(m_files, 1);
+    QLabel *prompt =
+        FormGrid::newLabel(*this, "Label2", "Which file do you want to import these into?");
+    column().addWidget(prompt);
+    auto *target = new TextBox;
+    target->setText(QStringLiteral("Text1"));
+    target->setAccessibleName(prompt->text());
+    prompt->setBuddy(target);
+    add(target, "Text1");
+    column().addWidget(target);
+}
+
+void Form2::addButtons()
+{
+    QPushButton *back = newButton("Command1", "Back");
+    QPushButton *cancel = newButton("Command9", "Cancel");
+    QPushButton *import = newButton("Command8", "Import");
+    auto *row = new QHBoxLayout;
+    row->addWidget(back);
+    row->addWidget(cancel);
+    row->addStretch();
+    row->addWidget(import);
+    column().addLayout(row);
+    connect(back, &QPushButton::clicked, this, &Form2::back);
+    connect(cancel, &QPushButton::clicked, this, &Form2::goToKinds);
+    connect(import, &QPushButton::clicked, this, &Form2::import);
+}
+
+void Form2::setShown(std::initializer_list<const char *> controls, bool shown)
+{
+    for (const char *name : controls) {
+        control(name).setVisible(shown);
+    }
+}
+
+void Form2::goToKinds()
+{
+    setText("Label1", QLatin1StringView(kKindPrompt));
+    setShown({"Command1", "Command2", "Command3", "Command4", "Command5", "Command6", "Command7"},
+             true);
+    setShown({"Command8", "Command9", "Text1", "Label2", "File1"}, false);
+}
+
+void Form2::goToFiles(const QString &kind, const QString &target)
+{
+    setText("whatimport", kind);
+    setShown({"Command1", "Command2", "Command3", "Command4", "Command5", "Command6", "Command7"},
+             false);
+    setText("Label1", QLatin1StringView(kFilePrompt));
+    refreshFiles();
+    setText("Text1", target);
+    setShown({"File1", "Label2", "Text1", "Command8", "Command9"}, true);
+    m_files->setFocus(Qt::OtherFocusReason);
+}
+
+void Form2::refreshFiles()
+{
+    const QListWidgetItem *selected = m_files->selectedItems().value(0);
+    const QString selectedName = selected != nullptr ? selected->text() : QString();
+    m_files->clear();
+    for (const QString &name : QDir().entryList(QDir::Files | QDir::Hidden, QDir::Name)) {
+        if (!isTvdName(name)) {
+            continue;
+        }
+        auto *item = new QListWidgetItem(name, m_files);
+        item->setSizeHint({0, kTargetHeight});
+        if (name == selectedName) {
+            m_files->setCurrentItem(item);
+        }
+    }
+}
+
+void Form2::back()
+{
+    m_screens.get<Form1>().replace(*this);
+}
+
+void Form2::close()
+{
+    goToKinds();
+    back();
+}
+
+void Form2::import()
+{
+    const QString target = text("Text1");
+    if (!isTvdName(target)) {
+        messagebox::notice(this, QStringLiteral("File Error!"),
+                           QStringLiteral("Filename to import into is blank or doesn't have a .tvd "
+                                          "extension."));
+        return;
+    }
+    importstatus = QStringLiteral("Yes");
+    const QListWidgetItem *selected = m_files->selectedItems().value(0);
+    if (!merge(selected != nullptr ? selected->text() : QString(), target)) {
+        return;
+    }
+    if (importstatus == QLatin1StringView("Yes")) {
+        messagebox::notice(this, QLatin1StringView(kTitle), QStringLiteral("Import Complete."));
+    }
+    goToKinds();
+}
+
+bool Form2::merge(const QString &source, const QString &target)
+{
+    const QString chosen = text("whatimport");
+    const auto *row = std::find_if(std::begin(kKinds), std::end(kKinds), [&](const KindRow &kind) {
+        return chosen == QLatin1StringView(kind.whatimport);
+    });
+    if (row == std::end(kKinds)) {
+        return true;
+    }
+    if (source.isEmpty()) {
+        messagebox::notice(this, QLatin1StringView(kTitle), failures::noSource());
+        return false;
+    }
+    std::optional<ImportFailure> failure;
+    {
+        const BusyCursor busy;
+        failure = importRecords({source, target, row->kind}, [this](const QString &message) {
+            QApplication::changeOverrideCursor(Qt::ArrowCursor);
+            messagebox::notice(this, QStringLiteral("Match Duplication"), message);
+            QApplication::changeOverrideCursor(Qt::WaitCursor);
+        });
+    }
+    if (failure) {
+        messagebox::notice(this, QLatin1StringView(kTitle),
+                           failures::notImported(failure->file, failure->error));
+    }
+    return !failure;
+}
+
+} // namespace tarvold

@@ -25,6 +25,8 @@ constexpr char kTitle[] = "Import";
 constexpr char kKindPrompt[] = "What would you like to import?";
 constexpr char kFilePrompt[] = "Which file would you like to import from?";
 
+constexpr int kKindButtonWidth = 40; ///< in characters, so that all six are alike
+
 struct KindRow
 {
     const char *button;
@@ -78,7 +80,8 @@ void Form2::addKindButtons()
 {
     for (const KindRow &row : kKinds) {
         QPushButton *button = newButton(row.button, row.caption);
-        column().addWidget(button);
+        button->setMinimumWidth(fontMetrics().averageCharWidth() * kKindButtonWidth);
+        column().addWidget(button, 0, Qt::AlignLeft);
         connect(button, &QPushButton::clicked, this, [this, &row] {
             goToFiles(QLatin1StringView(row.whatimport),
                       QLatin1StringView(rowOf(row.kind).defaultName));

@@ -4,7 +4,9 @@
 #include "endings/commentary_line.h"
 #include "endings/ending_entry.h"
 #include "endings/normal_commentary.h"
+#include "segments/segment_flow.h"
 #include "shell/fonts.h"
+#include "stipulations/stipulation_form.h"
 
 #include <QApplication>
 #include <QDir>
@@ -19,6 +21,24 @@ QPalette darkPalette()
     palette.setColor(QPalette::Base, QColor(0x20, 0x20, 0x20));
     palette.setColor(QPalette::Highlight, QColor(0x3D, 0x8E, 0xC9));
     return palette;
+}
+
+constexpr const char *kScreens[] = {"Form1",  "Form4",  "Form5",  "Form6",  "Form7",  "Form8",
+                                    "Form9",  "Form10", "Form11", "Form12", "Form13", "Form14",
+                                    "Form15", "Form16", "Form17", "Form2",  "Form3"};
+
+/// Gives the screens something to show.
+void prepare(tarvold::Screens &screens)
+{
+    using namespace tarvold;
+    for (const MatchEnding kind : {MatchEnding::RunIn, MatchEnding::Turn, MatchEnding::Normal}) {
+        endingentry::enter(screens, kind);
+    }
+    segmentflow::enterInterview(screens);
+    segmentflow::enterTalkShow(screens);
+    screens.setText({"Form7", "Text1"}, QStringLiteral("<att1fullname> wins it."));
+    screens.get<Form7>().control<CommentaryLine>("Text2").setMarked(true);
+    screens.get<Form3>().showDefaults(StipulationTable());
 }
 
 } // namespace
@@ -38,18 +58,16 @@ int main(int argc, char *argv[])
     const QDir folder(arguments.value(1, QStringLiteral(".")));
     Editor editor;
     editor.start();
-    endingentry::enter(editor.screens(), MatchEnding::Normal);
-    editor.screens().setText({"Form7", "Text1"}, QStringLiteral("<att1fullname> wins it."));
-    editor.screens().get<Form7>().control<CommentaryLine>("Text2").setMarked(true);
-    for (const char *name : {"Form1", "Form4", "Form5", "Form6", "Form7", "Form16", "Form3"}) {
+    prepare(editor.screens());
+    for (const char *name : kScreens) {
         Screen &screen = editor.screens()[name];
         screen.show();
         if (!QTest::qWaitForWindowExposed(&screen)) {
-            return 1;
+            return EXIT_FAILURE;
         }
         QTest::qWait(50);
         screen.grab().save(folder.filePath(screen.objectName() + QStringLiteral(".png")));
         screen.hide();
     }
-    return 0;
+    return EXIT_SUCCESS;
 }

@@ -4,6 +4,7 @@
 #include "datafiles/import_merge.h"
 #include "shell/failures.h"
 #include "shell/form_grid.h"
+#include "shell/list_box.h"
 #include "shell/main_menu.h"
 #include "shell/message_box.h"
 #include "shell/screens.h"
@@ -12,8 +13,8 @@
 #include <QApplication>
 #include <QDir>
 #include <QFrame>
-#include <QListWidget>
 #include <QPushButton>
+#include <QStringListModel>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -59,7 +60,11 @@ public:
 
 } // namespace
 
-Form2::Form2(Screens &screens) : Screen(kName), m_screens(screens), m_files(new QListWidget(this))
+Form2::Form2(Screens &screens)
+    : Screen(kName)
+    , m_screens(screens)
+    , m_names(new QStringListModel(this))
+    , m_files(new ListBox(this))
 {
     addHiddenLabel("whatimport", QStringLiteral("Label2"));
     addHeading("Label3", "Import");
@@ -91,6 +96,7 @@ void Form2::addKindButtons()
 
 void Form2::addFileChoice()
 {
+    m_files->setModel(m_names);
     m_files->setAccessibleName(QLatin1StringView(kFilePrompt));
     add(m_files, "File1");
     column().addWidget(m_files, 1);
@@ -150,19 +156,19 @@ void Form2::goToFiles(const QString &kind, const QString &target)
 
 void Form2::refreshFiles()
 {
-    const QListWidgetItem *selected = m_files->selectedItems().value(0);
-    const QString selectedName = selected != nullptr ? selected->text() : QString();
-    m_files->clear();
-    for (const QString &name : QDir().entryList(QDir::Files | QDir::Hidden, QDir::Name)) {
-        if (!isTvdName(name)) {
-            continue;
-        }
-        auto *item = new QListWidgetItem(name, m_files);
-        item->setSizeHint({0, kTargetHeight});
-        if (name == selectedName) {
-            m_files->setCurrentItem(item);
-        }
+    const QString selected = selectedFile();
+    QStringList names = QDir().entryList(QDir::Files | QDir::Hidden, QDir::Name);
+    names.removeIf([](const QString &name) { return !isTvdName(name); });
+    m_names->setStringList(names);
+    if (const qsizetype row = names.indexOf(selected); row >= 0) {
+        m_files->setCurrentIndex(m_names->index(static_cast<int>(row)));
     }
+}
+
+QString Form2::selectedFile() const
+{
+    const auto row = m_files->selectedRow();
+    return row ? m_names->stringList().at(*row) : QString();
 }
 
 void Form2::back()
@@ -186,8 +192,7 @@ void Form2::import()
         return;
     }
     importstatus = QStringLiteral("Yes");
-    const QListWidgetItem *selected = m_files->selectedItems().value(0);
-    if (!merge(selected != nullptr ? selected->text() : QString(), target)) {
+    if (!merge(selectedFile(), target)) {
         return;
     }
     if (importstatus == QLatin1StringView("Yes")) {

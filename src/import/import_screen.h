@@ -2,10 +2,11 @@
 
 #include "shell/screen.h"
 
-class QListWidget;
+class QStringListModel;
 
 namespace tarvold {
 
+class ListBox;
 class Screens;
 
 /// The import: first the kind of record, then the file to import from and the one to import into.
@@ -24,6 +25,8 @@ private:
     void goToKinds();
     void goToFiles(const QString &kind, const QString &target);
     void refreshFiles();
+    /// The name of the selected file; an empty one when none is selected.
+    QString selectedFile() const;
     void back();
     void close();
     void import();
@@ -31,7 +34,8 @@ private:
     void setShown(std::initializer_list<const char *> controls, bool shown);
 
     Screens &m_screens;
-    QListWidget *m_files;
+    QStringListModel *m_names;
+    ListBox *m_files;
     QString importstatus; ///< "Yes" once a target name has passed its check; never cleared
 };
 

@@ -4,6 +4,7 @@
 #include "datafiles/data_file_kind.h"
 #include "datafiles/file_name.h"
 #include "shell/failures.h"
+#include "shell/list_box.h"
 #include "shell/main_menu.h"
 #include "shell/message_box.h"
 #include "shell/screens.h"
@@ -12,7 +13,6 @@
 
 #include <QFrame>
 #include <QLabel>
-#include <QListView>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -28,7 +28,7 @@ Form16::Form16(Screens &screens)
     : Screen(kName)
     , m_screens(screens)
     , m_model(new StipulationListModel(m_stipulations, this))
-    , m_list(new QListView(this))
+    , m_list(new ListBox(this))
 {
     addHiddenLabel("listpos");
     addHeading("Label3", "Stipulations Editor");
@@ -48,8 +48,6 @@ void Form16::addList()
     add(prompt, "Label4");
     column().addWidget(prompt);
     m_list->setModel(m_model);
-    m_list->setUniformItemSizes(true);
-    m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_list->setAccessibleName(QStringLiteral("Match stipulations"));
     add(m_list, "List1");
     column().addWidget(m_list, 1);
@@ -130,14 +128,12 @@ void Form16::createNew()
 
 std::optional<QByteArray> Form16::selectedEntry()
 {
-    const QModelIndexList selected = m_list->selectionModel()->selectedIndexes();
-    const QByteArray entry = selected.isEmpty() ? QByteArray() : m_model->entry(selected[0].row());
-    if (entry.isEmpty()) {
-        messagebox::notice(this, QStringLiteral("Stipulation Editor"),
-                           QStringLiteral("Please select a match stipulation from the list."));
-        return std::nullopt;
+    if (const auto row = m_list->selectedRow()) {
+        return m_model->entry(*row);
     }
-    return entry;
+    messagebox::notice(this, QStringLiteral("Stipulation Editor"),
+                       QStringLiteral("Please select a match stipulation from the list."));
+    return std::nullopt;
 }
 
 void Form16::locate(const QByteArray &entry)

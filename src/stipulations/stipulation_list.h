@@ -3,11 +3,10 @@
 #include "datafiles/stipulation_table.h"
 #include "shell/screen.h"
 
-class QListView;
-
 namespace tarvold {
 
 class Form3;
+class ListBox;
 class Screens;
 class StipulationListModel;
 
@@ -49,7 +48,7 @@ private:
     Screens &m_screens;
     StipulationTable m_stipulations;
     StipulationListModel *m_model;
-    QListView *m_list;
+    ListBox *m_list;
 };
 
 } // namespace tarvold

@@ -2,9 +2,6 @@
 
 #include "datafiles/code_page.h"
 #include "datafiles/stipulation_table.h"
-#include "shell/text_box.h"
-
-#include <QSize>
 
 namespace tarvold {
 
@@ -33,14 +30,7 @@ int StipulationListModel::rowCount(const QModelIndex &parent) const
 
 QVariant StipulationListModel::data(const QModelIndex &index, int role) const
 {
-    switch (role) {
-    case Qt::DisplayRole:
-        return codepage::decode(entry(index.row()));
-    case Qt::SizeHintRole:
-        return QSize(0, kTargetHeight);
-    default:
-        return {};
-    }
+    return role == Qt::DisplayRole ? codepage::decode(entry(index.row())) : QVariant();
 }
 
 } // namespace tarvold

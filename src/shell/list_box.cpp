@@ -1,0 +1,45 @@
+#include "shell/list_box.h"
+
+#include "shell/text_box.h"
+
+#include <QStyledItemDelegate>
+
+namespace tarvold {
+namespace {
+
+/// Rows that are tall enough to be hit.
+class TallRows : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        return QStyledItemDelegate::sizeHint(option, index).expandedTo({0, kTargetHeight});
+    }
+};
+
+} // namespace
+
+ListBox::ListBox(QWidget *parent) : QListView(parent)
+{
+    setItemDelegate(new TallRows(this));
+    setUniformItemSizes(true);
+    setEditTriggers(NoEditTriggers);
+}
+
+std::optional<int> ListBox::selectedRow() const
+{
+    const QModelIndexList selected = selectionModel()->selectedIndexes();
+    return selected.isEmpty() ? std::nullopt : std::optional(selected.front().row());
+}
+
+void ListBox::focusInEvent(QFocusEvent *event)
+{
+    QListView::focusInEvent(event);
+    if (selectionModel() != nullptr && !selectionModel()->hasSelection()) {
+        selectionModel()->clearCurrentIndex();
+    }
+}
+
+} // namespace tarvold

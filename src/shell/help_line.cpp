@@ -2,7 +2,7 @@
 
 #include "shell/combo_box.h"
 
-#include <QEvent>
+#include <QFocusEvent>
 #include <QLineEdit>
 
 namespace tarvold {
@@ -10,6 +10,13 @@ namespace {
 
 /// What the longest help of any screen needs at the usual window size.
 constexpr int kLeastLines = 4;
+
+/// Whether the focus came to a field; not: came back from its own list.
+bool isEntry(const QEvent &event)
+{
+    return event.type() == QEvent::FocusIn &&
+           static_cast<const QFocusEvent &>(event).reason() != Qt::PopupFocusReason;
+}
 
 } // namespace
 
@@ -65,7 +72,7 @@ bool HelpLine::eventFilter(QObject *watched, QEvent *event)
 {
     if (const auto found = m_helps.constFind(watched); found != m_helps.constEnd()) {
         const bool clicked = event->type() == QEvent::MouseButtonPress;
-        if (event->type() == QEvent::FocusIn || (clicked && found->on == HelpOn::FocusAndClick)) {
+        if (isEntry(*event) || (clicked && found->on == HelpOn::FocusAndClick)) {
             setText(found->text);
         }
     }

@@ -1,0 +1,133 @@
+#include "support/commentary_test.h"
+
+namespace tarvold::testing {
+namespace {
+
+/// A refusal that only a singles feud brings.
+RefusalRow singlesRefusal(const char *message)
+{
+    return {
+        {"Form12", "Combo3"},
+        message,
+        "Tarvold Data Editor",
+        {QStringLiteral("Singles")},
+        {QStringLiteral("Tag Team"), QStringLiteral("singles"), QStringLiteral("Singles "), {}}};
+}
+
+const RefusalRow kThird =
+    singlesRefusal("Wrestler 3 can only be involved if the Feud Type is Tag Team.");
+const RefusalRow kFourth =
+    singlesRefusal("Wrestler 4 can only be involved if the Feud Type is Tag Team.");
+const RefusalRow kTeams =
+    singlesRefusal("Tag Teams can only be involved if the Feud Type is Tag Team.");
+
+const TagRow kTags[] = {
+    {"Wrestler 1 Long Name", "<wrestler1longname>"},
+    {"Wrestler 1 Short Name", "<wrestler1shortname>"},
+    {"Wrestler 2 Long Name", "<wrestler2longname>"},
+    {"Wrestler 2 Short Name", "<wrestler2shortname>"},
+    {"Wrestler 3 Long Name", "<wrestler3longname>", &kThird},
+    {"Wrestler 3 Short Name", "<wrestler3shortname>", &kThird},
+    {"Wrestler 4 Long Name", "<wrestler4longname>", &kFourth},
+    {"Wrestler 4 Short Name", "<wrestler4shortname>", &kFourth},
+    {"Tag Team 1", "<tagteam1>", &kTeams},
+    {"Tag Team 2", "<tagteam2>", &kTeams},
+    {"Interviewer Name", "<interviewer>"},
+    {"Town Name", "<town>"},
+};
+
+class InterviewCommentary : public CommentaryTest
+{
+protected:
+    InterviewCommentary() : CommentaryTest(kInterviewPath) {}
+};
+
+TEST_F(InterviewCommentary, BearsItsFixedTextsAndStartsEmptyAndWhite)
+{
+    expectFixedTexts("THE INTERVIEW SEGMENT",
+                     "Here you have up to 10 lines of commentary which you can type in for this "
+                     "interview segment. Where specific details are needed, such as a wrestler's "
+                     "name, click on the list above to insert the relevant code.",
+                     "Add This Interview Segment");
+}
+
+TEST_F(InterviewCommentary, OffersItsTwelveItemsInOrder)
+{
+    ASSERT_EQ(std::size(kTags), 12U);
+    expectList(kTags);
+    EXPECT_EQ(line("Combo1"), QStringLiteral("Wrestler 1 Long Name"));
+}
+
+TEST_F(InterviewCommentary, EveryItemInsertsItsTagWhateverTheFeudButSingles)
+{
+    expectEveryTagInserted(kTags);
+}
+
+TEST_F(InterviewCommentary, ATagTeamFeudAllowsAllTwelveItems)
+{
+    press("Form13", "Command2");
+    fill("Form12", {{"Combo3", QStringLiteral("Tag Team")}});
+    press("Form12", "Command2");
+    for (const TagRow &row : kTags) {
+        EXPECT_EQ(insertedBy(row.item), QLatin1StringView(row.tag));
+    }
+}
+
+TEST_F(InterviewCommentary, ASinglesFeudRefusesSixItemsAndInsertsThePendingTagAgain)
+{
+    expectEveryRefusal(kTags);
+}
+
+TEST_F(InterviewCommentary, ARefusedTeamInsertsNothingWhenNoTagWasEverChosen)
+{
+    EXPECT_EQ(text("Form12", "Combo3"), QStringLiteral("Singles"));
+    typeLine("Text6", QStringLiteral("Here come "));
+    expectRefusal(kTeams);
+    chooseTag("Tag Team 2");
+    EXPECT_EQ(line("Text6"), QStringLiteral("Here come "));
+    chooseTag("Town Name");
+    expectRefusal(kTeams);
+    chooseTag("Tag Team 2");
+    EXPECT_EQ(line("Text6"), QStringLiteral("Here come <town><town>"));
+}
+
+TEST_F(InterviewCommentary, TheInterviewerIsAllowedWhereThereIsNone)
+{
+    press("Form13", "Command2");
+    fill("Form12", {{"Combo1", QStringLiteral("No")}});
+    press("Form12", "Command2");
+    EXPECT_EQ(insertedBy("Interviewer Name"), QStringLiteral("<interviewer>"));
+}
+
+TEST_F(InterviewCommentary, ATagChosenWhileNoLineIsMarkedIsOnlyRemembered)
+{
+    expectRememberedWhenNothingIsMarked(kTags[0], kTags[11]);
+}
+
+TEST_F(InterviewCommentary, RefusesToAddWithoutAFirstLine)
+{
+    expectEmptyFirstLineIsRefused();
+}
+
+TEST_F(InterviewCommentary, DecliningTheQuestionWritesNothingAndLeavesTheScreenAsItWas)
+{
+    expectNoWritesNothing();
+}
+
+TEST_F(InterviewCommentary, AFirstLineOfOneSpaceIsSaved)
+{
+    expectOneSpaceIsSaved();
+}
+
+TEST_F(InterviewCommentary, NothingIsClearedByASave)
+{
+    expectNothingIsClearedByASave();
+}
+
+TEST_F(InterviewCommentary, TheFileIsTheOneNamedAtTheMomentOfSaving)
+{
+    expectTheFileBoxCountsWhenSaving();
+}
+
+} // namespace
+} // namespace tarvold::testing

@@ -1,0 +1,206 @@
+#include "segments/interview_details.h"
+#include "support/field_checks.h"
+#include "support/heat_test.h"
+#include "support/spoken.h"
+
+#include <QPushButton>
+#include <QScrollBar>
+
+namespace tarvold::testing {
+namespace {
+
+/// The scroll bar apart.
+const ExpectedFields kFields = {
+    {"Combo3",
+     "Label2",
+     "Type of Feud",
+     {"Singles", "Tag Team"},
+     "Singles",
+     false,
+     "Type Of Feud ~ Specify whether this segment involves 2 feuding wrestlers, or 2 feuding tag "
+     "teams."},
+    {"Combo1",
+     "Label3",
+     "Interviewer?",
+     {"Yes", "No", "N/A"},
+     "N/A",
+     false,
+     "Interviewer ~ If you involve an interviewer in this segment, choose Yes. If you require "
+     "there not to be an interviewer, choose No. If it doesn't matter, choose N/A."},
+    {"Combo2",
+     "Label4",
+     "Televised?",
+     {"Yes", "No", "N/A"},
+     "N/A",
+     false,
+     "Televised ~ If you only want this to happen on a televised show, choose Yes (eg. for "
+     "backstage interviews - fans at non-televised shows wouldn't see). If it doesn't matter, "
+     "choose N/A."},
+    {"Combo7",
+     "Label5",
+     "Disposition Of Side 1",
+     {"Face", "Heel", "Any"},
+     "Any",
+     false,
+     "Disposition of Side 1 ~ Side 1 of the feud will be the wrestler/tag team who is being "
+     "interviewed. If you are writing for a face or heel specifically, you can choose that option "
+     "here. If not, choose Any."},
+    {"Combo6",
+     "Label6",
+     "Disposition Of Side 2",
+     {"Face", "Heel", "Any"},
+     "Any",
+     false,
+     "Disposition of Side 2 ~ Side 2 of the feud will be the wrestler/tag team who interupts the "
+     "interview in some way. They may not even be involved. If you are writing for a face or heel "
+     "specifically, you can choose that option here. If not, choose Any."},
+    {"Text2",
+     "Label7",
+     "Side 1 Wrestler Name(s)",
+     {},
+     "Any",
+     false,
+     "Side 1 Wrestler Name(s) ~ Here you can specify a certain wrestler this should be used for. "
+     "If Singles, type the wrestler's name. If a specific tag team, type both wrestler's names "
+     "separated by a comma (eg. Dex Vance,Rocco Vance). If this isn't specific to a wrestler or "
+     "team, choose Any."},
+    {"Text1",
+     "Label9",
+     "Side 2 Wrestler Name(s)",
+     {},
+     "Any",
+     false,
+     "Side 2 Wrestler Name(s) ~ Here you can specify a certain wrestler this should be used for. "
+     "If Singles, type the wrestler's name. If a specific tag team, type both wrestler's names "
+     "separated by a comma (eg. Dex Vance,Rocco Vance). If this isn't specific to a wrestler or "
+     "team, choose Any."},
+    {"Combo4",
+     "Label10",
+     "Gender of Feuding Wrestlers",
+     {"Male", "Female", "Any"},
+     "Any",
+     false,
+     "Gender of Feuding Wrestlers ~ You can specify this interview to only be used with male "
+     "wrestlers, or only with female wrestlers. If the gender doesn't matter, choose 'Any'."},
+};
+
+class InterviewDetails : public HeatTest
+{
+protected:
+    InterviewDetails() : HeatTest(kInterviewPath, "Form12") {}
+};
+
+TEST_F(InterviewDetails, BearsItsCaptionHeadingAndButtons)
+{
+    EXPECT_EQ(screen("Form12").windowTitle(), QStringLiteral("Tarvold 1.3 Data Editor"));
+    EXPECT_EQ(text("Form12", "Label1"), QStringLiteral("INTERVIEW SEGMENT DETAILS"));
+    EXPECT_EQ(screen("Form12").control<QPushButton>("Command1").text(), QStringLiteral("<<"));
+    EXPECT_EQ(screen("Form12").control<QPushButton>("Command2").text(), QStringLiteral(">>"));
+}
+
+TEST_F(InterviewDetails, FieldsHaveTheirCaptionsAndLists)
+{
+    expectFields(screen("Form12"), kFields);
+    EXPECT_EQ(text("Form12", "Label11"), QStringLiteral("Feud Heat Increase"));
+    expectReadingOrder(screen("Form12"));
+}
+
+TEST_F(InterviewDetails, EntryGivesItsValues)
+{
+    expectFreshTexts(screen("Form12"), kFields);
+    EXPECT_EQ(bar().value(), 10);
+    EXPECT_EQ(shown(), QStringLiteral("10%"));
+}
+
+TEST_F(InterviewDetails, AFieldShowsItsHelpWhenTabReachesIt)
+{
+    expectHelpOnFocus(screen("Form12"), "Label13", kFields);
+    tabTo(screen("Form12"), "HScroll1");
+    EXPECT_EQ(text("Form12", "Label13"),
+              QStringLiteral("Feud Heat Increase ~ This is how much the feud bar will increase "
+                             "when this interview segment happens."));
+}
+
+TEST_F(InterviewDetails, AClickInAFieldThatHasTheFocusShowsNoHelp)
+{
+    expectHelpOnClick(screen("Form12"), "Label13", kFields);
+}
+
+TEST_F(InterviewDetails, BeforeItsFirstUseItHasNoHelpAndAHundredPercent)
+{
+    Screens screens;
+    const Form12 untouched(screens);
+    EXPECT_EQ(untouched.text("Label13"), QString());
+    EXPECT_EQ(untouched.text("Label8"), QStringLiteral("100%"));
+}
+
+TEST_F(InterviewDetails, TheHeatIsShownWithoutABlank)
+{
+    fill("Form12", {{"HScroll1", QStringLiteral("25")}});
+    EXPECT_EQ(shown(), QStringLiteral("25%"));
+}
+
+TEST_F(InterviewDetails, TheHeatLabelFollowsADraggedThumbOnlyWhenItIsLetGo)
+{
+    expectLabelFollowsOnlyWhenLetGo(QStringLiteral("10%"), QStringLiteral("100%"));
+}
+
+TEST_F(InterviewDetails, TheHeatMovesInStepsOfOne)
+{
+    expectStepsOfOne();
+}
+
+TEST_F(InterviewDetails, TheHeatStaysBetweenOneAndAHundred)
+{
+    expectStaysInRange();
+}
+
+TEST_F(InterviewDetails, NamesLeftEmptyAreAnyWhenTheAuthorComesBack)
+{
+    fill("Form12", {{"Text1", {}}, {"Text2", {}}});
+    press("Form12", "Command2");
+    expectOnly("Form13");
+    press("Form13", "Command2");
+    expectOnly("Form12");
+    expectTexts("Form12", {{"Text1", QStringLiteral("Any")}, {"Text2", QStringLiteral("Any")}});
+}
+
+TEST_F(InterviewDetails, ANameOfOnlySpacesIsKept)
+{
+    const std::vector<Entry> spaces = {{"Text1", QStringLiteral(" ")},
+                                       {"Text2", QStringLiteral("   ")}};
+    fill("Form12", spaces);
+    press("Form12", "Command2");
+    expectTexts("Form12", spaces);
+}
+
+TEST_F(InterviewDetails, ATagTeamFeudWithASingleNameIsAccepted)
+{
+    const std::vector<Entry> odd = {{"Combo3", QStringLiteral("Tag Team")},
+                                    {"Text2", QStringLiteral("Rocco Vance")}};
+    fill("Form12", odd);
+    press("Form12", "Command2");
+    expectOnly("Form13");
+    expectTexts("Form12", odd);
+}
+
+TEST_F(InterviewDetails, AnsweringNoToTheReturnQuestionKeepsTheScreenAndAllValues)
+{
+    const std::vector<Entry> chosen = {{"Combo3", QStringLiteral("Tag Team")},
+                                       {"Combo1", QStringLiteral("Yes")},
+                                       {"Combo2", QStringLiteral("No")},
+                                       {"Combo7", QStringLiteral("Face")},
+                                       {"Combo6", QStringLiteral("Heel")},
+                                       {"Text2", QStringLiteral("Rocco")},
+                                       {"Text1", {}},
+                                       {"Combo4", QStringLiteral("Male")},
+                                       {"HScroll1", QStringLiteral("12")}};
+    fill("Form12", chosen);
+    expectReturnQuestion(Answer::No);
+    press("Form12", "Command1");
+    expectOnly("Form12");
+    expectTexts("Form12", chosen);
+}
+
+} // namespace
+} // namespace tarvold::testing

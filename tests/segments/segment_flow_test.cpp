@@ -1,0 +1,213 @@
+#include "support/flow_test.h"
+
+#include <QDir>
+
+namespace tarvold::testing {
+namespace {
+
+/// A segment flow and what its button leaves in the controls.
+struct SegmentRow
+{
+    const FlowPath *flow;
+    std::vector<Entry> details;
+    const char *tag;    ///< shown by the tag list
+    const char *choice; ///< an item of it that is never refused
+    const char *inserted;
+};
+
+const QString kAny = QStringLiteral("Any");
+const QString kNa = QStringLiteral("N/A");
+
+const SegmentRow kSegments[] = {
+    {&kInterviewPath,
+     {{"Combo3", QStringLiteral("Singles")},
+      {"Combo1", kNa},
+      {"Combo2", kNa},
+      {"Combo7", kAny},
+      {"Combo6", kAny},
+      {"Combo4", kAny},
+      {"Text2", kAny},
+      {"Text1", kAny},
+      {"HScroll1", QStringLiteral("10")},
+      {"Label8", QStringLiteral("10%")}},
+     "Wrestler 1 Long Name",
+     "Town Name",
+     "<town>"},
+    {&kTalkShowPath,
+     {{"Text3", kAny},
+      {"Combo1", kAny},
+      {"Text4", kAny},
+      {"Text5", kAny},
+      {"Combo7", kAny},
+      {"Text1", kAny},
+      {"Combo2", kAny},
+      {"Combo3", kAny},
+      {"HScroll1", QStringLiteral("10")},
+      {"Label8", QStringLiteral("10%")}},
+     "Host Name",
+     "Guest 2 Short Name",
+     "<guest2shortname>"},
+};
+
+void PrintTo(const SegmentRow &row, std::ostream *out)
+{
+    *out << row.tag;
+}
+
+class SegmentFlow : public FlowTest, public ::testing::WithParamInterface<SegmentRow>
+{
+protected:
+    const FlowPath &flow() { return *GetParam().flow; }
+    const char *details() { return flow().screens.front(); }
+    const char *commentary() { return flow().screens.back(); }
+
+    bool anyLineIsYellow()
+    {
+        for (int line = 1; line <= 10; ++line) {
+            const QByteArray box = "Text" + QByteArray::number(line);
+            const QPalette colours = control(commentary(), box.constData()).palette();
+            if (colours.color(QPalette::Base) != QColor(Qt::white)) {
+                return true;
+            }
+        }
+        return false;
+    }
+};
+
+TEST_P(SegmentFlow, EntryResetsEverythingWhateverTheLastOneLeft)
+{
+    for (const Entry &entry : GetParam().details) {
+        const bool isBar = qstrcmp(entry.control, "HScroll1") == 0;
+        given(details(), entry.control, isBar ? QStringLiteral("77") : QStringLiteral("changed"));
+    }
+    goToCommentary(flow());
+    for (int line = 1; line <= 10; ++line) {
+        const QByteArray box = "Text" + QByteArray::number(line);
+        type(commentary(), box.constData(), QStringLiteral("changed"));
+    }
+    choose(commentary(), "Combo1", QLatin1StringView(GetParam().choice));
+    goBack(flow());
+    goTo(flow(), details());
+    expectTexts(details(), GetParam().details);
+    press(details(), "Command2");
+    EXPECT_EQ(text(commentary(), "Combo1"), QLatin1StringView(GetParam().tag));
+    for (int line = 1; line <= 10; ++line) {
+        const QByteArray box = "Text" + QByteArray::number(line);
+        EXPECT_EQ(text(commentary(), box.constData()), QString()) << line;
+    }
+    EXPECT_FALSE(anyLineIsYellow());
+}
+
+TEST_P(SegmentFlow, EntryKeepsTheLastAcceptedTag)
+{
+    goToCommentary(flow());
+    choose(commentary(), "Combo1", QLatin1StringView(GetParam().choice));
+    goBack(flow());
+    goToCommentary(flow());
+    EXPECT_EQ(text(commentary(), "hiddenlabel"), QLatin1StringView(GetParam().inserted));
+}
+
+TEST_P(SegmentFlow, EntryTouchesNoOtherFlow)
+{
+    given("Form4", "Text2", QStringLiteral("Ladder Match"));
+    goTo(flow(), details());
+    EXPECT_EQ(text("Form4", "Text2"), QStringLiteral("Ladder Match"));
+    EXPECT_EQ(text("Form1", "matchreports"), QStringLiteral("normal"));
+}
+
+TEST_P(SegmentFlow, LeadsFromTheDetailsToTheCommentaryWhateverTheFlowLabel)
+{
+    for (const char *label : {"normal", "feuds", "turns"}) {
+        given("Form1", "matchreports", QLatin1StringView(label));
+        goToCommentary(flow());
+        goBack(flow());
+    }
+}
+
+TEST_P(SegmentFlow, BackFromTheCommentaryAsksNothingAndKeepsTheLines)
+{
+    goToCommentary(flow());
+    type(commentary(), "Text3", QStringLiteral("Third."));
+    press(commentary(), "Command2");
+    expectOnly(details());
+    press(details(), "Command2");
+    EXPECT_EQ(text(commentary(), "Text3"), QStringLiteral("Third."));
+}
+
+TEST_P(SegmentFlow, BackFromTheDetailsAsksAndClearsNothing)
+{
+    goTo(flow(), details());
+    type(details(), "Text1", QStringLiteral("Rocco Vance"));
+    expectReturnQuestion(Answer::No);
+    press(details(), "Command1");
+    expectOnly(details());
+    leave(flow());
+    EXPECT_EQ(text(details(), "Text1"), QStringLiteral("Rocco Vance"));
+}
+
+TEST_P(SegmentFlow, ClosingAWindowAsksAndYesLeadsToTheMainMenu)
+{
+    for (const char *step : flow().screens) {
+        goTo(flow(), step);
+        expectReturnQuestion(Answer::No);
+        screen(step).close();
+        boxes.checkAllCame();
+        expectOnly(step);
+        expectReturnQuestion(Answer::Yes);
+        screen(step).close();
+        boxes.checkAllCame();
+        expectOnly("Form1");
+    }
+}
+
+TEST_P(SegmentFlow, SavesAfterARefusalAndADeclinedQuestion)
+{
+    goToCommentary(flow());
+    boxes.expectNotice(title(), QLatin1StringView(flow().missing));
+    press(commentary(), "Command1");
+    type(commentary(), "Text1", QStringLiteral("The end."));
+    boxes.expectQuestion(title(), QLatin1StringView(flow().question), Answer::No);
+    press(commentary(), "Command1");
+    expectOnly(commentary());
+    EXPECT_TRUE(QDir().isEmpty());
+    save(flow());
+    EXPECT_EQ(QDir().entryList(QDir::Files), QStringList{QLatin1StringView(flow().file)});
+    EXPECT_EQ(bytesOf(QLatin1StringView(flow().file)).count("\r\n"), 19);
+}
+
+TEST_P(SegmentFlow, TheFileBoxMayChangeBetweenTwoSaves)
+{
+    goToCommentary(flow());
+    type(commentary(), "Text1", QStringLiteral("First."));
+    save(flow());
+    type("Form1", flow().fileBox, QStringLiteral("other.tvd"));
+    goToCommentary(flow());
+    type(commentary(), "Text1", QStringLiteral("Second."));
+    save(flow());
+    EXPECT_TRUE(bytesOf(QLatin1StringView(flow().file)).contains("\r\nFirst.\r\n"));
+    EXPECT_TRUE(bytesOf(QStringLiteral("other.tvd")).contains("\r\nSecond.\r\n"));
+    EXPECT_EQ(bytesOf(QStringLiteral("other.tvd")).count("\r\n"), 19);
+}
+
+TEST_P(SegmentFlow, AFileThatCannotBeOpenedIsToldOfAndNothingTypedIsLost)
+{
+    goToCommentary(flow());
+    type(commentary(), "Text1", QStringLiteral("The end."));
+    given("Form1", flow().fileBox, QStringLiteral("no such folder/file.tvd"));
+    QString told;
+    boxes.expectQuestion(title(), QLatin1StringView(flow().question), Answer::Yes);
+    boxes.catchNotice(title(), &told);
+    press(commentary(), "Command1");
+    EXPECT_TRUE(told.contains(QStringLiteral("no such folder/file.tvd")));
+    expectOnly(commentary());
+    EXPECT_EQ(text(commentary(), "Text1"), QStringLiteral("The end."));
+    EXPECT_TRUE(QDir().isEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Segments, SegmentFlow, ::testing::ValuesIn(kSegments),
+                         [](const auto &info) {
+                             return info.index == 0 ? "Interview" : "TalkShow";
+                         });
+
+} // namespace
+} // namespace tarvold::testing

@@ -139,6 +139,7 @@ TEST_F(EndingFlows, ChoosingAMatchTypeShowsNoHelp)
 {
     for (const FlowPath *flow : {&kRunInPath, &kTurnPath}) {
         goTo(*flow, "Form4");
+        expectActive(screen("Form4"));
         control("Form4", "Combo12").setFocus(Qt::TabFocusReason);
         given("Form4", "Label2", QStringLiteral("what was shown before"));
         choose("Form4", "Combo12", QStringLiteral("Women's Match"));

@@ -67,7 +67,8 @@ TEST_F(TurnDetails, BearsItsCaptionHeadingAndButtons)
 TEST_F(TurnDetails, FieldsHaveTheirCaptionsAndLists)
 {
     expectFields(screen("Form10"), kFields);
-    expectReadingOrder(screen("Form10"));
+    expectStops("Form10", {"Combo1", "Combo2", "Combo3", "Combo4", "Combo5", "Combo6", "Combo7",
+                           "Command1", "Command2"});
 }
 
 TEST_F(TurnDetails, EntryGivesItsValues)

@@ -102,7 +102,8 @@ TEST_F(InterviewDetails, FieldsHaveTheirCaptionsAndLists)
 {
     expectFields(screen("Form12"), kFields);
     EXPECT_EQ(text("Form12", "Label11"), QStringLiteral("Feud Heat Increase"));
-    expectReadingOrder(screen("Form12"));
+    expectStops("Form12", {"Combo3", "Combo1", "Combo2", "Combo7", "Combo6", "Text2", "Text1",
+                           "Combo4", "HScroll1", "Command1", "Command2"});
 }
 
 TEST_F(InterviewDetails, EntryGivesItsValues)

@@ -137,14 +137,8 @@ TEST_F(OpeningSegment, FieldsHaveTheirCaptionsAndLists)
 
 TEST_F(OpeningSegment, FieldsStandBelowEachOtherInTheirOrder)
 {
-    QStringList names;
-    for (const QWidget *stop : tabStops(screen("Form17"))) {
-        names << stop->objectName();
-    }
-    EXPECT_EQ(names.join(u' '),
-              QStringLiteral("Combo4 Text2 Combo1 Combo5 Combo6 Combo7 Text1 Text3 Text4 Combo2 "
-                             "Text5 Combo3 Command1 Command2"));
-    expectReadingOrder(screen("Form17"));
+    expectStops("Form17", {"Combo4", "Text2", "Combo1", "Combo5", "Combo6", "Combo7", "Text1",
+                           "Text3", "Text4", "Combo2", "Text5", "Combo3", "Command1", "Command2"});
 }
 
 TEST_F(OpeningSegment, TextBoxesHoldTheirDesignTexts)

@@ -205,9 +205,7 @@ TEST_P(SegmentFlow, AFileThatCannotBeOpenedIsToldOfAndNothingTypedIsLost)
 }
 
 INSTANTIATE_TEST_SUITE_P(Segments, SegmentFlow, ::testing::ValuesIn(kSegments),
-                         [](const auto &info) {
-                             return info.index == 0 ? "Interview" : "TalkShow";
-                         });
+                         [](const auto &row) { return row.index == 0 ? "Interview" : "TalkShow"; });
 
 } // namespace
 } // namespace tarvold::testing

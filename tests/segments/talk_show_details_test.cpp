@@ -97,7 +97,8 @@ TEST_F(TalkShowDetails, FieldsHaveTheirCaptionsAndLists)
 {
     expectFields(screen("Form14"), kFields);
     EXPECT_EQ(text("Form14", "Label11"), QStringLiteral("Feud Heat Increase"));
-    expectReadingOrder(screen("Form14"));
+    expectStops("Form14", {"Text3", "Combo1", "Text4", "Text5", "Combo7", "Text1", "Combo2",
+                           "Combo3", "HScroll1", "Command1", "Command2"});
 }
 
 TEST_F(TalkShowDetails, EntryGivesItsValues)

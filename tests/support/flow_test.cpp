@@ -1,5 +1,7 @@
 #include "support/flow_test.h"
 
+#include "support/spoken.h"
+
 #include <QScrollBar>
 
 namespace tarvold::testing {
@@ -98,6 +100,22 @@ void FlowTest::expectTexts(const char *screen, const std::vector<Entry> &expecte
 {
     for (const Entry &entry : expected) {
         EXPECT_EQ(text(screen, entry.control), entry.value) << screen << ' ' << entry.control;
+    }
+}
+
+void FlowTest::expectStops(const char *screen, const std::vector<const char *> &names)
+{
+    tabTo(this->screen(screen), names.front());
+    const QList<QWidget *> stops = tabStops(this->screen(screen));
+    ASSERT_EQ(std::size_t(stops.size()), names.size());
+    int above = 0;
+    for (std::size_t stop = 0; stop < names.size(); ++stop) {
+        const QWidget &control = *stops[qsizetype(stop)];
+        EXPECT_EQ(control.objectName(), QLatin1StringView(names[stop]));
+        const int top = control.mapTo(&this->screen(screen), QPoint()).y();
+        const bool isLast = stop + 1 == names.size();
+        EXPECT_TRUE(isLast ? top == above : top > above) << names[stop];
+        above = top;
     }
 }
 

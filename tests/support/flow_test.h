@@ -56,6 +56,10 @@ protected:
     /// Fails the test unless the controls hold these values.
     void expectTexts(const char *screen, const std::vector<Entry> &expected);
 
+    /// Fails the test unless Tab goes through exactly these controls, which stand below each other
+    /// but for the two buttons.
+    void expectStops(const char *screen, const std::vector<const char *> &names);
+
     void expectReturnQuestion(Answer answer);
 
     /// What a control holds from now on; never a choice of the user's.

@@ -167,6 +167,34 @@ TEST_F(EndingFlows, AnyOtherFlowLabelLeadsToTheTurnScreens)
     expectOnly("Form7");
 }
 
+TEST_F(EndingFlows, ASaveClearsNothingOnAnyScreen)
+{
+    const std::vector<Entry> feud = {{"Combo3", QStringLiteral("Tag Team")},
+                                     {"Text2", QStringLiteral("Rocco Vance,Dex Vance")},
+                                     {"HScroll1", QStringLiteral("20")}};
+    const std::vector<Entry> turn = {{"Combo2", QStringLiteral("Turning Heel")},
+                                     {"Combo6", QStringLiteral("Yes")}};
+    const std::vector<Entry> criteria = {{"Combo12", QStringLiteral("Women's Match")},
+                                         {"Text2", QStringLiteral("Ladder Match")}};
+    const std::vector<Entry> side = {{"Text2", QStringLiteral("Ann")},
+                                     {"Combo7", QStringLiteral("Pin")}};
+    for (const FlowPath *flow : {&kRunInPath, &kTurnPath}) {
+        const char *own = flow->screens[3];
+        const std::vector<Entry> &values = flow == &kRunInPath ? feud : turn;
+        press("Form1", flow->button);
+        const std::pair<const char *, const std::vector<Entry> &> filled[] = {
+            {"Form4", criteria}, {"Form5", side}, {"Form6", side}, {own, values}};
+        for (const auto &[screen, entries] : filled) {
+            fill(screen, entries);
+            press(screen, "Command2");
+        }
+        saveWith(*flow, "The end.");
+        for (const auto &[screen, entries] : filled) {
+            expectTexts(screen, entries);
+        }
+    }
+}
+
 TEST_F(EndingFlows, ClosingAWindowAsksAndYesLeadsToTheMainMenu)
 {
     for (const FlowPath *flow : {&kRunInPath, &kTurnPath}) {

@@ -146,6 +146,21 @@ TEST_F(RunInRecord, FinisherTypesAreCoded)
     EXPECT_EQ(saved(), asFile(with({{15, "s"}, {25, "t"}, {32, "p"}})));
 }
 
+TEST_F(RunInRecord, HasFortyFourLinesWithEveryFinisherTypeOfTheList)
+{
+    const std::pair<const char *, const char *> codes[] = {
+        {"Any", "Any"}, {"Pin", "p"}, {"Submission", "s"}, {"Top Rope", "t"}};
+    QByteArray expected;
+    for (const auto &[shown, code] : codes) {
+        for (const char *screen : {"Form5", "Form6", "Form8"}) {
+            given(screen, "Combo7", QLatin1StringView(shown));
+        }
+        expected += asFile(with({{15, code}, {25, code}, {32, code}}));
+        EXPECT_EQ(saved(), expected);
+        goToCommentary(kRunInPath);
+    }
+}
+
 TEST_F(RunInRecord, AFinisherTypeInLowerCaseGivesNoLine)
 {
     press("Form9", "Command2");

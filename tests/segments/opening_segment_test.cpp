@@ -2,6 +2,7 @@
 #include "support/flow_test.h"
 #include "support/spoken.h"
 
+#include <QAbstractItemView>
 #include <QDir>
 #include <QPushButton>
 
@@ -196,19 +197,36 @@ TEST_F(WithoutOpeningSegment, NoFlowCreatesTheScreen)
     }
 }
 
-TEST_F(WithoutOpeningSegment, NeitherTheStipulationsNorTheImportCreateTheScreen)
+TEST_F(WithoutOpeningSegment, TheStipulationsDoNotCreateTheScreen)
 {
-    ASSERT_EQ(QDir().entryList(QDir::Files), QStringList());
-    QFile stipulations(QStringLiteral("stipulations.tvd"));
-    ASSERT_TRUE(stipulations.open(QIODevice::WriteOnly));
-    stipulations.close();
     press("Form1", "Command1");
     expectOnly("Form16");
-    EXPECT_FALSE(editor.screens().exists("Form17"));
-    screen("Form16").close();
+    press("Form16", "Command1");
+    expectOnly("Form3");
+    press("Form3", "Command1");
+    expectOnly("Form16");
+    press("Form16", "Command3");
     expectOnly("Form1");
+    EXPECT_FALSE(editor.screens().exists("Form17"));
+}
+
+TEST_F(WithoutOpeningSegment, TheImportDoesNotCreateTheScreen)
+{
+    goToCommentary(kInterviewPath);
+    type("Form13", "Text1", QStringLiteral("The end."));
+    save(kInterviewPath);
     press("Form1", "Command8");
-    expectOnly("Form2");
+    press("Form2", "Command6");
+    auto &files = screen("Form2").control<QAbstractItemView>("File1");
+    ASSERT_EQ(files.model()->rowCount(), 1);
+    QTest::mouseClick(files.viewport(), Qt::LeftButton, {},
+                      files.visualRect(files.model()->index(0, 0)).center());
+    type("Form2", "Text1", QStringLiteral("target.tvd"));
+    boxes.expectNotice(QStringLiteral("Import"), QStringLiteral("Import Complete."));
+    press("Form2", "Command8");
+    press("Form2", "Command1");
+    expectOnly("Form1");
+    EXPECT_EQ(bytesOf(QStringLiteral("target.tvd")), bytesOf(QStringLiteral("interviews.tvd")));
     EXPECT_FALSE(editor.screens().exists("Form17"));
 }
 

@@ -175,6 +175,21 @@ TEST_P(SegmentFlow, SavesAfterARefusalAndADeclinedQuestion)
     EXPECT_EQ(bytesOf(QLatin1StringView(flow().file)).count("\r\n"), 19);
 }
 
+TEST_P(SegmentFlow, ASaveClearsNothingOnTheDetails)
+{
+    const std::vector<Entry> chosen = {{"Text1", QStringLiteral("Rocco Vance")},
+                                       {"Combo1", QStringLiteral("changed")},
+                                       {"HScroll1", QStringLiteral("20")},
+                                       {"Label8", QStringLiteral("20%")}};
+    goToCommentary(flow());
+    for (const Entry &entry : chosen) {
+        given(details(), entry.control, entry.value);
+    }
+    type(commentary(), "Text1", QStringLiteral("The end."));
+    save(flow());
+    expectTexts(details(), chosen);
+}
+
 TEST_P(SegmentFlow, TheFileBoxMayChangeBetweenTwoSaves)
 {
     goToCommentary(flow());

@@ -23,7 +23,7 @@ FIELDS = ("text", "combo box")
 TAG_LIST = "the tag list"  # the only combo box without a caption
 
 
-class TourError(Exception):
+class TourError(RuntimeError):
     """The program did not do what the tour expects."""
 
 

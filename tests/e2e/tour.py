@@ -12,6 +12,7 @@ import argparse
 import glob
 import os
 import shutil
+import subprocess
 import sys
 import tempfile
 
@@ -30,7 +31,7 @@ def main():
     with open(os.path.join(arguments.folder, "tour.log"), "w", encoding="utf-8") as log:
         try:
             tour(os.path.abspath(arguments.program), arguments.folder, arguments.timeout, log)
-        except TourError as error:
+        except (RuntimeError, OSError, subprocess.SubprocessError) as error:
             log.flush()
             sys.exit(f"The tour failed: {error}.\nSee {log.name}.")
     print(f"The tour is done; pictures and data files are in {arguments.folder}.")
@@ -54,7 +55,7 @@ def tour(program, pictures, timeout, log):
                 flow(driver)
             driver.press("Exit")
             driver.wait_end()
-        except TourError:
+        except Exception:
             driver.picture_of_all("failed")
             raise
         finally:

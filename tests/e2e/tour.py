@@ -20,6 +20,8 @@ from desktop import Desktop
 from driver import Driver, TourError
 from flows import FLOWS, MENU
 
+LOG = "tour.log"
+
 
 def main():
     parser = argparse.ArgumentParser(description="Drive the program through its main job.")
@@ -28,7 +30,7 @@ def main():
     parser.add_argument("--timeout", type=float, default=60, help="seconds to wait for each step")
     arguments = parser.parse_args()
     clear(arguments.folder)
-    with open(os.path.join(arguments.folder, "tour.log"), "w", encoding="utf-8") as log:
+    with open(os.path.join(arguments.folder, LOG), "w", encoding="utf-8") as log:
         try:
             tour(os.path.abspath(arguments.program), arguments.folder, arguments.timeout, log)
         except (RuntimeError, OSError, subprocess.SubprocessError) as error:
@@ -38,9 +40,12 @@ def main():
 
 
 def clear(folder):
-    """Removes what an earlier tour left, and nothing else."""
+    """Removes what an earlier tour left, and nothing else: an author's data files stay."""
     os.makedirs(folder, exist_ok=True)
-    for pattern in ("[0-9][0-9]-*.png", "*.tvd", "tour.log"):
+    names = os.listdir(folder)
+    if LOG not in names and any(name.endswith(".tvd") for name in names):
+        sys.exit(f"{folder} holds data files that no tour wrote; name another folder.")
+    for pattern in ("[0-9][0-9]-*.png", "*.tvd", LOG):
         for old in glob.glob(os.path.join(glob.escape(folder), pattern)):
             os.remove(old)
 

@@ -25,7 +25,6 @@ HelpLine::HelpLine(QWidget *parent) : QLabel(parent)
 
 void HelpLine::explain(QWidget &control, const QString &help, HelpOn on)
 {
-    control.setAccessibleDescription(help);
     m_helps.insert(&control, {help, on});
     control.installEventFilter(this);
     if (auto *combo = qobject_cast<ComboBox *>(&control); combo != nullptr && on != HelpOn::Focus) {

@@ -20,7 +20,6 @@ warnings.filterwarnings("ignore", category=DeprecationWarning)
 BOX_TITLE = "Tarvold Data Editor"
 SCREEN_TITLE = "Tarvold 1.3 Data Editor"
 FIELDS = ("text", "combo box")
-TAG_LIST = "the tag list"  # the only combo box without a caption
 
 
 class TourError(RuntimeError):
@@ -34,6 +33,7 @@ class Driver:
         self._timeout = timeout
         self._pictures = pictures
         self._picture_count = 0
+        self._box_title = BOX_TITLE
         Atspi.init()  # starts the accessibility bus, which the program looks for when it starts
         environment = dict(os.environ, QT_QPA_PLATFORM="xcb", QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
         self._process = subprocess.Popen([program], cwd=folder, env=environment, stderr=log)
@@ -45,15 +45,20 @@ class Driver:
         self._wait(f'the screen "{heading}"',
                    lambda: len(self._windows(SCREEN_TITLE)) == 1 and self._find("label", heading))
 
-    def wait_box(self, text):
-        """Waits until a message box with this text is there."""
-        self._wait(f'the message box "{text}"', lambda: self._windows(BOX_TITLE)
+    def wait_box(self, text, title=BOX_TITLE):
+        """Waits until a message box with this title and text is there."""
+        self._box_title = title
+        self._wait(f'the message box "{text}"', lambda: self._windows(title)
                    and self._find("label", text))
+
+    def wait_label(self, text):
+        """Waits until a label shows this text."""
+        self._wait(f'the label "{text}"', lambda: self._find("label", text))
 
     def picture(self, name):
         """Saves the front window as it is now, its frame left out."""
-        title = BOX_TITLE if self._windows(BOX_TITLE) else SCREEN_TITLE
-        self._save_picture(name, self._windows(title)[0])
+        boxes = self._windows(self._box_title)
+        self._save_picture(name, (boxes or self._windows(SCREEN_TITLE))[0])
 
     def picture_of_all(self, name):
         """Saves the whole display, for what lies over a window, such as an opened list."""
@@ -64,6 +69,10 @@ class Driver:
     def press(self, button):
         """Clicks a button by the name that a screen reader speaks."""
         self._click(self._wait(f'the button "{button}"', lambda: self._find("push button", button)))
+
+    def select(self, item):
+        """Clicks a row of a list box."""
+        self._click(self._wait(f'the row "{item}"', lambda: self._find("list item", item)))
 
     def click_field(self, name):
         """Clicks into a text or combo box and waits for the focus."""
@@ -211,13 +220,13 @@ def has(thing, state):
 
 
 def name_of(field):
-    """A text box bears its name; a combo box bears its text and is named by its caption, if any."""
+    """A text box bears its name; a combo box bears its text and is named by its caption."""
     if field.get_role_name() == "text":
         return field.get_name()
     for relation in field.get_relation_set():
         if relation.get_relation_type() == Atspi.RelationType.LABELLED_BY:
             return relation.get_target(0).get_name()
-    return TAG_LIST
+    return field.get_name()
 
 
 def value_of(field):

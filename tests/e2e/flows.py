@@ -4,9 +4,9 @@ A flow is a function that takes a driver on the main menu and brings it back the
 with the file that it writes and the lines that must be in it.
 """
 
-from driver import TAG_LIST
-
-MENU = "Tarvold 1.3 - Matches Editor"
+import segment_flows
+import stipulation_flow
+from steps import MENU, TAG_LIST, finish
 
 
 def normal_ending(driver):
@@ -16,14 +16,7 @@ def normal_ending(driver):
     attacker(driver)
     receiver(driver)
     commentary(driver)
-    driver.press("Add This Finish")
-    driver.wait_box("Add this finish to the file?")
-    driver.picture("question")
-    driver.keys("Return")
-    driver.wait_box("Saved OK.")
-    driver.picture("saved")
-    driver.press("OK")
-    driver.wait_screen(MENU)
+    finish(driver, "Add This Finish", "Add this finish to the file?")
 
 
 def criteria(driver):
@@ -98,6 +91,81 @@ NORMAL_ENDING = [
     "-BLANK-", "-BLANK-", "-BLANK-", "-BLANK-", "-BLANK-", "-BLANK-", "-BLANK-",
 ]
 
+
+def run_in(driver):
+    """Writes a match ending in which a tag team interferes."""
+    driver.press("Add Match Endings With Run-Ins")
+    driver.wait_screen("GENERAL DETAILS")
+    driver.choose("Match Type", "Women's Tag Team")
+    driver.press("Next")
+    driver.wait_screen("ATTACKER DETAILS")
+    driver.press("Next")
+    driver.wait_screen("RECEIVER DETAILS")
+    driver.press("Next")
+    driver.wait_screen("FEUD DETAILS")
+    driver.wait_value("Type of Feud", "Tag Team")
+    driver.fill("Feuding Wrestler(s)", "Nova,Vega")
+    driver.choose("Feuding With", "Winners")
+    driver.keys("Tab", "Right", "Right", "Up", "Left")
+    driver.wait_label(" 12%")
+    driver.picture("feud")
+    driver.press("Next")
+    driver.wait_screen("THE MATCH FINISH")
+    driver.fill("Commentary line 1", "Here they come: ")
+    driver.choose(TAG_LIST, "Interfering Team Name")
+    driver.wait_value("Commentary line 1", "Here they come: <feudteam>")
+    driver.picture("run-in-commentary")
+    finish(driver, "Add This Finish", "Add this finish to the file?")
+
+
+RUN_IN = [
+    "Women's Tag Team", "Any", "N/A", "N/A", "Normal", "N/A",
+    "Rocco Vance,Dex Vance", "Any", "Any", "Any", "N/A", "N/A", "N/A", "N/A", "Any", "N/A",
+    "Any", "Any", "Any", "Any", "N/A", "N/A", "N/A", "N/A", "Any", "N/A",
+    # televised, feud, names, disposition, style, finisher, side, heat
+    "N/A", "Tag Team", "Nova,Vega", "Any", "Any", "Any", "Winners", "12",
+    "Here they come: <feudteam>", *["-BLANK-"] * 9,
+]
+
+
+def turn(driver):
+    """Writes a match ending in which a wrestler turns on his partner."""
+    driver.press("Add Match Endings With Turns")
+    driver.wait_screen("GENERAL DETAILS")
+    driver.press("Next")
+    driver.wait_screen("ATTACKER DETAILS")
+    driver.picture("attacker-of-a-turn")
+    driver.press("Next")
+    driver.wait_screen("RECEIVER DETAILS")
+    driver.press("Next")
+    driver.wait_screen("TURN DETAILS")
+    driver.choose("Wrestler 1 Disposition", "Turning Heel")
+    driver.choose("Turning Wrestler(s) Are On", "Losing Side")
+    driver.picture("turn")
+    driver.press("Next")
+    driver.wait_screen("THE MATCH FINISH")
+    driver.fill("Commentary line 1", "What a betrayal by ")
+    driver.choose(TAG_LIST, "Wrestler 1")
+    driver.wait_value("Commentary line 1", "What a betrayal by <wrestler1>")
+    driver.picture("turn-commentary")
+    finish(driver, "Add This Finish", "Add this finish to the file?")
+
+
+TURN = [
+    "Singles", "Any", "N/A", "N/A", "Normal", "N/A",
+    # the attacker's name is the one typed before; then style, gender, holder, finisher
+    "Rocco Vance,Dex Vance", "Any", "Any", "N/A", "Any",
+    "Any", "Any", "Any", "N/A", "Any",
+    "Turning Heel", "N/A", "N/A", "N/A", "Losing Side", "N/A", "N/A",
+    "What a betrayal by <wrestler1>", *["-BLANK-"] * 9,
+]
+
 FLOWS = [
     (normal_ending, "normreports.tvd", NORMAL_ENDING),
+    (run_in, "feudreports.tvd", RUN_IN),
+    (turn, "turnreports.tvd", TURN),
+    (segment_flows.interview, "interviews.tvd", segment_flows.INTERVIEW),
+    (segment_flows.talk_show, "talkshow.tvd", segment_flows.TALK_SHOW),
+    (stipulation_flow.stipulations, "stipulations.tvd", stipulation_flow.STIPULATIONS),
+    (stipulation_flow.import_interviews, "shared.tvd", segment_flows.INTERVIEW),
 ]

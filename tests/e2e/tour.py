@@ -18,7 +18,8 @@ import tempfile
 
 from desktop import Desktop
 from driver import Driver, TourError
-from flows import FLOWS, MENU
+from flows import FLOWS
+from steps import MENU
 
 LOG = "tour.log"
 

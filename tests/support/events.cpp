@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QStyleOptionComboBox>
 #include <QTest>
+#include <QWheelEvent>
 
 #include <gtest/gtest.h>
 
@@ -57,6 +58,14 @@ void paste(QWidget &box, const QString &text)
     expectReachable(box);
     QApplication::clipboard()->setText(text);
     QTest::keySequence(box.window()->windowHandle(), QKeySequence::Paste);
+}
+
+void turnWheel(QWidget &control, int notches)
+{
+    const QPointF place = control.rect().center();
+    QWheelEvent event(place, control.mapToGlobal(place), {}, {0, 120 * notches}, Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&control, &event);
 }
 
 void pick(ComboBox &combo, const QString &item)

@@ -1,19 +1,11 @@
 #pragma once
 
-#include <QString>
-
-#include <ostream>
+#include "support/print.h"
 
 class QWidget;
 
 namespace tarvold {
 class ComboBox;
-}
-
-/// Lets GoogleTest show texts as text.
-inline void PrintTo(const QString &text, std::ostream *out)
-{
-    *out << '"' << text.toStdString() << '"';
 }
 
 /// Real events, sent only to what a user could reach: a control that is hidden, disabled or blocked
@@ -31,6 +23,9 @@ void typeOver(QWidget &box, const QString &text);
 
 /// Puts a text on the clipboard and pastes it at the cursor with Ctrl+V.
 void paste(QWidget &box, const QString &text);
+
+/// Turns the mouse wheel over the control: away from the user by so many notches, or towards.
+void turnWheel(QWidget &control, int notches);
 
 /// Opens the list with a click on the arrow and clicks the item.
 void pick(ComboBox &combo, const QString &item);

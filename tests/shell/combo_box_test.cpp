@@ -1,5 +1,4 @@
 #include "shell/combo_box.h"
-
 #include "support/window_test.h"
 
 #include <QAbstractItemView>
@@ -78,8 +77,7 @@ TEST_F(ComboBoxTest, TypingAddsNoItems)
 TEST_F(ComboBoxTest, PickingByMouseIsAChoice)
 {
     QString shownThen;
-    QObject::connect(&combo, &ComboBox::chosen, &combo,
-                     [&] { shownThen = combo.currentText(); });
+    QObject::connect(&combo, &ComboBox::chosen, &combo, [&] { shownThen = combo.currentText(); });
     pick(combo, QStringLiteral("Apple"));
     EXPECT_EQ(chosen.count(), 1);
     EXPECT_EQ(shownThen, QStringLiteral("Apple"));
@@ -89,8 +87,7 @@ TEST_F(ComboBoxTest, PickingByMouseIsAChoice)
 TEST_F(ComboBoxTest, PickingByKeyboardIsAChoice)
 {
     QString shownThen;
-    QObject::connect(&combo, &ComboBox::chosen, &combo,
-                     [&] { shownThen = combo.currentText(); });
+    QObject::connect(&combo, &ComboBox::chosen, &combo, [&] { shownThen = combo.currentText(); });
     pickByKeyboard(combo, QStringLiteral("Apple Pie"));
     EXPECT_EQ(chosen.count(), 1);
     EXPECT_EQ(shownThen, QStringLiteral("Apple Pie"));
@@ -153,8 +150,8 @@ TEST_F(ComboBoxTest, WheelTurnsChangeNothing)
 {
     for (QWidget *focused : {static_cast<QWidget *>(&combo), static_cast<QWidget *>(&elsewhere)}) {
         SCOPED_TRACE(focused == &combo ? "with the focus" : "without the focus");
-        for (QWidget *target : {static_cast<QWidget *>(&combo),
-                                static_cast<QWidget *>(combo.lineEdit())}) {
+        for (QWidget *target :
+             {static_cast<QWidget *>(&combo), static_cast<QWidget *>(combo.lineEdit())}) {
             focused->setFocus();
             combo.setText(QStringLiteral("Apple"));
             turnWheel(*target, -1);
@@ -188,9 +185,9 @@ TEST_F(ComboBoxTest, DownF4AndAltDownOpenTheList)
         Qt::Key key;
         Qt::KeyboardModifiers modifiers;
     };
-    for (const Opener &opener : {Opener{Qt::Key_Down, Qt::NoModifier},
-                                 Opener{Qt::Key_F4, Qt::NoModifier},
-                                 Opener{Qt::Key_Down, Qt::AltModifier}}) {
+    for (const Opener &opener :
+         {Opener{Qt::Key_Down, Qt::NoModifier}, Opener{Qt::Key_F4, Qt::NoModifier},
+          Opener{Qt::Key_Down, Qt::AltModifier}}) {
         SCOPED_TRACE(opener.key);
         combo.setText(QStringLiteral("Apple"));
         QTest::keyClick(&combo, opener.key, opener.modifiers);

@@ -1,5 +1,4 @@
 #include "shell/message_box.h"
-
 #include "support/window_test.h"
 
 namespace tarvold::testing {
@@ -16,8 +15,7 @@ protected:
     bool ask(EnterMeans enter, Answer answer)
     {
         boxes.expectQuestion(title(), QStringLiteral("Sure?"), answer);
-        const bool yes =
-            messagebox::question(&window, title(), QStringLiteral("Sure?"), enter);
+        const bool yes = messagebox::question(&window, title(), QStringLiteral("Sure?"), enter);
         boxes.checkAllCame();
         return yes;
     }

@@ -1,5 +1,4 @@
 #include "shell/screens.h"
-
 #include "support/print.h"
 #include "support/stub_screen.h"
 

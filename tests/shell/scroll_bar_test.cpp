@@ -1,5 +1,4 @@
 #include "shell/scroll_bar.h"
-
 #include "support/window_test.h"
 
 #include <QMouseEvent>

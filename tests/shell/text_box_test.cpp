@@ -1,5 +1,4 @@
 #include "shell/text_box.h"
-
 #include "support/window_test.h"
 
 #include <QAction>

@@ -36,6 +36,10 @@ void expectReachable(const QWidget &control)
     ASSERT_TRUE(control.isVisible()) << control.objectName().toStdString() << " is not visible";
     ASSERT_TRUE(control.isEnabled()) << control.objectName().toStdString() << " is not enabled";
     ASSERT_TRUE(modal == nullptr || modal == control.window()) << "blocked by a message box";
+    if (!control.window()->isActiveWindow()) {
+        // A window manager gives the focus back after a message box; offscreen there is none.
+        control.window()->activateWindow();
+    }
     ASSERT_TRUE(QTest::qWaitForWindowActive(control.window()));
 }
 
@@ -50,7 +54,9 @@ void typeOver(QWidget &box, const QString &text)
     click(box);
     QTest::keySequence(box.window()->windowHandle(), QKeySequence::SelectAll);
     QTest::keyClick(box.window()->windowHandle(), Qt::Key_Delete);
-    QTest::keyClicks(QApplication::focusWidget(), text);
+    for (const QChar character : text) {
+        QTest::keyClick(box.window()->windowHandle(), character.toLatin1());
+    }
 }
 
 void paste(QWidget &box, const QString &text)

@@ -14,7 +14,9 @@ HelpLine::HelpLine(QWidget *parent) : QLabel(parent)
     setAlignment(Qt::AlignTop | Qt::AlignLeft);
     setFrameStyle(int(QFrame::StyledPanel) | int(QFrame::Sunken));
     setMargin(6);
-    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Minimum);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
 }
 
 void HelpLine::explain(QWidget &control, const QString &help, HelpOn on)
@@ -48,6 +50,14 @@ int HelpLine::heightForWidth(int width) const
                           fontMetrics().boundingRect(room, Qt::TextWordWrap, help.text).height());
     }
     return height + frame;
+}
+
+QSize HelpLine::sizeHint() const
+{
+    // The base class would ask for as much room as the text of the moment needs, and the window
+    // would grow with it.
+    const int width = fontMetrics().averageCharWidth() * 90;
+    return {width, heightForWidth(width)};
 }
 
 QSize HelpLine::minimumSizeHint() const

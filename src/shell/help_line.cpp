@@ -2,10 +2,20 @@
 
 #include "shell/combo_box.h"
 
-#include <QEvent>
+#include <QFocusEvent>
 #include <QLineEdit>
 
 namespace tarvold {
+namespace {
+
+/// Whether the focus came to a field; not: came back from its own list.
+bool isEntry(const QEvent &event)
+{
+    return event.type() == QEvent::FocusIn &&
+           static_cast<const QFocusEvent &>(event).reason() != Qt::PopupFocusReason;
+}
+
+} // namespace
 
 HelpLine::HelpLine(QWidget *parent) : QLabel(parent)
 {
@@ -69,7 +79,7 @@ bool HelpLine::eventFilter(QObject *watched, QEvent *event)
 {
     if (const auto found = m_helps.constFind(watched); found != m_helps.constEnd()) {
         const bool clicked = event->type() == QEvent::MouseButtonPress;
-        if (event->type() == QEvent::FocusIn || (clicked && found->on == HelpOn::FocusAndClick)) {
+        if (isEntry(*event) || (clicked && found->on == HelpOn::FocusAndClick)) {
             setText(found->text);
         }
     }

@@ -6,6 +6,16 @@ namespace tarvold::testing {
 
 /// The fields of the attacker screen.
 inline const std::vector<ExpectedField> kAttacker = {
+    {"Text2",
+     "Label5",
+     "Attacker(s) Name(s)",
+     {},
+     "Any",
+     false,
+     "Attacker(s) Name(s) ~ Here you can specify a finish for a certain wrestler, or 2 attacking "
+     "wrestlers (if a double team move). For one wrestler, just type in their name. For 2 "
+     "wrestlers in a double team finish, type both names, separated by a comma (Eg. 'Rocco "
+     "Vance,Dex Vance'). If you don't want it to be for a specific wrestler's name, use 'Any'."},
     {"Combo3",
      "Label4",
      "Attacker(s) Disposition",
@@ -40,6 +50,15 @@ inline const std::vector<ExpectedField> kAttacker = {
      false,
      "Attacker is the title holder ~ This can only be used for singles titles. It lets you create "
      "finishes where for example, a champion is trying desperately to hang onto his title."},
+    {"Text1",
+     "Label7",
+     "Attacker(s) Manager Name",
+     {},
+     "N/A",
+     false,
+     "Attacker's Manager Name ~ If you want the winning wrestler's manager involved in the finish, "
+     "either type in a specific manager's name, or type 'Any'. If you need there not to be a "
+     "manager, use 'None'. If a manager isn't involved, use 'N/A'."},
     {"Combo5",
      "Label8",
      "Attacker(s) Manager's Gender",
@@ -68,6 +87,16 @@ inline const std::vector<ExpectedField> kAttacker = {
      "example, you would use something like '<wrestler name> got <opponent> in the <finishername>, "
      "forcing him to tap out!' Top Rope means the attacking wrestler's finisher involves coming "
      "off the top rope, with his opponent in the ring (eg. a frog splash)."},
+    {"Text3",
+     "Label11",
+     "Attacker(s) Stable",
+     {},
+     "N/A",
+     false,
+     "Stable ~ This allows you to specify the name of a stable, or involve a general stable by "
+     "typing 'Any'. This allows finishes for example, where members of that stable come out to "
+     "help their team-mate win, or maybe deliver a post match beating to the loser. If a stable "
+     "isn't involved, use 'N/A'."},
 };
 
 } // namespace tarvold::testing

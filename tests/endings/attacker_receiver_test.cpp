@@ -65,7 +65,7 @@ TEST_P(Sides, FieldsHoldTheirEntryDefaultsAndCanBeSeen)
 
 TEST_P(Sides, TheFirstFieldHasTheFocusAndShowsItsHelp)
 {
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&form()));
+    expectActive(form());
     EXPECT_TRUE(form().control("Text2").hasFocus());
     EXPECT_EQ(form().text("Label13"), QLatin1StringView(side().fields.front().help));
 }
@@ -82,7 +82,7 @@ TEST_P(Sides, AClickWhereTheFocusAlreadyIsLeavesTheHelp)
 
 TEST_P(Sides, TheHelpDoesNotMoveAnything)
 {
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&form()));
+    expectActive(form());
     const QRect help = form().control("Label13").geometry();
     const QRect next = form().control("Command2").geometry();
     for (const ExpectedField &field : side().fields) {

@@ -65,6 +65,7 @@ TEST_F(MatchCriteria, TheDesignNoteIsHidden)
 
 TEST_F(MatchCriteria, TheFirstFieldHasTheFocusAndShowsItsHelp)
 {
+    expectActive(form());
     EXPECT_TRUE(control("Form4", "Combo3").hasFocus());
     EXPECT_EQ(text("Form4", "Label2"), QLatin1StringView(kMatchCriteria.front().help));
 }
@@ -160,7 +161,7 @@ TEST_F(MatchCriteria, LeavingAndComingBackShowsTheFirstFieldAgain)
     tabTo(form(), "Combo10");
     press("Form4", "Command2");
     press("Form5", "Command1");
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&form()));
+    expectActive(form());
     EXPECT_TRUE(control("Form4", "Combo3").hasFocus());
     EXPECT_EQ(text("Form4", "Label2"), QLatin1StringView(kMatchCriteria.front().help));
 }

@@ -6,6 +6,14 @@ namespace tarvold::testing {
 
 /// The fields of the receiver screen.
 inline const std::vector<ExpectedField> kReceiver = {
+    {"Text2",
+     "Label5",
+     "Receiver Name",
+     {},
+     "Any",
+     false,
+     "Receiver Name ~ Here you can specify a finish for a certain wrestler, by typing in their "
+     "name. If you don't want it to be for a specific wrestler's name, use 'Any'."},
     {"Combo3",
      "Label4",
      "Receiver Disposition",
@@ -41,6 +49,15 @@ inline const std::vector<ExpectedField> kReceiver = {
      "Receiver is the title holder ~ This can only be used for singles titles. Eg. If the receiver "
      "(loser) is the title holder, if they lost by DQ it could be because they deliberatelty "
      "brought the belt in and hit their opponent with it so they wouldn't lose the title."},
+    {"Text1",
+     "Label7",
+     "Receiver Manager Name",
+     {},
+     "N/A",
+     false,
+     "Receiver's Manager Name ~ If you want the losing wrestler's manager involved in the finish, "
+     "either type in a specific manager's name, or type 'Any'. If you need there not to be a "
+     "manager, use 'None'. If a manager isn't involved, use 'N/A'."},
     {"Combo5",
      "Label8",
      "Receiver Manager's Gender",
@@ -68,6 +85,16 @@ inline const std::vector<ExpectedField> kReceiver = {
      "Finisher Type ~ Specifying the receiver's (loser's) finisher type allows you to write a "
      "finish such as, the loser had the winner in his finisher, and the winner tapped out, but the "
      "winner's manager had the referee distracted."},
+    {"Text3",
+     "Label11",
+     "Receiver Stable",
+     {},
+     "N/A",
+     false,
+     "Stable ~ This allows you to specify the name of a stable, or involve a general stable by "
+     "typing 'Any'. This allows finishes for example, where members of that stable come out to "
+     "help their team-mate, but get him DQ'd, or maybe to fend off an beating from the winner's "
+     "stable on their team-mate. If a stable isn't involved, use 'N/A'."},
 };
 
 } // namespace tarvold::testing

@@ -36,11 +36,16 @@ void expectReachable(const QWidget &control)
     ASSERT_TRUE(control.isVisible()) << control.objectName().toStdString() << " is not visible";
     ASSERT_TRUE(control.isEnabled()) << control.objectName().toStdString() << " is not enabled";
     ASSERT_TRUE(modal == nullptr || modal == control.window()) << "blocked by a message box";
-    if (!control.window()->isActiveWindow()) {
+    expectActive(*control.window());
+}
+
+void expectActive(QWidget &window)
+{
+    if (!window.isActiveWindow()) {
         // A window manager gives the focus back after a message box; offscreen there is none.
-        control.window()->activateWindow();
+        window.activateWindow();
     }
-    ASSERT_TRUE(QTest::qWaitForWindowActive(control.window()));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
 }
 
 void click(QWidget &control)

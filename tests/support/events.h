@@ -15,6 +15,9 @@ namespace tarvold::testing {
 /// Fails the test unless a user can reach the control now.
 void expectReachable(const QWidget &control);
 
+/// Waits until the window has the keyboard, which a window manager would give it.
+void expectActive(QWidget &window);
+
 /// A left click in the middle of the control; on the text of a combo box.
 void click(QWidget &control);
 

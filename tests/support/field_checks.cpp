@@ -64,7 +64,7 @@ void expectFreshTexts(const Screen &screen, const ExpectedFields &fields)
 
 void expectHelpOnFocus(Screen &screen, const char *helpLabel, const ExpectedFields &fields)
 {
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&screen));
+    expectActive(screen);
     for (const ExpectedField &field : fields) {
         SCOPED_TRACE(field.control);
         if (!screen.control(field.control).isVisible()) {
@@ -80,6 +80,7 @@ void expectHelpOnFocus(Screen &screen, const char *helpLabel, const ExpectedFiel
 
 void expectHelpOnClick(Screen &screen, const char *helpLabel, const ExpectedFields &fields)
 {
+    expectActive(screen);
     for (const ExpectedField &field : fields) {
         SCOPED_TRACE(field.control);
         QWidget &control = screen.control(field.control);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QRect>
 #include <QString>
 
 #include <ostream>
@@ -9,6 +10,12 @@
 inline void PrintTo(const QString &text, std::ostream *out)
 {
     *out << '"' << text.toStdString() << '"';
+}
+
+/// Lets GoogleTest show places as place and size.
+inline void PrintTo(const QRect &place, std::ostream *out)
+{
+    *out << place.x() << ',' << place.y() << ' ' << place.width() << 'x' << place.height();
 }
 
 /// Lets GoogleTest show bytes with every control character to be seen.

@@ -1,6 +1,6 @@
 #include "support/spoken.h"
 
-#include "support/print.h"
+#include "support/events.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -58,6 +58,7 @@ void expectOwnNames(const QWidget &window)
 
 QList<QWidget *> tabStops(QWidget &window)
 {
+    expectActive(window);
     QList<QWidget *> stops;
     constexpr qsizetype kMany = 100;
     while (stops.size() < kMany && !stops.contains(QApplication::focusWidget())) {
@@ -88,6 +89,7 @@ void expectReadingOrder(QWidget &window)
 
 void tabTo(QWidget &window, const char *name)
 {
+    expectActive(window);
     for (int presses = 0; presses < 100; ++presses) {
         if (QApplication::focusWidget()->objectName() == QLatin1StringView(name)) {
             return;

@@ -148,7 +148,7 @@ TEST_F(NormalSaveFailure, ACharacterThatTheFilesCannotHoldIsToldWithItsField)
         boxes.expectQuestion(title(), kSaveQuestion, Answer::Yes);
         boxes.catchNotice(title(), &told);
         press("Form7", "Command1");
-        expectTold(told, (QByteArray("\"") + place.field + "\"").constData());
+        expectTold(told, qPrintable(QString(u'"' + QLatin1StringView(place.field) + u'"')));
         expectTold(told, "\"\xC5\x82\" (U+0142)");
         expectTold(told, "Nothing was written");
         expectOnly("Form7");

@@ -29,6 +29,10 @@ bool isInsideOfAnother(const QWidget &control)
 
 QString spokenName(QWidget &control)
 {
+    // The toolkit tells what a combo box shows for its name, and its label or own name beside it.
+    if (!control.accessibleName().isEmpty()) {
+        return control.accessibleName();
+    }
     const QAccessibleInterface *interface = QAccessible::queryAccessibleInterface(&control);
     return interface == nullptr ? QString() : interface->text(QAccessible::Name);
 }

@@ -111,6 +111,16 @@ TEST_F(ComboBoxTest, PickingReplacesTypedText)
     EXPECT_EQ(combo.currentText(), QStringLiteral("Apple"));
 }
 
+TEST_F(ComboBoxTest, TypingAnItemIsNoChoiceAfterAPickEither)
+{
+    pick(combo, QStringLiteral("Any"));
+    typeOverIt(QStringLiteral("Apple"));
+    QTest::keyClick(&combo, Qt::Key_Return);
+    QTest::keyClick(&combo, Qt::Key_Tab);
+    EXPECT_EQ(combo.currentText(), QStringLiteral("Apple"));
+    EXPECT_EQ(chosen.count(), 1);
+}
+
 TEST_F(ComboBoxTest, EscapeInTheListIsNoChoiceAndKeepsTypedText)
 {
     for (const char *typed : kTyped) {

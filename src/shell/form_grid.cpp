@@ -34,9 +34,8 @@ QWidget *FormGrid::newControl(Screen &screen, const Field &field)
 {
     QWidget *control = newBareControl(field);
     screen.add(control, field.control);
-    controls::describe(
-        *control, QLatin1StringView(field.spokenName != nullptr ? field.spokenName : field.caption),
-        QLatin1StringView(field.help));
+    controls::describe(*control, QLatin1StringView(field.spokenName != nullptr ? field.spokenName
+                                                                               : field.caption));
     return control;
 }
 

@@ -1,8 +1,9 @@
 #include "shell/help_line.h"
 
 #include "shell/combo_box.h"
+#include "shell/controls.h"
 
-#include <QEvent>
+#include <QFocusEvent>
 #include <QLineEdit>
 
 namespace tarvold {
@@ -10,6 +11,13 @@ namespace {
 
 /// What the longest help of any screen needs at the usual window size.
 constexpr int kLeastLines = 4;
+
+/// Whether the focus came to a field; not: came back from its own list.
+bool isEntry(const QEvent &event)
+{
+    return event.type() == QEvent::FocusIn &&
+           static_cast<const QFocusEvent &>(event).reason() != Qt::PopupFocusReason;
+}
 
 } // namespace
 
@@ -20,11 +28,14 @@ HelpLine::HelpLine(QWidget *parent) : QLabel(parent)
     setAlignment(Qt::AlignTop | Qt::AlignLeft);
     setFrameStyle(int(QFrame::StyledPanel) | int(QFrame::Sunken));
     setMargin(6);
-    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Minimum);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
 }
 
 void HelpLine::explain(QWidget &control, const QString &help, HelpOn on)
 {
+    controls::describe(control, control.accessibleName(), help);
     m_helps.insert(&control, {help, on});
     control.installEventFilter(this);
     if (auto *combo = qobject_cast<ComboBox *>(&control); combo != nullptr && on != HelpOn::Focus) {
@@ -55,6 +66,14 @@ int HelpLine::heightForWidth(int width) const
     return height + frame;
 }
 
+QSize HelpLine::sizeHint() const
+{
+    // The base class would ask for as much room as the text of the moment needs, and the window
+    // would grow with it.
+    const int width = fontMetrics().averageCharWidth() * 90;
+    return {width, heightForWidth(width)};
+}
+
 QSize HelpLine::minimumSizeHint() const
 {
     return {fontMetrics().averageCharWidth() * 40, fontMetrics().lineSpacing() + 2 * margin()};
@@ -64,7 +83,7 @@ bool HelpLine::eventFilter(QObject *watched, QEvent *event)
 {
     if (const auto found = m_helps.constFind(watched); found != m_helps.constEnd()) {
         const bool clicked = event->type() == QEvent::MouseButtonPress;
-        if (event->type() == QEvent::FocusIn || (clicked && found->on == HelpOn::FocusAndClick)) {
+        if (isEntry(*event) || (clicked && found->on == HelpOn::FocusAndClick)) {
             setText(found->text);
         }
     }

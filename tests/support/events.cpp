@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QStyleOptionComboBox>
 #include <QTest>
+#include <QWheelEvent>
 
 #include <gtest/gtest.h>
 
@@ -35,7 +36,16 @@ void expectReachable(const QWidget &control)
     ASSERT_TRUE(control.isVisible()) << control.objectName().toStdString() << " is not visible";
     ASSERT_TRUE(control.isEnabled()) << control.objectName().toStdString() << " is not enabled";
     ASSERT_TRUE(modal == nullptr || modal == control.window()) << "blocked by a message box";
-    ASSERT_TRUE(QTest::qWaitForWindowActive(control.window()));
+    expectActive(*control.window());
+}
+
+void expectActive(QWidget &window)
+{
+    if (!window.isActiveWindow()) {
+        // A window manager gives the focus back after a message box; offscreen there is none.
+        window.activateWindow();
+    }
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
 }
 
 void click(QWidget &control)
@@ -49,7 +59,9 @@ void typeOver(QWidget &box, const QString &text)
     click(box);
     QTest::keySequence(box.window()->windowHandle(), QKeySequence::SelectAll);
     QTest::keyClick(box.window()->windowHandle(), Qt::Key_Delete);
-    QTest::keyClicks(QApplication::focusWidget(), text);
+    for (const QChar character : text) {
+        QTest::keyClick(box.window()->windowHandle(), character.toLatin1());
+    }
 }
 
 void paste(QWidget &box, const QString &text)
@@ -57,6 +69,14 @@ void paste(QWidget &box, const QString &text)
     expectReachable(box);
     QApplication::clipboard()->setText(text);
     QTest::keySequence(box.window()->windowHandle(), QKeySequence::Paste);
+}
+
+void turnWheel(QWidget &control, int notches)
+{
+    const QPointF place = control.rect().center();
+    QWheelEvent event(place, control.mapToGlobal(place), {}, {0, 120 * notches}, Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&control, &event);
 }
 
 void pick(ComboBox &combo, const QString &item)

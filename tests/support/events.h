@@ -1,19 +1,11 @@
 #pragma once
 
-#include <QString>
-
-#include <ostream>
+#include "support/print.h"
 
 class QWidget;
 
 namespace tarvold {
 class ComboBox;
-}
-
-/// Lets GoogleTest show texts as text.
-inline void PrintTo(const QString &text, std::ostream *out)
-{
-    *out << '"' << text.toStdString() << '"';
 }
 
 /// Real events, sent only to what a user could reach: a control that is hidden, disabled or blocked
@@ -23,6 +15,9 @@ namespace tarvold::testing {
 /// Fails the test unless a user can reach the control now.
 void expectReachable(const QWidget &control);
 
+/// Waits until the window has the keyboard, which a window manager would give it.
+void expectActive(QWidget &window);
+
 /// A left click in the middle of the control; on the text of a combo box.
 void click(QWidget &control);
 
@@ -31,6 +26,9 @@ void typeOver(QWidget &box, const QString &text);
 
 /// Puts a text on the clipboard and pastes it at the cursor with Ctrl+V.
 void paste(QWidget &box, const QString &text);
+
+/// Turns the mouse wheel over the control: away from the user by so many notches, or towards.
+void turnWheel(QWidget &control, int notches);
 
 /// Opens the list with a click on the arrow and clicks the item.
 void pick(ComboBox &combo, const QString &item);

@@ -1,0 +1,115 @@
+#include "support/spoken.h"
+
+#include "support/events.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QComboBox>
+#include <QTest>
+#include <QWidget>
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <utility>
+
+namespace tarvold::testing {
+namespace {
+
+/// Text boxes inside a combo box are part of it, and so are the parts of its list.
+bool isInsideOfAnother(const QWidget &control)
+{
+    for (const QWidget *outer = control.parentWidget(); outer != nullptr;
+         outer = outer->parentWidget()) {
+        if (qobject_cast<const QComboBox *>(outer) != nullptr) {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool isBefore(const QWidget *one, const QWidget *other)
+{
+    return std::pair(one->y(), one->x()) < std::pair(other->y(), other->x());
+}
+
+} // namespace
+
+QString spokenName(QWidget &control)
+{
+    // The toolkit tells what a combo box shows for its name, and its label or own name beside it.
+    if (!control.accessibleName().isEmpty()) {
+        return control.accessibleName();
+    }
+    const QAccessibleInterface *interface = QAccessible::queryAccessibleInterface(&control);
+    return interface == nullptr ? QString() : interface->text(QAccessible::Name);
+}
+
+QList<QWidget *> focusableControls(const QWidget &window)
+{
+    QList<QWidget *> controls;
+    for (QWidget *control : window.findChildren<QWidget *>()) {
+        if ((control->focusPolicy() & Qt::TabFocus) != 0 && !isInsideOfAnother(*control)) {
+            controls << control;
+        }
+    }
+    return controls;
+}
+
+void expectOwnNames(const QWidget &window)
+{
+    QStringList names;
+    for (QWidget *control : focusableControls(window)) {
+        const QString name = spokenName(*control);
+        EXPECT_FALSE(name.trimmed().isEmpty()) << control->objectName().toStdString();
+        EXPECT_FALSE(names.contains(name)) << name.toStdString() << " is the name of two";
+        names << name;
+    }
+    EXPECT_FALSE(names.isEmpty());
+}
+
+QList<QWidget *> tabStops(QWidget &window)
+{
+    expectActive(window);
+    QList<QWidget *> stops;
+    constexpr qsizetype kMany = 100;
+    while (stops.size() < kMany && !stops.contains(QApplication::focusWidget())) {
+        stops << QApplication::focusWidget();
+        QTest::keyClick(window.windowHandle(), Qt::Key_Tab);
+    }
+    EXPECT_EQ(QApplication::focusWidget(), stops.front());
+    return stops;
+}
+
+void expectReadingOrder(QWidget &window)
+{
+    QList<QWidget *> stops = tabStops(window);
+    const auto first = std::min_element(stops.begin(), stops.end(), isBefore);
+    std::rotate(stops.begin(), first, stops.end());
+    qsizetype reachable = 0;
+    for (const QWidget *control : focusableControls(window)) {
+        reachable += control->isVisible() && control->isEnabled() ? 1 : 0;
+    }
+    EXPECT_EQ(stops.size(), reachable);
+    for (qsizetype stop = 1; stop < stops.size(); ++stop) {
+        const QRect before = stops[stop - 1]->geometry();
+        const QRect here = stops[stop]->geometry();
+        const bool below = here.top() > before.bottom();
+        const bool beside = here.left() > before.right() && here.bottom() >= before.top();
+        EXPECT_TRUE(below || beside) << stops[stop]->objectName().toStdString() << " after "
+                                     << stops[stop - 1]->objectName().toStdString();
+    }
+}
+
+void tabTo(QWidget &window, const char *name)
+{
+    expectActive(window);
+    for (int presses = 0; presses < 100; ++presses) {
+        if (QApplication::focusWidget()->objectName() == QLatin1StringView(name)) {
+            return;
+        }
+        QTest::keyClick(window.windowHandle(), Qt::Key_Tab);
+    }
+    ADD_FAILURE() << "Tab does not reach " << name;
+}
+
+} // namespace tarvold::testing

@@ -1,7 +1,8 @@
 // One save of the file layer, to be run under injected faults:
 //
 //     fault_probe append FILE RECORD     adds the bytes of the file RECORD to FILE
-//     fault_probe rewrite FILE RECORD    loads the stipulations of FILE, puts the lines of RECORD in
+//     fault_probe rewrite FILE RECORD    loads the stipulations of FILE, puts the lines of RECORD
+//     in
 //                                        the place of the second one and writes them back
 //
 // RECORD is read before FILE is touched. The exit code tells what the file layer reported.

@@ -56,7 +56,7 @@ def try_point(save, probe, point):
         folder = os.path.join(scratch, "folder")
         os.mkdir(folder)
         save.prepare(folder)
-        run = point.run(save.command(probe, scratch), scratch)
+        run = point.run(save.command(probe, scratch))
         found = judge(save, folder, run)
         return found, f"{save.name}: {point}: exit code {run.code}: {run.output}"
 

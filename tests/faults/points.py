@@ -6,6 +6,7 @@ import subprocess
 import tempfile
 from collections import Counter
 from dataclasses import dataclass
+from typing import Optional
 
 from saves import RECORD
 
@@ -32,7 +33,13 @@ def _run(command):
     done = subprocess.run(
         command, env=PLAIN_TEXT, capture_output=True, timeout=STUCK_SECONDS, check=False
     )
-    return done.returncode, done.stdout.decode(errors="replace").strip()
+    output, trace = (text.decode(errors="replace") for text in (done.stdout, done.stderr))
+    return done.returncode, output.strip(), trace
+
+
+def _limit(size):
+    """Limits the files of the command that follows; strace writes to a pipe and does not feel it."""
+    return ["prlimit", f"--fsize={size}"] if size is not None else []
 
 
 @dataclass
@@ -42,28 +49,25 @@ class Injection:
     call: str
     fault: str
     when: str
-    size: int = 0  # when not 0, files cannot grow beyond it
+    size: Optional[int] = None  # files cannot grow beyond it, so that a write runs short as well
 
     def __str__(self):
-        limit = f", files limited to {self.size} bytes" if self.size else ""
+        limit = f", files limited to {self.size} bytes" if self.size is not None else ""
         return f"{self.fault} at {self.call} number {self.when}{limit}"
 
-    def run(self, command, scratch):
-        log = os.path.join(scratch, "log")
-        limit = ["prlimit", f"--fsize={self.size}"] if self.size else []
-        tracer = ["strace", "-f", "-o", log, "-e", f"trace={self.call}"]
+    def run(self, command):
         inject = f"inject={self.call}:{self.fault}:when={self.when}"
-        code, output = _run([*tracer, "-e", inject, *limit, *command])
-        with open(log, encoding="utf-8", errors="replace") as lines:
-            reached = re.search(r"\(INJECTED\)|killed by SIGKILL", lines.read()) is not None
+        tracer = ["strace", "-f", "-e", f"trace={self.call}", "-e", inject]
+        code, output, trace = _run([*_limit(self.size), *tracer, *command])
+        reached = re.search(r"\(INJECTED\)|killed by SIGKILL", trace) is not None
         is_sync = self.call == "fsync" and self.fault == "error=EIO"
         return Run(
             code=code,
             output=output,
             killed=self.fault == "signal=KILL",
-            reached=reached,
+            reached=reached or self.size is not None,  # the short write may end the save before
             must_be_reported=is_sync,
-            allows_torn=self.size != 0,
+            allows_torn=self.size is not None,
         )
 
 
@@ -76,8 +80,8 @@ class SizeLimit:
     def __str__(self):
         return f"files limited to {self.size} bytes"
 
-    def run(self, command, _scratch):
-        code, output = _run(["prlimit", f"--fsize={self.size}", *command])
+    def run(self, command):
+        code, output, _ = _run([*_limit(self.size), *command])
         return Run(code=code, output=output, must_be_reported=True)
 
 
@@ -98,13 +102,11 @@ def calls_of(save, probe):
         folder = os.path.join(scratch, "folder")
         os.mkdir(folder)
         save.prepare(folder)
-        log = os.path.join(scratch, "log")
-        command = save.command(probe, scratch)
-        _run(["strace", "-f", "-o", log, "-s", "4096", "-e", "trace=%file,%desc", *command])
+        tracer = ["strace", "-f", "-s", "4096", "-e", "trace=%file,%desc"]
+        _, _, trace = _run([*tracer, *save.command(probe, scratch)])
         if save.content(folder) != save.new:
             raise RuntimeError(f"{save.name} does not work even without faults")
-        with open(log, encoding="utf-8", errors="replace") as lines:
-            return _calls_in(lines.read().splitlines(), folder)
+        return _calls_in(trace.splitlines(), folder)
 
 
 def _calls_in(lines, folder):
@@ -112,7 +114,7 @@ def _calls_in(lines, folder):
     counts = Counter()
     calls = []
     for line in lines:
-        match = re.match(r"\d+ +(\w+)\((.*)", line)
+        match = re.match(r"(?:\[pid +\d+\] )?(\w+)\((.*)", line)
         if not match:
             continue
         name, arguments = match.groups()
@@ -126,11 +128,16 @@ def _calls_in(lines, folder):
 
 
 def injected_points(save, probe):
+    """Each fault at each call; for an append also with a write that runs short before or after."""
     points = []
     for name, occurrence in calls_of(save, probe):
         points.append(Injection(name, "signal=KILL", str(occurrence)))
         points += [Injection(name, f"error={error}", str(occurrence)) for error in ERRORS]
         points += [Injection(name, f"error={error}", f"{occurrence}+") for error in LASTING_ERRORS]
+        if save.operation == "append":
+            short = len(save.new) - len(RECORD) // 2
+            points.append(Injection(name, "error=EIO", str(occurrence), short))
+            points.append(Injection(name, "error=EIO", f"{occurrence}+", short))
     return points
 
 
@@ -140,7 +147,7 @@ def size_points(save):
     if save.operation == "rewrite":
         return [SizeLimit(size) for size in range(1, end)]
     start = end - len(RECORD)
-    alone = [SizeLimit(size) for size in range(start, end)]
-    return alone + [
-        Injection("ftruncate", "error=EIO", "1+", size) for size in range(start + 1, end, 50)
-    ]
+    points = [SizeLimit(size) for size in range(start, end)]
+    for call in ("ftruncate", "unlink"):
+        points += [Injection(call, "error=EIO", "1+", size) for size in range(start + 1, end, 50)]
+    return points

@@ -8,15 +8,17 @@
 #include "stipulations/stipulation_list_model.h"
 
 #include <QApplication>
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <array>
 #include <benchmark/benchmark.h>
 #include <cstdlib>
+#include <fcntl.h>
 #include <spawn.h>
+#include <string>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <vector>
 
 namespace {
 
@@ -98,32 +100,46 @@ const StipulationTable &loaded()
     return table;
 }
 
-/// Runs a command of the system's with the file and the copy as its arguments $0 and $1.
-void runTool(benchmark::State &state, const char *command)
+/// Runs a program of the system's with its output thrown away; `false` when it failed.
+bool runs(std::vector<std::string> arguments)
 {
-    const QByteArray file = QFile::encodeName(workplace().file());
-    const QByteArray copy = QFile::encodeName(workplace().copy());
+    posix_spawn_file_actions_t quiet;
+    posix_spawn_file_actions_init(&quiet);
+    posix_spawn_file_actions_addopen(&quiet, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+    std::vector<char *> pointers;
+    for (std::string &argument : arguments) {
+        pointers.push_back(argument.data());
+    }
+    pointers.push_back(nullptr);
+    pid_t process = 0;
+    int status = -1;
+    const bool started =
+        posix_spawnp(&process, pointers[0], &quiet, nullptr, pointers.data(), environ) == 0;
+    posix_spawn_file_actions_destroy(&quiet);
+    return started && waitpid(process, &status, 0) == process && status == 0;
+}
+
+void wcLines(benchmark::State &state)
+{
+    const std::string file = workplace().file().toStdString();
     for (auto _ : state) {
-        std::array<const char *, 6> arguments = {"sh", "-c", command, file, copy, nullptr};
-        pid_t process = 0;
-        int status = -1;
-        if (posix_spawn(&process, "/bin/sh", nullptr, nullptr,
-                        const_cast<char **>(arguments.data()), environ) != 0 ||
-            waitpid(process, &status, 0) != process || status != 0) {
-            state.SkipWithError("the command failed");
+        if (!runs({"wc", "-l", file})) {
+            state.SkipWithError("wc failed");
             return;
         }
     }
 }
 
-void wcLines(benchmark::State &state)
-{
-    runTool(state, R"(exec wc -l "$0" >/dev/null)");
-}
-
 void copyAndSync(benchmark::State &state)
 {
-    runTool(state, R"(cp "$0" "$1" && sync "$1")");
+    const std::string file = workplace().file().toStdString();
+    const std::string copy = workplace().copy().toStdString();
+    for (auto _ : state) {
+        if (!runs({"cp", file, copy}) || !runs({"sync", copy})) {
+            state.SkipWithError("cp or sync failed");
+            return;
+        }
+    }
 }
 
 void load(benchmark::State &state)

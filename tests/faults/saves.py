@@ -30,14 +30,13 @@ def read(path):
 class Save:
     """One save of the probe on one kind of file."""
 
-    may_leave_copy = False  # a killed one may leave a temporary file beside the data file
-
     def __init__(self, name, operation, old, new, through_link=False):
         self.name = name
         self.operation = operation
         self.old = old
         self.new = new
         self.through_link = through_link
+        # A killed one may leave a temporary file beside the data file.
         self.may_leave_copy = operation == "rewrite"
 
     def _real(self, folder):

@@ -5,6 +5,22 @@
 #include <QSaveFile>
 
 namespace tarvold {
+namespace {
+
+/// A short write carries no cause; the write of the rest does.
+bool writeAll(QSaveFile &file, QByteArrayView bytes)
+{
+    while (!bytes.isEmpty()) {
+        const qint64 written = file.write(bytes.data(), bytes.size());
+        if (written <= 0) {
+            return false;
+        }
+        bytes = bytes.sliced(written);
+    }
+    return true;
+}
+
+} // namespace
 
 std::optional<FileError> rewriteFile(const QString &name, QByteArrayView bytes)
 {
@@ -17,8 +33,7 @@ std::optional<FileError> rewriteFile(const QString &name, QByteArrayView bytes)
         return FileError{file.errorString()};
     }
     // commit() alone would report success after losing what a full disk did not take.
-    if (file.write(bytes.data(), bytes.size()) != bytes.size() || !file.flush() ||
-        file.error() != QFileDevice::NoError) {
+    if (!writeAll(file, bytes) || !file.flush() || file.error() != QFileDevice::NoError) {
         return FileError{file.errorString()};
     }
     if (!durable::syncFile(file.handle())) {

@@ -12,6 +12,11 @@ struct Sample
     bool fits;
 };
 
+void PrintTo(const Sample &sample, std::ostream *out)
+{
+    *out << sample.name;
+}
+
 class TvdName : public ::testing::TestWithParam<Sample>
 {
 };

@@ -24,6 +24,11 @@ struct Sample
     QByteArrayList lines;
 };
 
+void PrintTo(const Sample &sample, std::ostream *out)
+{
+    *out << sample.name;
+}
+
 class LineReaderSplits : public ::testing::TestWithParam<Sample>
 {
 };

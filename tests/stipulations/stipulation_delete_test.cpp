@@ -1,5 +1,10 @@
 #include "stipulations/stipulation_test.h"
 
+#include <QApplication>
+#include <QEvent>
+#include <QMessageBox>
+#include <QScreen>
+
 namespace tarvold::testing {
 namespace {
 
@@ -74,6 +79,33 @@ TEST_F(StipulationDelete, DeclinedInAnyWayChangesNothing)
         EXPECT_EQ(readBack(kFile), one + two);
         EXPECT_EQ(listed(), (Texts{"Singles / One", "Singles / Two"}));
     }
+}
+
+/// Takes down how wide the widest message box was.
+class BoxWidths : public QObject
+{
+public:
+    BoxWidths() { QApplication::instance()->installEventFilter(this); }
+    int widest = 0;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Hide && qobject_cast<QMessageBox *>(watched) != nullptr) {
+            widest = std::max(widest, static_cast<QWidget *>(watched)->width());
+        }
+        return QObject::eventFilter(watched, event);
+    }
+};
+
+TEST_F(StipulationDelete, AsksInABoxThatFitsTheScreenHoweverLongTheNameIs)
+{
+    const QByteArray name(3000, 'w');
+    open(stipulation("Singles", name));
+    BoxWidths widths;
+    remove(0, utf8("Singles / ") + QString::fromLatin1(name), Answer::No);
+    EXPECT_GT(widths.widest, 100);
+    EXPECT_LE(widths.widest, screen("Form16").screen()->availableSize().width());
 }
 
 TEST_F(StipulationDelete, WritesTheFileThatTheMenuNamesByNow)

@@ -124,6 +124,11 @@ struct Field
     const char *caption;
 };
 
+void PrintTo(const Field &sample, std::ostream *out)
+{
+    *out << sample.control;
+}
+
 class CharacterThatNoFileHolds : public StipulationFailure,
                                  public ::testing::WithParamInterface<Field>
 {

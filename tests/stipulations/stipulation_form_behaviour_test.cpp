@@ -38,6 +38,11 @@ struct Risk
     int value;
 };
 
+void PrintTo(const Risk &sample, std::ostream *out)
+{
+    *out << sample.name;
+}
+
 class InjuryRisk : public StipulationFormBehaviour, public ::testing::WithParamInterface<Risk>
 {
 };

@@ -78,6 +78,11 @@ struct Name
     QByteArray text;
 };
 
+void PrintTo(const Name &sample, std::ostream *out)
+{
+    *out << sample.test;
+}
+
 class StrangeStipulation : public StipulationRuns, public ::testing::WithParamInterface<Name>
 {
 };

@@ -65,7 +65,8 @@ INSTANTIATE_TEST_SUITE_P(
                       Risk{"Zero", "0", 1}, Risk{"Negative", "-3", 1}, Risk{"Empty", "", 1},
                       Risk{"Letters", "abc", 1}, Risk{"DigitsFirst", "12x", 12},
                       Risk{"LettersFirst", "x12", 1}, Risk{"LeadingZeros", "007", 7},
-                      Risk{"Huge", "99999999999999999999999999", 100}),
+                      Risk{"Huge", "99999999999999999999999999", 100},
+                      Risk{"HugeNegative", "-99999999999999999999999999", 1}),
     [](const auto &sample) { return sample.param.name; });
 
 TEST_F(StipulationFormBehaviour, RiskFollowsTheThumbWhileItIsDragged)

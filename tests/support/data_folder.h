@@ -34,7 +34,7 @@ inline std::string folderContent()
 /// Runs in an empty folder of its own.
 class DataFolderTest : public ::testing::Test
 {
-protected:
+public:
     DataFolderTest() : m_oldFolder(QDir::currentPath()) { QDir::setCurrent(m_folder.path()); }
     ~DataFolderTest() override { QDir::setCurrent(m_oldFolder); }
 

@@ -1,50 +1,18 @@
 // Time from the press of a button to the next screen painted.
 
 #include "editor.h"
+#include "press.h"
 #include "shell/fonts.h"
 
-#include <QAbstractButton>
 #include <QApplication>
-#include <QTest>
 
 #include <benchmark/benchmark.h>
 
 namespace {
 
 using tarvold::Editor;
-using tarvold::Screen;
-
-/// Tells whether a screen has been painted.
-class PaintWatch : public QObject
-{
-public:
-    bool painted = false;
-
-    bool eventFilter(QObject *watched, QEvent *event) override
-    {
-        painted = painted || event->type() == QEvent::Paint;
-        return QObject::eventFilter(watched, event);
-    }
-};
-
-void settle(Screen &screen)
-{
-    if (!QTest::qWaitForWindowExposed(&screen)) {
-        qFatal("a screen did not appear");
-    }
-    QCoreApplication::processEvents();
-}
-
-void pressUntilPainted(Editor &editor, const char *from, const char *button, const char *next)
-{
-    auto &pressed = editor.screens()[from].control<QAbstractButton>(button);
-    PaintWatch watch;
-    pressed.click();
-    editor.screens()[next].installEventFilter(&watch);
-    while (!watch.painted) {
-        QCoreApplication::processEvents();
-    }
-}
+using tarvold::bench::pressUntilPainted;
+using tarvold::bench::settle;
 
 /// The first press of the menu's button makes four screens; the first of them is then painted.
 void enterFlowFirstTime(benchmark::State &state)

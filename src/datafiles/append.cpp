@@ -8,27 +8,43 @@
 namespace tarvold {
 namespace {
 
-/// Takes back what a failed append may have left. `true` when nothing of it remains.
-bool takeBack(QFile &file, bool existed, qint64 oldSize)
-{
-    if (!existed) {
-        // Through a link it is the file itself that was created, and the link stays.
-        return QFile::remove(QFileInfo(file.fileName()).canonicalFilePath());
-    }
-    return file.resize(oldSize) && durable::syncFile(file.handle());
-}
+constexpr int kMostOpenings = 100;
 
-/// One write for all bytes, then the sync, each checked.
-std::optional<QString> writeAndSync(QFile &file, QByteArrayView bytes)
+/// Opens a file so that no other copy of this program writes to it until it is closed.
+std::optional<QString> openAlone(QFile &file)
 {
-    if (file.write(bytes.data(), bytes.size()) != bytes.size()) {
-        return file.error() == QFile::NoError ? QStringLiteral("The disk is full.")
-                                              : file.errorString();
-    }
-    if (!durable::syncFile(file.handle())) {
-        return qt_error_string();
+    for (int opening = 0; opening < kMostOpenings; ++opening) {
+        if (!file.open(QIODevice::Append | QIODevice::Unbuffered)) {
+            return file.errorString();
+        }
+        if (!durable::lock(file.handle())) {
+            return QStringLiteral("Another program is writing to it.");
+        }
+        if (!durable::isRemoved(file.handle())) {
+            break;
+        }
+        file.close(); // while this one waited, the other one took back the file that it had made
     }
     return std::nullopt;
+}
+
+/// Takes back what a failed append may have left. `true` when nothing of it remains.
+bool takeBack(QFile &file, bool created, qint64 oldSize)
+{
+    // Through a link it is the file itself that was created, and the link stays.
+    if (created && QFile::remove(QFileInfo(file.fileName()).canonicalFilePath())) {
+        return true;
+    }
+    return file.resize(oldSize) && durable::syncFile(file.handle()) && !created;
+}
+
+/// Writes behind the old end, once the space for all bytes is there.
+std::optional<QString> writeBehind(qint64 oldSize, QFile &file, QByteArrayView bytes)
+{
+    if (!durable::reserve(file.handle(), oldSize, bytes.size())) {
+        return qt_error_string();
+    }
+    return durable::writeAndSync(file, bytes);
 }
 
 } // namespace
@@ -41,16 +57,21 @@ std::optional<FileError> appendToFile(const QString &name, QByteArrayView bytes)
     const QString path = durable::pathOf(name);
     const bool existed = QFileInfo::exists(path);
     QFile file(path);
-    if (!file.open(QIODevice::Append | QIODevice::Unbuffered)) {
-        return FileError{file.errorString()};
+    if (const auto failure = openAlone(file)) {
+        return FileError{*failure};
     }
-    const qint64 oldSize = file.size();
-    std::optional<QString> failure = writeAndSync(file, bytes);
+    const std::optional<qint64> oldSize = durable::sizeOf(file.handle());
+    if (!oldSize) {
+        return FileError{qt_error_string(), existed};
+    }
+    std::optional<QString> failure = writeBehind(*oldSize, file, bytes);
     if (!failure && !existed && !durable::syncFolderOf(path)) {
         failure = qt_error_string();
     }
     if (failure) {
-        return FileError{*failure, takeBack(file, existed, oldSize)};
+        // A file that holds something was made by somebody else, whatever the look-up said.
+        const bool created = !existed && *oldSize == 0;
+        return FileError{*failure, takeBack(file, created, *oldSize)};
     }
     return std::nullopt;
 }

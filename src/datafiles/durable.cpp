@@ -3,12 +3,27 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <array>
 #include <cerrno>
+#include <chrono>
+#include <climits>
+#include <cstdlib>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 
 namespace tarvold::durable {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto kLockPatience = 5s;
+constexpr auto kLockPause = 1ms;
+constexpr mode_t kModeBits = 07777;
+
+} // namespace
 
 QString pathOf(const QString &name)
 {
@@ -29,6 +44,87 @@ std::optional<FileState> stateOf(const QString &name)
                      nanoseconds(found.st_ctim)};
 }
 
+std::optional<QString> realPathOf(const QString &path)
+{
+    std::array<char, PATH_MAX> real{};
+    if (::realpath(QFile::encodeName(path).constData(), real.data()) != nullptr) {
+        return QFile::decodeName(real.data());
+    }
+    return errno == ENOENT ? std::optional(path) : std::nullopt;
+}
+
+bool lock(int handle)
+{
+    const auto deadline = std::chrono::steady_clock::now() + kLockPatience;
+    while (::flock(handle, LOCK_EX | LOCK_NB) != 0) {
+        if (errno != EWOULDBLOCK && errno != EINTR) {
+            return true;
+        }
+        if (std::chrono::steady_clock::now() > deadline) {
+            return false;
+        }
+        std::this_thread::sleep_for(kLockPause);
+    }
+    return true;
+}
+
+bool isRemoved(int handle)
+{
+    struct stat state = {};
+    return ::fstat(handle, &state) == 0 && state.st_nlink == 0;
+}
+
+std::optional<qint64> sizeOf(int handle)
+{
+    struct stat state = {};
+    return ::fstat(handle, &state) == 0 ? std::optional<qint64>(state.st_size) : std::nullopt;
+}
+
+bool reserve([[maybe_unused]] int handle, [[maybe_unused]] qint64 offset,
+             [[maybe_unused]] qint64 count)
+{
+#ifdef FALLOC_FL_KEEP_SIZE
+    return ::fallocate(handle, FALLOC_FL_KEEP_SIZE, offset, count) == 0 ||
+           (errno != ENOSPC && errno != EDQUOT);
+#else
+    return true;
+#endif
+}
+
+bool takeModeOf(const QString &path, int handle)
+{
+    struct stat model = {};
+    if (::stat(QFile::encodeName(path).constData(), &model) != 0) {
+        return errno == ENOENT;
+    }
+    struct stat state = {};
+    if (::fstat(handle, &state) != 0) {
+        return false;
+    }
+    // File systems without modes of their own refuse the change but need none.
+    return ((model.st_mode ^ state.st_mode) & kModeBits) == 0 ||
+           ::fchmod(handle, model.st_mode & kModeBits) == 0;
+}
+
+std::optional<QString> writeAndSync(QFileDevice &file, QByteArrayView bytes)
+{
+    // A write that runs short tells its cause only when it is asked for the rest.
+    while (!bytes.isEmpty()) {
+        const qint64 written = file.write(bytes.data(), bytes.size());
+        if (written <= 0) {
+            return file.errorString();
+        }
+        bytes = bytes.sliced(written);
+    }
+    if (!file.flush() || file.error() != QFileDevice::NoError) {
+        return file.errorString();
+    }
+    if (!syncFile(file.handle())) {
+        return qt_error_string();
+    }
+    return std::nullopt;
+}
+
 bool syncFile(int handle)
 {
     return ::fsync(handle) == 0;
@@ -39,9 +135,9 @@ bool syncFolderOf(const QString &path)
     const QByteArray folder = QFile::encodeName(QFileInfo(path).canonicalPath());
     const int handle = ::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (handle < 0) {
-        return false;
+        return errno == EACCES;
     }
-    const bool synced = syncFile(handle);
+    const bool synced = syncFile(handle) || errno == EINVAL;
     const int error = errno;
     ::close(handle);
     errno = error;

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <QByteArrayView>
 #include <QString>
 
 #include <optional>
+
+class QFileDevice;
 
 /// What the system offers to bring a file's bytes to the disk for good.
 namespace tarvold::durable {
@@ -26,10 +29,40 @@ struct FileState
 /// The state of the file that the user typed this name for; none when it cannot be found.
 std::optional<FileState> stateOf(const QString &name);
 
+/// The file that a path means when all symbolic links are followed; the path itself when nothing is
+/// there yet. Nothing with the system's error code set when the links cannot be followed.
+[[nodiscard]] std::optional<QString> realPathOf(const QString &path);
+
+/// Keeps other programs that ask for the same lock out of an open file until it is closed.
+/// \return `false` when another program did not give the file back within some seconds. A file
+/// system that has no locks is no reason to refuse.
+[[nodiscard]] bool lock(int handle);
+
+/// Whether an open file has no name any more, because it was removed or replaced after the opening.
+bool isRemoved(int handle);
+
+/// The size of an open file in bytes. Nothing with the system's error code set on failure.
+[[nodiscard]] std::optional<qint64> sizeOf(int handle);
+
+/// Claims the space for bytes to be written behind the end of an open file, without changing its
+/// size, so that a full disk shows before a part of them is written. Cutting the file gives the
+/// space back. Where the system cannot do that, the write itself has to tell.
+/// \return `false` with the system's error code set when the space is not there
+[[nodiscard]] bool reserve(int handle, qint64 offset, qint64 count);
+
+/// Gives an open file the mode of another one, if that is there.
+/// `false` with the system's error code set on failure.
+[[nodiscard]] bool takeModeOf(const QString &path, int handle);
+
+/// Writes all bytes to an open file and brings them to the disk.
+/// \return what went wrong, in words; a part of the bytes may be in the file then
+[[nodiscard]] std::optional<QString> writeAndSync(QFileDevice &file, QByteArrayView bytes);
+
 /// Brings an open file's bytes to the disk. `false` with the system's error code set on failure.
 [[nodiscard]] bool syncFile(int handle);
 
-/// Brings a file's entry in its folder to the disk, needed once after the file is created.
+/// Brings a file's entry in its folder to the disk, needed once after the file is created. A folder
+/// that may be written to but not listed, or that the system never syncs, is left to the system.
 /// `false` with the system's error code set on failure.
 [[nodiscard]] bool syncFolderOf(const QString &path);
 

@@ -11,23 +11,26 @@ std::optional<FileError> rewriteFile(const QString &name, QByteArrayView bytes)
     if (auto unfit = whyNotOrdinary(name)) {
         return unfit;
     }
-    const QString path = durable::pathOf(name);
-    QSaveFile file(path);
+    // Followed here, because the toolkit takes a link that it cannot look up for a plain file.
+    const std::optional<QString> path = durable::realPathOf(durable::pathOf(name));
+    if (!path) {
+        return FileError{qt_error_string()};
+    }
+    QSaveFile file(*path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
         return FileError{file.errorString()};
     }
-    // commit() alone would report success after losing what a full disk did not take.
-    if (file.write(bytes.data(), bytes.size()) != bytes.size() || !file.flush() ||
-        file.error() != QFileDevice::NoError) {
-        return FileError{file.errorString()};
-    }
-    if (!durable::syncFile(file.handle())) {
+    if (!durable::takeModeOf(*path, file.handle())) {
         return FileError{qt_error_string()};
+    }
+    // commit() alone would report success after losing what a full disk did not take.
+    if (const auto failure = durable::writeAndSync(file, bytes)) {
+        return FileError{*failure};
     }
     if (!file.commit()) {
         return FileError{file.errorString()};
     }
-    if (!durable::syncFolderOf(path)) {
+    if (!durable::syncFolderOf(*path)) {
         return FileError{qt_error_string(), false};
     }
     return std::nullopt;

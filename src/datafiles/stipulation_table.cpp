@@ -6,6 +6,10 @@
 #include "datafiles/record.h"
 #include "datafiles/rewrite.h"
 
+#include <algorithm>
+#include <functional>
+#include <iterator>
+
 namespace tarvold {
 namespace {
 
@@ -17,6 +21,61 @@ FileError cutShort(std::size_t lines)
                                     "stipulation takes %2.")
                          .arg(lines)
                          .arg(StipulationTable::kLinesPerRecord)};
+}
+
+/// How many line feeds there are: what the table will need room for. Counts of short blocks fit
+/// into a byte, so that the compiler compares many bytes at a time.
+std::size_t countLineFeeds(QByteArrayView bytes)
+{
+    constexpr qsizetype kBlock = 128;
+    std::size_t count = 0;
+    while (!bytes.isEmpty()) {
+        const QByteArrayView block = bytes.first(std::min(kBlock, bytes.size()));
+        unsigned char inBlock = 0;
+        for (const char byte : block) {
+            inBlock = static_cast<unsigned char>(inBlock + (byte == '\n' ? 1 : 0));
+        }
+        count += inBlock;
+        bytes = bytes.sliced(block.size());
+    }
+    return count;
+}
+
+/// How many bytes the lines take in a file.
+qsizetype sizeOf(const StipulationTable::Snapshot &lines)
+{
+    qsizetype size = 0;
+    for (const QByteArrayView line : lines) {
+        size += line.size() + qsizetype(qstrlen(kLineEnd));
+    }
+    return size;
+}
+
+/// Whether a line stands right behind another one in the bytes of the file that was read.
+bool followsInFile(QByteArrayView line, QByteArrayView next, QByteArrayView file)
+{
+    const auto isInFile = [file](const char *place) {
+        return std::less_equal<>()(file.begin(), place) && std::less<>()(place, file.end());
+    };
+    return isInFile(line.end()) && isInFile(next.begin()) &&
+           next.begin() - line.end() == qsizetype(qstrlen(kLineEnd));
+}
+
+/// All lines as the bytes of a file. Lines that follow each other in the file that was read, which
+/// are nearly all, are copied in one go with the line ends between them.
+QByteArray joined(const StipulationTable::Snapshot &lines, QByteArrayView file)
+{
+    QByteArray bytes(sizeOf(lines), Qt::Uninitialized);
+    char *to = bytes.data();
+    for (auto line = lines.begin(); line != lines.end();) {
+        const auto first = line++;
+        while (line != lines.end() && followsInFile(*std::prev(line), *line, file)) {
+            ++line;
+        }
+        to = std::copy(first->begin(), std::prev(line)->end(), to);
+        to = std::copy_n(kLineEnd, qstrlen(kLineEnd), to);
+    }
+    return bytes;
 }
 
 } // namespace
@@ -33,7 +92,7 @@ std::optional<FileError> StipulationTable::load(const QString &name)
         return content.error;
     }
     Snapshot lines;
-    lines.reserve(static_cast<std::size_t>(content.bytes.count('\n')) + 1);
+    lines.reserve(countLineFeeds(content.bytes) + 1);
     LineReader reader(content.bytes);
     while (!reader.atEnd()) {
         lines.push_back(reader.readLine());
@@ -49,16 +108,7 @@ std::optional<FileError> StipulationTable::load(const QString &name)
 
 std::optional<FileError> StipulationTable::writeBack(const QString &name) const
 {
-    qsizetype size = 0;
-    for (const QByteArrayView line : stipulations) {
-        size += line.size() + qsizetype(qstrlen(kLineEnd));
-    }
-    QByteArray bytes;
-    bytes.reserve(size);
-    for (const QByteArrayView line : stipulations) {
-        bytes.append(line).append(kLineEnd);
-    }
-    return rewriteFile(name, bytes);
+    return rewriteFile(name, joined(stipulations, m_file));
 }
 
 QByteArrayView StipulationTable::line(int index) const

@@ -32,7 +32,7 @@ void CommentaryLine::setMarked(bool marked)
 void CommentaryLine::append(const QString &text)
 {
     end(false);
-    insert(text);
+    insertAsOneStep(text);
 }
 
 void CommentaryLine::focusInEvent(QFocusEvent *event)

@@ -3,6 +3,7 @@
 #include "datafiles/append.h"
 #include "endings/commentary_line.h"
 #include "shell/combo_box.h"
+#include "shell/controls.h"
 #include "shell/failures.h"
 #include "shell/message_box.h"
 #include "shell/screens.h"
@@ -33,10 +34,16 @@ void CommentaryScreen::addTagList()
     for (const CommentaryTag &tag : m_table.tags) {
         m_tags->addItem(QLatin1StringView(tag.item));
     }
-    m_tags->setAccessibleName(QStringLiteral("Commentary tag"));
-    m_tags->setAccessibleDescription(QLatin1StringView(m_table.instructions));
+    auto *label = new QLabel(QStringLiteral("Commentary tag"), this);
+    label->setTextFormat(Qt::PlainText);
+    label->setBuddy(m_tags);
+    controls::describe(*m_tags, label->text(), QLatin1StringView(m_table.instructions));
     add(m_tags, "Combo1");
-    column().addWidget(m_tags);
+    auto *row = new QHBoxLayout;
+    row->setSpacing(14);
+    row->addWidget(label);
+    row->addWidget(m_tags, 1);
+    column().addLayout(row);
     connect(m_tags, &ComboBox::chosen, this, &CommentaryScreen::insertTag);
 }
 

@@ -46,4 +46,15 @@ QLineEdit *textBoxOf(QWidget &control)
     return combo != nullptr ? combo->lineEdit() : qobject_cast<QLineEdit *>(&control);
 }
 
+void describe(QWidget &control, const QString &name, const QString &purpose)
+{
+    // A combo box speaks its text in place of its name, so the box inside it bears both as well.
+    for (QWidget *spoken : {&control, static_cast<QWidget *>(textBoxOf(control))}) {
+        if (spoken != nullptr) {
+            spoken->setAccessibleName(name);
+            spoken->setAccessibleDescription(purpose);
+        }
+    }
+}
+
 } // namespace tarvold::controls

@@ -18,4 +18,7 @@ void setTextOf(QWidget &control, const QString &text);
 /// The box that the user types into: the control itself or the one inside a combo box; else none.
 QLineEdit *textBoxOf(QWidget &control);
 
+/// Tells assistive technology what the control is called and, if it is given, what it is for.
+void describe(QWidget &control, const QString &name, const QString &purpose = {});
+
 } // namespace tarvold::controls

@@ -79,6 +79,12 @@ QWidget *DetailsScreen::firstField() const
 
 void DetailsScreen::showEvent(QShowEvent *event)
 {
+    for (const Field &field : m_fields) {
+        // Where two controls share a place, the label is that of the one to be seen.
+        if (QWidget &shown = control(field.control); !shown.isHidden()) {
+            control<QLabel>(field.label).setBuddy(&shown);
+        }
+    }
     Screen::showEvent(event);
     QWidget *first = firstField();
     if (first == nullptr || event->spontaneous()) {

@@ -1,6 +1,7 @@
 #include "shell/form_grid.h"
 
 #include "shell/combo_box.h"
+#include "shell/controls.h"
 #include "shell/screen.h"
 #include "shell/scroll_bar.h"
 #include "shell/text_box.h"
@@ -33,8 +34,8 @@ QWidget *FormGrid::newControl(Screen &screen, const Field &field)
 {
     QWidget *control = newBareControl(field);
     screen.add(control, field.control);
-    control->setAccessibleName(
-        QLatin1StringView(field.spokenName != nullptr ? field.spokenName : field.caption));
+    controls::describe(*control, QLatin1StringView(field.spokenName != nullptr ? field.spokenName
+                                                                               : field.caption));
     return control;
 }
 

@@ -1,6 +1,7 @@
 #include "shell/help_line.h"
 
 #include "shell/combo_box.h"
+#include "shell/controls.h"
 
 #include <QFocusEvent>
 #include <QLineEdit>
@@ -27,12 +28,14 @@ HelpLine::HelpLine(QWidget *parent) : QLabel(parent)
     setAlignment(Qt::AlignTop | Qt::AlignLeft);
     setFrameStyle(int(QFrame::StyledPanel) | int(QFrame::Sunken));
     setMargin(6);
-    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Minimum);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
 }
 
 void HelpLine::explain(QWidget &control, const QString &help, HelpOn on)
 {
-    control.setAccessibleDescription(help);
+    controls::describe(control, control.accessibleName(), help);
     m_helps.insert(&control, {help, on});
     control.installEventFilter(this);
     if (auto *combo = qobject_cast<ComboBox *>(&control); combo != nullptr && on != HelpOn::Focus) {
@@ -61,6 +64,14 @@ int HelpLine::heightForWidth(int width) const
                           fontMetrics().boundingRect(room, Qt::TextWordWrap, help.text).height());
     }
     return height + frame;
+}
+
+QSize HelpLine::sizeHint() const
+{
+    // The base class would ask for as much room as the text of the moment needs, and the window
+    // would grow with it.
+    const int width = fontMetrics().averageCharWidth() * 90;
+    return {width, heightForWidth(width)};
 }
 
 QSize HelpLine::minimumSizeHint() const

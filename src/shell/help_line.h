@@ -24,6 +24,7 @@ public:
     void showFor(const QWidget &control);
 
     int heightForWidth(int width) const override;
+    QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
 protected:

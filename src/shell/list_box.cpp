@@ -34,6 +34,15 @@ std::optional<int> ListBox::selectedRow() const
     return selected.isEmpty() ? std::nullopt : std::optional(selected.front().row());
 }
 
+QModelIndex ListBox::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
+{
+    // With no row to start from, the toolkit would go to the first one whatever the key.
+    if (action == MoveEnd && !currentIndex().isValid() && model() != nullptr) {
+        return model()->index(model()->rowCount() - 1, 0);
+    }
+    return QListView::moveCursor(action, modifiers);
+}
+
 void ListBox::focusInEvent(QFocusEvent *event)
 {
     QListView::focusInEvent(event);

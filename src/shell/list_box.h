@@ -20,6 +20,7 @@ public:
     std::optional<int> selectedRow() const;
 
 protected:
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     void focusInEvent(QFocusEvent *event) override;
 };
 

@@ -75,7 +75,7 @@ void Form1::addRows(QGridLayout &grid)
         }
         const DataFileKindRow &kind = rowOf(*row.kind);
         const QString caption = QLatin1StringView(row.boxCaption);
-        auto *box = new TextBox;
+        auto *box = new TextBox(this);
         box->setText(QLatin1StringView(kind.defaultName));
         box->setAccessibleName(caption + u' ' + QLatin1StringView(kind.content));
         add(box, kind.nameBox.control);

@@ -1,5 +1,6 @@
 #include "shell/message_box.h"
 
+#include <QAbstractButton>
 #include <QMessageBox>
 
 namespace tarvold::messagebox {
@@ -14,6 +15,9 @@ QMessageBox::StandardButton ask(QWidget *parent, const QString &title, const QSt
     box.setTextFormat(Qt::PlainText);
     box.setDefaultButton(enter);
     box.setEscapeButton(escape);
+    for (QAbstractButton *button : box.buttons()) {
+        button->setIcon({}); // some desktops draw a tick and a cross that say nothing
+    }
     return static_cast<QMessageBox::StandardButton>(box.exec());
 }
 

@@ -31,7 +31,19 @@ TextBox::TextBox(QWidget *parent) : QLineEdit(parent)
 
 void TextBox::paste()
 {
-    insert(onOneLine(QGuiApplication::clipboard()->text()));
+    insertAsOneStep(onOneLine(QGuiApplication::clipboard()->text()));
+}
+
+void TextBox::insertAsOneStep(const QString &text)
+{
+    // Nothing but a move of the cursor ends an undo step; the selection must stay to be replaced.
+    if (!hasSelectedText()) {
+        const int place = cursorPosition();
+        home(false);
+        end(false);
+        setCursorPosition(place);
+    }
+    insert(text);
 }
 
 void TextBox::keyPressEvent(QKeyEvent *event)
@@ -50,7 +62,7 @@ void TextBox::mouseReleaseEvent(QMouseEvent *event)
     if (event->button() == Qt::MiddleButton && clipboard->supportsSelection()) {
         deselect();
         setCursorPosition(cursorPositionAt(event->position().toPoint()));
-        insert(onOneLine(clipboard->text(QClipboard::Selection)));
+        insertAsOneStep(onOneLine(clipboard->text(QClipboard::Selection)));
         return;
     }
     QLineEdit::mouseReleaseEvent(event);

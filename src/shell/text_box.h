@@ -22,6 +22,9 @@ public slots:
     void paste();
 
 protected:
+    /// Inserts a text at the cursor as an undo step of its own, apart from what was typed before.
+    void insertAsOneStep(const QString &text);
+
     void keyPressEvent(QKeyEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void dropEvent(QDropEvent *event) override;

@@ -2,6 +2,7 @@
 
 #include "datafiles/code_page.h"
 #include "shell/combo_box.h"
+#include "shell/controls.h"
 #include "shell/failures.h"
 #include "shell/message_box.h"
 #include "shell/screens.h"
@@ -65,8 +66,8 @@ void Form3::addValueTable()
              {std::pair{column.draw, kDraw}, {column.entertainment, kEntertainment}}) {
             const Field field = {.control = name, .label = "", .caption = caption, .items = items};
             QWidget *combo = FormGrid::newControl(*this, field);
-            combo->setAccessibleName(combo->accessibleName() + u' ' +
-                                     QLatin1StringView(column.caption));
+            controls::describe(*combo, QLatin1StringView(caption) + u' ' +
+                                           QLatin1StringView(column.caption));
             grid->addWidget(combo, row++, place);
         }
         grid->setColumnStretch(place++, 1);

@@ -1,53 +1,172 @@
-#include "support/editor_test.h"
+#include "support/ending_test.h"
+#include "support/spoken.h"
+
+#include <QApplication>
 
 namespace tarvold::testing {
 namespace {
 
-const char kUntouched[] = "Any\r\nAny\r\nN/A\r\nN/A\r\nNormal\r\nN/A\r\n"
-                          "Any\r\nAny\r\nAny\r\nAny\r\nN/A\r\nN/A\r\nN/A\r\nN/A\r\nAny\r\nN/A\r\n"
-                          "Any\r\nAny\r\nAny\r\nAny\r\nN/A\r\nN/A\r\nN/A\r\nN/A\r\nAny\r\nN/A\r\n"
-                          "The end.\r\n"
-                          "-BLANK-\r\n-BLANK-\r\n-BLANK-\r\n-BLANK-\r\n-BLANK-\r\n-BLANK-\r\n"
-                          "-BLANK-\r\n-BLANK-\r\n-BLANK-\r\n";
+const QByteArray kFilledRecord =
+    "Battle Royal\r\nLadder Match\r\nYes\r\nNo\r\nDQ\r\nYes\r\n"
+    "Rocco Vance,Dex Vance\r\nHeel\r\nHigh Flyer\r\nMale\r\nNo\r\n"
+    "Miss Vance\r\nFemale\r\nYes\r\nt\r\nThe Vances\r\n"
+    "Ned Hart\r\nFace\r\nNon-Worker\r\nFemale\r\nYes\r\n"
+    "None\r\nMale\r\nNo\r\np\r\nAny\r\n"
+    "<att1fullname> climbs up.\r\nAnd <att2fullname>\r\n-BLANK-\r\n-BLANK-\r\n-BLANK-\r\n"
+    "-BLANK-\r\n-BLANK-\r\n-BLANK-\r\n-BLANK-\r\n<titlename>\r\n";
 
-class NormalFlow : public EditorTest
+class NormalFlow : public EndingTest
 {
 protected:
-    void goToCommentary()
+    struct Entry
+    {
+        const char *control;
+        const char *text;
+    };
+
+    /// Types into text boxes and chooses in lists.
+    void fill(const char *screen, std::initializer_list<Entry> entries)
+    {
+        for (const Entry &entry : entries) {
+            if (qobject_cast<ComboBox *>(&control(screen, entry.control)) != nullptr) {
+                choose(screen, entry.control, QLatin1StringView(entry.text));
+            } else {
+                type(screen, entry.control, QLatin1StringView(entry.text));
+            }
+        }
+    }
+
+    void fillDetails()
     {
         press("Form1", "Command3");
+        fill("Form4", {{"Combo3", "Battle Royal"},
+                       {"Text2", "Ladder Match"},
+                       {"Combo1", "Yes"},
+                       {"Combo2", "No"},
+                       {"Combo4", "DQ"},
+                       {"Combo10", "Yes"}});
         press("Form4", "Command2");
+        fill("Form5", {{"Text2", "Rocco Vance,Dex Vance"},
+                       {"Combo3", "Heel"},
+                       {"Combo1", "High Flyer"},
+                       {"Combo2", "Male"},
+                       {"Combo4", "No"},
+                       {"Text1", "Miss Vance"},
+                       {"Combo5", "Female"},
+                       {"Combo6", "Yes"},
+                       {"Combo7", "Top Rope"},
+                       {"Text3", "The Vances"}});
         press("Form5", "Command2");
+        fill("Form6", {{"Text2", "Ned Hart"},
+                       {"Combo3", "Face"},
+                       {"Combo1", "Non-Worker"},
+                       {"Combo2", "Female"},
+                       {"Combo4", "Yes"},
+                       {"Text1", "None"},
+                       {"Combo5", "Male"},
+                       {"Combo6", "No"},
+                       {"Combo7", "Pin"},
+                       {"Text3", "Any"}});
         press("Form6", "Command2");
     }
 
-    void save()
+    // By keyboard: what has the focus now gets the keys.
+    static void key(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
     {
-        boxes.expectQuestion(title(), QStringLiteral("Add this finish to the file?"), Answer::Yes);
-        boxes.expectNotice(title(), QStringLiteral("Saved OK."));
-        press("Form7", "Command1");
+        QTest::keyClick(QApplication::focusWindow(), key, modifiers);
+    }
+
+    void tabToControl(const char *screenName, const char *name) { tabTo(screen(screenName), name); }
+
+    void pressByKey(const char *screenName, const char *name, Qt::Key pressing)
+    {
+        tabToControl(screenName, name);
+        key(pressing);
+        boxes.checkAllCame();
     }
 };
 
-TEST_F(NormalFlow, SavedStraightAfterEntryGivesTheUntouchedRecord)
+TEST_F(NormalFlow, AFilledFlowGivesItsRecord)
 {
-    goToCommentary();
-    expectOnly("Form7");
-    type("Form7", "Text1", QStringLiteral("The end."));
+    fillDetails();
+    click(control("Form7", "Text1"));
+    choose("Form7", "Combo1", QStringLiteral("Attacker 1 Full Name"));
+    click(control("Form7", "Text1"));
+    QTest::keyClick(&control("Form7", "Text1"), Qt::Key_End);
+    QTest::keyClicks(&control("Form7", "Text1"), QStringLiteral(" climbs up."));
+    type("Form7", "Text2", QStringLiteral("And "));
+    choose("Form7", "Combo1", QStringLiteral("Attacker 2 Full Name"));
+    click(control("Form7", "Text10"));
+    choose("Form7", "Combo1", QStringLiteral("Title Name (eg. XWL Title)"));
     save();
     expectOnly("Form1");
-    EXPECT_EQ(bytesOf(QStringLiteral("normreports.tvd")), kUntouched);
+    EXPECT_EQ(bytesOf(QStringLiteral("normreports.tvd")), kFilledRecord);
 }
 
-TEST_F(NormalFlow, ATagChosenInTheListGoesIntoTheMarkedLine)
+TEST_F(NormalFlow, GoingBackAndForthChangesNothing)
 {
-    goToCommentary();
-    type("Form7", "Text3", QStringLiteral("Pinned by "));
-    choose("Form7", "Combo1", QStringLiteral("Receiver Full Name"));
-    EXPECT_EQ(text("Form7", "Text3"), QStringLiteral("Pinned by <recfullname>"));
-    combo("Form7", "Combo1").setFocus();
-    pickByKeyboard(combo("Form7", "Combo1"), QStringLiteral("Receiver Full Name"));
-    EXPECT_EQ(text("Form7", "Text3"), QStringLiteral("Pinned by <recfullname><recfullname>"));
+    fillDetails();
+    type("Form7", "Text1", QStringLiteral("<att1fullname> climbs up."));
+    type("Form7", "Text2", QStringLiteral("And <att2fullname>"));
+    type("Form7", "Text10", QStringLiteral("<titlename>"));
+    press("Form7", "Command2");
+    press("Form6", "Command1");
+    press("Form5", "Command1");
+    press("Form4", "Command2");
+    press("Form5", "Command2");
+    press("Form6", "Command2");
+    save();
+    EXPECT_EQ(bytesOf(QStringLiteral("normreports.tvd")), kFilledRecord);
+}
+
+TEST_F(NormalFlow, TheWholeFlowGoesByKeyboardAlone)
+{
+    pressByKey("Form1", "Command3", Qt::Key_Space);
+    expectOnly("Form4");
+    tabToControl("Form4", "Combo4");
+    key(Qt::Key_Down, Qt::AltModifier);
+    key(Qt::Key_Down);
+    key(Qt::Key_Return);
+    EXPECT_EQ(text("Form4", "Combo4"), QStringLiteral("DQ"));
+    pressByKey("Form4", "Command2", Qt::Key_Return);
+    expectOnly("Form5");
+    pressByKey("Form5", "Command2", Qt::Key_Space);
+    expectOnly("Form6");
+    pressByKey("Form6", "Command2", Qt::Key_Return);
+    expectOnly("Form7");
+
+    tabToControl("Form7", "Text1");
+    tabToControl("Form7", "Combo1");
+    EXPECT_EQ(text("Form7", "Text1"), QString());
+    QTest::keyClick(QApplication::focusWindow(), Qt::Key_Tab);
+    QTest::keyClick(QApplication::focusWindow(), Qt::Key_Backtab);
+    EXPECT_TRUE(control("Form7", "Combo1").hasFocus());
+    key(Qt::Key_Down, Qt::AltModifier);
+    key(Qt::Key_Return);
+    EXPECT_EQ(text("Form7", "Text1"), QStringLiteral("<att1fullname>"));
+
+    boxes.expectQuestion(title(), kSaveQuestion, Answer::Enter);
+    boxes.expectNotice(title(), QStringLiteral("Saved OK."), Answer::Enter);
+    pressByKey("Form7", "Command1", Qt::Key_Return);
+    expectOnly("Form1");
+    const QList<QByteArray> lines = bytesOf(QStringLiteral("normreports.tvd")).split('\n');
+    EXPECT_EQ(lines.size(), 37);
+    EXPECT_EQ(lines.at(4), QByteArray("DQ\r"));
+    EXPECT_EQ(lines.at(26), QByteArray("<att1fullname>\r"));
+}
+
+TEST_F(NormalFlow, TheWayBackGoesByKeyboardAlone)
+{
+    goTo("Form7");
+    pressByKey("Form7", "Command2", Qt::Key_Return);
+    expectOnly("Form6");
+    pressByKey("Form6", "Command1", Qt::Key_Space);
+    expectOnly("Form5");
+    pressByKey("Form5", "Command1", Qt::Key_Return);
+    expectOnly("Form4");
+    boxes.expectQuestion(title(), kReturnQuestion, Answer::Yes);
+    pressByKey("Form4", "Command1", Qt::Key_Return);
+    expectOnly("Form1");
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "support/events.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
@@ -113,6 +114,11 @@ void Boxes::check(const QMessageBox &box, const Awaited &awaited)
     EXPECT_EQ(box.textFormat(), Qt::PlainText);
     EXPECT_TRUE(box.informativeText().isEmpty());
     EXPECT_NE(box.parentWidget(), nullptr);
+    EXPECT_TRUE(box.isModal());
+    const auto *label = box.findChild<QLabel *>(QStringLiteral("qt_msgbox_label"));
+    ASSERT_NE(label, nullptr);
+    EXPECT_EQ(label->text(), box.text());
+    EXPECT_EQ(label->textFormat(), Qt::PlainText);
     if (awaited.caught != nullptr) {
         *awaited.caught = box.text();
     } else {

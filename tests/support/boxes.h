@@ -58,7 +58,7 @@ private:
     };
 
     void look();
-    void check(const QMessageBox &box, const Awaited &awaited);
+    static void check(const QMessageBox &box, const Awaited &awaited);
 
     std::deque<Awaited> m_awaited;
     QTimer m_timer;

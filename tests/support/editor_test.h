@@ -17,9 +17,11 @@ namespace tarvold::testing {
 /// The whole program, started on its main menu in an empty folder of its own.
 class EditorTest : public ::testing::Test
 {
+public:
+    ~EditorTest() override;
+
 protected:
     EditorTest();
-    ~EditorTest() override;
 
     Screen &screen(const char *name) { return editor.screens()[name]; }
     QWidget &control(const char *screen, const char *name);
@@ -35,10 +37,10 @@ protected:
     void choose(const char *screen, const char *name, const QString &item);
 
     /// Fails the test unless this screen is the only window to be seen.
-    void expectOnly(const char *screen);
+    static void expectOnly(const char *screen);
 
     /// The bytes of a file in the test's folder; an absent one fails the test.
-    QByteArray bytesOf(const QString &file);
+    static QByteArray bytesOf(const QString &file);
 
     static QString title() { return QLatin1StringView(messagebox::kTitle); }
 

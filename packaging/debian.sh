@@ -1,0 +1,49 @@
+# shellcheck shell=bash
+# Sourced by run and test: the Debian packages that each needs, and what both do.
+
+# shellcheck disable=SC2034 # the scripts that source this file use the lists
+packages_run=(build-essential cmake ninja-build qt6-base-dev fonts-liberation)
+# shellcheck disable=SC2034
+packages_tour=(
+    at-spi2-core dbus-daemon gir1.2-atspi-2.0 imagemagick openbox python3 python3-gi xdotool xvfb
+)
+# shellcheck disable=SC2034
+packages_test=(clang clang-format clang-tidy git libbenchmark-dev libgtest-dev)
+
+# install_missing PACKAGE...: installs what is not there; asks for root rights only then.
+install_missing() {
+    local package missing=() root=()
+    for package in "$@"; do
+        dpkg-query -W -f '${db:Status-Abbrev}' "$package" 2>/dev/null | grep -q '^.i' ||
+            missing+=("$package")
+    done
+    [[ ${#missing[@]} -eq 0 ]] && return
+    echo "Installing Debian packages: ${missing[*]}"
+    if [[ $EUID -ne 0 ]]; then
+        command -v sudo >/dev/null ||
+            fail "Please install these packages as root: apt-get install ${missing[*]}"
+        root=(sudo)
+    fi
+    "${root[@]}" apt-get update -qq
+    "${root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -y -qq --no-install-recommends "${missing[@]}"
+}
+
+# quietly LOG COMMAND...: runs the command with its output in the file LOG, and shows the end of
+# that only when the command fails.
+quietly() {
+    local log=$1 status=0
+    shift
+    mkdir -p "$(dirname "$log")"
+    "$@" >"$log" 2>&1 || status=$?
+    if [[ $status -ne 0 ]]; then
+        tail -n 60 "$log" >&2
+        echo "Failed: $* (whole log: $log)" >&2
+    fi
+    return "$status"
+}
+
+fail() {
+    echo "$1" >&2
+    exit 1
+}

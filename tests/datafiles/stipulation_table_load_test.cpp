@@ -1,0 +1,130 @@
+#include "datafiles/stipulation_table.h"
+#include "support/data_folder.h"
+#include "support/hindrances.h"
+#include "support/stipulation_records.h"
+
+#include <sys/stat.h>
+
+namespace tarvold::testing {
+namespace {
+
+class StipulationTableLoad : public DataFolderTest
+{
+protected:
+    static QString name() { return QStringLiteral("a.tvd"); }
+
+    std::optional<FileError> load(const QByteArray &bytes)
+    {
+        writeFile("a.tvd", bytes);
+        return table.load(name());
+    }
+
+    /// Fails unless a file of this name is refused and the table stays as it was.
+    QString refusal(const char *unfit)
+    {
+        EXPECT_FALSE(load(stipulation("Singles", "Kept")));
+        const auto error = table.load(QString::fromLatin1(unfit));
+        EXPECT_TRUE(error) << unfit;
+        EXPECT_EQ(table.lineCount(), 19);
+        EXPECT_EQ(table.line(1), "Kept");
+        return error ? error->cause : QString();
+    }
+
+    StipulationTable table;
+};
+
+TEST_F(StipulationTableLoad, CreatesAMissingFileEmpty)
+{
+    EXPECT_FALSE(table.load(name()));
+    EXPECT_EQ(table.lineCount(), 0);
+    EXPECT_EQ(folderContent(), "a.tvd");
+    EXPECT_EQ(readBack("a.tvd"), "");
+}
+
+TEST_F(StipulationTableLoad, TakesAnEmptyFileAsAnEmptyTable)
+{
+    EXPECT_FALSE(load(""));
+    EXPECT_EQ(table.lineCount(), 0);
+    EXPECT_TRUE(table.allRecords().empty());
+}
+
+TEST_F(StipulationTableLoad, KeepsAllLinesInTheOrderOfTheFile)
+{
+    QByteArray bytes;
+    for (int record = 0; record < 50; ++record) {
+        bytes += stipulation("Type " + QByteArray::number(record), "Name");
+    }
+    EXPECT_FALSE(load(bytes));
+    ASSERT_EQ(table.lineCount(), 50 * 19);
+    for (int record = 0; record < 50; ++record) {
+        const auto lines = stipulationLines("Type " + QByteArray::number(record), "Name");
+        for (int offset = 0; offset < 19; ++offset) {
+            EXPECT_EQ(table.line(record * 19 + offset), lines.at(std::size_t(offset)));
+        }
+    }
+}
+
+TEST_F(StipulationTableLoad, NeedsNoLineEndBehindTheLastLine)
+{
+    QByteArray bytes = stipulation("Singles", "Cage");
+    bytes.chop(2);
+    EXPECT_FALSE(load(bytes));
+    EXPECT_EQ(table.lineCount(), 19);
+    EXPECT_EQ(table.line(18), "Yes");
+}
+
+TEST_F(StipulationTableLoad, ReplacesWhatWasLoadedBefore)
+{
+    EXPECT_FALSE(load(stipulation("Singles", "One") + stipulation("Singles", "Two")));
+    EXPECT_FALSE(load(stipulation("Tag Team", "Three")));
+    EXPECT_EQ(table.lineCount(), 19);
+    EXPECT_EQ(table.displayText(0), "Tag Team / Three");
+}
+
+TEST_F(StipulationTableLoad, SaysHowManyLinesAFileHasThatEndsInsideARecord)
+{
+    for (const int lines : {1, 18, 20, 37, 39}) {
+        QByteArray bytes;
+        for (int line = 0; line < lines; ++line) {
+            bytes += "x\r\n";
+        }
+        writeFile("short.tvd", bytes);
+        const QString cause = refusal("short.tvd");
+        EXPECT_TRUE(cause.contains(QStringLiteral(" %1 lines").arg(lines))) << qPrintable(cause);
+        EXPECT_TRUE(cause.contains(QStringLiteral("19"))) << qPrintable(cause);
+        EXPECT_EQ(readBack("short.tvd"), bytes);
+    }
+    EXPECT_EQ(folderContent(), "a.tvd short.tvd");
+}
+
+TEST_F(StipulationTableLoad, RefusesWhatIsNoOrdinaryFile)
+{
+    ASSERT_TRUE(QDir().mkdir(QStringLiteral("folder.tvd")));
+    ASSERT_EQ(mkfifo("pipe.tvd", 0600), 0);
+    for (const char *unfit : {"", "folder.tvd", "pipe.tvd", "missing/a.tvd"}) {
+        EXPECT_FALSE(refusal(unfit).isEmpty());
+    }
+    EXPECT_EQ(folderContent(), "a.tvd folder.tvd pipe.tvd");
+}
+
+TEST_F(StipulationTableLoad, RefusesAFileThatMustNotBeRead)
+{
+    writeFile("secret.tvd", stipulation("Singles", "Cage"));
+    ASSERT_EQ(chmod(".", 0755), 0);
+    ASSERT_EQ(chmod("secret.tvd", 0000), 0);
+    EXPECT_TRUE(holdsForOrdinaryUser([this] {
+        const auto error = table.load(QStringLiteral("secret.tvd"));
+        return error && !error->cause.isEmpty() && table.lineCount() == 0;
+    }));
+}
+
+TEST_F(StipulationTableLoad, ReportsAMissingFileThatCannotBeCreated)
+{
+    ASSERT_EQ(chmod(".", 0555), 0);
+    EXPECT_TRUE(holdsForOrdinaryUser([this] { return table.load(name()).has_value(); }));
+    ASSERT_EQ(chmod(".", 0755), 0);
+    EXPECT_EQ(folderContent(), "");
+}
+
+} // namespace
+} // namespace tarvold::testing

@@ -1,0 +1,60 @@
+"""A virtual display of our own, with a window manager and an accessibility bus."""
+
+import os
+import select
+import subprocess
+
+WIDTH, HEIGHT = 1366, 768
+
+
+class Desktop:
+    """Lives as long as its `with` block; inside it DISPLAY and the bus address are set."""
+
+    def __init__(self, log):
+        self._log = log
+        self._processes = []
+
+    def __enter__(self):
+        try:
+            os.environ["DISPLAY"] = self._start_display()
+            os.environ["DBUS_SESSION_BUS_ADDRESS"] = self._start_bus()
+            self._start_window_manager()
+        except BaseException:
+            self.__exit__()
+            raise
+        return self
+
+    def __exit__(self, *_):
+        for process in reversed(self._processes):
+            process.terminate()
+            process.wait()
+
+    def _start(self, *command, **options):
+        process = subprocess.Popen(command, stderr=self._log, **options)
+        self._processes.append(process)
+        return process
+
+    def _start_display(self):
+        # The server itself picks a number that is free and tells it once it is ready.
+        reader, writer = os.pipe()
+        self._start("Xvfb", "-displayfd", str(writer), "-nolisten", "tcp",
+                    "-screen", "0", f"{WIDTH}x{HEIGHT}x24", pass_fds=[writer])
+        os.close(writer)
+        with open(reader, encoding="ascii") as answer:
+            return ":" + answer.readline().strip()
+
+    def _start_window_manager(self):
+        # A window that asks to be shown while the manager starts would never appear.
+        reader, writer = os.pipe()
+        command = f"/bin/sh -c 'echo ready > /proc/{os.getpid()}/fd/{writer}'"
+        self._start("openbox", "--sm-disable", "--startup", command, stdout=self._log)
+        ready, _, _ = select.select([reader], [], [], 60)
+        os.close(reader)
+        os.close(writer)
+        if not ready:
+            raise RuntimeError("the window manager did not start")
+
+    def _start_bus(self):
+        bus = self._start("dbus-daemon", "--session", "--nofork", "--print-address",
+                          stdout=subprocess.PIPE, text=True)
+        return bus.stdout.readline().strip()

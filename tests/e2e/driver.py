@@ -1,0 +1,245 @@
+"""Drives the program as a user does: it looks at what is on the screen, clicks and types.
+
+What is on the screen is read from the accessibility bus, by the role and name that a screen reader
+would speak; mouse and keyboard events come from xdotool. Every step waits for what it needs to see
+and fails in plain words when that does not come.
+"""
+
+import os
+import subprocess
+import time
+import warnings
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi, GLib  # noqa: E402
+
+warnings.filterwarnings("ignore", category=DeprecationWarning)
+
+BOX_TITLE = "Tarvold Data Editor"
+SCREEN_TITLE = "Tarvold 1.3 Data Editor"
+FIELDS = ("text", "combo box")
+
+
+class TourError(RuntimeError):
+    """The program did not do what the tour expects."""
+
+
+class Driver:
+    """One run of the program in a folder, with pictures going to another."""
+
+    def __init__(self, program, folder, pictures, timeout, log):
+        self._timeout = timeout
+        self._pictures = pictures
+        self._picture_count = 0
+        self._box_title = BOX_TITLE
+        Atspi.init()  # starts the accessibility bus, which the program looks for when it starts
+        environment = dict(os.environ, QT_QPA_PLATFORM="xcb", QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
+        self._process = subprocess.Popen([program], cwd=folder, env=environment, stderr=log)
+
+    # What is on the screen
+
+    def wait_screen(self, heading):
+        """Waits until the screen with this heading is the only one."""
+        self._wait(f'the screen "{heading}"',
+                   lambda: len(self._windows(SCREEN_TITLE)) == 1 and self._find("label", heading))
+
+    def wait_box(self, text, title=BOX_TITLE):
+        """Waits until a message box with this title and text is there."""
+        self._box_title = title
+        self._wait(f'the message box "{text}"', lambda: self._windows(title)
+                   and self._find("label", text))
+
+    def wait_label(self, text):
+        """Waits until a label shows this text."""
+        self._wait(f'the label "{text}"', lambda: self._find("label", text))
+
+    def picture(self, name):
+        """Saves the front window as it is now, its frame left out."""
+        boxes = self._windows(self._box_title)
+        self._save_picture(name, (boxes or self._windows(SCREEN_TITLE))[0])
+
+    def picture_of_all(self, name):
+        """Saves the whole display, for what lies over a window, such as an opened list."""
+        self._save_picture(name, "root")
+
+    # What a user does
+
+    def press(self, button):
+        """Clicks a button by the name that a screen reader speaks."""
+        self._click(self._wait(f'the button "{button}"', lambda: self._find("push button", button)))
+
+    def select(self, item):
+        """Clicks a row of a list box."""
+        self._click(self._wait(f'the row "{item}"', lambda: self._find("list item", item)))
+
+    def click_field(self, name):
+        """Clicks into a text or combo box and waits for the focus."""
+        self._click(self._field(name))
+        self._wait(f'the focus in "{name}"', lambda: has(self._field(name), "FOCUSED"))
+
+    def fill(self, name, text):
+        """Clicks into a box and types over what is there."""
+        self.click_field(name)
+        self.keys("ctrl+a", "Delete")
+        self.type(name, text)
+
+    def type(self, name, text):
+        """Types at the cursor of the box that has the focus and waits until the box shows it."""
+        xdotool("type", "--delay", "2", text)
+        self.wait_value(name, text)
+
+    def keys(self, *keys):
+        xdotool("key", "--clearmodifiers", *keys)
+
+    def choose(self, name, item, look=None):
+        """Opens a list with a click on its arrow and clicks an item; `look` sees it open."""
+        box = extents(self._field(name))
+        click_at(box.x + box.width - 10, box.y + box.height // 2)
+        place = self._wait(f'"{item}" in the list of "{name}"', lambda: self._open_item(name, item))
+        if look:
+            look()
+        self._click(place)
+        self._wait_closed(name)
+
+    def choose_by_keys(self, name, item):
+        """Opens the list that has the focus with Alt+Down, goes to the item and presses Enter."""
+        self.keys("alt+Down")
+        self._wait(f'"{item}" in the list of "{name}"', lambda: self._open_item(name, item))
+        self.keys("Home")
+        names = [each.get_name() for each in walk(self._field(name))
+                 if each.get_role_name() == "list item"]
+        self.keys(*["Down"] * names.index(item), "Return")
+        self._wait_closed(name)
+
+    def wait_value(self, name, text):
+        """Waits until a text or combo box shows this text."""
+        self._wait(f'"{text}" in "{name}"', lambda: value_of(self._field(name)) == text)
+
+    def wait_end(self):
+        """Waits until the program has ended and fails unless it ended well."""
+        try:
+            code = self._process.wait(self._timeout)
+        except subprocess.TimeoutExpired:
+            raise TourError("the program did not end") from None
+        if code != 0:
+            raise TourError(f"the program ended with status {code}")
+
+    def stop(self):
+        """Ends a program that a failed tour left behind."""
+        if self._process.poll() is None:
+            self._process.kill()
+        self._process.wait()
+
+    # How it is done
+
+    def _wait(self, what, condition):
+        end = time.monotonic() + self._timeout
+        while time.monotonic() < end:
+            if self._process.poll() is not None:
+                raise TourError(f"the program ended while the tour waited for {what}")
+            try:
+                found = condition()
+            except GLib.Error:
+                found = None  # what we looked at went away in between
+            if found:
+                return found
+            time.sleep(0.02)
+            while GLib.MainContext.default().iteration(False):
+                pass  # lets the accessibility bus tell us what has changed
+        raise TourError(f"waited {self._timeout} seconds for {what}")
+
+    def _windows(self, title):
+        listed = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", f"^{title}$"],
+                                capture_output=True, text=True, check=False)
+        return listed.stdout.split()
+
+    def _application(self):
+        desktop = Atspi.get_desktop(0)
+        desktop.clear_cache()
+        for index in range(desktop.get_child_count()):
+            application = desktop.get_child_at_index(index)
+            if application and application.get_process_id() == self._process.pid:
+                application.set_cache_mask(Atspi.Cache.NONE)
+                application.clear_cache()
+                return application
+        return None
+
+    def _find(self, role, name):
+        for each in walk(self._application()):
+            if each.get_role_name() == role and each.get_name() == name and has(each, "SHOWING"):
+                return each
+        return None
+
+    def _field(self, name):
+        return self._wait(f'the field "{name}"', lambda: self._find_field(name))
+
+    def _find_field(self, name):
+        for each in walk(self._application()):
+            if each.get_role_name() in FIELDS and has(each, "SHOWING") and name_of(each) == name:
+                return each
+        return None
+
+    def _open_list(self, name):
+        for each in walk(self._field(name)):
+            if each.get_role_name() == "list" and has(each, "SHOWING"):
+                return each
+        return None
+
+    def _open_item(self, name, item):
+        for each in walk(self._open_list(name)):
+            if each.get_role_name() == "list item" and each.get_name() == item:
+                return each
+        return None
+
+    def _wait_closed(self, name):
+        self._wait(f'the list of "{name}" to close', lambda: not self._open_list(name))
+
+    def _click(self, place):
+        box = extents(place)
+        click_at(box.x + box.width // 2, box.y + box.height // 2)
+
+    def _save_picture(self, name, window):
+        self._picture_count += 1
+        path = os.path.join(self._pictures, f"{self._picture_count:02}-{name}.png")
+        subprocess.run(["import", "-window", window, path], check=True)
+
+
+def walk(root):
+    """The thing and everything inside it."""
+    if root is None:
+        return
+    yield root
+    for index in range(root.get_child_count()):
+        yield from walk(root.get_child_at_index(index))
+
+
+def has(thing, state):
+    return thing.get_state_set().contains(getattr(Atspi.StateType, state))
+
+
+def name_of(field):
+    """A text box bears its name; a combo box bears its text and is named by its caption."""
+    if field.get_role_name() == "text":
+        return field.get_name()
+    for relation in field.get_relation_set():
+        if relation.get_relation_type() == Atspi.RelationType.LABELLED_BY:
+            return relation.get_target(0).get_name()
+    return field.get_name()
+
+
+def value_of(field):
+    return Atspi.Text.get_text(field, 0, -1) if field.get_role_name() == "text" else field.get_name()
+
+
+def extents(thing):
+    return thing.get_extents(Atspi.CoordType.SCREEN)
+
+
+def click_at(x, y):
+    xdotool("mousemove", "--sync", str(x), str(y), "click", "1")
+
+
+def xdotool(*arguments):
+    subprocess.run(["xdotool", *arguments], check=True)

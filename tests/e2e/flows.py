@@ -1,0 +1,171 @@
+"""What the tour does in each flow, and the bytes that the data file must then hold.
+
+A flow is a function that takes a driver on the main menu and brings it back there. FLOWS lists each
+with the file that it writes and the lines that must be in it.
+"""
+
+import segment_flows
+import stipulation_flow
+from steps import MENU, TAG_LIST, finish
+
+
+def normal_ending(driver):
+    """Writes a match ending that a double team wins."""
+    driver.press("Add Normal Match Endings")
+    criteria(driver)
+    attacker(driver)
+    receiver(driver)
+    commentary(driver)
+    finish(driver, "Add This Finish", "Add this finish to the file?")
+
+
+def criteria(driver):
+    driver.wait_screen("GENERAL DETAILS")
+    driver.choose("Match Type", "Tag Team", look=lambda: driver.picture_of_all("match-types"))
+    driver.keys("Tab", "ctrl+a")
+    driver.type("Stipulation", "Ladder Match")
+    driver.keys("Tab")
+    driver.choose_by_keys("Title On The Line?", "Yes")
+    driver.picture("criteria")
+    driver.press("Next")
+
+
+def attacker(driver):
+    driver.wait_screen("ATTACKER DETAILS")
+    driver.keys("ctrl+a")
+    driver.type("Attacker(s) Name(s)", "Rocco Vance,Dex Vance")
+    driver.choose("Attacker(s) Finisher Type", "Top Rope")
+    driver.fill("Attacker(s) Manager Name", "Any")
+    driver.picture("attacker")
+    driver.press("Next")
+
+
+def receiver(driver):
+    driver.wait_screen("RECEIVER DETAILS")
+    driver.keys("Tab")
+    driver.choose_by_keys("Receiver Disposition", "Heel")
+    driver.fill("Receiver Stable", "")
+    driver.picture("receiver")
+    driver.press("Next")
+    driver.wait_screen("THE MATCH FINISH")
+    driver.press("Back")
+    driver.wait_screen("RECEIVER DETAILS")
+    driver.wait_value("Receiver Stable", "N/A")
+    driver.press("Next")
+
+
+def commentary(driver):
+    driver.wait_screen("THE MATCH FINISH")
+    driver.click_field("Commentary line 1")
+    driver.type("Commentary line 1", "Off the top rope: ")
+    driver.choose(TAG_LIST, "Attacker 2 Full Name", look=lambda: driver.picture_of_all("tags"))
+    driver.wait_value("Commentary line 1", "Off the top rope: <att2fullname>")
+    driver.click_field("Commentary line 3")
+    driver.type("Commentary line 3", "Three! ")
+    driver.choose(TAG_LIST, "Receiver Short Name")
+    driver.wait_value("Commentary line 3", "Three! <recshortname>")
+    refused_tag(driver)
+    driver.picture("commentary")
+
+
+def refused_tag(driver):
+    """A refused tag leaves the one chosen before to be put in once more."""
+    driver.choose(TAG_LIST, "Receiver's Manager Name")
+    driver.wait_box("You have the receiver's manager name as 'N/A' or 'None', which means you "
+                    "can't involve the receiver's manager in this finish.")
+    driver.picture("refused-tag")
+    driver.keys("Return")
+    driver.wait_value("Commentary line 3", "Three! <recshortname><recshortname>")
+
+
+# What the function above typed and chose, line by line; the rest is what the screens start with.
+NORMAL_ENDING = [
+    # match criteria
+    "Tag Team", "Ladder Match", "Yes", "N/A", "Normal", "N/A",
+    # attacker: names, disposition, style, gender, holder, manager, finisher, stable
+    "Rocco Vance,Dex Vance", "Any", "Any", "Any", "N/A", "Any", "N/A", "N/A", "t", "N/A",
+    # receiver, likewise; the emptied stable is filled
+    "Any", "Heel", "Any", "Any", "N/A", "N/A", "N/A", "N/A", "Any", "N/A",
+    # ten lines of commentary
+    "Off the top rope: <att2fullname>", "-BLANK-", "Three! <recshortname><recshortname>",
+    "-BLANK-", "-BLANK-", "-BLANK-", "-BLANK-", "-BLANK-", "-BLANK-", "-BLANK-",
+]
+
+
+def run_in(driver):
+    """Writes a match ending in which a tag team interferes."""
+    driver.press("Add Match Endings With Run-Ins")
+    driver.wait_screen("GENERAL DETAILS")
+    driver.choose("Match Type", "Women's Tag Team")
+    driver.press("Next")
+    driver.wait_screen("ATTACKER DETAILS")
+    driver.press("Next")
+    driver.wait_screen("RECEIVER DETAILS")
+    driver.press("Next")
+    driver.wait_screen("FEUD DETAILS")
+    driver.wait_value("Type of Feud", "Tag Team")
+    driver.fill("Feuding Wrestler(s)", "Nova,Vega")
+    driver.choose("Feuding With", "Winners")
+    driver.keys("Tab", "Right", "Right", "Up", "Left")
+    driver.wait_label(" 12%")
+    driver.picture("feud")
+    driver.press("Next")
+    driver.wait_screen("THE MATCH FINISH")
+    driver.fill("Commentary line 1", "Here they come: ")
+    driver.choose(TAG_LIST, "Interfering Team Name")
+    driver.wait_value("Commentary line 1", "Here they come: <feudteam>")
+    driver.picture("run-in-commentary")
+    finish(driver, "Add This Finish", "Add this finish to the file?")
+
+
+RUN_IN = [
+    "Women's Tag Team", "Any", "N/A", "N/A", "Normal", "N/A",
+    "Rocco Vance,Dex Vance", "Any", "Any", "Any", "N/A", "N/A", "N/A", "N/A", "Any", "N/A",
+    "Any", "Any", "Any", "Any", "N/A", "N/A", "N/A", "N/A", "Any", "N/A",
+    # televised, feud, names, disposition, style, finisher, side, heat
+    "N/A", "Tag Team", "Nova,Vega", "Any", "Any", "Any", "Winners", "12",
+    "Here they come: <feudteam>", *["-BLANK-"] * 9,
+]
+
+
+def turn(driver):
+    """Writes a match ending in which a wrestler turns on his partner."""
+    driver.press("Add Match Endings With Turns")
+    driver.wait_screen("GENERAL DETAILS")
+    driver.press("Next")
+    driver.wait_screen("ATTACKER DETAILS")
+    driver.picture("attacker-of-a-turn")
+    driver.press("Next")
+    driver.wait_screen("RECEIVER DETAILS")
+    driver.press("Next")
+    driver.wait_screen("TURN DETAILS")
+    driver.choose("Wrestler 1 Disposition", "Turning Heel")
+    driver.choose("Turning Wrestler(s) Are On", "Losing Side")
+    driver.picture("turn")
+    driver.press("Next")
+    driver.wait_screen("THE MATCH FINISH")
+    driver.fill("Commentary line 1", "What a betrayal by ")
+    driver.choose(TAG_LIST, "Wrestler 1")
+    driver.wait_value("Commentary line 1", "What a betrayal by <wrestler1>")
+    driver.picture("turn-commentary")
+    finish(driver, "Add This Finish", "Add this finish to the file?")
+
+
+TURN = [
+    "Singles", "Any", "N/A", "N/A", "Normal", "N/A",
+    # the attacker's name is the one typed before; then style, gender, holder, finisher
+    "Rocco Vance,Dex Vance", "Any", "Any", "N/A", "Any",
+    "Any", "Any", "Any", "N/A", "Any",
+    "Turning Heel", "N/A", "N/A", "N/A", "Losing Side", "N/A", "N/A",
+    "What a betrayal by <wrestler1>", *["-BLANK-"] * 9,
+]
+
+FLOWS = [
+    (normal_ending, "normreports.tvd", NORMAL_ENDING),
+    (run_in, "feudreports.tvd", RUN_IN),
+    (turn, "turnreports.tvd", TURN),
+    (segment_flows.interview, "interviews.tvd", segment_flows.INTERVIEW),
+    (segment_flows.talk_show, "talkshow.tvd", segment_flows.TALK_SHOW),
+    (stipulation_flow.stipulations, "stipulations.tvd", stipulation_flow.STIPULATIONS),
+    (stipulation_flow.import_interviews, "shared.tvd", segment_flows.INTERVIEW),
+]

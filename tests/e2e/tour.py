@@ -1,0 +1,95 @@
+#!/usr/bin/python3
+"""Drives the real program through its main job on a virtual display.
+
+Usage: tour.py PROGRAM [FOLDER] [--timeout SECONDS]
+
+Pictures of every screen, the data files written and a log land in FOLDER. The files must hold,
+byte for byte, what the typed values give; any difference, timeout or crash ends the tour with a
+plain message and a status other than zero.
+"""
+
+import argparse
+import glob
+import os
+import shutil
+import subprocess
+import sys
+import tempfile
+
+from desktop import Desktop
+from driver import Driver, TourError
+from flows import FLOWS
+from steps import MENU
+
+LOG = "tour.log"
+
+
+def main():
+    parser = argparse.ArgumentParser(description="Drive the program through its main job.")
+    parser.add_argument("program")
+    parser.add_argument("folder", nargs="?", default="build/tour")
+    parser.add_argument("--timeout", type=float, default=60, help="seconds to wait for each step")
+    arguments = parser.parse_args()
+    clear(arguments.folder)
+    with open(os.path.join(arguments.folder, LOG), "w", encoding="utf-8") as log:
+        try:
+            tour(os.path.abspath(arguments.program), arguments.folder, arguments.timeout, log)
+        except (RuntimeError, OSError, subprocess.SubprocessError) as error:
+            log.flush()
+            sys.exit(f"The tour failed: {error}.\nSee {log.name}.")
+    print(f"The tour is done; pictures and data files are in {arguments.folder}.")
+
+
+def clear(folder):
+    """Removes what an earlier tour left, and nothing else: an author's data files stay."""
+    os.makedirs(folder, exist_ok=True)
+    names = os.listdir(folder)
+    if LOG not in names and any(name.endswith(".tvd") for name in names):
+        sys.exit(f"{folder} holds data files that no tour wrote; name another folder.")
+    for pattern in ("[0-9][0-9]-*.png", "*.tvd", LOG):
+        for old in glob.glob(os.path.join(glob.escape(folder), pattern)):
+            os.remove(old)
+
+
+def tour(program, pictures, timeout, log):
+    with Desktop(log), tempfile.TemporaryDirectory() as work:
+        driver = Driver(program, work, pictures, timeout, log)
+        try:
+            driver.wait_screen(MENU)
+            driver.picture("menu")
+            for flow, _, _ in FLOWS:
+                flow(driver)
+            driver.press("Exit")
+            driver.wait_end()
+        except Exception:
+            driver.picture_of_all("failed")
+            raise
+        finally:
+            driver.stop()
+            for name in os.listdir(work):
+                shutil.copy(os.path.join(work, name), pictures)
+        check_files(work)
+
+
+def check_files(work):
+    """Fails unless the folder holds just the files of the flows, byte for byte as expected."""
+    names = sorted(name for _, name, _ in FLOWS)
+    if sorted(os.listdir(work)) != names:
+        raise TourError(f"the program wrote {sorted(os.listdir(work))} and not {names}")
+    for _, name, lines in FLOWS:
+        with open(os.path.join(work, name), "rb") as file:
+            compare(name, file.read(), "".join(line + "\r\n" for line in lines).encode("cp1252"))
+
+
+def compare(name, written, expected):
+    if written == expected:
+        return
+    pairs = zip(written.split(b"\r\n"), expected.split(b"\r\n"))
+    for number, (have, want) in enumerate(pairs, start=1):
+        if have != want:
+            raise TourError(f"{name}, line {number}: {have!r} instead of {want!r}")
+    raise TourError(f"{name} has {len(written)} bytes instead of {len(expected)}")
+
+
+if __name__ == "__main__":
+    main()

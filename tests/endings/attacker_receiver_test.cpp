@@ -1,0 +1,253 @@
+#include "endings/attacker_expected.h"
+#include "endings/receiver_expected.h"
+#include "support/ending_test.h"
+#include "support/spoken.h"
+#include "support/stub_screen.h"
+
+#include <QPushButton>
+
+namespace tarvold::testing {
+namespace {
+
+struct Side
+{
+    const char *screen;
+    const char *heading;
+    const char *note;
+    const ExpectedFields &fields;
+    const char *next;
+    const char *back;
+};
+
+const Side kSides[] = {
+    {"Form5", "ATTACKER DETAILS", "Attacker = the one who makes the pin/wins by DQ etc", kAttacker,
+     "Form6", "Form4"},
+    {"Form6", "RECEIVER DETAILS", "Receiver = The one who gets pinned/submits/loses by DQ etc",
+     kReceiver, "Form7", "Form5"},
+};
+
+/// The attacker screen and the receiver screen, each in turn.
+class Sides : public EndingTest, public ::testing::WithParamInterface<int>
+{
+protected:
+    Sides() { goTo(name()); }
+
+    static const Side &side() { return kSides[GetParam()]; }
+    static const char *name() { return side().screen; }
+    Screen &form() { return screen(name()); }
+};
+
+INSTANTIATE_TEST_SUITE_P(, Sides, ::testing::Values(0, 1),
+                         [](const auto &which) { return kSides[which.param].screen; });
+
+TEST_P(Sides, FieldsBearTheirCaptionsAndLists)
+{
+    expectFields(form(), side().fields);
+}
+
+TEST_P(Sides, BearsItsHeadingNoteAndButtons)
+{
+    EXPECT_EQ(form().windowTitle(), QStringLiteral("Tarvold 1.3 Data Editor"));
+    EXPECT_EQ(form().text("Label1"), QLatin1StringView(side().heading));
+    EXPECT_EQ(form().text("Label14"), QLatin1StringView(side().note));
+    EXPECT_TRUE(form().control("Label14").isVisible());
+    EXPECT_EQ(form().control<QPushButton>("Command1").text(), QStringLiteral("<<"));
+    EXPECT_EQ(form().control<QPushButton>("Command2").text(), QStringLiteral(">>"));
+}
+
+TEST_P(Sides, FieldsHoldTheirEntryDefaultsAndCanBeSeen)
+{
+    expectFreshTexts(form(), side().fields);
+    for (const ExpectedField &field : side().fields) {
+        EXPECT_TRUE(form().control(field.control).isVisible()) << field.control;
+    }
+}
+
+TEST_P(Sides, TheFirstFieldHasTheFocusAndShowsItsHelp)
+{
+    expectActive(form());
+    EXPECT_TRUE(form().control("Text2").hasFocus());
+    EXPECT_EQ(form().text("Label13"), QLatin1StringView(side().fields.front().help));
+}
+
+TEST_P(Sides, TabbingChangesTheHelpAtEveryField)
+{
+    expectHelpOnFocus(form(), "Label13", side().fields);
+}
+
+TEST_P(Sides, AClickWhereTheFocusAlreadyIsLeavesTheHelp)
+{
+    expectHelpOnClick(form(), "Label13", side().fields);
+}
+
+TEST_P(Sides, TheHelpDoesNotMoveAnything)
+{
+    expectActive(form());
+    const QRect help = form().control("Label13").geometry();
+    const QRect next = form().control("Command2").geometry();
+    for (const ExpectedField &field : side().fields) {
+        const QRect place = form().control(field.control).geometry();
+        tabTo(form(), field.control);
+        QTest::qWait(0);
+        EXPECT_EQ(form().control("Label13").geometry(), help) << field.control;
+        EXPECT_EQ(form().control("Command2").geometry(), next) << field.control;
+        EXPECT_EQ(form().control(field.control).geometry(), place) << field.control;
+    }
+}
+
+TEST_P(Sides, NextFillsEmptyBoxes)
+{
+    type(name(), "Text2", QString());
+    type(name(), "Text1", QString());
+    type(name(), "Text3", QString());
+    press(name(), "Command2");
+    expectOnly(side().next);
+    EXPECT_EQ(text(name(), "Text2"), QStringLiteral("Any"));
+    EXPECT_EQ(text(name(), "Text1"), QStringLiteral("N/A"));
+    EXPECT_EQ(text(name(), "Text3"), QStringLiteral("N/A"));
+}
+
+TEST_P(Sides, NextResetsGenderAndWorkerWithAnEmptiedManagerName)
+{
+    type(name(), "Text1", QString());
+    choose(name(), "Combo5", QStringLiteral("Female"));
+    choose(name(), "Combo6", QStringLiteral("Yes"));
+    press(name(), "Command2");
+    EXPECT_EQ(text(name(), "Text1"), QStringLiteral("N/A"));
+    EXPECT_EQ(text(name(), "Combo5"), QStringLiteral("N/A"));
+    EXPECT_EQ(text(name(), "Combo6"), QStringLiteral("N/A"));
+}
+
+TEST_P(Sides, NextKeepsGenderAndWorkerBesideAManagerName)
+{
+    for (const char *manager : {"Miss Vance", " ", "None", "N/A"}) {
+        SCOPED_TRACE(manager);
+        type(name(), "Text1", QLatin1StringView(manager));
+        type(name(), "Combo5", QStringLiteral("my own"));
+        choose(name(), "Combo6", QStringLiteral("Yes"));
+        press(name(), "Command2");
+        EXPECT_EQ(text(name(), "Text1"), QLatin1StringView(manager));
+        EXPECT_EQ(text(name(), "Combo5"), QStringLiteral("my own"));
+        EXPECT_EQ(text(name(), "Combo6"), QStringLiteral("Yes"));
+        press(side().next, GetParam() == 0 ? "Command1" : "Command2");
+    }
+}
+
+TEST_P(Sides, NextLeavesBoxesOfOneSpace)
+{
+    for (const char *box : {"Text1", "Text2", "Text3"}) {
+        type(name(), box, QStringLiteral(" "));
+    }
+    press(name(), "Command2");
+    for (const char *box : {"Text1", "Text2", "Text3"}) {
+        EXPECT_EQ(text(name(), box), QStringLiteral(" ")) << box;
+    }
+}
+
+TEST_P(Sides, NextLeavesEmptiedListsEmpty)
+{
+    for (const char *box : {"Combo1", "Combo2", "Combo3", "Combo4", "Combo5", "Combo6", "Combo7"}) {
+        type(name(), box, QString());
+    }
+    press(name(), "Command2");
+    for (const char *box : {"Combo1", "Combo2", "Combo3", "Combo4", "Combo5", "Combo6", "Combo7"}) {
+        EXPECT_EQ(text(name(), box), QString()) << box;
+    }
+}
+
+TEST_P(Sides, FillsRunOnHiddenBoxesToo)
+{
+    type(name(), "Text1", QString());
+    type(name(), "Text3", QString());
+    choose(name(), "Combo5", QStringLiteral("Male"));
+    for (const char *hidden : {"Text1", "Text3", "Combo5", "Combo6"}) {
+        control(name(), hidden).hide();
+    }
+    press(name(), "Command2");
+    EXPECT_EQ(text(name(), "Text1"), QStringLiteral("N/A"));
+    EXPECT_EQ(text(name(), "Text3"), QStringLiteral("N/A"));
+    EXPECT_EQ(text(name(), "Combo5"), QStringLiteral("N/A"));
+}
+
+TEST_P(Sides, BackAsksNothingFillsNothingAndKeepsEveryValue)
+{
+    for (const ExpectedField &field : side().fields) {
+        type(name(), field.control, QLatin1StringView(field.control) + QStringLiteral("!"));
+    }
+    type(name(), "Text3", QString());
+    press(name(), "Command1");
+    expectOnly(side().back);
+    press(side().back, "Command2");
+    expectOnly(name());
+    for (const ExpectedField &field : side().fields) {
+        const QString typed = QLatin1StringView(field.control) + QStringLiteral("!");
+        EXPECT_EQ(text(name(), field.control),
+                  qstrcmp(field.control, "Text3") == 0 ? QString() : typed);
+    }
+}
+
+class Receiver : public EndingTest
+{
+protected:
+    Receiver()
+    {
+        editor.screens().declare<StubScreen<'8'>>();
+        editor.screens().declare<StubScreen<'1', '0'>>();
+        goTo("Form6");
+    }
+
+    /// Where ">>" leads while the flow label reads so.
+    void expectNext(const QString &label, const char *screen)
+    {
+        editor.screens().setText({"Form1", "matchreports"}, label);
+        press("Form6", "Command2");
+        expectOnly(screen);
+    }
+};
+
+TEST_F(Receiver, BackShowsTheAttackerScreenWithAllItsValues)
+{
+    press("Form6", "Command1");
+    for (const ExpectedField &field : kAttacker) {
+        type("Form5", field.control, QLatin1StringView(field.caption));
+    }
+    press("Form5", "Command2");
+    press("Form6", "Command1");
+    expectOnly("Form5");
+    for (const ExpectedField &field : kAttacker) {
+        EXPECT_EQ(text("Form5", field.control), QLatin1StringView(field.caption));
+    }
+}
+
+TEST_F(Receiver, NormalLeadsToTheNormalCommentary)
+{
+    expectNext(QStringLiteral("normal"), "Form7");
+}
+
+TEST_F(Receiver, FeudsLeadsToTheFeudDetails)
+{
+    expectNext(QStringLiteral("feuds"), "Form8");
+}
+
+TEST_F(Receiver, TurnsLeadsToTheTurnDetails)
+{
+    expectNext(QStringLiteral("turns"), "Form10");
+}
+
+TEST_F(Receiver, AnythingElseLeadsToTheTurnDetails)
+{
+    expectNext(QStringLiteral("Normal"), "Form10");
+}
+
+TEST_F(Receiver, NothingAtAllLeadsToTheTurnDetails)
+{
+    expectNext(QString(), "Form10");
+}
+
+TEST_F(Receiver, AlmostFeudsLeadsToTheTurnDetails)
+{
+    expectNext(QStringLiteral("feuds "), "Form10");
+}
+
+} // namespace
+} // namespace tarvold::testing

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QStringList>
+
+namespace tarvold::testing {
+
+inline constexpr char kSecondAttacker[] =
+    "To involve a second attacker, you either need to have the attacker's name as 'Any', or enter "
+    "the names of the 2 attackers, separated by a comma, on the Attacker Details screen.";
+inline constexpr char kAttackersManager[] =
+    "You have the attacker's manager name as 'N/A' or 'None', which means you can't involve the "
+    "attacker's manager in this finish.";
+inline constexpr char kReceiversManager[] =
+    "You have the receiver's manager name as 'N/A' or 'None', which means you can't involve the "
+    "receiver's manager in this finish.";
+inline constexpr char kAttackersStable[] =
+    "You have the attacker's stable as 'N/A' or 'None', which means you can't involve the "
+    "attacker's stable in this finish.";
+inline constexpr char kReceiversStable[] =
+    "You have the receiver's stable as 'N/A' or 'None', which means you can't involve the "
+    "receiver's stable in this finish.";
+
+/// A tag, and the field that decides whether it is refused.
+struct ExpectedTag
+{
+    const char *item;
+    const char *tag;
+    const char *screen = nullptr;
+    const char *box = nullptr;
+    const char *message = nullptr;
+};
+
+inline const ExpectedTag kTags[] = {
+    {"Attacker 1 Full Name", "<att1fullname>"},
+    {"Attacker 1 Short Name", "<att1shortname>"},
+    {"Attacker 2 Full Name", "<att2fullname>", "Form5", "Text2", kSecondAttacker},
+    {"Attacker 2 Short Name", "<att2shortname>", "Form5", "Text2", kSecondAttacker},
+    {"Receiver Full Name", "<recfullname>"},
+    {"Receiver Short Name", "<recshortname>"},
+    {"Attacker's Manager Name", "<attmanager>", "Form5", "Text1", kAttackersManager},
+    {"Receiver's Manager Name", "<recmanager>", "Form6", "Text1", kReceiversManager},
+    {"Attacker's Stable Name", "<attstable>", "Form5", "Text3", kAttackersStable},
+    {"Receiver's Stable Name", "<recstable>", "Form6", "Text3", kReceiversStable},
+    {"Attacker's Stable Member 1", "<attstablemem1>", "Form5", "Text3", kAttackersStable},
+    {"Attacker's Stable Member 2", "<attstablemem2>", "Form5", "Text3", kAttackersStable},
+    {"Receiver's Stable Member 1", "<recstablemem1>", "Form6", "Text3", kReceiversStable},
+    {"Receiver's Stable Member 2", "<recstablemem2>", "Form6", "Text3", kReceiversStable},
+    {"Attacker's Finisher Name", "<attfinisher>"},
+    {"Receiver's Finisher Name", "<recfinisher>"},
+    {"Title Name (eg. XWL Title)", "<titlename>"},
+    {"Title of Holder (eg. XWL Champion)", "<titleholder>"},
+};
+
+/// Texts of the deciding field with which a tag is refused, and with which it is accepted.
+inline const QStringList kRefusedNames = {
+    QStringLiteral("Rocco Vance"), QStringLiteral("any"), QStringLiteral("ANY"),
+    QStringLiteral(" "),           QStringLiteral(""),    QStringLiteral("N/A"),
+    QStringLiteral("Any ")};
+inline const QStringList kAcceptedNames = {
+    QStringLiteral("Any"), QStringLiteral("Rocco Vance,Dex Vance"), QStringLiteral(","),
+    QStringLiteral(",Dex"), QStringLiteral("Rocco,")};
+inline const QStringList kRefusedOthers = {QStringLiteral("None"), QStringLiteral("N/A")};
+inline const QStringList kAcceptedOthers = {QStringLiteral("Any"),       QStringLiteral("none"),
+                                            QStringLiteral("n/a"),       QStringLiteral("None "),
+                                            QStringLiteral(" "),         QStringLiteral(""),
+                                            QStringLiteral("The Vances")};
+
+} // namespace tarvold::testing

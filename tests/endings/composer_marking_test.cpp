@@ -1,0 +1,227 @@
+#include "endings/commentary_screen.h"
+#include "support/ending_test.h"
+#include "support/spoken.h"
+
+#include <QApplication>
+#include <QImage>
+
+namespace tarvold::testing {
+namespace {
+
+const QColor kWhite(0xFF, 0xFF, 0xFF);
+const QColor kYellow(0xFF, 0xFF, 0x00);
+
+class Marking : public EndingTest
+{
+protected:
+    Marking()
+    {
+        goTo("Form7");
+        expectActive(screen("Form7"));
+    }
+
+    static QByteArray line(int number) { return "Text" + QByteArray::number(number); }
+
+    QWidget &lineBox(int number) { return control("Form7", line(number).constData()); }
+
+    /// The numbers of the lines that are yellow; a line that is neither that nor white fails.
+    QList<int> yellowLines()
+    {
+        QList<int> yellow;
+        for (int number = 1; number <= 10; ++number) {
+            const QColor background = lineBox(number).palette().color(QPalette::Base);
+            EXPECT_TRUE(background == kWhite || background == kYellow) << number;
+            if (background == kYellow) {
+                yellow << number;
+            }
+        }
+        return yellow;
+    }
+
+    QString lineText(int number) { return text("Form7", line(number).constData()); }
+};
+
+TEST_F(Marking, NoLineIsMarkedAfterEntry)
+{
+    EXPECT_EQ(yellowLines(), QList<int>());
+    EXPECT_TRUE(control("Form7", "Combo1").hasFocus());
+}
+
+TEST_F(Marking, AClickMarksThatLineOnly)
+{
+    for (const int number : {3, 5, 1, 10, 5}) {
+        click(lineBox(number));
+        EXPECT_EQ(yellowLines(), QList<int>{number});
+    }
+}
+
+TEST_F(Marking, AClickMarksALineThatAlreadyHasTheFocus)
+{
+    click(lineBox(4));
+    qobject_cast<CommentaryScreen *>(&screen("Form7"))->whitenboxes();
+    EXPECT_EQ(yellowLines(), QList<int>());
+    EXPECT_TRUE(lineBox(4).hasFocus());
+    click(lineBox(4));
+    EXPECT_EQ(yellowLines(), QList<int>{4});
+}
+
+TEST_F(Marking, TabMarksTheLineItReaches)
+{
+    for (int number = 1; number <= 10; ++number) {
+        QTest::keyClick(screen("Form7").windowHandle(), Qt::Key_Tab);
+        EXPECT_EQ(yellowLines(), QList<int>{number});
+    }
+    QTest::keyClick(screen("Form7").windowHandle(), Qt::Key_Tab);
+    QTest::keyClick(screen("Form7").windowHandle(), Qt::Key_Backtab);
+    QTest::keyClick(screen("Form7").windowHandle(), Qt::Key_Backtab);
+    EXPECT_EQ(yellowLines(), QList<int>{9});
+}
+
+TEST_F(Marking, TheMarkStaysWhenTheFocusLeavesTheLines)
+{
+    click(lineBox(10));
+    tabTo(screen("Form7"), "Command1");
+    EXPECT_EQ(yellowLines(), QList<int>{10});
+    tabTo(screen("Form7"), "Combo1");
+    EXPECT_EQ(yellowLines(), QList<int>{10});
+}
+
+TEST_F(Marking, AWindowThatAppearsMarksNothing)
+{
+    lineBox(2).setFocus(Qt::OtherFocusReason);
+    qobject_cast<CommentaryScreen *>(&screen("Form7"))->whitenboxes();
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    expectActive(other);
+    screen("Form7").activateWindow();
+    expectActive(screen("Form7"));
+    EXPECT_TRUE(lineBox(2).hasFocus());
+    EXPECT_EQ(yellowLines(), QList<int>());
+}
+
+TEST_F(Marking, AMessageBoxThatGoesMarksNothing)
+{
+    lineBox(2).setFocus(Qt::OtherFocusReason);
+    qobject_cast<CommentaryScreen *>(&screen("Form7"))->whitenboxes();
+    boxes.expectNotice(title(), QStringLiteral("You haven't written the match finish!"));
+    QTest::mouseClick(&control("Form7", "Command1"), Qt::LeftButton);
+    boxes.checkAllCame();
+    screen("Form7").activateWindow();
+    expectActive(screen("Form7"));
+    EXPECT_EQ(yellowLines(), QList<int>());
+}
+
+TEST_F(Marking, TheMarkStaysThroughBackAndNext)
+{
+    click(lineBox(7));
+    press("Form7", "Command2");
+    press("Form6", "Command2");
+    expectActive(screen("Form7"));
+    EXPECT_EQ(yellowLines(), QList<int>{7});
+    EXPECT_TRUE(control("Form7", "Combo1").hasFocus());
+}
+
+TEST_F(Marking, ComingBackToTheScreenMarksNothing)
+{
+    press("Form7", "Command2");
+    press("Form6", "Command2");
+    expectActive(screen("Form7"));
+    EXPECT_EQ(yellowLines(), QList<int>());
+}
+
+TEST_F(Marking, WhitenboxesWhitensAllLines)
+{
+    click(lineBox(8));
+    qobject_cast<CommentaryScreen *>(&screen("Form7"))->whitenboxes();
+    EXPECT_EQ(yellowLines(), QList<int>());
+}
+
+TEST_F(Marking, TheNextEntryUnmarksEveryLine)
+{
+    click(lineBox(8));
+    press("Form7", "Command2");
+    press("Form6", "Command1");
+    press("Form5", "Command1");
+    leave();
+    goTo("Form7");
+    EXPECT_EQ(yellowLines(), QList<int>());
+}
+
+TEST_F(Marking, WithoutAMarkATagOnlyBecomesPending)
+{
+    choose("Form7", "Combo1", QStringLiteral("Receiver Full Name"));
+    EXPECT_EQ(text("Form7", "hiddenlabel"), QStringLiteral("<recfullname>"));
+    for (int number = 1; number <= 10; ++number) {
+        EXPECT_EQ(lineText(number), QString()) << number;
+    }
+}
+
+TEST_F(Marking, ATagGoesOnlyIntoTheLineMarkedLast)
+{
+    click(lineBox(3));
+    click(lineBox(5));
+    choose("Form7", "Combo1", QStringLiteral("Receiver Full Name"));
+    for (int number = 1; number <= 10; ++number) {
+        EXPECT_EQ(lineText(number), number == 5 ? QStringLiteral("<recfullname>") : QString());
+    }
+    EXPECT_EQ(yellowLines(), QList<int>{5});
+}
+
+TEST_F(Marking, TwoTagsInTwoLinesStayWhereTheyWerePut)
+{
+    click(lineBox(1));
+    choose("Form7", "Combo1", QStringLiteral("Receiver Full Name"));
+    click(lineBox(2));
+    choose("Form7", "Combo1", QStringLiteral("Attacker 1 Short Name"));
+    EXPECT_EQ(lineText(1), QStringLiteral("<recfullname>"));
+    EXPECT_EQ(lineText(2), QStringLiteral("<att1shortname>"));
+}
+
+/// The whole program on a desktop with light text on dark windows.
+class DarkMarking : public ::testing::Test
+{
+protected:
+    DarkMarking() : m_light(QApplication::palette())
+    {
+        QPalette dark(QColor(0x20, 0x20, 0x20), QColor(0x20, 0x20, 0x20));
+        dark.setColor(QPalette::Base, Qt::black);
+        dark.setColor(QPalette::Text, Qt::white);
+        QApplication::setPalette(dark);
+    }
+    ~DarkMarking() override { QApplication::setPalette(m_light); }
+
+private:
+    QPalette m_light;
+};
+
+/// The colour that most of the picture has.
+QColor backgroundOf(QWidget &box)
+{
+    const QImage picture = box.grab().toImage();
+    return picture.pixelColor(picture.width() - 20, picture.height() / 2);
+}
+
+TEST_F(DarkMarking, LinesStayBlackOnWhiteAndYellow)
+{
+    Editor editor;
+    editor.start();
+    Screens &screens = editor.screens();
+    click(screens["Form1"].control("Command3"));
+    for (const char *step : {"Form4", "Form5", "Form6"}) {
+        click(screens[step].control("Command2"));
+    }
+    QWidget &marked = screens["Form7"].control("Text2");
+    QWidget &other = screens["Form7"].control("Text3");
+    click(marked);
+    click(other);
+    click(marked);
+    for (QWidget *line : {&marked, &other}) {
+        EXPECT_EQ(line->palette().color(QPalette::Text), QColor(Qt::black));
+    }
+    EXPECT_EQ(backgroundOf(marked), kYellow);
+    EXPECT_EQ(backgroundOf(other), kWhite);
+}
+
+} // namespace
+} // namespace tarvold::testing

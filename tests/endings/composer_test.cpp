@@ -1,0 +1,249 @@
+#include "endings/composer_expected.h"
+#include "support/ending_test.h"
+
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace tarvold::testing {
+namespace {
+
+class Composer : public EndingTest
+{
+protected:
+    Composer() { goTo("Form7"); }
+
+    void chooseTag(const char *item) { choose("Form7", "Combo1", QLatin1StringView(item)); }
+
+    void expectRefusal(const char *message)
+    {
+        boxes.expectNotice(title(), QLatin1StringView(message));
+    }
+
+    /// What a field of another screen holds from now on.
+    void given(const char *screen, const char *box, const QString &text)
+    {
+        editor.screens().setText({screen, box}, text);
+    }
+
+    /// Empties the first line, marks it, chooses the tag, and gives what the line then holds.
+    QString insertedBy(const ExpectedTag &tag)
+    {
+        type("Form7", "Text1", QString());
+        chooseTag(tag.item);
+        return text("Form7", "Text1");
+    }
+
+    QString pending() { return text("Form7", "hiddenlabel"); }
+};
+
+TEST_F(Composer, BearsItsCaptionHeadingInstructionsAndButtons)
+{
+    EXPECT_EQ(screen("Form7").windowTitle(), QStringLiteral("Tarvold 1.3 Data Editor"));
+    EXPECT_EQ(text("Form7", "Label1"), QStringLiteral("THE MATCH FINISH"));
+    EXPECT_EQ(text("Form7", "Label3"),
+              QStringLiteral("Here you have up to 10 lines of commentary which you can type in for "
+                             "this match ending. Where specific details are needed, such as a "
+                             "wrestler's name, click on the list above to insert the relevant "
+                             "code."));
+    EXPECT_EQ(screen("Form7").control<QPushButton>("Command1").text(),
+              QStringLiteral("Add This Finish"));
+    EXPECT_EQ(screen("Form7").control<QPushButton>("Command2").text(), QStringLiteral("<<"));
+}
+
+TEST_F(Composer, TheTagListStandsAboveItsInstructionsAndTheLinesFollowFromTopToBottom)
+{
+    int above = control("Form7", "Label3").geometry().top();
+    EXPECT_LT(control("Form7", "Combo1").geometry().top(), above);
+    for (int line = 1; line <= 10; ++line) {
+        const QByteArray name = "Text" + QByteArray::number(line);
+        EXPECT_GT(control("Form7", name.constData()).geometry().top(), above) << line;
+        above = control("Form7", name.constData()).geometry().top();
+    }
+}
+
+TEST_F(Composer, TheTagListOffersItsItemsInOrder)
+{
+    const ComboBox &list = combo("Form7", "Combo1");
+    ASSERT_EQ(std::size_t(list.count()), std::size(kTags));
+    for (int row = 0; row < list.count(); ++row) {
+        EXPECT_EQ(list.itemText(row), QLatin1StringView(kTags[row].item));
+    }
+    EXPECT_EQ(list.currentText(), QStringLiteral("Attacker 1 Full Name"));
+}
+
+TEST_F(Composer, ThePendingTagIsHiddenAndStartsEmpty)
+{
+    EXPECT_EQ(pending(), QString());
+    EXPECT_FALSE(control("Form7", "hiddenlabel").isVisible());
+}
+
+TEST_F(Composer, EveryAcceptedTagIsInserted)
+{
+    for (const ExpectedTag &tag : kTags) {
+        SCOPED_TRACE(tag.item);
+        if (tag.box != nullptr) {
+            given(tag.screen, tag.box, QStringLiteral("Any"));
+        }
+        EXPECT_EQ(insertedBy(tag), QLatin1StringView(tag.tag));
+        EXPECT_EQ(pending(), QLatin1StringView(tag.tag));
+    }
+}
+
+TEST_F(Composer, ATagIsAcceptedWithEveryFittingText)
+{
+    for (const ExpectedTag &tag : kTags) {
+        if (tag.box == nullptr) {
+            continue;
+        }
+        const bool isName = tag.message == kSecondAttacker;
+        for (const QString &fitting : isName ? kAcceptedNames : kAcceptedOthers) {
+            SCOPED_TRACE(std::string(tag.item) + ": " + fitting.toStdString());
+            given(tag.screen, tag.box, fitting);
+            EXPECT_EQ(insertedBy(tag), QLatin1StringView(tag.tag));
+        }
+    }
+}
+
+TEST_F(Composer, ATagIsRefusedWithItsMessageAndThePendingTagComesInstead)
+{
+    chooseTag("Title Name (eg. XWL Title)");
+    for (const ExpectedTag &tag : kTags) {
+        if (tag.box == nullptr) {
+            continue;
+        }
+        const bool isName = tag.message == kSecondAttacker;
+        for (const QString &excluded : isName ? kRefusedNames : kRefusedOthers) {
+            SCOPED_TRACE(std::string(tag.item) + ": " + excluded.toStdString());
+            given(tag.screen, tag.box, excluded);
+            expectRefusal(tag.message);
+            EXPECT_EQ(insertedBy(tag), QStringLiteral("<titlename>"));
+            EXPECT_EQ(pending(), QStringLiteral("<titlename>"));
+        }
+    }
+}
+
+TEST_F(Composer, OneFieldDecidesAndNoOther)
+{
+    for (const ExpectedTag &tag : kTags) {
+        SCOPED_TRACE(tag.item);
+        for (const char *screen : {"Form5", "Form6"}) {
+            given(screen, "Text2", QStringLiteral("Rocco Vance"));
+            given(screen, "Text1", QStringLiteral("None"));
+            given(screen, "Text3", QStringLiteral("N/A"));
+        }
+        if (tag.box != nullptr) {
+            given(tag.screen, tag.box, QStringLiteral("Any"));
+        }
+        EXPECT_EQ(insertedBy(tag), QLatin1StringView(tag.tag));
+    }
+}
+
+TEST_F(Composer, AfterARefusalNothingComesWhenNoTagWasEverAccepted)
+{
+    type("Form7", "Text2", QStringLiteral("By "));
+    expectRefusal(kAttackersManager);
+    chooseTag("Attacker's Manager Name");
+    EXPECT_EQ(text("Form7", "Text2"), QStringLiteral("By "));
+    EXPECT_EQ(pending(), QString());
+}
+
+TEST_F(Composer, TheSecondAttackerNeedsTwoNames)
+{
+    press("Form7", "Command2");
+    press("Form6", "Command1");
+    type("Form5", "Text2", QStringLiteral("Rocco Vance,Dex Vance"));
+    press("Form5", "Command2");
+    press("Form6", "Command2");
+    type("Form7", "Text1", QStringLiteral("And "));
+    chooseTag("Attacker 2 Full Name");
+    EXPECT_EQ(text("Form7", "Text1"), QStringLiteral("And <att2fullname>"));
+    given("Form5", "Text2", QStringLiteral("Rocco Vance"));
+    expectRefusal(kSecondAttacker);
+    chooseTag("Attacker 2 Short Name");
+    EXPECT_EQ(text("Form7", "Text1"), QStringLiteral("And <att2fullname><att2fullname>"));
+}
+
+TEST_F(Composer, AStableMemberNeedsAStable)
+{
+    type("Form7", "Text1", QString());
+    expectRefusal(kAttackersStable);
+    chooseTag("Attacker's Stable Member 1");
+    given("Form5", "Text3", QStringLiteral("Any"));
+    chooseTag("Attacker's Stable Member 1");
+    EXPECT_EQ(text("Form7", "Text1"), QStringLiteral("<attstablemem1>"));
+}
+
+TEST_F(Composer, ATagGoesToTheEndWhereverTheCursorIs)
+{
+    type("Form7", "Text4", QStringLiteral("Pinned by "));
+    QTest::keyClick(&control("Form7", "Text4"), Qt::Key_Home);
+    chooseTag("Receiver Full Name");
+    EXPECT_EQ(text("Form7", "Text4"), QStringLiteral("Pinned by <recfullname>"));
+}
+
+TEST_F(Composer, ATagReplacesNothingThatIsSelected)
+{
+    type("Form7", "Text4", QStringLiteral("Pinned by "));
+    screen("Form7").control<QLineEdit>("Text4").selectAll();
+    chooseTag("Receiver Full Name");
+    EXPECT_EQ(text("Form7", "Text4"), QStringLiteral("Pinned by <recfullname>"));
+}
+
+TEST_F(Composer, AnInsertedTagCanBeUndone)
+{
+    type("Form7", "Text4", QStringLiteral("Pinned by "));
+    chooseTag("Receiver Full Name");
+    click(control("Form7", "Text4"));
+    QTest::keySequence(screen("Form7").windowHandle(), QKeySequence::Undo);
+    EXPECT_EQ(text("Form7", "Text4"), QStringLiteral("Pinned by "));
+}
+
+TEST_F(Composer, ChoosingTheItemAlreadyShownInsertsItAgain)
+{
+    type("Form7", "Text1", QString());
+    chooseTag("Attacker 1 Full Name");
+    chooseTag("Attacker 1 Full Name");
+    EXPECT_EQ(text("Form7", "Text1"), QStringLiteral("<att1fullname><att1fullname>"));
+}
+
+TEST_F(Composer, TypingInTheTagListInsertsNothing)
+{
+    type("Form7", "Text1", QStringLiteral("Line"));
+    type("Form7", "Combo1", QStringLiteral("Receiver Full Name"));
+    QTest::keyClick(&control("Form7", "Combo1"), Qt::Key_Return);
+    QTest::keyClick(&control("Form7", "Combo1"), Qt::Key_Tab);
+    EXPECT_EQ(text("Form7", "Combo1"), QStringLiteral("Receiver Full Name"));
+    EXPECT_EQ(text("Form7", "Text1"), QStringLiteral("Line"));
+    EXPECT_EQ(pending(), QString());
+}
+
+TEST_F(Composer, WheelAndArrowKeysOnTheClosedTagListChooseNothing)
+{
+    type("Form7", "Text1", QStringLiteral("Line"));
+    QWidget &list = control("Form7", "Combo1");
+    list.setFocus();
+    turnWheel(list, -1);
+    turnWheel(list, 1);
+    QTest::keyClick(&list, Qt::Key_Up);
+    QTest::keyClick(&list, Qt::Key_PageDown);
+    EXPECT_EQ(text("Form7", "Text1"), QStringLiteral("Line"));
+    EXPECT_EQ(text("Form7", "Combo1"), QStringLiteral("Attacker 1 Full Name"));
+    EXPECT_EQ(pending(), QString());
+}
+
+TEST_F(Composer, ThePendingTagSurvivesASaveAndTheNextEntry)
+{
+    type("Form7", "Text1", QStringLiteral("The end."));
+    chooseTag("Receiver's Finisher Name");
+    save();
+    EXPECT_EQ(pending(), QStringLiteral("<recfinisher>"));
+    goTo("Form7");
+    EXPECT_EQ(pending(), QStringLiteral("<recfinisher>"));
+    type("Form7", "Text1", QString());
+    expectRefusal(kReceiversManager);
+    chooseTag("Receiver's Manager Name");
+    EXPECT_EQ(text("Form7", "Text1"), QStringLiteral("<recfinisher>"));
+}
+
+} // namespace
+} // namespace tarvold::testing

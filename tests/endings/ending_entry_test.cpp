@@ -1,0 +1,128 @@
+#include "endings/ending_entry.h"
+#include "endings/ending_entry_expected.h"
+#include "support/ending_test.h"
+
+#include <span>
+
+namespace tarvold::testing {
+namespace {
+
+class EndingEntry : public EndingTest
+{
+protected:
+    EndingEntry() { createAllScreens(); }
+
+    Screens &screens() { return editor.screens(); }
+
+    /// Puts a text of its own into every control that the entry is to set, and into every line.
+    void changeEverything()
+    {
+        for (const ExpectedValue &row : kCriteria) {
+            screens().setText({"Form4", row.control}, QStringLiteral("changed"));
+        }
+        for (const char *screen : {"Form5", "Form6"}) {
+            for (const ExpectedValue &row : kSides) {
+                screens().setText({screen, row.control}, QStringLiteral("changed"));
+            }
+        }
+        screens().setText({"Form7", "Combo1"}, QStringLiteral("changed"));
+        for (int line = 1; line <= 10; ++line) {
+            const QByteArray name = "Text" + QByteArray::number(line);
+            screens().setText({"Form7", name.constData()}, QStringLiteral("changed"));
+        }
+    }
+
+    void expectNormal(const char *screen, std::span<const ExpectedValue> rows)
+    {
+        for (const ExpectedValue &row : rows) {
+            const char *value = row.values[0] == kKept ? "changed" : row.values[0];
+            EXPECT_EQ(text(screen, row.control), QLatin1StringView(value))
+                << screen << " " << row.control;
+        }
+    }
+};
+
+TEST_F(EndingEntry, NormalEntryResetsItsScreens)
+{
+    changeEverything();
+    screens().setText({"Form1", "matchreports"}, QStringLiteral("turns"));
+    screens().setText({"Form7", "hiddenlabel"}, QStringLiteral("<recfullname>"));
+    press("Form1", "Command3");
+    expectOnly("Form4");
+    EXPECT_EQ(text("Form1", "matchreports"), QStringLiteral("normal"));
+    expectNormal("Form4", kCriteria);
+    expectNormal("Form5", kSides);
+    expectNormal("Form6", kSides);
+    EXPECT_EQ(text("Form7", "Combo1"), QStringLiteral("Attacker 1 Full Name"));
+    EXPECT_EQ(text("Form7", "hiddenlabel"), QStringLiteral("<recfullname>"));
+    for (int line = 1; line <= 10; ++line) {
+        const QByteArray name = "Text" + QByteArray::number(line);
+        EXPECT_EQ(text("Form7", name.constData()), QString()) << line;
+    }
+}
+
+TEST_F(EndingEntry, NormalEntryShowsWhatATurnHadHidden)
+{
+    for (const char *screen : {"Form5", "Form6"}) {
+        for (const char *control : kHiddenForTurns) {
+            this->control(screen, control).hide();
+        }
+        screens().setText({screen, "Text1"}, QStringLiteral("Any"));
+        screens().setText({screen, "Combo3"}, QStringLiteral("Heel"));
+        screens().setText({screen, "Text3"}, QStringLiteral("The Vances"));
+    }
+    control("Form4", "Combo3").hide();
+    control("Form4", "Combo12").show();
+    press("Form1", "Command3");
+    EXPECT_TRUE(control("Form4", "Combo3").isVisible());
+    EXPECT_FALSE(control("Form4", "Combo12").isVisible());
+    expectNormal("Form5", kSides);
+    expectNormal("Form6", kSides);
+    press("Form4", "Command2");
+    for (const char *control : kHiddenForTurns) {
+        EXPECT_TRUE(this->control("Form5", control).isVisible()) << control;
+    }
+    press("Form5", "Command2");
+    for (const char *control : kHiddenForTurns) {
+        EXPECT_TRUE(this->control("Form6", control).isVisible()) << control;
+    }
+}
+
+TEST_F(EndingEntry, ANormalEntryReplacesATypedName)
+{
+    press("Form1", "Command3");
+    press("Form4", "Command2");
+    type("Form5", "Text2", QStringLiteral("Rocco Vance"));
+    press("Form5", "Command1");
+    leave();
+    press("Form1", "Command3");
+    EXPECT_EQ(text("Form5", "Text2"), QStringLiteral("Any"));
+}
+
+TEST_F(EndingEntry, SettingTheTagListInsertsNothing)
+{
+    goTo("Form7");
+    click(control("Form7", "Text1"));
+    press("Form7", "Command2");
+    press("Form6", "Command1");
+    press("Form5", "Command1");
+    leave();
+    press("Form1", "Command3");
+    EXPECT_EQ(text("Form7", "Text1"), QString());
+    EXPECT_EQ(text("Form7", "hiddenlabel"), QString());
+}
+
+TEST_F(EndingEntry, EveryControlOfTheNormalColumnIsThere)
+{
+    for (const auto &row : endingentry::values()) {
+        const QWidget &found = control(row.control.screen, row.control.control);
+        EXPECT_EQ(found.objectName(), QLatin1StringView(row.control.control));
+    }
+    for (const auto &row : endingentry::visibility()) {
+        const QWidget &found = control(row.control.screen, row.control.control);
+        EXPECT_EQ(found.objectName(), QLatin1StringView(row.control.control));
+    }
+}
+
+} // namespace
+} // namespace tarvold::testing

@@ -1,0 +1,290 @@
+#include "datafiles/record.h"
+#include "support/ending_test.h"
+
+#include <QDir>
+
+namespace tarvold::testing {
+namespace {
+
+const QByteArray kBlank = "-BLANK-\r\n";
+
+/// The 26 lines of the details of a flow in which nothing was changed.
+const QByteArray kUntouchedDetails = "Any\r\nAny\r\nN/A\r\nN/A\r\nNormal\r\nN/A\r\n"
+                                     "Any\r\nAny\r\nAny\r\nAny\r\nN/A\r\n"
+                                     "N/A\r\nN/A\r\nN/A\r\nAny\r\nN/A\r\n"
+                                     "Any\r\nAny\r\nAny\r\nAny\r\nN/A\r\n"
+                                     "N/A\r\nN/A\r\nN/A\r\nAny\r\nN/A\r\n";
+
+/// A record of an untouched flow with these words in the first commentary line.
+QByteArray recordWith(const QByteArray &firstLine)
+{
+    return kUntouchedDetails + firstLine + "\r\n" + kBlank.repeated(9);
+}
+
+class NormalSave : public EndingTest
+{
+protected:
+    NormalSave() { goTo("Form7"); }
+
+    void write(const char *line, const char *words)
+    {
+        type("Form7", line, QLatin1StringView(words));
+    }
+
+    /// Goes back to a screen of the flow, and forth again afterwards.
+    void backTo(const char *screen)
+    {
+        press("Form7", "Command2");
+        if (qstrcmp(screen, "Form6") != 0) {
+            press("Form6", "Command1");
+        }
+    }
+
+    /// Where the user stands after a save, with everything kept, to save once more.
+    void saveAnother(const char *firstLine)
+    {
+        goTo("Form7");
+        write("Text1", firstLine);
+        save();
+    }
+
+    static QString file() { return QStringLiteral("normreports.tvd"); }
+};
+
+TEST_F(NormalSave, TheFirstSaveCreatesTheFileWithExactlyThatRecord)
+{
+    ASSERT_FALSE(QFile::exists(file()));
+    write("Text1", "The end.");
+    save();
+    expectOnly("Form1");
+    EXPECT_EQ(bytesOf(file()), recordWith("The end."));
+    EXPECT_EQ(bytesOf(file()).count("\r\n"), 36);
+    EXPECT_EQ(QDir().entryList(QDir::Files), QStringList{file()});
+}
+
+TEST_F(NormalSave, TwoSavesGiveTwoRecordsWithNothingBetween)
+{
+    write("Text1", "One.");
+    save();
+    saveAnother("Two.");
+    EXPECT_EQ(bytesOf(file()), recordWith("One.") + recordWith("Two."));
+    EXPECT_EQ(bytesOf(file()).count("\r\n"), 72);
+}
+
+TEST_F(NormalSave, WhatIsInTheFileStaysAsItIs)
+{
+    QFile old(file());
+    ASSERT_TRUE(old.open(QIODevice::WriteOnly));
+    old.write("no record at all\n");
+    old.close();
+    write("Text1", "The end.");
+    save();
+    EXPECT_EQ(bytesOf(file()), "no record at all\n" + recordWith("The end."));
+}
+
+TEST_F(NormalSave, EachSaveGoesToTheFileThatTheMenuNamesThen)
+{
+    write("Text1", "One.");
+    save();
+    type("Form1", "Text3", QStringLiteral("other.txt"));
+    saveAnother("Two.");
+    saveAnother("Three.");
+    EXPECT_EQ(bytesOf(file()), recordWith("One."));
+    EXPECT_EQ(bytesOf(QStringLiteral("other.txt")), recordWith("Two.") + recordWith("Three."));
+}
+
+TEST_F(NormalSave, TheNameIsReadAtTheMomentOfTheSave)
+{
+    write("Text1", "One.");
+    editor.screens().setText({"Form1", "Text3"}, QStringLiteral("late"));
+    save();
+    EXPECT_EQ(bytesOf(QStringLiteral("late")), recordWith("One."));
+}
+
+TEST_F(NormalSave, ANameMayLeadIntoAFolder)
+{
+    QDir().mkdir(QStringLiteral("sub"));
+    editor.screens().setText({"Form1", "Text3"}, QStringLiteral("sub/mine.tvd"));
+    write("Text1", "One.");
+    save();
+    EXPECT_EQ(bytesOf(QStringLiteral("sub/mine.tvd")), recordWith("One."));
+}
+
+TEST_F(NormalSave, EveryFieldIsWrittenOnItsOwnLine)
+{
+    QByteArray expected;
+    int number = 0;
+    for (const RecordField &field : normalEndingLayout()) {
+        const QByteArray words = "line " + QByteArray::number(++number);
+        const bool isFinisher = qstrcmp(field.source.control, "Combo7") == 0;
+        editor.screens().setText(field.source,
+                                 isFinisher ? QStringLiteral("Pin") : QString::fromLatin1(words));
+        expected += (isFinisher ? QByteArray("p") : words) + "\r\n";
+    }
+    ASSERT_EQ(number, 36);
+    save();
+    EXPECT_EQ(bytesOf(file()), expected);
+}
+
+TEST_F(NormalSave, AnEmptyFirstLineIsRefused)
+{
+    write("Text2", "Only the second line.");
+    boxes.expectNotice(title(), QStringLiteral("You haven't written the match finish!"));
+    press("Form7", "Command1");
+    expectOnly("Form7");
+    EXPECT_FALSE(QFile::exists(file()));
+    EXPECT_EQ(text("Form7", "Text2"), QStringLiteral("Only the second line."));
+}
+
+TEST_F(NormalSave, AFirstLineOfOneSpaceIsWritten)
+{
+    write("Text1", " ");
+    save();
+    EXPECT_EQ(bytesOf(file()), recordWith(" "));
+}
+
+TEST_F(NormalSave, EmptyLinesBetweenAreBlank)
+{
+    write("Text1", "First.");
+    write("Text4", "Fourth.");
+    save();
+    EXPECT_EQ(bytesOf(file()), kUntouchedDetails + "First.\r\n" + kBlank.repeated(2) +
+                                   "Fourth.\r\n" + kBlank.repeated(6));
+}
+
+TEST_F(NormalSave, ALineOfSpacesIsWrittenAsItStands)
+{
+    write("Text1", "First.");
+    write("Text2", "  ");
+    save();
+    EXPECT_EQ(bytesOf(file()), kUntouchedDetails + "First.\r\n  \r\n" + kBlank.repeated(8));
+}
+
+TEST_F(NormalSave, AFinisherIsWrittenInItsCode)
+{
+    backTo("Form5");
+    choose("Form5", "Combo7", QStringLiteral("Top Rope"));
+    press("Form5", "Command2");
+    choose("Form6", "Combo7", QStringLiteral("Submission"));
+    press("Form6", "Command2");
+    write("Text1", "The end.");
+    save();
+    const QList<QByteArray> lines = bytesOf(file()).split('\n');
+    EXPECT_EQ(lines.at(14), QByteArray("t\r"));
+    EXPECT_EQ(lines.at(24), QByteArray("s\r"));
+    EXPECT_EQ(bytesOf(file()).count("\r\n"), 36);
+}
+
+TEST_F(NormalSave, AFinisherTypedInOtherCaseGivesNoLine)
+{
+    backTo("Form5");
+    type("Form5", "Combo7", QStringLiteral("pin"));
+    QTest::keyClick(&control("Form5", "Combo7"), Qt::Key_Return);
+    QTest::keyClick(&control("Form5", "Combo7"), Qt::Key_Tab);
+    press("Form5", "Command2");
+    press("Form6", "Command2");
+    EXPECT_EQ(text("Form5", "Combo7"), QStringLiteral("pin"));
+    write("Text1", "The end.");
+    save();
+    QList<QByteArray> expected = recordWith("The end.").split('\n');
+    expected.removeAt(14);
+    EXPECT_EQ(bytesOf(file()), expected.join('\n'));
+}
+
+TEST_F(NormalSave, ACommaInTheAttackersNameIsWrittenAsItStands)
+{
+    backTo("Form5");
+    type("Form5", "Text2", QStringLiteral("Rocco Vance,Dex Vance"));
+    press("Form5", "Command2");
+    press("Form6", "Command2");
+    write("Text1", "The end.");
+    save();
+    EXPECT_EQ(bytesOf(file()).split('\n').at(6), QByteArray("Rocco Vance,Dex Vance\r"));
+}
+
+TEST_F(NormalSave, AManagerNameOfOneSpaceIsWrittenAsASpace)
+{
+    backTo("Form5");
+    type("Form5", "Text1", QStringLiteral(" "));
+    press("Form5", "Command2");
+    press("Form6", "Command2");
+    write("Text1", "The end.");
+    save();
+    EXPECT_EQ(bytesOf(file()).split('\n').at(11), QByteArray(" \r"));
+}
+
+TEST_F(NormalSave, TextIsWrittenInTheCodePageAndTagsAsInserted)
+{
+    QWidget &first = control("Form7", "Text1");
+    click(first);
+    paste(first, QStringLiteral("Caf") + QChar(0xE9) + u' ' + QChar(0x20AC));
+    choose("Form7", "Combo1", QStringLiteral("Attacker 1 Full Name"));
+    save();
+    EXPECT_EQ(bytesOf(file()), recordWith("Caf\xE9 \x80<att1fullname>"));
+}
+
+TEST_F(NormalSave, APastedLineBreakIsOneBlankInTheFile)
+{
+    click(control("Form7", "Text1"));
+    paste(control("Form7", "Text1"), QStringLiteral("One\r\nTwo"));
+    save();
+    EXPECT_EQ(bytesOf(file()), recordWith("One Two"));
+}
+
+TEST_F(NormalSave, EscapeNoAndCloseWriteNothing)
+{
+    write("Text1", "The end.");
+    for (const Answer answer : {Answer::No, Answer::Escape, Answer::Close}) {
+        boxes.expectQuestion(title(), kSaveQuestion, answer);
+        press("Form7", "Command1");
+        expectOnly("Form7");
+        EXPECT_FALSE(QFile::exists(file()));
+        EXPECT_EQ(text("Form7", "Text1"), QStringLiteral("The end."));
+    }
+}
+
+TEST_F(NormalSave, EnterSaves)
+{
+    write("Text1", "The end.");
+    boxes.expectQuestion(title(), kSaveQuestion, Answer::Enter);
+    boxes.expectNotice(title(), QStringLiteral("Saved OK."), Answer::Enter);
+    press("Form7", "Command1");
+    expectOnly("Form1");
+    EXPECT_EQ(bytesOf(file()), recordWith("The end."));
+}
+
+TEST_F(NormalSave, ASaveChangesNoControl)
+{
+    write("Text1", "The end.");
+    write("Text3", "Third.");
+    editor.screens().setText({"Form5", "Text2"}, QStringLiteral("Rocco Vance"));
+    editor.screens().setText({"Form4", "Combo4"}, QStringLiteral("DQ"));
+    save();
+    EXPECT_EQ(text("Form7", "Text1"), QStringLiteral("The end."));
+    EXPECT_EQ(text("Form7", "Text3"), QStringLiteral("Third."));
+    EXPECT_EQ(text("Form5", "Text2"), QStringLiteral("Rocco Vance"));
+    EXPECT_EQ(text("Form4", "Combo4"), QStringLiteral("DQ"));
+}
+
+TEST_F(NormalSave, BackAndNextKeepTheCommentary)
+{
+    write("Text1", "First.");
+    write("Text10", "Tenth.");
+    press("Form7", "Command2");
+    expectOnly("Form6");
+    press("Form6", "Command2");
+    expectOnly("Form7");
+    EXPECT_EQ(text("Form7", "Text1"), QStringLiteral("First."));
+    EXPECT_EQ(text("Form7", "Text10"), QStringLiteral("Tenth."));
+}
+
+TEST_F(NormalSave, EveryControlOfTheRecordIsThere)
+{
+    for (const RecordField &field : normalEndingLayout()) {
+        const QWidget &found = control(field.source.screen, field.source.control);
+        EXPECT_EQ(found.objectName(), QLatin1StringView(field.source.control));
+    }
+}
+
+} // namespace
+} // namespace tarvold::testing

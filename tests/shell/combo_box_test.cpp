@@ -1,0 +1,233 @@
+#include "shell/combo_box.h"
+#include "support/window_test.h"
+
+#include <QAbstractItemView>
+#include <QLineEdit>
+#include <QSignalSpy>
+
+namespace tarvold::testing {
+namespace {
+
+class ComboBoxTest : public WindowTest
+{
+protected:
+    ComboBoxTest()
+    {
+        combo.addItems(
+            {QStringLiteral("Any"), QStringLiteral("Apple"), QStringLiteral("Apple Pie")});
+        add(combo);
+    }
+    // The window must not delete a control that belongs to the test.
+    ~ComboBoxTest() override { combo.setParent(nullptr); }
+
+    bool isOpen() const { return combo.view()->isVisible(); }
+
+    void typeOverIt(const QString &text) { typeOver(combo, text); }
+
+    ComboBox combo;
+    QSignalSpy chosen{&combo, &ComboBox::chosen};
+};
+
+const char *const kTyped[] = {"apple", "ap", "APPLE", "Apple", "something of my own", " Any", ""};
+
+TEST_F(ComboBoxTest, TypedTextStaysAfterTab)
+{
+    for (const char *typed : kTyped) {
+        SCOPED_TRACE(typed);
+        typeOverIt(QLatin1StringView(typed));
+        QTest::keyClick(&combo, Qt::Key_Tab);
+        EXPECT_TRUE(elsewhere.hasFocus());
+        EXPECT_EQ(combo.currentText(), QLatin1StringView(typed));
+    }
+    EXPECT_EQ(chosen.count(), 0);
+}
+
+TEST_F(ComboBoxTest, TypedTextStaysAfterEnter)
+{
+    for (const char *typed : kTyped) {
+        SCOPED_TRACE(typed);
+        typeOverIt(QLatin1StringView(typed));
+        QTest::keyClick(&combo, Qt::Key_Return);
+        QTest::keyClick(&combo, Qt::Key_Enter);
+        EXPECT_EQ(combo.currentText(), QLatin1StringView(typed));
+    }
+    EXPECT_EQ(chosen.count(), 0);
+}
+
+TEST_F(ComboBoxTest, TypedTextStaysAfterAClickElsewhere)
+{
+    for (const char *typed : kTyped) {
+        SCOPED_TRACE(typed);
+        typeOverIt(QLatin1StringView(typed));
+        click(elsewhere);
+        EXPECT_TRUE(elsewhere.hasFocus());
+        EXPECT_EQ(combo.currentText(), QLatin1StringView(typed));
+    }
+    EXPECT_EQ(chosen.count(), 0);
+}
+
+TEST_F(ComboBoxTest, TypingAddsNoItems)
+{
+    typeOverIt(QStringLiteral("mine"));
+    QTest::keyClick(&combo, Qt::Key_Return);
+    QTest::keyClick(&combo, Qt::Key_Tab);
+    EXPECT_EQ(combo.count(), 3);
+}
+
+TEST_F(ComboBoxTest, PickingByMouseIsAChoice)
+{
+    QString shownThen;
+    QObject::connect(&combo, &ComboBox::chosen, &combo, [&] { shownThen = combo.currentText(); });
+    pick(combo, QStringLiteral("Apple"));
+    EXPECT_EQ(chosen.count(), 1);
+    EXPECT_EQ(shownThen, QStringLiteral("Apple"));
+    EXPECT_FALSE(isOpen());
+}
+
+TEST_F(ComboBoxTest, PickingByKeyboardIsAChoice)
+{
+    QString shownThen;
+    QObject::connect(&combo, &ComboBox::chosen, &combo, [&] { shownThen = combo.currentText(); });
+    pickByKeyboard(combo, QStringLiteral("Apple Pie"));
+    EXPECT_EQ(chosen.count(), 1);
+    EXPECT_EQ(shownThen, QStringLiteral("Apple Pie"));
+    EXPECT_FALSE(isOpen());
+}
+
+TEST_F(ComboBoxTest, PickingTheItemAlreadyShownIsAChoiceToo)
+{
+    pick(combo, QStringLiteral("Apple"));
+    pick(combo, QStringLiteral("Apple"));
+    pickByKeyboard(combo, QStringLiteral("Apple"));
+    EXPECT_EQ(chosen.count(), 3);
+    EXPECT_EQ(combo.currentText(), QStringLiteral("Apple"));
+}
+
+TEST_F(ComboBoxTest, PickingReplacesTypedText)
+{
+    typeOverIt(QStringLiteral("apple"));
+    pick(combo, QStringLiteral("Apple"));
+    EXPECT_EQ(chosen.count(), 1);
+    EXPECT_EQ(combo.currentText(), QStringLiteral("Apple"));
+}
+
+TEST_F(ComboBoxTest, TypingAnItemIsNoChoiceAfterAPickEither)
+{
+    pick(combo, QStringLiteral("Any"));
+    typeOverIt(QStringLiteral("Apple"));
+    QTest::keyClick(&combo, Qt::Key_Return);
+    QTest::keyClick(&combo, Qt::Key_Tab);
+    EXPECT_EQ(combo.currentText(), QStringLiteral("Apple"));
+    EXPECT_EQ(chosen.count(), 1);
+}
+
+TEST_F(ComboBoxTest, EscapeInTheListIsNoChoiceAndKeepsTypedText)
+{
+    for (const char *typed : kTyped) {
+        SCOPED_TRACE(typed);
+        typeOverIt(QLatin1StringView(typed));
+        QTest::keyClick(&combo, Qt::Key_F4);
+        ASSERT_TRUE(isOpen());
+        QTest::keyClick(combo.view(), Qt::Key_Down);
+        QTest::keyClick(combo.view(), Qt::Key_Escape);
+        EXPECT_FALSE(isOpen());
+        EXPECT_EQ(combo.currentText(), QLatin1StringView(typed));
+    }
+    EXPECT_EQ(chosen.count(), 0);
+}
+
+TEST_F(ComboBoxTest, OpeningTheListKeepsTypedText)
+{
+    for (const char *typed : kTyped) {
+        SCOPED_TRACE(typed);
+        typeOverIt(QLatin1StringView(typed));
+        combo.showPopup();
+        EXPECT_EQ(combo.currentText(), QLatin1StringView(typed));
+        combo.hidePopup();
+        EXPECT_EQ(combo.currentText(), QLatin1StringView(typed));
+    }
+    EXPECT_EQ(chosen.count(), 0);
+}
+
+TEST_F(ComboBoxTest, TheListOpensOnTheItemThatIsShown)
+{
+    typeOverIt(QStringLiteral("Apple"));
+    combo.showPopup();
+    EXPECT_EQ(combo.view()->currentIndex().row(), 1);
+}
+
+TEST_F(ComboBoxTest, WheelTurnsChangeNothing)
+{
+    for (QWidget *focused : {static_cast<QWidget *>(&combo), static_cast<QWidget *>(&elsewhere)}) {
+        SCOPED_TRACE(focused == &combo ? "with the focus" : "without the focus");
+        for (QWidget *target :
+             {static_cast<QWidget *>(&combo), static_cast<QWidget *>(combo.lineEdit())}) {
+            focused->setFocus();
+            combo.setText(QStringLiteral("Apple"));
+            turnWheel(*target, -1);
+            EXPECT_EQ(combo.currentText(), QStringLiteral("Apple"));
+            turnWheel(*target, 1);
+            EXPECT_EQ(combo.currentText(), QStringLiteral("Apple"));
+        }
+    }
+    EXPECT_EQ(chosen.count(), 0);
+}
+
+TEST_F(ComboBoxTest, KeysOnAClosedListChangeNothing)
+{
+    for (const char *shown : {"Apple", "ap"}) {
+        combo.setText(QLatin1StringView(shown));
+        for (const Qt::Key key : {Qt::Key_Up, Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_Home,
+                                  Qt::Key_End, Qt::Key_Left, Qt::Key_Right}) {
+            SCOPED_TRACE(key);
+            QTest::keyClick(&combo, key);
+            EXPECT_EQ(combo.currentText(), QLatin1StringView(shown));
+            EXPECT_FALSE(isOpen());
+        }
+    }
+    EXPECT_EQ(chosen.count(), 0);
+}
+
+TEST_F(ComboBoxTest, DownF4AndAltDownOpenTheList)
+{
+    struct Opener
+    {
+        Qt::Key key;
+        Qt::KeyboardModifiers modifiers;
+    };
+    for (const Opener &opener :
+         {Opener{Qt::Key_Down, Qt::NoModifier}, Opener{Qt::Key_F4, Qt::NoModifier},
+          Opener{Qt::Key_Down, Qt::AltModifier}}) {
+        SCOPED_TRACE(opener.key);
+        combo.setText(QStringLiteral("Apple"));
+        QTest::keyClick(&combo, opener.key, opener.modifiers);
+        EXPECT_TRUE(isOpen());
+        EXPECT_EQ(combo.currentText(), QStringLiteral("Apple"));
+        QTest::keyClick(combo.view(), Qt::Key_Escape);
+        EXPECT_FALSE(isOpen());
+    }
+    EXPECT_EQ(chosen.count(), 0);
+}
+
+TEST_F(ComboBoxTest, SettingATextIsNoChoice)
+{
+    for (const char *text : {"Apple", "Apple Pie", "not in the list", "", "apple"}) {
+        SCOPED_TRACE(text);
+        combo.setText(QLatin1StringView(text));
+        EXPECT_EQ(combo.currentText(), QLatin1StringView(text));
+        QTest::keyClick(&combo, Qt::Key_Return);
+        EXPECT_EQ(combo.currentText(), QLatin1StringView(text));
+    }
+    EXPECT_EQ(chosen.count(), 0);
+    EXPECT_EQ(combo.count(), 3);
+}
+
+TEST_F(ComboBoxTest, PastedLineBreaksBecomeBlanks)
+{
+    typeOverIt(QString());
+    paste(combo, QStringLiteral("one\r\ntwo"));
+    EXPECT_EQ(combo.currentText(), QStringLiteral("one two"));
+}
+
+} // namespace
+} // namespace tarvold::testing

@@ -1,0 +1,76 @@
+#include "shell/message_box.h"
+#include "support/window_test.h"
+
+namespace tarvold::testing {
+namespace {
+
+using messagebox::EnterMeans;
+
+class MessageBoxTest : public WindowTest
+{
+protected:
+    MessageBoxTest() { add(box); }
+    ~MessageBoxTest() override { box.setParent(nullptr); }
+
+    bool ask(EnterMeans enter, Answer answer)
+    {
+        boxes.expectQuestion(title(), QStringLiteral("Sure?"), answer);
+        const bool yes = messagebox::question(&window, title(), QStringLiteral("Sure?"), enter);
+        boxes.checkAllCame();
+        return yes;
+    }
+
+    TextBox box;
+};
+
+TEST_F(MessageBoxTest, TextsAreShownAsTheyAre)
+{
+    for (const char *text : {"The <table> is set", "a & b", "<b>bold</b>", "&File", "100%1",
+                             "two\nlines", "Saved OK."}) {
+        SCOPED_TRACE(text);
+        boxes.expectNotice(title(), QLatin1StringView(text));
+        messagebox::notice(&window, title(), QLatin1StringView(text));
+        boxes.checkAllCame();
+    }
+}
+
+TEST_F(MessageBoxTest, TheTitleIsAsGiven)
+{
+    boxes.expectNotice(QStringLiteral("Filename Error"), QStringLiteral("Oh."));
+    messagebox::notice(&window, QStringLiteral("Filename Error"), QStringLiteral("Oh."));
+}
+
+TEST_F(MessageBoxTest, TheUsualTitleHasNoVersionNumber)
+{
+    EXPECT_STREQ(messagebox::kTitle, "Tarvold Data Editor");
+}
+
+TEST_F(MessageBoxTest, ANoticeGoesAwayByEveryWay)
+{
+    for (const Answer answer : {Answer::Ok, Answer::Enter, Answer::Escape, Answer::Close}) {
+        boxes.expectNotice(title(), QStringLiteral("Saved OK."), answer);
+        messagebox::notice(&window, title(), QStringLiteral("Saved OK."));
+        boxes.checkAllCame();
+    }
+}
+
+TEST_F(MessageBoxTest, AQuestionThatSavesTakesEnterForYes)
+{
+    EXPECT_TRUE(ask(EnterMeans::Yes, Answer::Yes));
+    EXPECT_FALSE(ask(EnterMeans::Yes, Answer::No));
+    EXPECT_TRUE(ask(EnterMeans::Yes, Answer::Enter));
+    EXPECT_FALSE(ask(EnterMeans::Yes, Answer::Escape));
+    EXPECT_FALSE(ask(EnterMeans::Yes, Answer::Close));
+}
+
+TEST_F(MessageBoxTest, AQuestionThatLosesSomethingTakesEnterForNo)
+{
+    EXPECT_TRUE(ask(EnterMeans::No, Answer::Yes));
+    EXPECT_FALSE(ask(EnterMeans::No, Answer::No));
+    EXPECT_FALSE(ask(EnterMeans::No, Answer::Enter));
+    EXPECT_FALSE(ask(EnterMeans::No, Answer::Escape));
+    EXPECT_FALSE(ask(EnterMeans::No, Answer::Close));
+}
+
+} // namespace
+} // namespace tarvold::testing

@@ -1,0 +1,138 @@
+#include "shell/scroll_bar.h"
+#include "support/window_test.h"
+
+#include <QMouseEvent>
+#include <QSignalSpy>
+#include <QStyle>
+#include <QStyleOptionSlider>
+
+namespace tarvold::testing {
+namespace {
+
+class ScrollBarTest : public WindowTest
+{
+protected:
+    ScrollBarTest()
+    {
+        add(bar);
+        bar.setValue(50);
+    }
+    ~ScrollBarTest() override { bar.setParent(nullptr); }
+
+    void key(Qt::Key key) { QTest::keyClick(&bar, key); }
+
+    QPoint thumb() const
+    {
+        QStyleOptionSlider option;
+        option.initFrom(&bar);
+        option.orientation = Qt::Horizontal;
+        option.state |= QStyle::State_Horizontal;
+        option.minimum = bar.minimum();
+        option.maximum = bar.maximum();
+        option.pageStep = bar.pageStep();
+        option.sliderPosition = bar.sliderPosition();
+        return bar.style()
+            ->subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider, &bar)
+            .center();
+    }
+
+    void dragTo(QPoint place)
+    {
+        QMouseEvent move(QEvent::MouseMove, place, bar.mapToGlobal(place), Qt::NoButton,
+                         Qt::LeftButton, {});
+        QApplication::sendEvent(&bar, &move);
+    }
+
+    ScrollBar bar{0, 100};
+};
+
+TEST_F(ScrollBarTest, RightAndUpRaiseByOneLeftAndDownLowerByOne)
+{
+    key(Qt::Key_Right);
+    EXPECT_EQ(bar.value(), 51);
+    key(Qt::Key_Up);
+    EXPECT_EQ(bar.value(), 52);
+    key(Qt::Key_Left);
+    EXPECT_EQ(bar.value(), 51);
+    key(Qt::Key_Down);
+    EXPECT_EQ(bar.value(), 50);
+}
+
+TEST_F(ScrollBarTest, HomeAndEndGoToTheEnds)
+{
+    key(Qt::Key_Home);
+    EXPECT_EQ(bar.value(), 0);
+    key(Qt::Key_End);
+    EXPECT_EQ(bar.value(), 100);
+}
+
+TEST_F(ScrollBarTest, KeysStopAtTheEnds)
+{
+    bar.setValue(100);
+    key(Qt::Key_Right);
+    EXPECT_EQ(bar.value(), 100);
+    bar.setValue(0);
+    key(Qt::Key_Left);
+    EXPECT_EQ(bar.value(), 0);
+}
+
+TEST_F(ScrollBarTest, EveryKeyTellsItsValueAtOnce)
+{
+    const QSignalSpy changed(&bar, &QScrollBar::valueChanged);
+    key(Qt::Key_Right);
+    ASSERT_EQ(changed.count(), 1);
+    EXPECT_EQ(changed.front().front().toInt(), 51);
+}
+
+TEST_F(ScrollBarTest, TheWheelTurnsItByOneWhileItHasTheFocus)
+{
+    turnWheel(bar, 1);
+    EXPECT_EQ(bar.value(), 51);
+    turnWheel(bar, -1);
+    EXPECT_EQ(bar.value(), 50);
+}
+
+TEST_F(ScrollBarTest, TheWheelDoesNothingWithoutTheFocus)
+{
+    elsewhere.setFocus();
+    turnWheel(bar, 1);
+    turnWheel(bar, -1);
+    turnWheel(bar, -1);
+    EXPECT_EQ(bar.value(), 50);
+}
+
+TEST_F(ScrollBarTest, ADragTellsWhereTheThumbIsAndItsValueOnlyWhenLetGo)
+{
+    const QSignalSpy changed(&bar, &QScrollBar::valueChanged);
+    const QSignalSpy moved(&bar, &QScrollBar::sliderMoved);
+    const QPoint start = thumb();
+    QTest::mousePress(&bar, Qt::LeftButton, {}, start);
+    dragTo(start + QPoint(30, 0));
+    EXPECT_EQ(changed.count(), 0);
+    ASSERT_EQ(moved.count(), 1);
+    const int place = moved.front().front().toInt();
+    EXPECT_GT(place, 50);
+    EXPECT_EQ(bar.value(), 50);
+    QTest::mouseRelease(&bar, Qt::LeftButton, {}, start + QPoint(30, 0));
+    ASSERT_EQ(changed.count(), 1);
+    EXPECT_EQ(bar.value(), place);
+}
+
+TEST_F(ScrollBarTest, TabReachesIt)
+{
+    elsewhere.setFocus();
+    QTest::keyClick(&elsewhere, Qt::Key_Backtab);
+    EXPECT_TRUE(bar.hasFocus());
+    QTest::keyClick(&bar, Qt::Key_Tab);
+    EXPECT_TRUE(elsewhere.hasFocus());
+}
+
+TEST_F(ScrollBarTest, ItsFocusCanBeSeen)
+{
+    const QImage focused = bar.grab().toImage();
+    elsewhere.setFocus();
+    EXPECT_NE(bar.grab().toImage(), focused);
+}
+
+} // namespace
+} // namespace tarvold::testing

@@ -1,0 +1,142 @@
+#include "stipulations/stipulation_test.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QMessageBox>
+#include <QScreen>
+
+namespace tarvold::testing {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+class StipulationDelete : public StipulationTest
+{
+protected:
+    const QByteArray one = stipulation("Singles", "One");
+    const QByteArray two = stipulation("Singles", "Two");
+    const QByteArray three = stipulation("Tag Team", "Three");
+};
+
+TEST_F(StipulationDelete, InTheMiddleLeavesTheOthersInTheirOldOrder)
+{
+    open(one + two + three);
+    remove(1, utf8("Singles / Two"));
+    EXPECT_EQ(readBack(kFile), one + three);
+    EXPECT_EQ(listed(), (Texts{"Singles / One", "Tag Team / Three"}));
+    EXPECT_EQ(listPosition(), utf8("19"));
+}
+
+TEST_F(StipulationDelete, OfTheFirstMovesTheOthersUp)
+{
+    open(one + two + three);
+    remove(0, utf8("Singles / One"));
+    EXPECT_EQ(readBack(kFile), two + three);
+    EXPECT_EQ(listed(), (Texts{"Singles / Two", "Tag Team / Three"}));
+}
+
+TEST_F(StipulationDelete, OfTheOnlyOneLeavesAnEmptyFileAndAnEmptyList)
+{
+    open(one);
+    remove(0, utf8("Singles / One"));
+    EXPECT_EQ(readBack(kFile), "");
+    EXPECT_TRUE(listed().empty());
+}
+
+TEST_F(StipulationDelete, TakesTheLaterOfTwoThatLookTheSame)
+{
+    const QByteArray later = stipulation("Singles", "One", {{3, "Later"}});
+    open(one + two + later);
+    remove(0, utf8("Singles / One"));
+    EXPECT_EQ(readBack(kFile), one + two);
+    EXPECT_EQ(listPosition(), utf8("38"));
+}
+
+TEST_F(StipulationDelete, LeavesNoSelection)
+{
+    open(one + two);
+    remove(0, utf8("Singles / One"));
+    EXPECT_FALSE(anySelected());
+    boxes.expectNotice(utf8("Stipulation Editor"),
+                       utf8("Please select a match stipulation from the list."));
+    press("Form16", "Command4");
+}
+
+TEST_F(StipulationDelete, AsManyTimesAsThereAreStipulations)
+{
+    open(one + two + three);
+    remove(2, utf8("Tag Team / Three"));
+    remove(0, utf8("Singles / One"));
+    remove(0, utf8("Singles / Two"));
+    EXPECT_EQ(readBack(kFile), "");
+}
+
+TEST_F(StipulationDelete, DeclinedInAnyWayChangesNothing)
+{
+    open(one + two);
+    for (const Answer answer : {Answer::No, Answer::Escape, Answer::Close, Answer::Enter}) {
+        remove(1, utf8("Singles / Two"), answer);
+        EXPECT_EQ(readBack(kFile), one + two);
+        EXPECT_EQ(listed(), (Texts{"Singles / One", "Singles / Two"}));
+    }
+}
+
+/// Takes down how wide the widest message box was.
+class BoxWidths : public QObject
+{
+public:
+    BoxWidths() { QApplication::instance()->installEventFilter(this); }
+    int widest = 0;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Hide && qobject_cast<QMessageBox *>(watched) != nullptr) {
+            widest = std::max(widest, static_cast<QWidget *>(watched)->width());
+        }
+        return QObject::eventFilter(watched, event);
+    }
+};
+
+TEST_F(StipulationDelete, AsksInABoxThatFitsTheScreenHoweverLongTheNameIs)
+{
+    const QByteArray name(3000, 'w');
+    open(stipulation("Singles", name));
+    BoxWidths widths;
+    remove(0, utf8("Singles / ") + QString::fromLatin1(name), Answer::No);
+    EXPECT_GT(widths.widest, 100);
+    EXPECT_LE(widths.widest, screen("Form16").screen()->availableSize().width());
+}
+
+TEST_F(StipulationDelete, WritesTheFileThatTheMenuNamesByNow)
+{
+    open(one + two);
+    editor.screens().setText({"Form1", "Text1"}, utf8("other.tvd"));
+    remove(0, utf8("Singles / One"));
+    EXPECT_EQ(readBack("other.tvd"), two);
+    EXPECT_EQ(readBack(kFile), one + two);
+}
+
+TEST_F(StipulationDelete, ThatCannotBeWrittenKeepsTheStipulation)
+{
+    open(one + two);
+    ASSERT_TRUE(QFile::remove(utf8(kFile)));
+    ASSERT_TRUE(QDir().mkdir(utf8(kFile)));
+    QString told;
+    select(0);
+    boxes.expectQuestion(utf8("Delete Stipulation"),
+                         utf8("Are you sure you want to permanently delete the match stipulation:"
+                              "\r\n\r\nSingles / One\r\n"),
+                         Answer::Yes);
+    boxes.catchNotice(utf8("Stipulations Editor"), &told);
+    press("Form16", "Command4");
+    EXPECT_TRUE(told.contains(utf8(kFile)) && told.contains(utf8("folder"))) << told.toStdString();
+    EXPECT_EQ(listed(), (Texts{"Singles / One", "Singles / Two"}));
+
+    ASSERT_TRUE(QDir().rmdir(utf8(kFile)));
+    remove(0, utf8("Singles / One"));
+    EXPECT_EQ(readBack(kFile), two);
+}
+
+} // namespace
+} // namespace tarvold::testing

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "support/editor_test.h"
+
+namespace tarvold::testing {
+
+/// The normal match ending flow, from the main menu to its commentary.
+class EndingTest : public EditorTest
+{
+protected:
+    static constexpr const char *kFlow[] = {"Form4", "Form5", "Form6", "Form7"};
+
+    /// Starts the flow and goes on with ">>" to the given one of its screens.
+    void goTo(const char *screen)
+    {
+        press("Form1", "Command3");
+        for (const char *step : kFlow) {
+            if (qstrcmp(step, screen) == 0) {
+                break;
+            }
+            press(step, "Command2");
+        }
+    }
+
+    /// Leaves the flow from its first screen.
+    void leave()
+    {
+        boxes.expectQuestion(title(), kReturnQuestion, Answer::Yes);
+        press("Form4", "Command1");
+    }
+
+    /// Presses "Add This Finish", says Yes and acknowledges the success.
+    void save()
+    {
+        boxes.expectQuestion(title(), kSaveQuestion, Answer::Yes);
+        boxes.expectNotice(title(), QStringLiteral("Saved OK."));
+        press("Form7", "Command1");
+    }
+
+    /// Brings up every screen of the flow and comes back to the main menu.
+    void createAllScreens()
+    {
+        goTo("Form7");
+        press("Form7", "Command2");
+        press("Form6", "Command1");
+        press("Form5", "Command1");
+        leave();
+    }
+
+    const QString kReturnQuestion = QStringLiteral(
+        "This will return you to the main menu and lose any changes you haven't saved. Continue?");
+    const QString kSaveQuestion = QStringLiteral("Add this finish to the file?");
+};
+
+} // namespace tarvold::testing

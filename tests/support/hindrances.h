@@ -1,0 +1,50 @@
+#pragma once
+
+#include <csignal>
+#include <functional>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+/// What keeps a program from writing its files, made on purpose.
+namespace tarvold::testing {
+
+/// While it lives, no file can grow beyond a number of bytes.
+class FileSizeLimit
+{
+public:
+    explicit FileSizeLimit(rlim_t bytes) : m_oldAction(std::signal(SIGXFSZ, SIG_IGN))
+    {
+        getrlimit(RLIMIT_FSIZE, &m_old);
+        const rlimit limited = {bytes, m_old.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limited);
+    }
+    ~FileSizeLimit()
+    {
+        setrlimit(RLIMIT_FSIZE, &m_old);
+        static_cast<void>(std::signal(SIGXFSZ, m_oldAction));
+    }
+    FileSizeLimit(const FileSizeLimit &) = delete;
+    FileSizeLimit &operator=(const FileSizeLimit &) = delete;
+
+private:
+    rlimit m_old = {};
+    void (*m_oldAction)(int);
+};
+
+/// Whether something holds in a process whose user the system's permissions bind; for the
+/// superuser they mean nothing, so then the process becomes that of the user "nobody".
+inline bool holdsForOrdinaryUser(const std::function<bool()> &check)
+{
+    constexpr uid_t kNobody = 65534;
+    const pid_t child = fork();
+    if (child == 0) {
+        const bool ordinary = geteuid() != 0 || (setgid(kNobody) == 0 && setuid(kNobody) == 0 &&
+                                                 geteuid() == kNobody);
+        _exit(ordinary && check() ? 0 : 1);
+    }
+    int status = -1;
+    return waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+} // namespace tarvold::testing

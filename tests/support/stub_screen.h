@@ -1,0 +1,26 @@
+#pragma once
+
+#include "shell/screen.h"
+#include "shell/screens.h"
+#include "shell/text_box.h"
+
+#include <QVBoxLayout>
+
+namespace tarvold::testing {
+
+/// A screen with one text box, in the place of a real one. Its name is "Form" and the digits.
+template <char... Digits>
+class StubScreen : public Screen
+{
+public:
+    static constexpr char kName[] = {'F', 'o', 'r', 'm', Digits..., '\0'};
+
+    explicit StubScreen(Screens & /*screens*/) : Screen(kName)
+    {
+        auto *box = new TextBox;
+        add(box, "Text1");
+        column().addWidget(box);
+    }
+};
+
+} // namespace tarvold::testing

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "shell/text_box.h"
+#include "support/boxes.h"
+#include "support/events.h"
+
+#include <QTest>
+#include <QVBoxLayout>
+#include <QWidget>
+
+#include <gtest/gtest.h>
+
+namespace tarvold::testing {
+
+/// A window of the test's own, to try single controls in: what `add` puts into it, and below that
+/// an ordinary text box to go to from there.
+class WindowTest : public ::testing::Test
+{
+protected:
+    WindowTest()
+    {
+        window.setObjectName(QStringLiteral("window"));
+        m_column = new QVBoxLayout(&window);
+        m_column->addWidget(&elsewhere);
+        elsewhere.setObjectName(QStringLiteral("elsewhere"));
+    }
+    ~WindowTest() override { boxes.checkAllCame(); }
+
+    /// Puts the control first in the window, shows the window, and gives the control the focus.
+    void add(QWidget &control)
+    {
+        m_column->insertWidget(0, &control);
+        QWidget::setTabOrder(&control, &elsewhere);
+        window.show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        control.setFocus(Qt::OtherFocusReason);
+    }
+
+    static QString title() { return QStringLiteral("Tarvold Data Editor"); }
+
+    Boxes boxes;
+    QWidget window;
+    TextBox elsewhere;
+
+private:
+    QVBoxLayout *m_column;
+};
+
+} // namespace tarvold::testing

@@ -12,7 +12,7 @@ namespace tarvold {
 
 Editor::Editor()
     : m_endings(m_screens, endingflow::chain(), endingflow::kLabel)
-    , m_segments(m_screens, segmentflow::chain(), endingflow::kLabel)
+    , m_segments(m_screens, segmentflow::chain())
 {
     m_screens.declare<Form1>();
     endingflow::declare(m_screens);

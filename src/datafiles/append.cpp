@@ -21,11 +21,11 @@ std::optional<QString> openAlone(QFile &file)
             return QStringLiteral("Another program is writing to it.");
         }
         if (!durable::isRemoved(file.handle())) {
-            break;
+            return std::nullopt;
         }
         file.close(); // while this one waited, the other one took back the file that it had made
     }
-    return std::nullopt;
+    return QStringLiteral("Another program removes it again and again.");
 }
 
 /// Takes back what a failed append may have left. `true` when nothing of it remains.

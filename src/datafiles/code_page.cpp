@@ -33,14 +33,32 @@ std::optional<char> byteOf(char32_t character)
     return static_cast<char>(kFirstSpecial + static_cast<char32_t>(found - kSpecials.begin()));
 }
 
+/// The code points of a text, with each letter and its combining marks made one where there is such
+/// a character. Everything else stays: a full composition would also replace look-alikes.
+QList<uint> composed(const QString &text)
+{
+    QList<uint> characters;
+    for (const uint character : text.toUcs4()) {
+        const bool isMark = QChar::isMark(character);
+        if (!isMark || characters.isEmpty()) {
+            characters.append(character);
+            continue;
+        }
+        const std::array<char32_t, 2> pair = {characters.takeLast(), character};
+        characters += QString::fromUcs4(pair.data(), pair.size())
+                          .normalized(QString::NormalizationForm_C)
+                          .toUcs4();
+    }
+    return characters;
+}
+
 } // namespace
 
 Encoded encode(const QString &text)
 {
     Encoded result;
-    const QList<uint> characters = text.normalized(QString::NormalizationForm_C).toUcs4();
-    result.bytes.reserve(characters.size());
-    for (const char32_t character : characters) {
+    result.bytes.reserve(text.size());
+    for (const char32_t character : composed(text)) {
         const std::optional<char> byte = byteOf(character);
         if (!byte) {
             return {{}, character};

@@ -14,6 +14,7 @@ class LineReader
 public:
     explicit LineReader(QByteArrayView bytes) : m_rest(bytes) {}
 
+    /// Whether all bytes have been read.
     bool atEnd() const { return m_rest.isEmpty(); }
 
     /// The next line without its line end; an empty one at the end of the bytes.

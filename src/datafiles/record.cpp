@@ -20,8 +20,8 @@ constexpr std::array<FinisherCode, 4> kFinisherCodes = {{
     {QLatin1StringView("Top Rope"), QLatin1StringView("t")},
 }};
 
-/// A word outside the list gives no line. The game's authors rely on the file holding what they
-/// typed and nothing made up, so no default takes its place.
+/// Deliberate: a word outside the list gives no line, the record is one line short, and no default
+/// is made up for it.
 std::optional<QString> codedFinisher(const QString &text)
 {
     for (const FinisherCode &row : kFinisherCodes) {

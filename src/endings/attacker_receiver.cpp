@@ -1,6 +1,6 @@
 #include "endings/attacker_receiver.h"
 
-#include "endings/lists.h"
+#include "shell/lists.h"
 
 namespace tarvold {
 namespace {

@@ -35,6 +35,17 @@ void CommentaryLine::append(const QString &text)
     insertAsOneStep(text);
 }
 
+void CommentaryLine::keyPressEvent(QKeyEvent *event)
+{
+    const bool isAltDown =
+        event->key() == Qt::Key_Down && event->modifiers().testFlag(Qt::AltModifier);
+    if (event->key() == Qt::Key_F4 || isAltDown) {
+        emit tagsRequested();
+        return;
+    }
+    TextBox::keyPressEvent(event);
+}
+
 void CommentaryLine::focusInEvent(QFocusEvent *event)
 {
     TextBox::focusInEvent(event);

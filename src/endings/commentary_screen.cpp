@@ -72,6 +72,7 @@ void CommentaryScreen::addLines()
         grid->addWidget(label, row, 0, Qt::AlignRight | Qt::AlignVCenter);
         grid->addWidget(line, row, 1);
         connect(line, &CommentaryLine::entered, this, [this, line] { mark(*line); });
+        connect(line, &CommentaryLine::tagsRequested, m_tags, &ComboBox::showPopup);
     }
     column().addLayout(grid);
 }
@@ -105,7 +106,7 @@ void CommentaryScreen::whitenboxes()
 void CommentaryScreen::startAfresh()
 {
     for (CommentaryLine *line : m_lines) {
-        line->clear();
+        line->setText({}); // clear() could be undone, into the commentary of another record
     }
     whitenboxes();
 }

@@ -17,8 +17,8 @@ struct Refusal
 {
     ControlRef box;                     ///< the field that decides
     bool (*isRefused)(const QString &); ///< by the text in that field
-    const char *message;
-    const char *title;
+    const char *message;                ///< tells the user so
+    const char *title;                  ///< of the message box
 };
 
 /// An item of a tag list.
@@ -52,6 +52,7 @@ class CommentaryScreen : public Screen
 {
     Q_OBJECT
 public:
+    /// \param table its texts and tags must outlive the screen
     CommentaryScreen(Screens &screens, const CommentaryTable &table);
 
     /// Makes all lines white, so that none receives tags.

@@ -72,7 +72,7 @@ constexpr ValueRow kValues[] = {
 };
 // clang-format on
 
-/// All three tag lists show the first item of the normal one, also where they do not offer it.
+/// All three tag lists show the first item of the normal one, also where it is not their own first.
 constexpr char kFirstTag[] = "Attacker 1 Full Name";
 
 constexpr Preset kNormalValues[] = {
@@ -134,7 +134,7 @@ void enter(Screens &screens, MatchEnding kind)
     }
     screens.apply(ownValues(kind));
     Screen &commentary = screens[kCommentaryScreens.at(column)];
-    qobject_cast<CommentaryScreen *>(&commentary)->startAfresh();
+    dynamic_cast<CommentaryScreen &>(commentary).startAfresh();
     screens.get<Form4>().replace(screens.get<Form1>());
 }
 

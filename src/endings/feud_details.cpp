@@ -1,11 +1,10 @@
 #include "endings/feud_details.h"
 
-#include "endings/lists.h"
+#include "shell/lists.h"
 
 namespace tarvold {
 namespace {
 
-constexpr const char *kFeudTypes[] = {"Singles", "Tag Team"};
 constexpr const char *kSides[] = {"Winners", "Losers"};
 constexpr const char *kTelevised[] = {"N/A", "Yes"};
 
@@ -17,7 +16,7 @@ constexpr Field kFields[] = {
     {.control = "Combo3",
      .label = "Label4",
      .caption = "Type of Feud",
-     .items = kFeudTypes,
+     .items = lists::kFeudTypes,
      .help = "Specify whether this match ending involves a Singles feud, or a Tag Team feud."},
     {.control = "Text2",
      .label = "Label5",

@@ -1,7 +1,7 @@
 #include "endings/match_criteria.h"
 
-#include "endings/lists.h"
 #include "shell/combo_box.h"
+#include "shell/lists.h"
 #include "shell/screens.h"
 
 namespace tarvold {
@@ -31,8 +31,8 @@ constexpr const char *kAllMatchTypes[] = {
     "Intergender 6 Person Tag",
     "Battle Royal",
 };
-constexpr const char *kFeudMatchTypes[] = {"Singles", "Tag Team", "Women's Match",
-                                           "Women's Tag Team"};
+constexpr const char *kShortMatchTypes[] = {"Singles", "Tag Team", "Women's Match",
+                                            "Women's Tag Team"};
 constexpr const char *kFinishes[] = {"Normal", "DQ"};
 
 constexpr Field kFields[] = {
@@ -46,7 +46,7 @@ constexpr Field kFields[] = {
     {.control = "Combo12",
      .label = "Label4",
      .caption = "Match Type",
-     .items = kFeudMatchTypes,
+     .items = kShortMatchTypes,
      .help = "Match Type ~ Specify which type of match this ending will be used for.",
      .spokenName = "Match Type, short list"},
     {.control = "Text2",
@@ -111,10 +111,10 @@ Form4::Form4(Screens &screens)
 {
     addHiddenLabel("matchreports",
                    QStringLiteral("remember there is more than 1 combo for match type"));
-    auto &feudMatchType = control<ComboBox>("Combo12");
-    connect(&feudMatchType, &ComboBox::chosen, this, [&screens, &feudMatchType] {
+    auto &shortMatchType = control<ComboBox>("Combo12");
+    connect(&shortMatchType, &ComboBox::chosen, this, [&screens, &shortMatchType] {
         // Also when a turn is written, which has no use for it.
-        screens.setText(kFeudType, feudTypeOf(feudMatchType.currentText()));
+        screens.setText(kFeudType, feudTypeOf(shortMatchType.currentText()));
     });
 }
 

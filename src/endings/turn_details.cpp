@@ -1,6 +1,6 @@
 #include "endings/turn_details.h"
 
-#include "endings/lists.h"
+#include "shell/lists.h"
 
 namespace tarvold {
 namespace {

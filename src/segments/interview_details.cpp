@@ -1,11 +1,10 @@
 #include "segments/interview_details.h"
 
-#include "segments/lists.h"
+#include "shell/lists.h"
 
 namespace tarvold {
 namespace {
 
-constexpr const char *kFeudTypes[] = {"Singles", "Tag Team"};
 constexpr Bar kFeudHeat = {
     .valueLabel = "Label8", .designText = "100%", .prefix = "", .followsDrag = false};
 
@@ -13,7 +12,7 @@ constexpr Field kFields[] = {
     {.control = "Combo3",
      .label = "Label2",
      .caption = "Type of Feud",
-     .items = kFeudTypes,
+     .items = lists::kFeudTypes,
      .help = "Type Of Feud ~ Specify whether this segment involves 2 feuding wrestlers, or 2 "
              "feuding tag teams."},
     {.control = "Combo1",

@@ -1,6 +1,6 @@
 #include "segments/talk_show_details.h"
 
-#include "segments/lists.h"
+#include "shell/lists.h"
 
 namespace tarvold {
 namespace {

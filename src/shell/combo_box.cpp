@@ -1,5 +1,6 @@
 #include "shell/combo_box.h"
 
+#include "shell/sizes.h"
 #include "shell/text_box.h"
 
 #include <QAbstractItemView>
@@ -16,6 +17,7 @@ ComboBox::ComboBox(QWidget *parent) : QComboBox(parent)
     setInsertPolicy(NoInsert);
     setMaxVisibleItems(25);
     setMinimumHeight(kTargetHeight);
+    setFocusPolicy(Qt::StrongFocus); // not by the wheel, which is for scrolling past
     setMinimumContentsLength(1);
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
 }

@@ -40,9 +40,8 @@ void Flow::goBack(Screen &screen, const FlowStep &step)
 
 void Flow::goOn(Screen &screen, const FlowStep &step)
 {
-    const QString label = m_screens.text(m_label);
     for (const Branch &branch : step.next) {
-        if (branch.label == nullptr || label == QLatin1StringView(branch.label)) {
+        if (branch.label == nullptr || m_screens.text(m_label) == QLatin1StringView(branch.label)) {
             show(branch.screen, screen);
             return;
         }

@@ -37,8 +37,8 @@ class Flow : public QObject
     Q_OBJECT
 public:
     /// \param steps kept by the caller for as long as the flow lives
-    /// \param label the control whose text chooses among branches
-    Flow(Screens &screens, std::span<const FlowStep> steps, ControlRef label);
+    /// \param label the control whose text chooses among branches; not needed without branches
+    Flow(Screens &screens, std::span<const FlowStep> steps, ControlRef label = {});
 
 private:
     void attach(Screen &screen);

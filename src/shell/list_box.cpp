@@ -1,6 +1,6 @@
 #include "shell/list_box.h"
 
-#include "shell/text_box.h"
+#include "shell/sizes.h"
 
 #include <QStyledItemDelegate>
 

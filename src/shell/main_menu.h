@@ -32,6 +32,7 @@ public:
     explicit Form1(Screens &screens);
 
 signals:
+    /// The user wants to start this.
     void pressed(tarvold::MenuEntry entry);
 
 private:

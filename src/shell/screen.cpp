@@ -1,7 +1,7 @@
 #include "shell/screen.h"
 
 #include "shell/controls.h"
-#include "shell/text_box.h"
+#include "shell/sizes.h"
 
 #include <QCloseEvent>
 #include <QFontMetrics>
@@ -12,8 +12,10 @@
 namespace tarvold {
 namespace {
 
+constexpr double kHeadingScale = 1.4;
+
 /// One size for all screens, so that moving through them feels like one window. It follows the
-/// user's text size and holds the tallest screen, ten rows of fields.
+/// user's text size and has room for the rows of the longest form that a flow shows.
 QSize standardSize(const QFontMetrics &metrics)
 {
     constexpr int kRows = 12;
@@ -88,7 +90,7 @@ QPushButton *Screen::newButton(const char *name, const char *caption)
     const int padding = 2 * kTargetHeight;
     const int width = button->fontMetrics().horizontalAdvance(button->text());
     button->setMinimumSize(width + padding, kTargetHeight);
-    button->setAutoDefault(true);
+    button->setAutoDefault(true); // so that Enter presses the button that has the focus
     add(button, name);
     return button;
 }
@@ -99,7 +101,11 @@ void Screen::addHeading(const char *name, const char *text)
     heading->setTextFormat(Qt::PlainText);
     QFont font = heading->font();
     font.setBold(true);
-    font.setPointSizeF(font.pointSizeF() * 1.4);
+    if (font.pointSizeF() > 0) {
+        font.setPointSizeF(font.pointSizeF() * kHeadingScale);
+    } else {
+        font.setPixelSize(static_cast<int>(font.pixelSize() * kHeadingScale));
+    }
     heading->setFont(font);
     add(heading, name);
     m_column->addWidget(heading);

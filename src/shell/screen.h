@@ -41,7 +41,9 @@ public:
     void replace(Screen &other);
 
 signals:
+    /// The user wants to go to the screen before, or to leave the flow on its first screen.
     void backPressed();
+    /// The user wants to go to the next screen, and this one has done what comes before that.
     void nextPressed();
     /// The screen's work is done and the main menu comes next.
     void finished();

@@ -1,6 +1,6 @@
 #include "shell/scroll_bar.h"
 
-#include "shell/text_box.h"
+#include "shell/sizes.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -23,10 +23,12 @@ void ScrollBar::keyPressEvent(QKeyEvent *event)
     switch (event->key()) {
     case Qt::Key_Right:
     case Qt::Key_Up:
+    case Qt::Key_PageUp:
         triggerAction(SliderSingleStepAdd);
         return;
     case Qt::Key_Left:
     case Qt::Key_Down:
+    case Qt::Key_PageDown:
         triggerAction(SliderSingleStepSub);
         return;
     default:

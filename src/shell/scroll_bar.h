@@ -6,9 +6,10 @@ namespace tarvold {
 
 /// The horizontal scroll bar of all screens, a control for whole numbers.
 ///
-/// It is reached by Tab and shows the focus. Right and Up raise the value by one, Left and Down
-/// lower it. During a drag sliderMoved() tells where the thumb is; valueChanged() comes when it is
-/// let go. The wheel turns it by one, and only while it has the focus.
+/// It is reached by Tab and shows the focus. Right, Up and Page Up raise the value by one,
+/// Left, Down and Page Down lower it. During a drag sliderMoved() tells where the thumb is;
+/// valueChanged() comes when it is let go. The wheel turns it by one, and only while it has the
+/// focus.
 class ScrollBar : public QScrollBar
 {
     Q_OBJECT

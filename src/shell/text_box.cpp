@@ -1,6 +1,7 @@
 #include "shell/text_box.h"
 
-#include <QClipboard>
+#include "shell/sizes.h"
+
 #include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
@@ -31,7 +32,12 @@ TextBox::TextBox(QWidget *parent) : QLineEdit(parent)
 
 void TextBox::paste()
 {
-    insertAsOneStep(onOneLine(QGuiApplication::clipboard()->text()));
+    pasteFrom(QClipboard::Clipboard);
+}
+
+void TextBox::pasteFrom(QClipboard::Mode mode)
+{
+    insertAsOneStep(onOneLine(QGuiApplication::clipboard()->text(mode)));
 }
 
 void TextBox::insertAsOneStep(const QString &text)
@@ -49,7 +55,9 @@ void TextBox::insertAsOneStep(const QString &text)
 void TextBox::keyPressEvent(QKeyEvent *event)
 {
     if (event->matches(QKeySequence::Paste)) {
-        paste();
+        const bool fromSelection = event->key() == Qt::Key_Insert &&
+                                   event->modifiers() == (Qt::ControlModifier | Qt::ShiftModifier);
+        pasteFrom(fromSelection ? QClipboard::Selection : QClipboard::Clipboard);
         event->accept();
         return;
     }
@@ -62,7 +70,7 @@ void TextBox::mouseReleaseEvent(QMouseEvent *event)
     if (event->button() == Qt::MiddleButton && clipboard->supportsSelection()) {
         deselect();
         setCursorPosition(cursorPositionAt(event->position().toPoint()));
-        insertAsOneStep(onOneLine(clipboard->text(QClipboard::Selection)));
+        pasteFrom(QClipboard::Selection);
         return;
     }
     QLineEdit::mouseReleaseEvent(event);

@@ -1,11 +1,9 @@
 #pragma once
 
+#include <QClipboard>
 #include <QLineEdit>
 
 namespace tarvold {
-
-/// The least height of anything that a user aims at, in device-independent pixels.
-inline constexpr int kTargetHeight = 28;
 
 /// The single-line text box of all screens.
 ///
@@ -29,6 +27,9 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
     void dropEvent(QDropEvent *event) override;
     void inputMethodEvent(QInputMethodEvent *event) override;
+
+private:
+    void pasteFrom(QClipboard::Mode mode);
 };
 
 } // namespace tarvold

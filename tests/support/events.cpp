@@ -35,6 +35,8 @@ void expectReachable(const QWidget &control)
     ASSERT_TRUE(control.isVisible()) << control.objectName().toStdString() << " is not visible";
     ASSERT_TRUE(control.isEnabled()) << control.objectName().toStdString() << " is not enabled";
     ASSERT_TRUE(modal == nullptr || modal == control.window()) << "blocked by a message box";
+    // Without a window manager nobody gives the focus back when a message box has closed.
+    control.window()->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(control.window()));
 }
 

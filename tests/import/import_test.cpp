@@ -32,6 +32,7 @@ void ImportTest::enter()
 {
     press("Form1", "Command8");
     expectOnly("Form2");
+    expectReachable(control("Form2", "Command1"));
 }
 
 QStringList ImportTest::listed()

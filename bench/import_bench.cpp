@@ -138,7 +138,7 @@ void stipulationsByImport(benchmark::State &state)
 
 void asLarge(benchmark::internal::Benchmark *bench)
 {
-    bench->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(1)->Repetitions(5);
+    bench->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(1)->Repetitions(9);
     bench->ReportAggregatesOnly();
 }
 

@@ -4,11 +4,21 @@
 #include <QFileInfo>
 
 #include <cerrno>
+#include <ctime>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace tarvold::durable {
+namespace {
+
+qint64 nanoseconds(const timespec &time)
+{
+    constexpr qint64 kNanosecondsPerSecond = 1'000'000'000;
+    return qint64(time.tv_sec) * kNanosecondsPerSecond + time.tv_nsec;
+}
+
+} // namespace
 
 QString pathOf(const QString &name)
 {
@@ -17,16 +27,20 @@ QString pathOf(const QString &name)
 
 std::optional<FileState> stateOf(const QString &name)
 {
-    constexpr qint64 kNanosecondsPerSecond = 1'000'000'000;
     struct stat found = {};
     if (::stat(QFile::encodeName(pathOf(name)).constData(), &found) != 0) {
         return std::nullopt;
     }
-    const auto nanoseconds = [](const timespec &time) {
-        return qint64(time.tv_sec) * kNanosecondsPerSecond + time.tv_nsec;
-    };
     return FileState{found.st_dev, found.st_ino, found.st_size, nanoseconds(found.st_mtim),
                      nanoseconds(found.st_ctim)};
+}
+
+bool mayChangeUnseen(const FileState &state)
+{
+    constexpr qint64 kSlowestTick = 20'000'000; // twice that of a clock with 100 ticks a second
+    timespec now = {};
+    ::clock_gettime(CLOCK_REALTIME, &now);
+    return nanoseconds(now) - state.changed < kSlowestTick;
 }
 
 bool syncFile(int handle)

@@ -23,6 +23,10 @@ struct FileState
     bool operator==(const FileState &) const = default;
 };
 
+/// Whether a file was changed so recently that another change may leave its state as it is: many
+/// systems stamp files with a clock that ticks only every few milliseconds.
+bool mayChangeUnseen(const FileState &state);
+
 /// The state of the file that the user typed this name for; none when it cannot be found.
 std::optional<FileState> stateOf(const QString &name);
 

@@ -85,8 +85,9 @@ protected:
         const bool self = dice.onceIn(10);
         const QString target = self ? source : QStringLiteral("target.tvd");
         const int lines = rowOf(kind).linesPerRecord;
-        putBytes(source, dice.file(lines));
+        QFile::remove(source); // to empty it would make some systems wait for the disk
         QFile::remove(QStringLiteral("target.tvd"));
+        putBytes(source, dice.file(lines));
         if (!self && !dice.onceIn(15)) {
             putBytes(target, dice.file(lines));
         }

@@ -16,7 +16,7 @@ namespace {
 void preferLargePages(QByteArray &bytes)
 {
     constexpr quintptr kPage = 4096;
-    constexpr qsizetype kLarge = 8 * 1024 * 1024;
+    constexpr qsizetype kLarge = 8'388'608;
     if (bytes.size() < kLarge) {
         return;
     }

@@ -23,7 +23,7 @@ Qt::CursorShape shownCursor()
 } // namespace
 
 /// Stands before the system's own: the one moment of a merge at which a test can look.
-int fsync(int handle)
+int fsync(int handle) // NOLINT(readability-inconsistent-declaration-parameter-name)
 {
     cursorsAtSync << shownCursor();
     return int(::syscall(SYS_fsync, handle));

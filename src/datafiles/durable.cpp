@@ -8,8 +8,10 @@
 #include <chrono>
 #include <climits>
 #include <cstdlib>
+#include <ctime>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
@@ -19,9 +21,15 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto kLockPatience = 5s;
+constexpr auto kLockPatience = 2s;
 constexpr auto kLockPause = 1ms;
 constexpr mode_t kModeBits = 07777;
+
+qint64 nanoseconds(const timespec &time)
+{
+    constexpr qint64 kNanosecondsPerSecond = 1'000'000'000;
+    return qint64(time.tv_sec) * kNanosecondsPerSecond + time.tv_nsec;
+}
 
 } // namespace
 
@@ -32,14 +40,10 @@ QString pathOf(const QString &name)
 
 std::optional<FileState> stateOf(const QString &name)
 {
-    constexpr qint64 kNanosecondsPerSecond = 1'000'000'000;
     struct stat found = {};
     if (::stat(QFile::encodeName(pathOf(name)).constData(), &found) != 0) {
         return std::nullopt;
     }
-    const auto nanoseconds = [](const timespec &time) {
-        return qint64(time.tv_sec) * kNanosecondsPerSecond + time.tv_nsec;
-    };
     return FileState{found.st_dev, found.st_ino, found.st_size, nanoseconds(found.st_mtim),
                      nanoseconds(found.st_ctim)};
 }
@@ -123,6 +127,25 @@ std::optional<QString> writeAndSync(QFileDevice &file, QByteArrayView bytes)
         return qt_error_string();
     }
     return std::nullopt;
+}
+
+bool mayChangeUnseen(const FileState &state)
+{
+    constexpr qint64 kSlowestTick = 20'000'000; // twice that of a clock with 100 ticks a second
+    timespec now = {};
+    ::clock_gettime(CLOCK_REALTIME, &now);
+    return nanoseconds(now) - state.changed < kSlowestTick;
+}
+
+void preferLargePages(QByteArray &bytes)
+{
+    constexpr quintptr kPage = 4096;
+    constexpr qsizetype kLarge = 8'388'608;
+    if (bytes.size() < kLarge) {
+        return;
+    }
+    const auto skipped = qsizetype(-quintptr(bytes.data()) % kPage); // up to the next whole page
+    ::madvise(bytes.data() + skipped, std::size_t(bytes.size() - skipped), MADV_HUGEPAGE);
 }
 
 bool syncFile(int handle)

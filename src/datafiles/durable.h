@@ -26,6 +26,10 @@ struct FileState
     bool operator==(const FileState &) const = default;
 };
 
+/// Whether a file was changed so recently that another change may leave its state as it is: many
+/// systems stamp files with a clock that ticks only every few milliseconds.
+bool mayChangeUnseen(const FileState &state);
+
 /// The state of the file that the user typed this name for; none when it cannot be found.
 std::optional<FileState> stateOf(const QString &name);
 
@@ -57,6 +61,10 @@ bool isRemoved(int handle);
 /// Writes all bytes to an open file and brings them to the disk.
 /// \return what went wrong, in words; a part of the bytes may be in the file then
 [[nodiscard]] std::optional<QString> writeAndSync(QFileDevice &file, QByteArrayView bytes);
+
+/// Asks for the memory of a large file in large pages: to be given it in tens of thousands of small
+/// ones takes as long as reading the file. Only a wish, so nobody asks whether it was granted.
+void preferLargePages(QByteArray &bytes);
 
 /// Brings an open file's bytes to the disk. `false` with the system's error code set on failure.
 [[nodiscard]] bool syncFile(int handle);

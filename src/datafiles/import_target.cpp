@@ -24,11 +24,12 @@ std::optional<FileError> ImportTarget::refresh()
     if (state && state == m_state) {
         return std::nullopt;
     }
+    const bool trusted = state && !durable::mayChangeUnseen(*state);
     const FileContent content = readFile(m_name);
     if (content.error) {
         return content.error;
     }
-    m_state = state;
+    m_state = trusted ? state : std::nullopt;
     index(content.bytes);
     return std::nullopt;
 }

@@ -13,6 +13,7 @@ FileContent readToEnd(QFile &file)
 {
     constexpr qsizetype kLeastRoom = 4096;
     QByteArray bytes(file.size() + kLeastRoom, Qt::Uninitialized);
+    durable::preferLargePages(bytes);
     qsizetype length = 0;
     while (true) {
         const qint64 read = file.read(bytes.data() + length, bytes.size() - length);

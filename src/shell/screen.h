@@ -23,11 +23,11 @@ public:
     /// the program; a test walks every table.
     QWidget &control(const char *name) const;
 
-    /// The same, as the control's own type.
+    /// The same, as the control's own type. A wrong type ends the program by a std::bad_cast.
     template <class T>
     T &control(const char *name) const
     {
-        return *qobject_cast<T *>(&control(name));
+        return dynamic_cast<T &>(control(name));
     }
 
     /// The text that a control shows now.

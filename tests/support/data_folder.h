@@ -1,27 +1,19 @@
 #pragma once
 
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
+#include "support/folder_test.h"
 
-#include <gtest/gtest.h>
-
-/// Files in the current folder, for tests.
 namespace tarvold::testing {
 
+/// Files in the current folder, by names that are written out in a test.
 inline void writeFile(const char *name, const QByteArray &bytes)
 {
-    QFile file(QString::fromUtf8(name));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    ASSERT_EQ(file.write(bytes), bytes.size());
+    putBytes(QString::fromUtf8(name), bytes);
 }
 
 /// An absent file fails the test.
 inline QByteArray readBack(const char *name)
 {
-    QFile file(QString::fromUtf8(name));
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name << " is not there";
-    return file.readAll();
+    return bytesIn(QString::fromUtf8(name));
 }
 
 /// Everything that the folder holds, hidden files too, sorted and joined by blanks.
@@ -31,16 +23,6 @@ inline std::string folderContent()
     return QDir().entryList(all, QDir::Name).join(u' ').toStdString();
 }
 
-/// Runs in an empty folder of its own.
-class DataFolderTest : public ::testing::Test
-{
-public:
-    DataFolderTest() : m_oldFolder(QDir::currentPath()) { QDir::setCurrent(m_folder.path()); }
-    ~DataFolderTest() override { QDir::setCurrent(m_oldFolder); }
-
-private:
-    QTemporaryDir m_folder;
-    QString m_oldFolder;
-};
+using DataFolderTest = FolderTest;
 
 } // namespace tarvold::testing

@@ -2,6 +2,7 @@
 
 #include "support/print.h"
 
+#include <QByteArrayList>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -10,27 +11,46 @@
 
 namespace tarvold::testing {
 
+/// Writes a file whole.
+inline void putBytes(const QString &file, const QByteArray &bytes)
+{
+    QFile opened(file);
+    ASSERT_TRUE(opened.open(QIODevice::WriteOnly)) << file.toStdString();
+    ASSERT_EQ(opened.write(bytes), bytes.size()) << file.toStdString();
+}
+
+/// The bytes of a file; an absent one fails the test.
+inline QByteArray bytesIn(const QString &file)
+{
+    QFile opened(file);
+    EXPECT_TRUE(opened.open(QIODevice::ReadOnly)) << file.toStdString() << " is not there";
+    return opened.readAll();
+}
+
+/// A record of any kind: the given lines, then numbered ones up to its length.
+inline QByteArray recordOf(int lines, const QByteArrayList &given = {"Any"})
+{
+    QByteArray bytes;
+    for (int line = 0; line < lines; ++line) {
+        bytes += line < given.size() ? given[line] : "line " + QByteArray::number(line + 1);
+        bytes += "\r\n";
+    }
+    return bytes;
+}
+
+/// Names the tests of a table after the `name` of its rows.
+inline constexpr auto kNameOfRow = [](const auto &row) { return std::string(row.param.name); };
+
 /// A test in an empty folder of its own, which is the current folder while it runs.
 class FolderTest : public ::testing::Test
 {
-protected:
+public:
     FolderTest() : m_oldFolder(QDir::currentPath()) { QDir::setCurrent(folder.path()); }
     ~FolderTest() override { QDir::setCurrent(m_oldFolder); }
 
-    static void put(const QString &file, const QByteArray &bytes)
-    {
-        QFile opened(file);
-        ASSERT_TRUE(opened.open(QIODevice::WriteOnly));
-        ASSERT_EQ(opened.write(bytes), bytes.size());
-    }
-
-    /// The bytes of a file in the test's folder; an absent one fails the test.
-    static QByteArray bytesOf(const QString &file)
-    {
-        QFile opened(file);
-        EXPECT_TRUE(opened.open(QIODevice::ReadOnly)) << file.toStdString() << " is not there";
-        return opened.readAll();
-    }
+protected:
+    static void put(const QString &file, const QByteArray &bytes) { putBytes(file, bytes); }
+    static QByteArray bytesOf(const QString &file) { return bytesIn(file); }
 
     /// The names of everything in the test's folder, links that lead nowhere included.
     static QStringList entries()

@@ -1,0 +1,137 @@
+// The import screen's captions, its two stages and what each kind puts into them.
+
+#include "import/import_test.h"
+
+#include <QPushButton>
+
+namespace tarvold::testing {
+namespace {
+
+class ImportScreen : public ImportTest
+{
+protected:
+    QString caption(const char *button)
+    {
+        return screen("Form2").control<QPushButton>(button).text();
+    }
+};
+
+TEST_F(ImportScreen, BearsTheProgramsCaption)
+{
+    enter();
+    EXPECT_EQ(screen("Form2").windowTitle(), QStringLiteral("Tarvold 1.3 Data Editor"));
+}
+
+TEST_F(ImportScreen, IsFirstShownInStage1)
+{
+    enter();
+    expectStage1();
+}
+
+TEST_F(ImportScreen, HasItsDesignTexts)
+{
+    enter();
+    EXPECT_EQ(text("Form2", "Label3"), QStringLiteral("Import"));
+    EXPECT_EQ(text("Form2", "Label2"),
+              QStringLiteral("Which file do you want to import these into?"));
+    EXPECT_EQ(text("Form2", "Text1"), QStringLiteral("Text1"));
+    EXPECT_EQ(caption("Command1"), QStringLiteral("Back"));
+    EXPECT_EQ(caption("Command8"), QStringLiteral("Import"));
+    EXPECT_EQ(caption("Command9"), QStringLiteral("Cancel"));
+    EXPECT_EQ(text("Form2", "whatimport"), QStringLiteral("Label2"));
+}
+
+TEST_F(ImportScreen, HasTheKindButtonsInTheirOrder)
+{
+    enter();
+    int above = control("Form2", "Label1").y();
+    for (const ImportKind &kind : kImportKinds) {
+        const QWidget &button = control("Form2", kind.button);
+        EXPECT_EQ(caption(kind.button), QLatin1StringView(kind.caption));
+        EXPECT_GT(button.y(), above) << kind.button;
+        above = button.y();
+    }
+}
+
+TEST_F(ImportScreen, TakesNoDataFromTheMainMenusBoxes)
+{
+    for (const char *box : {"Text1", "Text3", "Text4", "Text5", "Text6", "Text7"}) {
+        type("Form1", box, QStringLiteral("mine.tvd"));
+    }
+    enter();
+    for (const ImportKind &kind : kImportKinds) {
+        press("Form2", kind.button);
+        EXPECT_EQ(text("Form2", "Text1"), QLatin1StringView(kind.target));
+        press("Form2", "Command9");
+    }
+}
+
+TEST_F(ImportScreen, KeepsItsTwoPromptsAsPlainText)
+{
+    enter();
+    press("Form2", "Command2");
+    for (const char *name : {"Label1", "Label2", "Label3"}) {
+        EXPECT_EQ(screen("Form2").control<QLabel>(name).textFormat(), Qt::PlainText) << name;
+    }
+}
+
+class ImportKindButton : public ImportTest, public ::testing::WithParamInterface<ImportKind>
+{
+protected:
+    const char *button() { return GetParam().button; }
+    QString target() { return QLatin1StringView(GetParam().target); }
+};
+
+TEST_P(ImportKindButton, LeadsToStage2)
+{
+    enter();
+    press("Form2", button());
+    expectStage2();
+    EXPECT_EQ(text("Form2", "whatimport"), QLatin1StringView(GetParam().whatimport));
+    EXPECT_EQ(text("Form2", "Text1"), target());
+    EXPECT_EQ(selected(), QString());
+}
+
+TEST_P(ImportKindButton, SuggestsItsTargetAgainAfterCancel)
+{
+    enter();
+    press("Form2", button());
+    type("Form2", "Text1", QStringLiteral("changed.tvd"));
+    press("Form2", "Command9");
+    press("Form2", button());
+    EXPECT_EQ(text("Form2", "Text1"), target());
+}
+
+TEST_P(ImportKindButton, LeavesItsChoiceInPlaceOnCancel)
+{
+    putBytes(QStringLiteral("a.tvd"), {});
+    enter();
+    press("Form2", button());
+    select(QStringLiteral("a.tvd"));
+    type("Form2", "Text1", QStringLiteral("changed.tvd"));
+    press("Form2", "Command9");
+    expectStage1();
+    EXPECT_EQ(text("Form2", "whatimport"), QLatin1StringView(GetParam().whatimport));
+    EXPECT_EQ(text("Form2", "Text1"), QStringLiteral("changed.tvd"));
+    EXPECT_EQ(selected(), QStringLiteral("a.tvd"));
+}
+
+TEST_P(ImportKindButton, ImportsRecordsOfItsLength)
+{
+    const int lines = GetParam().lines;
+    putBytes(target(), recordOf(lines, {"1"}));
+    putBytes(QStringLiteral("a.tvd"),
+             recordOf(lines, {"2"}) + recordOf(lines, {"", "left out"}) + recordOf(lines, {"3"}));
+    enter();
+    press("Form2", button());
+    select(QStringLiteral("a.tvd"));
+    import();
+    expectStage1();
+    EXPECT_EQ(bytesIn(target()),
+              recordOf(lines, {"1"}) + recordOf(lines, {"2"}) + recordOf(lines, {"3"}));
+}
+
+INSTANTIATE_TEST_SUITE_P(, ImportKindButton, ::testing::ValuesIn(kImportKinds), kNameOfRow);
+
+} // namespace
+} // namespace tarvold::testing

@@ -1,17 +1,26 @@
 #include "datafiles/file_error.h"
 
 #include "datafiles/durable.h"
+#include "datafiles/record.h"
 
 #include <QFileInfo>
 
 namespace tarvold {
 
-QString cutShort(qsizetype lines, int linesPerRecord)
+std::optional<FileError> whyNotWhole(QByteArrayView bytes, qsizetype lines, int linesPerRecord,
+                                     const QString &record)
 {
-    return QStringLiteral("It breaks off at line %1, inside record %2: each record takes %3 lines.")
-        .arg(lines)
-        .arg(lines / linesPerRecord + 1)
-        .arg(linesPerRecord);
+    if (lines % linesPerRecord == 0) {
+        return std::nullopt;
+    }
+    if (bytes.contains('\n') && !bytes.contains(kLineEnd)) {
+        return FileError{QStringLiteral("Its lines do not end with CR LF.")};
+    }
+    return FileError{QStringLiteral("It breaks off at line %1, inside %2 %3: each %2 takes %4 "
+                                    "lines (lines found: %1).")
+                         .arg(QString::number(lines), record,
+                              QString::number(lines / linesPerRecord + 1),
+                              QString::number(linesPerRecord))};
 }
 
 std::optional<FileError> whyNotOrdinary(const QString &name)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArrayView>
 #include <QString>
 
 #include <optional>
@@ -11,10 +12,14 @@ struct FileError
 {
     QString cause;         ///< in words, for the user
     bool unchanged = true; ///< the file is as it was before
+    bool inPlace = false;  ///< the new bytes are all in the file, and only the disk may lack them
 };
 
-/// Says of a file that its lines are not a whole number of records, and where it breaks off.
-QString cutShort(qsizetype lines, int linesPerRecord);
+/// Tells why a file's lines are not a whole number of records.
+/// \param lines how many lines the file has
+/// \param record what the user calls a record
+std::optional<FileError> whyNotWhole(QByteArrayView bytes, qsizetype lines, int linesPerRecord,
+                                     const QString &record = QStringLiteral("record"));
 
 /// Tells why a name means no ordinary file: it is empty, a folder, a pipe or a device. A file that
 /// is not there yet is fine.

@@ -30,7 +30,7 @@ struct ImportFailure
 /// Records whose first line is empty are left out. So are stipulations whose match type and name
 /// the target already has; `tellDuplicate` is called with a message for each match, in the order of
 /// the source and, within that, of the target, and may take its time. All or nothing: after a
-/// failure the target is as it was.
+/// failure the target is as it was, unless the error says otherwise.
 [[nodiscard]] std::optional<ImportFailure>
 importRecords(const ImportRequest &request,
               const std::function<void(const QString &)> &tellDuplicate);

@@ -4,6 +4,7 @@
 #include "datafiles/record.h"
 
 #include <cstring>
+#include <utility>
 
 namespace tarvold {
 
@@ -22,10 +23,7 @@ std::optional<FileError> ImportTable::load(QByteArray bytes, int linesPerRecord)
         }
     }
     m_skipped.assign(m_starts.size(), false);
-    if (lines % linesPerRecord == 0) {
-        return std::nullopt;
-    }
-    return FileError{cutShort(lines, linesPerRecord)};
+    return whyNotWhole(m_bytes, lines, linesPerRecord);
 }
 
 QByteArrayView ImportTable::item(int list, int record) const
@@ -48,7 +46,8 @@ void ImportTable::skip(int record)
 
 QByteArray ImportTable::takeWritten()
 {
-    // The records move together inside the bytes: a second copy of a large file would be a waste.
+    // The records move together inside the bytes: a second copy of a large file would be a
+    // waste.
     char *const bytes = m_bytes.data();
     qsizetype size = 0;
     for (int record = 0; record < recordCount(); ++record) {

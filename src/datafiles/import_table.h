@@ -16,13 +16,11 @@ namespace tarvold {
 class ImportTable
 {
 public:
-    /// The most lines that a record has.
-    static constexpr int kLists = 44;
-
     /// Takes a source file's bytes. An error tells where the file is cut short.
     /// \param linesPerRecord how many lists are used
     [[nodiscard]] std::optional<FileError> load(QByteArray bytes, int linesPerRecord);
 
+    /// How many records the source has.
     int recordCount() const { return static_cast<int>(m_starts.size()); }
 
     /// An item of one of the lists; list 0 has an empty item for a record that is not to be

@@ -54,9 +54,7 @@ void ImportTarget::index(QByteArrayView bytes)
             ++lines;
         }
     }
-    if (lines % StipulationTable::kLinesPerRecord != 0) {
-        m_cutShort = FileError{tarvold::cutShort(lines, StipulationTable::kLinesPerRecord)};
-    }
+    m_cutShort = whyNotWhole(bytes, lines, StipulationTable::kLinesPerRecord);
 }
 
 const std::vector<int> &ImportTarget::positions(QByteArrayView matchType,

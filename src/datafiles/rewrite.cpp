@@ -31,7 +31,7 @@ std::optional<FileError> rewriteFile(const QString &name, QByteArrayView bytes)
         return FileError{file.errorString()};
     }
     if (!durable::syncFolderOf(*path)) {
-        return FileError{qt_error_string(), false};
+        return FileError{qt_error_string(), false, true};
     }
     return std::nullopt;
 }

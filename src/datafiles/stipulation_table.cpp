@@ -15,14 +15,6 @@ namespace {
 
 constexpr char kSeparator[] = " / ";
 
-FileError cutShort(std::size_t lines)
-{
-    return FileError{QStringLiteral("It ends inside a stipulation: it has %1 lines, and each "
-                                    "stipulation takes %2.")
-                         .arg(lines)
-                         .arg(StipulationTable::kLinesPerRecord)};
-}
-
 /// How many line feeds there are: what the table will need room for. Counts of short blocks fit
 /// into a byte, so that the compiler compares many bytes at a time.
 std::size_t countLineFeeds(QByteArrayView bytes)
@@ -97,8 +89,9 @@ std::optional<FileError> StipulationTable::load(const QString &name)
     while (!reader.atEnd()) {
         lines.push_back(reader.readLine());
     }
-    if (lines.size() % kLinesPerRecord != 0) {
-        return cutShort(lines.size());
+    if (auto error = whyNotWhole(content.bytes, qsizetype(lines.size()), kLinesPerRecord,
+                                 QStringLiteral("stipulation"))) {
+        return error;
     }
     m_file = std::move(content.bytes);
     m_edited.clear();

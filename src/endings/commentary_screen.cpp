@@ -49,10 +49,8 @@ void CommentaryScreen::addTagList()
 
 void CommentaryScreen::addInstructions()
 {
-    auto *instructions = new QLabel(QLatin1StringView(m_table.instructions), this);
-    instructions->setTextFormat(Qt::PlainText);
+    QLabel *instructions = newLabel("Label3", m_table.instructions);
     instructions->setWordWrap(true);
-    add(instructions, "Label3");
     column().addWidget(instructions);
 }
 
@@ -82,11 +80,7 @@ void CommentaryScreen::addButtons()
     QPushButton *back = newButton("Command2", "<<");
     back->setAccessibleName(QStringLiteral("Back"));
     QPushButton *save = newButton("Command1", m_table.addCaption);
-    auto *row = new QHBoxLayout;
-    row->addWidget(back);
-    row->addStretch();
-    row->addWidget(save);
-    column().addLayout(row);
+    addButtonRow({back}, {save});
     connect(back, &QPushButton::clicked, this, &Screen::backPressed);
     connect(save, &QPushButton::clicked, this, &CommentaryScreen::save);
 }

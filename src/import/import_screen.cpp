@@ -2,8 +2,8 @@
 
 #include "datafiles/file_name.h"
 #include "datafiles/import_merge.h"
+#include "shell/busy_cursor.h"
 #include "shell/failures.h"
-#include "shell/form_grid.h"
 #include "shell/list_box.h"
 #include "shell/main_menu.h"
 #include "shell/message_box.h"
@@ -12,7 +12,7 @@
 
 #include <QApplication>
 #include <QDir>
-#include <QFrame>
+#include <QLabel>
 #include <QPushButton>
 #include <QStringListModel>
 #include <QVBoxLayout>
@@ -46,17 +46,10 @@ constexpr KindRow kKinds[] = {
     {"Command7", "Talk Show Segments", "Talk Shows", DataFileKind::TalkShows},
 };
 
-/// Shows that the program is at work, for as long as it lives.
-class BusyCursor
-{
-public:
-    BusyCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~BusyCursor() { QApplication::restoreOverrideCursor(); }
-    BusyCursor(const BusyCursor &) = delete;
-    BusyCursor &operator=(const BusyCursor &) = delete;
-    BusyCursor(BusyCursor &&) = delete;
-    BusyCursor &operator=(BusyCursor &&) = delete;
-};
+/// What can be seen in the first stage alone, and in the second alone.
+constexpr const char *kKindStage[] = {"Command1", "Command2", "Command3", "Command4",
+                                      "Command5", "Command6", "Command7"};
+constexpr const char *kFileStage[] = {"File1", "Label2", "Text1", "Command8", "Command9"};
 
 } // namespace
 
@@ -68,17 +61,14 @@ Form2::Form2(Screens &screens)
 {
     addHiddenLabel("whatimport", QStringLiteral("Label2"));
     addHeading("Label3", "Import");
-    auto *line = new QFrame(this);
-    line->setFrameShape(QFrame::HLine);
-    add(line, "Line1");
-    column().addWidget(line);
-    column().addWidget(FormGrid::newLabel(*this, "Label1", kKindPrompt));
+    addRule("Line1");
+    column().addWidget(newLabel("Label1", kKindPrompt));
     addKindButtons();
     addFileChoice();
     column().addStretch();
     addButtons();
     goToKinds();
-    connect(this, &Screen::closeRequested, this, &Form2::close);
+    connect(this, &Screen::closeRequested, this, &Form2::leave);
 }
 
 void Form2::addKindButtons()
@@ -100,8 +90,7 @@ void Form2::addFileChoice()
     m_files->setAccessibleName(QLatin1StringView(kFilePrompt));
     add(m_files, "File1");
     column().addWidget(m_files, 1);
-    QLabel *prompt =
-        FormGrid::newLabel(*this, "Label2", "Which file do you want to import these into?");
+    QLabel *prompt = newLabel("Label2", "Which file do you want to import these into?");
     column().addWidget(prompt);
     auto *target = new TextBox;
     target->setText(QStringLiteral("Text1"));
@@ -116,42 +105,41 @@ void Form2::addButtons()
     QPushButton *back = newButton("Command1", "Back");
     QPushButton *cancel = newButton("Command9", "Cancel");
     QPushButton *import = newButton("Command8", "Import");
-    auto *row = new QHBoxLayout;
-    row->addWidget(back);
-    row->addWidget(cancel);
-    row->addStretch();
-    row->addWidget(import);
-    column().addLayout(row);
+    addButtonRow({back, cancel}, {import});
     connect(back, &QPushButton::clicked, this, &Form2::back);
     connect(cancel, &QPushButton::clicked, this, &Form2::goToKinds);
-    connect(import, &QPushButton::clicked, this, &Form2::import);
+    connect(import, &QPushButton::clicked, this, &Form2::runImport);
 }
 
-void Form2::setShown(std::initializer_list<const char *> controls, bool shown)
+void Form2::showStage(Stage stage)
 {
-    for (const char *name : controls) {
-        control(name).setVisible(shown);
+    for (const char *name : kKindStage) {
+        control(name).setVisible(stage == Stage::Kinds);
+    }
+    for (const char *name : kFileStage) {
+        control(name).setVisible(stage == Stage::Files);
     }
 }
 
 void Form2::goToKinds()
 {
     setText("Label1", QLatin1StringView(kKindPrompt));
-    setShown({"Command1", "Command2", "Command3", "Command4", "Command5", "Command6", "Command7"},
-             true);
-    setShown({"Command8", "Command9", "Text1", "Label2", "File1"}, false);
+    showStage(Stage::Kinds);
 }
 
 void Form2::goToFiles(const QString &kind, const QString &target)
 {
     setText("whatimport", kind);
-    setShown({"Command1", "Command2", "Command3", "Command4", "Command5", "Command6", "Command7"},
-             false);
     setText("Label1", QLatin1StringView(kFilePrompt));
     refreshFiles();
     setText("Text1", target);
-    setShown({"File1", "Label2", "Text1", "Command8", "Command9"}, true);
+    showStage(Stage::Files);
     m_files->setFocus(Qt::OtherFocusReason);
+}
+
+QWidget *Form2::firstField() const
+{
+    return &control(kKinds[0].button);
 }
 
 void Form2::refreshFiles()
@@ -176,13 +164,13 @@ void Form2::back()
     m_screens.get<Form1>().replace(*this);
 }
 
-void Form2::close()
+void Form2::leave()
 {
     goToKinds();
     back();
 }
 
-void Form2::import()
+void Form2::runImport()
 {
     const QString target = text("Text1");
     if (!isTvdName(target)) {

@@ -18,20 +18,25 @@ public:
 
     explicit Form2(Screens &screens);
 
+protected:
+    QWidget *firstField() const override;
+
 private:
+    enum class Stage { Kinds, Files };
+
     void addKindButtons();
     void addFileChoice();
     void addButtons();
+    void showStage(Stage stage);
     void goToKinds();
     void goToFiles(const QString &kind, const QString &target);
     void refreshFiles();
     /// The name of the selected file; an empty one when none is selected.
     QString selectedFile() const;
     void back();
-    void close();
-    void import();
+    void leave();
+    void runImport();
     bool merge(const QString &source, const QString &target);
-    void setShown(std::initializer_list<const char *> controls, bool shown);
 
     Screens &m_screens;
     QStringListModel *m_names;

@@ -1,5 +1,6 @@
 #include "segments/interview_commentary.h"
 
+#include "segments/segment_instructions.h"
 #include "shell/message_box.h"
 
 namespace tarvold {

@@ -1,6 +1,6 @@
 #include "segments/talk_show_commentary.h"
 
-#include "segments/interview_commentary.h"
+#include "segments/segment_instructions.h"
 
 namespace tarvold {
 namespace {

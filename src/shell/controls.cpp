@@ -4,7 +4,10 @@
 
 #include <QLabel>
 #include <QLineEdit>
+#include <QRegularExpression>
 #include <QScrollBar>
+
+#include <limits>
 
 namespace tarvold::controls {
 
@@ -23,6 +26,14 @@ QString textOf(const QWidget &control)
         return QString::number(bar->value());
     }
     qFatal("the control %s holds no text", qPrintable(control.objectName()));
+}
+
+int numericValue(const QString &text)
+{
+    static const QRegularExpression leadingNumber(QStringLiteral("^\\s*[+-]?[0-9]+"));
+    const double value = leadingNumber.match(text).captured().toDouble();
+    return static_cast<int>(
+        qBound<double>(std::numeric_limits<int>::min(), value, std::numeric_limits<int>::max()));
 }
 
 void setTextOf(QWidget &control, const QString &text)

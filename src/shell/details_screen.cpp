@@ -1,10 +1,8 @@
 #include "shell/details_screen.h"
 
 #include "shell/combo_box.h"
-#include "shell/controls.h"
 
 #include <QGridLayout>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QShowEvent>
 
@@ -18,22 +16,13 @@ DetailsScreen::DetailsScreen(const DetailsTable &table)
 {
     add(m_help, table.helpLabel);
     addHeading("Label1", table.heading);
-    addNote(table);
-    column().addLayout(FormGrid::build(*this, table.fields, m_help));
+    if (table.note != nullptr) {
+        column().addWidget(newLabel(table.noteLabel, table.note));
+    }
+    column().addLayout(formgrid::build(*this, table.fields, m_help));
     column().addStretch();
     column().addWidget(m_help);
     addButtons();
-}
-
-void DetailsScreen::addNote(const DetailsTable &table)
-{
-    if (table.note == nullptr) {
-        return;
-    }
-    auto *note = new QLabel(QLatin1StringView(table.note), this);
-    note->setTextFormat(Qt::PlainText);
-    add(note, table.noteLabel);
-    column().addWidget(note);
 }
 
 void DetailsScreen::addButtons()
@@ -42,11 +31,7 @@ void DetailsScreen::addButtons()
     QPushButton *next = newButton("Command2", ">>");
     back->setAccessibleName(QStringLiteral("Back"));
     next->setAccessibleName(QStringLiteral("Next"));
-    auto *row = new QHBoxLayout;
-    row->addWidget(back);
-    row->addStretch();
-    row->addWidget(next);
-    column().addLayout(row);
+    addButtonRow({back}, {next});
     connect(back, &QPushButton::clicked, this, &Screen::backPressed);
     connect(next, &QPushButton::clicked, this, &DetailsScreen::goOn);
 }
@@ -92,9 +77,6 @@ void DetailsScreen::showEvent(QShowEvent *event)
     }
     // The focus itself comes only when the desktop makes the window active.
     m_help->showFor(*first);
-    if (auto *box = controls::textBoxOf(*first)) {
-        box->selectAll(); // as Tab does, so that typing replaces what is there
-    }
 }
 
 } // namespace tarvold

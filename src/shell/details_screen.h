@@ -40,7 +40,6 @@ protected:
     void showEvent(QShowEvent *event) override;
 
 private:
-    void addNote(const DetailsTable &table);
     void addButtons();
     void goOn();
 

@@ -13,6 +13,20 @@ QString notSaved(const QString &name, const FileError &error)
         .arg(name, error.cause, state);
 }
 
+QString notRewritten(const QString &name, const FileError &error, const QString &kept)
+{
+    if (error.inPlace) {
+        return QStringLiteral(
+                   "The file \"%1\" was written, but the disk did not confirm it.\n\n%2\n\n"
+                   "The change is in the file. Should the computer stop before the disk "
+                   "has caught up, it may be lost.")
+            .arg(name, error.cause);
+    }
+    return QStringLiteral(
+               "The file \"%1\" could not be written.\n\n%2\n\nThe file is as it was. %3")
+        .arg(name, error.cause, kept);
+}
+
 QString notLoaded(const QString &name, const FileError &error)
 {
     return QStringLiteral("The file \"%1\" could not be loaded.\n\n%2\n\nNothing was changed.")

@@ -1,14 +1,19 @@
 #pragma once
 
-#include "datafiles/append.h"
+#include "datafiles/file_error.h"
 #include "datafiles/record.h"
 
-/// What the user is told when a record could not be written.
+/// What the user is told when a file or a text cannot be used.
 namespace tarvold::failures {
 
-/// The file could not be written.
+/// A record could not be added to the file.
 /// \param name as the user typed it
 QString notSaved(const QString &name, const FileError &error);
+
+/// The file could not be rewritten.
+/// \param name as the user typed it
+/// \param kept what the user has not lost
+QString notRewritten(const QString &name, const FileError &error, const QString &kept);
 
 /// The file could not be read.
 /// \param name as the user typed it

@@ -8,7 +8,7 @@
 
 #include <QGridLayout>
 
-namespace tarvold {
+namespace tarvold::formgrid {
 namespace {
 
 QWidget *newBareControl(const Field &field)
@@ -28,29 +28,12 @@ QWidget *newBareControl(const Field &field)
     return combo;
 }
 
-} // namespace
-
-QWidget *FormGrid::newControl(Screen &screen, const Field &field)
+/// A scroll bar with the label that shows its value beside it.
+QWidget *withValueLabel(Screen &screen, const Bar &bar, ScrollBar &scrollBar)
 {
-    QWidget *control = newBareControl(field);
-    screen.add(control, field.control);
-    controls::describe(*control, QLatin1StringView(field.spokenName != nullptr ? field.spokenName
-                                                                               : field.caption));
-    return control;
-}
-
-QLabel *FormGrid::newLabel(Screen &screen, const char *name, const char *text)
-{
-    auto *label = new QLabel(QLatin1StringView(text));
-    label->setTextFormat(Qt::PlainText);
-    screen.add(label, name);
-    return label;
-}
-
-QWidget *FormGrid::withValueLabel(Screen &screen, const Bar &bar, ScrollBar &scrollBar)
-{
-    QLabel *label = newLabel(screen, bar.valueLabel, bar.designText);
-    label->setMinimumWidth(label->fontMetrics().horizontalAdvance(QStringLiteral(" 100%")));
+    QLabel *label = screen.newLabel(bar.valueLabel, bar.designText);
+    // A file may hold any text here; it must not widen the window.
+    label->setFixedWidth(label->fontMetrics().horizontalAdvance(QStringLiteral(" 100% ")));
     const auto show = [label, &bar](int value) {
         label->setText(QLatin1StringView(bar.prefix) + QString::number(value) + u'%');
     };
@@ -66,7 +49,18 @@ QWidget *FormGrid::withValueLabel(Screen &screen, const Bar &bar, ScrollBar &scr
     return place;
 }
 
-QGridLayout *FormGrid::build(Screen &screen, std::span<const Field> fields, HelpLine *help)
+} // namespace
+
+QWidget *newControl(Screen &screen, const Field &field)
+{
+    QWidget *control = newBareControl(field);
+    screen.add(control, field.control);
+    controls::describe(*control, QLatin1StringView(field.spokenName != nullptr ? field.spokenName
+                                                                               : field.caption));
+    return control;
+}
+
+QGridLayout *build(Screen &screen, std::span<const Field> fields, HelpLine *help)
 {
     auto *grid = new QGridLayout;
     grid->setHorizontalSpacing(14);
@@ -78,7 +72,7 @@ QGridLayout *FormGrid::build(Screen &screen, std::span<const Field> fields, Help
     for (const Field &field : fields) {
         QWidget *control = newControl(screen, field);
         if (qstrcmp(field.label, lastLabel) != 0) {
-            QLabel *label = newLabel(screen, field.label, field.caption);
+            QLabel *label = screen.newLabel(field.label, field.caption);
             label->setBuddy(control);
             grid->addWidget(label, grid->rowCount(), 0);
             lastLabel = field.label;
@@ -94,4 +88,4 @@ QGridLayout *FormGrid::build(Screen &screen, std::span<const Field> fields, Help
     return grid;
 }
 
-} // namespace tarvold
+} // namespace tarvold::formgrid

@@ -9,7 +9,6 @@ class QGridLayout;
 namespace tarvold {
 
 class Screen;
-class ScrollBar;
 
 /// The items of a combo box's list, in their order.
 using Items = std::span<const char *const>;
@@ -38,21 +37,14 @@ struct Field
 };
 
 /// Lays fields out as rows, labels on the left and controls on the right.
-class FormGrid
-{
-public:
-    /// Adds the rows to a screen.
-    /// \param help the label that shows their help texts, or none
-    static QGridLayout *build(Screen &screen, std::span<const Field> fields, HelpLine *help);
+namespace formgrid {
 
-    /// Makes a field's control, without its label, and makes it known to the screen.
-    static QWidget *newControl(Screen &screen, const Field &field);
+/// Makes the rows for a screen; whoever adds the layout to the screen owns it.
+/// \param help the label that shows their help texts, or none
+QGridLayout *build(Screen &screen, std::span<const Field> fields, HelpLine *help);
 
-    /// Makes a label of plain text and makes it known to the screen.
-    static QLabel *newLabel(Screen &screen, const char *name, const char *text);
+/// Makes a field's control, without its label, and makes it known to the screen.
+QWidget *newControl(Screen &screen, const Field &field);
 
-private:
-    static QWidget *withValueLabel(Screen &screen, const Bar &bar, ScrollBar &scrollBar);
-};
-
+} // namespace formgrid
 } // namespace tarvold

@@ -2,12 +2,15 @@
 
 #include "shell/sizes.h"
 
+#include <QHelpEvent>
 #include <QStyledItemDelegate>
+#include <QTextDocument>
+#include <QToolTip>
 
 namespace tarvold {
 namespace {
 
-/// Rows that are tall enough to be hit.
+/// Rows that are tall enough to be hit, and that tell their whole text where it does not fit.
 class TallRows : public QStyledItemDelegate
 {
 public:
@@ -16,6 +19,19 @@ public:
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
     {
         return QStyledItemDelegate::sizeHint(option, index).expandedTo({0, kTargetHeight});
+    }
+
+    bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
+                   const QModelIndex &index) override
+    {
+        if (event->type() != QEvent::ToolTip || !index.isValid()) {
+            return QStyledItemDelegate::helpEvent(event, view, option, index);
+        }
+        const QString text = index.data().toString();
+        const bool fits = view->fontMetrics().horizontalAdvance(text) < view->viewport()->width();
+        QToolTip::showText(event->globalPos(), fits ? QString() : Qt::convertFromPlainText(text),
+                           view);
+        return true;
     }
 };
 

@@ -35,21 +35,12 @@ constexpr std::array<MenuRow, 8> kRows = {{
 }};
 // clang-format on
 
-QLabel *newLabel(const QString &text)
-{
-    auto *label = new QLabel(text);
-    label->setTextFormat(Qt::PlainText);
-    return label;
-}
-
 } // namespace
 
 Form1::Form1(Screens & /*screens*/) : Screen(kName)
 {
     addHeading("Label3", "Tarvold 1.3 - Matches Editor");
-    QLabel *credit = newLabel(QStringLiteral("By the Tarvold developers"));
-    add(credit, "Label1");
-    column().addWidget(credit);
+    column().addWidget(newLabel("Label1", "By the Tarvold developers"));
     addHiddenLabel("matchreports", QStringLiteral("normal"));
 
     auto *grid = new QGridLayout;
@@ -79,7 +70,8 @@ void Form1::addRows(QGridLayout &grid)
         box->setText(QLatin1StringView(kind.defaultName));
         box->setAccessibleName(caption + u' ' + QLatin1StringView(kind.content));
         add(box, kind.nameBox.control);
-        QLabel *label = newLabel(caption);
+        auto *label = new QLabel(caption);
+        label->setTextFormat(Qt::PlainText);
         label->setBuddy(box);
         grid.addWidget(label, line, 1);
         grid.addWidget(box, line, 2);

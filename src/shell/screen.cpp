@@ -6,6 +6,7 @@
 #include <QCloseEvent>
 #include <QFontMetrics>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -75,12 +76,19 @@ void Screen::add(QWidget *control, const char *name)
     m_controls.insert(name, control);
 }
 
+QLabel *Screen::newLabel(const char *name, const char *text)
+{
+    auto *label = new QLabel(QLatin1StringView(text), this);
+    label->setTextFormat(Qt::PlainText);
+    add(label, name);
+    return label;
+}
+
 QLabel *Screen::addHiddenLabel(const char *name, const QString &text)
 {
-    auto *label = new QLabel(text, this);
-    label->setTextFormat(Qt::PlainText);
+    QLabel *label = newLabel(name, "");
+    label->setText(text);
     label->hide();
-    add(label, name);
     return label;
 }
 
@@ -97,8 +105,7 @@ QPushButton *Screen::newButton(const char *name, const char *caption)
 
 void Screen::addHeading(const char *name, const char *text)
 {
-    auto *heading = new QLabel(QLatin1StringView(text), this);
-    heading->setTextFormat(Qt::PlainText);
+    QLabel *heading = newLabel(name, text);
     QFont font = heading->font();
     font.setBold(true);
     if (font.pointSizeF() > 0) {
@@ -107,8 +114,29 @@ void Screen::addHeading(const char *name, const char *text)
         font.setPixelSize(static_cast<int>(font.pixelSize() * kHeadingScale));
     }
     heading->setFont(font);
-    add(heading, name);
     m_column->addWidget(heading);
+}
+
+void Screen::addRule(const char *name)
+{
+    auto *rule = new QFrame(this);
+    rule->setFrameShape(QFrame::HLine);
+    add(rule, name);
+    m_column->addWidget(rule);
+}
+
+void Screen::addButtonRow(std::initializer_list<QPushButton *> left,
+                          std::initializer_list<QPushButton *> right)
+{
+    auto *row = new QHBoxLayout;
+    for (QPushButton *button : left) {
+        row->addWidget(button);
+    }
+    row->addStretch();
+    for (QPushButton *button : right) {
+        row->addWidget(button);
+    }
+    m_column->addLayout(row);
 }
 
 void Screen::showEvent(QShowEvent *event)
@@ -116,6 +144,9 @@ void Screen::showEvent(QShowEvent *event)
     QWidget *first = event->spontaneous() ? nullptr : firstField();
     if (first != nullptr) {
         first->setFocus(Qt::OtherFocusReason);
+        if (QLineEdit *box = controls::textBoxOf(*first)) {
+            box->selectAll(); // as Tab does, so that typing replaces what is there
+        }
     }
     QWidget::showEvent(event);
 }

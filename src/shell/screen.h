@@ -3,6 +3,8 @@
 #include <QHash>
 #include <QWidget>
 
+#include <initializer_list>
+
 class QLabel;
 class QPushButton;
 class QVBoxLayout;
@@ -40,6 +42,12 @@ public:
     /// the other, so that there is always a window to see.
     void replace(Screen &other);
 
+    /// Makes a control known by its name.
+    void add(QWidget *control, const char *name);
+
+    /// Makes a label of plain text and makes it known by its name. Whoever lays it out owns it.
+    QLabel *newLabel(const char *name, const char *text);
+
 signals:
     /// The user wants to go to the screen before, or to leave the flow on its first screen.
     void backPressed();
@@ -54,9 +62,6 @@ protected:
     /// The control that has the focus when the screen appears; none leaves the focus as it was.
     virtual QWidget *firstField() const { return nullptr; }
 
-    /// Makes a control known by its name.
-    void add(QWidget *control, const char *name);
-
     /// Makes a label that is never visible: its text is a variable of the program's.
     QLabel *addHiddenLabel(const char *name, const QString &text = {});
 
@@ -66,6 +71,13 @@ protected:
     /// The heading over everything else.
     void addHeading(const char *name, const char *text);
 
+    /// A line across the screen.
+    void addRule(const char *name);
+
+    /// The row of buttons at the foot of the screen, to its left and to its right.
+    void addButtonRow(std::initializer_list<QPushButton *> left,
+                      std::initializer_list<QPushButton *> right);
+
     /// The column that all parts of the screen stand in.
     QVBoxLayout &column() { return *m_column; }
 
@@ -73,8 +85,6 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    friend class FormGrid;
-
     QHash<QByteArray, QWidget *> m_controls;
     QVBoxLayout *m_column;
 };

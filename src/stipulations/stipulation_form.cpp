@@ -10,7 +10,6 @@
 
 #include <QGridLayout>
 #include <QPushButton>
-#include <QRegularExpression>
 #include <QScrollBar>
 
 namespace tarvold {
@@ -19,13 +18,6 @@ namespace {
 constexpr ControlRef kListPosition = {"Form16", "listpos"};
 constexpr char kNo[] = "No";
 constexpr char kYes[] = "Yes";
-
-/// The numeric value of a text: its leading digits, none counting as 0.
-double numericValue(const QString &text)
-{
-    static const QRegularExpression leadingNumber(QStringLiteral("^\\s*[+-]?[0-9]+"));
-    return leadingNumber.match(text).captured().toDouble();
-}
 
 } // namespace
 
@@ -43,9 +35,9 @@ Form3::Form3(Screens &screens) : Screen(kName), m_screens(screens)
 
 void Form3::addForm()
 {
-    column().addLayout(FormGrid::build(*this, stipulationform::upperFields(), nullptr));
+    column().addLayout(formgrid::build(*this, stipulationform::upperFields(), nullptr));
     addValueTable();
-    column().addLayout(FormGrid::build(*this, stipulationform::lowerFields(), nullptr));
+    column().addLayout(formgrid::build(*this, stipulationform::lowerFields(), nullptr));
 }
 
 void Form3::addValueTable()
@@ -55,17 +47,17 @@ void Form3::addValueTable()
     auto *grid = new QGridLayout;
     grid->setHorizontalSpacing(14);
     grid->setVerticalSpacing(6);
-    grid->addWidget(FormGrid::newLabel(*this, "Label9", kDraw), 1, 0);
-    grid->addWidget(FormGrid::newLabel(*this, "Label14", kEntertainment), 2, 0);
+    grid->addWidget(newLabel("Label9", kDraw), 1, 0);
+    grid->addWidget(newLabel("Label14", kEntertainment), 2, 0);
     int place = 1;
     for (const stipulationform::ValueColumn &column : stipulationform::kValueColumns) {
-        grid->addWidget(FormGrid::newLabel(*this, column.label, column.caption), 0, place);
+        grid->addWidget(newLabel(column.label, column.caption), 0, place);
         const Items items = stipulationform::valueItems(column.offersNa);
         int row = 1;
         for (const auto &[name, caption] :
              {std::pair{column.draw, kDraw}, {column.entertainment, kEntertainment}}) {
             const Field field = {.control = name, .label = "", .caption = caption, .items = items};
-            QWidget *combo = FormGrid::newControl(*this, field);
+            QWidget *combo = formgrid::newControl(*this, field);
             controls::describe(*combo, QLatin1StringView(caption) + u' ' +
                                            QLatin1StringView(column.caption));
             grid->addWidget(combo, row++, place);
@@ -79,11 +71,7 @@ void Form3::addButtons()
 {
     QPushButton *cancel = newButton("Command1", "Cancel And Return To Menu");
     QPushButton *save = newButton("Command2", "Save This Stipulation");
-    auto *row = new QHBoxLayout;
-    row->addWidget(cancel);
-    row->addStretch();
-    row->addWidget(save);
-    column().addLayout(row);
+    addButtonRow({cancel}, {save});
     connect(cancel, &QPushButton::clicked, this, &Screen::backPressed);
     connect(this, &Screen::closeRequested, this, &Screen::backPressed);
     connect(save, &QPushButton::clicked, this, &Form3::save);
@@ -122,7 +110,7 @@ void Form3::showRecord(const StipulationTable &table, int index)
 void Form3::showInjuryRisk(const QString &line)
 {
     auto &bar = control<QScrollBar>("HScroll1");
-    bar.setValue(int(qBound(double(bar.minimum()), numericValue(line), double(bar.maximum()))));
+    bar.setValue(qBound(bar.minimum(), controls::numericValue(line), bar.maximum()));
     setText("risk", line + u'%');
 }
 
@@ -159,7 +147,7 @@ int Form3::countDuplicates() const
     if (matchType.missing || name.missing) {
         return 0; // no file holds such a text
     }
-    const int edited = int(numericValue(m_screens.text(kListPosition))); // 0 for a new one
+    const int edited = controls::numericValue(m_screens.text(kListPosition)); // 0 for a new one
     return m_table->countKey(matchType.bytes, name.bytes, edited);
 }
 
@@ -199,7 +187,7 @@ std::optional<StipulationTable::Record> Form3::composed()
     for (const stipulationform::PlainLine &plain : stipulationform::kPlainLines) {
         put(plain.line, plain.control, text(plain.control));
     }
-    put(6, "matchtype", QLatin1StringView(kNo));
+    record.at(5) = kNo; // line 6 is reserved
     put(8, "HScroll1", text("HScroll1"));
     const bool isForAll = text("exclusive") == QLatin1StringView(kNo);
     put(17, "prominitials", isForAll ? QString(QLatin1StringView(kNo)) : text("prominitials"));

@@ -3,6 +3,8 @@
 #include "datafiles/code_page.h"
 #include "datafiles/data_file_kind.h"
 #include "datafiles/file_name.h"
+#include "shell/busy_cursor.h"
+#include "shell/controls.h"
 #include "shell/failures.h"
 #include "shell/list_box.h"
 #include "shell/main_menu.h"
@@ -11,7 +13,6 @@
 #include "stipulations/stipulation_form.h"
 #include "stipulations/stipulation_list_model.h"
 
-#include <QFrame>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -32,20 +33,21 @@ Form16::Form16(Screens &screens)
 {
     addHiddenLabel("listpos");
     addHeading("Label3", "Stipulations Editor");
-    auto *line = new QFrame(this);
-    line->setFrameShape(QFrame::HLine);
-    add(line, "Line1");
-    column().addWidget(line);
+    addRule("Line1");
     addList();
     addButtons();
+    connect(&screens, &Screens::created, this, [this](Screen *created) {
+        if (auto *form = qobject_cast<Form3 *>(created)) {
+            connect(form, &Form3::submitted, this, &Form16::store);
+            connect(form, &Screen::backPressed, this, [this, form] { replace(*form); });
+        }
+    });
 }
 
 void Form16::addList()
 {
-    auto *prompt = new QLabel(QStringLiteral("Choose a Stipulation to edit or create new..."));
-    prompt->setTextFormat(Qt::PlainText);
+    QLabel *prompt = newLabel("Label4", "Choose a Stipulation to edit or create new...");
     prompt->setBuddy(m_list);
-    add(prompt, "Label4");
     column().addWidget(prompt);
     m_list->setModel(m_model);
     m_list->setAccessibleName(QStringLiteral("Match stipulations"));
@@ -59,13 +61,7 @@ void Form16::addButtons()
     QPushButton *create = newButton("Command1", "Create New");
     QPushButton *edit = newButton("Command2", "Edit");
     QPushButton *remove = newButton("Command4", "Delete");
-    auto *row = new QHBoxLayout;
-    row->addWidget(back);
-    row->addStretch();
-    for (QPushButton *button : {create, edit, remove}) {
-        row->addWidget(button);
-    }
-    column().addLayout(row);
+    addButtonRow({back}, {create, edit, remove});
     connect(create, &QPushButton::clicked, this, &Form16::createNew);
     connect(edit, &QPushButton::clicked, this, &Form16::edit);
     connect(remove, &QPushButton::clicked, this, &Form16::remove);
@@ -81,7 +77,7 @@ QWidget *Form16::firstField() const
 
 int Form16::listPosition() const
 {
-    return text("listpos").toInt();
+    return controls::numericValue(text("listpos"));
 }
 
 QString Form16::fileName() const
@@ -100,7 +96,12 @@ void Form16::enter()
                                           "including the .tvd extension."));
         return;
     }
-    if (const auto error = m_stipulations.load(name)) {
+    std::optional<FileError> error;
+    {
+        const BusyCursor busy;
+        error = m_stipulations.load(name);
+    }
+    if (error) {
         messagebox::notice(&menu, QLatin1StringView(kTitle), failures::notLoaded(name, *error));
         return;
     }
@@ -110,13 +111,7 @@ void Form16::enter()
 
 Form3 &Form16::form()
 {
-    const bool isFirst = !m_screens.exists(Form3::kName);
-    auto &form = m_screens.get<Form3>();
-    if (isFirst) {
-        connect(&form, &Form3::submitted, this, &Form16::store);
-        connect(&form, &Screen::backPressed, this, [this, &form] { replace(form); });
-    }
-    return form;
+    return m_screens.get<Form3>();
 }
 
 void Form16::createNew()
@@ -171,7 +166,13 @@ void Form16::remove()
     locate(*entry);
     StipulationTable::Snapshot before = m_stipulations.snapshot();
     m_stipulations.remove(listPosition());
-    if (writeBackOr(std::move(before), *this)) {
+    const std::optional<FileError> error = writeBackOr(std::move(before));
+    if (error) {
+        messagebox::notice(
+            this, QLatin1StringView(kTitle),
+            failures::notRewritten(fileName(), *error,
+                                   QStringLiteral("The stipulation is still in the list.")));
+    } else {
         messagebox::notice(this, QStringLiteral("Delete"), QStringLiteral("Stipulation Deleted."));
     }
 }
@@ -184,22 +185,30 @@ void Form16::store(const StipulationTable::Record &record)
     } else {
         m_stipulations.replace(listPosition(), record);
     }
-    if (writeBackOr(std::move(before), form())) {
-        messagebox::notice(&form(), QLatin1StringView(kTitle), QStringLiteral("Saved OK!"));
+    const std::optional<FileError> error = writeBackOr(std::move(before));
+    messagebox::notice(
+        &form(), QLatin1StringView(kTitle),
+        error ? failures::notRewritten(fileName(), *error,
+                                       QStringLiteral("Everything that you typed is still here."))
+              : QStringLiteral("Saved OK!"));
+    if (!error || error->inPlace) {
         replace(form());
     }
 }
 
-bool Form16::writeBackOr(StipulationTable::Snapshot before, QWidget &teller)
+std::optional<FileError> Form16::writeBackOr(StipulationTable::Snapshot before)
 {
-    if (const auto error = m_stipulations.writeBack(fileName())) {
-        m_stipulations.restore(std::move(before));
-        messagebox::notice(&teller, QLatin1StringView(kTitle),
-                           failures::notSaved(fileName(), *error));
-        return false;
+    std::optional<FileError> error;
+    {
+        const BusyCursor busy;
+        error = m_stipulations.writeBack(fileName());
     }
-    m_model->show(m_stipulations.namedRecords());
-    return true;
+    if (error && !error->inPlace) {
+        m_stipulations.restore(std::move(before));
+    } else {
+        m_model->show(m_stipulations.namedRecords());
+    }
+    return error;
 }
 
 } // namespace tarvold

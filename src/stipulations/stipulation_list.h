@@ -42,8 +42,8 @@ private:
     void locate(const QByteArray &entry);
     int listPosition() const;
     void store(const StipulationTable::Record &record);
-    /// Writes the table and lists it, or goes back to `before` and tells why on `teller`.
-    bool writeBackOr(StipulationTable::Snapshot before, QWidget &teller);
+    /// Writes the table and lists it, or goes back to `before` when the old file is still there.
+    std::optional<FileError> writeBackOr(StipulationTable::Snapshot before);
 
     Screens &m_screens;
     StipulationTable m_stipulations;

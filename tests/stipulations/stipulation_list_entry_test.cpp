@@ -96,7 +96,7 @@ TEST_F(EntryToTheStipulations, TellsHowManyLinesAFileHasThatEndsInsideARecord)
     const QByteArray cut = stipulation("Singles", "One") + "Singles\r\nTwo\r\n";
     writeFile("cut.tvd", cut);
     const QString told = refusal("cut.tvd");
-    EXPECT_TRUE(told.contains(utf8("21 lines"))) << told.toStdString();
+    EXPECT_TRUE(told.contains(utf8("lines found: 21"))) << told.toStdString();
     EXPECT_TRUE(told.contains(utf8("each stipulation takes 19"))) << told.toStdString();
     EXPECT_EQ(readBack("cut.tvd"), cut);
     EXPECT_EQ(folderContent(), "cut.tvd");

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QApplication>
+
+namespace tarvold {
+
+/// Shows that the program is at work, for as long as it lives.
+class BusyCursor
+{
+public:
+    BusyCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~BusyCursor() { QApplication::restoreOverrideCursor(); }
+    BusyCursor(const BusyCursor &) = delete;
+    BusyCursor &operator=(const BusyCursor &) = delete;
+    BusyCursor(BusyCursor &&) = delete;
+    BusyCursor &operator=(BusyCursor &&) = delete;
+};
+
+} // namespace tarvold

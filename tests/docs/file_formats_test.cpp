@@ -72,6 +72,11 @@ struct LayoutCase
     const RecordLayout &(*layout)();
 };
 
+void PrintTo(const LayoutCase &test, std::ostream *out)
+{
+    *out << test.name;
+}
+
 class FileFormatsOf : public ::testing::TestWithParam<LayoutCase>
 {
 };

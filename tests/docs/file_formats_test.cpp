@@ -1,0 +1,105 @@
+// Compares the tables of docs/file-formats.md with what the program writes.
+
+#include "datafiles/data_file_kind.h"
+#include "docs/document_tables.h"
+#include "support/print.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+
+namespace tarvold::testing {
+namespace {
+
+QString valueWord(Coding coding)
+{
+    switch (coding) {
+    case Coding::FinisherType:
+        return QStringLiteral("finisher code");
+    case Coding::BlankIfEmpty:
+        return QStringLiteral("`-BLANK-` if empty");
+    case Coding::AsShown:
+        break;
+    }
+    return QStringLiteral("as shown");
+}
+
+/// The table that describes a layout.
+std::vector<DocumentRow> rowsOf(const RecordLayout &layout)
+{
+    std::vector<DocumentRow> rows;
+    for (const RecordField &field : layout) {
+        const QString source = QStringLiteral("%1, %2").arg(
+            QLatin1StringView(field.source.screen), QLatin1StringView(field.source.control));
+        rows.push_back({QString::number(rows.size() + 1), QLatin1StringView(field.caption), source,
+                        valueWord(field.coding)});
+    }
+    return rows;
+}
+
+/// The headings in the document's order, which is that of the kinds.
+constexpr const char *kHeadings[] = {
+    "Normal match endings: 36 lines",     "Match endings with run-ins: 44 lines",
+    "Match endings with turns: 33 lines", "Interview segments: 19 lines",
+    "Talk show segments: 19 lines",       "Match stipulations: 19 lines",
+};
+
+TEST(FileFormats, EveryKindHasOneTable)
+{
+    const std::vector<DocumentSection> sections = documentSections();
+    ASSERT_EQ(sections.size(), std::size(kHeadings));
+    for (std::size_t kind = 0; kind < sections.size(); ++kind) {
+        EXPECT_EQ(sections[kind].heading, QLatin1StringView(kHeadings[kind]));
+    }
+}
+
+TEST(FileFormats, EveryKindHasItsFileNameAndNumberOfLines)
+{
+    const std::vector<DocumentSection> sections = documentSections();
+    ASSERT_EQ(sections.size(), kDataFileKinds.size());
+    for (std::size_t kind = 0; kind < sections.size(); ++kind) {
+        const DataFileKindRow &row = kDataFileKinds.at(kind);
+        EXPECT_EQ(sections[kind].defaultFile, QLatin1StringView(row.defaultName));
+        EXPECT_EQ(int(sections[kind].rows.size()), row.linesPerRecord);
+        EXPECT_TRUE(
+            sections[kind].heading.endsWith(QStringLiteral(": %1 lines").arg(row.linesPerRecord)));
+    }
+}
+
+struct LayoutCase
+{
+    const char *name;
+    std::size_t section;
+    const RecordLayout &(*layout)();
+};
+
+void PrintTo(const LayoutCase &test, std::ostream *out)
+{
+    *out << test.name;
+}
+
+class FileFormatsOf : public ::testing::TestWithParam<LayoutCase>
+{
+};
+
+TEST_P(FileFormatsOf, EveryRowIsALineOfTheRecord)
+{
+    const std::vector<DocumentSection> sections = documentSections();
+    ASSERT_LT(GetParam().section, sections.size());
+    const std::vector<DocumentRow> &rows = sections[GetParam().section].rows;
+    const std::vector<DocumentRow> expected = rowsOf(GetParam().layout());
+    EXPECT_EQ(rows.size(), expected.size());
+    for (std::size_t row = 0; row < std::min(rows.size(), expected.size()); ++row) {
+        EXPECT_EQ(rows[row], expected[row]);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Kind, FileFormatsOf,
+                         ::testing::Values(LayoutCase{"NormalEndings", 0, normalEndingLayout},
+                                           LayoutCase{"RunInEndings", 1, runInEndingLayout},
+                                           LayoutCase{"TurnEndings", 2, turnEndingLayout},
+                                           LayoutCase{"Interviews", 3, interviewLayout},
+                                           LayoutCase{"TalkShows", 4, talkShowLayout}),
+                         [](const auto &test) { return std::string(test.param.name); });
+
+} // namespace
+} // namespace tarvold::testing

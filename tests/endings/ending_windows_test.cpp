@@ -64,7 +64,7 @@ TEST_F(EndingWindows, BackStandsLeftAndTheWayOnRightInTheSamePlaces)
 /// The same at several text sizes of the desktop.
 class TextSizes : public ::testing::TestWithParam<int>
 {
-protected:
+public:
     TextSizes() : m_before(QApplication::font())
     {
         QFont font = m_before;

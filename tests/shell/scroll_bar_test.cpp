@@ -11,7 +11,7 @@ namespace {
 
 class ScrollBarTest : public WindowTest
 {
-protected:
+public:
     ScrollBarTest()
     {
         add(bar);
@@ -19,6 +19,7 @@ protected:
     }
     ~ScrollBarTest() override { bar.setParent(nullptr); }
 
+protected:
     void key(Qt::Key key) { QTest::keyClick(&bar, key); }
 
     QPoint thumb() const

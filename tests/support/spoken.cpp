@@ -27,9 +27,17 @@ bool isInsideOfAnother(const QWidget &control)
     return false;
 }
 
+/// Where a control stands in its window, be it in a box of its own there.
+QRect placeOf(const QWidget *control)
+{
+    return {control->mapTo(control->window(), QPoint()), control->size()};
+}
+
 bool isBefore(const QWidget *one, const QWidget *other)
 {
-    return std::pair(one->y(), one->x()) < std::pair(other->y(), other->x());
+    const QPoint here = placeOf(one).topLeft();
+    const QPoint there = placeOf(other).topLeft();
+    return std::pair(here.y(), here.x()) < std::pair(there.y(), there.x());
 }
 
 } // namespace
@@ -91,8 +99,8 @@ void expectReadingOrder(QWidget &window)
     }
     EXPECT_EQ(stops.size(), reachable);
     for (qsizetype stop = 1; stop < stops.size(); ++stop) {
-        const QRect before = stops[stop - 1]->geometry();
-        const QRect here = stops[stop]->geometry();
+        const QRect before = placeOf(stops[stop - 1]);
+        const QRect here = placeOf(stops[stop]);
         const bool below = here.top() > before.bottom();
         const bool beside = here.left() > before.right() && here.bottom() >= before.top();
         EXPECT_TRUE(below || beside) << stops[stop]->objectName().toStdString() << " after "

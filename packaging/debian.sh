@@ -11,6 +11,7 @@ packages_tour=(
 packages_test=(
     clang clang-format clang-tidy git libbenchmark-dev libgtest-dev libxcb1-dev pkgconf strace
     util-linux
+    xauth
 )
 
 # install_missing PACKAGE...: installs what is not there; asks for root rights only then.

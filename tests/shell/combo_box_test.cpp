@@ -174,6 +174,12 @@ TEST_F(ComboBoxTest, WheelTurnsChangeNothing)
     EXPECT_EQ(chosen.count(), 0);
 }
 
+TEST_F(ComboBoxTest, TabAndClicksGiveItTheFocusAndTheWheelDoesNot)
+{
+    EXPECT_EQ(combo.focusPolicy(), Qt::StrongFocus);
+    EXPECT_FALSE(combo.lineEdit()->focusPolicy() & ~Qt::StrongFocus);
+}
+
 TEST_F(ComboBoxTest, KeysOnAClosedListChangeNothing)
 {
     for (const char *shown : {"Apple", "ap"}) {

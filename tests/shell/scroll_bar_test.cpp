@@ -59,6 +59,15 @@ TEST_F(ScrollBarTest, RightAndUpRaiseByOneLeftAndDownLowerByOne)
     EXPECT_EQ(bar.value(), 50);
 }
 
+TEST_F(ScrollBarTest, PageUpRaisesByOneAndPageDownLowersByOne)
+{
+    key(Qt::Key_PageUp);
+    EXPECT_EQ(bar.value(), 51);
+    key(Qt::Key_PageDown);
+    key(Qt::Key_PageDown);
+    EXPECT_EQ(bar.value(), 49);
+}
+
 TEST_F(ScrollBarTest, HomeAndEndGoToTheEnds)
 {
     key(Qt::Key_Home);

@@ -5,6 +5,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QComboBox>
+#include <QLineEdit>
 #include <QTest>
 #include <QWidget>
 
@@ -71,6 +72,10 @@ void expectOwnNames(const QWidget &window)
         EXPECT_FALSE(name.trimmed().isEmpty()) << control->objectName().toStdString();
         EXPECT_FALSE(names.contains(name)) << name.toStdString() << " is the name of two";
         names << name;
+        if (const auto *combo = qobject_cast<QComboBox *>(control)) {
+            // Within an editable combo box the focus lies on this box, so it is what is spoken.
+            EXPECT_EQ(spokenName(*combo->lineEdit()), name);
+        }
     }
     EXPECT_FALSE(names.isEmpty());
 }

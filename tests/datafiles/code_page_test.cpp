@@ -127,8 +127,10 @@ TEST(CodePage, LookAlikesOfCharactersOfThePageAreMissing)
 {
     const QString greekQuestionMark(QChar(0x037E)); // looks like ";"
     const QString angstrom(QChar(0x212B));          // looks like the letter C5
-    EXPECT_EQ(codepage::encode(greekQuestionMark).missing, 0x037EU);
-    EXPECT_EQ(codepage::encode(angstrom).missing, 0x212BU);
+    for (const QString &before : {QString(), QStringLiteral("a")}) {
+        EXPECT_EQ(codepage::encode(before + greekQuestionMark).missing, 0x037EU);
+        EXPECT_EQ(codepage::encode(before + angstrom).missing, 0x212BU);
+    }
 }
 
 TEST(CodePage, AMarkThatFormsNoCharacterOfThePageIsMissing)

@@ -8,7 +8,11 @@ packages_tour=(
     at-spi2-core dbus-daemon gir1.2-atspi-2.0 imagemagick openbox python3 python3-gi xdotool xvfb
 )
 # shellcheck disable=SC2034
-packages_test=(clang clang-format clang-tidy git libbenchmark-dev libgtest-dev)
+packages_test=(
+    clang clang-format clang-tidy git libbenchmark-dev libgtest-dev libxcb1-dev pkgconf strace
+    util-linux
+    xauth
+)
 
 # install_missing PACKAGE...: installs what is not there; asks for root rights only then.
 install_missing() {

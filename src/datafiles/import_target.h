@@ -8,6 +8,7 @@
 #include <QString>
 
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace tarvold {
@@ -18,7 +19,7 @@ class ImportTarget
 {
 public:
     /// \param name as the user typed it
-    explicit ImportTarget(const QString &name) : m_name(name) {}
+    explicit ImportTarget(QString name) : m_name(std::move(name)) {}
 
     /// Reads the file unless it is as it was at the last call.
     [[nodiscard]] std::optional<FileError> refresh();

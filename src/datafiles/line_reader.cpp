@@ -1,5 +1,6 @@
 #include "datafiles/line_reader.h"
 
+#include <cstddef>
 #include <cstring>
 #include <utility>
 
@@ -11,7 +12,8 @@ QByteArrayView LineReader::readLine()
     const char *const end = start + m_rest.size();
     const char *from = start;
     while (from != end) {
-        const auto *found = static_cast<const char *>(std::memchr(from, '\r', end - from));
+        const auto *found =
+            static_cast<const char *>(std::memchr(from, '\r', std::size_t(end - from)));
         if (found == nullptr || found + 1 == end) {
             break;
         }

@@ -109,8 +109,28 @@ TEST(CodePage, ALoneSurrogateIsMissing)
 
 TEST(CodePage, ABaseLetterAndItsMarkAreOneCharacter)
 {
-    const QString decomposed = QStringLiteral("e") + QChar(0x0301);
-    EXPECT_EQ(codepage::encode(decomposed).bytes, QByteArray("\xE9"));
+    const QString acute = QStringLiteral("e") + QChar(0x0301);
+    const QString diaeresis = QStringLiteral("o") + QChar(0x0308);
+    EXPECT_EQ(codepage::encode(acute).bytes, QByteArray("\xE9"));
+    EXPECT_EQ(codepage::encode(diaeresis).bytes, QByteArray("\xF6"));
+    EXPECT_EQ(codepage::encode(diaeresis + acute).bytes, QByteArray("\xF6\xE9"));
+}
+
+TEST(CodePage, ALetterWithTwoMarksThatIsNoCharacterIsMissing)
+{
+    const QString decomposed = QStringLiteral("e") + QChar(0x0301) + QChar(0x0308);
+    EXPECT_EQ(codepage::encode(decomposed).missing, 0x0308U);
+    EXPECT_TRUE(codepage::encode(decomposed).bytes.isEmpty());
+}
+
+TEST(CodePage, LookAlikesOfCharactersOfThePageAreMissing)
+{
+    const QString greekQuestionMark(QChar(0x037E)); // looks like ";"
+    const QString angstrom(QChar(0x212B));          // looks like the letter C5
+    for (const QString &before : {QString(), QStringLiteral("a")}) {
+        EXPECT_EQ(codepage::encode(before + greekQuestionMark).missing, 0x037EU);
+        EXPECT_EQ(codepage::encode(before + angstrom).missing, 0x212BU);
+    }
 }
 
 TEST(CodePage, AMarkThatFormsNoCharacterOfThePageIsMissing)

@@ -36,11 +36,5 @@ TEST(DataFileKinds, EachHasItsBoxDefaultNameAndRecordLength)
     }
 }
 
-TEST(DataFileKinds, TheLayoutHasAsManyLinesAsTheKindSays)
-{
-    EXPECT_EQ(normalEndingLayout().size(),
-              std::size_t(rowOf(DataFileKind::NormalEndings).linesPerRecord));
-}
-
 } // namespace
 } // namespace tarvold

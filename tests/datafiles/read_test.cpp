@@ -1,5 +1,5 @@
 #include "datafiles/read.h"
-#include "support/data_folder.h"
+#include "support/folder_test.h"
 #include "support/hindrances.h"
 
 #include <sys/stat.h>
@@ -7,7 +7,7 @@
 namespace tarvold::testing {
 namespace {
 
-using Read = DataFolderTest;
+using Read = FolderTest;
 
 TEST_F(Read, GivesAllBytes)
 {

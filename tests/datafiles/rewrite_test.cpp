@@ -1,5 +1,5 @@
 #include "datafiles/rewrite.h"
-#include "support/data_folder.h"
+#include "support/folder_test.h"
 #include "support/hindrances.h"
 
 #include <sys/stat.h>
@@ -19,7 +19,7 @@ mode_t modeOf(const char *file)
     return status.st_mode & 07777U;
 }
 
-using Rewrite = DataFolderTest;
+using Rewrite = FolderTest;
 
 TEST_F(Rewrite, CreatesAMissingFile)
 {

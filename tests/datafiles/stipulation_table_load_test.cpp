@@ -1,5 +1,5 @@
 #include "datafiles/stipulation_table.h"
-#include "support/data_folder.h"
+#include "support/folder_test.h"
 #include "support/hindrances.h"
 #include "support/stipulation_records.h"
 
@@ -8,7 +8,7 @@
 namespace tarvold::testing {
 namespace {
 
-class StipulationTableLoad : public DataFolderTest
+class StipulationTableLoad : public FolderTest
 {
 protected:
     static QString name() { return QStringLiteral("a.tvd"); }

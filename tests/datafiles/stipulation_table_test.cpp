@@ -1,5 +1,5 @@
 #include "datafiles/stipulation_table.h"
-#include "support/data_folder.h"
+#include "support/folder_test.h"
 #include "support/stipulation_records.h"
 
 namespace tarvold::testing {
@@ -14,7 +14,7 @@ StipulationTable::Record recordOf(const std::array<QByteArray, 19> &lines)
     return record;
 }
 
-class StipulationTableTest : public DataFolderTest
+class StipulationTableTest : public FolderTest
 {
 protected:
     void fill(const QByteArray &bytes)

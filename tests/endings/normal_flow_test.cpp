@@ -144,6 +144,11 @@ TEST_F(NormalFlow, TheWholeFlowGoesByKeyboardAlone)
     key(Qt::Key_Down, Qt::AltModifier);
     key(Qt::Key_Return);
     EXPECT_EQ(text("Form7", "Text1"), QStringLiteral("<att1fullname>"));
+    tabToControl("Form7", "Text5");
+    key(Qt::Key_F4);
+    key(Qt::Key_Down);
+    key(Qt::Key_Return);
+    EXPECT_TRUE(control("Form7", "Text5").hasFocus());
 
     boxes.expectQuestion(title(), kSaveQuestion, Answer::Enter);
     boxes.expectNotice(title(), QStringLiteral("Saved OK."), Answer::Enter);
@@ -153,6 +158,7 @@ TEST_F(NormalFlow, TheWholeFlowGoesByKeyboardAlone)
     EXPECT_EQ(lines.size(), 37);
     EXPECT_EQ(lines.at(4), QByteArray("DQ\r"));
     EXPECT_EQ(lines.at(26), QByteArray("<att1fullname>\r"));
+    EXPECT_EQ(lines.at(30), QByteArray("<att1shortname>\r"));
 }
 
 TEST_F(NormalFlow, TheWayBackGoesByKeyboardAlone)

@@ -54,11 +54,7 @@ TEST_F(RecordLayouts, TakeEveryLineFromAControlThatItsScreenHas)
 {
     for (const LayoutRow &row : kLayouts) {
         for (const RecordField &field : row.layout()) {
-            const QWidget *found =
-                screen(field.source.screen)
-                    .findChild<QWidget *>(QLatin1StringView(field.source.control));
-            ASSERT_NE(found, nullptr) << field.source.screen << ' ' << field.source.control;
-            EXPECT_EQ(found, &control(field.source.screen, field.source.control));
+            expectOnItsScreen(field.source);
         }
     }
 }

@@ -10,7 +10,7 @@ namespace {
 
 class ComboBoxTest : public WindowTest
 {
-protected:
+public:
     ComboBoxTest()
     {
         combo.addItems(
@@ -20,6 +20,7 @@ protected:
     // The window must not delete a control that belongs to the test.
     ~ComboBoxTest() override { combo.setParent(nullptr); }
 
+protected:
     bool isOpen() const { return combo.view()->isVisible(); }
 
     void typeOverIt(const QString &text) { typeOver(combo, text); }
@@ -171,6 +172,12 @@ TEST_F(ComboBoxTest, WheelTurnsChangeNothing)
         }
     }
     EXPECT_EQ(chosen.count(), 0);
+}
+
+TEST_F(ComboBoxTest, TabAndClicksGiveItTheFocusAndTheWheelDoesNot)
+{
+    EXPECT_EQ(combo.focusPolicy(), Qt::StrongFocus);
+    EXPECT_FALSE(combo.lineEdit()->focusPolicy() & ~Qt::StrongFocus);
 }
 
 TEST_F(ComboBoxTest, KeysOnAClosedListChangeNothing)

@@ -11,7 +11,7 @@ const QString kLong =
 
 class HelpLineTest : public WindowTest
 {
-protected:
+public:
     HelpLineTest()
     {
         combo.addItems({QStringLiteral("Any"), QStringLiteral("Face")});
@@ -32,6 +32,7 @@ protected:
         }
     }
 
+protected:
     HelpLine help;
     ComboBox combo;
     TextBox name;

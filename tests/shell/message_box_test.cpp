@@ -8,10 +8,11 @@ using messagebox::EnterMeans;
 
 class MessageBoxTest : public WindowTest
 {
-protected:
+public:
     MessageBoxTest() { add(box); }
     ~MessageBoxTest() override { box.setParent(nullptr); }
 
+protected:
     bool ask(EnterMeans enter, Answer answer)
     {
         boxes.expectQuestion(title(), QStringLiteral("Sure?"), answer);

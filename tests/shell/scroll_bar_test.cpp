@@ -11,7 +11,7 @@ namespace {
 
 class ScrollBarTest : public WindowTest
 {
-protected:
+public:
     ScrollBarTest()
     {
         add(bar);
@@ -19,6 +19,7 @@ protected:
     }
     ~ScrollBarTest() override { bar.setParent(nullptr); }
 
+protected:
     void key(Qt::Key key) { QTest::keyClick(&bar, key); }
 
     QPoint thumb() const
@@ -56,6 +57,15 @@ TEST_F(ScrollBarTest, RightAndUpRaiseByOneLeftAndDownLowerByOne)
     EXPECT_EQ(bar.value(), 51);
     key(Qt::Key_Down);
     EXPECT_EQ(bar.value(), 50);
+}
+
+TEST_F(ScrollBarTest, PageUpRaisesByOneAndPageDownLowersByOne)
+{
+    key(Qt::Key_PageUp);
+    EXPECT_EQ(bar.value(), 51);
+    key(Qt::Key_PageDown);
+    key(Qt::Key_PageDown);
+    EXPECT_EQ(bar.value(), 49);
 }
 
 TEST_F(ScrollBarTest, HomeAndEndGoToTheEnds)

@@ -36,10 +36,11 @@ QList<Broken> brokenTexts()
 
 class TextBoxTest : public WindowTest
 {
-protected:
+public:
     TextBoxTest() { add(box); }
     ~TextBoxTest() override { box.setParent(nullptr); }
 
+protected:
     /// Brings every broken text into the box between "<" and ">", and checks that it came in one
     /// line and that undoing it brings back what was there.
     void expectOneLine(const std::function<void(const QString &)> &bringIn)

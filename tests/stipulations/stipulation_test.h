@@ -1,7 +1,7 @@
 #pragma once
 
-#include "support/data_folder.h"
 #include "support/editor_test.h"
+#include "support/folder_test.h"
 #include "support/stipulation_records.h"
 
 #include <QListView>

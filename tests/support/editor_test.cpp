@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QDir>
-#include <QFile>
 
 namespace tarvold::testing {
 
@@ -61,11 +60,12 @@ void EditorTest::expectOnly(const char *screen)
     EXPECT_EQ(visible, QStringList{QLatin1StringView(screen)});
 }
 
-QByteArray EditorTest::bytesOf(const QString &file)
+void EditorTest::expectOnItsScreen(ControlRef ref)
 {
-    QFile opened(file);
-    EXPECT_TRUE(opened.open(QIODevice::ReadOnly)) << file.toStdString() << " is not there";
-    return opened.readAll();
+    const Screen &screen = this->screen(ref.screen);
+    const auto *found = screen.findChild<QWidget *>(QLatin1StringView(ref.control));
+    ASSERT_NE(found, nullptr) << ref.screen << ' ' << ref.control;
+    EXPECT_EQ(found, &screen.control(ref.control));
 }
 
 } // namespace tarvold::testing

@@ -5,6 +5,7 @@
 #include "shell/message_box.h"
 #include "support/boxes.h"
 #include "support/events.h"
+#include "support/folder_test.h"
 
 #include <QLabel>
 #include <QTemporaryDir>
@@ -18,11 +19,10 @@ namespace tarvold::testing {
 class EditorTest : public ::testing::Test
 {
 public:
+    EditorTest();
     ~EditorTest() override;
 
 protected:
-    EditorTest();
-
     Screen &screen(const char *name) { return editor.screens()[name]; }
     QWidget &control(const char *screen, const char *name);
     ComboBox &combo(const char *screen, const char *name);
@@ -39,8 +39,11 @@ protected:
     /// Fails the test unless this screen is the only window to be seen.
     static void expectOnly(const char *screen);
 
+    /// Fails the test unless this control is among its screen's widgets under its own name.
+    void expectOnItsScreen(ControlRef ref);
+
     /// The bytes of a file in the test's folder; an absent one fails the test.
-    static QByteArray bytesOf(const QString &file);
+    static QByteArray bytesOf(const QString &file) { return bytesIn(file); }
 
     static QString title() { return QLatin1StringView(messagebox::kTitle); }
 

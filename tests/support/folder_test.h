@@ -27,6 +27,30 @@ inline QByteArray bytesIn(const QString &file)
     return opened.readAll();
 }
 
+/// Files in the current folder, by names that are written out in a test.
+inline void writeFile(const char *name, const QByteArray &bytes)
+{
+    putBytes(QString::fromUtf8(name), bytes);
+}
+
+inline QByteArray readBack(const char *name)
+{
+    return bytesIn(QString::fromUtf8(name));
+}
+
+/// The names of everything in the current folder, links that lead nowhere included, sorted.
+inline QStringList folderEntries()
+{
+    const auto all = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
+    return QDir().entryList(all, QDir::Name);
+}
+
+/// The same joined by blanks.
+inline std::string folderContent()
+{
+    return folderEntries().join(u' ').toStdString();
+}
+
 /// A record of any kind: the given lines, then numbered ones up to its length.
 inline QByteArray recordOf(int lines, const QByteArrayList &given = {"Any"})
 {
@@ -52,12 +76,7 @@ protected:
     static void put(const QString &file, const QByteArray &bytes) { putBytes(file, bytes); }
     static QByteArray bytesOf(const QString &file) { return bytesIn(file); }
 
-    /// The names of everything in the test's folder, links that lead nowhere included.
-    static QStringList entries()
-    {
-        return QDir().entryList(QDir::AllEntries | QDir::Hidden | QDir::System |
-                                QDir::NoDotAndDotDot);
-    }
+    static QStringList entries() { return folderEntries(); }
 
     QTemporaryDir folder;
 

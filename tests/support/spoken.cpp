@@ -5,6 +5,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QComboBox>
+#include <QLineEdit>
 #include <QTest>
 #include <QWidget>
 
@@ -27,9 +28,17 @@ bool isInsideOfAnother(const QWidget &control)
     return false;
 }
 
+/// Where a control stands in its window, be it in a box of its own there.
+QRect placeOf(const QWidget *control)
+{
+    return {control->mapTo(control->window(), QPoint()), control->size()};
+}
+
 bool isBefore(const QWidget *one, const QWidget *other)
 {
-    return std::pair(one->y(), one->x()) < std::pair(other->y(), other->x());
+    const QPoint here = placeOf(one).topLeft();
+    const QPoint there = placeOf(other).topLeft();
+    return std::pair(here.y(), here.x()) < std::pair(there.y(), there.x());
 }
 
 } // namespace
@@ -63,6 +72,10 @@ void expectOwnNames(const QWidget &window)
         EXPECT_FALSE(name.trimmed().isEmpty()) << control->objectName().toStdString();
         EXPECT_FALSE(names.contains(name)) << name.toStdString() << " is the name of two";
         names << name;
+        if (const auto *combo = qobject_cast<QComboBox *>(control)) {
+            // Within an editable combo box the focus lies on this box, so it is what is spoken.
+            EXPECT_EQ(spokenName(*combo->lineEdit()), name);
+        }
     }
     EXPECT_FALSE(names.isEmpty());
 }
@@ -91,8 +104,8 @@ void expectReadingOrder(QWidget &window)
     }
     EXPECT_EQ(stops.size(), reachable);
     for (qsizetype stop = 1; stop < stops.size(); ++stop) {
-        const QRect before = stops[stop - 1]->geometry();
-        const QRect here = stops[stop]->geometry();
+        const QRect before = placeOf(stops[stop - 1]);
+        const QRect here = placeOf(stops[stop]);
         const bool below = here.top() > before.bottom();
         const bool beside = here.left() > before.right() && here.bottom() >= before.top();
         EXPECT_TRUE(below || beside) << stops[stop]->objectName().toStdString() << " after "

@@ -16,7 +16,7 @@ namespace tarvold::testing {
 /// an ordinary text box to go to from there.
 class WindowTest : public ::testing::Test
 {
-protected:
+public:
     WindowTest()
     {
         window.setObjectName(QStringLiteral("window"));
@@ -26,6 +26,7 @@ protected:
     }
     ~WindowTest() override { boxes.checkAllCame(); }
 
+protected:
     /// Puts the control first in the window, shows the window, and gives the control the focus.
     void add(QWidget &control)
     {

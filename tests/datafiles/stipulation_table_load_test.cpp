@@ -90,7 +90,8 @@ TEST_F(StipulationTableLoad, SaysHowManyLinesAFileHasThatEndsInsideARecord)
         }
         writeFile("short.tvd", bytes);
         const QString cause = refusal("short.tvd");
-        EXPECT_TRUE(cause.contains(QStringLiteral("lines found: %1)").arg(lines))) << qPrintable(cause);
+        EXPECT_TRUE(cause.contains(QStringLiteral("lines found: %1)").arg(lines)))
+            << qPrintable(cause);
         EXPECT_TRUE(cause.contains(QStringLiteral("19"))) << qPrintable(cause);
         EXPECT_EQ(readBack("short.tvd"), bytes);
     }

@@ -58,6 +58,7 @@ const std::vector<const char *> &naAndNumbers()
 {
     static const std::vector<std::string> texts = [] {
         std::vector<std::string> made = {"NA"};
+        made.reserve(101);
         for (int number = 1; number <= 100; ++number) {
             made.push_back(std::to_string(number));
         }
@@ -65,6 +66,7 @@ const std::vector<const char *> &naAndNumbers()
     }();
     static const std::vector<const char *> items = [] {
         std::vector<const char *> made;
+        made.reserve(texts.size());
         for (const std::string &text : texts) {
             made.push_back(text.c_str());
         }

@@ -203,7 +203,7 @@ TEST_F(ImportFails, HalfWayAndTakesBackWhatWasWritten)
     putBytes(kSource, recordOf(44) + recordOf(44));
     putBytes(kTarget, recordOf(44, {"before"}));
     {
-        const FileSizeLimit limit(recordOf(44).size() + 100);
+        const FileSizeLimit limit(static_cast<rlim_t>(recordOf(44).size()) + 100);
         causeOf(DataFileKind::RunInEndings, kTarget);
     }
     EXPECT_EQ(bytesIn(kTarget), recordOf(44, {"before"}));

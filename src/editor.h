@@ -1,5 +1,6 @@
 #pragma once
 
+#include "shell/double_click_guard.h"
 #include "shell/flow.h"
 #include "shell/screens.h"
 
@@ -28,6 +29,7 @@ signals:
 private:
     void begin(MenuEntry entry);
 
+    DoubleClickGuard m_guard;
     Screens m_screens;
     Flow m_endings;
     Flow m_segments;

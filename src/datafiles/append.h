@@ -11,8 +11,22 @@ namespace tarvold {
 
 /// Appends whole records to a data file, creating it when it is missing.
 ///
-/// All or nothing: when it returns no error, the bytes are on the disk; else the file has its old
-/// length, or is gone again when it was created here (and if even that failed, the error says so).
+/// All or nothing: when it returns no error, the bytes are on the disk, together, in the file that
+/// the name meant at the end; else the file has its old length, or is gone again when it was
+/// created here (and if even that failed, the error says so).
+///
+/// Copies of this program wait for each other. Programs that do not may do anything to the file
+/// meanwhile; after the sync it is looked up by its name once more, and the bytes are read back:
+/// - The name means another file, or none: they are taken out of the file that lost the name and
+///   appended to what has it now, which is a new file if there is none.
+/// - The name means a copy that was made with the bytes in it, or they were moved inside the file:
+///   they are not added twice, and what holds them is brought to the disk. Equal lines that stood
+///   there before cannot be told from them.
+/// - The file was cut or written anew in place, and the bytes are not in it: they are added again.
+///
+/// When that happens time after time, or when another program wrote behind bytes that have to be
+/// taken back, the error says that the file may have changed. Nothing that another program put into
+/// the file is ever cut off.
 /// \param name as the user typed it; a relative one starts at the current folder
 [[nodiscard]] std::optional<FileError> appendToFile(const QString &name, QByteArrayView bytes);
 

@@ -33,21 +33,45 @@ std::optional<char> byteOf(char32_t character)
     return static_cast<char>(kFirstSpecial + static_cast<char32_t>(found - kSpecials.begin()));
 }
 
-/// The code points of a text, with each letter and its combining marks made one where there is such
-/// a character. Everything else stays: a full composition would also replace look-alikes.
-QList<uint> composed(const QString &text)
+/// The code points of a text. Half of a surrogate pair without the other counts as one, where the
+/// toolkit would put a stand-in.
+QList<char32_t> codePointsOf(const QString &text)
 {
-    QList<uint> characters;
-    for (const uint character : text.toUcs4()) {
-        const bool isMark = QChar::isMark(character);
-        if (!isMark || characters.isEmpty()) {
+    QList<char32_t> characters;
+    characters.reserve(text.size());
+    for (qsizetype place = 0; place < text.size(); ++place) {
+        const QChar unit = text.at(place);
+        const bool isPair = unit.isHighSurrogate() && place + 1 < text.size() &&
+                            text.at(place + 1).isLowSurrogate();
+        characters.append(isPair ? QChar::surrogateToUcs4(unit, text.at(++place))
+                                 : char32_t(unit.unicode()));
+    }
+    return characters;
+}
+
+/// The one character that a letter and a combining mark form, if there is such a character.
+std::optional<char32_t> together(char32_t letter, char32_t mark)
+{
+    // Not by fromUcs4() for both at once, which takes a first character FEFF for a byte order mark.
+    QString pair;
+    pair.append(QChar::fromUcs4(letter)).append(QChar::fromUcs4(mark));
+    const QList<char32_t> formed = codePointsOf(pair.normalized(QString::NormalizationForm_C));
+    return formed.size() == 1 ? std::optional(formed.front()) : std::nullopt;
+}
+
+/// The code points of a text, with each letter and its combining mark made one where there is such
+/// a character. Everything else stays: a full composition would also replace look-alikes.
+QList<char32_t> composed(const QString &text)
+{
+    QList<char32_t> characters;
+    for (const char32_t character : codePointsOf(text)) {
+        const bool followsLetter = QChar::isMark(character) && !characters.isEmpty();
+        const auto one = followsLetter ? together(characters.back(), character) : std::nullopt;
+        if (one) {
+            characters.back() = *one;
+        } else {
             characters.append(character);
-            continue;
         }
-        const std::array<char32_t, 2> pair = {characters.takeLast(), character};
-        characters += QString::fromUcs4(pair.data(), pair.size())
-                          .normalized(QString::NormalizationForm_C)
-                          .toUcs4();
     }
     return characters;
 }

@@ -22,13 +22,36 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto kLockPatience = 2s;
-constexpr auto kLockPause = 1ms;
+constexpr auto kLockPause = 100us; // short, to meet the moment between two saves of the other
 constexpr mode_t kModeBits = 07777;
 
 qint64 nanoseconds(const timespec &time)
 {
     constexpr qint64 kNanosecondsPerSecond = 1'000'000'000;
     return qint64(time.tv_sec) * kNanosecondsPerSecond + time.tv_nsec;
+}
+
+/// Takes the lock of an open file, which is given back when it is closed. `false` when another
+/// program has it.
+bool takeLock(int handle)
+{
+    return ::flock(handle, LOCK_EX | LOCK_NB) == 0 || (errno != EWOULDBLOCK && errno != EINTR);
+}
+
+bool isSame(const struct stat &one, const struct stat &other)
+{
+    return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
+}
+
+/// The path of what is not there, with all links to its folder followed.
+QString realPathOfMissing(const QString &path)
+{
+    const QFileInfo info(path);
+    const QString folder = QFileInfo(info.path()).canonicalFilePath();
+    if (folder.isEmpty()) {
+        return path;
+    }
+    return (folder.endsWith(u'/') ? folder : folder + u'/') + info.fileName();
 }
 
 } // namespace
@@ -54,34 +77,105 @@ std::optional<QString> realPathOf(const QString &path)
     if (::realpath(QFile::encodeName(path).constData(), real.data()) != nullptr) {
         return QFile::decodeName(real.data());
     }
-    return errno == ENOENT ? std::optional(path) : std::nullopt;
+    return errno == ENOENT ? std::optional(realPathOfMissing(path)) : std::nullopt;
 }
 
-bool lock(int handle)
+int openAtOnce(const QString &path, int flags)
 {
-    const auto deadline = std::chrono::steady_clock::now() + kLockPatience;
-    while (::flock(handle, LOCK_EX | LOCK_NB) != 0) {
-        if (errno != EWOULDBLOCK && errno != EINTR) {
-            return true;
-        }
-        if (std::chrono::steady_clock::now() > deadline) {
-            return false;
-        }
-        std::this_thread::sleep_for(kLockPause);
+    constexpr mode_t kModeOfNew = 0666;
+    const QByteArray name = QFile::encodeName(path);
+    int handle = -1;
+    do {
+        handle = ::open(name.constData(), flags | O_NONBLOCK | O_CLOEXEC, kModeOfNew);
+    } while (handle < 0 && errno == EINTR);
+    return handle;
+}
+
+std::optional<QString> openOrdinary(QFile &file, const QString &path,
+                                    QIODeviceBase::OpenModeFlag mode, bool *created)
+{
+    const bool appends = mode == QIODeviceBase::Append;
+    const int flags = appends ? O_WRONLY | O_APPEND : O_RDONLY;
+    int handle = openAtOnce(path, flags);
+    const bool isMissing = handle < 0 && errno == ENOENT;
+    if (isMissing && appends) {
+        handle = openAtOnce(path, flags | O_CREAT);
     }
-    return true;
+    if (created != nullptr) {
+        *created = isMissing;
+    }
+    if (handle < 0 && errno != ENXIO) { // which is a pipe that nobody reads from
+        return qt_error_string();
+    }
+    struct stat state = {};
+    if (handle < 0 || (::fstat(handle, &state) == 0 && !S_ISREG(state.st_mode))) {
+        ::close(handle);
+        return QStringLiteral("It is not an ordinary file.");
+    }
+    // The system cares for the end: told of it, the toolkit would look for it, and might fail.
+    const auto access = appends ? QIODevice::WriteOnly : QIODevice::ReadOnly;
+    if (!file.open(handle, access | QIODevice::Unbuffered, QFileDevice::AutoCloseHandle)) {
+        ::close(handle);
+        return file.errorString();
+    }
+    return std::nullopt;
 }
 
-bool isRemoved(int handle)
+std::optional<QString> openAlone(QFile &file, const QString &path, QIODeviceBase::OpenModeFlag mode,
+                                 bool *created)
 {
-    struct stat state = {};
-    return ::fstat(handle, &state) == 0 && state.st_nlink == 0;
+    // Opened anew each time: while this one waits, the other one may remove or replace the file.
+    const auto deadline = std::chrono::steady_clock::now() + kLockPatience;
+    do {
+        if (auto failure = openOrdinary(file, path, mode, created)) {
+            return failure;
+        }
+        const bool isLocked = takeLock(file.handle());
+        if (isLocked && meansFile(path, file.handle()) != false) {
+            return std::nullopt;
+        }
+        file.close();
+        if (!isLocked) {
+            std::this_thread::sleep_for(kLockPause);
+        }
+    } while (std::chrono::steady_clock::now() < deadline);
+    return QStringLiteral("Another program is writing to it.");
+}
+
+std::optional<bool> meansFile(const QString &path, int handle)
+{
+    struct stat opened = {};
+    struct stat found = {};
+    if (::fstat(handle, &opened) != 0) {
+        return std::nullopt;
+    }
+    if (::stat(QFile::encodeName(path).constData(), &found) != 0) {
+        const bool isGone = errno == ENOENT || errno == ENOTDIR || errno == ELOOP;
+        return isGone ? std::optional(false) : std::nullopt;
+    }
+    return isSame(opened, found);
+}
+
+std::optional<bool> areSame(int one, int other)
+{
+    struct stat first = {};
+    struct stat second = {};
+    if (::fstat(one, &first) != 0 || ::fstat(other, &second) != 0) {
+        return std::nullopt;
+    }
+    return isSame(first, second);
 }
 
 std::optional<qint64> sizeOf(int handle)
 {
     struct stat state = {};
     return ::fstat(handle, &state) == 0 ? std::optional<qint64>(state.st_size) : std::nullopt;
+}
+
+std::optional<qint64> placeIn(int handle)
+{
+    const off_t place = ::lseek(handle, 0, SEEK_CUR);
+    return place >= 0 ? std::optional<qint64>(place) : std::nullopt;
 }
 
 bool reserve([[maybe_unused]] int handle, [[maybe_unused]] qint64 offset,
@@ -110,15 +204,18 @@ bool takeModeOf(const QString &path, int handle)
            ::fchmod(handle, model.st_mode & kModeBits) == 0;
 }
 
-std::optional<QString> writeAndSync(QFileDevice &file, QByteArrayView bytes)
+std::optional<QString> writeAndSync(QFileDevice &file, QByteArrayView bytes, qint64 *written)
 {
     // A write that runs short tells its cause only when it is asked for the rest.
     while (!bytes.isEmpty()) {
-        const qint64 written = file.write(bytes.data(), bytes.size());
-        if (written <= 0) {
+        const qint64 count = file.write(bytes.data(), bytes.size());
+        if (count <= 0) {
             return file.errorString();
         }
-        bytes = bytes.sliced(written);
+        if (written != nullptr) {
+            *written += count;
+        }
+        bytes = bytes.sliced(count);
     }
     if (!file.flush() || file.error() != QFileDevice::NoError) {
         return file.errorString();

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <QByteArrayView>
+#include <QIODeviceBase>
 #include <QString>
 
 #include <optional>
 
+class QFile;
 class QFileDevice;
 
 /// What the system offers to bring a file's bytes to the disk for good.
@@ -33,20 +35,43 @@ bool mayChangeUnseen(const FileState &state);
 /// The state of the file that the user typed this name for; none when it cannot be found.
 std::optional<FileState> stateOf(const QString &name);
 
-/// The file that a path means when all symbolic links are followed; the path itself when nothing is
-/// there yet. Nothing with the system's error code set when the links cannot be followed.
+/// The file that a path means when all symbolic links are followed, those of its folder alone when
+/// nothing is there. Nothing with the system's error code set when the links cannot be followed.
 [[nodiscard]] std::optional<QString> realPathOf(const QString &path);
 
-/// Keeps other programs that ask for the same lock out of an open file until it is closed.
-/// \return `false` when another program did not give the file back within some seconds. A file
-/// system that has no locks is no reason to refuse.
-[[nodiscard]] bool lock(int handle);
+/// Opens what a path means, without waiting for the other end when that is a pipe.
+/// \param flags those of the system
+/// \return the handle; a negative one with the system's error code set on failure
+[[nodiscard]] int openAtOnce(const QString &path, int flags);
 
-/// Whether an open file has no name any more, because it was removed or replaced after the opening.
-bool isRemoved(int handle);
+/// Opens an ordinary file without buffering, and nothing else that may have taken its place.
+/// \param mode `ReadOnly`, or `Append`, which creates a missing file
+/// \param created where to tell whether there was no such file a moment before
+/// \return what went wrong, in words
+[[nodiscard]] std::optional<QString> openOrdinary(QFile &file, const QString &path,
+                                                  QIODeviceBase::OpenModeFlag mode,
+                                                  bool *created = nullptr);
+
+/// The same, and keeps other copies of this program from writing to the file until it is closed.
+/// \return what went wrong, in words, such as that another program did not give the file back
+///         within some seconds. A file system that has no locks is no reason to refuse.
+[[nodiscard]] std::optional<QString> openAlone(QFile &file, const QString &path,
+                                               QIODeviceBase::OpenModeFlag mode,
+                                               bool *created = nullptr);
+
+/// Whether two open files are the same one. Nothing with the system's error code set on failure.
+[[nodiscard]] std::optional<bool> areSame(int one, int other);
+
+/// Whether a path means this open file: other programs may have removed or replaced it since the
+/// opening. Nothing with the system's error code set when that cannot be found out.
+[[nodiscard]] std::optional<bool> meansFile(const QString &path, int handle);
 
 /// The size of an open file in bytes. Nothing with the system's error code set on failure.
 [[nodiscard]] std::optional<qint64> sizeOf(int handle);
+
+/// Where the next byte would be read or written in an open file; behind a write that is its end.
+/// Nothing with the system's error code set on failure.
+[[nodiscard]] std::optional<qint64> placeIn(int handle);
 
 /// Claims the space for bytes to be written behind the end of an open file, without changing its
 /// size, so that a full disk shows before a part of them is written. Cutting the file gives the
@@ -59,8 +84,10 @@ bool isRemoved(int handle);
 [[nodiscard]] bool takeModeOf(const QString &path, int handle);
 
 /// Writes all bytes to an open file and brings them to the disk.
+/// \param written where to add up how many bytes were written
 /// \return what went wrong, in words; a part of the bytes may be in the file then
-[[nodiscard]] std::optional<QString> writeAndSync(QFileDevice &file, QByteArrayView bytes);
+[[nodiscard]] std::optional<QString> writeAndSync(QFileDevice &file, QByteArrayView bytes,
+                                                  qint64 *written = nullptr);
 
 /// Asks for the memory of a large file in large pages: to be given it in tens of thousands of small
 /// ones takes as long as reading the file. Only a wish, so nobody asks whether it was granted.

@@ -28,6 +28,11 @@ std::optional<FileError> whyNotOrdinary(const QString &name)
     if (name.isEmpty()) {
         return FileError{QStringLiteral("The file name is empty.")};
     }
+    // The system takes a name as ended by a NUL, and would use the file that it then names.
+    if (name.contains(QChar::Null) || !name.isValidUtf16()) {
+        return FileError{QStringLiteral("The file name holds a character that no file name can "
+                                        "have.")};
+    }
     const QFileInfo info(durable::pathOf(name));
     if (info.isDir()) {
         return FileError{QStringLiteral("It is a folder.")};

@@ -12,6 +12,7 @@ std::optional<FileError> ImportTable::load(QByteArray bytes, int linesPerRecord)
 {
     m_bytes = std::move(bytes);
     m_starts.clear();
+    const qsizetype given = m_bytes.size();
     if (!m_bytes.isEmpty() && !m_bytes.endsWith(kLineEnd)) {
         m_bytes.append(kLineEnd); // the last line counts without its end, and is written with it
     }
@@ -23,7 +24,7 @@ std::optional<FileError> ImportTable::load(QByteArray bytes, int linesPerRecord)
         }
     }
     m_skipped.assign(m_starts.size(), false);
-    return whyNotWhole(m_bytes, lines, linesPerRecord);
+    return whyNotWhole(QByteArrayView(m_bytes).first(given), lines, linesPerRecord);
 }
 
 QByteArrayView ImportTable::item(int list, int record) const

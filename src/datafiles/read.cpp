@@ -5,13 +5,25 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
+
 namespace tarvold {
 namespace {
 
-/// Reads to the end. A read that runs short is no end: only the next one tells why it did.
+FileContent tooLarge()
+{
+    return {{}, FileError{QStringLiteral("It is larger than 1 GB.")}};
+}
+
+/// Reads to the end. A read that runs short is no end: only the next one tells why it did. Some
+/// files that the system makes up tell no size and never end.
 FileContent readToEnd(QFile &file)
 {
     constexpr qsizetype kLeastRoom = 4096;
+    constexpr qsizetype kMostRoom = 1'073'741'824 + kLeastRoom;
+    if (file.size() > kMostRoom - kLeastRoom) {
+        return tooLarge();
+    }
     QByteArray bytes(file.size() + kLeastRoom, Qt::Uninitialized);
     durable::preferLargePages(bytes);
     qsizetype length = 0;
@@ -25,8 +37,11 @@ FileContent readToEnd(QFile &file)
             return {std::move(bytes), std::nullopt};
         }
         length += read;
+        if (length == kMostRoom) {
+            return tooLarge();
+        }
         if (length == bytes.size()) {
-            bytes.resize(2 * length);
+            bytes.resize(std::min(2 * length, kMostRoom));
         }
     }
 }
@@ -35,7 +50,7 @@ FileContent readToEnd(QFile &file)
 
 bool fileExists(const QString &name)
 {
-    return QFileInfo::exists(durable::pathOf(name));
+    return !name.contains(QChar::Null) && QFileInfo::exists(durable::pathOf(name));
 }
 
 FileContent readFile(const QString &name)
@@ -43,9 +58,10 @@ FileContent readFile(const QString &name)
     if (auto unfit = whyNotOrdinary(name)) {
         return {{}, unfit};
     }
-    QFile file(durable::pathOf(name));
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
-        return {{}, FileError{file.errorString()}};
+    // Alone, else a record that another copy of this program is just writing could be read in part.
+    QFile file;
+    if (const auto failure = durable::openAlone(file, durable::pathOf(name), QIODevice::ReadOnly)) {
+        return {{}, FileError{*failure}};
     }
     return readToEnd(file);
 }

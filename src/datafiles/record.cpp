@@ -1,7 +1,5 @@
 #include "datafiles/record.h"
 
-#include "datafiles/code_page.h"
-
 #include <array>
 
 namespace tarvold {
@@ -45,7 +43,26 @@ std::optional<QString> lineOf(Coding coding, const QString &text)
     return text;
 }
 
+/// Encodes a text that was never in a file, so that it has no line break to keep.
+codepage::Encoded encodeNewLine(const QString &text)
+{
+    for (const QChar character : text) {
+        if (character == u'\r' || character == u'\n') {
+            return {{}, character.unicode()};
+        }
+    }
+    return codepage::encode(text);
+}
+
 } // namespace
+
+codepage::Encoded encodeLine(const QString &text)
+{
+    if (text.contains(QLatin1StringView(kLineEnd))) {
+        return {{}, U'\r'};
+    }
+    return codepage::encode(text);
+}
 
 ComposedRecord composeRecord(const RecordLayout &layout,
                              const std::function<QString(ControlRef)> &textOf)
@@ -56,7 +73,7 @@ ComposedRecord composeRecord(const RecordLayout &layout,
         if (!line) {
             continue;
         }
-        const codepage::Encoded encoded = codepage::encode(*line);
+        const codepage::Encoded encoded = encodeNewLine(*line);
         if (encoded.missing) {
             return {{}, MissingCharacter{QLatin1StringView(field.caption), *encoded.missing}};
         }

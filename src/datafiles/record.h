@@ -1,5 +1,7 @@
 #pragma once
 
+#include "datafiles/code_page.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -47,6 +49,11 @@ struct MissingCharacter
     char32_t character;
 };
 
+/// Encodes the text of one field, which is one line: a line end inside it is refused, as its first
+/// character. No text box lets one in, but what assists a user may put it there. A CR or LF alone
+/// ends no line and is kept, as files may hold one.
+codepage::Encoded encodeLine(const QString &text);
+
 /// What composing a record gives: all its bytes, or the character that stopped it.
 struct ComposedRecord
 {
@@ -54,7 +61,8 @@ struct ComposedRecord
     std::optional<MissingCharacter> missing;
 };
 
-/// Composes a record for its file, each line ended by CR LF.
+/// Composes a new record for its file, each line ended by CR LF. A CR or LF in a text, even one
+/// alone, is refused as encodeLine() refuses a line end.
 /// \param textOf gives the text that a control shows at this moment
 ComposedRecord composeRecord(const RecordLayout &layout,
                              const std::function<QString(ControlRef)> &textOf);

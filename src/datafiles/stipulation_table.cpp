@@ -93,15 +93,36 @@ std::optional<FileError> StipulationTable::load(const QString &name)
                                  QStringLiteral("stipulation"))) {
         return error;
     }
+    m_name = name;
     m_file = std::move(content.bytes);
     m_edited.clear();
     stipulations = std::move(lines);
     return std::nullopt;
 }
 
-std::optional<FileError> StipulationTable::writeBack(const QString &name) const
+std::optional<FileError> StipulationTable::writeBack(const QString &name, IfChanged ifChanged)
 {
-    return rewriteFile(name, joined(stipulations, m_file));
+    QByteArray bytes = joined(stipulations, m_file);
+    const bool isOther = !m_name.isEmpty() && name != m_name;
+    const bool refuses = ifChanged == IfChanged::Refuse && !isOther;
+    auto error =
+        rewriteFile(name, bytes, refuses ? std::optional(QByteArrayView(m_file)) : std::nullopt);
+    if (!error || error->inPlace) {
+        m_name = name;
+        moveInto(std::move(bytes));
+    }
+    return error;
+}
+
+void StipulationTable::moveInto(QByteArray file)
+{
+    m_file = std::move(file);
+    const char *start = m_file.constData();
+    for (QByteArrayView &line : stipulations) {
+        line = QByteArrayView(start, line.size());
+        start = line.end() + qstrlen(kLineEnd);
+    }
+    m_edited.clear(); // else a long day of edits would fill the memory
 }
 
 QByteArrayView StipulationTable::line(int index) const

@@ -30,8 +30,14 @@ public:
     /// \param name as the user typed it
     [[nodiscard]] std::optional<FileError> load(const QString &name);
 
+    /// What becomes of the file when another program changed it since it was loaded or written
+    /// back. A file of another name is always written over.
+    enum class IfChanged { Refuse, Overwrite };
+
     /// Writes all lines back to a file, see rewriteFile().
-    [[nodiscard]] std::optional<FileError> writeBack(const QString &name) const;
+    /// \param name as the user typed it
+    [[nodiscard]] std::optional<FileError> writeBack(const QString &name,
+                                                     IfChanged ifChanged = IfChanged::Refuse);
 
     /// How many lines there are.
     int lineCount() const { return static_cast<int>(stipulations.size()); }
@@ -65,20 +71,25 @@ public:
     /// Removes the stipulation that starts at an index.
     void remove(int index);
 
-    /// All lines as they are now, to go back to when they could not be written.
+    /// All lines as they are now, to go back to when they could not be written: it lasts until the
+    /// table is loaded or written back.
     using Snapshot = std::vector<QByteArrayView>;
     Snapshot snapshot() const { return stipulations; }
 
-    /// Goes back to a snapshot of this table that was taken since it was loaded.
+    /// Goes back to a snapshot of this table.
     void restore(Snapshot snapshot) { stipulations = std::move(snapshot); }
 
 private:
-    /// Keeps the bytes of an edited line for as long as the table holds this file.
+    /// Keeps the bytes of an edited line until the table is loaded or written back.
     QByteArrayView keep(const QByteArray &line);
 
-    QByteArray m_file;               ///< the bytes that most lines are views of
-    std::deque<QByteArray> m_edited; ///< the bytes of lines that were edited
-    Snapshot stipulations;           ///< all lines, in the order of the file
+    /// Makes all lines views of the file that they were written to.
+    void moveInto(QByteArray file);
+
+    QString m_name;                  ///< of the file that was last read or written back
+    QByteArray m_file;               ///< what it held then
+    std::deque<QByteArray> m_edited; ///< the bytes of lines that were edited since
+    Snapshot stipulations;           ///< all lines, in order: views of the one or the other
 };
 
 } // namespace tarvold

@@ -1,5 +1,6 @@
 #include "import/import_screen.h"
 
+#include "datafiles/file_error.h"
 #include "datafiles/file_name.h"
 #include "datafiles/import_merge.h"
 #include "shell/busy_cursor.h"
@@ -146,7 +147,8 @@ void Form2::refreshFiles()
 {
     const QString selected = selectedFile();
     QStringList names = QDir().entryList(QDir::Files | QDir::Hidden, QDir::Name);
-    names.removeIf([](const QString &name) { return !isTvdName(name); });
+    // The toolkit takes a link to a pipe or a device for a file.
+    names.removeIf([](const QString &name) { return !isTvdName(name) || whyNotOrdinary(name); });
     m_names->setStringList(names);
     if (const qsizetype row = names.indexOf(selected); row >= 0) {
         m_files->setCurrentIndex(m_names->index(static_cast<int>(row)));

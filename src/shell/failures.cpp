@@ -1,6 +1,21 @@
 #include "shell/failures.h"
 
 namespace tarvold::failures {
+namespace {
+
+/// A character and its number. One that cannot be seen, or that would change how what stands beside
+/// it looks, is told by its number alone.
+QString shown(char32_t character)
+{
+    const QString number =
+        QStringLiteral("U+") + QString::number(character, 16).rightJustified(4, u'0').toUpper();
+    const bool canBeSeen = QChar::isPrint(character) && !QChar::isSpace(character) &&
+                           !QChar::isMark(character) && !QChar::isNonCharacter(character);
+    return canBeSeen ? QStringLiteral("\"%1\" (%2)").arg(QString::fromUcs4(&character, 1), number)
+                     : number;
+}
+
+} // namespace
 
 QString notSaved(const QString &name, const FileError &error)
 {
@@ -27,10 +42,26 @@ QString notRewritten(const QString &name, const FileError &error, const QString 
         .arg(name, error.cause, kept);
 }
 
+QString outdated(const QString &name, const QString &kept)
+{
+    return QStringLiteral("The file \"%1\" was changed by another program after this list was "
+                          "loaded.\n\nYes writes your list over it, and what the other program "
+                          "changed is lost. %2 To see what was changed, open the list again from "
+                          "the main menu.\n\nWrite over it?")
+        .arg(name, kept);
+}
+
 QString notLoaded(const QString &name, const FileError &error)
 {
     return QStringLiteral("The file \"%1\" could not be loaded.\n\n%2\n\nNothing was changed.")
         .arg(name, error.cause);
+}
+
+QString tooLongToEdit(int line, qsizetype length, qsizetype most)
+{
+    return QStringLiteral("Line %1 of this stipulation has %2 characters. The form can show %3 at "
+                          "most.\n\nNothing was changed.")
+        .arg(QString::number(line), QString::number(length), QString::number(most));
 }
 
 QString noSource()
@@ -53,11 +84,10 @@ QString notImported(const QString &name, const FileError &error)
 
 QString cannotHold(const MissingCharacter &missing)
 {
-    return QStringLiteral("The field \"%1\" holds the character \"%2\" (U+%3), which the data "
-                          "files cannot hold.\n\nNothing was written, and everything that you "
-                          "typed is still here.")
-        .arg(missing.field, QString::fromUcs4(&missing.character, 1),
-             QString::number(missing.character, 16).rightJustified(4, u'0').toUpper());
+    return QStringLiteral("The field \"%1\" holds the character %2, which the data files cannot "
+                          "hold.\n\nNothing was written, and everything that you typed is still "
+                          "here.")
+        .arg(missing.field, shown(missing.character));
 }
 
 } // namespace tarvold::failures

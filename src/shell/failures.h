@@ -15,9 +15,19 @@ QString notSaved(const QString &name, const FileError &error);
 /// \param kept what the user has not lost
 QString notRewritten(const QString &name, const FileError &error, const QString &kept);
 
+/// Another program changed the file since it was loaded: asks whether to write over that.
+/// \param name as the user typed it
+/// \param kept what the answer No leaves
+QString outdated(const QString &name, const QString &kept);
+
 /// The file could not be read.
 /// \param name as the user typed it
 QString notLoaded(const QString &name, const FileError &error);
+
+/// A stipulation is too long to be edited.
+/// \param line the first line that is, from 1
+/// \param length of that line, and the `most` characters that there can be
+QString tooLongToEdit(int line, qsizetype length, qsizetype most);
 
 /// No file to import from is selected.
 QString noSource();

@@ -6,12 +6,23 @@
 namespace tarvold::messagebox {
 namespace {
 
+/// A message may quote a line of a file, which can be of any length: the toolkit would lay out some
+/// megabytes for minutes, and show the buttons below the screen.
+QString shortened(const QString &text)
+{
+    constexpr qsizetype kMost = 5000;
+    if (text.size() <= kMost) {
+        return text;
+    }
+    return text.left(kMost / 2) + QStringLiteral(" [...] ") + text.right(kMost / 2);
+}
+
 QMessageBox::StandardButton ask(QWidget *parent, const QString &title, const QString &text,
                                 QMessageBox::StandardButtons buttons,
                                 QMessageBox::StandardButton enter,
                                 QMessageBox::StandardButton escape)
 {
-    QMessageBox box(QMessageBox::NoIcon, title, text, buttons, parent);
+    QMessageBox box(QMessageBox::NoIcon, title, shortened(text), buttons, parent);
     box.setTextFormat(Qt::PlainText);
     box.setDefaultButton(enter);
     box.setEscapeButton(escape);

@@ -61,7 +61,18 @@ void TextBox::keyPressEvent(QKeyEvent *event)
         event->accept();
         return;
     }
-    QLineEdit::keyPressEvent(event);
+    // A key may bear a text of its own, even one of several characters. One that starts with a
+    // control character types nothing, and must not be made to.
+    const QString text = event->text();
+    const QString oneLine = onOneLine(text);
+    if (oneLine == text || !text.front().isPrint()) {
+        QLineEdit::keyPressEvent(event);
+        return;
+    }
+    QKeyEvent clean(event->type(), event->key(), event->modifiers(), oneLine, event->isAutoRepeat(),
+                    static_cast<quint16>(event->count()));
+    QLineEdit::keyPressEvent(&clean);
+    event->setAccepted(clean.isAccepted());
 }
 
 void TextBox::mouseReleaseEvent(QMouseEvent *event)

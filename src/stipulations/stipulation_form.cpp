@@ -178,7 +178,7 @@ std::optional<StipulationTable::Record> Form3::composed()
     StipulationTable::Record record;
     std::optional<MissingCharacter> missing;
     const auto put = [this, &record, &missing](int line, const char *control, const QString &text) {
-        const codepage::Encoded encoded = codepage::encode(text);
+        const codepage::Encoded encoded = encodeLine(text);
         if (encoded.missing && !missing) {
             missing = {this->control(control).accessibleName(), *encoded.missing};
         }

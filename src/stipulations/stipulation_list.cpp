@@ -138,6 +138,25 @@ void Form16::locate(const QByteArray &entry)
     }
 }
 
+bool Form16::fitsTheForm()
+{
+    // The toolkit lays out every character of a box, each time it changes.
+    constexpr qsizetype kMostCharacters = 1'000'000;
+    constexpr int kNeverShown = 6;
+    for (int number = 1; number <= StipulationTable::kLinesPerRecord; ++number) {
+        if (number == kNeverShown) {
+            continue;
+        }
+        const qsizetype length = m_stipulations.line(listPosition() + number - 1).size();
+        if (length > kMostCharacters) {
+            messagebox::notice(this, QLatin1StringView(kTitle),
+                               failures::tooLongToEdit(number, length, kMostCharacters));
+            return false;
+        }
+    }
+    return true;
+}
+
 void Form16::edit()
 {
     const auto entry = selectedEntry();
@@ -145,6 +164,9 @@ void Form16::edit()
         return;
     }
     locate(*entry);
+    if (!fitsTheForm()) {
+        return;
+    }
     form().showRecord(m_stipulations, listPosition());
     form().replace(*this);
 }
@@ -166,14 +188,16 @@ void Form16::remove()
     locate(*entry);
     StipulationTable::Snapshot before = m_stipulations.snapshot();
     m_stipulations.remove(listPosition());
-    const std::optional<FileError> error = writeBackOr(std::move(before));
-    if (error) {
+    const std::optional<FileError> error = writeBackOr(
+        std::move(before),
+        {this, QStringLiteral("No deletes nothing, and the list stays as you see it.")});
+    if (!error) {
+        messagebox::notice(this, QStringLiteral("Delete"), QStringLiteral("Stipulation Deleted."));
+    } else if (!error->outdated) {
         messagebox::notice(
             this, QLatin1StringView(kTitle),
             failures::notRewritten(fileName(), *error,
                                    QStringLiteral("The stipulation is still in the list.")));
-    } else {
-        messagebox::notice(this, QStringLiteral("Delete"), QStringLiteral("Stipulation Deleted."));
     }
 }
 
@@ -185,7 +209,13 @@ void Form16::store(const StipulationTable::Record &record)
     } else {
         m_stipulations.replace(listPosition(), record);
     }
-    const std::optional<FileError> error = writeBackOr(std::move(before));
+    const std::optional<FileError> error =
+        writeBackOr(std::move(before), {&form(), QStringLiteral("No writes nothing, and everything "
+                                                                "that you typed stays here until "
+                                                                "you leave this form.")});
+    if (error && error->outdated) {
+        return;
+    }
     messagebox::notice(
         &form(), QLatin1StringView(kTitle),
         error ? failures::notRewritten(fileName(), *error,
@@ -196,12 +226,26 @@ void Form16::store(const StipulationTable::Record &record)
     }
 }
 
-std::optional<FileError> Form16::writeBackOr(StipulationTable::Snapshot before)
+std::optional<FileError> Form16::writeBackOr(StipulationTable::Snapshot before,
+                                             const ChangedMeanwhile &changed)
 {
-    std::optional<FileError> error;
-    {
+    using IfChanged = StipulationTable::IfChanged;
+    const auto write = [this](IfChanged ifChanged) {
         const BusyCursor busy;
-        error = m_stipulations.writeBack(fileName());
+        return m_stipulations.writeBack(fileName(), ifChanged);
+    };
+    auto error = write(IfChanged::Refuse);
+    if (error && error->outdated) {
+        // What the list shows behind the question is still in the table.
+        StipulationTable::Snapshot after = m_stipulations.snapshot();
+        m_stipulations.restore(before);
+        if (!messagebox::question(changed.asking, QLatin1StringView(kTitle),
+                                  failures::outdated(fileName(), changed.kept),
+                                  messagebox::EnterMeans::No)) {
+            return error;
+        }
+        m_stipulations.restore(std::move(after));
+        error = write(IfChanged::Overwrite);
     }
     if (error && !error->inPlace) {
         m_stipulations.restore(std::move(before));

@@ -41,9 +41,20 @@ private:
     std::optional<QByteArray> selectedEntry();
     void locate(const QByteArray &entry);
     int listPosition() const;
+    /// Whether the located stipulation can be shown for editing; tells the user when it cannot.
+    bool fitsTheForm();
     void store(const StipulationTable::Record &record);
+    /// For the question that comes when another program changed the file meanwhile.
+    struct ChangedMeanwhile
+    {
+        QWidget *asking; ///< the screen in front of the user
+        QString kept;    ///< what the answer No leaves
+    };
+
     /// Writes the table and lists it, or goes back to `before` when the old file is still there.
-    std::optional<FileError> writeBackOr(StipulationTable::Snapshot before);
+    /// Over what another program wrote meanwhile it goes only when the user says so.
+    std::optional<FileError> writeBackOr(StipulationTable::Snapshot before,
+                                         const ChangedMeanwhile &changed);
 
     Screens &m_screens;
     StipulationTable m_stipulations;

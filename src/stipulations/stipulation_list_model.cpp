@@ -30,7 +30,18 @@ int StipulationListModel::rowCount(const QModelIndex &parent) const
 
 QVariant StipulationListModel::data(const QModelIndex &index, int role) const
 {
-    return role == Qt::DisplayRole ? codepage::decode(entry(index.row())) : QVariant();
+    // Far more than fits in; to measure a text of some megabytes takes the toolkit seconds.
+    constexpr qsizetype kMostShown = 5000;
+    // The view also asks for no row: when the user copies from a list in which none is selected.
+    if (role != Qt::DisplayRole || !index.isValid()) {
+        return {};
+    }
+    const QByteArray whole = entry(index.row());
+    if (whole.size() <= kMostShown) {
+        return codepage::decode(whole);
+    }
+    return QString(codepage::decode(QByteArrayView(whole).first(kMostShown)) +
+                   QStringLiteral(" [...]"));
 }
 
 } // namespace tarvold

@@ -88,9 +88,9 @@ const Workplace &workplace()
     return place;
 }
 
-const StipulationTable &loaded()
+StipulationTable &loaded()
 {
-    static const StipulationTable table = [] {
+    static StipulationTable table = [] {
         StipulationTable fresh;
         if (fresh.load(workplace().file())) {
             qFatal("the file for the benchmarks cannot be read");

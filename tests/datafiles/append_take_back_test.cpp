@@ -2,7 +2,10 @@
 // programs that use the same file.
 
 #include "datafiles/append.h"
+#include "datafiles/read.h"
 #include "datafiles/rewrite.h"
+#include "support/hindrances.h"
+#include "support/processes.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -10,13 +13,10 @@
 
 #include <array>
 #include <chrono>
-#include <csignal>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <memory>
 #include <sys/file.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 
@@ -24,29 +24,11 @@ namespace tarvold {
 namespace {
 
 using namespace std::chrono_literals;
+using testing::FileSizeLimit;
+using testing::start;
+using testing::succeeds;
 
 constexpr uid_t kNobody = 65534;
-
-/// Files of this process cannot grow beyond a size while this lives.
-class SizeLimit
-{
-public:
-    explicit SizeLimit(rlim_t bytes)
-    {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit limited = {bytes, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limited);
-    }
-    SizeLimit(const SizeLimit &) = delete;
-    SizeLimit &operator=(const SizeLimit &) = delete;
-    SizeLimit(SizeLimit &&) = delete;
-    SizeLimit &operator=(SizeLimit &&) = delete;
-    ~SizeLimit() { setrlimit(RLIMIT_FSIZE, &m_before); }
-
-private:
-    rlimit m_before = {};
-};
 
 /// Another program that holds the lock of a file, seen from this one.
 class LockHolder
@@ -86,25 +68,6 @@ protected:
         return file.readAll();
     }
 
-    /// Starts a task in a process of its own.
-    template <class Task>
-    static pid_t start(const Task &task)
-    {
-        const pid_t process = fork();
-        if (process == 0) {
-            _exit(task() ? EXIT_SUCCESS : EXIT_FAILURE);
-        }
-        return process;
-    }
-
-    /// Waits for a started task and tells whether it returned `true`.
-    static bool succeeds(pid_t process)
-    {
-        int status = 0;
-        return waitpid(process, &status, 0) == process && WIFEXITED(status) &&
-               WEXITSTATUS(status) == EXIT_SUCCESS;
-    }
-
     QTemporaryDir folder;
 };
 
@@ -114,13 +77,28 @@ QByteArray recordOf(char writer, int number)
            QByteArray(number % 200, writer) + "\r\n";
 }
 
+/// Whether a file holds the records of the writers "a" and "b", whole, each writer's in order.
+void expectAllRecordsOfBoth(const QByteArray &file, int records)
+{
+    std::array<int, 2> next = {};
+    for (QByteArrayView rest = file; !rest.isEmpty();) {
+        const char writer = rest.front();
+        ASSERT_TRUE(writer == 'a' || writer == 'b');
+        const QByteArray expected = recordOf(writer, next.at(writer == 'b' ? 1 : 0)++);
+        ASSERT_TRUE(rest.startsWith(expected)) << expected.constData();
+        rest = rest.sliced(expected.size());
+    }
+    EXPECT_EQ(next[0], records);
+    EXPECT_EQ(next[1], records);
+}
+
 TEST_F(AppendTakeBack, ARecordThatDoesNotFitIsTakenBackAtEverySize)
 {
     const QByteArray old("old\r\n");
     const QByteArray record(300, 'x');
     for (qsizetype size = old.size(); size < old.size() + record.size(); ++size) {
         write(old);
-        const SizeLimit limit(static_cast<rlim_t>(size));
+        const FileSizeLimit limit(static_cast<rlim_t>(size));
         const auto error = appendToFile(path(), record);
         ASSERT_TRUE(error) << size;
         ASSERT_TRUE(error->unchanged) << size;
@@ -131,7 +109,7 @@ TEST_F(AppendTakeBack, ARecordThatDoesNotFitIsTakenBackAtEverySize)
 TEST_F(AppendTakeBack, AShortWriteTellsItsOwnCause)
 {
     write("old\r\n");
-    const SizeLimit limit(10);
+    const FileSizeLimit limit(10);
     const auto error = appendToFile(path(), QByteArray(300, 'x'));
     ASSERT_TRUE(error);
     EXPECT_EQ(error->cause, QStringLiteral("File too large"));
@@ -139,7 +117,7 @@ TEST_F(AppendTakeBack, AShortWriteTellsItsOwnCause)
 
 TEST_F(AppendTakeBack, AMissingFileIsGoneAgainAfterAShortWrite)
 {
-    const SizeLimit limit(10);
+    const FileSizeLimit limit(10);
     const auto error = appendToFile(path(), QByteArray(300, 'x'));
     ASSERT_TRUE(error);
     EXPECT_TRUE(error->unchanged);
@@ -177,6 +155,21 @@ TEST_F(AppendTakeBack, AnAppendWaitsForAnotherProgramToFinish)
     EXPECT_EQ(content(), "old\r\nnew\r\n");
 }
 
+TEST_F(AppendTakeBack, ARecordThatAnotherProgramIsWritingIsReadWhole)
+{
+    write("first ");
+    auto holder = std::make_unique<LockHolder>(path());
+    std::thread finish([this, &holder] {
+        std::this_thread::sleep_for(100ms);
+        write("first half, second half\r\n");
+        holder.reset();
+    });
+    const FileContent content = readFile(path());
+    finish.join();
+    EXPECT_FALSE(content.error);
+    EXPECT_EQ(content.bytes, "first half, second half\r\n");
+}
+
 TEST_F(AppendTakeBack, AProgramThatNeverFinishesIsNamedAsTheCause)
 {
     write("old\r\n");
@@ -201,6 +194,55 @@ TEST_F(AppendTakeBack, AFileThatVanishesDuringTheWaitIsMadeAnew)
     EXPECT_EQ(content(), "new\r\n");
 }
 
+TEST_F(AppendTakeBack, AFileThatIsMadeAnewAfterTheWaitIsGoneAgainAfterAShortWrite)
+{
+    auto holder = std::make_unique<LockHolder>(path());
+    std::thread takeBack([this, &holder] {
+        std::this_thread::sleep_for(100ms);
+        QFile::remove(path());
+        holder.reset();
+    });
+    const FileSizeLimit limit(10);
+    const auto error = appendToFile(path(), QByteArray(300, 'x'));
+    takeBack.join();
+    ASSERT_TRUE(error);
+    EXPECT_TRUE(error->unchanged);
+    EXPECT_FALSE(QFileInfo::exists(path()));
+}
+
+TEST_F(AppendTakeBack, ARewriteLeavesAFileThatAnotherProgramWritesTo)
+{
+    write("old\r\n");
+    const LockHolder holder(path());
+    const auto error = rewriteFile(path(), "new\r\n", QByteArrayView("old\r\n"));
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->cause, QStringLiteral("Another program is writing to it."));
+    EXPECT_TRUE(error->unchanged);
+    EXPECT_EQ(content(), "old\r\n");
+}
+
+TEST_F(AppendTakeBack, ProgramsThatAppendAndOneThatRewritesLoseNoRecord)
+{
+    constexpr int kRecords = 300;
+    write({});
+    const pid_t appending = start([this] {
+        bool allSaved = true;
+        for (int number = 0; number < kRecords; ++number) {
+            allSaved = !appendToFile(path(), recordOf('a', number)) && allSaved;
+        }
+        return allSaved;
+    });
+    for (int number = 0; number < kRecords;) {
+        const QByteArray old = content();
+        const QByteArray grown = old + recordOf('b', number);
+        const auto error = rewriteFile(path(), grown, old);
+        ASSERT_TRUE(!error || error->outdated) << error->cause.toStdString();
+        number += error ? 0 : 1;
+    }
+    EXPECT_TRUE(succeeds(appending));
+    expectAllRecordsOfBoth(content(), kRecords);
+}
+
 TEST_F(AppendTakeBack, TwoProgramsAppendAThousandRecordsEachAndNoneIsLost)
 {
     constexpr int kRecords = 1000;
@@ -217,17 +259,7 @@ TEST_F(AppendTakeBack, TwoProgramsAppendAThousandRecordsEachAndNoneIsLost)
     const pid_t second = appendAll('b');
     EXPECT_TRUE(succeeds(first));
     EXPECT_TRUE(succeeds(second));
-    const QByteArray all = content();
-    std::array<int, 2> next = {};
-    for (QByteArrayView rest = all; !rest.isEmpty();) {
-        const char writer = rest.front();
-        ASSERT_TRUE(writer == 'a' || writer == 'b');
-        const QByteArray expected = recordOf(writer, next.at(writer == 'b' ? 1 : 0)++);
-        ASSERT_TRUE(rest.startsWith(expected)) << expected.constData();
-        rest = rest.sliced(expected.size());
-    }
-    EXPECT_EQ(next[0], kRecords);
-    EXPECT_EQ(next[1], kRecords);
+    expectAllRecordsOfBoth(content(), kRecords);
 }
 
 TEST_F(AppendTakeBack, AProgramThatTakesItsRecordsBackCutsNoneOfAnother)
@@ -237,7 +269,7 @@ TEST_F(AppendTakeBack, AProgramThatTakesItsRecordsBackCutsNoneOfAnother)
         bool allTakenBack = true;
         for (int number = 0; number < kRecords; ++number) {
             const QFileInfo file(path());
-            const SizeLimit limit(static_cast<rlim_t>(file.size() + 20)); // in the midst of it
+            const FileSizeLimit limit(static_cast<rlim_t>(file.size() + 20)); // in the midst of it
             const auto error = appendToFile(path(), QByteArray(100'000, 'x'));
             allTakenBack = error && error->unchanged && allTakenBack;
         }

@@ -78,6 +78,19 @@ TEST(Record, TextIsWrittenInTheCodePage)
     EXPECT_EQ(lineFrom(Coding::AsShown, text), QByteArray("caf\xE9\x80\r\n"));
 }
 
+TEST(Record, ALineBreakInsideAFieldIsTold)
+{
+    const RecordLayout layout = {{"One", {"Form0", "Text1"}, Coding::AsShown}};
+    for (const char *text : {"a\rb", "a\nb", "a\r\nb", "\n", "a\r"}) {
+        const ComposedRecord record =
+            composeRecord(layout, [text](ControlRef) { return QString::fromLatin1(text); });
+        ASSERT_TRUE(record.missing.has_value());
+        EXPECT_EQ(record.missing->field, QStringLiteral("One"));
+        EXPECT_TRUE(record.missing->character == U'\r' || record.missing->character == U'\n');
+        EXPECT_TRUE(record.bytes.isEmpty());
+    }
+}
+
 TEST(Record, AMissingCharacterIsToldWithItsField)
 {
     const RecordLayout layout = {{"One", {"Form0", "Text1"}, Coding::AsShown},

@@ -79,6 +79,52 @@ TEST_F(Rewrite, TakesANameThatStartsWithAColonAsAnOrdinaryOne)
     EXPECT_EQ(folderContent(), ":a.tvd");
 }
 
+TEST_F(Rewrite, ReplacesAFileThatHoldsWhatIsKnown)
+{
+    for (const qsizetype size : {0, 1, 65535, 65536, 65537, 200000}) { // around whole blocks
+        const QByteArray old(size, 'x');
+        writeFile("a.tvd", old);
+        EXPECT_FALSE(rewriteFile(name(), "new", old)) << size;
+        EXPECT_EQ(readBack("a.tvd"), "new") << size;
+    }
+}
+
+TEST_F(Rewrite, LeavesAFileThatHoldsAnythingElse)
+{
+    const QByteArray old(100000, 'x');
+    QByteArray other = old;
+    other.back() = 'y';
+    const QByteArrayList others = {other, old + 'x', old.chopped(1), QByteArray()};
+    for (const QByteArray &known : others) {
+        writeFile("a.tvd", old);
+        const auto error = rewriteFile(name(), "new", known);
+        ASSERT_TRUE(error);
+        EXPECT_TRUE(error->outdated);
+        EXPECT_TRUE(error->unchanged);
+        EXPECT_EQ(error->cause.toStdString(), "Another program changed it.");
+        EXPECT_EQ(readBack("a.tvd"), old);
+        EXPECT_EQ(folderContent(), "a.tvd");
+    }
+}
+
+TEST_F(Rewrite, MakesAFileAnewThatIsGone)
+{
+    EXPECT_FALSE(rewriteFile(name(), "new", QByteArrayView("old")));
+    EXPECT_EQ(readBack("a.tvd"), "new");
+}
+
+TEST_F(Rewrite, LeavesAFileThatMustNotBeRead)
+{
+    writeFile("a.tvd", "old");
+    ASSERT_EQ(chmod("a.tvd", 0222), 0);
+    ASSERT_EQ(chmod(".", 0777), 0);
+    EXPECT_TRUE(holdsForOrdinaryUser([] {
+        const auto error = rewriteFile(name(), "new", QByteArrayView("old"));
+        return error && error->unchanged && !error->outdated && !error->cause.isEmpty();
+    }));
+    EXPECT_EQ(readBack("a.tvd"), "old");
+}
+
 TEST_F(Rewrite, LeavesTheOldFileWhenTheNewOneDoesNotFit)
 {
     writeFile("a.tvd", "old");

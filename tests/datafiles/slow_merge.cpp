@@ -1,5 +1,7 @@
 #include "datafiles/slow_merge.h"
 
+#include "datafiles/code_page.h"
+
 #include <QFile>
 
 #include <array>
@@ -82,10 +84,9 @@ void sweep(Lists &lists, const QString &target, QStringList &messages)
             const QByteArray b = file.readLine();
             if (a == lists[0][i] && b == lists[1][i]) {
                 messages << QStringLiteral("The combination of match type: ") +
-                                QString::fromLatin1(a) + QStringLiteral(" and stipulation: ") +
-                                QString::fromLatin1(b) +
-                                QStringLiteral(" are already in the file ") + target +
-                                QStringLiteral(" so will not be imported.");
+                                codepage::decode(a) + QStringLiteral(" and stipulation: ") +
+                                codepage::decode(b) + QStringLiteral(" are already in the file ") +
+                                target + QStringLiteral(" so will not be imported.");
                 lists[0][i].clear();
             }
             for (int discarded = 0; discarded < 17; ++discarded) {

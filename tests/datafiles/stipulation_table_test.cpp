@@ -201,9 +201,10 @@ TEST_F(StipulationTableTest, GoesBackToASnapshotFromEveryChange)
     table.append(fourth);
     table.restore(before);
     EXPECT_EQ(written(), one + two + four);
+    const auto beforeNext = table.snapshot();
     table.replace(38, recordOf(stipulationLines("Battle Royal", "Other")));
     table.remove(0);
-    table.restore(before);
+    table.restore(beforeNext);
     EXPECT_EQ(written(), one + two + four);
 }
 

@@ -58,9 +58,14 @@ protected:
         ASSERT_FALSE(table.load(path()));
     }
 
-    QByteArray writtenBack() const
+    QByteArray writtenBack()
     {
         EXPECT_FALSE(table.writeBack(path()));
+        return content();
+    }
+
+    QByteArray content() const
+    {
         QFile file(path());
         EXPECT_TRUE(file.open(QIODevice::ReadOnly));
         return file.readAll();
@@ -146,6 +151,101 @@ TEST_F(StipulationWriteBack, ATableGoneBackToASnapshotIsTheOldFile)
     table.replace(0, record("changed"));
     table.remove(kLines);
     table.restore(std::move(before));
+    EXPECT_EQ(writtenBack(), bytes);
+}
+
+/// Two programs that have loaded the same file.
+class TwoStipulationTables : public StipulationWriteBack
+{
+protected:
+    TwoStipulationTables()
+    {
+        load(fileOf(linesOf(2)));
+        EXPECT_FALSE(other.load(path()));
+        other.append(record("other"));
+        EXPECT_FALSE(other.writeBack(path()));
+        others = content();
+        table.append(record("own"));
+    }
+
+    StipulationTable other;
+    QByteArray others; ///< the file as the other program wrote it
+};
+
+TEST_F(TwoStipulationTables, KeepWhatTheOtherOneWrote)
+{
+    const auto error = table.writeBack(path());
+    ASSERT_TRUE(error);
+    EXPECT_TRUE(error->outdated);
+    EXPECT_TRUE(error->unchanged);
+    EXPECT_EQ(content(), others);
+}
+
+TEST_F(TwoStipulationTables, RefuseAgainUntilTheFileIsLoadedAgain)
+{
+    EXPECT_TRUE(table.writeBack(path()));
+    EXPECT_TRUE(table.writeBack(path()));
+    ASSERT_FALSE(table.load(path()));
+    table.append(record("own"));
+    EXPECT_EQ(writtenBack(), others + fileOf(Lines(kLines, "own")));
+}
+
+TEST_F(TwoStipulationTables, WriteOverTheOtherOneWhenTold)
+{
+    EXPECT_FALSE(table.writeBack(path(), StipulationTable::IfChanged::Overwrite));
+    EXPECT_EQ(content(), fileOf(linesOf(2) + Lines(kLines, "own")));
+    table.append(record("next"));
+    EXPECT_EQ(writtenBack(), fileOf(linesOf(2) + Lines(kLines, "own") + Lines(kLines, "next")));
+}
+
+TEST_F(StipulationWriteBack, ASecondOneKnowsWhatTheFirstOneWrote)
+{
+    load(fileOf(linesOf(1)));
+    table.append(record("first"));
+    EXPECT_FALSE(table.writeBack(path()));
+    table.append(record("second"));
+    EXPECT_EQ(writtenBack(), fileOf(linesOf(1) + Lines(kLines, "first") + Lines(kLines, "second")));
+}
+
+TEST_F(StipulationWriteBack, LinesStayTheSameAfterEverySave)
+{
+    Lines lines = linesOf(3);
+    load(fileOf(lines));
+    const auto expectLines = [this, &lines] {
+        ASSERT_EQ(table.lineCount(), lines.size());
+        for (int index = 0; index < table.lineCount(); ++index) {
+            EXPECT_EQ(table.line(index), lines.at(index)) << index;
+        }
+    };
+    table.replace(kLines, record("edited"));
+    lines = lines.mid(0, kLines) + Lines(kLines, "edited") + lines.mid(2 * kLines);
+    EXPECT_EQ(writtenBack(), fileOf(lines));
+    expectLines();
+    table.remove(0);
+    lines = lines.mid(kLines);
+    table.append(record("new"));
+    lines += Lines(kLines, "new");
+    EXPECT_EQ(writtenBack(), fileOf(lines));
+    expectLines();
+}
+
+TEST_F(StipulationWriteBack, AFileReplacedByTheSameBytesIsNotChanged)
+{
+    const QByteArray bytes = fileOf(linesOf(1));
+    load(bytes);
+    ASSERT_TRUE(QFile::remove(path()));
+    QFile copy(path());
+    ASSERT_TRUE(copy.open(QIODevice::WriteOnly));
+    ASSERT_EQ(copy.write(bytes), bytes.size());
+    copy.close();
+    EXPECT_EQ(writtenBack(), bytes);
+}
+
+TEST_F(StipulationWriteBack, AFileThatVanishedIsMadeAnew)
+{
+    const QByteArray bytes = fileOf(linesOf(1));
+    load(bytes);
+    ASSERT_TRUE(QFile::remove(path()));
     EXPECT_EQ(writtenBack(), bytes);
 }
 

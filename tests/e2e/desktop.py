@@ -3,19 +3,23 @@
 import os
 import select
 import subprocess
+import tempfile
 
 WIDTH, HEIGHT = 1366, 768
 
 
 class Desktop:
-    """Lives as long as its `with` block; inside it DISPLAY and the bus address are set."""
+    """Lives as long as its `with` block; inside it DISPLAY, the bus address and a runtime folder are
+    set, as in a session that a user logged into."""
 
     def __init__(self, log):
         self._log = log
         self._processes = []
+        self._runtime = tempfile.TemporaryDirectory()
 
     def __enter__(self):
         try:
+            os.environ["XDG_RUNTIME_DIR"] = self._runtime.name
             os.environ["DISPLAY"] = self._start_display()
             os.environ["DBUS_SESSION_BUS_ADDRESS"] = self._start_bus()
             self._start_window_manager()
@@ -28,6 +32,7 @@ class Desktop:
         for process in reversed(self._processes):
             process.terminate()
             process.wait()
+        self._runtime.cleanup()
 
     def _start(self, *command, **options):
         process = subprocess.Popen(command, stderr=self._log, **options)

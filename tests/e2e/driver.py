@@ -29,14 +29,14 @@ class TourError(RuntimeError):
 class Driver:
     """One run of the program in a folder, with pictures going to another."""
 
-    def __init__(self, program, folder, pictures, timeout, log):
+    def __init__(self, command, folder, pictures, timeout, log):
         self._timeout = timeout
         self._pictures = pictures
         self._picture_count = 0
         self._box_title = BOX_TITLE
         Atspi.init()  # starts the accessibility bus, which the program looks for when it starts
         environment = dict(os.environ, QT_QPA_PLATFORM="xcb", QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
-        self._process = subprocess.Popen([program], cwd=folder, env=environment, stderr=log)
+        self._process = subprocess.Popen(command, cwd=folder, env=environment, stderr=log)
 
     # What is on the screen
 
@@ -166,8 +166,17 @@ class Driver:
                 return application
         return None
 
+    def _shown(self):
+        """What the shown windows hold. The others, and the lists of closed boxes, hold by far the
+        most of all that there is, and asking for each takes time."""
+        application = self._application()
+        for index in range(application.get_child_count() if application else 0):
+            window = application.get_child_at_index(index)
+            if window and has(window, "SHOWING"):
+                yield from walk(window, FIELDS)
+
     def _find(self, role, name):
-        for each in walk(self._application()):
+        for each in self._shown():
             if each.get_role_name() == role and each.get_name() == name and has(each, "SHOWING"):
                 return each
         return None
@@ -176,7 +185,7 @@ class Driver:
         return self._wait(f'the field "{name}"', lambda: self._find_field(name))
 
     def _find_field(self, name):
-        for each in walk(self._application()):
+        for each in self._shown():
             if each.get_role_name() in FIELDS and has(each, "SHOWING") and name_of(each) == name:
                 return each
         return None
@@ -206,13 +215,13 @@ class Driver:
         subprocess.run(["import", "-window", window, path], check=True)
 
 
-def walk(root):
-    """The thing and everything inside it."""
+def walk(root, closed=()):
+    """The thing and everything inside it, but for what is in things of the closed roles."""
     if root is None:
         return
     yield root
-    for index in range(root.get_child_count()):
-        yield from walk(root.get_child_at_index(index))
+    for index in range(0 if root.get_role_name() in closed else root.get_child_count()):
+        yield from walk(root.get_child_at_index(index), closed)
 
 
 def has(thing, state):

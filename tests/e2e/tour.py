@@ -1,11 +1,13 @@
 #!/usr/bin/python3
 """Drives the real program through its main job on a virtual display.
 
-Usage: tour.py PROGRAM [FOLDER] [--timeout SECONDS]
+Usage: tour.py PROGRAM [FOLDER] [--timeout SECONDS] [--watch]
 
 Pictures of every screen, the data files written and a log land in FOLDER. The files must hold,
 byte for byte, what the typed values give; any difference, timeout or crash ends the tour with a
-plain message and a status other than zero.
+plain message and a status other than zero. With --watch the program's system calls are traced into
+FOLDER as well, and any that it should not make is a failure; where the machine does not let one
+program trace another, the tour goes without and its last line says "skipped".
 """
 
 import argparse
@@ -16,12 +18,17 @@ import subprocess
 import sys
 import tempfile
 
+sys.path.append(os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "faults"))
+
+import watch
 from desktop import Desktop
 from driver import Driver, TourError
 from flows import FLOWS
+from points import tracing_refused
 from steps import MENU
 
 LOG = "tour.log"
+TRACE = "calls.trace"
 
 
 def main():
@@ -29,15 +36,20 @@ def main():
     parser.add_argument("program")
     parser.add_argument("folder", nargs="?", default="build/tour")
     parser.add_argument("--timeout", type=float, default=60, help="seconds to wait for each step")
+    parser.add_argument("--watch", action="store_true", help="trace the program's system calls")
     arguments = parser.parse_args()
+    refused = arguments.watch and tracing_refused()
+    arguments.watch = arguments.watch and not refused
     clear(arguments.folder)
     with open(os.path.join(arguments.folder, LOG), "w", encoding="utf-8") as log:
         try:
-            tour(os.path.abspath(arguments.program), arguments.folder, arguments.timeout, log)
+            tour(arguments, log)
         except (RuntimeError, OSError, subprocess.SubprocessError) as error:
             log.flush()
             sys.exit(f"The tour failed: {error}.\nSee {log.name}.")
     print(f"The tour is done; pictures and data files are in {arguments.folder}.")
+    if refused:
+        print(f"skipped: the watch over the program's system calls: {refused}")
 
 
 def clear(folder):
@@ -46,14 +58,18 @@ def clear(folder):
     names = os.listdir(folder)
     if LOG not in names and any(name.endswith(".tvd") for name in names):
         sys.exit(f"{folder} holds data files that no tour wrote; name another folder.")
-    for pattern in ("[0-9][0-9]-*.png", "*.tvd", LOG):
+    for pattern in ("[0-9][0-9]-*.png", "*.tvd", LOG, TRACE):
         for old in glob.glob(os.path.join(glob.escape(folder), pattern)):
             os.remove(old)
 
 
-def tour(program, pictures, timeout, log):
+def tour(arguments, log):
+    pictures = arguments.folder
+    trace = os.path.join(os.path.abspath(pictures), TRACE)
+    program = os.path.abspath(arguments.program)
+    command = watch.command(trace, program) if arguments.watch else [program]
     with Desktop(log), tempfile.TemporaryDirectory() as work:
-        driver = Driver(program, work, pictures, timeout, log)
+        driver = Driver(command, work, pictures, arguments.timeout, log)
         try:
             driver.wait_screen(MENU)
             driver.picture("menu")
@@ -69,6 +85,8 @@ def tour(program, pictures, timeout, log):
             for name in os.listdir(work):
                 shutil.copy(os.path.join(work, name), pictures)
         check_files(work)
+        if arguments.watch:
+            check_calls(trace, work)
 
 
 def check_files(work):
@@ -79,6 +97,18 @@ def check_files(work):
     for _, name, lines in FLOWS:
         with open(os.path.join(work, name), "rb") as file:
             compare(name, file.read(), "".join(line + "\r\n" for line in lines).encode("cp1252"))
+
+
+def check_calls(trace, work):
+    """Fails unless the program wrote the data files under watch, and did nothing that it may not."""
+    lines = watch.lines_of(trace)
+    unseen = {name for _, name, _ in FLOWS} - watch.data_files(lines)
+    if unseen:
+        raise TourError(f"the watch did not see {unseen} being written")
+    complaints = watch.complaints(lines, work)
+    if complaints:
+        raise TourError("the program should not have asked the system for:\n" +
+                        "\n".join(complaints) + "\n")
 
 
 def compare(name, written, expected):

@@ -1,13 +1,15 @@
-// One save of the file layer, to be run under injected faults:
+// One save of the file layer, to be run under faults and hindrances:
 //
 //     fault_probe append FILE RECORD     adds the bytes of the file RECORD to FILE
 //     fault_probe rewrite FILE RECORD    loads the stipulations of FILE, puts the lines of RECORD
-//     in
-//                                        the place of the second one and writes them back
+//                                        in the place of the second one and writes them back
+//     fault_probe interviews FILE SOURCE     imports the interviews of SOURCE into FILE
+//     fault_probe stipulations FILE SOURCE   imports the stipulations of SOURCE into FILE
 //
 // RECORD is read before FILE is touched. The exit code tells what the file layer reported.
 
 #include "datafiles/append.h"
+#include "datafiles/import_merge.h"
 #include "datafiles/line_reader.h"
 #include "datafiles/read.h"
 #include "datafiles/stipulation_table.h"
@@ -39,6 +41,13 @@ std::optional<FileError> rewrite(const QString &file, QByteArrayView lines)
     return table.writeBack(file);
 }
 
+std::optional<FileError> import(tarvold::DataFileKind kind, const QString &file,
+                                const QString &source)
+{
+    const auto failure = tarvold::importRecords({source, file, kind}, [](const QString &) {});
+    return failure ? std::optional(failure->error) : std::nullopt;
+}
+
 Outcome report(const std::optional<FileError> &error)
 {
     if (!error) {
@@ -60,7 +69,14 @@ int main(int argc, char *argv[])
     }
     const QString operation = QString::fromLocal8Bit(argv[1]);
     const QString file = QString::fromLocal8Bit(argv[2]);
-    const tarvold::FileContent record = tarvold::readFile(QString::fromLocal8Bit(argv[3]));
+    const QString other = QString::fromLocal8Bit(argv[3]);
+    if (operation == QLatin1String("interviews")) {
+        return report(import(tarvold::DataFileKind::Interviews, file, other));
+    }
+    if (operation == QLatin1String("stipulations")) {
+        return report(import(tarvold::DataFileKind::Stipulations, file, other));
+    }
+    const tarvold::FileContent record = tarvold::readFile(other);
     if (record.error) {
         return WrongUse;
     }

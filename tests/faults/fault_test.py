@@ -1,91 +1,70 @@
 #!/usr/bin/env python3
 """Injects a fault at every system call of a save and reads everything back.
 
-    fault_test.py append|rewrite PROBE
+    fault_test.py [--all] append|rewrite|import PROBE
 
 The probe performs one save with the real file layer. It is traced once without faults, to learn
-which system calls touch the data file or its folder; then it runs once for each of them and each
-fault: killed there, refused once, refused from there on. Sizes of files are limited to every byte
-of what is written, so that writes run short. After each run the folder must hold the old content
-or the new one, and what the probe reported must be true.
+which system calls touch the data files or their folder; then it runs once for each of them and each
+fault: killed there, refused once, refused from there on. Sizes of files are limited, so that writes
+run short: to every seventh byte of what is written, with --all to every byte. After each run the
+folder must hold the old content or the new one, and what the probe reported must be true.
 
 Exit code: 0 when nothing was lost, 1 when something was, 77 when this machine does not let one
 program trace another.
 """
 
+import argparse
+import functools
 import os
 import sys
 import tempfile
-from collections import Counter
 from concurrent.futures import ThreadPoolExecutor
 
+from judge import Tally, judge
 from points import injected_points, size_points, tracing_refused
-from saves import SAVES
+from saves import SAVES, settle
 
-FAILURES = ("torn", "lost", "false", "stray", "altered", "crashed", "missed")
 LEAST_POINTS = 400
 PARALLEL = 2
 
 
-def judge(save, folder, run):
-    """What a run left behind, as a set of words; see FAILURES."""
-    content = save.content(folder)
-    found = {"new" if content == save.new else "old" if save.is_old(content, run) else "torn"}
-    if save.old and not save.keeps_records(content):
-        found.add("lost")
-    if run.allows_torn and run.code == 2:
-        found.discard("torn")  # two faults at once, and the report says so
-    if not run.killed:
-        if run.code not in (0, 1, 2):
-            found.add("crashed")
-        if run.code == 0 and (content != save.new or run.must_be_reported):
-            found.add("false")
-        if run.code == 1 and content != save.old:
-            found.add("false")
-    if not run.reached:
-        found.add("missed")
-    if save.is_altered(folder):
-        found.add("altered")
-    if save.strays(folder):
-        found.add("leftover" if run.killed and save.may_leave_copy else "stray")
-    return found
+def try_point(save, probe, scratch, point):
+    run = point.run(save.command(probe, scratch))
+    found = judge(save, os.path.join(scratch, "folder"), run)
+    return found, f"{save.name}: {point}: exit code {run.code}: {run.output}"
 
 
-def try_point(save, probe, point):
-    with tempfile.TemporaryDirectory() as scratch:
-        folder = os.path.join(scratch, "folder")
-        os.mkdir(folder)
-        save.prepare(folder)
-        run = point.run(save.command(probe, scratch))
-        found = judge(save, folder, run)
-        return found, f"{save.name}: {point}: exit code {run.code}: {run.output}"
-
-
-def try_save(save, probe):
-    """Tries all points of one kind of save; returns how many there were and what was found."""
-    points = injected_points(save, probe) + size_points(save)
-    found = Counter()
-    with ThreadPoolExecutor(PARALLEL) as pool:
-        for words, story in pool.map(lambda point: try_point(save, probe, point), points):
-            found.update(words)
-            bad = sorted(words.intersection(FAILURES))
-            if bad:
-                print(f"  {', '.join(bad)}: {story}")
-    figures = ", ".join(f"{found[word]} {word}" for word in ("old", "new", "leftover", *FAILURES))
-    print(f"{save.name}: {len(points)} points, {figures}")
-    return len(points), sum(found[word] for word in FAILURES)
+def try_save(save, probe, step):
+    """Tries all points of one kind of save."""
+    points = injected_points(save, probe) + size_points(save, step)
+    tally = Tally("old", "new", "leftover", "unsure")
+    with tempfile.TemporaryDirectory() as top, ThreadPoolExecutor(PARALLEL) as pool:
+        scratches = [os.path.join(top, str(number)) for number in range(len(points))]
+        for scratch in scratches:
+            save.prepare(os.path.join(scratch, "folder"))
+        settle()
+        tries = pool.map(functools.partial(try_point, save, probe), scratches, points)
+        for words, story in tries:
+            tally.add(words, story)
+    print(f"{save.name}: {tally}")
+    return tally
 
 
 def main():
-    operation, probe = sys.argv[1:]
+    parser = argparse.ArgumentParser()
+    parser.add_argument("--all", action="store_true")
+    parser.add_argument("operation", choices=SAVES)
+    parser.add_argument("probe", type=os.path.abspath)
+    options = parser.parse_args()
     refused = tracing_refused()
     if refused:
         print(f"skipped: {refused}")
         return 77
-    results = [try_save(save, os.path.abspath(probe)) for save in SAVES[operation]]
-    points = sum(count for count, _ in results)
-    failures = sum(count for _, count in results)
-    print(f"{operation}: {points} points, {failures} failures")
+    step = 1 if options.all else 7
+    tallies = [try_save(save, options.probe, step) for save in SAVES[options.operation]]
+    points = sum(tally.points for tally in tallies)
+    failures = sum(tally.failures for tally in tallies)
+    print(f"{options.operation}: {points} points, {failures} failures")
     return 0 if failures == 0 and points >= LEAST_POINTS else 1
 
 

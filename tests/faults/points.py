@@ -8,7 +8,7 @@ from collections import Counter
 from dataclasses import dataclass
 from typing import Optional
 
-from saves import RECORD
+from saves import settle
 
 ERRORS = ("ENOSPC", "EIO", "EACCES", "EDQUOT", "EINTR")
 LASTING_ERRORS = ("ENOSPC", "EIO", "EACCES")
@@ -26,7 +26,7 @@ class Run:
     killed: bool = False
     reached: bool = True  # the fault was injected indeed
     must_be_reported: bool = False  # success is no true answer to this fault
-    allows_torn: bool = False  # two faults at once: the take-back of a short write fails too
+    allows_unsure: bool = False  # two faults: the take-back of a failed write fails too
 
 
 def _run(command):
@@ -38,7 +38,7 @@ def _run(command):
 
 
 def _limit(size):
-    """Limits the files of the command that follows; strace writes to a pipe and does not feel it."""
+    """Limits the files of the command that follows; strace writes to a pipe and feels nothing."""
     return ["prlimit", f"--fsize={size}"] if size is not None else []
 
 
@@ -67,7 +67,7 @@ class Injection:
             killed=self.fault == "signal=KILL",
             reached=reached or self.size is not None,  # the short write may end the save before
             must_be_reported=is_sync,
-            allows_torn=self.size is not None,
+            allows_unsure=self.size is not None or self.when.endswith("+"),
         )
 
 
@@ -86,7 +86,7 @@ class SizeLimit:
 
 
 def tracing_refused():
-    """Why the faults cannot be injected here; None when they can."""
+    """Why programs cannot be traced and given faults here; None when they can."""
     try:
         traced = ["strace", "-o", os.devnull, "-e", "inject=close:error=EIO:when=1", "/bin/true"]
         done = subprocess.run(traced, capture_output=True, timeout=STUCK_SECONDS, check=False)
@@ -100,8 +100,8 @@ def calls_of(save, probe):
     """The system calls of a save without faults: (name, occurrence since the probe's start)."""
     with tempfile.TemporaryDirectory() as scratch:
         folder = os.path.join(scratch, "folder")
-        os.mkdir(folder)
         save.prepare(folder)
+        settle()
         tracer = ["strace", "-f", "-s", "4096", "-e", "trace=%file,%desc"]
         _, _, trace = _run([*tracer, *save.command(probe, scratch)])
         if save.content(folder) != save.new:
@@ -134,21 +134,23 @@ def injected_points(save, probe):
         points.append(Injection(name, "signal=KILL", str(occurrence)))
         points += [Injection(name, f"error={error}", str(occurrence)) for error in ERRORS]
         points += [Injection(name, f"error={error}", f"{occurrence}+") for error in LASTING_ERRORS]
-        if save.operation == "append":
-            short = len(save.new) - len(RECORD) // 2
+        if not save.is_rewrite:
+            short = len(save.new) - len(save.added) // 2
             points.append(Injection(name, "error=EIO", str(occurrence), short))
             points.append(Injection(name, "error=EIO", f"{occurrence}+", short))
     return points
 
 
-def size_points(save):
-    """Every size at which the write of this save runs short, and some where mending fails too."""
+def size_points(save, step):
+    """Sizes at which the write of this save runs short, and some where mending fails too.
+
+    All sizes with a step of 1; the first and the last one with any.
+    """
     end = len(save.new)
-    step = 7 if save.through_link else 1  # the link changes nothing in the write itself
-    if save.operation == "rewrite":
-        return [SizeLimit(size) for size in range(1, end, step)]
-    start = end - len(RECORD)
-    points = [SizeLimit(size) for size in range(start, end, step)]
-    for call in ("ftruncate", "unlink"):
-        points += [Injection(call, "error=EIO", "1+", size) for size in range(start + 1, end, 50)]
+    start = 1 if save.is_rewrite else end - len(save.added)
+    points = [SizeLimit(size) for size in sorted({*range(start, end, step), end - 1})]
+    if not save.is_rewrite:
+        for call in ("ftruncate", "unlink"):
+            sizes = range(start + 1, end, 50)
+            points += [Injection(call, "error=EIO", "1+", size) for size in sizes]
     return points

@@ -1,11 +1,18 @@
 """The saves that the fault tests perform: what lies in the folder before and after each."""
 
 import os
+import time
+from dataclasses import dataclass
+from typing import Optional
 
 LINES = 19
 MODE = 0o640
 FILE = "data.tvd"
 TARGET = "target.tvd"
+SOURCE = "source.tvd"
+LONG_AGO = 1_000_000_000_000_000_000  # when the source was last changed, in nanoseconds
+
+LINK = ((FILE, TARGET),)
 
 
 def record(name):
@@ -19,43 +26,74 @@ RECORD = record("edited, with a longer text,")
 
 
 def read(path):
-    """The bytes of a file, or None when there is none."""
+    """The bytes of a file, or None when the path leads to no file."""
+    if not os.path.isfile(path):
+        return None  # a pipe would be waited for
     try:
         with open(path, "rb") as file:
             return file.read()
-    except FileNotFoundError:
+    except OSError:
         return None
 
 
+def settle():
+    """Waits until nothing counts as changed just now: an import reads such a target twice."""
+    time.sleep(0.05)
+
+
+@dataclass
 class Save:
     """One save of the probe on one kind of file."""
 
-    def __init__(self, name, operation, old, new, through_link=False):
-        self.name = name
-        self.operation = operation
-        self.old = old
-        self.new = new
-        self.through_link = through_link
-        # A killed one may leave a temporary file beside the data file.
-        self.may_leave_copy = operation == "rewrite"
+    name: str
+    operation: str
+    old: Optional[bytes]
+    new: bytes
+    links: tuple = ()  # (name, target) of each symbolic link
+    real: str = FILE  # the file that the saved name means, links followed
+    source: Optional[bytes] = None  # what is imported
+    record: bytes = RECORD
+
+    @property
+    def is_rewrite(self):
+        return self.operation == "rewrite"
+
+    @property
+    def added(self):
+        """What the save adds at the end, unless it rewrites."""
+        return self.new[len(self.old or b"") :]
+
+    @property
+    def may_leave_copy(self):
+        """A killed one may leave a temporary file beside the data file."""
+        return self.is_rewrite
 
     def _real(self, folder):
-        return os.path.join(folder, TARGET if self.through_link else FILE)
+        return os.path.join(folder, self.real)
 
     def prepare(self, folder):
+        os.makedirs(os.path.dirname(self._real(folder)), exist_ok=True)
         if self.old is not None:
             with open(self._real(folder), "wb") as file:
                 file.write(self.old)
             os.chmod(self._real(folder), MODE)
-        if self.through_link:
-            os.symlink(TARGET, os.path.join(folder, FILE))
+        for name, target in self.links:
+            os.symlink(target, os.path.join(folder, name))
+        if self.source is not None:
+            path = os.path.join(folder, SOURCE)
+            with open(path, "wb") as file:
+                file.write(self.source)
+            os.utime(path, ns=(LONG_AGO, LONG_AGO))
 
     def command(self, probe, scratch):
-        """The probe's command line; the record lies outside of the data file's folder."""
-        path = os.path.join(scratch, "record")
-        with open(path, "wb") as file:
-            file.write(RECORD)
-        return [probe, self.operation, os.path.join(scratch, "folder", FILE), path]
+        """The probe's command line; a record lies outside of the data file's folder."""
+        folder = os.path.join(scratch, "folder")
+        path = os.path.join(folder, SOURCE)
+        if self.source is None:
+            path = os.path.join(scratch, "record")
+            with open(path, "wb") as file:
+                file.write(self.record)
+        return [probe, self.operation, os.path.join(folder, FILE), path]
 
     def content(self, folder):
         return read(self._real(folder))
@@ -66,14 +104,23 @@ class Save:
 
     def keeps_records(self, content):
         """Whether the records that the save does not touch are all there."""
-        if self.operation == "append":
+        if not self.old:
+            return True
+        if not self.is_rewrite:
             return content is not None and content.startswith(self.old)
-        return content is not None and content.startswith(OLD[0]) and content.endswith(OLD[2])
+        rest = self.old[len(OLD[0] + OLD[1]) :]
+        return content is not None and content.startswith(OLD[0]) and content.endswith(rest)
 
     def is_altered(self, folder):
-        """Whether the link is no link any more or the file's mode is another one."""
-        if self.through_link and not os.path.islink(os.path.join(folder, FILE)):
-            return True
+        """Whether a link, the file's mode or anything of the source is not as it was."""
+        for name, target in self.links:
+            path = os.path.join(folder, name)
+            if not os.path.islink(path) or os.readlink(path) != target:
+                return True
+        if self.source is not None:
+            path = os.path.join(folder, SOURCE)
+            if read(path) != self.source or os.stat(path).st_mtime_ns != LONG_AGO:
+                return True
         real = self._real(folder)
         return (
             self.old is not None
@@ -82,20 +129,50 @@ class Save:
         )
 
     def strays(self, folder):
-        return set(os.listdir(folder)) - {FILE, os.path.basename(self._real(folder))}
+        """The files and links that belong to nothing here."""
+        known = {self.real, SOURCE, *(name for name, _ in self.links)}
+        found = set()
+        for place, _, names in os.walk(folder):
+            found.update(os.path.relpath(os.path.join(place, name), folder) for name in names)
+        return found - known
 
 
 ALL_OLD = b"".join(OLD)
 REWRITTEN = OLD[0] + RECORD + OLD[2]
+INTERVIEWS = RECORD + record("another")
+STIPULATIONS = OLD[1] + INTERVIEWS  # the first one is in the target already
 
 SAVES = {
     "append": [
         Save("append to a file", "append", ALL_OLD, ALL_OLD + RECORD),
         Save("append to a missing file", "append", None, RECORD),
-        Save("append through a link", "append", ALL_OLD, ALL_OLD + RECORD, through_link=True),
+        Save("append through a link", "append", ALL_OLD, ALL_OLD + RECORD, LINK, TARGET),
     ],
     "rewrite": [
         Save("rewrite", "rewrite", ALL_OLD, REWRITTEN),
-        Save("rewrite through a link", "rewrite", ALL_OLD, REWRITTEN, through_link=True),
+        Save("rewrite through a link", "rewrite", ALL_OLD, REWRITTEN, LINK, TARGET),
+    ],
+    "import": [
+        Save(
+            "import of stipulations",
+            "stipulations",
+            ALL_OLD,
+            ALL_OLD + INTERVIEWS,
+            source=STIPULATIONS,
+        ),
+        Save(
+            "import of interviews",
+            "interviews",
+            ALL_OLD,
+            ALL_OLD + INTERVIEWS,
+            source=INTERVIEWS,
+        ),
+        Save(
+            "import into a missing file",
+            "interviews",
+            None,
+            INTERVIEWS,
+            source=INTERVIEWS,
+        ),
     ],
 }

@@ -30,6 +30,7 @@ QList<Broken> brokenTexts()
             {QStringLiteral("a\nb"), QStringLiteral("a b")},
             {u'a' + QString(QChar(0x2028)) + u'b', QStringLiteral("a b")},
             {u'a' + QString(QChar(0x2029)) + u'b', QStringLiteral("a b")},
+            {u'a' + QString(QChar(0x85)) + u'b', QStringLiteral("a b")},
             {QStringLiteral("a\n\r\n\rb"), QStringLiteral("a   b")},
             {QStringLiteral("\r\na\r\n"), QStringLiteral(" a ")}};
 }
@@ -117,6 +118,28 @@ TEST_F(TextBoxTest, DroppedBreaksBecomeBlanks)
         QApplication::sendEvent(&box, &drop);
         EXPECT_TRUE(drop.isAccepted());
     });
+}
+
+TEST_F(TextBoxTest, BreaksInTheTextOfAKeyBecomeBlanks)
+{
+    expectOneLine([this](const QString &text) {
+        // A first character that cannot be seen makes a key one that types nothing.
+        const QString typed = text.front().isPrint() ? text : u' ' + text.mid(2);
+        QTest::sendKeyEvent(QTest::Click, window.windowHandle(), Qt::Key_unknown, typed,
+                            Qt::NoModifier);
+    });
+}
+
+TEST_F(TextBoxTest, KeysThatBearAControlCharacterLeaveTheTextAlone)
+{
+    for (const char control : {'\r', '\n', '\t', '\x1b', '\x0b'}) {
+        box.setText(QStringLiteral("hello"));
+        box.setFocus();
+        box.selectAll();
+        QTest::sendKeyEvent(QTest::Click, window.windowHandle(), Qt::Key_unknown,
+                            QString(QLatin1Char(control)), Qt::ControlModifier | Qt::AltModifier);
+        EXPECT_EQ(box.text(), QStringLiteral("hello")) << int(control);
+    }
 }
 
 TEST_F(TextBoxTest, BreaksFromAnInputMethodBecomeBlanks)

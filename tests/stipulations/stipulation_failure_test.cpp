@@ -1,6 +1,12 @@
 #include "stipulations/stipulation_test.h"
 #include "support/hindrances.h"
 
+#include <QApplication>
+#include <QLineEdit>
+#include <QMessageBox>
+
+#include <functional>
+
 namespace tarvold::testing {
 namespace {
 
@@ -116,6 +122,134 @@ TEST_F(StipulationFailure, OnAFullDiskLeavesTheOldFileAndNothingElse)
     EXPECT_EQ(folderContent(), kFile);
     save();
     EXPECT_EQ(readBack(kFile), one + untouched("Cage"));
+}
+
+/// Does something whenever a message box is shown, before it is answered.
+class ShownBoxes : public QObject
+{
+public:
+    explicit ShownBoxes(std::function<void()> task) : m_task(std::move(task))
+    {
+        qApp->installEventFilter(this);
+    }
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Show && watched->inherits("QMessageBox")) {
+            m_task();
+        }
+        return false;
+    }
+
+private:
+    std::function<void()> m_task;
+};
+
+/// The file is changed by another program while the list is open.
+class StipulationsChangedByAnother : public StipulationFailure
+{
+protected:
+    void anotherProgramWrites() { writeFile(kFile, one + two); }
+
+    void answerTheQuestion(const char *kept, Answer answer)
+    {
+        boxes.expectQuestion(
+            utf8("Stipulations Editor"),
+            utf8("The file \"stipulations.tvd\" was changed by another program after this list was "
+                 "loaded.\n\nYes writes your list over it, and what the other program changed is "
+                 "lost. ") +
+                utf8(kept) +
+                utf8(" To see what was changed, open the list again from the main menu.\n\nWrite "
+                     "over it?"),
+            answer);
+    }
+
+    const char *const kForm = "No writes nothing, and everything that you typed stays here until "
+                              "you leave this form.";
+    const char *const kList = "No deletes nothing, and the list stays as you see it.";
+};
+
+TEST_F(StipulationsChangedByAnother, AreKeptWhenTheUserSaysNo)
+{
+    for (const Answer answer : {Answer::No, Answer::Enter, Answer::Escape, Answer::Close}) {
+        open(one);
+        createNew();
+        put("stipulation", "Cage");
+        anotherProgramWrites();
+        answerTheQuestion(kForm, answer);
+        press("Form3", "Command2");
+        expectOnly("Form3");
+        EXPECT_EQ(shown("stipulation"), utf8("Cage"));
+        EXPECT_EQ(readBack(kFile), one + two);
+        cancel();
+        EXPECT_EQ(listed(), Texts{"Singles / One"});
+        press("Form16", "Command3");
+    }
+}
+
+TEST_F(StipulationsChangedByAnother, AreWrittenOverWhenTheUserSaysYes)
+{
+    open(one);
+    createNew();
+    put("stipulation", "Cage");
+    anotherProgramWrites();
+    answerTheQuestion(kForm, Answer::Yes);
+    save();
+    EXPECT_EQ(readBack(kFile), one + untouched("Cage"));
+    EXPECT_EQ(listed(), (Texts{"Singles / One", "Singles / Cage"}));
+}
+
+TEST_F(StipulationsChangedByAnother, AreKeptByADeleteWhenTheUserSaysNo)
+{
+    open(one);
+    select(0);
+    anotherProgramWrites();
+    boxes.expectQuestion(utf8("Delete Stipulation"),
+                         utf8("Are you sure you want to permanently delete the match stipulation:"
+                              "\r\n\r\nSingles / One\r\n"),
+                         Answer::Yes);
+    answerTheQuestion(kList, Answer::No);
+    press("Form16", "Command4");
+    EXPECT_EQ(readBack(kFile), one + two);
+    EXPECT_EQ(listed(), Texts{"Singles / One"});
+}
+
+TEST_F(StipulationsChangedByAnother, StandBehindTheQuestionAsTheyWereListed)
+{
+    open(one + two);
+    select(0);
+    writeFile(kFile, two);
+    boxes.expectQuestion(utf8("Delete Stipulation"),
+                         utf8("Are you sure you want to permanently delete the match stipulation:"
+                              "\r\n\r\nSingles / One\r\n"),
+                         Answer::Yes);
+    answerTheQuestion(kList, Answer::No);
+    Texts behind;
+    ShownBoxes watch([this, &behind] { behind = listed(); });
+    press("Form16", "Command4");
+    EXPECT_EQ(behind, (Texts{"Singles / One", "Singles / Two"}));
+}
+
+TEST_F(StipulationsChangedByAnother, AreNotMeantWhenTheListIsSavedUnderAnotherName)
+{
+    open(one);
+    writeFile("other.tvd", two);
+    screen("Form1").control<QLineEdit>("Text1").setText(utf8("other.tvd"));
+    createNew();
+    put("stipulation", "Cage");
+    save();
+    EXPECT_EQ(readBack("other.tvd"), one + untouched("Cage"));
+    EXPECT_EQ(readBack(kFile), one);
+}
+
+TEST_F(StipulationsChangedByAnother, AreSeenWhenTheListIsOpenedAgain)
+{
+    open(one);
+    createNew();
+    anotherProgramWrites();
+    cancel();
+    press("Form16", "Command3");
+    press("Form1", "Command1");
+    EXPECT_EQ(listed(), (Texts{"Singles / One", "Singles / Two"}));
 }
 
 struct Field

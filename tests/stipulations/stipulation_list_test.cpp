@@ -91,6 +91,15 @@ TEST_F(StipulationList, AsksForASelectionBeforeItDeletes)
     EXPECT_EQ(readBack(kFile), one);
 }
 
+TEST_F(StipulationList, StaysWhenNothingIsSelectedToBeCopied)
+{
+    open(one);
+    list().setFocus(Qt::TabFocusReason);
+    EXPECT_FALSE(anySelected());
+    QTest::keySequence(screen("Form16").windowHandle(), QKeySequence::Copy);
+    expectOnly("Form16");
+}
+
 TEST_F(StipulationList, KeepsTheStartIndexOfTheEditedRecord)
 {
     open(one + two + three);

@@ -75,6 +75,11 @@ void Boxes::catchNotice(const QString &title, QString *text)
     m_awaited.push_back({{title, {}, {QStringLiteral("OK")}, Answer::Ok}, text});
 }
 
+void Boxes::beforeItsAnswer(const std::function<void(QMessageBox &)> &action)
+{
+    m_awaited.back().before = action;
+}
+
 void Boxes::checkAllCame()
 {
     for (const Awaited &awaited : m_awaited) {
@@ -99,6 +104,11 @@ void Boxes::look()
     const Awaited awaited = m_awaited.front();
     m_awaited.pop_front();
     check(*box, awaited);
+    if (awaited.before) {
+        m_timer.stop(); // the action may let events through
+        awaited.before(*box);
+        m_timer.start(1);
+    }
     answer(*box, awaited.answer);
     if (box->isVisible()) {
         ADD_FAILURE() << "the message box stayed open after its answer";

@@ -6,6 +6,7 @@
 #include <QTimer>
 
 #include <deque>
+#include <functional>
 
 class QMessageBox;
 
@@ -48,6 +49,9 @@ public:
     /// A notice whose text is not fixed: returns what the next notice said through `text`.
     void catchNotice(const QString &title, QString *text);
 
+    /// Does something with the box that was expected last, before it is answered.
+    void beforeItsAnswer(const std::function<void(QMessageBox &)> &action);
+
     /// Fails the test if an expected box has not come. Call it after the event that brings it.
     void checkAllCame();
 
@@ -55,6 +59,7 @@ private:
     struct Awaited : ExpectedBox
     {
         QString *caught = nullptr;
+        std::function<void(QMessageBox &)> before = {};
     };
 
     void look();

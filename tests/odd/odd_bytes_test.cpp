@@ -1,0 +1,277 @@
+// Files that hold odd bytes and line ends, on the screens.
+
+#include "import/import_test.h"
+#include "stipulations/stipulation_test.h"
+#include "support/flow_test.h"
+
+#include <QElapsedTimer>
+
+namespace tarvold::testing {
+namespace {
+
+constexpr qsizetype kHundredMegabytes = 100'000'000;
+
+/// All 256 bytes, in an order in which no CR stands before a LF.
+QByteArray everyByte()
+{
+    QByteArray bytes;
+    for (int byte = 0; byte < 256; ++byte) {
+        bytes.append(static_cast<char>(byte));
+    }
+    return bytes;
+}
+
+/// A stipulation of which every line that takes any text holds every byte.
+QByteArray oddStipulation()
+{
+    OtherLines lines;
+    for (const int number : {1, 2, 3, 4, 5, 7, 9, 10, 11, 12, 13, 14, 15, 16, 17, 19}) {
+        lines[number] = QByteArray::number(number) + everyByte();
+    }
+    return stipulation({}, {}, lines);
+}
+
+class OddBytesInStipulations : public StipulationTest
+{
+protected:
+    /// Enters with a file that is no table; gives what the message on the menu said.
+    QString refusal(const QByteArray &bytes)
+    {
+        writeFile(kFile, bytes);
+        QString told;
+        boxes.catchNotice(utf8("Stipulations Editor"), &told);
+        press("Form1", "Command1");
+        expectOnly("Form1");
+        EXPECT_EQ(readBack(kFile), bytes);
+        return told;
+    }
+
+    const QByteArray plain = stipulation("Singles", "Plain");
+};
+
+TEST_F(OddBytesInStipulations, AreKeptWhenOtherStipulationsAreMadeEditedAndDeleted)
+{
+    const QByteArray odd = oddStipulation();
+    open(odd + plain + odd);
+    edit(1);
+    put("stipulation", "Edited");
+    save();
+    EXPECT_EQ(readBack(kFile), odd + stipulation("Singles", "Edited") + odd);
+    createNew();
+    put("stipulation", "New");
+    save();
+    EXPECT_EQ(readBack(kFile), odd + stipulation("Singles", "Edited") + odd + untouched("New"));
+    remove(1, utf8("Singles / Edited"));
+    EXPECT_EQ(readBack(kFile), odd + odd + untouched("New"));
+}
+
+TEST_F(OddBytesInStipulations, AreKeptWhenTheirOwnStipulationIsSavedAgain)
+{
+    open(plain + oddStipulation());
+    edit(1);
+    save();
+    EXPECT_EQ(readBack(kFile), plain + oddStipulation());
+}
+
+TEST_F(OddBytesInStipulations, OfABareLineFeedAtEveryLineAreToldAsThat)
+{
+    QByteArray bytes = plain + plain;
+    bytes.replace("\r\n", "\n");
+    EXPECT_TRUE(refusal(bytes).contains(utf8("Its lines do not end with CR LF.")));
+}
+
+TEST_F(OddBytesInStipulations, OfABareCarriageReturnAtEveryLineAreToldAsOneLine)
+{
+    QByteArray bytes = plain + plain;
+    bytes.replace("\r\n", "\r");
+    EXPECT_TRUE(refusal(bytes).contains(utf8("lines found: 1")));
+}
+
+TEST_F(OddBytesInStipulations, WithoutTheLastLineEndLoseNothingAndGetOne)
+{
+    QByteArray bytes = plain + stipulation("Singles", "Last");
+    bytes.chop(2);
+    open(bytes);
+    EXPECT_EQ(readBack(kFile), bytes);
+    createNew();
+    put("stipulation", "New");
+    save();
+    EXPECT_EQ(readBack(kFile), bytes + "\r\n" + untouched("New"));
+}
+
+class HundredMegabytesInALine : public StipulationTest
+{
+public:
+    HundredMegabytesInALine() { m_timer.start(); }
+    ~HundredMegabytesInALine() override { EXPECT_LT(m_timer.elapsed(), 120'000); }
+
+protected:
+    static QByteArray longLine() { return QByteArray(kHundredMegabytes, 'x'); }
+
+    const QByteArray plain = stipulation("Singles", "Plain");
+
+private:
+    QElapsedTimer m_timer;
+};
+
+TEST_F(HundredMegabytesInALine, IsToldWhenThatIsAllThereIs)
+{
+    writeFile(kFile, longLine());
+    QString told;
+    boxes.catchNotice(utf8("Stipulations Editor"), &told);
+    press("Form1", "Command1");
+    EXPECT_TRUE(told.contains(utf8("lines found: 1"))) << told.toStdString();
+    expectOnly("Form1");
+    EXPECT_EQ(QFileInfo(utf8(kFile)).size(), kHundredMegabytes);
+}
+
+TEST_F(HundredMegabytesInALine, CanBeListedAndDeletedButNotEdited)
+{
+    open(stipulation("Singles", longLine()) + plain);
+    EXPECT_EQ(listed().front().substr(0, 12), "Singles / xx");
+    EXPECT_LT(listed().front().size(), 6000U);
+    select(0);
+    QString told;
+    boxes.catchNotice(utf8("Stipulations Editor"), &told);
+    press("Form16", "Command2");
+    expectOnly("Form16");
+    EXPECT_TRUE(told.startsWith(utf8("Line 2 of this stipulation has 100000000 characters.")))
+        << told.toStdString();
+    QString asked = utf8("Are you sure you want to permanently delete the match stipulation:"
+                         "\r\n\r\nSingles / ");
+    asked +=
+        QString(2500 - asked.size(), u'x') + utf8(" [...] ") + QString(2498, u'x') + utf8("\r\n");
+    boxes.expectQuestion(utf8("Delete Stipulation"), asked, Answer::Yes);
+    boxes.expectNotice(utf8("Delete"), utf8("Stipulation Deleted."));
+    press("Form16", "Command4");
+    EXPECT_EQ(readBack(kFile), plain);
+}
+
+TEST_F(HundredMegabytesInALine, IsKeptWhenAnotherStipulationIsEdited)
+{
+    const QByteArray odd = stipulation("Singles", "Odd", {{19, longLine()}});
+    open(odd + plain);
+    edit(1);
+    put("stipulation", "Edited");
+    save();
+    EXPECT_TRUE(readBack(kFile) == odd + stipulation("Singles", "Edited"));
+}
+
+class OddBytesAtImport : public ImportTest
+{
+protected:
+    void chooseFiles(const char *kind)
+    {
+        enter();
+        press("Form2", kind);
+        select(utf8("x.tvd"));
+        type("Form2", "Text1", utf8("target.tvd"));
+    }
+
+    void importAll(const char *kind)
+    {
+        chooseFiles(kind);
+        import();
+    }
+
+    /// Imports and gives what the user is told of the one duplicate.
+    QString duplicateAtImport()
+    {
+        chooseFiles("Command4");
+        QString told;
+        boxes.catchNotice(utf8("Match Duplication"), &told);
+        import();
+        return told;
+    }
+
+    QString failedImport(const char *kind)
+    {
+        chooseFiles(kind);
+        QString told;
+        boxes.catchNotice(utf8("Import"), &told);
+        press("Form2", "Command8");
+        expectStage2();
+        EXPECT_EQ(folderContent(), "x.tvd");
+        return told;
+    }
+};
+
+TEST_F(OddBytesAtImport, AreCopiedAsTheyAre)
+{
+    const QByteArray odd = recordOf(19, QByteArrayList(19, everyByte()));
+    writeFile("x.tvd", odd + odd);
+    importAll("Command6");
+    EXPECT_EQ(readBack("target.tvd"), odd + odd);
+}
+
+TEST_F(OddBytesAtImport, AreComparedAsTheyAre)
+{
+    const QByteArray odd = oddStipulation();
+    writeFile("x.tvd", odd + stipulation("Singles", everyByte()));
+    writeFile("target.tvd", odd);
+    const QString told = duplicateAtImport();
+    EXPECT_TRUE(told.startsWith(utf8("The combination of match type: 1"))) << told.toStdString();
+    EXPECT_EQ(readBack("target.tvd"), odd + stipulation("Singles", everyByte()));
+}
+
+TEST_F(OddBytesAtImport, OfABareLineFeedAtEveryLineAreToldAsThat)
+{
+    writeFile("x.tvd", recordOf(19).replace("\r\n", "\n"));
+    EXPECT_TRUE(failedImport("Command6").contains(utf8("Its lines do not end with CR LF.")));
+}
+
+TEST_F(OddBytesAtImport, OfABareCarriageReturnAtEveryLineAreToldAsOneLine)
+{
+    writeFile("x.tvd", recordOf(19).replace("\r\n", "\r"));
+    EXPECT_TRUE(failedImport("Command6").contains(utf8("lines found: 1")));
+}
+
+TEST_F(OddBytesAtImport, WithoutTheLastLineEndAreCopiedWithIt)
+{
+    QByteArray bytes = recordOf(19);
+    bytes.chop(2);
+    writeFile("x.tvd", bytes);
+    importAll("Command6");
+    EXPECT_EQ(readBack("target.tvd"), recordOf(19));
+}
+
+TEST_F(OddBytesAtImport, OfNoBytesMakeAnEmptyTarget)
+{
+    writeFile("x.tvd", {});
+    importAll("Command4");
+    EXPECT_EQ(readBack("target.tvd"), "");
+}
+
+TEST_F(OddBytesAtImport, OfOneLineOfAHundredMegabytesAreTold)
+{
+    writeFile("x.tvd", QByteArray(kHundredMegabytes, 'x'));
+    EXPECT_TRUE(failedImport("Command4").contains(utf8("lines found: 1")));
+}
+
+TEST_F(OddBytesAtImport, OfAHundredMegabytesInAKeyAreToldShortlyWhenItIsThere)
+{
+    const QByteArray odd = stipulation("Singles", QByteArray(kHundredMegabytes, 'x'));
+    writeFile("x.tvd", odd);
+    writeFile("target.tvd", odd);
+    const QString told = duplicateAtImport();
+    EXPECT_LT(told.size(), 6000);
+    EXPECT_TRUE(told.endsWith(utf8("already in the file target.tvd so will not be imported.")));
+    EXPECT_EQ(QFileInfo(utf8("target.tvd")).size(), odd.size());
+}
+
+using OddBytesAtSave = FlowTest;
+
+TEST_F(OddBytesAtSave, InTheFileStayAndTheRecordStandsRightBehindThem)
+{
+    goToCommentary(kInterviewPath);
+    type(kInterviewPath.screens.back(), "Text1", utf8("The end."));
+    const QByteArray odd = everyByte() + "no line end\r";
+    writeFile(kInterviewPath.file, odd);
+    save(kInterviewPath);
+    const QByteArray after = readBack(kInterviewPath.file);
+    EXPECT_EQ(after.first(odd.size()), odd);
+    EXPECT_EQ(after.sliced(odd.size()).count("\r\n"), 19);
+}
+
+} // namespace
+} // namespace tarvold::testing

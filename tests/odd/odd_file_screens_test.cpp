@@ -1,0 +1,165 @@
+// What is no data file, met on the screens: told with its name and its cause, and nothing changes.
+
+#include "import/import_test.h"
+#include "odd/odd_files.h"
+#include "stipulations/stipulation_test.h"
+#include "support/flow_test.h"
+#include "support/hindrances.h"
+
+#include <QClipboard>
+#include <QLineEdit>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace tarvold::testing {
+namespace {
+
+class OddFileOnScreens : public ImportTest, public ::testing::WithParamInterface<OddFile>
+{
+public:
+    OddFileOnScreens()
+    {
+        ::alarm(60); // opening a pipe or reading a device could wait for ever
+        EXPECT_TRUE(odd.make());
+        putBytes(source(), recordOf(19));
+        before = wholeFolder();
+    }
+    ~OddFileOnScreens() override { ::alarm(0); }
+
+protected:
+    static QString source() { return utf8("source.tvd"); }
+
+    void name(ControlRef box) { editor.screens().setText(box, odd.file); }
+
+    /// Presses a button, expects to be told of the odd file there, and that nothing changed.
+    void expectRefusal(ControlRef button, const QString &title)
+    {
+        QString told;
+        boxes.catchNotice(title, &told);
+        press(button.screen, button.control);
+        EXPECT_TRUE(told.contains(u'"' + odd.file + u'"') || told.contains(utf8("[...]")))
+            << told.toStdString();
+        EXPECT_TRUE(told.contains(utf8(odd.cause))) << told.toStdString();
+        expectOnly(button.screen);
+        EXPECT_EQ(wholeFolder(), before);
+    }
+
+    void expectRefusalAsStipulationsFile()
+    {
+        name({"Form1", "Text1"});
+        expectRefusal({"Form1", "Command1"}, utf8("Stipulations Editor"));
+    }
+
+    /// Also expects that it is not listed as a file to import from.
+    void expectRefusalAsImportTarget(const char *kind)
+    {
+        enter();
+        press("Form2", kind);
+        EXPECT_EQ(listed(), QStringList(source()));
+        select(source());
+        name({"Form2", "Text1"});
+        expectRefusal({"Form2", "Command8"}, utf8("Import"));
+        expectStage2();
+        press("Form2", "Command9");
+        press("Form2", "Command1");
+    }
+
+    void expectRefusalWhereARecordIsSaved()
+    {
+        name({"Form1", kInterviewPath.fileBox});
+        press("Form1", kInterviewPath.button);
+        press("Form12", "Command2");
+        type("Form13", "Text1", utf8("The end."));
+        boxes.expectQuestion(title(), utf8(kInterviewPath.question), Answer::Yes);
+        expectRefusal({"Form13", "Command1"}, title());
+        EXPECT_EQ(text("Form13", "Text1"), utf8("The end."));
+    }
+
+    const OddFile &odd = GetParam();
+    std::string before;
+};
+
+TEST_P(OddFileOnScreens, IsToldInEveryUseAndNothingChanges)
+{
+    expectRefusalAsStipulationsFile();
+    expectRefusalAsImportTarget("Command4");
+    expectRefusalAsImportTarget("Command6");
+    expectRefusalWhereARecordIsSaved();
+}
+
+INSTANTIATE_TEST_SUITE_P(, OddFileOnScreens, ::testing::ValuesIn(oddFiles()), kNameOfRow);
+
+using FileOnScreens = ImportTest;
+
+TEST_F(FileOnScreens, ThatAPipeReplacedSinceItWasListedIsTold)
+{
+    putBytes(utf8("x.tvd"), recordOf(19));
+    enter();
+    press("Form2", "Command6");
+    select(utf8("x.tvd"));
+    ASSERT_TRUE(QFile::remove(utf8("x.tvd")));
+    ASSERT_EQ(::mkfifo("x.tvd", 0600), 0);
+    ::alarm(60);
+    QString told;
+    boxes.catchNotice(utf8("Import"), &told);
+    press("Form2", "Command8");
+    ::alarm(0);
+    EXPECT_TRUE(told.contains(utf8("It is not an ordinary file."))) << told.toStdString();
+    EXPECT_EQ(folderContent(), "x.tvd");
+}
+
+TEST_F(FileOnScreens, WithANulPastedIntoItsNameIsToldAndNotTheShorterNameUsed)
+{
+    putBytes(utf8("x"), "not to be touched");
+    const std::string before = wholeFolder();
+    const QString name = utf8("x") + QChar(0) + utf8(".tvd");
+    QGuiApplication::clipboard()->setText(name);
+    auto &box = screen("Form1").control<QLineEdit>("Text1");
+    click(box);
+    box.selectAll();
+    QTest::keySequence(&box, QKeySequence::Paste);
+    EXPECT_EQ(box.text(), name);
+    QString told;
+    boxes.catchNotice(utf8("Stipulations Editor"), &told);
+    press("Form1", "Command1");
+    EXPECT_TRUE(told.contains(utf8("no file name can have"))) << told.toStdString();
+    EXPECT_EQ(wholeFolder(), before);
+}
+
+TEST_F(FileOnScreens, WhoseNameIsNoTextIsNotListed)
+{
+    putBytes(utf8("x.tvd"), recordOf(19));
+    ASSERT_EQ(::rename("x.tvd", "\xE9.tvd"), 0);
+    enter();
+    press("Form2", "Command6");
+    EXPECT_EQ(listed(), QStringList());
+    EXPECT_EQ(::remove("\xE9.tvd"), 0);
+}
+
+TEST_F(FileOnScreens, ThatMustNotBeReadIsToldOnTheMenuAndAtTheImport)
+{
+    putBytes(utf8("x.tvd"), recordOf(19));
+    ASSERT_EQ(::chmod(".", 0777), 0);
+    ASSERT_EQ(::chmod("x.tvd", 0000), 0);
+    const auto denied = utf8("Permission denied");
+    EXPECT_TRUE(holdsForOrdinaryUser([&] {
+        QString onMenu;
+        editor.screens().setText({"Form1", "Text1"}, utf8("x.tvd"));
+        boxes.catchNotice(utf8("Stipulations Editor"), &onMenu);
+        press("Form1", "Command1");
+        enter();
+        press("Form2", "Command6");
+        select(utf8("x.tvd"));
+        QString atImport;
+        boxes.catchNotice(utf8("Import"), &atImport);
+        press("Form2", "Command8");
+        return onMenu.contains(denied) && atImport.contains(denied) && !HasFailure();
+    }));
+    ASSERT_EQ(::chmod("x.tvd", 0644), 0);
+    EXPECT_EQ(bytesOf(utf8("x.tvd")), recordOf(19));
+    EXPECT_EQ(folderContent(), "x.tvd");
+}
+
+} // namespace
+} // namespace tarvold::testing

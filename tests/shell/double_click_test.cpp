@@ -1,0 +1,140 @@
+#include "support/flow_test.h"
+#include "support/mouse.h"
+
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace tarvold::testing {
+namespace {
+
+const FlowPath *const kFlows[] = {&kNormalPath, &kRunInPath, &kTurnPath, &kInterviewPath,
+                                  &kTalkShowPath};
+
+/// Double clicks as the desktop reports them: the second press goes to whatever window the first
+/// one has brought under the pointer.
+class DoubleClick : public FlowTest
+{
+protected:
+    QPoint placeOf(const char *screen, const char *name)
+    {
+        expectReachable(control(screen, name));
+        return mouse::middleOf(control(screen, name));
+    }
+
+    void doubleClick(const char *screen, const char *name)
+    {
+        mouse::doubleClick(placeOf(screen, name));
+        boxes.checkAllCame();
+    }
+};
+
+TEST_F(DoubleClick, OnNextGoesOnByOneScreen)
+{
+    for (const FlowPath *flow : kFlows) {
+        press("Form1", flow->button);
+        for (std::size_t step = 0; step + 1 < flow->screens.size(); ++step) {
+            doubleClick(flow->screens[step], "Command2");
+            expectOnly(flow->screens[step + 1]);
+        }
+        goBack(*flow);
+    }
+}
+
+TEST_F(DoubleClick, OnBackGoesBackByOneScreen)
+{
+    goToCommentary(kTurnPath);
+    doubleClick("Form11", "Command2");
+    expectOnly("Form10");
+    doubleClick("Form10", "Command1");
+    expectOnly("Form6");
+    doubleClick("Form6", "Command1");
+    expectOnly("Form5");
+}
+
+TEST_F(DoubleClick, OnCancelOfTheImportStaysOnTheImportScreen)
+{
+    press("Form1", "Command8");
+    press("Form2", "Command3");
+    ASSERT_TRUE(control("Form2", "Command9").isVisible());
+    doubleClick("Form2", "Command9");
+    expectOnly("Form2");
+    EXPECT_TRUE(control("Form2", "Command1").isVisible());
+}
+
+TEST_F(DoubleClick, DoesNotAnswerTheQuestionThatItAsks)
+{
+    goTo(kNormalPath, "Form4");
+    const QPoint back = placeOf("Form4", "Command1");
+    bool stayed = false;
+    expectReturnQuestion(Answer::No);
+    boxes.beforeItsAnswer([&](QMessageBox &box) {
+        // The box stands so that "Yes" lies right where "<<" was pressed.
+        QAbstractButton *yes = box.button(QMessageBox::Yes);
+        box.move(box.pos() + back - mouse::middleOf(*yes));
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(yes->rect().contains(yes->mapFromGlobal(back)));
+        mouse::clickAgain(back);
+        stayed = box.isVisible();
+    });
+    mouse::click(back);
+    boxes.checkAllCame();
+    EXPECT_TRUE(stayed);
+    expectOnly("Form4");
+}
+
+TEST_F(DoubleClick, AThirdPressIsAClickOfItsOwn)
+{
+    goTo(kRunInPath, "Form4");
+    const QPoint next = placeOf("Form4", "Command2");
+    mouse::doubleClick(next);
+    mouse::click(next);
+    expectOnly("Form6");
+}
+
+TEST_F(DoubleClick, ClicksThatAreNoneAllCount)
+{
+    goTo(kRunInPath, "Form4");
+    const QPoint next = placeOf("Form4", "Command2");
+    mouse::click(next);
+    mouse::click(next);
+    mouse::click(next);
+    expectOnly("Form8");
+}
+
+TEST_F(DoubleClick, AKeyRightAfterAClickCounts)
+{
+    goTo(kRunInPath, "Form4");
+    mouse::click(placeOf("Form4", "Command2"));
+    expectOnly("Form5");
+    expectActive(screen("Form5"));
+    control("Form5", "Command2").setFocus(Qt::TabFocusReason);
+    QTest::keyClick(screen("Form5").windowHandle(), Qt::Key_Space);
+    expectOnly("Form6");
+}
+
+TEST_F(DoubleClick, StillSelectsAWord)
+{
+    goTo(kNormalPath, "Form4");
+    type("Form4", "Text2", QStringLiteral("Ladder Match"));
+    auto &box = screen("Form4").control<QLineEdit>("Text2");
+    mouse::doubleClick(box.mapToGlobal(QPoint(12, box.height() / 2)));
+    EXPECT_EQ(box.selectedText(), QStringLiteral("Ladder"));
+}
+
+TEST_F(DoubleClick, StillPressesOneButtonTwice)
+{
+    press("Form1", "Command1");
+    int pressed = 0;
+    auto &button = screen("Form16").control<QPushButton>("Command2"); // brings a notice each time
+    QObject::connect(&button, &QPushButton::clicked, &button, [&pressed] { ++pressed; });
+    boxes.expectNotice(QStringLiteral("Stipulation Editor"),
+                       QStringLiteral("Please select a match stipulation from the list."));
+    boxes.expectNotice(QStringLiteral("Stipulation Editor"),
+                       QStringLiteral("Please select a match stipulation from the list."));
+    doubleClick("Form16", "Command2");
+    EXPECT_EQ(pressed, 2);
+}
+
+} // namespace
+} // namespace tarvold::testing

@@ -1,0 +1,93 @@
+// Saving on a disk that takes the new file and then fails to confirm the folder's entry for it.
+
+#include "stipulations/stipulation_test.h"
+
+#include <cerrno>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+bool foldersFail = false;
+} // namespace
+
+/// Linked into this program, stands for the disk.
+int fsync(int handle) noexcept(noexcept(::fsync(0)))
+{
+    struct stat state = {};
+    if (foldersFail && fstat(handle, &state) == 0 && S_ISDIR(state.st_mode)) {
+        errno = EIO;
+        return -1;
+    }
+    return 0;
+}
+
+namespace tarvold::testing {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+class StipulationsOnADoubtfulDisk : public StipulationTest
+{
+protected:
+    StipulationsOnADoubtfulDisk()
+    {
+        open(one);
+        foldersFail = true;
+    }
+    void TearDown() override
+    {
+        foldersFail = false;
+        StipulationTest::TearDown();
+    }
+
+    void expectDoubt()
+    {
+        boxes.expectNotice(
+            utf8("Stipulations Editor"),
+            utf8("The file \"stipulations.tvd\" was written, but the disk did not confirm it.\n\n"
+                 "Input/output error\n\nThe change is in the file. Should the computer stop before "
+                 "the disk has caught up, it may be lost."));
+    }
+
+    const QByteArray one = stipulation("Singles", "One");
+};
+
+TEST_F(StipulationsOnADoubtfulDisk, AreSavedAndTheDoubtIsTold)
+{
+    createNew();
+    put("stipulation", "Cage");
+    expectDoubt();
+    press("Form3", "Command2");
+    expectOnly("Form16");
+    EXPECT_EQ(readBack(kFile), one + untouched("Cage"));
+    EXPECT_EQ(listed(), (Texts{"Singles / One", "Singles / Cage"}));
+}
+
+TEST_F(StipulationsOnADoubtfulDisk, AreDeletedAndTheDoubtIsTold)
+{
+    select(0);
+    boxes.expectQuestion(utf8("Delete Stipulation"),
+                         utf8("Are you sure you want to permanently delete the match stipulation:"
+                              "\r\n\r\nSingles / One\r\n"),
+                         Answer::Yes);
+    expectDoubt();
+    press("Form16", "Command4");
+    EXPECT_EQ(readBack(kFile), "");
+    EXPECT_TRUE(listed().empty());
+}
+
+TEST_F(StipulationsOnADoubtfulDisk, AreKnownToTheNextSave)
+{
+    createNew();
+    put("stipulation", "Cage");
+    expectDoubt();
+    press("Form3", "Command2");
+    foldersFail = false;
+    createNew();
+    put("stipulation", "Ladder");
+    save();
+    EXPECT_EQ(readBack(kFile), one + untouched("Cage") + untouched("Ladder"));
+}
+
+} // namespace
+} // namespace tarvold::testing

@@ -1,0 +1,153 @@
+#include "support/flow_test.h"
+#include "support/folder_test.h"
+#include "text/texts.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QClipboard>
+#include <QDir>
+#include <QLineEdit>
+
+#include <algorithm>
+#include <functional>
+
+/// What is pasted into the fields of match endings and segments reaches the file byte by byte, or
+/// is refused by name before anything is written.
+namespace tarvold::testing {
+namespace {
+
+struct Kind
+{
+    const char *name;
+    const FlowPath *flow;
+    const RecordLayout &(*layout)();
+};
+
+void PrintTo(const Kind &kind, std::ostream *out)
+{
+    *out << kind.name;
+}
+
+const Kind kKinds[] = {{"Normal", &kNormalPath, normalEndingLayout},
+                       {"RunIn", &kRunInPath, runInEndingLayout},
+                       {"Turn", &kTurnPath, turnEndingLayout},
+                       {"Interview", &kInterviewPath, interviewLayout},
+                       {"TalkShow", &kTalkShowPath, talkShowLayout}};
+
+class Characters : public FlowTest, public ::testing::WithParamInterface<Kind>
+{
+protected:
+    static const FlowPath &flow() { return *GetParam().flow; }
+    static const char *last() { return flow().screens.back(); }
+    static const RecordLayout &layout() { return GetParam().layout(); }
+
+    /// Whether a user can put any text into the field, and finds it in the record as it is.
+    bool takesText(const RecordField &field)
+    {
+        return field.coding != Coding::FinisherType && boxOf(field) != nullptr &&
+               boxOf(field)->isVisible();
+    }
+
+    QLineEdit *boxOf(const RecordField &field)
+    {
+        QWidget &widget = control(field.source.screen, field.source.control);
+        auto *box = qobject_cast<ComboBox *>(&widget);
+        return box != nullptr ? box->lineEdit() : qobject_cast<QLineEdit *>(&widget);
+    }
+
+    /// Goes through the whole flow and pastes a text into every field that takes one.
+    /// \param textAt gives the text for a line of the record, from 0
+    void pasteEverywhere(const std::function<QString(std::size_t)> &textAt)
+    {
+        press("Form1", flow().button);
+        for (const char *screen : flow().screens) {
+            expectOnly(screen);
+            for (std::size_t line = 0; line < layout().size(); ++line) {
+                const RecordField &field = layout()[line];
+                if (qstrcmp(field.source.screen, screen) == 0 && takesText(field)) {
+                    click(*boxOf(field));
+                    QTest::keySequence(boxOf(field)->window()->windowHandle(),
+                                       QKeySequence::SelectAll);
+                    paste(*boxOf(field), textAt(line));
+                    m_pasted.push_back(line);
+                }
+            }
+            if (screen != last()) {
+                press(screen, "Command2");
+            }
+        }
+        std::sort(m_pasted.begin(), m_pasted.end());
+        EXPECT_GT(m_pasted.size(), 10U);
+    }
+
+    void expectEverywhere(const texts::Taken &row)
+    {
+        pasteEverywhere([&row](std::size_t /*line*/) { return row.text; });
+        save(flow());
+        const QByteArray bytes = bytesOf(QLatin1StringView(flow().file));
+        const QByteArrayList lines = texts::linesOf(bytes);
+        ASSERT_EQ(std::size_t(lines.size()), layout().size());
+        for (const std::size_t line : m_pasted) {
+            EXPECT_EQ(lines[qsizetype(line)], row.bytes) << layout()[line].caption;
+        }
+    }
+
+    /// Tries to save and gives what the user is told.
+    QString refusal()
+    {
+        QString told;
+        boxes.expectQuestion(title(), QLatin1StringView(flow().question), Answer::Yes);
+        boxes.catchNotice(title(), &told);
+        press(last(), "Command1");
+        expectOnly(last());
+        EXPECT_TRUE(QDir().isEmpty());
+        return told;
+    }
+
+    std::vector<std::size_t> m_pasted; ///< the lines of the record
+};
+
+INSTANTIATE_TEST_SUITE_P(Kinds, Characters, ::testing::ValuesIn(kKinds), kNameOfRow);
+
+TEST_P(Characters, OfTheWholePageReachTheFileFromEveryField)
+{
+    expectEverywhere(texts::wholePage());
+}
+
+TEST_P(Characters, ThatBreakLinesAreBlanksInEveryField)
+{
+    expectEverywhere(texts::lineBreaks());
+}
+
+TEST_P(Characters, OfALetterAndItsMarkAreOneInEveryField)
+{
+    expectEverywhere(texts::marks());
+}
+
+TEST_P(Characters, ThatNoFileHoldsAreToldWithTheirFieldInEveryField)
+{
+    pasteEverywhere([](std::size_t line) { return texts::refusedAt(line).text; });
+    for (const std::size_t line : m_pasted) {
+        const RecordField &field = layout()[line];
+        SCOPED_TRACE(field.caption);
+        const texts::Refused odd = texts::refusedAt(line);
+        EXPECT_EQ(refusal(), texts::toldOf(QString::fromUtf8(field.caption), odd.told));
+        EXPECT_EQ(editor.screens().text(field.source), odd.text);
+        given(field.source.screen, field.source.control, QStringLiteral("mended"));
+    }
+    save(flow());
+    EXPECT_EQ(std::size_t(bytesOf(QLatin1StringView(flow().file)).count("\r\n")), layout().size());
+}
+
+TEST_P(Characters, OfALineEndFromAnAssistingProgramAreRefused)
+{
+    goToCommentary(flow());
+    type(last(), "Text1", QStringLiteral("The end."));
+    QAccessibleInterface *box = QAccessible::queryAccessibleInterface(&control(last(), "Text2"));
+    box->setText(QAccessible::Value, QStringLiteral("one\r\ntwo"));
+    EXPECT_EQ(refusal(),
+              texts::toldOf(QStringLiteral("Commentary line 2"), QStringLiteral("U+000D")));
+}
+
+} // namespace
+} // namespace tarvold::testing

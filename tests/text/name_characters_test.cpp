@@ -1,0 +1,100 @@
+#include "support/flow_test.h"
+#include "support/folder_test.h"
+
+#include <QDir>
+#include <QLineEdit>
+
+/// File names are no data: they may hold any character that a file's name can hold.
+namespace tarvold::testing {
+namespace {
+
+class NameCharacters : public FlowTest
+{
+protected:
+    void pasteOver(const char *screen, const char *box, const QString &text)
+    {
+        screenBox(screen, box).setFocus(Qt::TabFocusReason);
+        QTest::keySequence(screenBox(screen, box).window()->windowHandle(),
+                           QKeySequence::SelectAll);
+        paste(screenBox(screen, box), text);
+        EXPECT_EQ(text.size(), this->text(screen, box).size());
+    }
+
+    QLineEdit &screenBox(const char *screen, const char *box)
+    {
+        return this->screen(screen).control<QLineEdit>(box);
+    }
+
+    /// Goes to the import of interviews and selects the first file.
+    void goToImport(const QString &target)
+    {
+        press("Form1", "Command8");
+        press("Form2", "Command6");
+        QTest::keyClick(screen("Form2").windowHandle(), Qt::Key_Down);
+        pasteOver("Form2", "Text1", target);
+    }
+
+    void saveInterview()
+    {
+        goToCommentary(kInterviewPath);
+        type("Form13", "Text1", QStringLiteral("The end."));
+        save(kInterviewPath);
+    }
+
+    void expectRefused(const QString &told)
+    {
+        EXPECT_TRUE(told.contains(
+            QStringLiteral("The file name holds a character that no file name can have.")))
+            << told.toStdString();
+    }
+};
+
+TEST_F(NameCharacters, MayBeAnyForASaveAndAnImport)
+{
+    const QString saved = QString::fromUtf8("\u65E5\u672C \U0001F93C \u202E.tvd");
+    const QString imported = QString::fromUtf8("e\u0301 \u0142\u200B&<b>%1.tvd");
+    pasteOver("Form1", "Text6", saved);
+    saveInterview();
+    goToImport(imported);
+    boxes.expectNotice(QStringLiteral("Import"), QStringLiteral("Import Complete."));
+    press("Form2", "Command8");
+    QStringList names = {saved, imported};
+    names.sort();
+    EXPECT_EQ(folderEntries(), names);
+    EXPECT_EQ(bytesOf(imported), bytesOf(saved));
+}
+
+TEST_F(NameCharacters, ThatNoNameCanHoldAreToldAndNothingIsWrittenElsewhere)
+{
+    saveInterview();
+    const QStringList before = folderEntries();
+    const QStringList odds = {QStringLiteral("nul") + QChar(0) + QStringLiteral(".tvd"),
+                              QStringLiteral("half") + QChar(0xD83E) + QStringLiteral(".tvd")};
+    for (const QString &odd : odds) {
+        QString told;
+        pasteOver("Form1", "Text1", odd);
+        boxes.catchNotice(QStringLiteral("Stipulations Editor"), &told);
+        press("Form1", "Command1");
+        expectRefused(told);
+
+        pasteOver("Form1", "Text6", odd);
+        goToCommentary(kInterviewPath);
+        type("Form13", "Text1", QStringLiteral("The end."));
+        boxes.expectQuestion(title(), QLatin1StringView(kInterviewPath.question), Answer::Yes);
+        boxes.catchNotice(title(), &told);
+        press("Form13", "Command1");
+        expectRefused(told);
+        goBack(kInterviewPath);
+
+        goToImport(odd);
+        boxes.catchNotice(QStringLiteral("Import"), &told);
+        press("Form2", "Command8");
+        expectRefused(told);
+        press("Form2", "Command9");
+        press("Form2", "Command1");
+        EXPECT_EQ(folderEntries(), before);
+    }
+}
+
+} // namespace
+} // namespace tarvold::testing

@@ -1,0 +1,103 @@
+#pragma once
+
+#include "datafiles/code_page.h"
+
+#include <QByteArrayList>
+#include <QString>
+
+#include <array>
+
+/// What an author may type or paste, and what becomes of it.
+namespace tarvold::testing::texts {
+
+/// A text and the bytes that it must be in a file.
+struct Taken
+{
+    const char *name; ///< of its tests
+    QString text;
+    QByteArray bytes;
+};
+
+/// A text and the character that it must be refused for, as the user is told.
+struct Refused
+{
+    QString text;
+    QString told;
+};
+
+/// All 256 characters of the code page. The line break and the lone halves of one come in as
+/// blanks.
+inline Taken wholePage()
+{
+    QByteArray bytes;
+    for (int byte = 0; byte < 256; ++byte) {
+        bytes += static_cast<char>(byte);
+    }
+    const QString text = codepage::decode(bytes);
+    return {"WholePage", text, bytes.replace('\r', ' ').replace('\n', ' ')};
+}
+
+/// Every kind of line break, which are blanks, and what looks like one and is none.
+inline Taken lineBreaks()
+{
+    const QString breaks = QStringLiteral("a\r\nb\rc\nd") + QChar(0x2028) + u'e' + QChar(0x2029) +
+                           u'f' + QChar(0x85) + QStringLiteral("g\th\vi\fj") + QChar(0) + u'k';
+    return {"LineBreaks", breaks, QByteArray("a b c d e f g\th\vi\fj\0k", 21)};
+}
+
+/// Letters with their marks as characters of their own.
+inline Taken marks()
+{
+    return {"Marks", QString::fromUtf8("Cafe\u0301 Mu\u0308ller A\u030Arhus C\u0327a s\u030C"),
+            QByteArray("Caf\xE9 M\xFCller \xC5rhus \xC7"
+                       "a \x9A")};
+}
+
+/// A text of each class that no file can hold.
+inline std::array<Refused, 12> refused()
+{
+    return {{
+        {QString::fromUtf8("Pawe\u0142"), QString::fromUtf8("\"\u0142\" (U+0142)")},
+        {QString::fromUtf8("\u65E5\u672C"), QString::fromUtf8("\"\u65E5\" (U+65E5)")},
+        {QString::fromUtf8("\U0001F93C wins"), QString::fromUtf8("\"\U0001F93C\" (U+1F93C)")},
+        {QString::fromUtf8("c\u0301"), QString::fromUtf8("\"\u0107\" (U+0107)")},
+        {QString::fromUtf8("q\u0301"), QStringLiteral("U+0301")},
+        {QString::fromUtf8("\u05D0bc"), QString::fromUtf8("\"\u05D0\" (U+05D0)")},
+        {QString::fromUtf8("a\u202Eb"), QStringLiteral("U+202E")},
+        {QString::fromUtf8("a\u200Fb"), QStringLiteral("U+200F")},
+        {QString::fromUtf8("a\u200Bb"), QStringLiteral("U+200B")},
+        {QChar(0xFEFF) + QStringLiteral("a"), QStringLiteral("U+FEFF")},
+        {QStringLiteral("a") + QChar(0xD83E), QStringLiteral("U+D83E")},
+        {QChar(0xDD3C) + QStringLiteral("a"), QStringLiteral("U+DD3C")},
+    }};
+}
+
+/// One of them after the other, over and over.
+inline Refused refusedAt(std::size_t place)
+{
+    static const auto all = refused();
+    return all.at(place % all.size());
+}
+
+/// What the user is told of a character that no file holds.
+inline QString toldOf(const QString &field, const QString &character)
+{
+    return QStringLiteral("The field \"%1\" holds the character %2, which the data files cannot "
+                          "hold.\n\nNothing was written, and everything that you typed is still "
+                          "here.")
+        .arg(field, character);
+}
+
+/// The lines of a file, each of which must have its end.
+inline QByteArrayList linesOf(const QByteArray &bytes)
+{
+    QByteArrayList lines;
+    for (qsizetype start = 0; start < bytes.size();) {
+        const qsizetype end = bytes.indexOf("\r\n", start);
+        lines << bytes.mid(start, end - start);
+        start = end < 0 ? bytes.size() : end + 2;
+    }
+    return lines;
+}
+
+} // namespace tarvold::testing::texts

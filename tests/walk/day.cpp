@@ -1,0 +1,158 @@
+#include "walk/day.h"
+
+#include "walk/checks.h"
+#include "walk/trace.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+
+#include <numeric>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace tarvold::testing {
+
+// clang-format off
+const Day::Action Day::kActions[] = {
+    {"press a button",      26, &Day::pressButton},
+    {"press by keyboard",    6, &Day::pressByKeyboard},
+    {"double click",         4, &Day::doubleClick},
+    {"click anywhere",       5, &Day::clickAnywhere},
+    {"type",                10, &Day::type},
+    {"paste",                6, &Day::paste},
+    {"compose",              2, &Day::compose},
+    {"pick by mouse",        6, &Day::pickByMouse},
+    {"pick by keyboard",     5, &Day::pickByKeyboard},
+    {"press keys",          10, &Day::pressKeys},
+    {"turn the wheel",       3, &Day::turnTheWheel},
+    {"drag",                 2, &Day::drag},
+    {"select in a list",    12, &Day::selectInList},
+    {"close the window",     1, &Day::closeWindow},
+    {"resize",               2, &Day::resize},
+    {"name a file",          3, &Day::nameFile},
+    {"write the first line", 8, &Day::writeFirstLine},
+    {"change the folder",    3, &Day::changeFolder},
+};
+// clang-format on
+
+Day::Day(unsigned seed) : m_dice(seed), m_oldFolder(QDir::currentPath())
+{
+    // A folder inside a folder, so that names that lead out of it are watched as well.
+    const QString day = m_folder.filePath(QStringLiteral("day"));
+    QDir().mkpath(day + QStringLiteral("/sub"));
+    QDir::setCurrent(day);
+    QFile::link(QStringLiteral("normreports.tvd"), QStringLiteral("link.tvd"));
+    QFile::link(QStringLiteral("loop.tvd"), QStringLiteral("loop.tvd"));
+    static_cast<void>(::mkfifo("pipe.tvd", 0600));
+    QFile locked(QStringLiteral("locked.tvd"));
+    static_cast<void>(locked.open(QIODevice::WriteOnly));
+    locked.setPermissions(QFileDevice::Permissions());
+    m_ledger = std::make_unique<Ledger>(m_folder.path());
+
+    connect(&m_lookout, &QTimer::timeout, this, &Day::look);
+    m_lookout.start(1);
+    start();
+}
+
+Day::~Day()
+{
+    QDir::setCurrent(m_oldFolder);
+}
+
+void Day::start()
+{
+    m_wantsEnd = false;
+    m_editor = std::make_unique<Editor>();
+    connect(m_editor.get(), &Editor::exitRequested, this, [this] {
+        m_wantsEnd = true;
+        if (screen().objectName() != QStringLiteral("Form1")) {
+            blame(QStringLiteral("the program ended from ") + screen().objectName());
+        }
+    });
+    m_editor->start();
+    QCoreApplication::processEvents();
+}
+
+void Day::end()
+{
+    ++m_figures.ends;
+    m_editor.reset();
+    start();
+}
+
+void Day::blame(const QString &what)
+{
+    if (m_wrong.isEmpty()) {
+        m_wrong = what;
+        trace::note(QStringLiteral("WRONG: ") + what);
+    }
+}
+
+bool Day::walk(int actions)
+{
+    for (int number = 1; number <= actions && m_wrong.isEmpty(); ++number) {
+        trace::begin(number);
+        step();
+    }
+    return m_wrong.isEmpty();
+}
+
+const Day::Action &Day::someAction()
+{
+    static const int sum =
+        std::accumulate(std::begin(kActions), std::end(kActions), 0,
+                        [](int before, const Action &action) { return before + action.weight; });
+    int place = m_dice.below(sum);
+    const Action *action = kActions;
+    while (place >= action->weight) {
+        place -= action->weight;
+        ++action;
+    }
+    return *action;
+}
+
+void Day::step()
+{
+    m_shown = screen().objectName();
+    ++m_figures.windows[m_shown.toStdString()];
+    const Action *action = &someAction();
+    while (!(this->*action->act)()) {
+        action = &someAction();
+    }
+    ++m_figures.actions[action->name];
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    if (m_wantsEnd) {
+        end();
+    }
+    if (const QString wrong = checks::windows(); !wrong.isEmpty()) {
+        blame(wrong);
+        return;
+    }
+    if (QApplication::activePopupWidget() == nullptr && !screen().isActiveWindow()) {
+        screen().activateWindow(); // as a window manager does once a message box is gone
+        QCoreApplication::processEvents();
+    }
+    for (const QString &wrong : {checks::controls(screen()), wrongWithFolder()}) {
+        if (!wrong.isEmpty()) {
+            blame(wrong);
+        }
+    }
+}
+
+QString Day::wrongWithFolder()
+{
+    const bool hasLoaded =
+        m_shown == QStringLiteral("Form1") && screen().objectName() == QStringLiteral("Form16");
+    m_shown = screen().objectName();
+    return hasLoaded ? m_ledger->checkLoaded(nameIn(rowOf(DataFileKind::Stipulations).nameBox))
+                     : m_ledger->checkUnchanged();
+}
+
+Screen &Day::screen() const
+{
+    return *checks::visibleScreen();
+}
+
+} // namespace tarvold::testing

@@ -1,0 +1,180 @@
+#include "shell/controls.h"
+#include "shell/list_box.h"
+#include "support/mouse.h"
+#include "walk/checks.h"
+#include "walk/day.h"
+#include "walk/trace.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+
+#include <algorithm>
+#include <array>
+
+namespace tarvold::testing {
+namespace {
+
+/// A screen whose "Saved OK." tells of a new record.
+struct Saving
+{
+    const char *screen;
+    DataFileKind kind;
+    std::array<const char *, 3> finishers = {}; ///< screens whose "Combo7" may give no line
+};
+
+constexpr Saving kSavings[] = {
+    {"Form7", DataFileKind::NormalEndings, {"Form5", "Form6"}},
+    {"Form9", DataFileKind::RunInEndings, {"Form5", "Form6", "Form8"}},
+    {"Form11", DataFileKind::TurnEndings, {"Form5", "Form6"}},
+    {"Form13", DataFileKind::Interviews},
+    {"Form15", DataFileKind::TalkShows},
+};
+
+const std::pair<const char *, DataFileKind> kImports[] = {
+    {"Normal Matches", DataFileKind::NormalEndings}, {"Run-In Matches", DataFileKind::RunInEndings},
+    {"Stipulations", DataFileKind::Stipulations},    {"Turn Matches", DataFileKind::TurnEndings},
+    {"Interviews", DataFileKind::Interviews},        {"Talk Shows", DataFileKind::TalkShows}};
+
+bool isOneOf(const QString &text, std::initializer_list<const char *> words)
+{
+    return std::any_of(words.begin(), words.end(),
+                       [&text](const char *word) { return text == QLatin1StringView(word); });
+}
+
+/// What the box is about, to be counted; without names of files.
+std::string kindOf(const QMessageBox &box)
+{
+    return box.text().section(u'"', 0, 0).section(u'\n', 0, 0).left(56).trimmed().toStdString();
+}
+
+} // namespace
+
+void Day::look()
+{
+    auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+    if (box != nullptr && box->isVisible()) {
+        m_lookout.stop(); // what follows lets events through
+        meet(*box);
+        m_lookout.start(1);
+    }
+}
+
+void Day::meet(QMessageBox &box)
+{
+    ++m_figures.boxes[kindOf(box)];
+    trace::note(QStringLiteral("box ") + box.windowTitle() + QStringLiteral(": ") +
+                box.text().left(300).simplified());
+    const Screen *behind = checks::visibleScreen();
+    if (behind == nullptr || box.parentWidget() == nullptr || !box.parentWidget()->isVisible()) {
+        blame(QStringLiteral("the message box stands alone"));
+    }
+    if (const QString wrong = judge(box); !wrong.isEmpty()) {
+        blame(wrong);
+    }
+    answer(box);
+}
+
+void Day::answer(QMessageBox &box)
+{
+    if (m_dice.chance(10)) {
+        mouse::click(somePlace(*box.parentWidget())); // it is blocked
+    }
+    const QPointer<QMessageBox> asked(&box);
+    while (asked != nullptr && asked->isVisible()) {
+        const auto buttons = asked->buttons();
+        const int way = m_dice.below(10);
+        trace::note(QStringLiteral("answer %1").arg(way));
+        if (way == 0) {
+            asked->close();
+        } else if (way == 1) {
+            QTest::keyClick(asked->windowHandle(), Qt::Key_Escape);
+        } else if (way == 2) {
+            QTest::keyClick(asked->windowHandle(), Qt::Key_Return);
+        } else if (way == 3) {
+            QTest::keyClick(asked->windowHandle(), Qt::Key_Tab);
+        } else {
+            QAbstractButton *yes = asked->button(QMessageBox::Yes);
+            mouse::click(mouse::middleOf(
+                *(yes != nullptr && m_dice.chance(50) ? yes : m_dice.pick(buttons))));
+        }
+    }
+    const QAbstractButton *pressed = asked->clickedButton();
+    ++m_figures.answers[pressed != nullptr ? pressed->text().remove(u'&').toStdString() : "none"];
+}
+
+/// What the box says about the folder must be true.
+QString Day::judge(const QMessageBox &box)
+{
+    if (box.text() == QStringLiteral("Saved OK.")) {
+        return judgeAdded();
+    }
+    if (box.text() == QStringLiteral("Saved OK!")) {
+        return judgeStored();
+    }
+    if (box.text() == QStringLiteral("Import Complete.")) {
+        return judgeImported();
+    }
+    if (box.text() == QStringLiteral("Stipulation Deleted.")) {
+        return m_ledger->checkDeleted(nameIn(rowOf(DataFileKind::Stipulations).nameBox),
+                                      nameIn({"Form16", "listpos"}).toInt());
+    }
+    return wrongWithFolder();
+}
+
+QString Day::judgeAdded()
+{
+    const auto *saving =
+        std::find_if(std::begin(kSavings), std::end(kSavings), [this](const Saving &row) {
+            return screen().objectName() == QLatin1StringView(row.screen);
+        });
+    if (saving == std::end(kSavings)) {
+        return QStringLiteral("this screen saves nothing");
+    }
+    const DataFileKindRow &kind = rowOf(saving->kind);
+    int lines = kind.linesPerRecord;
+    for (const char *finisher : saving->finishers) {
+        const bool isKnown =
+            finisher == nullptr ||
+            isOneOf(nameIn({finisher, "Combo7"}), {"Any", "Pin", "Submission", "Top Rope"});
+        lines -= isKnown ? 0 : 1; // an unknown finisher writes no line
+    }
+    QStringList commentary;
+    for (int line = 1; line <= 10; ++line) {
+        const QByteArray box = "Text" + QByteArray::number(line);
+        const QString text = screen().text(box.constData());
+        commentary << (text.isEmpty() ? QStringLiteral("-BLANK-") : text);
+    }
+    return m_ledger->checkAdded(nameIn(kind.nameBox), lines, commentary);
+}
+
+QString Day::judgeStored()
+{
+    const QString position = nameIn({"Form16", "listpos"});
+    const bool isNew = position == QStringLiteral("NEW");
+    const bool rates =
+        isOneOf(nameIn({"Form3", "matchquality"}),
+                {"Just Standard Ability", "Just Hardcore Ability", "50% Standard, 50% Hardcore"});
+    return m_ledger->checkStored(
+        nameIn(rowOf(DataFileKind::Stipulations).nameBox),
+        isNew ? std::nullopt : std::optional(position.toInt()), rates ? 19 : 18,
+        {nameIn({"Form3", "matchtype"}), nameIn({"Form3", "stipulation"})});
+}
+
+QString Day::judgeImported()
+{
+    const auto *list = screen().findChild<ListBox *>();
+    const QModelIndexList rows = list->selectionModel()->selectedIndexes();
+    const QString chosen = nameIn({"Form2", "whatimport"});
+    const auto *import =
+        std::find_if(std::begin(kImports), std::end(kImports),
+                     [&chosen](const auto &row) { return chosen == QLatin1StringView(row.first); });
+    if (rows.isEmpty() || import == std::end(kImports)) {
+        return QStringLiteral("nothing was to be imported");
+    }
+    return m_ledger->checkImported(rows.front().data().toString(), nameIn({"Form2", "Text1"}),
+                                   import->second);
+}
+
+} // namespace tarvold::testing

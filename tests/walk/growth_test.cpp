@@ -1,0 +1,146 @@
+#include "support/flow_test.h"
+#include "support/folder_test.h"
+
+#include <QListView>
+
+#include <malloc.h>
+
+/// Memory does not grow with the number of saves.
+///
+/// The heap in use is compared after a first and a second half of many saves. What the first ones
+/// make (screens, fonts, caches of the toolkit) stays; a save that kept so much as one record,
+/// which is about 500 bytes, would show as more than the bound over the second half.
+namespace tarvold::testing {
+namespace {
+
+/// How many saves a half has; for a longer look, set TARVOLD_SAVES.
+int savesPerHalf()
+{
+    return qEnvironmentVariableIsSet("TARVOLD_SAVES")
+               ? qEnvironmentVariableIntValue("TARVOLD_SAVES")
+               : 60;
+}
+
+constexpr qint64 kBytesPerSave = 200; ///< what the caches of the toolkit may still take
+
+qint64 heapInUse()
+{
+    const struct mallinfo2 info = mallinfo2();
+    return qint64(info.uordblks) + qint64(info.hblkhd);
+}
+
+class Growth : public FlowTest
+{
+protected:
+    template <class Save>
+    void expectNone(Save save)
+    {
+        ASSERT_GT(savesPerHalf(), 0);
+        const auto half = [&save] {
+            for (int count = savesPerHalf(); count > 0; --count) {
+                save();
+            }
+            return heapInUse();
+        };
+        const qint64 first = half();
+        const qint64 second = half();
+        RecordProperty("bytes", std::to_string(second - first));
+        EXPECT_LE(second - first, kBytesPerSave * savesPerHalf())
+            << "more after " << savesPerHalf() << " saves";
+    }
+
+    void expectNoneByRecords(const FlowPath &flow)
+    {
+        goToCommentary(flow);
+        expectNone([this, &flow] {
+            type(flow.screens.back(), "Text1", QStringLiteral("The end."));
+            save(flow);
+            goToCommentary(flow);
+        });
+    }
+
+    void press(const char *screen, const char *name)
+    {
+        FlowTest::press(screen, name);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    void select()
+    {
+        auto &list = screen("Form16").control<QListView>("List1");
+        click(*list.viewport());
+        QTest::keyClick(list.window()->windowHandle(), Qt::Key_Home);
+    }
+};
+
+TEST_F(Growth, StaysAwayFromNormalEndings)
+{
+    expectNoneByRecords(kNormalPath);
+}
+
+TEST_F(Growth, StaysAwayFromRunInEndings)
+{
+    expectNoneByRecords(kRunInPath);
+}
+
+TEST_F(Growth, StaysAwayFromTurnEndings)
+{
+    expectNoneByRecords(kTurnPath);
+}
+
+TEST_F(Growth, StaysAwayFromInterviews)
+{
+    expectNoneByRecords(kInterviewPath);
+}
+
+TEST_F(Growth, StaysAwayFromTalkShows)
+{
+    expectNoneByRecords(kTalkShowPath);
+}
+
+TEST_F(Growth, StaysAwayFromStipulationsThatAreMadeAndDeleted)
+{
+    press("Form1", "Command1");
+    expectNone([this] {
+        press("Form16", "Command1");
+        type("Form3", "stipulation", QStringLiteral("Ladder Match"));
+        boxes.expectNotice(QStringLiteral("Stipulations Editor"), QStringLiteral("Saved OK!"));
+        press("Form3", "Command2");
+        select();
+        boxes.expectQuestion(QStringLiteral("Delete Stipulation"),
+                             QStringLiteral("Are you sure you want to permanently delete the match "
+                                            "stipulation:\r\n\r\nSingles / Ladder Match\r\n"),
+                             Answer::Yes);
+        boxes.expectNotice(QStringLiteral("Delete"), QStringLiteral("Stipulation Deleted."));
+        press("Form16", "Command4");
+        press("Form16", "Command3");
+        press("Form1", "Command1");
+    });
+}
+
+TEST_F(Growth, StaysAwayFromStipulationsThatAreEditedWithoutLeavingTheList)
+{
+    putBytes(QStringLiteral("stipulations.tvd"), recordOf(19));
+    press("Form1", "Command1");
+    expectNone([this] {
+        select();
+        press("Form16", "Command2");
+        boxes.expectNotice(QStringLiteral("Stipulations Editor"), QStringLiteral("Saved OK!"));
+        press("Form3", "Command2");
+    });
+}
+
+TEST_F(Growth, StaysAwayFromImports)
+{
+    putBytes(QStringLiteral("a.tvd"), recordOf(36).repeated(50));
+    press("Form1", "Command8");
+    expectNone([this] {
+        press("Form2", "Command2");
+        QTest::keyClick(screen("Form2").windowHandle(), Qt::Key_Home); // not the target itself
+        boxes.expectNotice(QStringLiteral("Import"), QStringLiteral("Import Complete."));
+        press("Form2", "Command8");
+    });
+}
+
+} // namespace
+} // namespace tarvold::testing

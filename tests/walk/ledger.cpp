@@ -1,0 +1,243 @@
+#include "walk/ledger.h"
+
+#include "datafiles/code_page.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+
+#include <utility>
+
+namespace tarvold::testing {
+namespace {
+
+constexpr int kStipulationLines = 19;
+
+QByteArray whatIsAt(const QFileInfo &entry)
+{
+    if (entry.isSymLink()) {
+        return "link to " + entry.symLinkTarget().toUtf8();
+    }
+    QFile file(entry.filePath());
+    const bool isPlain = entry.isFile() && file.open(QIODevice::ReadOnly);
+    return isPlain ? file.readAll() : QByteArray("neither to be read nor written");
+}
+
+Content contentOf(const QString &folder)
+{
+    Content content;
+    QDirIterator entries(folder, QDir::Files | QDir::Hidden | QDir::System,
+                         QDirIterator::Subdirectories);
+    while (entries.hasNext()) {
+        entries.next();
+        content[QDir(folder).relativeFilePath(entries.filePath())] = whatIsAt(entries.fileInfo());
+    }
+    return content;
+}
+
+/// The lines of a file, without their ends; what follows the last end is a line too.
+QByteArrayList linesOf(const QByteArray &bytes)
+{
+    QByteArrayList lines;
+    qsizetype start = 0;
+    while (start < bytes.size()) {
+        const qsizetype end = bytes.indexOf("\r\n", start);
+        lines << bytes.mid(start, end < 0 ? -1 : end - start);
+        start = end < 0 ? bytes.size() : end + 2;
+    }
+    return lines;
+}
+
+/// The records of a file that an import copies: those whose first line is not empty.
+QList<QByteArrayList> recordsOf(const QByteArray &bytes, int linesPerRecord)
+{
+    QList<QByteArrayList> records;
+    const QByteArrayList lines = linesOf(bytes);
+    for (qsizetype line = 0; line < lines.size(); line += linesPerRecord) {
+        if (!lines[line].isEmpty()) {
+            records << lines.mid(line, linesPerRecord);
+        }
+    }
+    return records;
+}
+
+/// Whether each of some records comes in the others, in the same order.
+bool areAmong(const QList<QByteArrayList> &records, const QList<QByteArrayList> &all)
+{
+    qsizetype place = 0;
+    for (const QByteArrayList &record : records) {
+        place = all.indexOf(record, place) + 1;
+        if (place == 0) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool hold(const QByteArrayList &lines, const QStringList &texts)
+{
+    for (qsizetype line = 0; line < texts.size(); ++line) {
+        const QString text = texts[line].normalized(QString::NormalizationForm_C);
+        if (codepage::decode(lines[line]) != text) {
+            return false;
+        }
+    }
+    return true;
+}
+
+} // namespace
+
+Ledger::Ledger(const QString &folder) : m_folder(QDir(folder).canonicalPath())
+{
+    accept();
+}
+
+void Ledger::accept()
+{
+    m_known = contentOf(m_folder);
+}
+
+QString Ledger::checkOnlyChanged(const QString &key)
+{
+    m_found = contentOf(m_folder);
+    for (const auto &[path, bytes] : m_known) {
+        const auto found = m_found.find(path);
+        if (found == m_found.end()) {
+            return path + QStringLiteral(" is gone");
+        }
+        if (path != key && found->second != bytes) {
+            return path + QStringLiteral(" has changed");
+        }
+    }
+    for (const auto &[path, bytes] : m_found) {
+        if (path != key && !m_known.contains(path)) {
+            return path + QStringLiteral(" is new");
+        }
+    }
+    if (!key.isEmpty() && !m_found.contains(key)) {
+        return key + QStringLiteral(" is not there");
+    }
+    return {};
+}
+
+QString Ledger::keyOf(const QString &name) const
+{
+    const QString path = name.startsWith(u':') ? QStringLiteral("./") + name : name;
+    return QDir(m_folder).relativeFilePath(QFileInfo(path).canonicalFilePath());
+}
+
+QString Ledger::checkUnchanged()
+{
+    return checkOnlyChanged({});
+}
+
+QString Ledger::checkAdded(const QString &name, int lines, const QStringList &commentary)
+{
+    const QString key = keyOf(name);
+    if (QString wrong = checkOnlyChanged(key); !wrong.isEmpty()) {
+        return wrong;
+    }
+    const QByteArray &before = m_known[key];
+    const QByteArray &now = m_found[key];
+    if (!now.startsWith(before)) {
+        return key + QStringLiteral(": the old records have changed");
+    }
+    const QByteArray added = now.sliced(before.size());
+    const QByteArrayList record = linesOf(added);
+    if (record.size() != lines || !added.endsWith("\r\n")) {
+        return QStringLiteral("%1: %2 lines were added in place of %3")
+            .arg(key, QString::number(record.size()), QString::number(lines));
+    }
+    if (!hold(record.last(commentary.size()), commentary)) {
+        return key + QStringLiteral(": the commentary is not what was to be seen");
+    }
+    m_known = std::move(m_found);
+    return {};
+}
+
+QString Ledger::checkImported(const QString &source, const QString &target, DataFileKind kind)
+{
+    const QString key = keyOf(target);
+    if (QString wrong = checkOnlyChanged(key); !wrong.isEmpty()) {
+        return wrong;
+    }
+    const QByteArray &before = m_known[key];
+    const QByteArray &now = m_found[key];
+    if (!now.startsWith(before)) {
+        return key + QStringLiteral(": the old records have changed");
+    }
+    const int lines = rowOf(kind).linesPerRecord;
+    const QByteArray added = now.sliced(before.size());
+    const QList<QByteArrayList> all = recordsOf(m_known[keyOf(source)], lines);
+    const QList<QByteArrayList> copied = recordsOf(added, lines);
+    const bool isRight = kind == DataFileKind::Stipulations ? areAmong(copied, all) : copied == all;
+    if (!isRight || (!added.isEmpty() && !added.endsWith("\r\n"))) {
+        return key + QStringLiteral(": what was imported are not the records of ") + source;
+    }
+    m_known = std::move(m_found);
+    return {};
+}
+
+QString Ledger::checkLoaded(const QString &name)
+{
+    const QString key = keyOf(name);
+    const bool wasThere = m_known.contains(key);
+    if (QString wrong = checkOnlyChanged(wasThere ? QString() : key); !wrong.isEmpty()) {
+        return wrong;
+    }
+    m_known = std::move(m_found);
+    m_stipulations = linesOf(m_known[key]);
+    return !wasThere && !m_stipulations.isEmpty() ? key + QStringLiteral(" is not empty")
+                                                  : QString();
+}
+
+QString Ledger::checkStored(const QString &name, std::optional<int> line, int lines,
+                            const QStringList &firstTwo)
+{
+    const QString key = keyOf(name);
+    if (QString wrong = checkOnlyChanged(key); !wrong.isEmpty()) {
+        return wrong;
+    }
+    const QByteArrayList now = linesOf(m_found[key]);
+    const qsizetype start = line.value_or(m_stipulations.size());
+    const qsizetype setLines = line ? kStipulationLines : lines;
+    const qsizetype size = std::max(m_stipulations.size(), start + setLines);
+    const bool othersAreSame = now.size() == size &&
+                               now.first(start) == m_stipulations.first(start) &&
+                               now.mid(start + setLines) == m_stipulations.mid(start + setLines);
+    if (!othersAreSame || !m_found[key].endsWith("\r\n")) {
+        return key + QStringLiteral(": more than one stipulation has changed");
+    }
+    if (!hold(now.mid(start, 2), firstTwo)) {
+        return key + QStringLiteral(": the stipulation is not the one to be seen");
+    }
+    m_known = std::move(m_found);
+    m_stipulations = now;
+    return {};
+}
+
+QString Ledger::checkDeleted(const QString &name, int line)
+{
+    const QString key = keyOf(name);
+    if (QString wrong = checkOnlyChanged(key); !wrong.isEmpty()) {
+        return wrong;
+    }
+    const QByteArrayList now = linesOf(m_found[key]);
+    if (now != m_stipulations.first(line) + m_stipulations.mid(line + kStipulationLines)) {
+        return key + QStringLiteral(": not just the one stipulation is gone");
+    }
+    m_known = std::move(m_found);
+    m_stipulations = now;
+    return {};
+}
+
+qsizetype Ledger::size() const
+{
+    qsizetype size = 0;
+    for (const auto &[path, bytes] : m_known) {
+        size += bytes.size();
+    }
+    return size;
+}
+
+} // namespace tarvold::testing

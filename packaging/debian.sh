@@ -9,7 +9,8 @@ packages_tour=(
 )
 # shellcheck disable=SC2034
 packages_test=(
-    clang clang-format clang-tidy git libbenchmark-dev libgtest-dev libxcb1-dev pkgconf strace
+    clang clang-format clang-tidy git libbenchmark-dev libclang-rt-14-dev libgtest-dev libxcb1-dev
+    pkgconf strace
     util-linux
     xauth
 )

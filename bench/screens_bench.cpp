@@ -2,7 +2,7 @@
 
 #include "editor.h"
 #include "press.h"
-#include "shell/fonts.h"
+#include "shell/look.h"
 
 #include <QApplication>
 
@@ -80,7 +80,7 @@ int main(int argc, char *argv[])
     benchmark::Initialize(&argc, argv);
     const QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    tarvold::fonts::apply();
+    tarvold::look::apply();
     benchmark::RunSpecifiedBenchmarks();
     return EXIT_SUCCESS;
 }

@@ -4,7 +4,7 @@
 #include "datafiles/stipulation_table.h"
 #include "editor.h"
 #include "press.h"
-#include "shell/fonts.h"
+#include "shell/look.h"
 #include "stipulations/stipulation_list_model.h"
 
 #include <QApplication>
@@ -271,7 +271,7 @@ int main(int argc, char *argv[])
     benchmark::Initialize(&argc, argv);
     const QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    tarvold::fonts::apply();
+    tarvold::look::apply();
     loaded(); // makes the file before the first measurement
     registerAll();
     benchmark::RunSpecifiedBenchmarks();

@@ -1,5 +1,5 @@
 #include "editor.h"
-#include "shell/fonts.h"
+#include "shell/look.h"
 
 #include <QApplication>
 
@@ -15,7 +15,7 @@ int main(int argc, char *argv[])
     QApplication::setApplicationName(QStringLiteral("tarvold-editor"));
     // Windows hide and show as the user moves on; only the main menu ends the program.
     QApplication::setQuitOnLastWindowClosed(false);
-    tarvold::fonts::apply();
+    tarvold::look::apply();
 
     tarvold::Editor editor;
     QObject::connect(&editor, &tarvold::Editor::exitRequested, &application,

@@ -2,15 +2,19 @@
 
 #include "datafiles/append.h"
 #include "endings/commentary_line.h"
+#include "shell/announcement.h"
 #include "shell/combo_box.h"
 #include "shell/controls.h"
 #include "shell/failures.h"
+#include "shell/form_grid.h"
+#include "shell/keys.h"
 #include "shell/message_box.h"
+#include "shell/push_button.h"
 #include "shell/screens.h"
+#include "shell/sizes.h"
 
 #include <QGridLayout>
 #include <QLabel>
-#include <QPushButton>
 
 namespace tarvold {
 
@@ -19,6 +23,7 @@ CommentaryScreen::CommentaryScreen(Screens &screens, const CommentaryTable &tabl
     , m_screens(screens)
     , m_table(table)
     , m_tags(new ComboBox(this))
+    , m_announcement(new Announcement(this))
 {
     addHiddenLabel("hiddenlabel");
     addHeading("Label1", table.heading);
@@ -40,7 +45,8 @@ void CommentaryScreen::addTagList()
     controls::describe(*m_tags, label->text(), QLatin1StringView(m_table.instructions));
     add(m_tags, "Combo1");
     auto *row = new QHBoxLayout;
-    row->setSpacing(14);
+    row->setSpacing(kGap);
+    label->setMinimumWidth(formgrid::labelWidth(*this));
     row->addWidget(label);
     row->addWidget(m_tags, 1);
     column().addLayout(row);
@@ -57,16 +63,15 @@ void CommentaryScreen::addInstructions()
 void CommentaryScreen::addLines()
 {
     auto *grid = new QGridLayout;
-    grid->setHorizontalSpacing(8);
-    grid->setVerticalSpacing(6);
+    grid->setHorizontalSpacing(kGap);
+    grid->setVerticalSpacing(kRowGap);
     for (CommentaryLine *&line : m_lines) {
         const int row = int(&line - m_lines.data());
         const QString number = QString::number(row + 1);
         line = new CommentaryLine(this);
         line->setAccessibleName(QStringLiteral("Commentary line ") + number);
         add(line, qPrintable(QStringLiteral("Text") + number));
-        auto *label = new QLabel(number, this);
-        label->setBuddy(line);
+        auto *label = new QLabel(number, this); // no buddy: its number would be spoken as the name
         grid->addWidget(label, row, 0, Qt::AlignRight | Qt::AlignVCenter);
         grid->addWidget(line, row, 1);
         connect(line, &CommentaryLine::entered, this, [this, line] { mark(*line); });
@@ -77,11 +82,9 @@ void CommentaryScreen::addLines()
 
 void CommentaryScreen::addButtons()
 {
-    QPushButton *back = newButton("Command2", "<<");
-    back->setAccessibleName(QStringLiteral("Back"));
-    QPushButton *save = newButton("Command1", m_table.addCaption);
-    addButtonRow({back}, {save});
-    connect(back, &QPushButton::clicked, this, &Screen::backPressed);
+    PushButton *save = newButton("Command1", m_table.addCaption);
+    save->setKeys(keys::save());
+    addButtonRow({newBackButton("Command2")}, {save});
     connect(save, &QPushButton::clicked, this, &CommentaryScreen::save);
 }
 
@@ -114,29 +117,41 @@ void CommentaryScreen::mark(CommentaryLine &line)
 void CommentaryScreen::insertTag()
 {
     const QString item = m_tags->currentText();
+    bool isRefused = false;
     for (const CommentaryTag &tag : m_table.tags) {
         if (item == QLatin1StringView(tag.item)) {
-            acceptTag(tag);
+            isRefused = !accepts(tag);
             break;
         }
     }
     // Deliberate: after a refusal the marked line receives the tag that was accepted before.
-    for (CommentaryLine *line : m_lines) {
-        if (line->isMarked()) {
-            line->append(text("hiddenlabel"));
-        }
-    }
+    const QString outcome = append(text("hiddenlabel"));
+    m_announcement->tell(isRefused ? QStringLiteral("Tag refused. ") + outcome : outcome);
 }
 
-void CommentaryScreen::acceptTag(const CommentaryTag &tag)
+QString CommentaryScreen::append(const QString &tag)
+{
+    QString outcome = QStringLiteral("No line is marked, so nothing was inserted.");
+    for (CommentaryLine *&line : m_lines) {
+        if (line->isMarked()) {
+            line->append(tag);
+            const QString number = QString::number(1 + (&line - m_lines.data()));
+            outcome = QStringLiteral("Inserted %1 into line %2.").arg(tag, number);
+        }
+    }
+    return tag.isEmpty() ? QStringLiteral("Nothing was inserted.") : outcome;
+}
+
+bool CommentaryScreen::accepts(const CommentaryTag &tag)
 {
     const Refusal *refusal = tag.refusal;
     if (refusal != nullptr && refusal->isRefused(m_screens.text(refusal->box))) {
         messagebox::notice(this, QLatin1StringView(refusal->title),
                            QLatin1StringView(refusal->message));
-        return;
+        return false;
     }
     setText("hiddenlabel", QLatin1StringView(tag.tag));
+    return true;
 }
 
 void CommentaryScreen::save()

@@ -8,6 +8,7 @@
 
 namespace tarvold {
 
+class Announcement;
 class ComboBox;
 class CommentaryLine;
 class Screens;
@@ -71,13 +72,17 @@ private:
     void addButtons();
     void mark(CommentaryLine &line);
     void insertTag();
-    void acceptTag(const CommentaryTag &tag);
+    /// Whether the tag can be inserted now; tells the user when it cannot.
+    bool accepts(const CommentaryTag &tag);
+    /// Adds the tag to the marked line; says in words what came of it.
+    QString append(const QString &tag);
     void save();
     bool write();
 
     Screens &m_screens;
     CommentaryTable m_table;
     ComboBox *m_tags;
+    Announcement *m_announcement;
     std::array<CommentaryLine *, 10> m_lines{};
 };
 

@@ -5,16 +5,17 @@
 #include "datafiles/import_merge.h"
 #include "shell/busy_cursor.h"
 #include "shell/failures.h"
+#include "shell/keys.h"
 #include "shell/list_box.h"
 #include "shell/main_menu.h"
 #include "shell/message_box.h"
+#include "shell/push_button.h"
 #include "shell/screens.h"
 #include "shell/text_box.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QLabel>
-#include <QPushButton>
 #include <QStringListModel>
 #include <QVBoxLayout>
 
@@ -75,7 +76,7 @@ Form2::Form2(Screens &screens)
 void Form2::addKindButtons()
 {
     for (const KindRow &row : kKinds) {
-        QPushButton *button = newButton(row.button, row.caption);
+        PushButton *button = newButton(row.button, row.caption);
         button->setMinimumWidth(fontMetrics().averageCharWidth() * kKindButtonWidth);
         column().addWidget(button, 0, Qt::AlignLeft);
         connect(button, &QPushButton::clicked, this, [this, &row] {
@@ -103,9 +104,11 @@ void Form2::addFileChoice()
 
 void Form2::addButtons()
 {
-    QPushButton *back = newButton("Command1", "Back");
-    QPushButton *cancel = newButton("Command9", "Cancel");
-    QPushButton *import = newButton("Command8", "Import");
+    PushButton *back = newButton("Command1", "Back");
+    PushButton *cancel = newButton("Command9", "Cancel");
+    PushButton *import = newButton("Command8", "Import");
+    back->setKeys(keys::back());
+    cancel->setKeys(keys::back()); // of the two only one can be seen
     addButtonRow({back, cancel}, {import});
     connect(back, &QPushButton::clicked, this, &Form2::back);
     connect(cancel, &QPushButton::clicked, this, &Form2::goToKinds);

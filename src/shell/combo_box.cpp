@@ -1,6 +1,6 @@
 #include "shell/combo_box.h"
 
-#include "shell/sizes.h"
+#include "shell/list_rows.h"
 #include "shell/text_box.h"
 
 #include <QAbstractItemView>
@@ -12,11 +12,10 @@ namespace tarvold {
 ComboBox::ComboBox(QWidget *parent) : QComboBox(parent)
 {
     setLineEdit(new TextBox);
-    lineEdit()->setMinimumHeight(0); // the frame around it is the target
     setCompleter(nullptr);
     setInsertPolicy(NoInsert);
     setMaxVisibleItems(25);
-    setMinimumHeight(kTargetHeight);
+    setItemDelegate(new ListRows(this));
     setFocusPolicy(Qt::StrongFocus); // not by the wheel, which is for scrolling past
     setMinimumContentsLength(1);
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);

@@ -1,9 +1,10 @@
 #include "shell/details_screen.h"
 
 #include "shell/combo_box.h"
+#include "shell/keys.h"
+#include "shell/push_button.h"
 
 #include <QGridLayout>
-#include <QPushButton>
 #include <QShowEvent>
 
 namespace tarvold {
@@ -21,18 +22,15 @@ DetailsScreen::DetailsScreen(const DetailsTable &table)
     }
     column().addLayout(formgrid::build(*this, table.fields, m_help));
     column().addStretch();
-    column().addWidget(m_help);
+    addFoot(m_help);
     addButtons();
 }
 
 void DetailsScreen::addButtons()
 {
-    QPushButton *back = newButton("Command1", "<<");
-    QPushButton *next = newButton("Command2", ">>");
-    back->setAccessibleName(QStringLiteral("Back"));
-    next->setAccessibleName(QStringLiteral("Next"));
-    addButtonRow({back}, {next});
-    connect(back, &QPushButton::clicked, this, &Screen::backPressed);
+    PushButton *next = newButton("Command2", ">>");
+    next->setKeys(keys::next(), QStringLiteral("Next"));
+    addButtonRow({newBackButton("Command1")}, {next});
     connect(next, &QPushButton::clicked, this, &DetailsScreen::goOn);
 }
 

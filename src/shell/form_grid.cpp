@@ -4,6 +4,7 @@
 #include "shell/controls.h"
 #include "shell/screen.h"
 #include "shell/scroll_bar.h"
+#include "shell/sizes.h"
 #include "shell/text_box.h"
 
 #include <QGridLayout>
@@ -51,6 +52,12 @@ QWidget *withValueLabel(Screen &screen, const Bar &bar, ScrollBar &scrollBar)
 
 } // namespace
 
+int labelWidth(const Screen &screen)
+{
+    constexpr int kCharacters = 33;
+    return screen.fontMetrics().averageCharWidth() * kCharacters;
+}
+
 QWidget *newControl(Screen &screen, const Field &field)
 {
     QWidget *control = newBareControl(field);
@@ -63,10 +70,9 @@ QWidget *newControl(Screen &screen, const Field &field)
 QGridLayout *build(Screen &screen, std::span<const Field> fields, HelpLine *help)
 {
     auto *grid = new QGridLayout;
-    grid->setHorizontalSpacing(14);
-    grid->setVerticalSpacing(6);
-    // One width for all screens, so that the controls stand in the same place on each.
-    grid->setColumnMinimumWidth(0, screen.fontMetrics().averageCharWidth() * 33);
+    grid->setHorizontalSpacing(kGap);
+    grid->setVerticalSpacing(kRowGap);
+    grid->setColumnMinimumWidth(0, labelWidth(screen));
     grid->setColumnStretch(1, 1);
     const char *lastLabel = "";
     for (const Field &field : fields) {

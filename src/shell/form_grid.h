@@ -43,6 +43,9 @@ namespace formgrid {
 /// \param help the label that shows their help texts, or none
 QGridLayout *build(Screen &screen, std::span<const Field> fields, HelpLine *help);
 
+/// The width of the labels, one for all screens: the controls stand in the same place on each.
+int labelWidth(const Screen &screen);
+
 /// Makes a field's control, without its label, and makes it known to the screen.
 QWidget *newControl(Screen &screen, const Field &field);
 

@@ -1,45 +1,12 @@
 #include "shell/list_box.h"
 
-#include "shell/sizes.h"
-
-#include <QHelpEvent>
-#include <QStyledItemDelegate>
-#include <QTextDocument>
-#include <QToolTip>
+#include "shell/list_rows.h"
 
 namespace tarvold {
-namespace {
-
-/// Rows that are tall enough to be hit, and that tell their whole text where it does not fit.
-class TallRows : public QStyledItemDelegate
-{
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
-    {
-        return QStyledItemDelegate::sizeHint(option, index).expandedTo({0, kTargetHeight});
-    }
-
-    bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
-                   const QModelIndex &index) override
-    {
-        if (event->type() != QEvent::ToolTip || !index.isValid()) {
-            return QStyledItemDelegate::helpEvent(event, view, option, index);
-        }
-        const QString text = index.data().toString();
-        const bool fits = view->fontMetrics().horizontalAdvance(text) < view->viewport()->width();
-        QToolTip::showText(event->globalPos(), fits ? QString() : Qt::convertFromPlainText(text),
-                           view);
-        return true;
-    }
-};
-
-} // namespace
 
 ListBox::ListBox(QWidget *parent) : QListView(parent)
 {
-    setItemDelegate(new TallRows(this));
+    setItemDelegate(new ListRows(this));
     setUniformItemSizes(true);
     setEditTriggers(NoEditTriggers);
 }
@@ -65,6 +32,13 @@ void ListBox::focusInEvent(QFocusEvent *event)
     if (selectionModel() != nullptr && !selectionModel()->hasSelection()) {
         selectionModel()->clearCurrentIndex();
     }
+    update(); // the mark of the focus is on the frame
+}
+
+void ListBox::focusOutEvent(QFocusEvent *event)
+{
+    QListView::focusOutEvent(event);
+    update();
 }
 
 } // namespace tarvold

@@ -1,11 +1,12 @@
 #include "shell/main_menu.h"
 
 #include "datafiles/data_file_kind.h"
+#include "shell/push_button.h"
+#include "shell/sizes.h"
 #include "shell/text_box.h"
 
 #include <QGridLayout>
 #include <QLabel>
-#include <QPushButton>
 
 #include <array>
 #include <optional>
@@ -44,12 +45,11 @@ Form1::Form1(Screens & /*screens*/) : Screen(kName)
     addHiddenLabel("matchreports", QStringLiteral("normal"));
 
     auto *grid = new QGridLayout;
-    grid->setHorizontalSpacing(14);
-    grid->setVerticalSpacing(10);
+    grid->setHorizontalSpacing(kGap);
+    grid->setVerticalSpacing(kGap);
     grid->setColumnStretch(0, 3);
     grid->setColumnStretch(2, 4);
     addRows(*grid);
-    column().addSpacing(8);
     column().addLayout(grid);
     column().addStretch();
 }
@@ -57,7 +57,7 @@ Form1::Form1(Screens & /*screens*/) : Screen(kName)
 void Form1::addRows(QGridLayout &grid)
 {
     for (const MenuRow &row : kRows) {
-        QPushButton *button = newButton(row.button, row.caption);
+        PushButton *button = newButton(row.button, row.caption);
         connect(button, &QPushButton::clicked, this, [this, &row] { emit pressed(row.entry); });
         const int line = grid.rowCount();
         grid.addWidget(button, line, 0);

@@ -1,13 +1,16 @@
 #include "shell/screen.h"
 
 #include "shell/controls.h"
+#include "shell/keys.h"
+#include "shell/push_button.h"
+#include "shell/scroll_pane.h"
 #include "shell/sizes.h"
 
 #include <QCloseEvent>
 #include <QFontMetrics>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
 
 namespace tarvold {
@@ -16,24 +19,41 @@ namespace {
 constexpr double kHeadingScale = 1.4;
 
 /// One size for all screens, so that moving through them feels like one window. It follows the
-/// user's text size and has room for the rows of the longest form that a flow shows.
-QSize standardSize(const QFontMetrics &metrics)
+/// user's text size and has room for the longest form, on a display that has it.
+QSize standardSize(const QWidget &screen)
 {
-    constexpr int kRows = 12;
-    constexpr int kGap = 6;
-    const int row = std::max(kTargetHeight, metrics.lineSpacing() + 10) + kGap;
-    return {metrics.averageCharWidth() * 100, kRows * row + metrics.lineSpacing() * 9};
+    constexpr int kRows = 13;
+    constexpr QSize kFrame(16, 48); // what the desktop draws around the window, at most
+    const QFontMetrics metrics = screen.fontMetrics();
+    const int row = std::max(kTargetHeight, metrics.lineSpacing() + 10) + kRowGap;
+    const QSize wanted(metrics.averageCharWidth() * 100, kRows * row + metrics.lineSpacing() * 9);
+    return wanted.boundedTo(screen.screen()->availableSize() - kFrame);
 }
 
 } // namespace
 
-Screen::Screen(const char *name) : m_column(new QVBoxLayout(this))
+Screen::Screen(const char *name)
+    : m_head(new QVBoxLayout)
+    , m_pane(new ScrollPane)
+    , m_foot(new QVBoxLayout)
 {
     setObjectName(QLatin1StringView(name));
     setWindowTitle(QStringLiteral("Tarvold 1.3 Data Editor"));
-    m_column->setContentsMargins(18, 14, 18, 14);
-    m_column->setSpacing(10);
-    resize(standardSize(fontMetrics()));
+    auto *whole = new QVBoxLayout(this);
+    whole->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    whole->setSpacing(kGap);
+    whole->addLayout(m_head);
+    whole->addWidget(m_pane, 1);
+    whole->addLayout(m_foot);
+    for (QVBoxLayout *part : {m_head, m_foot}) {
+        part->setSpacing(kGap);
+    }
+    resize(standardSize(*this));
+}
+
+QVBoxLayout &Screen::column()
+{
+    return m_pane->column();
 }
 
 QWidget &Screen::control(const char *name) const
@@ -92,14 +112,18 @@ QLabel *Screen::addHiddenLabel(const char *name, const QString &text)
     return label;
 }
 
-QPushButton *Screen::newButton(const char *name, const char *caption)
+PushButton *Screen::newButton(const char *name, const char *caption)
 {
-    auto *button = new QPushButton(QLatin1StringView(caption), this);
-    const int padding = 2 * kTargetHeight;
-    const int width = button->fontMetrics().horizontalAdvance(button->text());
-    button->setMinimumSize(width + padding, kTargetHeight);
-    button->setAutoDefault(true); // so that Enter presses the button that has the focus
+    auto *button = new PushButton(QLatin1StringView(caption), this);
     add(button, name);
+    return button;
+}
+
+PushButton *Screen::newBackButton(const char *name)
+{
+    PushButton *button = newButton(name, "<<");
+    button->setKeys(keys::back(), QStringLiteral("Back"));
+    connect(button, &QPushButton::clicked, this, &Screen::backPressed);
     return button;
 }
 
@@ -114,7 +138,7 @@ void Screen::addHeading(const char *name, const char *text)
         font.setPixelSize(static_cast<int>(font.pixelSize() * kHeadingScale));
     }
     heading->setFont(font);
-    m_column->addWidget(heading);
+    m_head->addWidget(heading);
 }
 
 void Screen::addRule(const char *name)
@@ -122,21 +146,26 @@ void Screen::addRule(const char *name)
     auto *rule = new QFrame(this);
     rule->setFrameShape(QFrame::HLine);
     add(rule, name);
-    m_column->addWidget(rule);
+    m_head->addWidget(rule);
 }
 
-void Screen::addButtonRow(std::initializer_list<QPushButton *> left,
-                          std::initializer_list<QPushButton *> right)
+void Screen::addButtonRow(std::initializer_list<PushButton *> left,
+                          std::initializer_list<PushButton *> right)
 {
     auto *row = new QHBoxLayout;
-    for (QPushButton *button : left) {
+    for (PushButton *button : left) {
         row->addWidget(button);
     }
     row->addStretch();
-    for (QPushButton *button : right) {
+    for (PushButton *button : right) {
         row->addWidget(button);
     }
-    m_column->addLayout(row);
+    m_foot->addLayout(row);
+}
+
+void Screen::addFoot(QWidget *widget)
+{
+    m_foot->addWidget(widget);
 }
 
 void Screen::showEvent(QShowEvent *event)

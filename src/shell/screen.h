@@ -6,10 +6,12 @@
 #include <initializer_list>
 
 class QLabel;
-class QPushButton;
 class QVBoxLayout;
 
 namespace tarvold {
+
+class PushButton;
+class ScrollPane;
 
 /// A screen of the program: one top-level window, shown and hidden, never destroyed during a run.
 ///
@@ -66,7 +68,10 @@ protected:
     QLabel *addHiddenLabel(const char *name, const QString &text = {});
 
     /// Makes a button for the row at the foot of the screen.
-    QPushButton *newButton(const char *name, const char *caption);
+    PushButton *newButton(const char *name, const char *caption);
+
+    /// Makes the button "<<", with its keys.
+    PushButton *newBackButton(const char *name);
 
     /// The heading over everything else.
     void addHeading(const char *name, const char *text);
@@ -74,19 +79,24 @@ protected:
     /// A line across the screen.
     void addRule(const char *name);
 
-    /// The row of buttons at the foot of the screen, to its left and to its right.
-    void addButtonRow(std::initializer_list<QPushButton *> left,
-                      std::initializer_list<QPushButton *> right);
+    /// Puts a control under what scrolls, above the buttons.
+    void addFoot(QWidget *widget);
 
-    /// The column that all parts of the screen stand in.
-    QVBoxLayout &column() { return *m_column; }
+    /// The row of buttons at the foot of the screen, to its left and to its right.
+    void addButtonRow(std::initializer_list<PushButton *> left,
+                      std::initializer_list<PushButton *> right);
+
+    /// The column between heading and foot. It scrolls where the display is too small for it.
+    QVBoxLayout &column();
 
     void showEvent(QShowEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
 
 private:
     QHash<QByteArray, QWidget *> m_controls;
-    QVBoxLayout *m_column;
+    QVBoxLayout *m_head;
+    ScrollPane *m_pane;
+    QVBoxLayout *m_foot;
 };
 
 } // namespace tarvold

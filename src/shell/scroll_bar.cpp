@@ -3,7 +3,6 @@
 #include "shell/sizes.h"
 
 #include <QKeyEvent>
-#include <QPainter>
 #include <QWheelEvent>
 
 namespace tarvold {
@@ -45,16 +44,6 @@ void ScrollBar::wheelEvent(QWheelEvent *event)
     }
     triggerAction(turn > 0 ? SliderSingleStepAdd : SliderSingleStepSub);
     event->accept();
-}
-
-void ScrollBar::paintEvent(QPaintEvent *event)
-{
-    QScrollBar::paintEvent(event);
-    if (hasFocus()) {
-        QPainter painter(this);
-        painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
-        painter.drawRect(rect().adjusted(1, 1, -1, -1));
-    }
 }
 
 } // namespace tarvold

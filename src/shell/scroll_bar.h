@@ -6,7 +6,7 @@ namespace tarvold {
 
 /// The horizontal scroll bar of all screens, a control for whole numbers.
 ///
-/// It is reached by Tab and shows the focus. Right, Up and Page Up raise the value by one,
+/// It is reached by Tab. Right, Up and Page Up raise the value by one,
 /// Left, Down and Page Down lower it. During a drag sliderMoved() tells where the thumb is;
 /// valueChanged() comes when it is let go. The wheel turns it by one, and only while it has the
 /// focus.
@@ -20,7 +20,6 @@ public:
 protected:
     void keyPressEvent(QKeyEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
-    void paintEvent(QPaintEvent *event) override;
 };
 
 } // namespace tarvold

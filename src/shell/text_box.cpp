@@ -1,7 +1,5 @@
 #include "shell/text_box.h"
 
-#include "shell/sizes.h"
-
 #include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
@@ -26,7 +24,6 @@ QString onOneLine(QString text)
 TextBox::TextBox(QWidget *parent) : QLineEdit(parent)
 {
     setMaxLength(std::numeric_limits<int>::max());
-    setMinimumHeight(kTargetHeight);
     setTextMargins(3, 0, 3, 0);
 }
 

@@ -4,12 +4,15 @@
 #include "shell/combo_box.h"
 #include "shell/controls.h"
 #include "shell/failures.h"
+#include "shell/keys.h"
 #include "shell/message_box.h"
+#include "shell/push_button.h"
 #include "shell/screens.h"
+#include "shell/sizes.h"
 #include "stipulations/form_tables.h"
 
 #include <QGridLayout>
-#include <QPushButton>
+#include <QLabel>
 #include <QScrollBar>
 
 namespace tarvold {
@@ -45,13 +48,16 @@ void Form3::addValueTable()
     constexpr char kDraw[] = "Match Draw Value:";
     constexpr char kEntertainment[] = "Match Entertainment Value:";
     auto *grid = new QGridLayout;
-    grid->setHorizontalSpacing(14);
-    grid->setVerticalSpacing(6);
+    grid->setHorizontalSpacing(kGap);
+    grid->setVerticalSpacing(kRowGap);
+    grid->setColumnMinimumWidth(0, formgrid::labelWidth(*this));
     grid->addWidget(newLabel("Label9", kDraw), 1, 0);
     grid->addWidget(newLabel("Label14", kEntertainment), 2, 0);
     int place = 1;
     for (const stipulationform::ValueColumn &column : stipulationform::kValueColumns) {
-        grid->addWidget(newLabel(column.label, column.caption), 0, place);
+        QLabel *heading = newLabel(column.label, column.caption);
+        heading->setWordWrap(true);
+        grid->addWidget(heading, 0, place, Qt::AlignBottom);
         const Items items = stipulationform::valueItems(column.offersNa);
         int row = 1;
         for (const auto &[name, caption] :
@@ -69,8 +75,9 @@ void Form3::addValueTable()
 
 void Form3::addButtons()
 {
-    QPushButton *cancel = newButton("Command1", "Cancel And Return To Menu");
-    QPushButton *save = newButton("Command2", "Save This Stipulation");
+    PushButton *cancel = newButton("Command1", "Cancel And Return To Menu");
+    PushButton *save = newButton("Command2", "Save This Stipulation");
+    save->setKeys(keys::save());
     addButtonRow({cancel}, {save});
     connect(cancel, &QPushButton::clicked, this, &Screen::backPressed);
     connect(this, &Screen::closeRequested, this, &Screen::backPressed);

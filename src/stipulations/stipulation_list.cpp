@@ -6,15 +6,17 @@
 #include "shell/busy_cursor.h"
 #include "shell/controls.h"
 #include "shell/failures.h"
+#include "shell/keys.h"
 #include "shell/list_box.h"
 #include "shell/main_menu.h"
 #include "shell/message_box.h"
+#include "shell/push_button.h"
 #include "shell/screens.h"
 #include "stipulations/stipulation_form.h"
 #include "stipulations/stipulation_list_model.h"
 
 #include <QLabel>
-#include <QPushButton>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 namespace tarvold {
@@ -53,14 +55,23 @@ void Form16::addList()
     m_list->setAccessibleName(QStringLiteral("Match stipulations"));
     add(m_list, "List1");
     column().addWidget(m_list, 1);
+    connect(m_list, &QListView::doubleClicked, this, &Form16::edit);
+    const auto onKey = [this](Qt::Key key, void (Form16::*act)()) {
+        auto *shortcut = new QShortcut(key, m_list, this, act, Qt::WidgetShortcut);
+        shortcut->setAutoRepeat(false);
+    };
+    onKey(Qt::Key_Return, &Form16::edit);
+    onKey(Qt::Key_Enter, &Form16::edit);
+    onKey(Qt::Key_Delete, &Form16::remove);
 }
 
 void Form16::addButtons()
 {
-    QPushButton *back = newButton("Command3", "Back To Menu");
-    QPushButton *create = newButton("Command1", "Create New");
-    QPushButton *edit = newButton("Command2", "Edit");
-    QPushButton *remove = newButton("Command4", "Delete");
+    PushButton *back = newButton("Command3", "Back To Menu");
+    PushButton *create = newButton("Command1", "Create New");
+    PushButton *edit = newButton("Command2", "Edit");
+    PushButton *remove = newButton("Command4", "Delete");
+    back->setKeys(keys::back());
     addButtonRow({back}, {create, edit, remove});
     connect(create, &QPushButton::clicked, this, &Form16::createNew);
     connect(edit, &QPushButton::clicked, this, &Form16::edit);

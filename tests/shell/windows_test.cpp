@@ -1,4 +1,4 @@
-#include "shell/fonts.h"
+#include "shell/look.h"
 #include "support/flow_test.h"
 #include "support/spoken.h"
 #include "support/window_watch.h"
@@ -151,12 +151,12 @@ public:
         QFont font = m_before;
         font.setPointSize(points);
         QApplication::setFont(font);
-        fonts::apply();
+        look::apply();
     }
     ~DesktopFont()
     {
         QApplication::setFont(m_before);
-        fonts::apply();
+        look::apply();
     }
     DesktopFont(const DesktopFont &) = delete;
     DesktopFont &operator=(const DesktopFont &) = delete;

@@ -5,7 +5,7 @@
 #include "endings/ending_entry.h"
 #include "endings/normal_commentary.h"
 #include "segments/segment_flow.h"
-#include "shell/fonts.h"
+#include "shell/look.h"
 #include "stipulations/stipulation_form.h"
 
 #include <QApplication>
@@ -53,7 +53,7 @@ int main(int argc, char *argv[])
     if (arguments.contains(QStringLiteral("--dark"))) {
         QApplication::setPalette(darkPalette());
     }
-    fonts::apply();
+    look::apply();
 
     const QDir folder(arguments.value(1, QStringLiteral(".")));
     Editor editor;

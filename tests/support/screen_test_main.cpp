@@ -1,4 +1,4 @@
-#include "shell/fonts.h"
+#include "shell/look.h"
 
 #include <QApplication>
 
@@ -15,6 +15,6 @@ int main(int argc, char *argv[])
     QApplication::setQuitOnLastWindowClosed(false);
     // Two clicks of a test follow each other faster than any hand; they are never a double click.
     QApplication::setDoubleClickInterval(0);
-    tarvold::fonts::apply();
+    tarvold::look::apply();
     return RUN_ALL_TESTS();
 }

@@ -2,7 +2,7 @@
 //
 //     walk [--seed N] [--actions N] [--talk]
 
-#include "shell/fonts.h"
+#include "shell/look.h"
 #include "walk/day.h"
 #include "walk/trace.h"
 
@@ -75,7 +75,7 @@ int main(int argc, char *argv[])
     QApplication::setQuitOnLastWindowClosed(false);
     // Clicks follow each other faster than any hand; only those meant to are a double click.
     QApplication::setDoubleClickInterval(0);
-    tarvold::fonts::apply();
+    tarvold::look::apply();
     qInstallMessageHandler(hear);
 
     const unsigned seed = options.value(QStringLiteral("seed")).toUInt();

@@ -1,12 +1,15 @@
-#include "shell/fonts.h"
+#include "shell/look.h"
+
+#include "shell/editor_style.h"
 
 #include <QApplication>
 #include <QFont>
 
-namespace tarvold::fonts {
+namespace tarvold::look {
 
 void apply()
 {
+    QApplication::setStyle(new EditorStyle); // the application owns it
     const QString labels = QStringLiteral("Arial");
     const QString buttons = QStringLiteral("MS Sans Serif");
     QFont::insertSubstitutions(labels, {QStringLiteral("Liberation Sans"), QStringLiteral("Arimo"),
@@ -21,4 +24,4 @@ void apply()
     QApplication::setFont(font, "QPushButton");
 }
 
-} // namespace tarvold::fonts
+} // namespace tarvold::look

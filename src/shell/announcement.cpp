@@ -1,0 +1,31 @@
+#include "shell/announcement.h"
+
+#include <QAccessible>
+#include <QAccessibleWidget>
+
+namespace tarvold {
+namespace {
+
+QAccessibleInterface *newNotification(const QString & /*className*/, QObject *object)
+{
+    auto *announcement = qobject_cast<Announcement *>(object);
+    return announcement == nullptr ? nullptr
+                                   : new QAccessibleWidget(announcement, QAccessible::Notification);
+}
+
+} // namespace
+
+Announcement::Announcement(QWidget *parent) : QWidget(parent)
+{
+    QAccessible::installFactory(newNotification); // once is enough, and more often does no harm
+    setFixedSize(0, 0);
+}
+
+void Announcement::tell(const QString &text)
+{
+    setAccessibleName(text);
+    QAccessibleEvent shown(this, QAccessible::ObjectShow);
+    QAccessible::updateAccessibility(&shown);
+}
+
+} // namespace tarvold

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QColor>
+
+#include <initializer_list>
+
+/// How well colours can be told apart, by the Web Content Accessibility Guidelines 2.2.
+///
+/// Source: https://www.w3.org/TR/WCAG22/#dfn-contrast-ratio and #dfn-relative-luminance.
+namespace tarvold::contrast {
+
+inline constexpr double kText = 4.5;    ///< what text needs (success criterion 1.4.3)
+inline constexpr double kControl = 3.0; ///< what outlines and marks need (1.4.11)
+
+/// The contrast of two opaque colours: from 1 for equal ones to 21 for black and white.
+double ratio(const QColor &one, const QColor &other);
+
+/// The colour closest to `wanted`, darker or lighter, that has at least the contrast `least` to
+/// every colour of `behind`; where no colour has, the one whose smallest contrast is greatest.
+QColor visible(const QColor &wanted, std::initializer_list<QColor> behind, double least);
+
+} // namespace tarvold::contrast

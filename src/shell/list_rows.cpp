@@ -1,0 +1,22 @@
+#include "shell/list_rows.h"
+
+#include <QAbstractItemView>
+#include <QHelpEvent>
+#include <QTextDocument>
+#include <QToolTip>
+
+namespace tarvold {
+
+bool ListRows::helpEvent(QHelpEvent *event, QAbstractItemView *view,
+                         const QStyleOptionViewItem &option, const QModelIndex &index)
+{
+    if (event->type() != QEvent::ToolTip || !index.isValid()) {
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    }
+    const QString text = index.data().toString();
+    const bool fits = view->fontMetrics().horizontalAdvance(text) < view->viewport()->width();
+    QToolTip::showText(event->globalPos(), fits ? QString() : Qt::convertFromPlainText(text), view);
+    return true;
+}
+
+} // namespace tarvold

@@ -82,9 +82,10 @@ void CommentaryScreen::addLines()
 
 void CommentaryScreen::addButtons()
 {
+    PushButton *back = newBackButton("Command2");
     PushButton *save = newButton("Command1", m_table.addCaption);
     save->setKeys(keys::save());
-    addButtonRow({newBackButton("Command2")}, {save});
+    addButtonRow({back}, {save});
     connect(save, &QPushButton::clicked, this, &CommentaryScreen::save);
 }
 

@@ -19,13 +19,20 @@ Announcement::Announcement(QWidget *parent) : QWidget(parent)
 {
     QAccessible::installFactory(newNotification); // once is enough, and more often does no harm
     setFixedSize(0, 0);
+    hide();
 }
 
 void Announcement::tell(const QString &text)
 {
     setAccessibleName(text);
-    QAccessibleEvent shown(this, QAccessible::ObjectShow);
-    QAccessible::updateAccessibility(&shown);
+    hide();
+    show(); // tells assistive technology by itself
+}
+
+void Announcement::hideEvent(QHideEvent *event)
+{
+    hide(); // else it would be shown with its window, and read out, the next time
+    QWidget::hideEvent(event);
 }
 
 } // namespace tarvold

@@ -16,6 +16,9 @@ public:
 
     /// Has a text read out.
     void tell(const QString &text);
+
+protected:
+    void hideEvent(QHideEvent *event) override;
 };
 
 } // namespace tarvold

@@ -4,6 +4,7 @@
 #include "shell/text_box.h"
 
 #include <QAbstractItemView>
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QWheelEvent>
 
@@ -34,6 +35,12 @@ void ComboBox::showPopup()
         setText(shown);
     }
     QComboBox::showPopup();
+    if (currentIndex() >= 0) {
+        // The toolkit names the list alone to those who hear it.
+        QAccessibleEvent item(view(), QAccessible::Focus);
+        item.setChild(currentIndex());
+        QAccessible::updateAccessibility(&item);
+    }
     // Only the list's own signal tells a choice apart from a typed text that equals an item:
     // activated() comes for both.
     connect(view()->parentWidget(), SIGNAL(itemSelected(QModelIndex)), this, SIGNAL(chosen()),

@@ -9,8 +9,10 @@
 /// Source: https://www.w3.org/TR/WCAG22/#dfn-contrast-ratio and #dfn-relative-luminance.
 namespace tarvold::contrast {
 
-inline constexpr double kText = 4.5;    ///< what text needs (success criterion 1.4.3)
-inline constexpr double kControl = 3.0; ///< what outlines and marks need (1.4.11)
+/// What text needs so that even its thin, smoothed letters reach 4.5 (success criterion 1.4.3).
+inline constexpr double kText = 7;
+
+inline constexpr double kControl = 3; ///< what outlines and marks need (1.4.11)
 
 /// The contrast of two opaque colours: from 1 for equal ones to 21 for black and white.
 double ratio(const QColor &one, const QColor &other);

@@ -28,9 +28,10 @@ DetailsScreen::DetailsScreen(const DetailsTable &table)
 
 void DetailsScreen::addButtons()
 {
+    PushButton *back = newBackButton("Command1");
     PushButton *next = newButton("Command2", ">>");
     next->setKeys(keys::next(), QStringLiteral("Next"));
-    addButtonRow({newBackButton("Command1")}, {next});
+    addButtonRow({back}, {next});
     connect(next, &QPushButton::clicked, this, &DetailsScreen::goOn);
 }
 

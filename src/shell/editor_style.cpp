@@ -38,9 +38,10 @@ QSize leastSize(QStyle::ContentsType type)
     case QStyle::CT_PushButton:
     case QStyle::CT_LineEdit:
     case QStyle::CT_ComboBox:
+        return {kLeastTarget, kControlHeight};
     case QStyle::CT_MenuItem:
     case QStyle::CT_ItemViewItem:
-        return {kTargetWidth, kTargetHeight};
+        return {kLeastTarget, kLeastTarget};
     default:
         return {};
     }
@@ -69,7 +70,7 @@ int EditorStyle::pixelMetric(PixelMetric metric, const QStyleOption *option,
         return kFrame;
     case PM_ScrollBarExtent:
     case PM_ScrollBarSliderMin:
-        return kTargetWidth;
+        return kLeastTarget;
     default:
         return QProxyStyle::pixelMetric(metric, option, widget);
     }
@@ -89,7 +90,7 @@ QRect EditorStyle::subControlRect(ComplexControl control, const QStyleOptionComp
         return QProxyStyle::subControlRect(control, option, part, widget);
     }
     const QRect &whole = option->rect;
-    const QRect arrow = whole.adjusted(whole.width() - kTargetHeight, 0, 0, 0);
+    const QRect arrow = whole.adjusted(whole.width() - kControlHeight, 0, 0, 0);
     const QRect field = whole.adjusted(kFrame, kFrame, -arrow.width(), -kFrame);
     return visualRect(option->direction, whole, part == SC_ComboBoxArrow ? arrow : field);
 }

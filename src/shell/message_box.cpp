@@ -1,28 +1,105 @@
 #include "shell/message_box.h"
 
 #include <QAbstractButton>
+#include <QLabel>
+#include <QLayout>
 #include <QMessageBox>
+#include <QRegularExpression>
+#include <QScreen>
+
+#include <utility>
 
 namespace tarvold::messagebox {
 namespace {
 
-/// A message may quote a line of a file, which can be of any length: the toolkit would lay out some
-/// megabytes for minutes, and show the buttons below the screen.
-QString shortened(const QString &text)
+/// What a message may take of a display, given what stands around its text.
+struct Room
 {
-    constexpr qsizetype kMost = 5000;
-    if (text.size() <= kMost) {
-        return text;
-    }
-    return text.left(kMost / 2) + QStringLiteral(" [...] ") + text.right(kMost / 2);
+    int width;
+    int height;
+};
+
+Room roomFor(const QWidget &box)
+{
+    constexpr int kAround = 160; // margins, buttons, and what the desktop draws around the box
+    constexpr int kMostCharacters = 90;
+    const QSize display = box.screen()->availableSize();
+    return {
+        std::min(display.width() - kAround, box.fontMetrics().averageCharWidth() * kMostCharacters),
+        display.height() - kAround};
 }
+
+QSize sizeOf(const QString &text, const QWidget &box, int width)
+{
+    const QRect room(0, 0, width, QWIDGETSIZE_MAX);
+    return box.fontMetrics().boundingRect(room, Qt::TextWordWrap, text).size();
+}
+
+/// A text that can be wrapped anywhere in its longest words, such as the name of a file.
+QString breakable(QString text)
+{
+    static const QRegularExpression longWord(QStringLiteral("(\\S{40})(?=\\S)"));
+    return text.replace(longWord, QStringLiteral("\\1\u200B"));
+}
+
+/// The text, or its beginning and end with at most so many characters.
+QString quoted(const QString &text, qsizetype most)
+{
+    return text.size() <= most
+               ? text
+               : text.left(most / 2) + QStringLiteral(" [...] ") + text.right(most / 2);
+}
+
+/// A message may quote a line of a file, which can be of any length: the toolkit would lay out some
+/// megabytes for minutes, and show the buttons below the display.
+QString fitted(const QString &text, const QWidget &box)
+{
+    constexpr qsizetype kMostTried = 5000;
+    constexpr qsizetype kLeast = 100;
+    const Room room = roomFor(box);
+    qsizetype most = kMostTried;
+    QString shown = breakable(quoted(text, most));
+    while (most > kLeast && sizeOf(shown, box, room.width).height() > room.height) {
+        most = most * 3 / 4;
+        shown = breakable(quoted(text, most));
+    }
+    return shown;
+}
+
+/// A message box that is as wide as its text needs, up to a line length that can be read; the
+/// toolkit's own lets words run out of it.
+class Box : public QMessageBox
+{
+public:
+    using QMessageBox::QMessageBox;
+
+protected:
+    bool event(QEvent *event) override
+    {
+        const bool handled = QMessageBox::event(event);
+        if (event->type() == QEvent::LayoutRequest || event->type() == QEvent::Show) {
+            fitToText();
+        }
+        return handled;
+    }
+
+private:
+    void fitToText()
+    {
+        auto *label = findChild<QLabel *>(QStringLiteral("qt_msgbox_label"));
+        label->setWordWrap(true);
+        label->setFixedSize(sizeOf(text(), *this, roomFor(*this).width));
+        setFixedSize(layout()->totalMinimumSize());
+    }
+};
 
 QMessageBox::StandardButton ask(QWidget *parent, const QString &title, const QString &text,
                                 QMessageBox::StandardButtons buttons,
                                 QMessageBox::StandardButton enter,
                                 QMessageBox::StandardButton escape)
 {
-    QMessageBox box(QMessageBox::NoIcon, title, shortened(text), buttons, parent);
+    Box box(QMessageBox::NoIcon, title, {}, buttons, parent);
+    box.setText(fitted(text, box));
     box.setTextFormat(Qt::PlainText);
     box.setDefaultButton(enter);
     box.setEscapeButton(escape);

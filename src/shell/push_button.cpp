@@ -8,7 +8,7 @@ namespace tarvold {
 
 PushButton::PushButton(const QString &caption, QWidget *parent) : QPushButton(caption, parent)
 {
-    setMinimumWidth(fontMetrics().horizontalAdvance(caption) + 2 * kTargetHeight);
+    setMinimumWidth(fontMetrics().horizontalAdvance(caption) + 2 * kControlHeight);
     setAutoDefault(true);
 }
 
@@ -17,6 +17,7 @@ void PushButton::setKeys(const QKeySequence &keys, const QString &name)
     setShortcut(keys);
     const QString shown = keys.toString(QKeySequence::NativeText);
     setAccessibleName(name);
+    setAccessibleDescription(shown); // the hint would tell the name once more
     setToolTip(name.isEmpty() ? shown : QStringLiteral("%1 (%2)").arg(name, shown));
 }
 

@@ -25,7 +25,7 @@ QSize standardSize(const QWidget &screen)
     constexpr int kRows = 13;
     constexpr QSize kFrame(16, 48); // what the desktop draws around the window, at most
     const QFontMetrics metrics = screen.fontMetrics();
-    const int row = std::max(kTargetHeight, metrics.lineSpacing() + 10) + kRowGap;
+    const int row = std::max(kControlHeight, metrics.lineSpacing() + 10) + kRowGap;
     const QSize wanted(metrics.averageCharWidth() * 100, kRows * row + metrics.lineSpacing() * 9);
     return wanted.boundedTo(screen.screen()->availableSize() - kFrame);
 }

@@ -14,7 +14,7 @@ ScrollBar::ScrollBar(int minimum, int maximum, QWidget *parent) : QScrollBar(Qt:
     setPageStep(1);
     setTracking(false);
     setFocusPolicy(Qt::StrongFocus);
-    setMinimumHeight(kTargetHeight);
+    setMinimumHeight(kControlHeight);
 }
 
 void ScrollBar::keyPressEvent(QKeyEvent *event)

@@ -100,6 +100,7 @@ class Driver:
         place = self._wait(f'"{item}" in the list of "{name}"', lambda: self._open_item(name, item))
         if look:
             look()
+        self._wait(f'"{item}" in sight', lambda: self._scrolled_into_sight(name, place))
         self._click(place)
         self._wait_closed(name)
 
@@ -202,6 +203,15 @@ class Driver:
                 return each
         return None
 
+    def _scrolled_into_sight(self, name, place):
+        """Whether an item of an opened list can be seen; turns the wheel by one when it cannot."""
+        item, room = extents(place), extents(self._open_list(name))
+        if item.y < room.y or item.y + item.height > room.y + room.height:
+            click_at(room.x + room.width // 2, room.y + room.height // 2,
+                     button="4" if item.y < room.y else "5")
+            return False
+        return True
+
     def _wait_closed(self, name):
         self._wait(f'the list of "{name}" to close', lambda: not self._open_list(name))
 
@@ -246,8 +256,8 @@ def extents(thing):
     return thing.get_extents(Atspi.CoordType.SCREEN)
 
 
-def click_at(x, y):
-    xdotool("mousemove", "--sync", str(x), str(y), "click", "1")
+def click_at(x, y, button="1"):
+    xdotool("mousemove", "--sync", str(x), str(y), "click", button)
 
 
 def xdotool(*arguments):

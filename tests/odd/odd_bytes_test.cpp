@@ -5,6 +5,7 @@
 #include "support/flow_test.h"
 
 #include <QElapsedTimer>
+#include <QRegularExpression>
 
 namespace tarvold::testing {
 namespace {
@@ -137,13 +138,15 @@ TEST_F(HundredMegabytesInALine, CanBeListedAndDeletedButNotEdited)
     expectOnly("Form16");
     EXPECT_TRUE(told.startsWith(utf8("Line 2 of this stipulation has 100000000 characters.")))
         << told.toStdString();
-    QString asked = utf8("Are you sure you want to permanently delete the match stipulation:"
-                         "\r\n\r\nSingles / ");
-    asked +=
-        QString(2500 - asked.size(), u'x') + utf8(" [...] ") + QString(2498, u'x') + utf8("\r\n");
-    boxes.expectQuestion(utf8("Delete Stipulation"), asked, Answer::Yes);
+    QString asked;
+    boxes.catchQuestion(utf8("Delete Stipulation"), &asked, Answer::Yes);
     boxes.expectNotice(utf8("Delete"), utf8("Stipulation Deleted."));
     press("Form16", "Command4");
+    // As much of it as the display has room for.
+    const QRegularExpression question(
+        utf8("^Are you sure you want to permanently delete the match stipulation:\r\n\r\n"
+             "Singles / x{200,} \\[\\.\\.\\.\\] x{200,}\r\n$"));
+    EXPECT_TRUE(question.match(asked).hasMatch()) << asked.toStdString();
     EXPECT_EQ(readBack(kFile), plain);
 }
 

@@ -49,6 +49,9 @@ public:
     /// A notice whose text is not fixed: returns what the next notice said through `text`.
     void catchNotice(const QString &title, QString *text);
 
+    /// The same for a question.
+    void catchQuestion(const QString &title, QString *text, Answer answer);
+
     /// Does something with the box that was expected last, before it is answered.
     void beforeItsAnswer(const std::function<void(QMessageBox &)> &action);
 

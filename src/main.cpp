@@ -14,7 +14,7 @@ void applyDesktopEntry()
     const QString name = QStringLiteral("org.example.tarvold.editor");
     QGuiApplication::setDesktopFileName(name);
     QIcon icon;
-    for (const int size : {48, 128, 256}) {
+    for (const int size : {48, 128}) {
         icon.addFile(QStringLiteral(":/%1-%2.png").arg(name).arg(size));
     }
     QApplication::setWindowIcon(icon);

@@ -56,25 +56,31 @@ def setUpModule():
 class Package(unittest.TestCase):
     """What the tests share: where things are."""
 
+    maxDiff = None
     source = build = version = work = tree = file = ""
 
     def unpacked(self, path):
         return self.tree + path
 
+    def desktop_entry(self):
+        entry = configparser.ConfigParser(interpolation=None)
+        entry.read(self.unpacked(DESKTOP_ENTRY))
+        return entry["Desktop Entry"]
+
     def expected(self):
         """Rights by path, of files and folders, as the list and the documents say."""
         with open(os.path.join(HERE, "files.txt"), encoding="utf-8") as listed:
             lines = [line.split() for line in listed if not line.startswith("#")]
-        files = {path: int(rights, 8) for rights, path in lines}
+        files = {path: rights for rights, path in lines}
         docs = os.path.join(self.source, "docs")
         for pattern in ("*.md", "pictures/*.png"):
             for file in glob.glob(os.path.join(docs, pattern)):
-                files[f"{DOCUMENTS}/{os.path.relpath(file, docs)}"] = 0o644
+                files[f"{DOCUMENTS}/{os.path.relpath(file, docs)}"] = "644"
         folders = set()
         for path in files:
             while (path := os.path.dirname(path)) != "/":
                 folders.add(path)
-        return files | dict.fromkeys(folders, 0o755)
+        return files | dict.fromkeys(folders, "755")
 
 
 class Contents(Package):
@@ -83,7 +89,7 @@ class Contents(Package):
         with subprocess.Popen(["dpkg-deb", "--fsys-tarfile", self.file],
                               stdout=subprocess.PIPE) as reader:
             entries = list(tarfile.open(fileobj=reader.stdout, mode="r|"))
-        self.assertEqual({each.name[1:]: each.mode for each in entries}, self.expected())
+        self.assertEqual({each.name[1:]: f"{each.mode:o}" for each in entries}, self.expected())
         self.assertEqual({(each.uname, each.gname) for each in entries}, {("root", "root")})
         self.assertEqual({each.type for each in entries}, {tarfile.REGTYPE, tarfile.DIRTYPE})
 
@@ -93,8 +99,9 @@ class Contents(Package):
         installed = {}
         for folder, folders, names in os.walk(prefix):
             for path in (os.path.join(folder, name) for name in folders + names):
-                installed["/usr" + path[len(prefix):]] = stat.S_IMODE(os.lstat(path).st_mode)
-        self.assertEqual(installed | {"/usr": 0o755}, self.expected())
+                rights = stat.S_IMODE(os.lstat(path).st_mode)
+                installed["/usr" + path[len(prefix):]] = f"{rights:o}"
+        self.assertEqual(installed | {"/usr": "755"}, self.expected())
 
     def test_links_of_documents_lead_to_files_of_the_package(self):
         documents = glob.glob(self.unpacked(DOCUMENTS) + "/*.md")
@@ -115,6 +122,12 @@ class Contents(Package):
         self.assertEqual(len(paths), 2)
         for path in paths + [f"{DOCUMENTS}/{name}" for name in re.findall(r"[\w-]+\.md", text)]:
             self.assertTrue(os.path.exists(self.unpacked(path)), path)
+
+    def test_the_desktop_entry_leads_to_the_program_and_its_icon(self):
+        entry = self.desktop_entry()
+        self.assertTrue(os.access(self.unpacked("/usr/bin/" + entry["Exec"]), os.X_OK))
+        icons = glob.glob(self.unpacked(f"/usr/share/icons/hicolor/*/apps/{entry['Icon']}.*"))
+        self.assertEqual(len(icons), 4)
 
     def test_all_tell_the_version_of_the_program(self):
         told = {"the package": run("dpkg-deb", "--field", self.file, "Version").strip()}
@@ -175,16 +188,14 @@ class Installation(Package):
         self.assertEqual(self.system.files() - self.before, set(self.expected()))
 
     def test_starts_and_exits(self):
-        entry = configparser.ConfigParser(interpolation=None)
-        entry.read(self.system.path(DESKTOP_ENTRY))
-        program = self.system.path("/usr/bin/" + entry["Desktop Entry"]["Exec"])
+        program = self.system.path(f"/usr/bin/{NAME}")
         folder = os.path.join(self.work, "folder")
         os.mkdir(folder)
         with open(os.path.join(self.work, "start.log"), "w", encoding="utf-8") as log, Desktop(log):
             driver = Driver([program], folder, self.work, 60, log)
             try:
                 driver.wait_screen(MENU)
-                self.check_window(entry["Desktop Entry"]["StartupWMClass"])
+                self.check_window(self.desktop_entry()["StartupWMClass"])
                 driver.press("Exit")
                 driver.wait_end()
             finally:

@@ -9,10 +9,11 @@ packages_tour=(
 )
 # shellcheck disable=SC2034
 packages_test=(
-    clang clang-format clang-tidy git libbenchmark-dev libclang-rt-14-dev libgtest-dev libxcb1-dev
+    appstream clang clang-format clang-tidy desktop-file-utils git libbenchmark-dev
+    libclang-rt-14-dev libgtest-dev librsvg2-bin libxcb1-dev lintian man-db
     pkgconf strace
     util-linux
-    xauth
+    x11-utils xauth
 )
 
 # install_missing PACKAGE...: installs what is not there; asks for root rights only then.

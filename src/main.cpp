@@ -2,8 +2,25 @@
 #include "shell/look.h"
 
 #include <QApplication>
+#include <QIcon>
 
 #include <csignal>
+
+namespace {
+
+/// Tells the desktop which of its menu entries this is, and gives all windows the icon of that.
+void applyDesktopEntry()
+{
+    const QString name = QStringLiteral("org.example.tarvold.editor");
+    QGuiApplication::setDesktopFileName(name);
+    QIcon icon;
+    for (const int size : {48, 128}) {
+        icon.addFile(QStringLiteral(":/%1-%2.png").arg(name).arg(size));
+    }
+    QApplication::setWindowIcon(icon);
+}
+
+} // namespace
 
 int main(int argc, char *argv[])
 {
@@ -15,6 +32,7 @@ int main(int argc, char *argv[])
     QApplication::setApplicationName(QStringLiteral("tarvold-editor"));
     // Windows hide and show as the user moves on; only the main menu ends the program.
     QApplication::setQuitOnLastWindowClosed(false);
+    applyDesktopEntry();
     tarvold::look::apply();
 
     tarvold::Editor editor;

@@ -62,4 +62,5 @@ class Desktop:
     def _start_bus(self):
         bus = self._start("dbus-daemon", "--session", "--nofork", "--print-address",
                           stdout=subprocess.PIPE, text=True)
-        return bus.stdout.readline().strip()
+        with bus.stdout as answer:
+            return answer.readline().strip()

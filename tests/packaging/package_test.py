@@ -1,0 +1,225 @@
+#!/usr/bin/python3
+"""Builds the Debian package of a release build and puts it through what a user's machine would.
+
+    package_test.py SOURCE_FOLDER BUILD_FOLDER VERSION
+
+Everything happens in BUILD_FOLDER/tests/packaging; this machine is not changed.
+"""
+
+import configparser
+import glob
+import gzip
+import os
+import re
+import shutil
+import stat
+import subprocess
+import sys
+import tarfile
+import unittest
+
+HERE = os.path.dirname(os.path.abspath(__file__))
+sys.path += [os.path.join(HERE, "..", "e2e")]
+
+from desktop import Desktop  # noqa: E402
+from driver import SCREEN_TITLE, Driver  # noqa: E402
+from steps import MENU  # noqa: E402
+from system import ScratchSystem  # noqa: E402
+
+NAME = "tarvold-editor"
+APPLICATION = "org.example.tarvold.editor"
+DOCUMENTS = f"/usr/share/doc/{NAME}"
+PAGE = f"/usr/share/man/man1/{NAME}.1.gz"
+DESKTOP_ENTRY = f"/usr/share/applications/{APPLICATION}.desktop"
+METAINFO = f"/usr/share/metainfo/{APPLICATION}.metainfo.xml"
+LINK = re.compile(r"\]\(([^)\s#]+)[^)]*\)")
+
+
+def run(*command, **options):
+    """Runs a command that must succeed and gives what it said."""
+    done = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
+                          check=False, **options)
+    if done.returncode != 0:
+        raise AssertionError(f"{command}: status {done.returncode}\n{done.stdout}")
+    return done.stdout
+
+
+def setUpModule():
+    """Builds the package, under a umask that a careful user may have, and unpacks it."""
+    shutil.rmtree(Package.work, ignore_errors=True)
+    os.makedirs(Package.work)
+    run("cpack", "-G", "DEB", "-B", Package.work, cwd=Package.build, umask=0o077)
+    (Package.file,) = glob.glob(Package.work + "/*.deb")
+    run("dpkg-deb", "--extract", Package.file, Package.tree)
+
+
+class Package(unittest.TestCase):
+    """What the tests share: where things are."""
+
+    maxDiff = None
+    source = build = version = work = tree = file = ""
+
+    def unpacked(self, path):
+        return self.tree + path
+
+    def desktop_entry(self):
+        entry = configparser.ConfigParser(interpolation=None)
+        entry.read(self.unpacked(DESKTOP_ENTRY))
+        return entry["Desktop Entry"]
+
+    def expected(self):
+        """Rights by path, of files and folders, as the list and the documents say."""
+        with open(os.path.join(HERE, "files.txt"), encoding="utf-8") as listed:
+            lines = [line.split() for line in listed if not line.startswith("#")]
+        files = {path: rights for rights, path in lines}
+        docs = os.path.join(self.source, "docs")
+        for pattern in ("*.md", "pictures/*.png"):
+            for file in glob.glob(os.path.join(docs, pattern)):
+                files[f"{DOCUMENTS}/{os.path.relpath(file, docs)}"] = "644"
+        folders = set()
+        for path in files:
+            while (path := os.path.dirname(path)) != "/":
+                folders.add(path)
+        return files | dict.fromkeys(folders, "755")
+
+
+class Contents(Package):
+
+    def test_has_just_the_listed_files_with_their_rights(self):
+        with subprocess.Popen(["dpkg-deb", "--fsys-tarfile", self.file],
+                              stdout=subprocess.PIPE) as reader:
+            entries = list(tarfile.open(fileobj=reader.stdout, mode="r|"))
+        self.assertEqual({each.name[1:]: f"{each.mode:o}" for each in entries}, self.expected())
+        self.assertEqual({(each.uname, each.gname) for each in entries}, {("root", "root")})
+        self.assertEqual({each.type for each in entries}, {tarfile.REGTYPE, tarfile.DIRTYPE})
+
+    def test_has_the_same_files_as_an_installation_from_source(self):
+        prefix = os.path.join(self.work, "prefix")
+        run("cmake", "--install", self.build, "--prefix", prefix, umask=0o022)
+        installed = {}
+        for folder, folders, names in os.walk(prefix):
+            for path in (os.path.join(folder, name) for name in folders + names):
+                rights = stat.S_IMODE(os.lstat(path).st_mode)
+                installed["/usr" + path[len(prefix):]] = f"{rights:o}"
+        self.assertEqual(installed | {"/usr": "755"}, self.expected())
+
+    def test_links_of_documents_lead_to_files_of_the_package(self):
+        documents = glob.glob(self.unpacked(DOCUMENTS) + "/*.md")
+        links = 0
+        for document in documents:
+            with open(document, encoding="utf-8") as text:
+                found = LINK.findall(text.read())
+            for link in (each for each in found if not re.match(r"\w+:", each)):
+                target = os.path.join(os.path.dirname(document), link)
+                self.assertTrue(os.path.exists(target), f"{document}: {link}")
+                links += 1
+        self.assertGreater(links, 0)
+
+    def test_paths_in_the_man_page_are_those_of_the_package(self):
+        with gzip.open(self.unpacked(PAGE), "rt", encoding="utf-8") as page:
+            text = page.read().replace("\\-", "-")
+        paths = [path.rstrip(".") for path in re.findall(r"/usr/share/\S+", text)]
+        self.assertEqual(len(paths), 2)
+        for path in paths + [f"{DOCUMENTS}/{name}" for name in re.findall(r"[\w-]+\.md", text)]:
+            self.assertTrue(os.path.exists(self.unpacked(path)), path)
+
+    def test_the_desktop_entry_leads_to_the_program_and_its_icon(self):
+        entry = self.desktop_entry()
+        self.assertTrue(os.access(self.unpacked("/usr/bin/" + entry["Exec"]), os.X_OK))
+        icons = glob.glob(self.unpacked(f"/usr/share/icons/hicolor/*/apps/{entry['Icon']}.*"))
+        self.assertEqual(len(icons), 4)
+
+    def test_all_tell_the_version_of_the_program(self):
+        told = {"the package": run("dpkg-deb", "--field", self.file, "Version").strip()}
+        for path, pattern in ((PAGE, r'"Tarvold ([\d.]+)"'),
+                              (f"{DOCUMENTS}/changelog.gz", r"^tarvold-editor \(([\d.]+)\)")):
+            with gzip.open(self.unpacked(path), "rt", encoding="utf-8") as text:
+                told[path] = re.search(pattern, text.read(), re.M)[1]
+        with open(self.unpacked(METAINFO), encoding="utf-8") as text:
+            told[METAINFO] = re.search(r'<release version="([\d.]+)"', text.read())[1]
+        self.assertEqual(told, dict.fromkeys(told, self.version))
+
+    def test_the_packed_program_is_hardened(self):
+        hardening = os.path.join(HERE, "..", "hardening", "hardening_test.py")
+        run(sys.executable, "-B", hardening, self.unpacked(f"/usr/bin/{NAME}"))
+
+
+class Validators(Package):
+
+    def test_the_desktop_entry_has_no_findings(self):
+        self.assertEqual(run("desktop-file-validate", self.unpacked(DESKTOP_ENTRY)), "")
+
+    def test_the_metainfo_has_no_findings(self):
+        for what in (("validate", self.unpacked(METAINFO)), ("validate-tree", self.tree)):
+            said = run("appstreamcli", what[0], "--no-net", "--pedantic", "--no-color", what[1])
+            self.assertNotRegex(said, r"(?m)^\s*[EWIP]:")
+            self.assertIn("Validation was successful.", said)
+
+    def test_the_man_page_has_no_findings(self):
+        environment = dict(os.environ, LC_ALL="C.UTF-8", MANROFFSEQ="", MANWIDTH="80")
+        done = subprocess.run(["man", "--warnings", "-E", "UTF-8", "-l", "-Tutf8", "-Z",
+                               self.unpacked(PAGE)], env=environment, capture_output=True,
+                              text=True, check=True)
+        self.assertEqual(done.stderr, "")
+        self.assertIn("TARVOLD", done.stdout)
+
+    def test_the_package_has_no_findings(self):
+        said = run("lintian", "--allow-root", "--pedantic", "--display-info",
+                   "--fail-on", "error,warning,info,pedantic", self.file)
+        self.assertEqual(said, "")
+
+
+class Installation(Package):
+
+    @classmethod
+    def setUpClass(cls):
+        cls.system = ScratchSystem(os.path.join(cls.work, "system"))
+        cls.before = cls.system.files()
+        cls.system.dpkg("--install", cls.file)
+
+    @classmethod
+    def tearDownClass(cls):
+        cls.system.dpkg("--purge", NAME)
+        left = cls.system.files() - cls.before
+        if left:
+            raise AssertionError(f"removing the package leaves {sorted(left)}")
+
+    def test_installs_all_files(self):
+        self.assertEqual(self.system.files() - self.before, set(self.expected()))
+
+    def test_starts_and_exits(self):
+        program = self.system.path(f"/usr/bin/{NAME}")
+        folder = os.path.join(self.work, "folder")
+        os.mkdir(folder)
+        with open(os.path.join(self.work, "start.log"), "w", encoding="utf-8") as log, Desktop(log):
+            driver = Driver([program], folder, self.work, 60, log)
+            try:
+                driver.wait_screen(MENU)
+                self.check_window(self.desktop_entry()["StartupWMClass"])
+                driver.press("Exit")
+                driver.wait_end()
+            finally:
+                driver.stop()
+        self.assertEqual(os.listdir(folder), [])
+
+    def check_window(self, window_class):
+        """The desktop knows whose window it is, and has the icon in both sizes."""
+        window = run("xdotool", "search", "--onlyvisible", "--name", f"^{SCREEN_TITLE}$").strip()
+        told = run("xprop", "-id", window, "WM_CLASS", "_NET_WM_ICON")
+        self.assertIn(f'"{window_class}"', told)
+        self.assertEqual(set(re.findall(r"Icon \((\d+) x \d+\)", told)), {"48", "128"})
+
+    def test_man_finds_the_page(self):
+        environment = dict(os.environ, LC_ALL="C.UTF-8", MANWIDTH="80",
+                           MANPATH=self.system.path("/usr/share/man"))
+        page = run("man", NAME, env=environment)
+        self.assertIn("tarvold-editor - write the content of a wrestling-promotion game", page)
+
+
+if __name__ == "__main__":
+    Package.version = sys.argv.pop()
+    Package.build = os.path.abspath(sys.argv.pop())
+    Package.source = os.path.abspath(sys.argv.pop())
+    Package.work = os.path.join(Package.build, "tests", "packaging", "package")
+    Package.tree = os.path.join(Package.work, "tree")
+    unittest.main()

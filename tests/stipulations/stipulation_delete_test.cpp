@@ -82,17 +82,17 @@ TEST_F(StipulationDelete, DeclinedInAnyWayChangesNothing)
 }
 
 /// Takes down how wide the widest message box was.
-class BoxWidths : public QObject
+class BoxSizes : public QObject
 {
 public:
-    BoxWidths() { QApplication::instance()->installEventFilter(this); }
-    int widest = 0;
+    BoxSizes() { QApplication::instance()->installEventFilter(this); }
+    QSize largest;
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override
     {
         if (event->type() == QEvent::Hide && qobject_cast<QMessageBox *>(watched) != nullptr) {
-            widest = std::max(widest, static_cast<QWidget *>(watched)->width());
+            largest = largest.expandedTo(static_cast<QWidget *>(watched)->size());
         }
         return QObject::eventFilter(watched, event);
     }
@@ -102,10 +102,17 @@ TEST_F(StipulationDelete, AsksInABoxThatFitsTheScreenHoweverLongTheNameIs)
 {
     const QByteArray name(3000, 'w');
     open(stipulation("Singles", name));
-    BoxWidths widths;
-    remove(0, utf8("Singles / ") + QString::fromLatin1(name), Answer::No);
-    EXPECT_GT(widths.widest, 100);
-    EXPECT_LE(widths.widest, screen("Form16").screen()->availableSize().width());
+    BoxSizes sizes;
+    QString asked;
+    boxes.catchQuestion(utf8("Delete Stipulation"), &asked, Answer::No);
+    select(0);
+    press("Form16", "Command4");
+    EXPECT_TRUE(asked.contains(utf8("\r\n\r\nSingles / www"))) << asked.toStdString();
+    EXPECT_TRUE(asked.endsWith(utf8("www\r\n"))) << asked.toStdString();
+    const QSize display = screen("Form16").screen()->availableSize();
+    EXPECT_GT(sizes.largest.width(), 100);
+    EXPECT_LE(sizes.largest.width(), display.width());
+    EXPECT_LE(sizes.largest.height(), display.height());
 }
 
 TEST_F(StipulationDelete, WritesTheFileThatTheMenuNamesByNow)

@@ -3,6 +3,7 @@
 #include "shell/sizes.h"
 
 #include <QApplication>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 namespace tarvold {
@@ -17,6 +18,10 @@ ScrollPane::ScrollPane(QWidget *parent) : QScrollArea(parent)
     m_column->setContentsMargins({});
     m_column->setSpacing(kGap);
     setWidget(content);
+    // A bar that appears does not touch what it scrolls.
+    connect(verticalScrollBar(), &QScrollBar::rangeChanged, this, [this](int least, int most) {
+        m_column->setContentsMargins(0, 0, most > least ? kRowGap : 0, 0);
+    });
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) {
         if (now != nullptr && widget()->isAncestorOf(now)) {
             ensureWidgetVisible(now, 0, kGap);

@@ -88,7 +88,8 @@ private:
     {
         auto *label = findChild<QLabel *>(QStringLiteral("qt_msgbox_label"));
         label->setWordWrap(true);
-        label->setFixedSize(sizeOf(text(), *this, roomFor(*this).width));
+        const int width = sizeOf(text(), *this, roomFor(*this).width).width();
+        label->setFixedSize(width, label->heightForWidth(width));
         setFixedSize(layout()->totalMinimumSize());
     }
 };

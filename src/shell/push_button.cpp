@@ -2,7 +2,7 @@
 
 #include "shell/sizes.h"
 
-#include <QShortcutEvent>
+#include <QShortcut>
 
 namespace tarvold {
 
@@ -14,20 +14,12 @@ PushButton::PushButton(const QString &caption, QWidget *parent) : QPushButton(ca
 
 void PushButton::setKeys(const QKeySequence &keys, const QString &name)
 {
-    setShortcut(keys);
+    auto *shortcut = new QShortcut(keys, this, this, &QPushButton::click);
+    shortcut->setAutoRepeat(false); // held keys would run through all screens
     const QString shown = keys.toString(QKeySequence::NativeText);
     setAccessibleName(name);
     setAccessibleDescription(shown); // the hint would tell the name once more
     setToolTip(name.isEmpty() ? shown : QStringLiteral("%1 (%2)").arg(name, shown));
-}
-
-bool PushButton::event(QEvent *event)
-{
-    if (event->type() == QEvent::Shortcut && !static_cast<QShortcutEvent *>(event)->isAmbiguous()) {
-        click();
-        return true;
-    }
-    return QPushButton::event(event);
 }
 
 } // namespace tarvold

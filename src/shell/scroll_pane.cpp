@@ -24,7 +24,7 @@ ScrollPane::ScrollPane(QWidget *parent) : QScrollArea(parent)
     });
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) {
         if (now != nullptr && widget()->isAncestorOf(now)) {
-            ensureWidgetVisible(now, 0, kGap);
+            ensureWidgetVisible(now, 0, kControlHeight); // for a text box it looks at the caret
         }
     });
 }

@@ -1,6 +1,10 @@
 #include "shell/message_box.h"
 #include "support/window_test.h"
 
+#include <QLabel>
+#include <QMessageBox>
+#include <QScreen>
+
 namespace tarvold::testing {
 namespace {
 
@@ -33,6 +37,30 @@ TEST_F(MessageBoxTest, TextsAreShownAsTheyAre)
         messagebox::notice(&window, title(), QLatin1StringView(text));
         boxes.checkAllCame();
     }
+}
+
+TEST_F(MessageBoxTest, ALongWordIsWrappedAndNotChanged)
+{
+    const QString text = QStringLiteral("The file \"%1\" is odd.").arg(QString(200, u'w'));
+    QSize size;
+    boxes.expectNotice(title(), text);
+    boxes.beforeItsAnswer([&size](QMessageBox &shown) {
+        const auto &label = *shown.findChild<QLabel *>(QStringLiteral("qt_msgbox_label"));
+        EXPECT_LE(label.sizeHint().width(), label.width());
+        EXPECT_LE(label.heightForWidth(label.width()), label.height());
+        size = shown.size();
+    });
+    messagebox::notice(&window, title(), text);
+    boxes.checkAllCame();
+    EXPECT_LE(size.width(), window.screen()->availableSize().width());
+}
+
+TEST_F(MessageBoxTest, AShortTextMakesASmallBox)
+{
+    boxes.expectNotice(title(), QStringLiteral("Saved OK."));
+    boxes.beforeItsAnswer([](QMessageBox &shown) { EXPECT_LT(shown.width(), 300); });
+    messagebox::notice(&window, title(), QStringLiteral("Saved OK."));
+    boxes.checkAllCame();
 }
 
 TEST_F(MessageBoxTest, TheTitleIsAsGiven)

@@ -1,0 +1,115 @@
+#include "shell/announcement.h"
+#include "support/ending_test.h"
+
+#include <QAccessible>
+
+#include <optional>
+
+/// What those who hear the commentary screen are told of tags.
+namespace tarvold::testing {
+namespace {
+
+/// Hears what a screen reader reads out: the name of the notification, each time that it is shown.
+class Listener : public QObject
+{
+public:
+    explicit Listener(Announcement &announcement) { announcement.installEventFilter(this); }
+
+    QStringList told;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Show) {
+            told << static_cast<Announcement *>(watched)->accessibleName();
+        }
+        return QObject::eventFilter(watched, event);
+    }
+};
+
+class Announcements : public EndingTest
+{
+protected:
+    Announcements()
+    {
+        goTo("Form7");
+        listener.emplace(announcement());
+    }
+
+    Announcement &announcement() { return *screen("Form7").findChild<Announcement *>(); }
+
+    const QStringList &told() const { return listener->told; }
+
+    void chooseTag(const char *item) { choose("Form7", "Combo1", QLatin1StringView(item)); }
+
+    std::optional<Listener> listener;
+};
+
+TEST_F(Announcements, TellWhichTagWentIntoWhichLine)
+{
+    click(control("Form7", "Text4"));
+    chooseTag("Attacker 1 Short Name");
+    EXPECT_EQ(told(), QStringList(QStringLiteral("Inserted <att1shortname> into line 4.")));
+}
+
+TEST_F(Announcements, TellTheSameTwiceWhenItHappensTwice)
+{
+    click(control("Form7", "Text10"));
+    chooseTag("Attacker 1 Short Name");
+    chooseTag("Attacker 1 Short Name");
+    EXPECT_EQ(told(), QStringList(2, QStringLiteral("Inserted <att1shortname> into line 10.")));
+}
+
+TEST_F(Announcements, TellThatNoLineIsMarked)
+{
+    chooseTag("Attacker 1 Short Name");
+    EXPECT_EQ(told(), QStringList(QStringLiteral("No line is marked, so nothing was inserted.")));
+}
+
+TEST_F(Announcements, TellARefusalAndWhatWentInInstead)
+{
+    click(control("Form7", "Text1"));
+    chooseTag("Attacker 1 Short Name");
+    listener->told.clear();
+    boxes.expectNotice(title(),
+                       QStringLiteral("You have the receiver's manager name as 'N/A' or 'None', "
+                                      "which means you can't involve the receiver's manager in "
+                                      "this finish."));
+    chooseTag("Receiver's Manager Name");
+    EXPECT_EQ(told(),
+              QStringList(QStringLiteral("Tag refused. Inserted <att1shortname> into line 1.")));
+}
+
+TEST_F(Announcements, TellARefusalOfTheFirstTag)
+{
+    click(control("Form7", "Text1"));
+    boxes.expectNotice(title(),
+                       QStringLiteral("You have the receiver's manager name as 'N/A' or 'None', "
+                                      "which means you can't involve the receiver's manager in "
+                                      "this finish."));
+    chooseTag("Receiver's Manager Name");
+    EXPECT_EQ(told(), QStringList(QStringLiteral("Tag refused. Nothing was inserted.")));
+}
+
+TEST_F(Announcements, AreNotRepeatedWhenTheScreenComesBack)
+{
+    click(control("Form7", "Text1"));
+    chooseTag("Attacker 1 Short Name");
+    listener->told.clear();
+    press("Form7", "Command2");
+    press("Form6", "Command2");
+    expectOnly("Form7");
+    EXPECT_EQ(told(), QStringList());
+}
+
+TEST_F(Announcements, AreNotificationsThatTakeNoRoomAndNoFocus)
+{
+    chooseTag("Attacker 1 Short Name");
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&announcement())->role(),
+              QAccessible::Notification);
+    EXPECT_TRUE(announcement().size().isEmpty());
+    EXPECT_EQ(announcement().focusPolicy(), Qt::NoFocus);
+}
+
+} // namespace
+} // namespace tarvold::testing

@@ -1,0 +1,118 @@
+#include "support/flow_test.h"
+
+#include <QAbstractButton>
+
+/// Alt+Left and Alt+Right press "<<" and ">>", and Ctrl+S saves, wherever a screen has them.
+namespace tarvold::testing {
+namespace {
+
+class Keys : public FlowTest, public ::testing::WithParamInterface<const FlowPath *>
+{
+protected:
+    const FlowPath &flow() const { return *GetParam(); }
+    const char *first() const { return flow().screens.front(); }
+    const char *last() const { return flow().screens.back(); }
+
+    /// Presses keys on the window, as a user does whose focus is anywhere on it.
+    void hit(const char *screen, Qt::Key key, Qt::KeyboardModifiers modifiers)
+    {
+        QWidget &window = this->screen(screen);
+        expectActive(window);
+        QTest::keyClick(window.windowHandle(), key, modifiers);
+        boxes.checkAllCame();
+    }
+
+    void goOn(const char *screen) { hit(screen, Qt::Key_Right, Qt::AltModifier); }
+    void goBackFrom(const char *screen) { hit(screen, Qt::Key_Left, Qt::AltModifier); }
+};
+
+TEST_P(Keys, GoToTheCommentaryAndBackToTheMainMenu)
+{
+    press("Form1", flow().button);
+    for (const char *each : flow().screens) {
+        expectOnly(each);
+        goOn(each); // does nothing on the last one, which has no ">>"
+    }
+    expectOnly(last());
+    for (auto each = flow().screens.rbegin(); each + 1 != flow().screens.rend(); ++each) {
+        goBackFrom(*each);
+        expectOnly(*(each + 1));
+    }
+    expectReturnQuestion(Answer::Yes);
+    goBackFrom(first());
+    expectOnly("Form1");
+}
+
+TEST_P(Keys, LoseNothingWithoutTheQuestion)
+{
+    press("Form1", flow().button);
+    expectReturnQuestion(Answer::No);
+    goBackFrom(first());
+    expectOnly(first());
+}
+
+TEST_P(Keys, AreHeldDownForOneScreenOnly)
+{
+    press("Form1", flow().button);
+    expectActive(screen(first()));
+    for (const bool isRepeated : {false, true, true, true}) {
+        QWindow *window = QGuiApplication::focusWindow();
+        ASSERT_NE(window, nullptr);
+        qt_handleKeyEvent(window, QEvent::KeyPress, Qt::Key_Right, Qt::AltModifier, {}, isRepeated);
+        QCoreApplication::processEvents();
+    }
+    expectOnly(flow().screens.at(1));
+}
+
+TEST_P(Keys, SaveTheRecord)
+{
+    goToCommentary(flow());
+    type(last(), "Text1", QStringLiteral("The end."));
+    boxes.expectQuestion(title(), QLatin1StringView(flow().question), Answer::Yes);
+    boxes.expectNotice(title(), QStringLiteral("Saved OK."));
+    hit(last(), Qt::Key_S, Qt::ControlModifier);
+    expectOnly("Form1");
+    EXPECT_TRUE(bytesOf(QLatin1StringView(flow().file)).contains("The end.\r\n"));
+}
+
+TEST_P(Keys, SaveNothingThatTheButtonWouldRefuse)
+{
+    goToCommentary(flow());
+    boxes.expectNotice(title(), QLatin1StringView(flow().missing));
+    hit(last(), Qt::Key_S, Qt::ControlModifier);
+    expectOnly(last());
+}
+
+TEST_P(Keys, AreShownAsHintsOfTheirButtons)
+{
+    goToCommentary(flow());
+    const auto hint = [this](const char *screen, const char *button) {
+        return control(screen, button).toolTip();
+    };
+    EXPECT_EQ(hint(first(), "Command1"), QStringLiteral("Back (Alt+Left)"));
+    EXPECT_EQ(hint(first(), "Command2"), QStringLiteral("Next (Alt+Right)"));
+    EXPECT_EQ(hint(last(), "Command2"), QStringLiteral("Back (Alt+Left)"));
+    EXPECT_EQ(hint(last(), "Command1"), QStringLiteral("Ctrl+S"));
+    EXPECT_EQ(control(first(), "Command2").accessibleDescription(), QStringLiteral("Alt+Right"));
+}
+
+class KeysOfTheCriteria : public FlowTest
+{
+};
+
+TEST_F(KeysOfTheCriteria, FillEmptyBoxesAsTheButtonDoes)
+{
+    goTo(kNormalPath, "Form4");
+    type("Form4", "Text2", {});
+    QTest::keyClick(screen("Form4").windowHandle(), Qt::Key_Right, Qt::AltModifier);
+    expectOnly("Form5");
+    EXPECT_EQ(text("Form4", "Text2"), QStringLiteral("Any"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Flows, Keys,
+                         ::testing::Values(&kNormalPath, &kRunInPath, &kTurnPath, &kInterviewPath,
+                                           &kTalkShowPath),
+                         [](const auto &path) { return path.param->button; });
+
+} // namespace
+} // namespace tarvold::testing

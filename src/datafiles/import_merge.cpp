@@ -14,10 +14,9 @@ using TellDuplicate = std::function<void(const QString &)>;
 QString duplicateMessage(QByteArrayView matchType, QByteArrayView stipulation,
                          const QString &target)
 {
-    return QStringLiteral("The combination of match type: ") + codepage::decode(matchType) +
-           QStringLiteral(" and stipulation: ") + codepage::decode(stipulation) +
-           QStringLiteral(" are already in the file ") + target +
-           QStringLiteral(" so will not be imported.");
+    return QStringLiteral("The combination of match type: %1 and stipulation: %2 are already in the "
+                          "file %3 so will not be imported.")
+        .arg(codepage::decode(matchType), codepage::decode(stipulation), target);
 }
 
 /// Compares one source stipulation with all of the target's, in their order. The first match

@@ -56,6 +56,9 @@ public:
     /// \param table its texts and tags must outlive the screen
     CommentaryScreen(Screens &screens, const CommentaryTable &table);
 
+    /// What the screen is made of.
+    const CommentaryTable &table() const { return m_table; }
+
     /// Makes all lines white, so that none receives tags.
     void whitenboxes();
 

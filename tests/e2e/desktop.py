@@ -7,6 +7,18 @@ import tempfile
 
 WIDTH, HEIGHT = 1366, 768
 
+FONTS = os.path.join(os.path.dirname(os.path.abspath(__file__)), "fonts.conf")
+# What a user's session tells programs of style, size, colours and language.
+TASTES = ("QT_", "XDG_CURRENT_DESKTOP", "XDG_CONFIG", "XDG_DATA", "DESKTOP_SESSION", "KDE_",
+          "GNOME_", "GTK", "LANG", "LC_", "XMODIFIERS", "RESOURCE_NAME")
+
+
+def plain_environment():
+    """An environment in which the program looks the same on every machine."""
+    kept = {name: value for name, value in os.environ.items() if not name.startswith(TASTES)}
+    return {**kept, "LC_ALL": "C.UTF-8", "FONTCONFIG_FILE": FONTS, "QT_QPA_PLATFORM": "xcb",
+            "QT_FONT_DPI": "96", "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}
+
 
 class Desktop:
     """Lives as long as its `with` block; inside it DISPLAY, the bus address and a runtime folder are
@@ -43,7 +55,7 @@ class Desktop:
         # The server itself picks a number that is free and tells it once it is ready.
         reader, writer = os.pipe()
         self._start("Xvfb", "-displayfd", str(writer), "-nolisten", "tcp",
-                    "-screen", "0", f"{WIDTH}x{HEIGHT}x24", pass_fds=[writer])
+                    "-dpi", "96", "-screen", "0", f"{WIDTH}x{HEIGHT}x24", pass_fds=[writer])
         os.close(writer)
         with open(reader, encoding="ascii") as answer:
             return ":" + answer.readline().strip()

@@ -15,11 +15,14 @@ import gi
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
 
+from desktop import HEIGHT, WIDTH, plain_environment  # noqa: E402
+
 warnings.filterwarnings("ignore", category=DeprecationWarning)
 
 BOX_TITLE = "Tarvold Data Editor"
 SCREEN_TITLE = "Tarvold 1.3 Data Editor"
 FIELDS = ("text", "combo box")
+LOOKS = 20  # at one picture, until it shows the same twice
 
 
 class TourError(RuntimeError):
@@ -30,13 +33,13 @@ class Driver:
     """One run of the program in a folder, with pictures going to another."""
 
     def __init__(self, command, folder, pictures, timeout, log):
+        self.folder = folder
         self._timeout = timeout
         self._pictures = pictures
         self._picture_count = 0
         self._box_title = BOX_TITLE
         Atspi.init()  # starts the accessibility bus, which the program looks for when it starts
-        environment = dict(os.environ, QT_QPA_PLATFORM="xcb", QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
-        self._process = subprocess.Popen(command, cwd=folder, env=environment, stderr=log)
+        self._process = subprocess.Popen(command, cwd=folder, env=plain_environment(), stderr=log)
 
     # What is on the screen
 
@@ -61,7 +64,7 @@ class Driver:
         self._save_picture(name, (boxes or self._windows(SCREEN_TITLE))[0])
 
     def picture_of_all(self, name):
-        """Saves the whole display, for what lies over a window, such as an opened list."""
+        """Saves the whole display."""
         self._save_picture(name, "root")
 
     # What a user does
@@ -93,13 +96,13 @@ class Driver:
     def keys(self, *keys):
         xdotool("key", "--clearmodifiers", *keys)
 
-    def choose(self, name, item, look=None):
-        """Opens a list with a click on its arrow and clicks an item; `look` sees it open."""
+    def choose(self, name, item, picture=None):
+        """Opens a list with a click on its arrow and clicks an item. The picture shows it open."""
         box = extents(self._field(name))
         click_at(box.x + box.width - 10, box.y + box.height // 2)
         place = self._wait(f'"{item}" in the list of "{name}"', lambda: self._open_item(name, item))
-        if look:
-            look()
+        if picture:
+            self._save_picture(picture, "root", self._around(name))
         self._wait(f'"{item}" in sight', lambda: self._scrolled_into_sight(name, place))
         self._click(place)
         self._wait_closed(name)
@@ -170,11 +173,15 @@ class Driver:
     def _shown(self):
         """What the shown windows hold. The others, and the lists of closed boxes, hold by far the
         most of all that there is, and asking for each takes time."""
+        for window in self._shown_windows():
+            yield from walk(window, FIELDS)
+
+    def _shown_windows(self):
         application = self._application()
         for index in range(application.get_child_count() if application else 0):
             window = application.get_child_at_index(index)
             if window and has(window, "SHOWING"):
-                yield from walk(window, FIELDS)
+                yield window
 
     def _find(self, role, name):
         for each in self._shown():
@@ -219,10 +226,31 @@ class Driver:
         box = extents(place)
         click_at(box.x + box.width // 2, box.y + box.height // 2)
 
-    def _save_picture(self, name, window):
+    def _around(self, name):
+        """The part of the display that holds the front window and the opened list of this box."""
+        window = next(each for each in self._shown_windows() if each.get_name() == SCREEN_TITLE)
+        boxes = [extents(window), extents(self._open_list(name))]
+        left, top = min(box.x for box in boxes), min(box.y for box in boxes)
+        right = max(box.x + box.width for box in boxes)
+        bottom = max(box.y + box.height for box in boxes)
+        return f"{right - left}x{bottom - top}+{left}+{top}"
+
+    def _save_picture(self, name, window, part=None):
+        """Saves a window or a part of the display, once it has stopped changing."""
         self._picture_count += 1
         path = os.path.join(self._pictures, f"{self._picture_count:02}-{name}.png")
-        subprocess.run(["import", "-window", window, path], check=True)
+        # Nothing may look different because the mouse lies over it.
+        xdotool("mousemove", "--sync", str(WIDTH - 1), str(HEIGHT - 1))
+        crop = ["-crop", part, "+repage"] if part else []
+        dateless = ["-strip", "-define", "png:exclude-chunks=date,time"]
+        before = None
+        for _ in range(LOOKS):
+            subprocess.run(["import", "-window", window, *crop, *dateless, path], check=True)
+            with open(path, "rb") as file:
+                now = file.read()
+            if now == before:
+                return
+            before = now
 
 
 def walk(root, closed=()):

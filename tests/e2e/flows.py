@@ -21,7 +21,7 @@ def normal_ending(driver):
 
 def criteria(driver):
     driver.wait_screen("GENERAL DETAILS")
-    driver.choose("Match Type", "Tag Team", look=lambda: driver.picture_of_all("match-types"))
+    driver.choose("Match Type", "Tag Team", picture="match-types")
     driver.keys("Tab", "ctrl+a")
     driver.type("Stipulation", "Ladder Match")
     driver.keys("Tab")
@@ -58,7 +58,7 @@ def commentary(driver):
     driver.wait_screen("THE MATCH FINISH")
     driver.click_field("Commentary line 1")
     driver.type("Commentary line 1", "Off the top rope: ")
-    driver.choose(TAG_LIST, "Attacker 2 Full Name", look=lambda: driver.picture_of_all("tags"))
+    driver.choose(TAG_LIST, "Attacker 2 Full Name", picture="tags")
     driver.wait_value("Commentary line 1", "Off the top rope: <att2fullname>")
     driver.click_field("Commentary line 3")
     driver.type("Commentary line 3", "Three! ")
@@ -69,13 +69,17 @@ def commentary(driver):
 
 
 def refused_tag(driver):
-    """A refused tag leaves the one chosen before to be put in once more."""
+    """A refused tag leaves the one chosen before to be put in once more; the author undoes that."""
     driver.choose(TAG_LIST, "Receiver's Manager Name")
     driver.wait_box("You have the receiver's manager name as 'N/A' or 'None', which means you "
                     "can't involve the receiver's manager in this finish.")
     driver.picture("refused-tag")
     driver.keys("Return")
     driver.wait_value("Commentary line 3", "Three! <recshortname><recshortname>")
+    driver.picture("repeated-tag")
+    driver.click_field("Commentary line 3")
+    driver.keys("ctrl+z")
+    driver.wait_value("Commentary line 3", "Three! <recshortname>")
 
 
 # What the function above typed and chose, line by line; the rest is what the screens start with.
@@ -87,8 +91,8 @@ NORMAL_ENDING = [
     # receiver, likewise; the emptied stable is filled
     "Any", "Heel", "Any", "Any", "N/A", "N/A", "N/A", "N/A", "Any", "N/A",
     # ten lines of commentary
-    "Off the top rope: <att2fullname>", "-BLANK-", "Three! <recshortname><recshortname>",
-    "-BLANK-", "-BLANK-", "-BLANK-", "-BLANK-", "-BLANK-", "-BLANK-", "-BLANK-",
+    "Off the top rope: <att2fullname>", "-BLANK-", "Three! <recshortname>",
+    *["-BLANK-"] * 7,
 ]
 
 

@@ -1,13 +1,14 @@
 #!/usr/bin/python3
 """Drives the real program through its main job on a virtual display.
 
-Usage: tour.py PROGRAM [FOLDER] [--timeout SECONDS] [--watch]
+Usage: tour.py PROGRAM [FOLDER] [--timeout SECONDS] [--watch] [--pictures renew|check]
 
 Pictures of every screen, the data files written and a log land in FOLDER. The files must hold,
 byte for byte, what the typed values give; any difference, timeout or crash ends the tour with a
 plain message and a status other than zero. With --watch the program's system calls are traced into
 FOLDER as well, and any that it should not make is a failure; where the machine does not let one
-program trace another, the tour goes without and its last line says "skipped".
+program trace another, the tour goes without and its last line says "skipped". With --pictures the
+pictures that README and the guide show are renewed, or the tour fails when they are out of date.
 """
 
 import argparse
@@ -20,6 +21,7 @@ import tempfile
 
 sys.path.append(os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "faults"))
 
+import pictures
 import watch
 from desktop import Desktop
 from driver import Driver, TourError
@@ -37,6 +39,8 @@ def main():
     parser.add_argument("folder", nargs="?", default="build/tour")
     parser.add_argument("--timeout", type=float, default=60, help="seconds to wait for each step")
     parser.add_argument("--watch", action="store_true", help="trace the program's system calls")
+    parser.add_argument("--pictures", choices=("renew", "check"),
+                        help="what to do with the pictures of README and the guide")
     arguments = parser.parse_args()
     refused = arguments.watch and tracing_refused()
     arguments.watch = arguments.watch and not refused
@@ -64,12 +68,12 @@ def clear(folder):
 
 
 def tour(arguments, log):
-    pictures = arguments.folder
-    trace = os.path.join(os.path.abspath(pictures), TRACE)
+    folder = arguments.folder
+    trace = os.path.join(os.path.abspath(folder), TRACE)
     program = os.path.abspath(arguments.program)
     command = watch.command(trace, program) if arguments.watch else [program]
     with Desktop(log), tempfile.TemporaryDirectory() as work:
-        driver = Driver(command, work, pictures, arguments.timeout, log)
+        driver = Driver(command, work, folder, arguments.timeout, log)
         try:
             driver.wait_screen(MENU)
             driver.picture("menu")
@@ -83,10 +87,14 @@ def tour(arguments, log):
         finally:
             driver.stop()
             for name in os.listdir(work):
-                shutil.copy(os.path.join(work, name), pictures)
+                shutil.copy(os.path.join(work, name), folder)
         check_files(work)
         if arguments.watch:
             check_calls(trace, work)
+    if arguments.pictures == "renew":
+        pictures.renew(folder)
+    elif arguments.pictures == "check":
+        check_pictures(folder)
 
 
 def check_files(work):
@@ -108,6 +116,14 @@ def check_calls(trace, work):
     complaints = watch.complaints(lines, work)
     if complaints:
         raise TourError("the program should not have asked the system for:\n" +
+                        "\n".join(complaints) + "\n")
+
+
+def check_pictures(folder):
+    """Fails unless the documents show the program as it looks now."""
+    complaints = pictures.complaints(folder)
+    if complaints:
+        raise TourError("./run --pictures renews what the documents no longer show as it is:\n" +
                         "\n".join(complaints) + "\n")
 
 

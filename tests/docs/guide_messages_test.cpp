@@ -1,0 +1,153 @@
+// Compares the tables of messages in docs/guide.md with the texts in the program's source.
+
+#include "docs/markdown.h"
+#include "docs/source_texts.h"
+#include "shell/failures.h"
+#include "support/print.h"
+
+#include <QRegularExpression>
+
+#include <algorithm>
+#include <cstring>
+#include <gtest/gtest.h>
+#include <vector>
+
+namespace tarvold::testing {
+namespace {
+
+const QString kName = QStringLiteral("…");    ///< how the guide writes what differs each time
+const QString kWhy = QStringLiteral("*why*"); ///< and the reason for a failure
+const QString kBreak = QStringLiteral("<br>");
+
+/// The texts of the guide's tables of messages, as they stand there.
+QStringList guideMessages()
+{
+    QStringList messages;
+    for (const MarkdownTable &table : markdownTables(QStringLiteral(TARVOLD_GUIDE))) {
+        qsizetype column = table.head.indexOf(QStringLiteral("Message"));
+        column = std::max(column, table.head.indexOf(QStringLiteral("The message says")));
+        if (column < 0) {
+            continue;
+        }
+        for (const QStringList &row : table.rows) {
+            messages << row.value(column);
+        }
+    }
+    return messages;
+}
+
+/// Their paragraphs, but for those that stand for anything.
+QStringList guideParagraphs()
+{
+    QStringList paragraphs = guideMessages().join(kBreak).split(kBreak);
+    paragraphs.removeAll(kWhy);
+    paragraphs.removeAll(kName);
+    return paragraphs;
+}
+
+bool hasPlaceholder(const QString &paragraph)
+{
+    static const QRegularExpression placeholder(QStringLiteral("%[1-9]"));
+    return paragraph.contains(placeholder);
+}
+
+/// A text of the program, and what it may read like in the guide.
+struct ProgramText
+{
+    QString text;
+    QRegularExpression pattern;
+
+    bool isIn(const QString &paragraph) const
+    {
+        return pattern.match(paragraph).hasMatch() || paragraph.contains(text);
+    }
+};
+
+std::vector<ProgramText> programTexts()
+{
+    static const QRegularExpression placeholder(QStringLiteral("\\\\%[1-9]"));
+    const QStringList messages = sourceMessages();
+    QStringList fillings = {kName, QStringLiteral("[0-9]+"), QStringLiteral("record"),
+                            QStringLiteral("stipulation")};
+    for (const QString &message : messages) {
+        if (!hasPlaceholder(message)) {
+            fillings << QRegularExpression::escape(message);
+        }
+    }
+    const QString filling = QStringLiteral("(?:") + fillings.join(u'|') + u')';
+    std::vector<ProgramText> texts;
+    for (const QString &message : messages) {
+        const QString pattern = QRegularExpression::escape(message).replace(placeholder, filling);
+        texts.push_back(
+            {message, QRegularExpression(QRegularExpression::anchoredPattern(pattern))});
+    }
+    return texts;
+}
+
+bool isSystemText(const QString &text)
+{
+    constexpr int kSystemErrors = 134;
+    for (int error = 1; error < kSystemErrors; ++error) {
+        if (text == QString::fromLocal8Bit(std::strerror(error))) {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// A message with its paragraphs as the guide sets them.
+QString asInGuide(QString message)
+{
+    return message.replace(QStringLiteral("\n\n"), kBreak);
+}
+
+TEST(GuideMessages, EveryTextOfTheGuideIsOneOfTheProgram)
+{
+    const std::vector<ProgramText> program = programTexts();
+    const QStringList literals = sourceLiterals();
+    for (const QString &paragraph : guideParagraphs()) {
+        const bool isTitle = paragraph.startsWith(QStringLiteral("**"));
+        const bool isTold =
+            isTitle ? literals.contains(paragraph.mid(2).chopped(2))
+                    : std::ranges::any_of(program, [&paragraph](const ProgramText &text) {
+                          return text.pattern.match(paragraph).hasMatch();
+                      });
+        EXPECT_TRUE(isTold || isSystemText(paragraph)) << paragraph.toStdString();
+    }
+}
+
+TEST(GuideMessages, EveryTextOfTheProgramStandsInTheGuide)
+{
+    const QStringList guide = guideParagraphs();
+    const std::vector<ProgramText> program = programTexts();
+    EXPECT_GT(program.size(), 50U);
+    for (const ProgramText &text : program) {
+        EXPECT_TRUE(std::ranges::any_of(guide, [&text](const QString &paragraph) {
+            return text.isIn(paragraph);
+        })) << text.text.toStdString();
+    }
+}
+
+TEST(GuideMessages, FailuresAreToldWhole)
+{
+    const FileError unchanged = {.cause = kWhy};
+    const FileError changed = {.cause = kWhy, .unchanged = false};
+    const FileError inPlace = {.cause = kWhy, .unchanged = false, .inPlace = true};
+    const QString stays = QStringLiteral("Everything that you typed is still here.");
+    const QStringList guide = guideMessages();
+    for (const QString &message : {
+             failures::notSaved(kName, unchanged),
+             failures::notSaved(kName, changed),
+             failures::notRewritten(kName, unchanged, stays),
+             failures::notRewritten(kName, inPlace, stays),
+             failures::notLoaded(kName, unchanged),
+             failures::noSource(),
+             failures::notImported(kName, unchanged),
+             failures::notImported(kName, changed),
+         }) {
+        EXPECT_TRUE(guide.contains(asInGuide(message))) << message.toStdString();
+    }
+}
+
+} // namespace
+} // namespace tarvold::testing

@@ -1,0 +1,135 @@
+// Compares the tables of tags in docs/guide.md with those of the commentary screens.
+
+#include "docs/markdown.h"
+#include "endings/commentary_screen.h"
+#include "support/editor_test.h"
+#include "support/print.h"
+
+#include <QRegularExpression>
+
+#include <map>
+#include <set>
+
+namespace tarvold::testing {
+namespace {
+
+struct ScreenCase
+{
+    const char *heading; ///< in the guide
+    const char *screen;
+};
+
+constexpr ScreenCase kScreens[] = {
+    {"Normal endings", "Form7"}, {"Run-ins", "Form9"},     {"Turns", "Form11"},
+    {"Interviews", "Form13"},    {"Talk shows", "Form15"},
+};
+
+/// A refusal as the guide tells it.
+struct GuideRefusal
+{
+    QString message;
+    QString when;
+};
+
+class GuideTags : public EditorTest
+{
+protected:
+    GuideTags() : tables(markdownTables(QStringLiteral(TARVOLD_GUIDE)))
+    {
+        const QStringList head = {QStringLiteral("Refusal"), QStringLiteral("The message says"),
+                                  QStringLiteral("When")};
+        for (const QStringList &row : rowsUnder(QStringLiteral("When a tag is refused"), head)) {
+            refusals[row[0]] = {row[1], row[2]};
+        }
+    }
+
+    std::vector<QStringList> rowsUnder(const QString &heading, const QStringList &head)
+    {
+        for (const MarkdownTable &table : tables) {
+            if (table.heading == heading && table.head == head) {
+                return table.rows;
+            }
+        }
+        ADD_FAILURE() << "no such table: " << heading.toStdString();
+        return {};
+    }
+
+    std::vector<QStringList> tagRows(const char *heading)
+    {
+        return rowsUnder(QLatin1StringView(heading),
+                         {QStringLiteral("Tag in the list"), QStringLiteral("Puts in"),
+                          QStringLiteral("Refusal")});
+    }
+
+    std::span<const CommentaryTag> tagsOf(const char *name)
+    {
+        auto *commentary = qobject_cast<CommentaryScreen *>(&screen(name));
+        EXPECT_NE(commentary, nullptr) << name;
+        return commentary != nullptr ? commentary->table().tags : std::span<const CommentaryTag>();
+    }
+
+    /// The name that the guide gives a refusal.
+    QString nameOf(const Refusal *refusal)
+    {
+        if (refusal == nullptr) {
+            return QStringLiteral("never");
+        }
+        for (const auto &[name, told] : refusals) {
+            if (told.message == QLatin1StringView(refusal->message)) {
+                return name;
+            }
+        }
+        return QStringLiteral("none that the guide tells");
+    }
+
+    void expectConditionOf(const Refusal &refusal)
+    {
+        // Such as: "Type of Feud" is "Singles"
+        static const QRegularExpression condition(
+            QStringLiteral("^\"(.+)\" is (not )?\"([^\"]+)\"(?: or \"([^\"]+)\")?"));
+        const QString when = refusals[nameOf(&refusal)].when;
+        const auto match = condition.match(when);
+        ASSERT_TRUE(match.hasMatch()) << when.toStdString();
+        EXPECT_EQ(match.captured(1),
+                  control(refusal.box.screen, refusal.box.control).accessibleName());
+        for (const int word : {3, 4}) {
+            if (match.hasCaptured(word)) {
+                EXPECT_EQ(refusal.isRefused(match.captured(word)), !match.hasCaptured(2)) << word;
+            }
+        }
+    }
+
+    std::vector<MarkdownTable> tables;
+    std::map<QString, GuideRefusal> refusals;
+};
+
+TEST_F(GuideTags, EveryTableIsTheListOfItsScreen)
+{
+    for (const ScreenCase &test : kScreens) {
+        SCOPED_TRACE(test.heading);
+        std::vector<QStringList> expected;
+        for (const CommentaryTag &tag : tagsOf(test.screen)) {
+            const QString code = u'`' + QString(QLatin1StringView(tag.tag)) + u'`';
+            expected.push_back({QLatin1StringView(tag.item), code, nameOf(tag.refusal)});
+        }
+        EXPECT_EQ(tagRows(test.heading), expected);
+    }
+}
+
+TEST_F(GuideTags, EveryRefusalIsThatOfATagAndToldWithItsCondition)
+{
+    std::set<QString> used;
+    for (const ScreenCase &test : kScreens) {
+        for (const CommentaryTag &tag : tagsOf(test.screen)) {
+            if (tag.refusal != nullptr && used.insert(nameOf(tag.refusal)).second) {
+                expectConditionOf(*tag.refusal);
+            }
+        }
+    }
+    for (const auto &[name, told] : refusals) {
+        EXPECT_TRUE(used.contains(name)) << name.toStdString();
+    }
+}
+
+} // namespace
+} // namespace tarvold::testing

@@ -1,0 +1,111 @@
+#include "docs/source_texts.h"
+
+#include <QDirIterator>
+#include <QFile>
+#include <QRegularExpression>
+
+#include <gtest/gtest.h>
+#include <vector>
+
+namespace tarvold::testing {
+namespace {
+
+struct Literal
+{
+    QString text;
+    QString before; ///< the code that stands before it, in one line
+};
+
+QString codeIn(const QString &path)
+{
+    static const QRegularExpression noCode(QStringLiteral("//[^\n]*|^#[^\n]*"),
+                                           QRegularExpression::MultilineOption);
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
+    return QString::fromUtf8(file.readAll()).remove(noCode);
+}
+
+QString meantBy(const QString &quoted)
+{
+    static const QRegularExpression piece(QStringLiteral(R"("((?:[^"\\\n]|\\.)*)")"));
+    QString text;
+    for (const auto &match : piece.globalMatch(quoted)) {
+        text += match.captured(1);
+    }
+    return text.replace(QStringLiteral("\\n"), QStringLiteral("\n"))
+        .replace(QStringLiteral("\\r"), QString())
+        .replace(QStringLiteral("\\\""), QStringLiteral("\""));
+}
+
+void addLiterals(const QString &path, std::vector<Literal> &literals)
+{
+    static const QRegularExpression quoted(QStringLiteral(R"((?:u?"(?:[^"\\\n]|\\.)*"\s*)+)"));
+    constexpr qsizetype kContext = 80;
+    const QString code = codeIn(path);
+    for (const auto &match : quoted.globalMatch(code)) {
+        const qsizetype start = std::max(qsizetype(0), match.capturedStart() - kContext);
+        literals.push_back({meantBy(match.captured()),
+                            code.sliced(start, match.capturedStart() - start).simplified()});
+    }
+}
+
+const std::vector<Literal> &literals()
+{
+    static const std::vector<Literal> all = [] {
+        std::vector<Literal> found;
+        // What main.cpp tells is no message of a screen.
+        const QDir source(QStringLiteral(TARVOLD_SOURCE));
+        for (const QString &folder : source.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+            QDirIterator files(source.filePath(folder), {"*.cpp", "*.h"}, QDir::Files);
+            while (files.hasNext()) {
+                addLiterals(files.next(), found);
+            }
+        }
+        return found;
+    }();
+    return all;
+}
+
+bool isSentence(const QString &text)
+{
+    static const QRegularExpression sentence(QStringLiteral("[A-Za-z].*[.!?](?: ?%[1-9])?$"));
+    return text.contains(u'\n') || text.contains(sentence);
+}
+
+/// Whether the code before a text makes it a caption, a help text, an instruction or a prompt, or
+/// the one cause of a failure that is asked about instead of told.
+bool isNoMessage(const Literal &literal)
+{
+    static const QRegularExpression other(
+        QStringLiteral(R"((?:\.(?:help|caption|instructions) =|(?:Help|Instructions|Prompt)\[\] =|)"
+                       R"(kChanged =|newLabel\("\w+",|setText\(kHelp, QStringLiteral\()$)"));
+    static const QRegularExpression layout(QStringLiteral(R"(AsShown\}, \{$)"));
+    return literal.before.contains(other) || literal.before.contains(layout);
+}
+
+} // namespace
+
+QStringList sourceLiterals()
+{
+    QStringList texts;
+    for (const Literal &literal : literals()) {
+        texts << literal.text;
+    }
+    return texts;
+}
+
+QStringList sourceMessages()
+{
+    static const QRegularExpression nothingElse(QStringLiteral("^(?:%[1-9])?$"));
+    QStringList paragraphs;
+    for (const Literal &literal : literals()) {
+        if (isSentence(literal.text) && !isNoMessage(literal)) {
+            paragraphs << literal.text.split(u'\n');
+        }
+    }
+    paragraphs.removeIf([](const QString &text) { return text.contains(nothingElse); });
+    paragraphs.removeDuplicates();
+    return paragraphs;
+}
+
+} // namespace tarvold::testing

@@ -24,6 +24,13 @@ QStringList cellsOf(const QString &line)
     return cells;
 }
 
+MarkdownTable under(const QString &heading)
+{
+    MarkdownTable table;
+    table.heading = heading;
+    return table;
+}
+
 /// Reads a table, from its head on; leaves `line` at the last of its lines.
 void readTable(const QStringList &lines, qsizetype &line, MarkdownTable &table)
 {
@@ -44,11 +51,11 @@ std::vector<MarkdownTable> markdownTables(const QString &path)
     MarkdownTable next;
     for (qsizetype line = 0; line < lines.size(); ++line) {
         if (lines[line].startsWith(u'#')) {
-            next = {.heading = lines[line].section(u' ', 1)};
+            next = under(lines[line].section(u' ', 1));
         } else if (lines[line].startsWith(u'|')) {
             readTable(lines, line, next);
             tables.push_back(next);
-            next = {.heading = next.heading};
+            next = under(next.heading);
         } else {
             next.text += lines[line] + u'\n';
         }

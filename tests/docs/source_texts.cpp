@@ -27,14 +27,15 @@ QString codeIn(const QString &path)
 
 QString meantBy(const QString &quoted)
 {
-    static const QRegularExpression piece(QStringLiteral(R"("((?:[^"\\\n]|\\.)*)")"));
+    static const QRegularExpression piece(QStringLiteral(R"re("((?:[^"\\\n]|\\.)*)")re"));
     QString text;
     for (const auto &match : piece.globalMatch(quoted)) {
         text += match.captured(1);
     }
     return text.replace(QStringLiteral("\\n"), QStringLiteral("\n"))
         .replace(QStringLiteral("\\r"), QString())
-        .replace(QStringLiteral("\\\""), QStringLiteral("\""));
+        .replace(QStringLiteral("\\\""), QStringLiteral("\""))
+        .trimmed();
 }
 
 void addLiterals(const QString &path, std::vector<Literal> &literals)
@@ -54,9 +55,10 @@ const std::vector<Literal> &literals()
     static const std::vector<Literal> all = [] {
         std::vector<Literal> found;
         // What main.cpp tells is no message of a screen.
+        const QStringList sources = {QStringLiteral("*.cpp"), QStringLiteral("*.h")};
         const QDir source(QStringLiteral(TARVOLD_SOURCE));
         for (const QString &folder : source.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
-            QDirIterator files(source.filePath(folder), {"*.cpp", "*.h"}, QDir::Files);
+            QDirIterator files(source.filePath(folder), sources, QDir::Files);
             while (files.hasNext()) {
                 addLiterals(files.next(), found);
             }
@@ -69,7 +71,7 @@ const std::vector<Literal> &literals()
 bool isSentence(const QString &text)
 {
     static const QRegularExpression sentence(QStringLiteral("[A-Za-z].*[.!?](?: ?%[1-9])?$"));
-    return text.contains(u'\n') || text.contains(sentence);
+    return text.contains(sentence) || (text.contains(u'\n') && text.contains(u' '));
 }
 
 /// Whether the code before a text makes it a caption, a help text, an instruction or a prompt, or
@@ -79,7 +81,7 @@ bool isNoMessage(const Literal &literal)
     static const QRegularExpression other(
         QStringLiteral(R"((?:\.(?:help|caption|instructions) =|(?:Help|Instructions|Prompt)\[\] =|)"
                        R"(kChanged =|newLabel\("\w+",|setText\(kHelp, QStringLiteral\()$)"));
-    static const QRegularExpression layout(QStringLiteral(R"(AsShown\}, \{$)"));
+    static const QRegularExpression layout(QStringLiteral(R"((?:AsShown\},|return \{) \{$)"));
     return literal.before.contains(other) || literal.before.contains(layout);
 }
 

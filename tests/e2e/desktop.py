@@ -55,7 +55,7 @@ class Desktop:
         # The server itself picks a number that is free and tells it once it is ready.
         reader, writer = os.pipe()
         self._start("Xvfb", "-displayfd", str(writer), "-nolisten", "tcp",
-                    "-dpi", "96", "-screen", "0", f"{WIDTH}x{HEIGHT}x24", pass_fds=[writer])
+                    "-dpi", "96", "-wr", "-screen", "0", f"{WIDTH}x{HEIGHT}x24", pass_fds=[writer])
         os.close(writer)
         with open(reader, encoding="ascii") as answer:
             return ":" + answer.readline().strip()

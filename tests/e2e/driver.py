@@ -22,6 +22,7 @@ warnings.filterwarnings("ignore", category=DeprecationWarning)
 BOX_TITLE = "Tarvold Data Editor"
 SCREEN_TITLE = "Tarvold 1.3 Data Editor"
 FIELDS = ("text", "combo box")
+LIST_FRAME = 2  # in pixels, below an opened list
 LOOKS = 20  # at one picture, until it shows the same twice
 
 
@@ -232,7 +233,7 @@ class Driver:
         boxes = [extents(window), extents(self._open_list(name))]
         left, top = min(box.x for box in boxes), min(box.y for box in boxes)
         right = max(box.x + box.width for box in boxes)
-        bottom = max(box.y + box.height for box in boxes)
+        bottom = max(box.y + box.height for box in boxes) + LIST_FRAME
         return f"{right - left}x{bottom - top}+{left}+{top}"
 
     def _save_picture(self, name, window, part=None):

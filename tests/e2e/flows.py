@@ -21,7 +21,7 @@ def normal_ending(driver):
 
 def criteria(driver):
     driver.wait_screen("GENERAL DETAILS")
-    driver.choose("Match Type", "Tag Team", picture="match-types")
+    driver.choose("Match Type", "Tag Team")
     driver.keys("Tab", "ctrl+a")
     driver.type("Stipulation", "Ladder Match")
     driver.keys("Tab")

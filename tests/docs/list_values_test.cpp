@@ -1,0 +1,89 @@
+// Compares the values in docs/file-formats.md with the lists of the program.
+
+#include "datafiles/record.h"
+#include "docs/markdown.h"
+#include "support/editor_test.h"
+#include "support/print.h"
+
+#include <QRegularExpression>
+
+#include <map>
+
+namespace tarvold::testing {
+namespace {
+
+QStringList valuesIn(QString cell)
+{
+    static const QRegularExpression value(QStringLiteral("`([^`]*)`"));
+    QStringList values;
+    for (const auto &match : value.globalMatch(cell)) {
+        values << match.captured(1);
+    }
+    if (cell.endsWith(QStringLiteral("`1` to `100`"))) {
+        values.removeLast();
+        for (int number = 2; number <= 100; ++number) {
+            values << QString::number(number);
+        }
+    }
+    return values;
+}
+
+/// What the document says of each control, by "Form4, Combo3".
+std::map<QString, QStringList> documentedLists()
+{
+    std::map<QString, QStringList> lists;
+    for (const MarkdownTable &table : markdownTables(QStringLiteral(TARVOLD_FILE_FORMATS))) {
+        if (table.heading != QStringLiteral("What the lists offer")) {
+            continue;
+        }
+        for (const QStringList &row : table.rows) {
+            for (const QString &control : row[1].split(QStringLiteral("; "))) {
+                EXPECT_TRUE(lists.emplace(control, valuesIn(row[0])).second)
+                    << control.toStdString();
+            }
+        }
+    }
+    return lists;
+}
+
+class ListValues : public EditorTest
+{
+protected:
+    void addListsOf(const RecordLayout &layout)
+    {
+        for (const RecordField &field : layout) {
+            addList(field.source.screen, control(field.source.screen, field.source.control));
+        }
+    }
+
+    void addList(const char *screen, const QWidget &control)
+    {
+        const auto *box = qobject_cast<const QComboBox *>(&control);
+        if (box == nullptr) {
+            return;
+        }
+        QStringList items;
+        for (int item = 0; item < box->count(); ++item) {
+            items << box->itemText(item);
+        }
+        program[QStringLiteral("%1, %2").arg(QLatin1StringView(screen), control.objectName())] =
+            items;
+    }
+
+    std::map<QString, QStringList> program;
+};
+
+TEST_F(ListValues, EveryListThatARecordTakesItsTextsFromIsDocumented)
+{
+    for (const auto &layout : {normalEndingLayout, runInEndingLayout, turnEndingLayout,
+                               interviewLayout, talkShowLayout}) {
+        addListsOf(layout());
+    }
+    for (const QComboBox *box : screen("Form3").findChildren<QComboBox *>()) {
+        addList("Form3", *box);
+    }
+    EXPECT_EQ(documentedLists(), program);
+}
+
+} // namespace
+} // namespace tarvold::testing

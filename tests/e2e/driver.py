@@ -22,6 +22,7 @@ warnings.filterwarnings("ignore", category=DeprecationWarning)
 BOX_TITLE = "Tarvold Data Editor"
 SCREEN_TITLE = "Tarvold 1.3 Data Editor"
 FIELDS = ("text", "combo box")
+PLACE = (100, 30)  # for windows: at the edge of the display a part of one may not be seen
 LIST_FRAME = 2  # in pixels, below an opened list
 LOOKS = 20  # at one picture, until it shows the same twice
 
@@ -69,6 +70,11 @@ class Driver:
         self._save_picture(name, "root")
 
     # What a user does
+
+    def move_window(self):
+        """Drags the front window away from the edge of the display; the next ones appear there too."""
+        window, = self._windows(SCREEN_TITLE)
+        xdotool("windowmove", "--sync", window, *map(str, PLACE))
 
     def press(self, button):
         """Clicks a button by the name that a screen reader speaks."""

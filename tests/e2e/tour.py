@@ -76,6 +76,7 @@ def tour(arguments, log):
         driver = Driver(command, work, folder, arguments.timeout, log)
         try:
             driver.wait_screen(MENU)
+            driver.move_window()
             driver.picture("menu")
             for flow, _, _ in FLOWS:
                 flow(driver)

@@ -14,8 +14,9 @@ using TellDuplicate = std::function<void(const QString &)>;
 QString duplicateMessage(QByteArrayView matchType, QByteArrayView stipulation,
                          const QString &target)
 {
-    return QStringLiteral("The combination of match type: %1 and stipulation: %2 are already in the "
-                          "file %3 so will not be imported.")
+    return QStringLiteral(
+               "The combination of match type: %1 and stipulation: %2 are already in the "
+               "file %3 so will not be imported.")
         .arg(codepage::decode(matchType), codepage::decode(stipulation), target);
 }
 

@@ -232,10 +232,10 @@ class Driver:
     def _around(self, name):
         """The part of the display that holds the front window and the opened list of this box."""
         window = next(each for each in self._shown_windows() if each.get_name() == SCREEN_TITLE)
-        boxes = [extents(window), extents(self._open_list(name))]
-        left, top = min(box.x for box in boxes), min(box.y for box in boxes)
-        right = max(box.x + box.width for box in boxes)
-        bottom = max(box.y + box.height for box in boxes) + LIST_FRAME
+        front, over = extents(window), extents(self._open_list(name))
+        left, top = min(front.x, over.x), min(front.y, over.y)
+        right = max(front.x + front.width, over.x + over.width)
+        bottom = max(front.y + front.height, over.y + over.height + LIST_FRAME)
         return f"{right - left}x{bottom - top}+{left}+{top}"
 
     def _save_picture(self, name, window, part=None):

@@ -23,7 +23,11 @@ protected:
         boxes.checkAllCame();
     }
 
-    QPoint middleOf(int row) { return list().visualRect(list().model()->index(row, 0)).center(); }
+    QPoint middleOf(int row)
+    {
+        const QRect place = list().visualRect(list().model()->index(row, 0));
+        return list().viewport()->mapToGlobal(place.center());
+    }
 
     void expectPleaseSelect()
     {

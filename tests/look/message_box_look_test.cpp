@@ -70,6 +70,6 @@ TEST_P(MessageBoxLookTest, AQuestionIsGood)
     boxes.checkAllCame();
 }
 
-INSTANTIATE_TEST_SUITE_P(All, MessageBoxLookTest, ::testing::ValuesIn(looksOf("Form1")), nameOf);
+INSTANTIATE_TEST_SUITE_P(All, MessageBoxLookTest, ::testing::ValuesIn(looksOf({"Form1"})), nameOf);
 
 } // namespace tarvold::testing

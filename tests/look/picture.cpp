@@ -16,6 +16,10 @@ Picture::Picture(QWidget &window, const QRect &place)
     : m_place(place & window.rect())
     , m_scale(window.devicePixelRatioF())
 {
+    // Pixels of the picture must be those of the screen at 125 % and 150 % too.
+    constexpr int kGrid = 4;
+    m_place.setTopLeft(
+        {m_place.left() - m_place.left() % kGrid, m_place.top() - m_place.top() % kGrid});
     if (m_place.isEmpty()) {
         ADD_FAILURE() << "nothing of it is in the window";
         m_image = QImage(1, 1, QImage::Format_RGB32);

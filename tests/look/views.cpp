@@ -7,6 +7,8 @@
 
 #include <QApplication>
 
+#include <algorithm>
+
 namespace tarvold::testing {
 namespace {
 
@@ -20,7 +22,7 @@ QByteArray manyStipulations()
     QByteArray bytes = stipulation("Intergender 6 Person Tag",
                                    "Falls Count Anywhere On The Boardwalk, In The Car Park And In "
                                    "Every Bar Of The Town Until The Sun Comes Up Over The Sea");
-    for (int number = 1; number <= 60; ++number) {
+    for (int number = 1; number <= 2000; ++number) {
         bytes += stipulation("Singles", "Ladder Match " + QByteArray::number(number));
     }
     return bytes;
@@ -82,10 +84,12 @@ std::vector<Look> looksIn(Colours colours)
     return looks;
 }
 
-std::vector<Look> looksOf(const char *view)
+std::vector<Look> looksOf(const std::vector<std::string> &views)
 {
     std::vector<Look> looks = allLooks();
-    std::erase_if(looks, [view](const Look &look) { return qstrcmp(look.view.name, view) != 0; });
+    std::erase_if(looks, [&views](const Look &look) {
+        return std::find(views.begin(), views.end(), look.view.name) == views.end();
+    });
     return looks;
 }
 
@@ -102,7 +106,7 @@ PaletteGuard::~PaletteGuard()
 LookTest::LookTest() : PaletteGuard(GetParam().colours)
 {
     writeFile("stipulations.tvd", manyStipulations());
-    for (int number = 1; number <= 40; ++number) {
+    for (int number = 1; number <= 200; ++number) {
         writeFile(qPrintable(QStringLiteral("more-%1.tvd").arg(number)), {});
     }
     const QString longName = QStringLiteral("all-that-we-wrote-in-") + QString(150, u'x');

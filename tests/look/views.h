@@ -38,8 +38,8 @@ std::vector<Look> allLooks();
 /// All views in one palette, for what no palette changes: sizes and places.
 std::vector<Look> looksIn(Colours colours);
 
-/// One view in both palettes.
-std::vector<Look> looksOf(const char *view);
+/// Some views in both palettes.
+std::vector<Look> looksOf(const std::vector<std::string> &views);
 
 /// Gives the program a palette, and the desktop's own one back.
 class PaletteGuard
@@ -50,8 +50,8 @@ public:
 };
 
 /// Shows a view in a palette, opened as a user opens it, and with something in every text box. The
-/// folder has files to import and stipulations to list: so many that the lists can be scrolled, one
-/// of them with a long name.
+/// folder has files to import and stipulations to list: so many that the thumbs of the lists are as
+/// short as can be, and the first of each with a long name.
 class LookTest : public ::testing::WithParamInterface<Look>, private PaletteGuard, public FlowTest
 {
 public:

@@ -4,9 +4,11 @@
 #include "look/views.h"
 #include "support/contrast.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
+#include <QLineEdit>
 #include <QMenu>
 
 namespace tarvold::testing {

@@ -3,6 +3,7 @@
 #include "look/picture.h"
 #include "support/contrast.h"
 
+#include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QLabel>

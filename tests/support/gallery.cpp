@@ -1,4 +1,4 @@
-// Makes a picture of every screen, to be looked at: gallery FOLDER [--dark]
+// Makes a picture of every screen, to be looked at: gallery FOLDER [--dark] [--points SIZE]
 
 #include "editor.h"
 #include "endings/commentary_line.h"
@@ -7,6 +7,7 @@
 #include "segments/segment_flow.h"
 #include "shell/look.h"
 #include "stipulations/stipulation_form.h"
+#include "support/palettes.h"
 
 #include <QApplication>
 #include <QDir>
@@ -14,14 +15,6 @@
 #include <QTest>
 
 namespace {
-
-QPalette darkPalette()
-{
-    QPalette palette(QColor(0x35, 0x35, 0x35), QColor(0x2A, 0x2A, 0x2A));
-    palette.setColor(QPalette::Base, QColor(0x20, 0x20, 0x20));
-    palette.setColor(QPalette::Highlight, QColor(0x3D, 0x8E, 0xC9));
-    return palette;
-}
 
 constexpr const char *kScreens[] = {"Form1",  "Form4",  "Form5",  "Form6",  "Form7",  "Form8",
                                     "Form9",  "Form10", "Form11", "Form12", "Form13", "Form14",
@@ -51,7 +44,12 @@ int main(int argc, char *argv[])
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     const QStringList arguments = QApplication::arguments();
     if (arguments.contains(QStringLiteral("--dark"))) {
-        QApplication::setPalette(darkPalette());
+        QApplication::setPalette(tarvold::testing::darkPalette());
+    }
+    if (const qsizetype at = arguments.indexOf(QStringLiteral("--points")); at >= 0) {
+        QFont font = QApplication::font();
+        font.setPointSizeF(arguments.value(at + 1).toDouble());
+        QApplication::setFont(font);
     }
     look::apply();
 

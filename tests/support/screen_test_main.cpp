@@ -1,6 +1,7 @@
 #include "shell/look.h"
 
 #include <QApplication>
+#include <QFont>
 
 #include <gtest/gtest.h>
 
@@ -15,6 +16,12 @@ int main(int argc, char *argv[])
     QApplication::setQuitOnLastWindowClosed(false);
     // Two clicks of a test follow each other faster than any hand; they are never a double click.
     QApplication::setDoubleClickInterval(0);
+    // The text size that a user has set on the desktop, in points.
+    if (const double points = qEnvironmentVariable("TARVOLD_TEXT_SIZE").toDouble(); points > 0) {
+        QFont font = QApplication::font();
+        font.setPointSizeF(points);
+        QApplication::setFont(font);
+    }
     tarvold::look::apply();
     return RUN_ALL_TESTS();
 }

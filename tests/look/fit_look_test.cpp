@@ -1,0 +1,46 @@
+#include "look/checks.h"
+#include "look/parts.h"
+#include "look/views.h"
+#include "shell/scroll_bar.h"
+
+#include <QListView>
+
+namespace tarvold::testing {
+namespace {
+
+/// Sizes of controls, and whether there is room for everything.
+class FitLookTest : public LookTest
+{
+};
+
+} // namespace
+
+TEST_P(FitLookTest, EveryTargetIsLargeEnough)
+{
+    checks::expectLargeTargets(scene());
+    for (const QListView *list : parts::visible<QListView>(shown())) {
+        checks::expectLargeRows(scene(), "Target: rows of lists", *list);
+    }
+}
+
+TEST_P(FitLookTest, NoTextIsCut)
+{
+    for (ScrollBar *bar : parts::visible<ScrollBar>(shown())) {
+        bar->setValue(bar->maximum()); // so that the label beside it shows its longest text
+    }
+    checks::expectNothingCut(scene());
+}
+
+TEST_P(FitLookTest, EverythingIsOnTheScreen)
+{
+    checks::expectAllOnScreen(scene());
+}
+
+TEST_P(FitLookTest, NothingOverlaps)
+{
+    checks::expectNoOverlaps(scene());
+}
+
+INSTANTIATE_TEST_SUITE_P(All, FitLookTest, ::testing::ValuesIn(looksIn(Colours::Light)), nameOf);
+
+} // namespace tarvold::testing

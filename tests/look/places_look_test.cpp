@@ -1,0 +1,207 @@
+#include "endings/commentary_line.h"
+#include "endings/feud_details.h"
+#include "look/checks.h"
+#include "look/parts.h"
+#include "look/views.h"
+#include "shell/details_screen.h"
+#include "shell/help_line.h"
+
+#include <QPushButton>
+
+#include <map>
+
+namespace tarvold::testing {
+namespace {
+
+/// Where something begins or ends, and what does.
+using Column = std::map<int, std::string>;
+
+/// The columns of a screen: captions and controls of its rows, other than those of the commentary.
+struct Columns
+{
+    Column labels;
+    Column controls;
+    Column lines;       ///< of commentary
+    Column lineNumbers; ///< their right edges, as numbers are written
+};
+
+void collect(const Screen &screen, Columns &columns)
+{
+    for (const QLabel *label : parts::visible<QLabel>(screen)) {
+        const QWidget *control = label->buddy();
+        if (control == nullptr || !control->isVisible()) {
+            continue;
+        }
+        const QString name = screen.objectName() + u' ' + parts::nameOf(*control);
+        const QRect caption = parts::placeOf(*label);
+        const int left = parts::placeOf(*control).left();
+        if (qobject_cast<const CommentaryLine *>(control) != nullptr) {
+            columns.lineNumbers[caption.right()] += name.toStdString() + ' ';
+            columns.lines[left] += name.toStdString() + ' ';
+        } else {
+            columns.labels[caption.left()] += name.toStdString() + ' ';
+            columns.controls[left] += name.toStdString() + ' ';
+        }
+    }
+}
+
+void expectOneOfEach(const Columns &columns)
+{
+    for (const auto &[what, column] : {std::pair{"captions", columns.labels},
+                                       {"controls", columns.controls},
+                                       {"commentary lines", columns.lines},
+                                       {"numbers of commentary lines", columns.lineNumbers}}) {
+        EXPECT_LE(column.size(), 1U)
+            << "columns of " << what << ", by their x: " << ::testing::PrintToString(column);
+    }
+}
+
+/// The places of all widgets within their parents, but for what a scroll area moves.
+std::map<const QWidget *, QRect> placesIn(const QWidget &window)
+{
+    std::map<const QWidget *, QRect> places;
+    for (const QWidget *widget : window.findChildren<QWidget *>()) {
+        const QWidget *parent = widget->parentWidget();
+        const bool isScrolled =
+            parent != nullptr && parent->objectName() == QStringLiteral("qt_scrollarea_viewport");
+        places[widget] = isScrolled ? QRect({}, widget->size()) : widget->geometry();
+    }
+    return places;
+}
+
+class PlacesLookTest : public LookTest
+{
+};
+
+class HelpLookTest : public LookTest
+{
+};
+
+/// What must be where it was when one screen of a flow takes the place of another.
+struct Fixed
+{
+    QString screen;
+    QRect window;
+    QRect help; ///< none on a commentary screen
+    QRect back;
+    QRect next; ///< or the button that adds the record, which is of another width
+};
+
+class FlowPlacesLookTest : public FlowTest, public ::testing::WithParamInterface<FlowPath>
+{
+protected:
+    Fixed look(const char *name)
+    {
+        const Screen &shown = screen(name);
+        const bool isLast = qstrcmp(name, GetParam().screens.back()) == 0;
+        const auto *help = shown.findChild<HelpLine *>();
+        return {shown.objectName(), shown.geometry(),
+                help != nullptr ? parts::placeOf(*help) : QRect(),
+                parts::placeOf(shown.control(isLast ? "Command2" : "Command1")),
+                parts::placeOf(shown.control(isLast ? "Command1" : "Command2"))};
+    }
+};
+
+} // namespace
+
+TEST_P(PlacesLookTest, CaptionsStandInOneColumnAndControlsInAnother)
+{
+    Columns columns;
+    collect(shown(), columns);
+    expectOneOfEach(columns);
+}
+
+TEST_P(PlacesLookTest, NothingMovesWhenTheFocusDoes)
+{
+    const auto before = placesIn(shown());
+    for (QWidget *control : parts::focusable(shown())) {
+        control->setFocus(Qt::TabFocusReason);
+        parts::reveal(*control);
+        for (const auto &[widget, place] : placesIn(shown())) {
+            const auto found = before.find(widget);
+            EXPECT_TRUE(found != before.end() && found->second == place)
+                << parts::nameOf(*widget).toStdString() << " moved to "
+                << ::testing::PrintToString(place) << " when "
+                << parts::nameOf(*control).toStdString() << " got the focus";
+        }
+    }
+}
+
+TEST_P(HelpLookTest, EveryHelpFitsItsBox)
+{
+    const auto *help = shown().findChild<HelpLine *>();
+    ASSERT_NE(help, nullptr);
+    for (QWidget *control : parts::focusable(shown())) {
+        control->setFocus(Qt::TabFocusReason);
+        QCoreApplication::processEvents();
+        checks::expectNotCut(sceneOf(shown(), u"help of " + parts::nameOf(*control)), *help);
+    }
+    if (auto *feud = qobject_cast<Form8 *>(&shown())) {
+        feud->showBrandHelp();
+        checks::expectNotCut(sceneOf(shown(), QStringLiteral("help of brands")), *help);
+        feud->showPowerFigureHelp();
+        checks::expectNotCut(sceneOf(shown(), QStringLiteral("help of power figures")), *help);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(All, PlacesLookTest, ::testing::ValuesIn(looksIn(Colours::Light)), nameOf);
+
+INSTANTIATE_TEST_SUITE_P(All, HelpLookTest,
+                         ::testing::ValuesIn(looksOf({"Form4OfANormalEnding", "Form4OfATurn",
+                                                      "Form5OfANormalEnding",
+                                                      "Form6OfANormalEnding", "Form8", "Form10",
+                                                      "Form12", "Form14", "Form17"})),
+                         nameOf);
+
+TEST_P(FlowPlacesLookTest, ItsScreensFeelLikeOneWindow)
+{
+    press("Form1", GetParam().button);
+    const Fixed first = look(GetParam().screens.front());
+    for (const char *name : GetParam().screens) {
+        expectOnly(name);
+        QCoreApplication::processEvents();
+        const Fixed now = look(name);
+        const std::string where = now.screen.toStdString();
+        EXPECT_EQ(now.window, first.window) << where;
+        EXPECT_EQ(now.back, first.back) << where;
+        EXPECT_EQ(now.next.bottomRight(), first.next.bottomRight()) << where;
+        if (qstrcmp(name, GetParam().screens.back()) != 0) {
+            EXPECT_EQ(now.next, first.next) << where;
+            EXPECT_EQ(now.help, first.help) << where;
+            press(name, "Command2");
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(All, FlowPlacesLookTest,
+                         ::testing::Values(kNormalPath, kRunInPath, kTurnPath, kInterviewPath,
+                                           kTalkShowPath),
+                         [](const auto &row) { return std::string(row.param.button); });
+
+TEST_F(FlowTest, AllScreensOfDetailsHaveTheSameColumns)
+{
+    Columns columns;
+    const auto collectNow = [this, &columns](const char *name) {
+        QCoreApplication::processEvents();
+        if (qobject_cast<DetailsScreen *>(&screen(name)) != nullptr) {
+            collect(screen(name), columns);
+        }
+    };
+    for (const FlowPath &flow :
+         {kNormalPath, kRunInPath, kTurnPath, kInterviewPath, kTalkShowPath}) {
+        press("Form1", flow.button);
+        for (const char *name : flow.screens) {
+            expectOnly(name);
+            collectNow(name);
+            if (qstrcmp(name, flow.screens.back()) != 0) {
+                press(name, "Command2");
+            }
+        }
+        goBack(flow);
+    }
+    screen("Form17").replace(screen("Form1"));
+    collectNow("Form17");
+    expectOneOfEach(columns);
+}
+
+} // namespace tarvold::testing

@@ -1,0 +1,48 @@
+#include "look/checks.h"
+#include "look/parts.h"
+#include "look/views.h"
+
+namespace tarvold::testing {
+namespace {
+
+class ScreensLookTest : public LookTest
+{
+};
+
+} // namespace
+
+TEST_P(ScreensLookTest, EveryTextCanBeRead)
+{
+    checks::expectReadable(scene());
+}
+
+TEST_P(ScreensLookTest, EveryTextCanBeReadInAWindowThatIsNotActive)
+{
+    QWidget other;
+    other.show();
+    expectActive(other);
+    checks::expectReadable(scene());
+}
+
+TEST_P(ScreensLookTest, SelectedTextsCanBeRead)
+{
+    checks::expectReadableSelections(scene());
+    QWidget other;
+    other.show();
+    expectActive(other);
+    checks::expectReadableSelections(scene());
+}
+
+TEST_P(ScreensLookTest, EveryControlCanBeSeen)
+{
+    checks::expectVisibleControls(scene());
+}
+
+TEST_P(ScreensLookTest, TheFocusCanBeSeenEverywhere)
+{
+    checks::expectFocusMarks(scene());
+}
+
+INSTANTIATE_TEST_SUITE_P(All, ScreensLookTest, ::testing::ValuesIn(allLooks()), nameOf);
+
+} // namespace tarvold::testing

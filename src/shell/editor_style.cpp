@@ -10,7 +10,7 @@
 namespace tarvold {
 namespace {
 
-constexpr int kFrame = 2; ///< room for the focus mark
+constexpr int kFrame = 3; ///< room for the focus mark
 
 bool hasFocus(const QStyleOption &option)
 {

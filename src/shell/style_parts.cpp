@@ -7,7 +7,7 @@ namespace {
 
 constexpr double kCorner = 3;
 constexpr double kOutlineWidth = 1;
-constexpr double kFocusWidth = 2;
+constexpr double kFocusWidth = 3;
 
 } // namespace
 

@@ -95,7 +95,11 @@ std::vector<Look> looksOf(const std::vector<std::string> &views)
 
 PaletteGuard::PaletteGuard(Colours colours)
 {
-    QApplication::setPalette(colours == Colours::Dark ? darkPalette() : QPalette());
+    if (colours == Colours::Dark) {
+        useDarkPalette();
+    } else {
+        QApplication::setPalette(QPalette());
+    }
 }
 
 PaletteGuard::~PaletteGuard()

@@ -11,7 +11,6 @@
 
 #include <QApplication>
 #include <QDir>
-#include <QStyleFactory>
 #include <QTest>
 
 namespace {
@@ -41,17 +40,16 @@ int main(int argc, char *argv[])
     using namespace tarvold;
 
     QApplication application(argc, argv);
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     const QStringList arguments = QApplication::arguments();
-    if (arguments.contains(QStringLiteral("--dark"))) {
-        QApplication::setPalette(tarvold::testing::darkPalette());
-    }
     if (const qsizetype at = arguments.indexOf(QStringLiteral("--points")); at >= 0) {
         QFont font = QApplication::font();
         font.setPointSizeF(arguments.value(at + 1).toDouble());
         QApplication::setFont(font);
     }
     look::apply();
+    if (arguments.contains(QStringLiteral("--dark"))) {
+        testing::useDarkPalette();
+    }
 
     const QDir folder(arguments.value(1, QStringLiteral(".")));
     Editor editor;

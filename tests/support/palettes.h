@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QApplication>
 #include <QColor>
 #include <QPalette>
+#include <QStyle>
 
 /// The palettes that the pictures and the tests of the look are made with.
 namespace tarvold::testing {
@@ -13,6 +15,15 @@ inline QPalette darkPalette()
     palette.setColor(QPalette::Base, QColor(0x20, 0x20, 0x20));
     palette.setColor(QPalette::Highlight, QColor(0x3D, 0x8E, 0xC9));
     return palette;
+}
+
+/// Takes the dark palette as the toolkit takes one from the desktop: past the program's style, which
+/// mends what could not be told apart.
+inline void useDarkPalette()
+{
+    QPalette palette = darkPalette();
+    QApplication::style()->polish(palette);
+    QApplication::setPalette(palette);
 }
 
 } // namespace tarvold::testing

@@ -38,6 +38,7 @@ constexpr ValueRow kValueRows[] = {
 
 Form3::Form3(Screens &screens) : Screen(kName), m_screens(screens)
 {
+    setSpokenTitle(QStringLiteral("Match Stipulation"));
     addForm();
     column().addStretch();
     addButtons();

@@ -8,6 +8,8 @@
 #include <QKeyEvent>
 #include <QWheelEvent>
 
+#include <utility>
+
 namespace tarvold {
 
 ComboBox::ComboBox(QWidget *parent) : QComboBox(parent)
@@ -34,6 +36,7 @@ void ComboBox::showPopup()
     if (const QString shown = currentText(); itemText(currentIndex()) != shown) {
         setText(shown);
     }
+    m_isListOpen = true;
     QComboBox::showPopup();
     if (currentIndex() >= 0) {
         // The toolkit names the list alone to those who hear it.
@@ -43,8 +46,17 @@ void ComboBox::showPopup()
     }
     // Only the list's own signal tells a choice apart from a typed text that equals an item:
     // activated() comes for both.
-    connect(view()->parentWidget(), SIGNAL(itemSelected(QModelIndex)), this, SIGNAL(chosen()),
+    connect(view()->parentWidget(), SIGNAL(itemSelected(QModelIndex)), this, SLOT(choose()),
             Qt::UniqueConnection);
+}
+
+void ComboBox::choose()
+{
+    // While assistive technology listens, the toolkit sends each key twice: the accessibility bus
+    // is asked first. The list, closed already, would tell the same choice again.
+    if (std::exchange(m_isListOpen, false)) {
+        emit chosen();
+    }
 }
 
 void ComboBox::keyPressEvent(QKeyEvent *event)

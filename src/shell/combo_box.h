@@ -28,6 +28,13 @@ signals:
 protected:
     void keyPressEvent(QKeyEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
+
+private slots:
+    /// Takes the list's word for a choice, once each time that the list was opened.
+    void choose();
+
+private:
+    bool m_isListOpen = false;
 };
 
 } // namespace tarvold

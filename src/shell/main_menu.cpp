@@ -71,8 +71,7 @@ void Form1::addRows(QGridLayout &grid)
         box->setAccessibleName(caption + u' ' + QLatin1StringView(kind.content));
         add(box, kind.nameBox.control);
         auto *label = new QLabel(caption);
-        label->setTextFormat(Qt::PlainText);
-        label->setBuddy(box);
+        label->setTextFormat(Qt::PlainText); // no buddy: its text would be spoken for all six
         grid.addWidget(label, line, 1);
         grid.addWidget(box, line, 2);
     }

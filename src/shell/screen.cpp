@@ -139,6 +139,12 @@ void Screen::addHeading(const char *name, const char *text)
     }
     heading->setFont(font);
     m_head->addWidget(heading);
+    setSpokenTitle(heading->text());
+}
+
+void Screen::setSpokenTitle(const QString &title)
+{
+    setAccessibleName(title + QStringLiteral(" - ") + windowTitle());
 }
 
 void Screen::addRule(const char *name)

@@ -73,8 +73,11 @@ protected:
     /// Makes the button "<<", with its keys.
     PushButton *newBackButton(const char *name);
 
-    /// The heading over everything else.
+    /// The heading over everything else. It is spoken when the screen appears.
     void addHeading(const char *name, const char *text);
+
+    /// What is spoken when the screen appears, before the title that all screens have.
+    void setSpokenTitle(const QString &title);
 
     /// A line across the screen.
     void addRule(const char *name);

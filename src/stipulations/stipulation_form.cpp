@@ -22,10 +22,23 @@ constexpr ControlRef kListPosition = {"Form16", "listpos"};
 constexpr char kNo[] = "No";
 constexpr char kYes[] = "Yes";
 
+struct ValueRow
+{
+    const char *label;
+    const char *caption;
+    const char *stipulationform::ValueColumn::*control;
+};
+
+constexpr ValueRow kValueRows[] = {
+    {"Label9", "Match Draw Value:", &stipulationform::ValueColumn::draw},
+    {"Label14", "Match Entertainment Value:", &stipulationform::ValueColumn::entertainment},
+};
+
 } // namespace
 
 Form3::Form3(Screens &screens) : Screen(kName), m_screens(screens)
 {
+    setSpokenTitle(QStringLiteral("Match Stipulation"));
     addForm();
     column().addStretch();
     addButtons();
@@ -45,30 +58,31 @@ void Form3::addForm()
 
 void Form3::addValueTable()
 {
-    constexpr char kDraw[] = "Match Draw Value:";
-    constexpr char kEntertainment[] = "Match Entertainment Value:";
+    using stipulationform::kValueColumns;
     auto *grid = new QGridLayout;
     grid->setHorizontalSpacing(kGap);
     grid->setVerticalSpacing(kRowGap);
     grid->setColumnMinimumWidth(0, formgrid::labelWidth(*this));
-    grid->addWidget(newLabel("Label9", kDraw), 1, 0);
-    grid->addWidget(newLabel("Label14", kEntertainment), 2, 0);
-    int place = 1;
-    for (const stipulationform::ValueColumn &column : stipulationform::kValueColumns) {
+    for (int place = 1; const stipulationform::ValueColumn &column : kValueColumns) {
         QLabel *heading = newLabel(column.label, column.caption);
         heading->setWordWrap(true);
         grid->addWidget(heading, 0, place, Qt::AlignBottom);
-        const Items items = stipulationform::valueItems(column.offersNa);
-        int row = 1;
-        for (const auto &[name, caption] :
-             {std::pair{column.draw, kDraw}, {column.entertainment, kEntertainment}}) {
-            const Field field = {.control = name, .label = "", .caption = caption, .items = items};
-            QWidget *combo = formgrid::newControl(*this, field);
-            controls::describe(*combo, QLatin1StringView(caption) + u' ' +
-                                           QLatin1StringView(column.caption));
-            grid->addWidget(combo, row++, place);
-        }
         grid->setColumnStretch(place++, 1);
+    }
+    // Tab follows the order in which controls are made: row by row.
+    for (const ValueRow &row : kValueRows) {
+        const int line = grid->rowCount();
+        grid->addWidget(newLabel(row.label, row.caption), line, 0);
+        for (int place = 1; const stipulationform::ValueColumn &column : kValueColumns) {
+            const Items items = stipulationform::valueItems(column.offersNa);
+            QWidget *combo = formgrid::newControl(*this, {.control = column.*row.control,
+                                                          .label = "",
+                                                          .caption = row.caption,
+                                                          .items = items});
+            controls::describe(*combo, QLatin1StringView(row.caption) + u' ' +
+                                           QLatin1StringView(column.caption));
+            grid->addWidget(combo, line, place++);
+        }
     }
     column().addLayout(grid);
 }

@@ -35,6 +35,7 @@ class Desktop:
             os.environ["DISPLAY"] = self._start_display()
             os.environ["DBUS_SESSION_BUS_ADDRESS"] = self._start_bus()
             self._start_window_manager()
+            self._park_pointer()
         except BaseException:
             self.__exit__()
             raise
@@ -70,6 +71,11 @@ class Desktop:
         os.close(writer)
         if not ready:
             raise RuntimeError("the window manager did not start")
+
+    def _park_pointer(self):
+        # Where it is at first, windows open under it.
+        subprocess.run(["xdotool", "mousemove", "--sync", str(WIDTH - 1), str(HEIGHT - 1)],
+                       stderr=self._log, check=True)
 
     def _start_bus(self):
         bus = self._start("dbus-daemon", "--session", "--nofork", "--print-address",

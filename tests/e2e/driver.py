@@ -1,76 +1,24 @@
-"""Drives the program as a user does: it looks at what is on the screen, clicks and types.
+"""Drives the program with mouse and keyboard, and takes pictures of what it shows."""
 
-What is on the screen is read from the accessibility bus, by the role and name that a screen reader
-would speak; mouse and keyboard events come from xdotool. Every step waits for what it needs to see
-and fails in plain words when that does not come.
-"""
+from program import BOX_TITLE, SCREEN_TITLE, Program
+from things import extents, has, open_list, xdotool
 
-import os
-import subprocess
-import time
-import warnings
-
-from desktop import HEIGHT, WIDTH, plain_environment
-from things import Atspi, GLib, click_at, extents, has, name_of, value_of, walk, xdotool
-
-warnings.filterwarnings("ignore", category=DeprecationWarning)
-
-BOX_TITLE = "Tarvold Data Editor"
-SCREEN_TITLE = "Tarvold 1.3 Data Editor"
-FIELDS = ("text", "combo box")
-PLACE = (100, 30)  # for windows: at the edge of the display a part of one may not be seen
 LIST_FRAME = 2  # in pixels, below an opened list
-LOOKS = 20  # at one picture, until it shows the same twice
 
 
-class TourError(RuntimeError):
-    """The program did not do what the tour expects."""
+class Driver(Program):
+    """A user who mostly clicks."""
 
-
-class Driver:
-    """One run of the program in a folder, with pictures going to another."""
-
-    def __init__(self, command, folder, pictures, timeout, log):
-        self.folder = folder
-        self._timeout = timeout
-        self._pictures = pictures
-        self._picture_count = 0
-        self._box_title = BOX_TITLE
-        Atspi.init()  # starts the accessibility bus, which the program looks for when it starts
-        self._process = subprocess.Popen(command, cwd=folder, env=plain_environment(), stderr=log)
-
-    # What is on the screen
-
-    def wait_screen(self, heading):
-        """Waits until the screen with this heading is the only one."""
-        self._wait(f'the screen "{heading}"',
-                   lambda: len(self._windows(SCREEN_TITLE)) == 1 and self._find("label", heading))
+    _box_title = BOX_TITLE  # of the message box that came last
 
     def wait_box(self, text, title=BOX_TITLE):
-        """Waits until a message box with this title and text is there."""
         self._box_title = title
-        self._wait(f'the message box "{text}"', lambda: self._windows(title)
-                   and self._find("label", text))
-
-    def wait_label(self, text):
-        """Waits until a label shows this text."""
-        self._wait(f'the label "{text}"', lambda: self._find("label", text))
+        super().wait_box(text, title)
 
     def picture(self, name):
         """Saves the front window as it is now, its frame left out."""
         boxes = self._windows(self._box_title)
         self._save_picture(name, (boxes or self._windows(SCREEN_TITLE))[0])
-
-    def picture_of_all(self, name):
-        """Saves the whole display."""
-        self._save_picture(name, "root")
-
-    # What a user does
-
-    def move_window(self):
-        """Drags the front window away from the edge of the display; the next ones appear there too."""
-        window, = self._windows(SCREEN_TITLE)
-        xdotool("windowmove", "--sync", window, *map(str, PLACE))
 
     def press(self, button):
         """Clicks a button by the name that a screen reader speaks."""
@@ -80,24 +28,16 @@ class Driver:
         """Clicks a row of a list box."""
         self._click(self._wait(f'the row "{item}"', lambda: self._find("list item", item)))
 
-    def click_field(self, name):
+    def go_to(self, name):
         """Clicks into a text or combo box and waits for the focus."""
         self._click(self._field(name))
         self._wait(f'the focus in "{name}"', lambda: has(self._field(name), "FOCUSED"))
 
     def fill(self, name, text):
         """Clicks into a box and types over what is there."""
-        self.click_field(name)
+        self.go_to(name)
         self.keys("ctrl+a", "Delete")
         self.type(name, text)
-
-    def type(self, name, text):
-        """Types at the cursor of the box that has the focus and waits until the box shows it."""
-        xdotool("type", "--delay", "2", text)
-        self.wait_value(name, text)
-
-    def keys(self, *keys):
-        xdotool("key", "--clearmodifiers", *keys)
 
     def choose(self, name, item, picture=None):
         """Opens a list with a click on its arrow and clicks an item. The picture shows it open."""
@@ -110,120 +50,14 @@ class Driver:
         self._click(place)
         self._wait_closed(name)
 
-    def choose_by_keys(self, name, item):
-        """Opens the list that has the focus with Alt+Down, goes to the item and presses Enter."""
-        self.keys("alt+Down")
-        self._wait(f'"{item}" in the list of "{name}"', lambda: self._open_item(name, item))
-        self.keys("Home")
-        names = [each.get_name() for each in walk(self._field(name))
-                 if each.get_role_name() == "list item"]
-        self.keys(*["Down"] * names.index(item), "Return")
-        self._wait_closed(name)
-
-    def wait_value(self, name, text):
-        """Waits until a text or combo box shows this text."""
-        self._wait(f'"{text}" in "{name}"', lambda: value_of(self._field(name)) == text)
-
-    def wait_end(self):
-        """Waits until the program has ended and fails unless it ended well."""
-        try:
-            code = self._process.wait(self._timeout)
-        except subprocess.TimeoutExpired:
-            raise TourError("the program did not end") from None
-        if code != 0:
-            raise TourError(f"the program ended with status {code}")
-
-    def stop(self):
-        """Ends a program that a failed tour left behind."""
-        if self._process.poll() is None:
-            self._process.kill()
-        self._process.wait()
-
-    # How it is done
-
-    def _wait(self, what, condition):
-        end = time.monotonic() + self._timeout
-        while time.monotonic() < end:
-            if self._process.poll() is not None:
-                raise TourError(f"the program ended while the tour waited for {what}")
-            try:
-                found = condition()
-            except GLib.Error:
-                found = None  # what we looked at went away in between
-            if found:
-                return found
-            time.sleep(0.02)
-            while GLib.MainContext.default().iteration(False):
-                pass  # lets the accessibility bus tell us what has changed
-        raise TourError(f"waited {self._timeout} seconds for {what}")
-
-    def _windows(self, title):
-        listed = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", f"^{title}$"],
-                                capture_output=True, text=True, check=False)
-        return listed.stdout.split()
-
-    def _application(self):
-        desktop = Atspi.get_desktop(0)
-        desktop.clear_cache()
-        for index in range(desktop.get_child_count()):
-            application = desktop.get_child_at_index(index)
-            if application and application.get_process_id() == self._process.pid:
-                application.set_cache_mask(Atspi.Cache.NONE)
-                application.clear_cache()
-                return application
-        return None
-
-    def _shown(self):
-        """What the shown windows hold. The others, and the lists of closed boxes, hold by far the
-        most of all that there is, and asking for each takes time."""
-        for window in self._shown_windows():
-            yield from walk(window, FIELDS)
-
-    def _shown_windows(self):
-        application = self._application()
-        for index in range(application.get_child_count() if application else 0):
-            window = application.get_child_at_index(index)
-            if window and has(window, "SHOWING"):
-                yield window
-
-    def _find(self, role, name):
-        for each in self._shown():
-            if each.get_role_name() == role and each.get_name() == name and has(each, "SHOWING"):
-                return each
-        return None
-
-    def _field(self, name):
-        return self._wait(f'the field "{name}"', lambda: self._find_field(name))
-
-    def _find_field(self, name):
-        for each in self._shown():
-            if each.get_role_name() in FIELDS and has(each, "SHOWING") and name_of(each) == name:
-                return each
-        return None
-
-    def _open_list(self, name):
-        for each in walk(self._field(name)):
-            if each.get_role_name() == "list" and has(each, "SHOWING"):
-                return each
-        return None
-
-    def _open_item(self, name, item):
-        for each in walk(self._open_list(name)):
-            if each.get_role_name() == "list item" and each.get_name() == item:
-                return each
-        return None
-
     def _scrolled_into_sight(self, name, place):
         """Whether an item of an opened list can be seen; turns the wheel by one when it cannot."""
-        item, room = extents(place), extents(self._open_list(name))
+        item, room = extents(place), extents(open_list(self._field(name)))
         if item.y < room.y or item.y + item.height > room.y + room.height:
             click_at(room.x + room.width // 2, room.y + room.height // 2,
                      button="4" if item.y < room.y else "5")
             return False
         return True
-
-    def _wait_closed(self, name):
-        self._wait(f'the list of "{name}" to close', lambda: not self._open_list(name))
 
     def _click(self, place):
         box = extents(place)
@@ -231,26 +65,13 @@ class Driver:
 
     def _around(self, name):
         """The part of the display that holds the front window and the opened list of this box."""
-        window = next(each for each in self._shown_windows() if each.get_name() == SCREEN_TITLE)
-        front, over = extents(window), extents(self._open_list(name))
+        window = next(each for each in self._shown_windows() if each.get_name().endswith(SCREEN_TITLE))
+        front, over = extents(window), extents(open_list(self._field(name)))
         left, top = min(front.x, over.x), min(front.y, over.y)
         right = max(front.x + front.width, over.x + over.width)
         bottom = max(front.y + front.height, over.y + over.height + LIST_FRAME)
         return f"{right - left}x{bottom - top}+{left}+{top}"
 
-    def _save_picture(self, name, window, part=None):
-        """Saves a window or a part of the display, once it has stopped changing."""
-        self._picture_count += 1
-        path = os.path.join(self._pictures, f"{self._picture_count:02}-{name}.png")
-        # Nothing may look different because the mouse lies over it.
-        xdotool("mousemove", "--sync", str(WIDTH - 1), str(HEIGHT - 1))
-        crop = ["-crop", part, "+repage"] if part else []
-        dateless = ["-strip", "-define", "png:exclude-chunks=date,time"]
-        before = None
-        for _ in range(LOOKS):
-            subprocess.run(["import", "-window", window, *crop, *dateless, path], check=True)
-            with open(path, "rb") as file:
-                now = file.read()
-            if now == before:
-                return
-            before = now
+
+def click_at(x, y, button="1"):
+    xdotool("mousemove", "--sync", str(x), str(y), "click", button)

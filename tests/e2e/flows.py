@@ -8,6 +8,9 @@ import segment_flows
 import stipulation_flow
 from steps import MENU, TAG_LIST, finish
 
+NO_MANAGER = ("You have the receiver's manager name as 'N/A' or 'None', which means you can't "
+              "involve the receiver's manager in this finish.")
+
 
 def normal_ending(driver):
     """Writes a match ending that a double team wins."""
@@ -56,11 +59,11 @@ def receiver(driver):
 
 def commentary(driver):
     driver.wait_screen("THE MATCH FINISH")
-    driver.click_field("Commentary line 1")
+    driver.go_to("Commentary line 1")
     driver.type("Commentary line 1", "Off the top rope: ")
     driver.choose(TAG_LIST, "Attacker 2 Full Name", picture="tags")
     driver.wait_value("Commentary line 1", "Off the top rope: <att2fullname>")
-    driver.click_field("Commentary line 3")
+    driver.go_to("Commentary line 3")
     driver.type("Commentary line 3", "Three! ")
     driver.choose(TAG_LIST, "Receiver Short Name")
     driver.wait_value("Commentary line 3", "Three! <recshortname>")
@@ -71,13 +74,12 @@ def commentary(driver):
 def refused_tag(driver):
     """A refused tag leaves the one chosen before to be put in once more; the author undoes that."""
     driver.choose(TAG_LIST, "Receiver's Manager Name")
-    driver.wait_box("You have the receiver's manager name as 'N/A' or 'None', which means you "
-                    "can't involve the receiver's manager in this finish.")
+    driver.wait_box(NO_MANAGER)
     driver.picture("refused-tag")
     driver.keys("Return")
     driver.wait_value("Commentary line 3", "Three! <recshortname><recshortname>")
     driver.picture("repeated-tag")
-    driver.click_field("Commentary line 3")
+    driver.go_to("Commentary line 3")
     driver.keys("ctrl+z")
     driver.wait_value("Commentary line 3", "Three! <recshortname>")
 

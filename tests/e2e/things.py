@@ -1,4 +1,4 @@
-"""The things on the screen as assistive technology sees them, and the mouse and keyboard."""
+"""The things on the screen as assistive technology sees them, and the keyboard."""
 
 import subprocess
 
@@ -6,6 +6,11 @@ import gi
 
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402, F401
+
+FIELDS = ("text", "combo box")
+BUTTON = "push button"
+LIST = "list"
+SIMPLE = (*FIELDS, BUTTON, "label", "scroll bar")  # what is inside these is not looked for
 
 
 def walk(root, closed=()):
@@ -17,18 +22,29 @@ def walk(root, closed=()):
         yield from walk(root.get_child_at_index(index), closed)
 
 
-def has(thing, state):
-    return thing.get_state_set().contains(getattr(Atspi.StateType, state))
+def has(thing, *states):
+    held = thing.get_state_set()
+    return all(held.contains(getattr(Atspi.StateType, state)) for state in states)
 
 
-def name_of(field):
-    """A text box bears its name; a combo box bears its text and is named by its caption."""
-    if field.get_role_name() == "text":
-        return field.get_name()
-    for relation in field.get_relation_set():
+def name_of(control):
+    """What is spoken as its name: that of its label, else its own. Without a label the text box
+    inside a combo box speaks for it, as the combo box bears its text for a name."""
+    for relation in control.get_relation_set():
         if relation.get_relation_type() == Atspi.RelationType.LABELLED_BY:
             return relation.get_target(0).get_name()
-    return field.get_name()
+    if control.get_role_name() == "combo box":
+        inner = [each for each in walk(control, (LIST,)) if each.get_role_name() == "text"]
+        return inner[0].get_name() if inner else ""
+    return control.get_name()
+
+
+def open_list(field):
+    """The list of a combo box while it is open."""
+    for each in walk(field, (LIST,)):
+        if each.get_role_name() == LIST and has(each, "SHOWING"):
+            return each
+    return None
 
 
 def value_of(field):
@@ -37,10 +53,6 @@ def value_of(field):
 
 def extents(thing):
     return thing.get_extents(Atspi.CoordType.SCREEN)
-
-
-def click_at(x, y, button="1"):
-    xdotool("mousemove", "--sync", str(x), str(y), "click", button)
 
 
 def xdotool(*arguments):

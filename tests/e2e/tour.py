@@ -1,7 +1,8 @@
 #!/usr/bin/python3
 """Drives the real program through its main job on a virtual display.
 
-Usage: tour.py PROGRAM [FOLDER] [--timeout SECONDS] [--watch] [--pictures renew|check]
+Usage: tour.py PROGRAM [FOLDER] [--by USER] [--timeout SECONDS] [--watch]
+               [--pictures renew|check]
 
 Pictures of every screen, the data files written and a log land in FOLDER. The files must hold,
 byte for byte, what the typed values give; any difference, timeout or crash ends the tour with a
@@ -9,6 +10,9 @@ plain message and a status other than zero. With --watch the program's system ca
 FOLDER as well, and any that it should not make is a failure; where the machine does not let one
 program trace another, the tour goes without and its last line says "skipped". With --pictures the
 pictures that README and the guide show are renewed, or the tour fails when they are out of date.
+
+By default the user has a mouse; "keys" has none, and "ear" has none and does not look. These two
+also judge each screen that they come to, and take no pictures.
 """
 
 import argparse
@@ -24,19 +28,24 @@ sys.path.append(os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "
 import pictures
 import watch
 from desktop import Desktop
-from driver import Driver, TourError
+from driver import Driver
 from flows import FLOWS
+from listener import Listener
 from points import tracing_refused
+from program import TourError
+from rounds import Walker
 from steps import MENU
 
 LOG = "tour.log"
 TRACE = "calls.trace"
+USERS = {"mouse": Driver, "keys": Walker, "ear": Listener}
 
 
 def main():
     parser = argparse.ArgumentParser(description="Drive the program through its main job.")
     parser.add_argument("program")
     parser.add_argument("folder", nargs="?", default="build/tour")
+    parser.add_argument("--by", choices=USERS, default="mouse", help="who uses the program")
     parser.add_argument("--timeout", type=float, default=60, help="seconds to wait for each step")
     parser.add_argument("--watch", action="store_true", help="trace the program's system calls")
     parser.add_argument("--pictures", choices=("renew", "check"),
@@ -51,7 +60,7 @@ def main():
         except (RuntimeError, OSError, subprocess.SubprocessError) as error:
             log.flush()
             sys.exit(f"The tour failed: {error}.\nSee {log.name}.")
-    print(f"The tour is done; pictures and data files are in {arguments.folder}.")
+    print(f"The tour is done; what it left is in {arguments.folder}.")
     if refused:
         print(f"skipped: the watch over the program's system calls: {refused}")
 
@@ -73,13 +82,14 @@ def tour(arguments, log):
     program = os.path.abspath(arguments.program)
     command = watch.command(trace, program) if arguments.watch else [program]
     with Desktop(log), tempfile.TemporaryDirectory() as work:
-        driver = Driver(command, work, folder, arguments.timeout, log)
+        driver = USERS[arguments.by](command, work, folder, arguments.timeout, log)
         try:
             driver.wait_screen(MENU)
             driver.move_window()
             driver.picture("menu")
             for flow, _, _ in FLOWS:
                 flow(driver)
+            driver.finish()
             driver.press("Exit")
             driver.wait_end()
         except Exception:

@@ -51,7 +51,7 @@ protected:
     QString captionBeside(const QWidget &box)
     {
         for (const QLabel *label : screen("Form1").findChildren<QLabel *>()) {
-            if (label->buddy() == &box) {
+            if (label->y() == box.y() && label->height() == box.height()) {
                 return label->text();
             }
         }

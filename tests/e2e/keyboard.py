@@ -1,0 +1,118 @@
+"""Drives the program by keys alone: there is no mouse here, and none is imported."""
+
+from functools import cached_property
+
+from program import BOX_TITLE, Program, TourError
+from steps import TAG_LIST
+from things import LIST, SIMPLE, extents, has, name_of, walk
+
+# What else than Enter on the button does the same, and is quicker.
+SHORTCUTS = {
+    "Back": "alt+Left",
+    "Back To Menu": "alt+Left",
+    "Next": "alt+Right",
+    "Add This Finish": "ctrl+s",
+    "Add This Interview Segment": "ctrl+s",
+    "Add This Talk Show Segment": "ctrl+s",
+    "Save This Stipulation": "ctrl+s",
+    "Edit": "Return",
+    "Delete": "Delete",
+}
+
+
+class Stop:
+    """A control on which the focus can rest. Its name is asked for when it is first wanted."""
+
+    def __init__(self, thing):
+        self.thing = thing
+        self.role = thing.get_role_name()
+
+    @cached_property
+    def name(self):
+        return name_of(self.thing)
+
+    def has(self, *states):
+        return has(self.thing, *states)
+
+    def place(self):
+        return extents(self.thing)
+
+
+class Keyboard(Program):
+    """A user without a mouse."""
+
+    def wait_screen(self, heading):
+        """Waits for the screen and the focus there, and returns the screen's controls."""
+        super().wait_screen(heading)
+        return self._wait(f'the focus on the screen "{heading}"', self._stops_with_focus)
+
+    def wait_box(self, text, title=BOX_TITLE):
+        super().wait_box(text, title)
+        self._wait(f'the focus in the box "{title}"', self._stops_with_focus)
+
+    def press(self, button):
+        """Presses a button by its shortcut, or goes there and presses Enter."""
+        self._wait("the focus", self._stops_with_focus)
+        shortcut = SHORTCUTS.get(button)
+        if not shortcut:
+            self.go_to(button)
+        self.keys(shortcut or "Return")
+
+    def go_to(self, name):
+        """Presses Tab until the control with this name has the focus."""
+        stops = self._wait("the focus", self._stops_with_focus)
+        first = stop = focused(stops)
+        while stop.name != name:
+            stop = self.leave(stop, "Tab", stops)
+            if stop is first:
+                raise TourError(f'Tab comes round without reaching "{name}"')
+
+    def leave(self, stop, key, stops):
+        """Presses a key that leads away from a control, and returns which of the stops it leads to."""
+        self.keys(key)
+        others = [each for each in stops if each is not stop]
+        return self._wait(f'{key} to lead on from "{stop.name}"', lambda: focused(others))
+
+    def fill(self, name, text):
+        """Types over what is in a box."""
+        self.go_to(name)
+        self.keys("ctrl+a", "Delete")
+        self.type(name, text)
+
+    def choose(self, name, item, picture=None):
+        """Picks an item from a field's list; from the list of tags, without leaving the line."""
+        if name != TAG_LIST:
+            self.go_to(name)
+        self.choose_by_keys(name, item)
+
+    def select(self, item):
+        """Goes to a row of the screen's list box."""
+        stop = next(each for each in self.stops() if each.role == LIST)
+        self.go_to(stop.name)
+        rows = [each for each in walk(stop.thing) if each.get_role_name() == "list item"]
+        names = [row.get_name() for row in rows]
+        self.keys("Home", *["Down"] * names.index(item))
+        self._wait(f'the row "{item}"', lambda: has(rows[names.index(item)], "SELECTED"))
+
+    def stops(self):
+        """The controls of the active window that are shown and take the focus."""
+        return [Stop(each) for each in walk(self.active_window(), (*SIMPLE, LIST))
+                if has(each, "FOCUSABLE", "SHOWING")]
+
+    def active_window(self):
+        """The window that the keys go to, if it is one of the program's."""
+        application = self._application()
+        for index in range(application.get_child_count() if application else 0):
+            window = application.get_child_at_index(index)
+            if window and has(window, "ACTIVE", "SHOWING"):
+                return window
+        return None
+
+    def _stops_with_focus(self):
+        stops = self.stops()
+        return stops if focused(stops) else None
+
+
+def focused(stops):
+    """The one that has the focus, if any has."""
+    return next((stop for stop in stops if stop.has("FOCUSED")), None)

@@ -1,0 +1,196 @@
+"""Runs the program and looks at what it shows.
+
+What is on the screen is read from the accessibility bus, by the role and name that a screen reader
+would speak; keys come from xdotool. Every step waits for what it needs to see and fails in plain
+words when that does not come.
+"""
+
+import os
+import subprocess
+import time
+import warnings
+
+from desktop import HEIGHT, WIDTH, plain_environment
+from things import (FIELDS, SIMPLE, Atspi, GLib, extents, has, name_of, open_list, value_of, walk,
+                    xdotool)
+
+warnings.filterwarnings("ignore", category=DeprecationWarning)
+
+BOX_TITLE = "Tarvold Data Editor"
+SCREEN_TITLE = "Tarvold 1.3 Data Editor"
+PLACE = (100, 30)  # for windows: at the edge of the display a part of one may not be seen
+LOOKS = 20  # at one picture, until it shows the same twice
+
+
+class TourError(RuntimeError):
+    """The program did not do what the tour expects."""
+
+
+class Program:
+    """One run of the program in a folder, with pictures going to another."""
+
+    def __init__(self, command, folder, pictures, timeout, log):
+        self.folder = folder
+        self._timeout = timeout
+        self._pictures = pictures
+        self._picture_count = 0
+        Atspi.init()  # starts the accessibility bus, which the program looks for when it starts
+        self._process = subprocess.Popen(command, cwd=folder, env=plain_environment(), stderr=log)
+
+    # What is on the screen
+
+    def wait_screen(self, heading):
+        """Waits until the screen with this heading is the only one."""
+        self._wait(f'the screen "{heading}"',
+                   lambda: len(self._windows(SCREEN_TITLE)) == 1 and self._find("label", heading))
+
+    def wait_box(self, text, title=BOX_TITLE):
+        """Waits until a message box with this title and text is there."""
+        self._wait(f'the message box "{text}"', lambda: self._windows(title)
+                   and self._find("label", text))
+
+    def wait_label(self, text):
+        """Waits until a label shows this text."""
+        self._wait(f'the label "{text}"', lambda: self._find("label", text))
+
+    def wait_value(self, name, text):
+        """Waits until a text or combo box shows this text."""
+        self._wait(f'"{text}" in "{name}"', lambda: value_of(self._field(name)) == text)
+
+    def wait_end(self):
+        """Waits until the program has ended and fails unless it ended well."""
+        try:
+            code = self._process.wait(self._timeout)
+        except subprocess.TimeoutExpired:
+            raise TourError("the program did not end") from None
+        if code != 0:
+            raise TourError(f"the program ended with status {code}")
+
+    def stop(self):
+        """Ends a program that a failed tour left behind."""
+        if self._process.poll() is None:
+            self._process.kill()
+        self._process.wait()
+
+    def finish(self):
+        """Judges the whole tour, on the main menu at its end."""
+
+    def picture(self, name):
+        """A moment worth a picture, for those that take any."""
+
+    def picture_of_all(self, name):
+        """Saves the whole display."""
+        self._save_picture(name, "root")
+
+    # What a user does
+
+    def move_window(self):
+        """Drags the front window away from the edge of the display; the next ones appear there too."""
+        window, = self._windows(SCREEN_TITLE)
+        xdotool("windowmove", "--sync", window, *map(str, PLACE))
+
+    def type(self, name, text):
+        """Types at the cursor of the box that has the focus and waits until the box shows it."""
+        xdotool("type", "--delay", "2", text)
+        self.wait_value(name, text)
+
+    def keys(self, *keys):
+        xdotool("key", "--clearmodifiers", *keys)
+
+    def choose_by_keys(self, name, item):
+        """Opens the list that has the focus with Alt+Down, goes to the item and presses Enter."""
+        self.keys("alt+Down")
+        self._wait(f'"{item}" in the list of "{name}"', lambda: self._open_item(name, item))
+        self.keys("Home")
+        names = [each.get_name() for each in walk(self._field(name))
+                 if each.get_role_name() == "list item"]
+        self.keys(*["Down"] * names.index(item), "Return")
+        self._wait_closed(name)
+
+    # How it is done
+
+    def _wait(self, what, condition):
+        end = time.monotonic() + self._timeout
+        while time.monotonic() < end:
+            if self._process.poll() is not None:
+                raise TourError(f"the program ended while the tour waited for {what}")
+            try:
+                found = condition()
+            except GLib.Error:
+                found = None  # what we looked at went away in between
+            if found:
+                return found
+            time.sleep(0.02)
+            while GLib.MainContext.default().iteration(False):
+                pass  # lets the accessibility bus tell us what has changed
+        raise TourError(f"waited {self._timeout} seconds for {what}")
+
+    def _windows(self, title):
+        listed = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", f"^{title}$"],
+                                capture_output=True, text=True, check=False)
+        return listed.stdout.split()
+
+    def _application(self):
+        desktop = Atspi.get_desktop(0)
+        desktop.clear_cache()
+        for index in range(desktop.get_child_count()):
+            application = desktop.get_child_at_index(index)
+            if application and application.get_process_id() == self._process.pid:
+                application.set_cache_mask(Atspi.Cache.NONE)
+                application.clear_cache()
+                return application
+        return None
+
+    def _shown(self):
+        """What the shown windows hold. The others, and the lists of closed boxes, hold by far the
+        most of all that there is, and asking for each takes time."""
+        for window in self._shown_windows():
+            yield from walk(window, SIMPLE)
+
+    def _shown_windows(self):
+        application = self._application()
+        for index in range(application.get_child_count() if application else 0):
+            window = application.get_child_at_index(index)
+            if window and has(window, "SHOWING"):
+                yield window
+
+    def _find(self, role, name):
+        for each in self._shown():
+            if each.get_role_name() == role and each.get_name() == name and has(each, "SHOWING"):
+                return each
+        return None
+
+    def _field(self, name):
+        return self._wait(f'the field "{name}"', lambda: self._find_field(name))
+
+    def _find_field(self, name):
+        for each in self._shown():
+            if each.get_role_name() in FIELDS and has(each, "SHOWING") and name_of(each) == name:
+                return each
+        return None
+
+    def _open_item(self, name, item):
+        for each in walk(open_list(self._field(name))):
+            if each.get_role_name() == "list item" and each.get_name() == item:
+                return each
+        return None
+
+    def _wait_closed(self, name):
+        self._wait(f'the list of "{name}" to close', lambda: not open_list(self._field(name)))
+
+    def _save_picture(self, name, window, part=None):
+        """Saves a window or a part of the display, once it has stopped changing."""
+        self._picture_count += 1
+        path = os.path.join(self._pictures, f"{self._picture_count:02}-{name}.png")
+        # Nothing may look different because the mouse lies over it.
+        xdotool("mousemove", "--sync", str(WIDTH - 1), str(HEIGHT - 1))
+        crop = ["-crop", part, "+repage"] if part else []
+        dateless = ["-strip", "-define", "png:exclude-chunks=date,time"]
+        before = None
+        for _ in range(LOOKS):
+            subprocess.run(["import", "-window", window, *crop, *dateless, path], check=True)
+            with open(path, "rb") as file:
+                now = file.read()
+            if now == before:
+                return
+            before = now

@@ -1,0 +1,78 @@
+"""A user without a mouse who, on each screen, first goes round by Tab and looks where it leads."""
+
+from keyboard import Keyboard, focused
+from program import TourError
+from things import extents, open_list, value_of
+
+
+class Walker(Keyboard):
+    """Fails where a control is passed over, comes out of turn, holds the focus or hides it."""
+
+    def __init__(self, *arguments):
+        super().__init__(*arguments)
+        self._walked = []
+
+    def wait_screen(self, heading):
+        stops = super().wait_screen(heading)
+        # Two screens with the same heading and controls are two windows.
+        screen = (self.active_window(), heading, [stop.name for stop in stops])
+        if screen not in self._walked:
+            self._walked.append(screen)
+            self._walk(heading, stops)
+        return stops
+
+    def finish(self):
+        screens = {id(window) for window, _, _ in self._walked}
+        if len(screens) != 16:
+            raise TourError(f"the tour came to {len(screens)} screens instead of 16")
+
+    def _walk(self, heading, stops):
+        order = reading_order(stops)
+        if focused(stops) is not order[0]:
+            raise TourError(f'on "{heading}" the focus starts at "{focused(stops).name}"')
+        self._follow("Tab", [*order[1:], order[0]], order[0], self._open_and_leave)
+        self._follow("shift+Tab", order[::-1], order[0])
+
+    def _follow(self, key, expected, start, at_each=lambda stop: None):
+        """Presses the key from control to control and fails unless they come as expected."""
+        stop = start
+        at_each(stop)
+        for wanted in expected:
+            stop = self.leave(stop, key, expected)
+            if stop is not wanted:
+                raise TourError(f'{key} leads to "{stop.name}" before "{wanted.name}"')
+            self._expect_in_sight(stop)
+            if wanted is not start:
+                at_each(stop)
+
+    def _open_and_leave(self, stop):
+        """Opens a control's list and closes it with Esc, which must lead back to the control."""
+        if stop.role != "combo box":
+            return
+        before = value_of(stop.thing)
+        self.keys("alt+Down")
+        self._wait(f'the list of "{stop.name}" to open', lambda: open_list(stop.thing))
+        self.keys("Escape")
+        self._wait(f'the focus back in "{stop.name}"',
+                   lambda: not open_list(stop.thing) and stop.has("FOCUSED"))
+        if value_of(stop.thing) != before:
+            raise TourError(f'Esc in the list changed "{stop.name}"')
+
+    def _expect_in_sight(self, stop):
+        inner, outer = stop.place(), extents(self.active_window())
+        if not (stop.has("SHOWING") and inner.width > 0 and inner.height > 0
+                and inner.x >= outer.x and inner.x + inner.width <= outer.x + outer.width
+                and inner.y >= outer.y and inner.y + inner.height <= outer.y + outer.height):
+            raise TourError(f'"{stop.name}" has the focus out of sight')
+
+
+def reading_order(stops):
+    """Row by row from the top, and each row from the left."""
+    rows = []
+    for stop in sorted(stops, key=lambda each: each.place().y):
+        place = stop.place()
+        if rows and place.y + place.height // 2 < rows[-1][0]:
+            rows[-1][1].append((place.x, stop))
+        else:
+            rows.append((place.y + place.height, [(place.x, stop)]))
+    return [stop for _, row in rows for _, stop in sorted(row, key=lambda each: each[0])]

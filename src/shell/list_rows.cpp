@@ -1,5 +1,7 @@
 #include "shell/list_rows.h"
 
+#include "shell/long_text.h"
+
 #include <QAbstractItemView>
 #include <QHelpEvent>
 #include <QTextDocument>
@@ -15,7 +17,9 @@ bool ListRows::helpEvent(QHelpEvent *event, QAbstractItemView *view,
     }
     const QString text = index.data().toString();
     const bool fits = view->fontMetrics().horizontalAdvance(text) < view->viewport()->width();
-    QToolTip::showText(event->globalPos(), fits ? QString() : Qt::convertFromPlainText(text), view);
+    constexpr qsizetype kMostShown = 1000;
+    const QString hint = longtext::breakable(longtext::quoted(text, kMostShown));
+    QToolTip::showText(event->globalPos(), fits ? QString() : Qt::convertFromPlainText(hint), view);
     return true;
 }
 

@@ -1,10 +1,11 @@
 #include "shell/message_box.h"
 
+#include "shell/long_text.h"
+
 #include <QAbstractButton>
 #include <QLabel>
 #include <QLayout>
 #include <QMessageBox>
-#include <QRegularExpression>
 #include <QScreen>
 
 #include <utility>
@@ -35,21 +36,6 @@ QSize sizeOf(const QString &text, const QWidget &box, int width)
     return box.fontMetrics().boundingRect(room, Qt::TextWordWrap, text).size();
 }
 
-/// A text that can be wrapped anywhere in its longest words, such as the name of a file.
-QString breakable(QString text)
-{
-    static const QRegularExpression longWord(QStringLiteral("(\\S{40})(?=\\S)"));
-    return text.replace(longWord, QStringLiteral("\\1\u200B"));
-}
-
-/// The text, or its beginning and end with at most so many characters.
-QString quoted(const QString &text, qsizetype most)
-{
-    return text.size() <= most
-               ? text
-               : text.left(most / 2) + QStringLiteral(" [...] ") + text.right(most / 2);
-}
-
 /// A message may quote a line of a file, which can be of any length: the toolkit would lay out some
 /// megabytes for minutes, and show the buttons below the display.
 QString fitted(const QString &text, const QWidget &box)
@@ -58,10 +44,10 @@ QString fitted(const QString &text, const QWidget &box)
     constexpr qsizetype kLeast = 100;
     const Room room = roomFor(box);
     qsizetype most = kMostTried;
-    QString shown = breakable(quoted(text, most));
+    QString shown = longtext::breakable(longtext::quoted(text, most));
     while (most > kLeast && sizeOf(shown, box, room.width).height() > room.height) {
         most = most * 3 / 4;
-        shown = breakable(quoted(text, most));
+        shown = longtext::breakable(longtext::quoted(text, most));
     }
     return shown;
 }

@@ -113,6 +113,8 @@ TEST_P(PlacesLookTest, CaptionsStandInOneColumnAndControlsInAnother)
 
 TEST_P(PlacesLookTest, NothingMovesWhenTheFocusDoes)
 {
+    expectActive(shown()); // with everything in its place
+    QCoreApplication::processEvents();
     const auto before = placesIn(shown());
     for (QWidget *control : parts::focusable(shown())) {
         control->setFocus(Qt::TabFocusReason);

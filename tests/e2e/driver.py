@@ -4,6 +4,7 @@ from program import BOX_TITLE, SCREEN_TITLE, Program
 from things import extents, has, open_list, xdotool
 
 LIST_FRAME = 2  # in pixels, below an opened list
+STEADY = 4  # looks at a thing before it is clicked that must find it in the same place
 
 
 class Driver(Program):
@@ -60,6 +61,10 @@ class Driver(Program):
         return True
 
     def _click(self, place):
+        # The window manager may still be putting a new window into its place.
+        seen = []
+        self._wait("the window to stand still", lambda: seen.append(corner(place)) or
+                   seen[-STEADY:] == [seen[-1]] * STEADY)
         box = extents(place)
         click_at(box.x + box.width // 2, box.y + box.height // 2)
 
@@ -71,6 +76,11 @@ class Driver(Program):
         right = max(front.x + front.width, over.x + over.width)
         bottom = max(front.y + front.height, over.y + over.height + LIST_FRAME)
         return f"{right - left}x{bottom - top}+{left}+{top}"
+
+
+def corner(place):
+    box = extents(place)
+    return box.x, box.y
 
 
 def click_at(x, y, button="1"):

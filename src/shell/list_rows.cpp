@@ -19,7 +19,9 @@ bool ListRows::helpEvent(QHelpEvent *event, QAbstractItemView *view,
     const bool fits = view->fontMetrics().horizontalAdvance(text) < view->viewport()->width();
     constexpr qsizetype kMostShown = 1000;
     const QString hint = longtext::breakable(longtext::quoted(text, kMostShown));
-    QToolTip::showText(event->globalPos(), fits ? QString() : Qt::convertFromPlainText(hint), view);
+    QToolTip::showText(event->globalPos(),
+                       fits ? QString() : Qt::convertFromPlainText(hint, Qt::WhiteSpaceNormal),
+                       view);
     return true;
 }
 

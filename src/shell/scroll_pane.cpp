@@ -24,7 +24,9 @@ ScrollPane::ScrollPane(QWidget *parent) : QScrollArea(parent)
     });
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) {
         if (now != nullptr && widget()->isAncestorOf(now)) {
-            ensureWidgetVisible(now, 0, kControlHeight); // for a text box it looks at the caret
+            // The toolkit's own way looks at the caret alone, and leaves boxes cut.
+            const QPoint middle = now->mapTo(widget(), now->rect().center());
+            ensureVisible(middle.x(), middle.y(), 0, now->height() / 2 + kRowGap);
         }
     });
 }

@@ -87,8 +87,8 @@ void reveal(QWidget &widget)
     for (QWidget *above = widget.parentWidget(); above != nullptr; above = above->parentWidget()) {
         auto *area = qobject_cast<QScrollArea *>(above);
         if (area != nullptr && area->widget() != nullptr && area->widget()->isAncestorOf(&widget)) {
-            // It looks at the caret of a text box, around which the box must fit in.
-            area->ensureWidgetVisible(&widget, 8, 32);
+            const QPoint middle = widget.mapTo(area->widget(), widget.rect().center());
+            area->ensureVisible(middle.x(), middle.y(), 8, widget.height() / 2 + 8);
         }
     }
     QCoreApplication::processEvents();

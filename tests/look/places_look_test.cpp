@@ -7,6 +7,7 @@
 #include "shell/help_line.h"
 
 #include <QPushButton>
+#include <QTest>
 
 #include <map>
 
@@ -113,8 +114,8 @@ TEST_P(PlacesLookTest, CaptionsStandInOneColumnAndControlsInAnother)
 
 TEST_P(PlacesLookTest, NothingMovesWhenTheFocusDoes)
 {
-    expectActive(shown()); // with everything in its place
-    QCoreApplication::processEvents();
+    expectActive(shown());
+    QTest::qWait(50); // until all layouts have settled
     const auto before = placesIn(shown());
     for (QWidget *control : parts::focusable(shown())) {
         control->setFocus(Qt::TabFocusReason);

@@ -12,7 +12,8 @@ namespace tarvold::contrast {
 /// What text needs so that even its thin, smoothed letters reach 4.5 (success criterion 1.4.3).
 inline constexpr double kText = 7;
 
-inline constexpr double kControl = 3; ///< what outlines and marks need (1.4.11)
+inline constexpr double kControl = 3; ///< what outlines need (1.4.11)
+inline constexpr double kFocus = 4.5; ///< what the mark of the focus gets, more than is asked
 
 /// The contrast of two opaque colours: from 1 for equal ones to 21 for black and white.
 double ratio(const QColor &one, const QColor &other);

@@ -19,7 +19,7 @@ QColor outline(const QPalette &palette, const QColor &fill)
 QColor focusMark(const QPalette &palette, const QColor &fill)
 {
     return contrast::visible(palette.color(QPalette::Highlight),
-                             {palette.color(QPalette::Window), fill}, contrast::kControl);
+                             {palette.color(QPalette::Window), fill}, contrast::kFocus);
 }
 
 void drawShape(QPainter &painter, const QRect &rect, const QPalette &palette, const QBrush &fill,

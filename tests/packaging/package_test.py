@@ -73,7 +73,7 @@ class Package(unittest.TestCase):
             lines = [line.split() for line in listed if not line.startswith("#")]
         files = {path: rights for rights, path in lines}
         docs = os.path.join(self.source, "docs")
-        for pattern in ("*.md", "pictures/*.png"):
+        for pattern in ("*.md", "*/*.png"):
             for file in glob.glob(os.path.join(docs, pattern)):
                 files[f"{DOCUMENTS}/{os.path.relpath(file, docs)}"] = "644"
         folders = set()
@@ -122,6 +122,13 @@ class Contents(Package):
         self.assertEqual(len(paths), 2)
         for path in paths + [f"{DOCUMENTS}/{name}" for name in re.findall(r"[\w-]+\.md", text)]:
             self.assertTrue(os.path.exists(self.unpacked(path)), path)
+
+    def test_the_pictures_of_the_metainfo_are_those_of_the_documents(self):
+        with open(self.unpacked(METAINFO), encoding="utf-8") as text:
+            pictures = re.findall(r"<image type=\"source\">\S+/(pictures/\S+)</image>", text.read())
+        self.assertGreater(len(pictures), 1)
+        for picture in pictures:
+            self.assertTrue(os.path.exists(self.unpacked(f"{DOCUMENTS}/{picture}")), picture)
 
     def test_the_desktop_entry_leads_to_the_program_and_its_icon(self):
         entry = self.desktop_entry()

@@ -32,16 +32,17 @@ void ComboBox::setText(const QString &text)
 
 void ComboBox::showPopup()
 {
-    // The list opens on the item that the box shows, and on none for a text of the user's own.
-    if (const QString shown = currentText(); itemText(currentIndex()) != shown) {
-        setText(shown);
-    }
     m_isListOpen = true;
     QComboBox::showPopup();
-    if (currentIndex() >= 0) {
+    // The list opens on the item that the box shows, and on none for a text of the user's own. Only
+    // the list is told: setting the box, be it to the same text, would end what can be undone
+    // there.
+    const int row = findText(currentText(), Qt::MatchExactly | Qt::MatchCaseSensitive);
+    view()->setCurrentIndex(model()->index(row, modelColumn()));
+    if (row >= 0) {
         // The toolkit names the list alone to those who hear it.
         QAccessibleEvent item(view(), QAccessible::Focus);
-        item.setChild(currentIndex());
+        item.setChild(row);
         QAccessible::updateAccessibility(&item);
     }
     // Only the list's own signal tells a choice apart from a typed text that equals an item:

@@ -3,6 +3,7 @@
 #include "shell/long_text.h"
 
 #include <QAbstractButton>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLayout>
 #include <QMessageBox>
@@ -53,7 +54,7 @@ QString fitted(const QString &text, const QWidget &box)
 }
 
 /// A message box that is as wide as its text needs, up to a line length that can be read; the
-/// toolkit's own lets words run out of it.
+/// toolkit's own lets words run out of it. A key that was down before it came does not answer it.
 class Box : public QMessageBox
 {
 public:
@@ -67,6 +68,21 @@ protected:
             fitToText();
         }
         return handled;
+    }
+
+    /// The buttons take Enter before the box does.
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        return (event->type() == QEvent::KeyPress &&
+                static_cast<QKeyEvent *>(event)->isAutoRepeat()) ||
+               QMessageBox::eventFilter(watched, event);
+    }
+
+    void keyPressEvent(QKeyEvent *event) override
+    {
+        if (!event->isAutoRepeat()) {
+            QMessageBox::keyPressEvent(event);
+        }
     }
 
 private:
@@ -92,6 +108,7 @@ QMessageBox::StandardButton ask(QWidget *parent, const QString &title, const QSt
     box.setEscapeButton(escape);
     for (QAbstractButton *button : box.buttons()) {
         button->setIcon({}); // some desktops draw a tick and a cross that say nothing
+        button->installEventFilter(&box);
     }
     return static_cast<QMessageBox::StandardButton>(box.exec());
 }

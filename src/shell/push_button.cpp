@@ -2,6 +2,7 @@
 
 #include "shell/sizes.h"
 
+#include <QKeyEvent>
 #include <QShortcut>
 
 namespace tarvold {
@@ -20,6 +21,13 @@ void PushButton::setKeys(const QKeySequence &keys, const QString &name)
     setAccessibleName(name);
     setAccessibleDescription(shown); // the hint would tell the name once more
     setToolTip(name.isEmpty() ? shown : QStringLiteral("%1 (%2)").arg(name, shown));
+}
+
+void PushButton::keyPressEvent(QKeyEvent *event)
+{
+    if (!event->isAutoRepeat()) {
+        QPushButton::keyPressEvent(event);
+    }
 }
 
 } // namespace tarvold

@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QScreen>
 #include <QVBoxLayout>
+#include <QWindow>
 
 namespace tarvold {
 namespace {
@@ -81,8 +82,11 @@ void Screen::replace(Screen &other)
         setWindowState(other.windowState());
     } else {
         setWindowState(Qt::WindowNoState);
-        resize(other.size());
-        move(other.pos());
+        // By the place of its inside: how wide the frames are is not known until the desktop tells.
+        setGeometry(other.geometry());
+        if (QWindow *window = windowHandle()) {
+            window->setGeometry(geometry()); // else one that the desktop placed once is placed anew
+        }
     }
     show();
     raise();

@@ -5,6 +5,8 @@
 #include <QKeyEvent>
 #include <QWheelEvent>
 
+#include <cstdlib>
+
 namespace tarvold {
 
 ScrollBar::ScrollBar(int minimum, int maximum, QWidget *parent) : QScrollBar(Qt::Horizontal, parent)
@@ -42,7 +44,13 @@ void ScrollBar::wheelEvent(QWheelEvent *event)
         event->ignore();
         return;
     }
-    triggerAction(turn > 0 ? SliderSingleStepAdd : SliderSingleStepSub);
+    // Touchpads turn by fractions of a notch.
+    m_turned += turn;
+    const int notches = m_turned / QWheelEvent::DefaultDeltasPerStep;
+    m_turned %= QWheelEvent::DefaultDeltasPerStep;
+    for (int count = std::abs(notches); count > 0; --count) {
+        triggerAction(notches > 0 ? SliderSingleStepAdd : SliderSingleStepSub);
+    }
     event->accept();
 }
 

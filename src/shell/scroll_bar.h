@@ -6,10 +6,9 @@ namespace tarvold {
 
 /// The horizontal scroll bar of all screens, a control for whole numbers.
 ///
-/// It is reached by Tab. Right, Up and Page Up raise the value by one,
-/// Left, Down and Page Down lower it. During a drag sliderMoved() tells where the thumb is;
-/// valueChanged() comes when it is let go. The wheel turns it by one, and only while it has the
-/// focus.
+/// It is reached by Tab. Right, Up and Page Up raise the value by one, Left, Down and Page Down
+/// lower it. During a drag sliderMoved() tells where the thumb is; valueChanged() comes when it is
+/// let go. A notch of the wheel turns it by one, and only while it has the focus.
 class ScrollBar : public QScrollBar
 {
     Q_OBJECT
@@ -20,6 +19,9 @@ public:
 protected:
     void keyPressEvent(QKeyEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
+
+private:
+    int m_turned = 0; ///< by the wheel since the last whole notch, in its own units
 };
 
 } // namespace tarvold

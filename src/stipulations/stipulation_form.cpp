@@ -73,14 +73,19 @@ void Form3::addValueTable()
     for (const ValueRow &row : kValueRows) {
         const int line = grid->rowCount();
         grid->addWidget(newLabel(row.label, row.caption), line, 0);
-        for (int place = 1; const stipulationform::ValueColumn &column : kValueColumns) {
-            const Items items = stipulationform::valueItems(column.offersNa);
-            QWidget *combo = formgrid::newControl(*this, {.control = column.*row.control,
+        for (int place = 1; const stipulationform::ValueColumn &values : kValueColumns) {
+            const Items items = stipulationform::valueItems(values.offersNa);
+            QWidget *combo = formgrid::newControl(*this, {.control = values.*row.control,
                                                           .label = "",
                                                           .caption = row.caption,
                                                           .items = items});
-            controls::describe(*combo, QLatin1StringView(row.caption) + u' ' +
-                                           QLatin1StringView(column.caption));
+            const QString name =
+                QLatin1StringView(row.caption) + u' ' + QLatin1StringView(values.caption);
+            controls::describe(*combo, name);
+            // A combo box bears its text for a name; only a label of its own names it to all.
+            auto *spoken = new QLabel(name, column().parentWidget());
+            spoken->hide();
+            spoken->setBuddy(combo);
             grid->addWidget(combo, line, place++);
         }
     }

@@ -34,15 +34,19 @@ class Program:
         self._timeout = timeout
         self._pictures = pictures
         self._picture_count = 0
+        self._corner = None  # of all screens, once the first one was moved
         Atspi.init()  # starts the accessibility bus, which the program looks for when it starts
         self._process = subprocess.Popen(command, cwd=folder, env=plain_environment(), stderr=log)
 
     # What is on the screen
 
     def wait_screen(self, heading):
-        """Waits until the screen with this heading is the only one."""
+        """Waits until the screen with this heading is the only one, where those before it stood."""
         self._wait(f'the screen "{heading}"',
                    lambda: len(self._windows(SCREEN_TITLE)) == 1 and self._find("label", heading))
+        if self._corner:
+            self._wait(f'the screen "{heading}" in the place of the one before',
+                       lambda: self._corner_of_screen() == self._corner)
 
     def wait_box(self, text, title=BOX_TITLE):
         """Waits until a message box with this title and text is there."""
@@ -88,6 +92,7 @@ class Program:
         """Drags the front window away from the edge of the display; the next ones appear there too."""
         window, = self._windows(SCREEN_TITLE)
         xdotool("windowmove", "--sync", window, *map(str, PLACE))
+        self._corner = self._corner_of_screen()
 
     def type(self, name, text):
         """Types at the cursor of the box that has the focus and waits until the box shows it."""
@@ -108,6 +113,12 @@ class Program:
         self._wait_closed(name)
 
     # How it is done
+
+    def _corner_of_screen(self):
+        window, = self._windows(SCREEN_TITLE)
+        told = subprocess.run(["xdotool", "getwindowgeometry", "--shell", window], check=True,
+                              capture_output=True, text=True).stdout
+        return [line for line in told.splitlines() if line.startswith(("X=", "Y="))]
 
     def _wait(self, what, condition):
         end = time.monotonic() + self._timeout

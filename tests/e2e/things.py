@@ -28,14 +28,11 @@ def has(thing, *states):
 
 
 def name_of(control):
-    """What is spoken as its name: that of its label, else its own. Without a label the text box
-    inside a combo box speaks for it, as the combo box bears its text for a name."""
+    """What is spoken as its name: that of its label, else its own. A combo box bears its text for a
+    name of its own, so it needs a label."""
     for relation in control.get_relation_set():
         if relation.get_relation_type() == Atspi.RelationType.LABELLED_BY:
             return relation.get_target(0).get_name()
-    if control.get_role_name() == "combo box":
-        inner = [each for each in walk(control, (LIST,)) if each.get_role_name() == "text"]
-        return inner[0].get_name() if inner else ""
     return control.get_name()
 
 

@@ -24,6 +24,7 @@ struct Columns
     Column controls;
     Column lines;       ///< of commentary
     Column lineNumbers; ///< their right edges, as numbers are written
+    int numberedLines = 0;
 };
 
 void collect(const Screen &screen, Columns &columns)
@@ -36,14 +37,24 @@ void collect(const Screen &screen, Columns &columns)
         const QString name = screen.objectName() + u' ' + parts::nameOf(*control);
         const QRect caption = parts::placeOf(*label);
         const int left = parts::placeOf(*control).left();
-        if (qobject_cast<const CommentaryLine *>(control) != nullptr) {
-            columns.lineNumbers[caption.right()] += name.toStdString() + ' ';
-            columns.lines[left] += name.toStdString() + ' ';
-        } else {
-            columns.labels[caption.left()] += name.toStdString() + ' ';
-            columns.controls[left] += name.toStdString() + ' ';
+        columns.labels[caption.left()] += name.toStdString() + ' ';
+        columns.controls[left] += name.toStdString() + ' ';
+    }
+    for (const CommentaryLine *line : parts::visible<CommentaryLine>(screen)) {
+        columns.lines[parts::placeOf(*line).left()] += line->objectName().toStdString() + ' ';
+        const QString number = line->objectName().mid(QStringLiteral("Text").size());
+        for (const QLabel *label : parts::visible<QLabel>(screen)) {
+            if (label->text() == number) {
+                columns.lineNumbers[parts::placeOf(*label).right()] += number.toStdString() + ' ';
+                EXPECT_NEAR(parts::placeOf(*label).center().y(), parts::placeOf(*line).center().y(),
+                            2);
+                ++columns.numberedLines;
+            }
         }
     }
+    const bool isCommentary = !columns.lines.empty();
+    EXPECT_TRUE(!isCommentary || columns.numberedLines % 10 == 0) << columns.numberedLines;
+    EXPECT_TRUE(!isCommentary || columns.numberedLines > 0);
 }
 
 void expectOneOfEach(const Columns &columns)

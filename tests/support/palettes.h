@@ -17,8 +17,8 @@ inline QPalette darkPalette()
     return palette;
 }
 
-/// Takes the dark palette as the toolkit takes one from the desktop: past the program's style, which
-/// mends what could not be told apart.
+/// Takes the dark palette as the toolkit takes one from the desktop: past the program's style,
+/// which mends what could not be told apart.
 inline void useDarkPalette()
 {
     QPalette palette = darkPalette();

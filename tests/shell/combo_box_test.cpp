@@ -232,6 +232,17 @@ TEST_F(ComboBoxTest, DownF4AndAltDownOpenTheList)
     EXPECT_EQ(chosen.count(), 0);
 }
 
+TEST_F(ComboBoxTest, OpeningAndLeavingTheListKeepsWhatCanBeUndone)
+{
+    typeOverIt(QStringLiteral("My own"));
+    for (const Qt::Key key : {Qt::Key_F4, Qt::Key_Escape}) {
+        QTest::keyClick(isOpen() ? static_cast<QWidget *>(combo.view()) : &combo, key);
+    }
+    EXPECT_FALSE(isOpen());
+    EXPECT_EQ(combo.currentText(), QStringLiteral("My own"));
+    EXPECT_TRUE(combo.lineEdit()->isUndoAvailable());
+}
+
 TEST_F(ComboBoxTest, SettingATextIsNoChoice)
 {
     for (const char *text : {"Apple", "Apple Pie", "not in the list", "", "apple"}) {

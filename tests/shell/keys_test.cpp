@@ -1,6 +1,7 @@
 #include "support/flow_test.h"
 
 #include <QAbstractButton>
+#include <QMessageBox>
 
 /// Alt+Left and Alt+Right press "<<" and ">>", and Ctrl+S saves, wherever a screen has them.
 namespace tarvold::testing {
@@ -62,6 +63,28 @@ TEST_P(Keys, AreHeldDownForOneScreenOnly)
         QCoreApplication::processEvents();
     }
     expectOnly(flow().screens.at(1));
+}
+
+TEST_P(Keys, AskOnceWhenEnterIsHeldOnTheSaveButton)
+{
+    goToCommentary(flow());
+    type(last(), "Text1", QStringLiteral("The end."));
+    control(last(), "Command1").setFocus();
+    expectActive(screen(last()));
+    boxes.expectQuestion(title(), QLatin1StringView(flow().question), Answer::No);
+    boxes.beforeItsAnswer([](QMessageBox &box) {
+        for (int count = 0; count < 5; ++count) {
+            qt_handleKeyEvent(box.windowHandle(), QEvent::KeyPress, Qt::Key_Return, {}, {}, true);
+            QCoreApplication::processEvents();
+        }
+        EXPECT_TRUE(box.isVisible()) << "a held key answered the question";
+    });
+    QTest::keyClick(screen(last()).windowHandle(), Qt::Key_Return);
+    boxes.checkAllCame();
+    qt_handleKeyEvent(screen(last()).windowHandle(), QEvent::KeyPress, Qt::Key_Return, {}, {},
+                      true);
+    QCoreApplication::processEvents();
+    expectOnly(last());
 }
 
 TEST_P(Keys, SaveTheRecord)

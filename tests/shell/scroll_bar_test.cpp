@@ -102,6 +102,17 @@ TEST_F(ScrollBarTest, TheWheelTurnsItByOneWhileItHasTheFocus)
     EXPECT_EQ(bar.value(), 50);
 }
 
+TEST_F(ScrollBarTest, ATouchpadTurnsItByOneForAWholeNotch)
+{
+    for (int part = 0; part < 15; ++part) {
+        EXPECT_EQ(bar.value(), 50) << part;
+        strokeTouchpad(bar, 8);
+    }
+    EXPECT_EQ(bar.value(), 51);
+    strokeTouchpad(bar, -240);
+    EXPECT_EQ(bar.value(), 49);
+}
+
 TEST_F(ScrollBarTest, TheWheelDoesNothingWithoutTheFocus)
 {
     elsewhere.setFocus();

@@ -1,5 +1,6 @@
 #include "stipulations/stipulation_test.h"
 
+#include <QAccessible>
 #include <QScrollBar>
 #include <QSet>
 #include <QStyleOptionSlider>
@@ -217,6 +218,23 @@ TEST_F(StipulationFormBehaviour, TheValuesStandInTwoRowsUnderTheirCaptions)
     }
     EXPECT_LT(control("Form3", "Label10").y(), control("Form3", "drawcurrent").y());
     EXPECT_LT(control("Form3", "drawcurrent").y(), control("Form3", "entcurrent").y());
+}
+
+TEST_F(StipulationFormBehaviour, EveryComboBoxIsNamedByALabelOfItsOwn)
+{
+    open("");
+    createNew();
+    QStringList names;
+    for (ComboBox *combo : screen("Form3").findChildren<ComboBox *>()) {
+        const auto labels =
+            QAccessible::queryAccessibleInterface(combo)->relations(QAccessible::Label);
+        ASSERT_EQ(labels.size(), 1) << combo->objectName().toStdString();
+        names << labels.front().first->text(QAccessible::Name);
+    }
+    EXPECT_EQ(names.size(), 15);
+    EXPECT_EQ(names.removeDuplicates(), 0);
+    EXPECT_TRUE(names.contains(utf8("Match Draw Value: Current")));
+    EXPECT_TRUE(names.contains(utf8("Match Entertainment Value: Increase Daily By")));
 }
 
 TEST_F(StipulationFormBehaviour, ItsWindowHasTheSizeOfTheOthersAndFitsASmallScreen)

@@ -73,8 +73,13 @@ void paste(QWidget &box, const QString &text)
 
 void turnWheel(QWidget &control, int notches)
 {
+    strokeTouchpad(control, notches * QWheelEvent::DefaultDeltasPerStep);
+}
+
+void strokeTouchpad(QWidget &control, int eighths)
+{
     const QPointF place = control.rect().center();
-    QWheelEvent event(place, control.mapToGlobal(place), {}, {0, 120 * notches}, Qt::NoButton,
+    QWheelEvent event(place, control.mapToGlobal(place), {}, {0, eighths}, Qt::NoButton,
                       Qt::NoModifier, Qt::NoScrollPhase, false);
     QApplication::sendEvent(&control, &event);
 }

@@ -30,6 +30,10 @@ void paste(QWidget &box, const QString &text);
 /// Turns the mouse wheel over the control: away from the user by so many notches, or towards.
 void turnWheel(QWidget &control, int notches);
 
+/// Moves two fingers on a touchpad over the control, by so many eighths of a degree: a notch of the
+/// wheel has 120.
+void strokeTouchpad(QWidget &control, int eighths);
+
 /// Opens the list with a click on the arrow and clicks the item.
 void pick(ComboBox &combo, const QString &item);
 

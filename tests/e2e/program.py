@@ -194,7 +194,7 @@ class Program:
         self._picture_count += 1
         path = os.path.join(self._pictures, f"{self._picture_count:02}-{name}.png")
         # Nothing may look different because the mouse lies over it.
-        xdotool("mousemove", "--sync", str(WIDTH - 1), str(HEIGHT - 1))
+        xdotool("mousemove", str(WIDTH - 1), str(HEIGHT - 1))  # --sync would wait for it to leave there
         crop = ["-crop", part, "+repage"] if part else []
         dateless = ["-strip", "-define", "png:exclude-chunks=date,time"]
         before = None

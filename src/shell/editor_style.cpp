@@ -22,7 +22,23 @@ bool isList(const QWidget *widget)
     return qobject_cast<const QAbstractItemView *>(widget) != nullptr;
 }
 
-/// The colour of something that is pressed: away from that of its rest.
+/// The mark of the row that has the focus; a button shows it along its edge.
+void drawFocusRect(const QStyleOption &option, QPainter &painter, const QWidget *widget)
+{
+    if (!isList(widget)) {
+        return;
+    }
+    const bool isSelected = option.state.testFlag(QStyle::State_Selected);
+    const QColor behind = option.palette.color(isSelected ? QPalette::Highlight : QPalette::Base);
+    painter.save();
+    painter.setPen(QPen(
+        contrast::visible(option.palette.color(QPalette::Highlight), {behind}, contrast::kControl),
+        kFrame));
+    painter.drawRect(option.rect.adjusted(1, 1, -1, -1));
+    painter.restore();
+}
+
+/// The colour of a button at rest, under the mouse or pressed.
 QColor buttonColour(const QStyleOption &option)
 {
     const QColor rest = option.palette.color(QPalette::Button);
@@ -136,23 +152,6 @@ void EditorStyle::drawComplexControl(ComplexControl control, const QStyleOptionC
     } else {
         QProxyStyle::drawComplexControl(control, option, painter, widget);
     }
-}
-
-void EditorStyle::drawFocusRect(const QStyleOption &option, QPainter &painter,
-                                const QWidget *widget) const
-{
-    // A button shows the focus along its edge.
-    if (!isList(widget)) {
-        return;
-    }
-    const bool isSelected = option.state.testFlag(State_Selected);
-    const QColor behind = option.palette.color(isSelected ? QPalette::Highlight : QPalette::Base);
-    painter.save();
-    painter.setPen(QPen(
-        contrast::visible(option.palette.color(QPalette::Highlight), {behind}, contrast::kControl),
-        kFrame));
-    painter.drawRect(option.rect.adjusted(1, 1, -1, -1));
-    painter.restore();
 }
 
 void EditorStyle::drawComboBox(const QStyleOptionComplex &option, QPainter &painter,

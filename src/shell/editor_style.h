@@ -31,7 +31,6 @@ public:
                             QPainter *painter, const QWidget *widget) const override;
 
 private:
-    void drawFocusRect(const QStyleOption &option, QPainter &painter, const QWidget *widget) const;
     void drawComboBox(const QStyleOptionComplex &option, QPainter &painter,
                       const QWidget *widget) const;
     void drawScrollBar(const QStyleOptionComplex &option, QPainter &painter,

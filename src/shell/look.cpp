@@ -5,11 +5,14 @@
 #include <QApplication>
 #include <QFont>
 
+#include <memory>
+
 namespace tarvold::look {
 
 void apply()
 {
-    QApplication::setStyle(new EditorStyle); // the application owns it
+    auto style = std::make_unique<EditorStyle>();
+    QApplication::setStyle(style.release()); // the application owns it from here
     const QString labels = QStringLiteral("Arial");
     const QString buttons = QStringLiteral("MS Sans Serif");
     QFont::insertSubstitutions(labels, {QStringLiteral("Liberation Sans"), QStringLiteral("Arimo"),

@@ -18,8 +18,9 @@ class Driver(Program):
 
     def picture(self, name):
         """Saves the front window as it is now, its frame left out."""
-        boxes = self._windows(self._box_title)
-        self._save_picture(name, (boxes or self._windows(SCREEN_TITLE))[0])
+        window, *_ = self._wait("a window to take a picture of", lambda:
+                                self._windows(self._box_title) or self._windows(SCREEN_TITLE))
+        self._save_picture(name, window)
 
     def press(self, button):
         """Clicks a button by the name that a screen reader speaks."""

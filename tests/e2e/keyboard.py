@@ -99,15 +99,6 @@ class Keyboard(Program):
         return [Stop(each) for each in walk(self.active_window(), (*SIMPLE, LIST))
                 if has(each, "FOCUSABLE", "SHOWING")]
 
-    def active_window(self):
-        """The window that the keys go to, if it is one of the program's."""
-        application = self._application()
-        for index in range(application.get_child_count() if application else 0):
-            window = application.get_child_at_index(index)
-            if window and has(window, "ACTIVE", "SHOWING"):
-                return window
-        return None
-
     def _stops_with_focus(self):
         stops = self.stops()
         return stops if focused(stops) else None

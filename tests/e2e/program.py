@@ -19,7 +19,7 @@ warnings.filterwarnings("ignore", category=DeprecationWarning)
 BOX_TITLE = "Tarvold Data Editor"
 SCREEN_TITLE = "Tarvold 1.3 Data Editor"
 PLACE = (100, 30)  # for windows: at the edge of the display a part of one may not be seen
-LOOKS = 20  # at one picture, until it shows the same twice
+LOOKS = 20  # at one thing that may change under the look
 
 
 class TourError(RuntimeError):
@@ -47,11 +47,13 @@ class Program:
         if self._corner:
             self._wait(f'the screen "{heading}" in the place of the one before',
                        lambda: self._corner_of_screen() == self._corner)
+        self._wait_active(SCREEN_TITLE)
 
     def wait_box(self, text, title=BOX_TITLE):
         """Waits until a message box with this title and text is there."""
         self._wait(f'the message box "{text}"', lambda: self._windows(title)
                    and self._find("label", text))
+        self._wait_active(title)
 
     def wait_label(self, text):
         """Waits until a label shows this text."""
@@ -92,7 +94,7 @@ class Program:
         """Drags the front window away from the edge of the display; the next ones appear there too."""
         window, = self._windows(SCREEN_TITLE)
         xdotool("windowmove", "--sync", window, *map(str, PLACE))
-        self._corner = self._corner_of_screen()
+        self._corner = self._wait("the place of the screen", self._corner_of_screen)
 
     def type(self, name, text):
         """Types at the cursor of the box that has the focus and waits until the box shows it."""
@@ -112,12 +114,23 @@ class Program:
         self.keys(*["Down"] * names.index(item), "Return")
         self._wait_closed(name)
 
+    def active_window(self):
+        """The window that the keys go to, if it is one of the program's."""
+        return next((each for each in self._shown_windows() if has(each, "ACTIVE")), None)
+
     # How it is done
 
+    def _wait_active(self, title):
+        """Waits until the keys go to the window: it is there a little before it gets them."""
+        self._wait(f'the keys to go to "{title}"', lambda: any(
+            has(each, "ACTIVE") and each.get_name().endswith(title)
+            for each in self._shown_windows()))
+
     def _corner_of_screen(self):
-        window, = self._windows(SCREEN_TITLE)
-        told = subprocess.run(["xdotool", "getwindowgeometry", "--shell", window], check=True,
-                              capture_output=True, text=True).stdout
+        """Where the screen stands; nothing while one gives way to another."""
+        windows = self._windows(SCREEN_TITLE)
+        told = subprocess.run(["xdotool", "getwindowgeometry", "--shell", *windows[:1]],
+                              check=False, capture_output=True, text=True).stdout
         return [line for line in told.splitlines() if line.startswith(("X=", "Y="))]
 
     def _wait(self, what, condition):
@@ -137,9 +150,14 @@ class Program:
         raise TourError(f"waited {self._timeout} seconds for {what}")
 
     def _windows(self, title):
-        listed = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", f"^{title}$"],
-                                capture_output=True, text=True, check=False)
-        return listed.stdout.split()
+        """The visible windows with this title. A search ends early, with nothing but a complaint,
+        when any window of the display goes away under it, so it is repeated then."""
+        for _ in range(LOOKS):
+            listed = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", f"^{title}$"],
+                                    capture_output=True, text=True, check=False)
+            if not listed.stderr:
+                return listed.stdout.split()
+        raise TourError(f"no search for windows came to its end: {listed.stderr}")
 
     def _application(self):
         desktop = Atspi.get_desktop(0)

@@ -43,6 +43,7 @@ quietly() {
     mkdir -p "$(dirname "$log")"
     "$@" >"$log" 2>&1 || status=$?
     if [[ $status -ne 0 ]]; then
+        echo >&2
         tail -n 60 "$log" >&2
         echo "Failed: $* (whole log: $log)" >&2
     fi

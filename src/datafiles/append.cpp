@@ -4,7 +4,6 @@
 #include "datafiles/read_back.h"
 
 #include <QFile>
-#include <QFileInfo>
 
 #include <utility>
 
@@ -116,7 +115,7 @@ bool Try::takeBack()
     const std::optional<bool> isThis = meansThisFile();
     // Through a link it is the file itself that was created, and the link stays.
     if (isThis == true && m_created && durable::sizeOf(m_file.handle()) == m_end &&
-        QFile::remove(QFileInfo(m_path).canonicalFilePath())) {
+        durable::removeFile(m_path)) {
         return true;
     }
     const bool isCut = cut();

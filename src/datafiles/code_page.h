@@ -5,18 +5,17 @@
 
 #include <optional>
 
-/// The 8-bit text of the data files.
+/// The text of the data files, which the game reads in the system's own code page.
 ///
-/// Every byte stands for one character, Windows-1252 as Windows itself maps it: the five bytes that
-/// the code page leaves undefined (81, 8D, 8F, 90, 9D) stand for the control characters of the same
-/// number, so that all 256 bytes survive a round trip.
-/// Source of the table: the WHATWG Encoding Standard, index windows-1252.
+/// On Windows that is the ANSI code page, by the system's own conversion; elsewhere it is
+/// Windows-1252. A byte that means nothing in it is shown as half a surrogate pair, DC00 and its
+/// number, which nobody can type: all bytes survive a round trip.
 namespace tarvold::codepage {
 
 /// What encoding a text gives: its bytes, or the character that stopped it.
 struct Encoded
 {
-    QByteArray bytes;                ///< one byte a character; empty when a character is missing
+    QByteArray bytes;                ///< empty when a character is missing
     std::optional<char32_t> missing; ///< the first character that the code page lacks
 };
 
@@ -24,7 +23,7 @@ struct Encoded
 /// the one character that they form.
 Encoded encode(const QString &text);
 
-/// Decodes bytes from a data file; every byte gives exactly one character.
+/// Decodes bytes from a data file. encode() gives the same bytes again.
 QString decode(QByteArrayView bytes);
 
 } // namespace tarvold::codepage

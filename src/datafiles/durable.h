@@ -9,12 +9,50 @@
 class QFile;
 class QFileDevice;
 
-/// What the system offers to bring a file's bytes to the disk for good.
+/// What the system offers to find files and to bring their bytes to the disk for good. All
+/// functions that fail leave the system's error code behind, of which qt_error_string() tells the
+/// words. A handle is a descriptor of the C library.
 namespace tarvold::durable {
 
-/// The path for a name that the user typed, so that every name means a file: a leading colon is an
-/// ordinary character and not the toolkit's mark for built-in resources.
+/// While it lives, the calls that clean up after a failure may set the system's error code anew: at
+/// the end it is what it was.
+class KeptError
+{
+public:
+    KeptError();
+    ~KeptError();
+    Q_DISABLE_COPY_MOVE(KeptError)
+
+private:
+    int m_code;
+};
+
+/// Whether the system's error code says that the user has not the right.
+[[nodiscard]] bool isDenied();
+
+/// Why the last call to an open file failed, in words.
+[[nodiscard]] QString causeOf(const QFileDevice &file);
+
+/// Whether the system can have files of this name at all, wherever.
+[[nodiscard]] bool canBeName(const QString &name);
+
+/// The path for a name that the user typed, so that every name means a file: a leading colon is
+/// no mark for the toolkit's built-in resources.
 QString pathOf(const QString &name);
+
+/// What a path may mean, when links are followed.
+enum class Kind {
+    Nothing,
+    File,
+    Folder,
+    Other, ///< such as a pipe or a device
+};
+
+/// What a path means. Nothing is waited for.
+[[nodiscard]] Kind kindOf(const QString &path);
+
+/// Whether a path means anything.
+[[nodiscard]] bool exists(const QString &path);
 
 /// What changes when a file is written or replaced.
 struct FileState
@@ -39,10 +77,23 @@ std::optional<FileState> stateOf(const QString &name);
 /// nothing is there. Nothing with the system's error code set when the links cannot be followed.
 [[nodiscard]] std::optional<QString> realPathOf(const QString &path);
 
-/// Opens what a path means, without waiting for the other end when that is a pipe.
-/// \param flags those of the system
-/// \return the handle; a negative one with the system's error code set on failure
-[[nodiscard]] int openAtOnce(const QString &path, int flags);
+/// Opens what a path means for reading, without waiting for the other end when that is a pipe.
+/// \return the handle, to be given to close(); a negative one on failure
+[[nodiscard]] int openToRead(const QString &path);
+
+/// Closes a handle.
+void close(int handle);
+
+/// Whether an open handle is an ordinary file. Nothing with the system's error code set on failure.
+[[nodiscard]] std::optional<bool> isOrdinary(int handle);
+
+/// Reads bytes from a place in an open file.
+/// \return how many it read, 0 at the end; nothing with the system's error code set on failure
+[[nodiscard]] std::optional<qint64> readAt(int handle, qint64 place, char *bytes, qint64 size);
+
+/// Lets the next byte be read at the beginning. `false` with the system's error code set on
+/// failure.
+[[nodiscard]] bool rewind(int handle);
 
 /// Opens an ordinary file without buffering, and nothing else that may have taken its place.
 /// \param mode `ReadOnly`, or `Append`, which creates a missing file
@@ -58,6 +109,10 @@ std::optional<FileState> stateOf(const QString &name);
 [[nodiscard]] std::optional<QString> openAlone(QFile &file, const QString &path,
                                                QIODeviceBase::OpenModeFlag mode,
                                                bool *created = nullptr);
+
+/// Takes the lock of an open file, which is given back when it is closed. A file system that has no
+/// locks gives it to everybody. `false` when another program has it.
+[[nodiscard]] bool takeLock(int handle);
 
 /// Whether two open files are the same one. Nothing with the system's error code set on failure.
 [[nodiscard]] std::optional<bool> areSame(int one, int other);
@@ -79,9 +134,8 @@ std::optional<FileState> stateOf(const QString &name);
 /// \return `false` with the system's error code set when the space is not there
 [[nodiscard]] bool reserve(int handle, qint64 offset, qint64 count);
 
-/// Gives an open file the mode of another one, if that is there.
-/// `false` with the system's error code set on failure.
-[[nodiscard]] bool takeModeOf(const QString &path, int handle);
+/// Removes the file that a path means; links to it stay. `false` on failure.
+[[nodiscard]] bool removeFile(const QString &path);
 
 /// Writes all bytes to an open file and brings them to the disk.
 /// \param written where to add up how many bytes were written

@@ -3,8 +3,6 @@
 #include "datafiles/durable.h"
 #include "datafiles/record.h"
 
-#include <QFileInfo>
-
 namespace tarvold {
 
 std::optional<FileError> whyNotWhole(QByteArrayView bytes, qsizetype lines, int linesPerRecord,
@@ -28,16 +26,15 @@ std::optional<FileError> whyNotOrdinary(const QString &name)
     if (name.isEmpty()) {
         return FileError{QStringLiteral("The file name is empty.")};
     }
-    // The system takes a name as ended by a NUL, and would use the file that it then names.
-    if (name.contains(QChar::Null) || !name.isValidUtf16()) {
+    if (!durable::canBeName(name)) {
         return FileError{QStringLiteral("The file name holds a character that no file name can "
                                         "have.")};
     }
-    const QFileInfo info(durable::pathOf(name));
-    if (info.isDir()) {
+    const durable::Kind kind = durable::kindOf(durable::pathOf(name));
+    if (kind == durable::Kind::Folder) {
         return FileError{QStringLiteral("It is a folder.")};
     }
-    if (info.exists() && !info.isFile()) {
+    if (kind == durable::Kind::Other) {
         return FileError{QStringLiteral("It is not an ordinary file.")};
     }
     return std::nullopt;

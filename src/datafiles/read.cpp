@@ -3,7 +3,6 @@
 #include "datafiles/durable.h"
 
 #include <QFile>
-#include <QFileInfo>
 
 #include <algorithm>
 
@@ -30,7 +29,7 @@ FileContent readToEnd(QFile &file)
     while (true) {
         const qint64 read = file.read(bytes.data() + length, bytes.size() - length);
         if (read < 0) {
-            return {{}, FileError{file.errorString()}};
+            return {{}, FileError{durable::causeOf(file)}};
         }
         if (read == 0) {
             bytes.truncate(length);
@@ -50,7 +49,7 @@ FileContent readToEnd(QFile &file)
 
 bool fileExists(const QString &name)
 {
-    return !name.contains(QChar::Null) && QFileInfo::exists(durable::pathOf(name));
+    return durable::canBeName(name) && durable::exists(durable::pathOf(name));
 }
 
 FileContent readFile(const QString &name)

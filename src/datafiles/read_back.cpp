@@ -5,10 +5,6 @@
 #include <QFile>
 
 #include <algorithm>
-#include <cerrno>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace tarvold {
 namespace {
@@ -19,16 +15,16 @@ std::optional<bool> holds(int handle, qint64 place, QByteArrayView bytes)
     constexpr qsizetype kBlock = 65536;
     QByteArray block(std::min(kBlock, bytes.size()), Qt::Uninitialized);
     while (!bytes.isEmpty()) {
-        const auto wanted = static_cast<std::size_t>(std::min(block.size(), bytes.size()));
-        const ssize_t count = ::pread(handle, block.data(), wanted, place);
-        if (count < 0) {
+        const qsizetype wanted = std::min(block.size(), bytes.size());
+        const std::optional<qint64> count = durable::readAt(handle, place, block.data(), wanted);
+        if (!count) {
             return std::nullopt;
         }
-        if (count == 0 || QByteArrayView(block).first(count) != bytes.first(count)) {
+        if (*count == 0 || QByteArrayView(block).first(*count) != bytes.first(*count)) {
             return false;
         }
-        bytes = bytes.sliced(count);
-        place += count;
+        bytes = bytes.sliced(*count);
+        place += *count;
     }
     return true;
 }
@@ -38,7 +34,7 @@ std::optional<bool> holds(int handle, qint64 place, QByteArrayView bytes)
 std::optional<bool> holdsAnywhere(int handle, QByteArrayView lines)
 {
     QFile file;
-    if (::lseek(handle, 0, SEEK_SET) != 0 || !file.open(handle, QIODevice::ReadOnly)) {
+    if (!durable::rewind(handle) || !file.open(handle, QIODevice::ReadOnly)) {
         return std::nullopt;
     }
     const QByteArray all = file.readAll();
@@ -55,26 +51,23 @@ std::optional<bool> holdsAnywhere(int handle, QByteArrayView lines)
 /// What isWritten() tells of a path that cannot be opened for reading.
 std::optional<bool> isWrittenUnread(const QString &path, int handle, qint64 end)
 {
-    const int error = errno;
+    const durable::KeptError kept;
+    const bool isDenied = durable::isDenied();
     const std::optional<bool> isSame = durable::meansFile(path, handle);
     if (!isSame || !*isSame) {
         return isSame;
     }
     const std::optional<qint64> size = durable::sizeOf(handle);
-    errno = error;
-    return size && error == EACCES ? std::optional(*size >= end) : std::nullopt;
+    return size && isDenied ? std::optional(*size >= end) : std::nullopt;
 }
 
 /// What isWritten() tells, once the path is opened for reading.
 std::optional<bool> isWrittenIn(int opened, const QString &path, int handle, qint64 place,
                                 QByteArrayView bytes)
 {
-    struct stat found = {};
-    if (::fstat(opened, &found) != 0) {
-        return std::nullopt;
-    }
-    if (!S_ISREG(found.st_mode)) {
-        return false;
+    const std::optional<bool> isOrdinary = durable::isOrdinary(opened);
+    if (!isOrdinary || !*isOrdinary) {
+        return isOrdinary;
     }
     const std::optional<bool> isInPlace = holds(opened, place, bytes);
     if (!isInPlace) {
@@ -100,14 +93,13 @@ std::optional<bool> isWrittenIn(int opened, const QString &path, int handle, qin
 
 std::optional<bool> isWritten(const QString &path, int handle, qint64 place, QByteArrayView bytes)
 {
-    const int opened = durable::openAtOnce(path, O_RDONLY);
+    const int opened = durable::openToRead(path);
     if (opened < 0) {
         return isWrittenUnread(path, handle, place + bytes.size());
     }
     const std::optional<bool> isIn = isWrittenIn(opened, path, handle, place, bytes);
-    const int error = errno;
-    ::close(opened);
-    errno = error;
+    const durable::KeptError kept;
+    durable::close(opened);
     return isIn;
 }
 

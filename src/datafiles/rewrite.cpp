@@ -1,23 +1,28 @@
 #include "datafiles/rewrite.h"
 
 #include "datafiles/durable.h"
+#include "datafiles/replacement.h"
 
 #include <QFile>
-#include <QFileInfo>
-#include <QSaveFile>
 
 #include <array>
+#include <chrono>
+#include <thread>
 
 namespace tarvold {
 namespace {
 
+using namespace std::chrono_literals;
+
+constexpr auto kPatience = 2s;
+constexpr auto kPause = 20ms;
 constexpr QStringView kChanged = u"Another program changed it.";
 
 /// Opens the file to be replaced, if it is there, for no copy of this program to write to.
 std::optional<FileError> claim(QFile &file, const QString &path)
 {
     const auto failure = durable::openAlone(file, path, QIODevice::ReadOnly);
-    return failure && QFileInfo::exists(path) ? std::optional(FileError{*failure}) : std::nullopt;
+    return failure && durable::exists(path) ? std::optional(FileError{*failure}) : std::nullopt;
 }
 
 /// Why an open file does not hold what the caller knows of it. Compared as bytes: times are too
@@ -29,7 +34,7 @@ std::optional<FileError> compare(QFile &file, QByteArrayView known)
     while (true) {
         const qint64 read = file.read(block.data(), block.size());
         if (read < 0) {
-            return FileError{file.errorString()};
+            return FileError{durable::causeOf(file)};
         }
         if (read == 0 && known.isEmpty()) {
             return std::nullopt;
@@ -50,7 +55,7 @@ std::optional<FileError> whyNotAsKnown(const QString &name, const QString &path,
     const std::optional<durable::FileState> state = durable::stateOf(path);
     QFile file;
     if (const auto failure = durable::openOrdinary(file, path, QIODevice::ReadOnly)) {
-        if (QFileInfo::exists(path)) {
+        if (durable::exists(path)) {
             return FileError{*failure};
         }
     } else if (auto changed = compare(file, known)) {
@@ -62,6 +67,29 @@ std::optional<FileError> whyNotAsKnown(const QString &name, const QString &path,
         return FileError{.cause = kChanged.toString(), .outdated = true};
     }
     return std::nullopt;
+}
+
+/// Lets a new file take the place of the old one, if that is still as known. Programs that keep
+/// this from being done, such as virus scanners, are given some time to let the old file go.
+std::optional<FileError> replace(const QString &name, const QString &path, QFile &old,
+                                 durable::Replacement &file, std::optional<QByteArrayView> known)
+{
+    const auto deadline = std::chrono::steady_clock::now() + kPatience;
+    while (true) {
+        // Only now: whatever such a program does from here on is lost, so that this time has to be
+        // short.
+        if (auto changed = known ? whyNotAsKnown(name, path, *known) : std::nullopt) {
+            return changed;
+        }
+        const auto failure = file.takeName(old);
+        if (!failure || !failure->mayPass || std::chrono::steady_clock::now() >= deadline) {
+            return failure ? std::optional(FileError{failure->cause}) : std::nullopt;
+        }
+        std::this_thread::sleep_for(kPause);
+        if (auto unfit = old.isOpen() ? std::nullopt : claim(old, path)) {
+            return unfit;
+        }
+    }
 }
 
 } // namespace
@@ -81,27 +109,15 @@ std::optional<FileError> rewriteFile(const QString &name, QByteArrayView bytes,
     if (auto unfit = claim(old, *path)) {
         return unfit;
     }
-    QSaveFile file(*path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
-        return FileError{file.errorString()};
-    }
-    if (!durable::takeModeOf(*path, file.handle())) {
-        return FileError{qt_error_string()};
-    }
-    // commit() alone would report success after losing what a full disk did not take.
-    if (const auto failure = durable::writeAndSync(file, bytes)) {
+    durable::Replacement file(*path);
+    if (const auto failure = file.write(bytes)) {
         return FileError{*failure};
     }
-    // Only now: whatever such a program does from here to the commit is lost, so that this time has
-    // to be short.
-    if (auto changed = known ? whyNotAsKnown(name, *path, *known) : std::nullopt) {
-        return changed;
+    if (auto failure = replace(name, *path, old, file, known)) {
+        return failure;
     }
-    if (!file.commit()) {
-        return FileError{file.errorString()};
-    }
-    if (!durable::syncFolderOf(*path)) {
-        return FileError{qt_error_string(), false, true};
+    if (const auto failure = file.syncName()) {
+        return FileError{*failure, false, true};
     }
     return std::nullopt;
 }

@@ -1,0 +1,376 @@
+#include "datafiles/durable.h"
+#include "datafiles/windows_file.h"
+
+#include <QFile>
+
+#include <algorithm>
+#include <cstring>
+#include <io.h>
+
+namespace tarvold::durable {
+namespace {
+
+/// Which file an open one is.
+struct Identity
+{
+    quint64 volume;
+    quint64 low;
+    quint64 high; ///< of the number on the volume
+
+    bool operator==(const Identity &) const = default;
+};
+
+std::optional<Identity> identityOf(HANDLE handle)
+{
+    FILE_ID_INFO id = {};
+    if (::GetFileInformationByHandleEx(handle, FileIdInfo, &id, sizeof id) != FALSE) {
+        Identity identity = {id.VolumeSerialNumber, 0, 0};
+        std::memcpy(&identity.low, &id.FileId, sizeof identity.low);
+        std::memcpy(&identity.high, id.FileId.Identifier + sizeof identity.low,
+                    sizeof identity.high);
+        return identity;
+    }
+    // File systems with short numbers need not know the long ones.
+    const auto information = informationOf(handle);
+    if (!information) {
+        return std::nullopt;
+    }
+    return Identity{information->dwVolumeSerialNumber,
+                    quint64(information->nFileIndexHigh) << 32U | information->nFileIndexLow, 0};
+}
+
+/// A time of the system in nanoseconds since 1970.
+qint64 nanoseconds(qint64 ticks)
+{
+    constexpr qint64 kTicksBefore1970 = 116'444'736'000'000'000;
+    constexpr qint64 kNanosecondsPerTick = 100;
+    return (ticks - kTicksBefore1970) * kNanosecondsPerTick;
+}
+
+std::optional<FileState> stateOfOpen(HANDLE handle)
+{
+    // Where the system notes no time of change, that of the last write counts, in steps of two
+    // seconds (FAT).
+    constexpr qint64 kSlowStep = 20'000'000;
+    const std::optional<Identity> identity = identityOf(handle);
+    FILE_BASIC_INFO times = {};
+    LARGE_INTEGER size = {};
+    if (!identity ||
+        ::GetFileInformationByHandleEx(handle, FileBasicInfo, &times, sizeof times) == FALSE ||
+        ::GetFileSizeEx(handle, &size) == FALSE) {
+        return std::nullopt;
+    }
+    const qint64 modified = times.LastWriteTime.QuadPart;
+    const qint64 changed = times.ChangeTime.QuadPart;
+    return FileState{identity->volume, identity->low ^ identity->high, size.QuadPart,
+                     nanoseconds(modified),
+                     nanoseconds(changed > 0 ? changed : modified + kSlowStep)};
+}
+
+std::optional<bool> isFile(HANDLE handle)
+{
+    if (::GetFileType(handle) != FILE_TYPE_DISK) {
+        return false;
+    }
+    const auto information = informationOf(handle);
+    if (!information) {
+        return std::nullopt;
+    }
+    return (information->dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+/// The path of an open file without any links in it. A file system that cannot tell has none.
+std::optional<QString> finalPathOf(HANDLE handle)
+{
+    constexpr std::size_t kLongest = 32768;
+    std::wstring path(kLongest, L'\0');
+    path.resize(::GetFinalPathNameByHandleW(handle, path.data(), DWORD(path.size()),
+                                            FILE_NAME_NORMALIZED | VOLUME_NAME_DOS));
+    return path.empty() ? std::nullopt : std::optional(QString::fromStdWString(path));
+}
+
+/// The path of what is not there, with all links to its folder followed. Nothing when it is a link
+/// itself.
+std::optional<QString> realPathOfMissing(const QString &path)
+{
+    const std::wstring native = nativePath(path);
+    const std::size_t nameStart = native.find_last_of(L'\\') + 1;
+    if (::GetFileAttributesW(native.c_str()) != INVALID_FILE_ATTRIBUTES) {
+        ::SetLastError(ERROR_FILE_NOT_FOUND);
+        return std::nullopt;
+    }
+    const SystemHandle folder =
+        openShared(QString::fromStdWString(native.substr(0, nameStart)), FILE_READ_ATTRIBUTES);
+    const auto real = folder ? finalPathOf(folder.get()) : std::nullopt;
+    if (!real) {
+        return path;
+    }
+    return (real->endsWith(u'\\') ? *real : QString(*real + u'\\')) +
+           QString::fromStdWString(native.substr(nameStart));
+}
+
+/// Names such as ":x" are no built-in resources here, as the toolkit opens none of them by name.
+bool isOfNoName(QChar character)
+{
+    return character < u' ' || QStringView(u"<>:\"|?*").contains(character);
+}
+
+} // namespace
+
+KeptError::KeptError() : m_code(int(::GetLastError())) {}
+
+KeptError::~KeptError()
+{
+    ::SetLastError(DWORD(m_code));
+}
+
+bool isDenied()
+{
+    return ::GetLastError() == ERROR_ACCESS_DENIED;
+}
+
+QString causeOf(const QFileDevice &file)
+{
+    // The toolkit knows only the few causes that the C library tells apart.
+    const unsigned long code = _doserrno;
+    return code != 0 ? qt_error_string(int(code)) : file.errorString();
+}
+
+bool canBeName(const QString &name)
+{
+    QString rest = name;
+    rest.replace(u'/', u'\\');
+    if (rest.startsWith(QStringView(uR"(\\?\)")) || rest.startsWith(QStringView(uR"(\\.\)"))) {
+        rest.remove(0, 4);
+    }
+    // A colon elsewhere than behind a drive would mean a stream beside the content of a file, of
+    // which most programs never know.
+    if (rest.size() >= 2 && rest.at(0).isLetter() && rest.at(1) == u':') {
+        rest.remove(0, 2);
+    }
+    return name.isValidUtf16() && std::none_of(rest.begin(), rest.end(), isOfNoName);
+}
+
+QString pathOf(const QString &name)
+{
+    return name;
+}
+
+Kind kindOf(const QString &path)
+{
+    const std::wstring native = nativePath(path);
+    if (isDevice(native)) {
+        return Kind::Other;
+    }
+    const SystemHandle handle = openShared(path, FILE_READ_ATTRIBUTES);
+    if (!handle) {
+        // What may not even be looked at may be a file; opening it tells more.
+        const bool isThere =
+            !isMissing() && ::GetFileAttributesW(native.c_str()) != INVALID_FILE_ATTRIBUTES;
+        return isThere ? Kind::File : Kind::Nothing;
+    }
+    if (::GetFileType(handle.get()) != FILE_TYPE_DISK) {
+        return Kind::Other;
+    }
+    return isFile(handle.get()) == false ? Kind::Folder : Kind::File;
+}
+
+bool exists(const QString &path)
+{
+    return kindOf(path) != Kind::Nothing;
+}
+
+std::optional<FileState> stateOf(const QString &name)
+{
+    const SystemHandle handle = openShared(pathOf(name), FILE_READ_ATTRIBUTES);
+    return handle ? stateOfOpen(handle.get()) : std::nullopt;
+}
+
+bool mayChangeUnseen(const FileState &state)
+{
+    constexpr qint64 kSlowestTick = 40'000'000; // more than twice that of a clock at rest
+    FILETIME time = {};
+    ::GetSystemTimeAsFileTime(&time);
+    const quint64 now = quint64(time.dwHighDateTime) << 32U | time.dwLowDateTime;
+    return nanoseconds(qint64(now)) - state.changed < kSlowestTick;
+}
+
+std::optional<QString> realPathOf(const QString &path)
+{
+    const SystemHandle handle = openShared(path, FILE_READ_ATTRIBUTES);
+    if (!handle) {
+        return isMissing() ? realPathOfMissing(path) : std::nullopt;
+    }
+    return finalPathOf(handle.get()).value_or(path);
+}
+
+int openToRead(const QString &path)
+{
+    SystemHandle handle = openShared(path, GENERIC_READ);
+    return handle ? handle.release() : -1;
+}
+
+void close(int handle)
+{
+    ::_close(handle);
+}
+
+std::optional<bool> isOrdinary(int handle)
+{
+    return isFile(handleOf(handle));
+}
+
+std::optional<QString> openOrdinary(QFile &file, const QString &path,
+                                    QIODeviceBase::OpenModeFlag mode, bool *created)
+{
+    const bool appends = mode == QIODeviceBase::Append;
+    const DWORD access = appends ? GENERIC_WRITE : GENERIC_READ;
+    SystemHandle handle = openShared(path, access);
+    const bool wasMissing = !handle && isMissing();
+    if (wasMissing && appends) {
+        handle = openShared(path, access, OPEN_ALWAYS);
+    }
+    if (created != nullptr) {
+        *created = wasMissing;
+    }
+    if (!handle) {
+        return causeOfRefusal(path);
+    }
+    if (isFile(handle.get()) == false) {
+        return QStringLiteral("It is not an ordinary file.");
+    }
+    const int descriptor = handle.release();
+    const auto direction = appends ? QIODevice::WriteOnly : QIODevice::ReadOnly;
+    if (!file.open(descriptor, direction | QIODevice::Unbuffered, QFileDevice::AutoCloseHandle)) {
+        close(descriptor);
+        return file.errorString();
+    }
+    return std::nullopt;
+}
+
+bool takeLock(int handle)
+{
+    // Such a lock keeps everybody from the bytes in it, so that none that a file has are in it.
+    constexpr DWORD kBehindAllBytes = 256; // in units of 4 GB
+    OVERLAPPED place = {};
+    place.OffsetHigh = kBehindAllBytes;
+    return ::LockFileEx(handleOf(handle), LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1,
+                        0, &place) != FALSE ||
+           ::GetLastError() != ERROR_LOCK_VIOLATION;
+}
+
+std::optional<bool> areSame(int one, int other)
+{
+    const std::optional<Identity> first = identityOf(handleOf(one));
+    const std::optional<Identity> second = identityOf(handleOf(other));
+    return first && second ? std::optional(*first == *second) : std::nullopt;
+}
+
+std::optional<bool> meansFile(const QString &path, int handle)
+{
+    FILE_STANDARD_INFO opened = {};
+    if (::GetFileInformationByHandleEx(handleOf(handle), FileStandardInfo, &opened,
+                                       sizeof opened) != FALSE &&
+        opened.DeletePending != FALSE) {
+        return false; // its name stays to nobody's use until all have closed it
+    }
+    const SystemHandle found = openShared(path, FILE_READ_ATTRIBUTES);
+    if (!found) {
+        return isMissing() || ::GetLastError() == ERROR_PATH_NOT_FOUND ? std::optional(false)
+                                                                       : std::nullopt;
+    }
+    const std::optional<Identity> first = identityOf(handleOf(handle));
+    const std::optional<Identity> second = identityOf(found.get());
+    return first && second ? std::optional(*first == *second) : std::nullopt;
+}
+
+std::optional<qint64> sizeOf(int handle)
+{
+    LARGE_INTEGER size = {};
+    return ::GetFileSizeEx(handleOf(handle), &size) != FALSE ? std::optional<qint64>(size.QuadPart)
+                                                             : std::nullopt;
+}
+
+std::optional<qint64> placeIn(int handle)
+{
+    const qint64 place = ::_telli64(handle);
+    return place >= 0 ? std::optional(place) : std::nullopt;
+}
+
+bool rewind(int handle)
+{
+    return ::_lseeki64(handle, 0, SEEK_SET) == 0;
+}
+
+std::optional<qint64> readAt(int handle, qint64 place, char *bytes, qint64 size)
+{
+    OVERLAPPED from = {};
+    from.Offset = DWORD(place);
+    from.OffsetHigh = DWORD(place >> 32U);
+    DWORD count = 0;
+    if (::ReadFile(handleOf(handle), bytes, DWORD(size), &count, &from) == FALSE &&
+        ::GetLastError() != ERROR_HANDLE_EOF) {
+        return std::nullopt;
+    }
+    return count;
+}
+
+bool reserve(int /*handle*/, qint64 /*offset*/, qint64 /*count*/)
+{
+    // To set how much a file takes on the disk cuts off what another program writes behind that in
+    // the same moment. A write finds room for all of its bytes here before it writes any.
+    return true;
+}
+
+bool removeFile(const QString &path)
+{
+    const std::optional<QString> real = realPathOf(path);
+    return real && ::DeleteFileW(nativePath(*real).c_str()) != FALSE;
+}
+
+std::optional<QString> writeAndSync(QFileDevice &file, QByteArrayView bytes, qint64 *written)
+{
+    constexpr qsizetype kMost = 1'073'741'824;
+    while (!bytes.isEmpty()) {
+        OVERLAPPED atTheEnd = {};
+        atTheEnd.Offset = atTheEnd.OffsetHigh = 0xFFFFFFFF; // wherever that is by then
+        const auto wanted = DWORD(std::min(kMost, bytes.size()));
+        DWORD count = 0;
+        if (::WriteFile(handleOf(file.handle()), bytes.data(), wanted, &count, &atTheEnd) ==
+            FALSE) {
+            return qt_error_string();
+        }
+        if (written != nullptr) {
+            *written += count;
+        }
+        bytes = bytes.sliced(count);
+    }
+    return syncFile(file.handle()) ? std::nullopt : std::optional(qt_error_string());
+}
+
+void preferLargePages(QByteArray & /*bytes*/)
+{
+    // Only those who have a right of their own may ask for them here.
+}
+
+bool syncFile(int handle)
+{
+    if (::FlushFileBuffers(handleOf(handle)) != FALSE) {
+        return true;
+    }
+    if (!isDenied()) {
+        return false;
+    }
+    // Opened for reading: only who may write may sync.
+    constexpr DWORD kShared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const SystemHandle writable(::ReOpenFile(handleOf(handle), GENERIC_WRITE, kShared, 0));
+    return writable && ::FlushFileBuffers(writable.get()) != FALSE;
+}
+
+bool syncFolderOf(const QString & /*path*/)
+{
+    // To sync a file takes its entry along, and folders cannot be synced by themselves.
+    return true;
+}
+
+} // namespace tarvold::durable

@@ -1,79 +1,12 @@
 // What keeps an import from being done is told, and leaves the target as it was.
 
-#include "datafiles/import_merge.h"
-#include "support/folder_test.h"
+#include "datafiles/import_fixture.h"
 
 #include <QFileInfo>
 #include <QThread>
 
-#include <csignal>
-#include <sys/resource.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 namespace tarvold::testing {
 namespace {
-
-const auto kSource = QStringLiteral("source.tvd");
-const auto kTarget = QStringLiteral("target.tvd");
-
-/// No file grows beyond a size for as long as this lives, as on a full disk.
-class FileSizeLimit
-{
-public:
-    explicit FileSizeLimit(rlim_t bytes) : m_oldHandler(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        EXPECT_EQ(::getrlimit(RLIMIT_FSIZE, &m_old), 0);
-        const rlimit limit = {bytes, m_old.rlim_max};
-        EXPECT_EQ(::setrlimit(RLIMIT_FSIZE, &limit), 0);
-    }
-    ~FileSizeLimit()
-    {
-        ::setrlimit(RLIMIT_FSIZE, &m_old);
-        std::signal(SIGXFSZ, m_oldHandler);
-    }
-    FileSizeLimit(const FileSizeLimit &) = delete;
-    FileSizeLimit &operator=(const FileSizeLimit &) = delete;
-    FileSizeLimit(FileSizeLimit &&) = delete;
-    FileSizeLimit &operator=(FileSizeLimit &&) = delete;
-
-private:
-    rlimit m_old = {};
-    void (*m_oldHandler)(int);
-};
-
-class ImportFails : public FolderTest
-{
-protected:
-    /// Imports, which must fail because of `file`, and returns the cause.
-    QString causeOf(DataFileKind kind, const QString &file)
-    {
-        const auto failure = importRecords({kSource, kTarget, kind}, [this](const QString &) {
-            ++messages;
-            if (duringMessage) {
-                duringMessage();
-            }
-        });
-        if (!failure) {
-            ADD_FAILURE() << "the import was done";
-            return {};
-        }
-        EXPECT_EQ(failure->file, file);
-        EXPECT_TRUE(failure->error.unchanged);
-        EXPECT_FALSE(failure->error.cause.isEmpty());
-        return failure->error.cause;
-    }
-
-    static void expectPlace(const QString &cause, int line, int record)
-    {
-        EXPECT_TRUE(cause.contains(QStringLiteral("line %1,").arg(line))) << cause.toStdString();
-        EXPECT_TRUE(cause.contains(QStringLiteral("record %1:").arg(record)))
-            << cause.toStdString();
-    }
-
-    int messages = 0;
-    std::function<void()> duringMessage;
-};
 
 struct KindCase
 {
@@ -127,13 +60,6 @@ TEST_F(ImportFails, WithoutItsSource)
 TEST_F(ImportFails, FromAFolder)
 {
     QDir().mkdir(kSource);
-    causeOf(DataFileKind::TalkShows, kSource);
-    EXPECT_FALSE(QFileInfo::exists(kTarget));
-}
-
-TEST_F(ImportFails, FromAPipeInsteadOfWaitingForIt)
-{
-    ASSERT_EQ(::mkfifo("source.tvd", 0600), 0);
     causeOf(DataFileKind::TalkShows, kSource);
     EXPECT_FALSE(QFileInfo::exists(kTarget));
 }
@@ -197,35 +123,6 @@ INSTANTIATE_TEST_SUITE_P(, ImportIntoCutShortTarget,
                                            CutCase{"AfterTheName", 2, 2},
                                            CutCase{"BeforeTheLastLine", 18, 2}),
                          kNameOfRow);
-
-TEST_F(ImportFails, HalfWayAndTakesBackWhatWasWritten)
-{
-    putBytes(kSource, recordOf(44) + recordOf(44));
-    putBytes(kTarget, recordOf(44, {"before"}));
-    {
-        const FileSizeLimit limit(static_cast<rlim_t>(recordOf(44).size()) + 100);
-        causeOf(DataFileKind::RunInEndings, kTarget);
-    }
-    EXPECT_EQ(bytesIn(kTarget), recordOf(44, {"before"}));
-}
-
-TEST_F(ImportFails, HalfWayAndRemovesTheTargetThatItCreated)
-{
-    putBytes(kSource, recordOf(44) + recordOf(44));
-    const FileSizeLimit limit(100);
-    causeOf(DataFileKind::RunInEndings, kTarget);
-    EXPECT_FALSE(QFileInfo::exists(kTarget));
-}
-
-TEST_F(ImportFails, HalfWayThroughALinkAndKeepsTheLink)
-{
-    putBytes(kSource, recordOf(44) + recordOf(44));
-    ASSERT_EQ(::symlink("elsewhere.tvd", "target.tvd"), 0);
-    const FileSizeLimit limit(100);
-    causeOf(DataFileKind::RunInEndings, kTarget);
-    EXPECT_FALSE(QFileInfo::exists(QStringLiteral("elsewhere.tvd")));
-    EXPECT_TRUE(QFileInfo(kTarget).isSymLink());
-}
 
 } // namespace
 } // namespace tarvold::testing

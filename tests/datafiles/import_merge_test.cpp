@@ -5,7 +5,7 @@
 
 #include <QThread>
 
-#include <unistd.h>
+#include <filesystem>
 
 namespace tarvold::testing {
 namespace {
@@ -90,13 +90,20 @@ void PrintTo(const SelfCase &self, std::ostream *out)
 class ImportIntoItself : public ImportMerge, public ::testing::WithParamInterface<SelfCase>
 {
 protected:
-    ImportIntoItself() { EXPECT_EQ(::symlink("source.tvd", "link.tvd"), 0); }
+    void SetUp() override
+    {
+        std::error_code refusal;
+        std::filesystem::create_symlink("source.tvd", "link.tvd", refusal);
+        if (refusal && GetParam().target == QStringLiteral("link.tvd")) {
+            GTEST_SKIP() << "this system makes no symbolic links for this user";
+        }
+    }
 
     void fillSource(const QByteArray &bytes)
     {
         putBytes(kSource, bytes);
         QFile::remove(QStringLiteral("hard.tvd"));
-        ASSERT_EQ(::link("source.tvd", "hard.tvd"), 0);
+        std::filesystem::create_hard_link("source.tvd", "hard.tvd");
     }
 };
 
@@ -174,7 +181,7 @@ TEST_F(ChangingTarget, ReplacedByAnotherFileIsSeenForTheNextRecord)
 {
     duringMessage = [&] {
         putBytes(QStringLiteral("other.tvd"), stipulation("Singles", "Other "));
-        ASSERT_EQ(::rename("other.tvd", "target.tvd"), 0);
+        std::filesystem::rename("other.tvd", "target.tvd");
     };
     importStipulations();
     EXPECT_EQ(messages, QStringList(duplicate("Singles", "Ladder")));

@@ -1,8 +1,5 @@
 #include "datafiles/read.h"
 #include "support/folder_test.h"
-#include "support/hindrances.h"
-
-#include <sys/stat.h>
 
 namespace tarvold::testing {
 namespace {
@@ -18,38 +15,15 @@ TEST_F(Read, GivesAllBytes)
     EXPECT_EQ(content.bytes, bytes);
 }
 
-TEST_F(Read, FollowsASymbolicLink)
-{
-    writeFile("target", "bytes");
-    ASSERT_EQ(symlink("target", "a.tvd"), 0);
-    EXPECT_EQ(readFile(QStringLiteral("a.tvd")).bytes, "bytes");
-}
-
-TEST_F(Read, TakesANameThatStartsWithAColonAsAnOrdinaryOne)
-{
-    writeFile("./:a.tvd", "bytes");
-    EXPECT_TRUE(fileExists(QStringLiteral(":a.tvd")));
-    EXPECT_EQ(readFile(QStringLiteral(":a.tvd")).bytes, "bytes");
-}
-
-TEST_F(Read, RefusesWhatIsNoOrdinaryFileWithoutWaitingForIt)
+TEST_F(Read, RefusesWhatIsNoOrdinaryFile)
 {
     ASSERT_TRUE(QDir().mkdir(QStringLiteral("folder")));
-    ASSERT_EQ(mkfifo("pipe", 0600), 0);
-    for (const char *unfit : {"", "folder", "pipe", "missing"}) {
+    for (const char *unfit : {"", "folder", "missing"}) {
         const FileContent content = readFile(QString::fromLatin1(unfit));
         ASSERT_TRUE(content.error) << unfit;
         EXPECT_FALSE(content.error->cause.isEmpty());
         EXPECT_TRUE(content.bytes.isEmpty());
     }
-}
-
-TEST_F(Read, RefusesAFileThatMustNotBeRead)
-{
-    writeFile("a.tvd", "bytes");
-    ASSERT_EQ(chmod("a.tvd", 0000), 0);
-    EXPECT_TRUE(
-        holdsForOrdinaryUser([] { return readFile(QStringLiteral("a.tvd")).error.has_value(); }));
 }
 
 TEST_F(Read, KnowsWhetherAFileIsThere)

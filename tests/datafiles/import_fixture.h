@@ -1,0 +1,47 @@
+#pragma once
+
+#include "datafiles/import_merge.h"
+#include "support/folder_test.h"
+
+#include <functional>
+
+namespace tarvold::testing {
+
+inline const auto kSource = QStringLiteral("source.tvd");
+inline const auto kTarget = QStringLiteral("target.tvd");
+
+/// Imports that must fail, in a folder of their own.
+class ImportFails : public FolderTest
+{
+protected:
+    /// Imports, which must fail because of `file`, and returns the cause.
+    QString causeOf(DataFileKind kind, const QString &file)
+    {
+        const auto failure = importRecords({kSource, kTarget, kind}, [this](const QString &) {
+            ++messages;
+            if (duringMessage) {
+                duringMessage();
+            }
+        });
+        if (!failure) {
+            ADD_FAILURE() << "the import was done";
+            return {};
+        }
+        EXPECT_EQ(failure->file, file);
+        EXPECT_TRUE(failure->error.unchanged);
+        EXPECT_FALSE(failure->error.cause.isEmpty());
+        return failure->error.cause;
+    }
+
+    static void expectPlace(const QString &cause, int line, int record)
+    {
+        EXPECT_TRUE(cause.contains(QStringLiteral("line %1,").arg(line))) << cause.toStdString();
+        EXPECT_TRUE(cause.contains(QStringLiteral("record %1:").arg(record)))
+            << cause.toStdString();
+    }
+
+    int messages = 0;
+    std::function<void()> duringMessage;
+};
+
+} // namespace tarvold::testing

@@ -1,0 +1,35 @@
+#include "datafiles/stipulation_table.h"
+#include "support/folder_test.h"
+#include "support/hindrances.h"
+#include "support/stipulation_records.h"
+
+#include <sys/stat.h>
+
+namespace tarvold::testing {
+namespace {
+
+using StipulationTableRights = FolderTest;
+
+TEST_F(StipulationTableRights, RefusesAFileThatMustNotBeRead)
+{
+    writeFile("secret.tvd", stipulation("Singles", "Cage"));
+    ASSERT_EQ(chmod(".", 0755), 0);
+    ASSERT_EQ(chmod("secret.tvd", 0000), 0);
+    EXPECT_TRUE(holdsForOrdinaryUser([] {
+        StipulationTable table;
+        const auto error = table.load(QStringLiteral("secret.tvd"));
+        return error && !error->cause.isEmpty() && table.lineCount() == 0;
+    }));
+}
+
+TEST_F(StipulationTableRights, ReportsAMissingFileThatCannotBeCreated)
+{
+    ASSERT_EQ(chmod(".", 0555), 0);
+    EXPECT_TRUE(holdsForOrdinaryUser(
+        [] { return StipulationTable().load(QStringLiteral("a.tvd")).has_value(); }));
+    ASSERT_EQ(chmod(".", 0755), 0);
+    EXPECT_EQ(folderContent(), "");
+}
+
+} // namespace
+} // namespace tarvold::testing

@@ -239,6 +239,9 @@ std::optional<QString> openOrdinary(QFile &file, const QString &path,
     if (isFile(handle.get()) == false) {
         return QStringLiteral("It is not an ordinary file.");
     }
+    if (appends && isWriteProtected(handle.get())) {
+        return writeProtected();
+    }
     const int descriptor = handle.release();
     const auto direction = appends ? QIODevice::WriteOnly : QIODevice::ReadOnly;
     if (!file.open(descriptor, direction | QIODevice::Unbuffered, QFileDevice::AutoCloseHandle)) {

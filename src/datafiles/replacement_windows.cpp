@@ -149,6 +149,9 @@ std::optional<QString> Replacement::write(QByteArrayView bytes)
     if (!old && !isMissing()) {
         return causeOfRefusal(m_parts->path);
     }
+    if (old && isWriteProtected(old.get())) {
+        return writeProtected();
+    }
     const auto known = old ? informationOf(old.get()) : std::nullopt;
     SystemHandle created = createBeside(m_parts->path, known ? attributesOf(*known) : 0);
     if (!created) {

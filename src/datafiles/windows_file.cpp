@@ -104,7 +104,7 @@ QString causeOfRefusal(const QString &path)
     const DWORD attributes = ::GetFileAttributesW(nativePath(path).c_str());
     const bool isProtected =
         attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
-    return isProtected ? QStringLiteral("It is write-protected.") : cause;
+    return isProtected ? writeProtected() : cause;
 }
 
 QString heldByAnother()
@@ -112,11 +112,22 @@ QString heldByAnother()
     return QStringLiteral("Another program has it open.");
 }
 
+QString writeProtected()
+{
+    return QStringLiteral("It is write-protected.");
+}
+
 std::optional<BY_HANDLE_FILE_INFORMATION> informationOf(HANDLE handle)
 {
     BY_HANDLE_FILE_INFORMATION information = {};
     return ::GetFileInformationByHandle(handle, &information) != FALSE ? std::optional(information)
                                                                        : std::nullopt;
+}
+
+bool isWriteProtected(HANDLE handle)
+{
+    const auto information = informationOf(handle);
+    return information && (information->dwFileAttributes & FILE_ATTRIBUTE_READONLY) != 0;
 }
 
 } // namespace tarvold::durable

@@ -61,7 +61,13 @@ QString causeOfRefusal(const QString &path);
 /// The words for a file that another program shares with nobody.
 QString heldByAnother();
 
+/// The words for a file that its owner wants nobody to write to.
+QString writeProtected();
+
 /// What a handle is; nothing with the system's error code set on failure.
 std::optional<BY_HANDLE_FILE_INFORMATION> informationOf(HANDLE handle);
+
+/// Whether an open file is marked as write-protected, which not all file systems care for.
+bool isWriteProtected(HANDLE handle);
 
 } // namespace tarvold::durable

@@ -3,10 +3,7 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include <array>
 #include <cerrno>
-#include <climits>
-#include <cstdlib>
 #include <ctime>
 #include <fcntl.h>
 #include <sys/file.h>
@@ -26,17 +23,6 @@ qint64 nanoseconds(const timespec &time)
 bool isSame(const struct stat &one, const struct stat &other)
 {
     return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
-}
-
-/// The path of what is not there, with all links to its folder followed.
-QString realPathOfMissing(const QString &path)
-{
-    const QFileInfo info(path);
-    const QString folder = QFileInfo(info.path()).canonicalFilePath();
-    if (folder.isEmpty()) {
-        return path;
-    }
-    return (folder.endsWith(u'/') ? folder : folder + u'/') + info.fileName();
 }
 
 /// Opens what a path means, without waiting for the other end when that is a pipe. A negative
@@ -71,34 +57,6 @@ QString causeOf(const QFileDevice &file)
     return file.errorString();
 }
 
-bool canBeName(const QString &name)
-{
-    // The system takes a name as ended by a NUL, and would use the file that it then names.
-    return !name.contains(QChar::Null) && name.isValidUtf16();
-}
-
-QString pathOf(const QString &name)
-{
-    return name.startsWith(u':') ? QStringLiteral("./") + name : name;
-}
-
-Kind kindOf(const QString &path)
-{
-    const QFileInfo info(path);
-    if (info.isDir()) {
-        return Kind::Folder;
-    }
-    if (!info.exists()) {
-        return Kind::Nothing;
-    }
-    return info.isFile() ? Kind::File : Kind::Other;
-}
-
-bool exists(const QString &path)
-{
-    return QFileInfo::exists(path);
-}
-
 std::optional<FileState> stateOf(const QString &name)
 {
     struct stat found = {};
@@ -107,15 +65,6 @@ std::optional<FileState> stateOf(const QString &name)
     }
     return FileState{found.st_dev, found.st_ino, found.st_size, nanoseconds(found.st_mtim),
                      nanoseconds(found.st_ctim)};
-}
-
-std::optional<QString> realPathOf(const QString &path)
-{
-    std::array<char, PATH_MAX> real{};
-    if (::realpath(QFile::encodeName(path).constData(), real.data()) != nullptr) {
-        return QFile::decodeName(real.data());
-    }
-    return errno == ENOENT ? std::optional(realPathOfMissing(path)) : std::nullopt;
 }
 
 int openToRead(const QString &path)

@@ -124,6 +124,18 @@ std::optional<BY_HANDLE_FILE_INFORMATION> informationOf(HANDLE handle)
                                                                        : std::nullopt;
 }
 
+std::optional<bool> isFile(HANDLE handle)
+{
+    if (::GetFileType(handle) != FILE_TYPE_DISK) {
+        return false;
+    }
+    const auto information = informationOf(handle);
+    if (!information) {
+        return std::nullopt;
+    }
+    return (information->dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
 bool isWriteProtected(HANDLE handle)
 {
     const auto information = informationOf(handle);

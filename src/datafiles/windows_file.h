@@ -67,6 +67,9 @@ QString writeProtected();
 /// What a handle is; nothing with the system's error code set on failure.
 std::optional<BY_HANDLE_FILE_INFORMATION> informationOf(HANDLE handle);
 
+/// Whether a handle is an ordinary file. Nothing with the system's error code set on failure.
+std::optional<bool> isFile(HANDLE handle);
+
 /// Whether an open file is marked as write-protected, which not all file systems care for.
 bool isWriteProtected(HANDLE handle);
 

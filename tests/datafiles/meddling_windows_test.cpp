@@ -1,0 +1,115 @@
+// What becomes of a file on Windows when a program that asks for no lock changes it while a save
+// brings its bytes to the disk.
+
+#include "datafiles/append.h"
+#include "datafiles/rewrite.h"
+#include "support/folder_test.h"
+#include "support/windows_program.h"
+
+#include <functional>
+#include <utility>
+
+namespace {
+
+/// What the other program does when a file is synced.
+std::function<void()> duringSync;
+
+BOOL WINAPI meddleAndSync(HANDLE /*file*/)
+{
+    if (const auto meddle = std::exchange(duringSync, nullptr)) {
+        meddle();
+    }
+    return TRUE;
+}
+
+} // namespace
+
+// Where the calls of that function go; else the system's library puts its address here.
+extern "C" BOOL(WINAPI *__imp_FlushFileBuffers)(HANDLE);
+BOOL(WINAPI *__imp_FlushFileBuffers)(HANDLE) = meddleAndSync;
+
+namespace tarvold::testing {
+namespace {
+
+const auto kFile = QStringLiteral("data.tvd");
+const QByteArray kOld = "old\r\n";
+const QByteArray kNew = "new\r\n";
+const QByteArray kTheirs = "a record of the other program\r\n";
+
+class Meddling : public FolderTest
+{
+protected:
+    void SetUp() override { putBytes(kFile, kOld); }
+    void TearDown() override { EXPECT_FALSE(duringSync) << "nothing was synced"; }
+
+    static std::optional<FileError> appendDuring(const std::function<void()> &meddle)
+    {
+        duringSync = meddle;
+        return appendToFile(kFile, kNew);
+    }
+
+    static std::optional<FileError> rewriteDuring(const std::function<void()> &meddle)
+    {
+        duringSync = meddle;
+        return rewriteFile(kFile, kNew, kOld);
+    }
+};
+
+/// Writes as a program does that has the file open all the time.
+void writeInPlace(const QByteArray &bytes)
+{
+    OtherProgram(kFile, kSharesAll).write(bytes);
+}
+
+TEST_F(Meddling, ARecordThatIsOverwrittenIsAppendedAgain)
+{
+    EXPECT_FALSE(appendDuring([] { writeInPlace(kTheirs); }));
+    EXPECT_EQ(bytesIn(kFile), kTheirs + kNew);
+}
+
+TEST_F(Meddling, AFileThatIsRemovedIsMadeAnew)
+{
+    bool isStillToBeSeen = false;
+    EXPECT_FALSE(appendDuring([&isStillToBeSeen] {
+        ASSERT_TRUE(::DeleteFileW(nativeName(kFile).c_str()));
+        isStillToBeSeen = QFile(kFile).open(QIODevice::ReadOnly);
+    }));
+    if (isStillToBeSeen) {
+        GTEST_SKIP() << "this system does not tell that a file is removed which somebody has open";
+    }
+    EXPECT_EQ(bytesIn(kFile), kNew);
+}
+
+TEST_F(Meddling, AFileThatIsRenamedDoesNotKeepTheRecord)
+{
+    EXPECT_FALSE(appendDuring([] {
+        ASSERT_TRUE(::MoveFileW(L"data.tvd", L"data.old"));
+        putBytes(kFile, kTheirs);
+    }));
+    EXPECT_EQ(bytesIn(kFile), kTheirs + kNew);
+    EXPECT_EQ(readBack("data.old"), kOld);
+}
+
+TEST_F(Meddling, ARecordThatWasMovedInsideTheFileDoesNotStandThereTwice)
+{
+    EXPECT_FALSE(appendDuring([] { writeInPlace(kTheirs + bytesIn(kFile)); }));
+    EXPECT_EQ(bytesIn(kFile), kTheirs + kOld + kNew);
+}
+
+TEST_F(Meddling, AFileThatChangesDuringARewriteStays)
+{
+    const auto error = rewriteDuring([] { writeInPlace(kTheirs); });
+    ASSERT_TRUE(error);
+    EXPECT_TRUE(error->outdated);
+    EXPECT_EQ(bytesIn(kFile), kTheirs);
+    EXPECT_EQ(folderContent(), "data.tvd");
+}
+
+TEST_F(Meddling, AFileThatIsRemovedDuringARewriteIsMadeAnew)
+{
+    EXPECT_FALSE(rewriteDuring([] { ASSERT_TRUE(::DeleteFileW(nativeName(kFile).c_str())); }));
+    EXPECT_EQ(bytesIn(kFile), kNew);
+}
+
+} // namespace
+} // namespace tarvold::testing

@@ -1,5 +1,6 @@
 // Time from process start to the window on the screen, and resident memory, of the editor and of a
-// plain window, as seen from outside: startup_bench EDITOR PLAIN_WINDOW, under an X display.
+// plain window, as seen from outside: startup_bench EDITOR PLAIN_WINDOW [RUNNER], under an X
+// display. RUNNER is a program that runs the other two, if they are not programs of this system.
 
 #include <benchmark/benchmark.h>
 #include <chrono>
@@ -13,6 +14,7 @@
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
+#include <vector>
 #include <xcb/xcb.h>
 
 namespace {
@@ -47,20 +49,27 @@ public:
         }
     }
 
-    /// Returns once a top-level window has come up.
+    /// Returns once a top-level window has come up. One that the window manager is told to leave
+    /// alone does not count: a runner has such windows of its own.
     void waitForWindow()
     {
         constexpr uint8_t kTypeBits = 0x7F;
         while (true) {
             const std::unique_ptr<xcb_generic_event_t, decltype(&std::free)> event{
                 xcb_wait_for_event(m_connection), std::free};
-            if (!event || (event->response_type & kTypeBits) == XCB_MAP_NOTIFY) {
+            if (!event || ((event->response_type & kTypeBits) == XCB_MAP_NOTIFY &&
+                           isManaged(*reinterpret_cast<xcb_map_notify_event_t *>(event.get())))) {
                 return;
             }
         }
     }
 
 private:
+    static bool isManaged(const xcb_map_notify_event_t &mapped)
+    {
+        return mapped.override_redirect == 0;
+    }
+
     xcb_connection_t *m_connection;
 };
 
@@ -73,16 +82,16 @@ double residentMegabytes(pid_t process)
     return resident * static_cast<double>(sysconf(_SC_PAGESIZE)) / 1e6;
 }
 
-void measure(benchmark::State &state, const char *program)
+void measure(benchmark::State &state, std::vector<char *> command)
 {
     Display display;
     double resident = 0;
     for (auto _ : state) {
         display.drain();
-        char *arguments[] = {const_cast<char *>(program), nullptr};
         pid_t process = 0;
         const auto start = Clock::now();
-        if (posix_spawn(&process, program, nullptr, nullptr, arguments, environ) != 0) {
+        if (posix_spawnp(&process, command.front(), nullptr, nullptr, command.data(), environ) !=
+            0) {
             state.SkipWithError("the program does not start");
             return;
         }
@@ -103,11 +112,15 @@ void measure(benchmark::State &state, const char *program)
 int main(int argc, char *argv[])
 {
     benchmark::Initialize(&argc, argv);
-    if (argc != 3) {
+    if (argc != 3 && argc != 4) {
         return EXIT_FAILURE;
     }
     for (const auto &[name, program] : {std::pair{"editor", argv[1]}, {"plain_window", argv[2]}}) {
-        benchmark::RegisterBenchmark(name, measure, program)
+        std::vector<char *> command{program, nullptr};
+        if (argc == 4) {
+            command.insert(command.begin(), argv[3]);
+        }
+        benchmark::RegisterBenchmark(name, measure, command)
             ->UseManualTime()
             ->Iterations(10)
             ->Repetitions(5)

@@ -15,6 +15,11 @@ packages_test=(
     util-linux
     x11-utils xauth
 )
+# shellcheck disable=SC2034
+packages_windows=(
+    build-essential cmake debian-archive-keyring g++-mingw-w64-x86-64-posix icoutils librsvg2-bin
+    ninja-build perl python3 qt6-base-dev
+)
 
 # install_missing PACKAGE...: installs what is not there; asks for root rights only then.
 install_missing() {
@@ -43,7 +48,6 @@ quietly() {
     mkdir -p "$(dirname "$log")"
     "$@" >"$log" 2>&1 || status=$?
     if [[ $status -ne 0 ]]; then
-        echo >&2
         tail -n 60 "$log" >&2
         echo "Failed: $* (whole log: $log)" >&2
     fi

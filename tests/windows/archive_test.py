@@ -1,0 +1,107 @@
+#!/usr/bin/env python3
+"""Tests the archive of the program for Windows, above all that its notices follow from what is linked.
+
+    archive_test.py FOLDER VERSION   (FOLDER is the one in which packaging/windows/build works)
+"""
+
+import os
+import re
+import subprocess
+import sys
+import tempfile
+import unittest
+import zipfile
+
+ROOT = os.path.normpath(os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", ".."))
+LINK = re.compile(r"\]\(([^)\s#:]+)(?:#[^)]*)?\)")
+# A work in the program, and words of its licence or of the notice that this asks for.
+LINKED = {
+    "Qt": "GNU LESSER GENERAL PUBLIC LICENSE",
+    "Freetype 2": "The FreeType Project (www.freetype.org)",
+    "HarfBuzz-NG": "HarfBuzz is licensed under the so-called \"Old MIT\" license.",
+    "LibPNG": "PNG Reference Library License version 2",
+    "PCRE2": "PCRE2 is a library of functions to support regular expressions",
+    "Data Compression Library (zlib)": "Jean-loup Gailly",
+    "The runtime libraries of the GNU Compiler Collection": "GCC RUNTIME LIBRARY EXCEPTION",
+    "The runtime library of mingw-w64": "ZPL-2.1",
+}
+
+
+def read(path):
+    with open(path, encoding="utf-8") as file:
+        return file.read()
+
+
+class Archive(unittest.TestCase):
+    folder = version = ""
+
+    def setUp(self):
+        name = f"tarvold-editor-{self.version}-windows"
+        archive = zipfile.ZipFile(os.path.join(self.folder, name + ".zip"))
+        self.addCleanup(archive.close)
+        self.files = {os.path.relpath(path, name): archive.read(path)
+                      for path in archive.namelist() if not path.endswith("/")}
+
+    def test_has_the_program_and_what_goes_with_it(self):
+        top = {path.split("/")[0] for path in self.files}
+        self.assertEqual(top, {"tarvold-editor.exe", "LICENSE.txt", "NOTICES.txt", "docs", "examples"})
+        with open(os.path.join(self.folder, "tarvold-editor.exe"), "rb") as program:
+            self.assertEqual(self.files["tarvold-editor.exe"], program.read())
+
+    def test_has_all_that_its_documents_link_to(self):
+        documents = [path for path in self.files if path.endswith(".md")]
+        self.assertIn("docs/guide.md", documents)
+        for document in documents:
+            for target in LINK.findall(self.files[document].decode()):
+                with self.subTest(document=document, target=target):
+                    place = os.path.normpath(os.path.join(os.path.dirname(document), target))
+                    self.assertIn(place, self.files)
+
+    def test_has_notices_that_plain_editors_show(self):
+        notices = self.files["NOTICES.txt"]
+        self.assertEqual(notices.count(b"\n"), notices.count(b"\r\n"))
+
+
+class Notices(unittest.TestCase):
+    folder = ""
+
+    def write(self, change):
+        """Has notices written from the map after a change, and gives how it went, and the parts."""
+        map_text = read(os.path.join(self.folder, "packaging", "windows", "tarvold-editor.map"))
+        with tempfile.TemporaryDirectory() as scratch:
+            paths = [os.path.join(scratch, name) for name in ("map", "NOTICES.txt")]
+            with open(paths[0], "w", encoding="utf-8") as file:
+                file.write(change(map_text))
+            script = os.path.join(ROOT, "packaging", "windows", "notices")
+            done = subprocess.run([sys.executable, "-B", script, paths[0], self.folder, paths[1]],
+                                  check=False, capture_output=True, text=True)
+            text = read(paths[1]) if done.returncode == 0 else ""
+        return done, {part.strip().splitlines()[0]: part for part in text.split("=" * 78) if text}
+
+    def test_tell_of_all_that_is_linked(self):
+        done, parts = self.write(lambda text: text)
+        self.assertEqual(done.returncode, 0, done.stderr)
+        self.assertLessEqual(set(LINKED), set(parts))
+        for name, words in LINKED.items():
+            with self.subTest(name):
+                self.assertIn(words, "\n".join(parts.values()) if name in ("Qt", "Freetype 2")
+                              else parts[name])
+
+    def test_tell_of_nothing_that_is_not(self):
+        compiler = "PCRE2 - Stack-less Just-In-Time Compiler"
+        _, parts = self.write(lambda text: text)
+        self.assertIn(compiler, list(parts))
+        _, parts = self.write(lambda text: re.sub(r"(?m)^\S*BundledPcre2\.a.*$", "", text))
+        self.assertNotIn(compiler, list(parts))
+        self.assertIn("HarfBuzz-NG", list(parts))
+
+    def test_are_refused_for_a_library_that_nobody_wrote_one_for(self):
+        done, _ = self.write(lambda text: "/opt/somebody/libnew.a(new.o)\n" + text)
+        self.assertNotEqual(done.returncode, 0)
+        self.assertIn("/opt/somebody/libnew.a", done.stderr)
+
+
+if __name__ == "__main__":
+    Archive.version = sys.argv.pop()
+    Archive.folder = Notices.folder = sys.argv.pop()
+    unittest.main()

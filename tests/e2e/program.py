@@ -11,7 +11,7 @@ import time
 import warnings
 
 from desktop import HEIGHT, WIDTH, plain_environment
-from things import (FIELDS, SIMPLE, Atspi, GLib, extents, has, name_of, open_list, value_of, walk,
+from things import (FIELDS, SIMPLE, Atspi, GLib, copy, extents, has, name_of, open_list, value_of, walk,
                     xdotool)
 
 warnings.filterwarnings("ignore", category=DeprecationWarning)
@@ -99,6 +99,12 @@ class Program:
     def type(self, name, text):
         """Types at the cursor of the box that has the focus and waits until the box shows it."""
         xdotool("type", "--delay", "2", text)
+        self.wait_value(name, text)
+
+    def paste(self, name, text):
+        """Pastes at the cursor of the box that has the focus, and waits until the box shows it."""
+        copy(text)
+        self.keys("ctrl+v")
         self.wait_value(name, text)
 
     def keys(self, *keys):

@@ -2,7 +2,7 @@
 """Drives the real program through its main job on a virtual display.
 
 Usage: tour.py PROGRAM [FOLDER] [--by USER] [--timeout SECONDS] [--watch]
-               [--pictures renew|check]
+               [--pictures renew|check] [--recording FILE] [--wine PREFIX]
 
 Pictures of every screen, the data files written and a log land in FOLDER. The files must hold,
 byte for byte, what the typed values give; any difference, timeout or crash ends the tour with a
@@ -12,7 +12,10 @@ program trace another, the tour goes without and its last line says "skipped". W
 pictures that README and the guide show are renewed, or the tour fails when they are out of date.
 
 By default the user has a mouse; "keys" has none, and "ear" has none and does not look. These two
-also judge each screen that they come to, and take no pictures.
+also judge each screen that they come to, and take no pictures. "recorder" has no mouse either, and
+writes into the FILE what it does; "replay" does that again without looking at anything but windows,
+and takes pictures. With --wine, PROGRAM is one for Windows and runs under Wine, PREFIX being the
+folder that holds what Wine takes for the disk.
 """
 
 import argparse
@@ -27,18 +30,21 @@ sys.path.append(os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "
 
 import pictures
 import watch
+import wine
 from desktop import Desktop
 from driver import Driver
 from flows import FLOWS
 from listener import Listener
 from points import tracing_refused
 from program import TourError
+from recording import Recorder
+from replay import Replay
 from rounds import Walker
 from steps import MENU
 
 LOG = "tour.log"
 TRACE = "calls.trace"
-USERS = {"mouse": Driver, "keys": Walker, "ear": Listener}
+USERS = {"mouse": Driver, "keys": Walker, "ear": Listener, "recorder": Recorder, "replay": Replay}
 
 
 def main():
@@ -47,6 +53,8 @@ def main():
     parser.add_argument("folder", nargs="?", default="build/tour")
     parser.add_argument("--by", choices=USERS, default="mouse", help="who uses the program")
     parser.add_argument("--timeout", type=float, default=60, help="seconds to wait for each step")
+    parser.add_argument("--recording", metavar="FILE", help="what recorder writes and replay reads")
+    parser.add_argument("--wine", metavar="PREFIX", help="run a program for Windows, with this disk")
     parser.add_argument("--watch", action="store_true", help="trace the program's system calls")
     parser.add_argument("--pictures", choices=("renew", "check"),
                         help="what to do with the pictures of README and the guide")
@@ -81,8 +89,12 @@ def tour(arguments, log):
     trace = os.path.join(os.path.abspath(folder), TRACE)
     program = os.path.abspath(arguments.program)
     command = watch.command(trace, program) if arguments.watch else [program]
+    more = {"recording": arguments.recording} if arguments.recording else {}
     with Desktop(log), tempfile.TemporaryDirectory() as work:
-        driver = USERS[arguments.by](command, work, folder, arguments.timeout, log)
+        if arguments.wine:
+            wine.prepare(arguments.wine, log)
+            command = wine.command(arguments.wine, program)
+        driver = USERS[arguments.by](command, work, folder, arguments.timeout, log, **more)
         try:
             driver.wait_screen(MENU)
             driver.move_window()

@@ -16,6 +16,8 @@ packages_test=(
     util-linux
     x11-utils xauth
 )
+# shellcheck disable=SC2034
+packages_test_windows=(googletest wine wine64 xauth)
 
 # install_missing PACKAGE...: installs what is not there; asks for root rights only then.
 install_missing() {

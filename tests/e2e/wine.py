@@ -3,20 +3,21 @@
 import os
 import subprocess
 
+HERE = os.path.dirname(os.path.abspath(__file__))
+WITH_WINE = os.path.join(HERE, "..", "windows", "with_wine")
+
 # What the tour tells a program for X11 of where and how it shows its windows.
 OF_X11 = ("QT_QPA_PLATFORM", "QT_FONT_DPI", "QT_LINUX_ACCESSIBILITY_ALWAYS_ON")
 
 
-def command(prefix, *words):
-    """Runs a program on the disk that the folder holds, as the process that this command becomes."""
+def command(disk, *words):
+    """What runs wine, or a command that comes with it, with this folder for a disk."""
     without = [word for name in OF_X11 for word in ("-u", name)]
-    # Programs of .NET and browsers, which nobody here has, would be offered for download.
-    return ["env", *without, f"WINEPREFIX={os.path.abspath(prefix)}", "WINEDEBUG=-all",
-            "WINEDLLOVERRIDES=mscoree,mshtml=", *program]
+    return ["env", *without, WITH_WINE, os.path.abspath(disk), *words]
 
 
-def prepare(prefix, log):
-    """Makes the disk, if there is none yet, and ends what another display left running on it."""
-    os.makedirs(prefix, exist_ok=True)
-    for step in (["wineserver", "-k"], ["wineboot", "--init"], ["wineserver", "-w"]):
-        subprocess.run(command(prefix, *step), stdout=log, stderr=log, check=step[1] != "-k")
+def prepare(disk, log):
+    """Makes the disk if there is none yet, after ending what another display left running on it."""
+    os.makedirs(disk, exist_ok=True)
+    subprocess.run(command(disk, "wineserver", "-k"), stderr=log, check=False)
+    subprocess.run(command(disk, "wineboot", "--init"), stdout=log, stderr=log, check=True)

@@ -147,5 +147,8 @@ def shown_windows():
 
 
 def told_by_xdotool(*arguments):
-    return subprocess.run(["xdotool", *arguments], capture_output=True, text=True,
-                          check=False).stdout.split()
+    """What it found. It gives up on seeing a window go, and is then asked again."""
+    while True:
+        told = subprocess.run(["xdotool", *arguments], capture_output=True, text=True, check=False)
+        if not told.stderr:
+            return told.stdout.split()

@@ -129,7 +129,7 @@ class Replay(Program):
         return None
 
     def _has_focus(self, window):
-        return told_by_xdotool("getwindowfocus") == [window]
+        return found("getwindowfocus") == [window]
 
     def _expect_in_place(self, heading):
         if self._corner:
@@ -143,12 +143,4 @@ INPUTS = {"keys": Replay._send_keys, "text": Replay._send_text, "copy": Replay._
 
 def shown_windows():
     """The windows on the display itself: frames, and what has none, such as opened lists."""
-    return set(told_by_xdotool("search", "--onlyvisible", "--maxdepth", "1", "--name", ""))
-
-
-def told_by_xdotool(*arguments):
-    """What it found. It gives up on seeing a window go, and is then asked again."""
-    while True:
-        told = subprocess.run(["xdotool", *arguments], capture_output=True, text=True, check=False)
-        if not told.stderr:
-            return told.stdout.split()
+    return set(found("search", "--onlyvisible", "--maxdepth", "1", "--name", ""))

@@ -4,13 +4,14 @@ set(TARVOLD_WINE_DISK ${PROJECT_BINARY_DIR}/wine)
 set(CMAKE_CROSSCOMPILING_EMULATOR
     ${CMAKE_CURRENT_LIST_DIR}/with_wine ${TARVOLD_WINE_DISK} wine)
 
+set(CMAKE_AUTOMOC OFF)
+
 # Debian has this library as a source too, which is what another system needs.
 set(BUILD_GMOCK OFF)
 set(INSTALL_GTEST OFF)
 add_subdirectory(/usr/src/googletest googletest EXCLUDE_FROM_ALL SYSTEM)
 target_compile_options(gtest PRIVATE -w)
-
-set(CMAKE_AUTOMOC OFF)
+target_compile_options(gtest_main PRIVATE -w)
 
 # A test program of the file layer.
 function(tarvold_core_test name)

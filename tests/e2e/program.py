@@ -156,10 +156,14 @@ class Program:
         raise TourError(f"waited {self._timeout} seconds for {what}")
 
     def _windows(self, title):
-        """The visible windows with this title. A search ends early, with nothing but a complaint,
+        """The visible windows with this title."""
+        return self._search("--name", f"^{title}$")
+
+    def _search(self, *what):
+        """The visible windows of this kind. A search ends early, with nothing but a complaint,
         when any window of the display goes away under it, so it is repeated then."""
         for _ in range(LOOKS):
-            listed = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", f"^{title}$"],
+            listed = subprocess.run(["xdotool", "search", "--onlyvisible", *what],
                                     capture_output=True, text=True, check=False)
             if not listed.stderr:
                 return listed.stdout.split()

@@ -97,7 +97,7 @@ class Replay(Program):
         raise TourError(f"the recording was made of other flows: no {mark} in its place")
 
     def _send_keys(self, *keys):
-        self._before = shown_windows()
+        self._before = self._on_display()
         super().keys(*keys)
 
     def _send_text(self, text):
@@ -108,9 +108,9 @@ class Replay(Program):
 
     def _wait_list(self, state):
         if state == "open":
-            self._list = self._wait("a list to open", lambda: shown_windows() - self._before)
+            self._list = self._wait("a list to open", lambda: self._on_display() - self._before)
         else:
-            self._wait("the list to close", lambda: not shown_windows() & self._list)
+            self._wait("the list to close", lambda: not self._on_display() & self._list)
 
     def _screen(self, number):
         """The window of a screen once it is the only one and has the focus."""
@@ -128,8 +128,14 @@ class Replay(Program):
                 return window
         return None
 
+    def _on_display(self):
+        """The windows on the display itself: frames, and what has none, such as opened lists."""
+        return set(self._search("--maxdepth", "1", "--name", ""))
+
     def _has_focus(self, window):
-        return found("getwindowfocus") == [window]
+        told = subprocess.run(["xdotool", "getwindowfocus"], capture_output=True, text=True,
+                              check=False)
+        return told.stdout.split() == [window]
 
     def _expect_in_place(self, heading):
         if self._corner:
@@ -139,8 +145,3 @@ class Replay(Program):
 
 INPUTS = {"keys": Replay._send_keys, "text": Replay._send_text, "copy": Replay._copy,
           "list": Replay._wait_list}
-
-
-def shown_windows():
-    """The windows on the display itself: frames, and what has none, such as opened lists."""
-    return set(found("search", "--onlyvisible", "--maxdepth", "1", "--name", ""))

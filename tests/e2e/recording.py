@@ -5,7 +5,8 @@ A recording is a list of entries in the order in which they happened, kept as JS
     ["keys", KEY...]         keys pressed one after the other
     ["text", TEXT]           text typed
     ["copy", TEXT]           text put on the clipboard, for the keys that paste it
-    ["list", "open"]         a list has opened; "closed": it is gone again
+    ["list", "open", NAME]   a list has opened, worth a picture if there is a name
+    ["list", "closed"]       it is gone again
     ["screen", HEADING, N]   a screen has come up, or is there still: the Nth of all that came up
     ["box", TITLE, TEXT]     a message box has come up
     ["picture", NAME]        a moment worth a picture
@@ -25,6 +26,7 @@ class Recorder(Keyboard):
         super().__init__(*arguments)
         self._recording = recording
         self._entries = []
+        self._list_picture = []  # the name of the one wanted of the list that opens next, if any
         self._screens = []  # by their windows, in the order in which they came up
 
     def wait_screen(self, heading):
@@ -60,10 +62,15 @@ class Recorder(Keyboard):
         self._note("keys", *keys)
         super().keys(*keys)
 
+    def choose(self, name, item, picture=None):
+        self._list_picture = [picture] if picture else []
+        super().choose(name, item)
+
     def _open_item(self, name, item):
         found = super()._open_item(name, item)
-        if found and self._entries[-1] != ["list", "open"]:
-            self._note("list", "open")
+        if found and self._entries[-1][0] != "list":
+            self._note("list", "open", *self._list_picture)
+            self._list_picture = []
         return found
 
     def _wait_closed(self, name):

@@ -50,38 +50,11 @@ class Replay(Program):
 
     # What a flow wants done and looked at in between is left to the recording, and to the files.
 
-    def press(self, button):
+    def _nothing(self, *what, picture=None):
         pass
 
-    def go_to(self, name):
-        pass
-
-    def select(self, item):
-        pass
-
-    def fill(self, name, text):
-        pass
-
-    def type(self, name, text):
-        pass
-
-    def paste(self, name, text):
-        pass
-
-    def choose(self, name, item, picture=None):
-        pass
-
-    def choose_by_keys(self, name, item):
-        pass
-
-    def keys(self, *keys):
-        pass
-
-    def wait_label(self, text):
-        pass
-
-    def wait_value(self, name, text):
-        pass
+    press = go_to = select = fill = type = paste = choose = choose_by_keys = keys = _nothing
+    wait_label = wait_value = _nothing
 
     # How it is done
 
@@ -106,9 +79,11 @@ class Replay(Program):
     def _copy(self, text):
         copy(text)
 
-    def _wait_list(self, state):
+    def _wait_list(self, state, picture=None):
         if state == "open":
             self._list = self._wait("a list to open", lambda: self._on_display() - self._before)
+            if picture:
+                self.picture_of_all(picture)
         else:
             self._wait("the list to close", lambda: not self._on_display() & self._list)
 

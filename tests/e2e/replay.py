@@ -23,6 +23,7 @@ class Replay(Program):
         self._before = set()  # all windows that were to be seen before the last keys were sent
         self._list = set()  # what came up as a list
         self._front = None
+        self._held = None  # the key that was sent last, while it is still down
         super().__init__(*arguments)
 
     # Where a flow waits, the recording is played up to there.
@@ -41,11 +42,13 @@ class Replay(Program):
     def wait_end(self):
         self._play("end")
         super().wait_end()
+        self._release()
         if self._entries:
             raise TourError(f"the recording goes on with {self._entries[0]}")
 
     def picture(self, name):
         self._play("picture", name)
+        self._release()
         self._save_picture(name, self._front)
 
     # What a flow wants done and looked at in between is left to the recording, and to the files.
@@ -70,10 +73,22 @@ class Replay(Program):
         raise TourError(f"the recording was made of other flows: no {mark} in its place")
 
     def _send_keys(self, *keys):
+        """The last key goes up only once it has had its effect: while one window gives way to another
+        nobody has the keys, and a program that is not told of a key going up takes it for held."""
+        self._release()
         self._before = self._on_display()
-        super().keys(*keys)
+        if keys[:-1]:
+            super().keys(*keys[:-1])
+        self._held = keys[-1]
+        xdotool("keydown", self._held)
+
+    def _release(self):
+        if self._held:
+            xdotool("keyup", self._held)
+        self._held = None
 
     def _send_text(self, text):
+        self._release()
         xdotool("type", "--delay", "2", text)
 
     def _copy(self, text):

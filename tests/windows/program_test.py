@@ -19,7 +19,8 @@ MOST_BYTES = 20 * 2 ** 20
 OF_WINDOWS = {
     "advapi32", "authz", "comdlg32", "d2d1", "d3d11", "d3d9", "dwmapi", "dwrite", "dxgi", "gdi32",
     "imm32", "kernel32", "mpr", "msvcrt", "netapi32", "ole32", "oleaut32", "rpcrt4", "setupapi",
-    "shcore", "shell32", "shlwapi", "user32", "userenv", "uxtheme", "version", "winmm", "ws2_32", "wtsapi32",
+    "shcore", "shell32", "shlwapi", "user32", "userenv", "uxtheme", "version", "winmm", "ws2_32",
+    "wtsapi32",
 }
 PARTS_OF_WINDOWS = "api-ms-win-core-"  # names that stand for some of those
 

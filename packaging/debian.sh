@@ -9,6 +9,8 @@ packages_tour=(
     xvfb
 )
 # shellcheck disable=SC2034
+packages_test_windows=(googletest wine wine64 xauth)
+# shellcheck disable=SC2034
 packages_test=(
     appstream clang clang-format clang-tidy desktop-file-utils git libbenchmark-dev
     libclang-rt-14-dev libgtest-dev librsvg2-bin libxcb1-dev lintian man-db
@@ -16,8 +18,6 @@ packages_test=(
     util-linux
     x11-utils xauth
 )
-# shellcheck disable=SC2034
-packages_test_windows=(googletest wine wine64 xauth)
 
 # install_missing PACKAGE...: installs what is not there; asks for root rights only then.
 install_missing() {

@@ -5,8 +5,11 @@
 packages_run=(build-essential cmake ninja-build qt6-base-dev fonts-liberation)
 # shellcheck disable=SC2034
 packages_tour=(
-    at-spi2-core dbus-daemon gir1.2-atspi-2.0 imagemagick openbox python3 python3-gi xdotool xvfb
+    at-spi2-core dbus-daemon gir1.2-atspi-2.0 imagemagick openbox python3 python3-gi xclip xdotool
+    xvfb
 )
+# shellcheck disable=SC2034
+packages_test_windows=(googletest wine wine64 xauth)
 # shellcheck disable=SC2034
 packages_test=(
     appstream clang clang-format clang-tidy desktop-file-utils git libbenchmark-dev

@@ -70,11 +70,13 @@ EditorStyle::EditorStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
 void EditorStyle::polish(QPalette &palette)
 {
     QProxyStyle::polish(palette);
+    // Some systems make what is chosen in a list that is not in use nearly as pale as the list.
+    const QColor letters = palette.color(QPalette::Active, QPalette::HighlightedText);
+    const QColor behind = contrast::visible(palette.color(QPalette::Active, QPalette::Highlight),
+                                            {letters}, contrast::kText);
     for (const auto group : {QPalette::Active, QPalette::Inactive}) {
-        palette.setColor(group, QPalette::Highlight,
-                         contrast::visible(palette.color(group, QPalette::Highlight),
-                                           {palette.color(group, QPalette::HighlightedText)},
-                                           contrast::kText));
+        palette.setColor(group, QPalette::HighlightedText, letters);
+        palette.setColor(group, QPalette::Highlight, behind);
     }
 }
 

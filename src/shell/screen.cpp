@@ -24,10 +24,12 @@ constexpr double kHeadingScale = 1.4;
 QSize standardSize(const QWidget &screen)
 {
     constexpr int kRows = 13;
+    constexpr int kLeastRest = 126; // what is around the rows: gaps do not shrink as text does
     constexpr QSize kFrame(16, 48); // what the desktop draws around the window, at most
     const QFontMetrics metrics = screen.fontMetrics();
     const int row = std::max(kControlHeight, metrics.lineSpacing() + 10) + kRowGap;
-    const QSize wanted(metrics.averageCharWidth() * 100, kRows * row + metrics.lineSpacing() * 9);
+    const QSize wanted(metrics.averageCharWidth() * 100,
+                       kRows * row + std::max(kLeastRest, metrics.lineSpacing() * 9));
     return wanted.boundedTo(screen.screen()->availableSize() - kFrame);
 }
 

@@ -53,10 +53,11 @@ class Desktop:
         return process
 
     def _start_display(self):
-        # The server itself picks a number that is free and tells it once it is ready.
+        # The server itself picks a number that is free and tells it once it is ready. No key repeats
+        # itself because a busy machine holds it down for long.
         reader, writer = os.pipe()
         self._start("Xvfb", "-displayfd", str(writer), "-nolisten", "tcp",
-                    "-dpi", "96", "-wr", "-screen", "0", f"{WIDTH}x{HEIGHT}x24", pass_fds=[writer])
+                    "-dpi", "96", "-wr", "-r", "-screen", "0", f"{WIDTH}x{HEIGHT}x24", pass_fds=[writer])
         os.close(writer)
         with open(reader, encoding="ascii") as answer:
             return ":" + answer.readline().strip()

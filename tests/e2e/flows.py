@@ -77,6 +77,7 @@ def refused_tag(driver):
     driver.wait_box(NO_MANAGER)
     driver.picture("refused-tag")
     driver.keys("Return")
+    driver.wait_screen("THE MATCH FINISH")
     driver.wait_value("Commentary line 3", "Three! <recshortname><recshortname>")
     driver.picture("repeated-tag")
     driver.go_to("Commentary line 3")

@@ -11,7 +11,7 @@ import time
 import warnings
 
 from desktop import HEIGHT, WIDTH, plain_environment
-from things import (FIELDS, SIMPLE, Atspi, GLib, extents, has, name_of, open_list, value_of, walk,
+from things import (FIELDS, SIMPLE, Atspi, GLib, copy, extents, has, name_of, open_list, value_of, walk,
                     xdotool)
 
 warnings.filterwarnings("ignore", category=DeprecationWarning)
@@ -101,6 +101,12 @@ class Program:
         xdotool("type", "--delay", "2", text)
         self.wait_value(name, text)
 
+    def paste(self, name, text):
+        """Pastes at the cursor of the box that has the focus, and waits until the box shows it."""
+        copy(text)
+        self.keys("ctrl+v")
+        self.wait_value(name, text)
+
     def keys(self, *keys):
         xdotool("key", "--clearmodifiers", *keys)
 
@@ -150,10 +156,14 @@ class Program:
         raise TourError(f"waited {self._timeout} seconds for {what}")
 
     def _windows(self, title):
-        """The visible windows with this title. A search ends early, with nothing but a complaint,
+        """The visible windows with this title."""
+        return self._search("--name", f"^{title}$")
+
+    def _search(self, *what):
+        """The visible windows of this kind. A search ends early, with nothing but a complaint,
         when any window of the display goes away under it, so it is repeated then."""
         for _ in range(LOOKS):
-            listed = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", f"^{title}$"],
+            listed = subprocess.run(["xdotool", "search", "--onlyvisible", *what],
                                     capture_output=True, text=True, check=False)
             if not listed.stderr:
                 return listed.stdout.split()

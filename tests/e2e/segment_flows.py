@@ -38,11 +38,16 @@ def talk_show(driver):
     driver.fill("Commentary line 1", "Welcome to ")
     driver.choose(TAG_LIST, "Talk Show Name")
     driver.wait_value("Commentary line 1", "Welcome to <talkshowname>")
+    driver.go_to("Commentary line 2")
+    driver.paste("Commentary line 2", PASTED)
     driver.picture("talk-show-commentary")
     finish(driver, "Add This Talk Show Segment", "Add this talk show segment to the file?")
 
 
+# Characters that few keyboards have come by way of the clipboard.
+PASTED = "“¡Señor Müller!” – 5 € für ein Œuvre…"
+
 TALK_SHOW = [
     "Any", "Any", "The Corner", "Any", "Any", "Any", "Heel", "Any", "10",
-    "Welcome to <talkshowname>", *["-BLANK-"] * 9,
+    "Welcome to <talkshowname>", PASTED, *["-BLANK-"] * 8,
 ]

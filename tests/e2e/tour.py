@@ -2,7 +2,8 @@
 """Drives the real program through its main job on a virtual display.
 
 Usage: tour.py PROGRAM [FOLDER] [--by USER] [--timeout SECONDS] [--watch]
-               [--pictures renew|check]
+               [--pictures renew|check] [--recording FILE] [--wine DISK]
+               [--like FOLDER]
 
 Pictures of every screen, the data files written and a log land in FOLDER. The files must hold,
 byte for byte, what the typed values give; any difference, timeout or crash ends the tour with a
@@ -12,10 +13,14 @@ program trace another, the tour goes without and its last line says "skipped". W
 pictures that README and the guide show are renewed, or the tour fails when they are out of date.
 
 By default the user has a mouse; "keys" has none, and "ear" has none and does not look. These two
-also judge each screen that they come to, and take no pictures.
+also judge each screen that they come to, and take no pictures. "recorder" has no mouse either, and
+writes into the FILE what it does; "replay" does that again without looking at anything but windows,
+and takes pictures. With --wine, PROGRAM is one for Windows and runs under Wine, with the folder DISK
+for a disk. With --like, the files must be the same as those that another tour left in that FOLDER.
 """
 
 import argparse
+import filecmp
 import glob
 import os
 import shutil
@@ -27,18 +32,21 @@ sys.path.append(os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "
 
 import pictures
 import watch
+import wine
 from desktop import Desktop
 from driver import Driver
 from flows import FLOWS
 from listener import Listener
 from points import tracing_refused
 from program import TourError
+from recording import Recorder
+from replay import Replay
 from rounds import Walker
 from steps import MENU
 
 LOG = "tour.log"
 TRACE = "calls.trace"
-USERS = {"mouse": Driver, "keys": Walker, "ear": Listener}
+USERS = {"mouse": Driver, "keys": Walker, "ear": Listener, "recorder": Recorder, "replay": Replay}
 
 
 def main():
@@ -47,10 +55,15 @@ def main():
     parser.add_argument("folder", nargs="?", default="build/tour")
     parser.add_argument("--by", choices=USERS, default="mouse", help="who uses the program")
     parser.add_argument("--timeout", type=float, default=60, help="seconds to wait for each step")
+    parser.add_argument("--recording", metavar="FILE", help="what recorder writes and replay reads")
+    parser.add_argument("--wine", metavar="DISK", help="run a program for Windows, on this disk")
+    parser.add_argument("--like", metavar="FOLDER", help="compare with what another tour left")
     parser.add_argument("--watch", action="store_true", help="trace the program's system calls")
     parser.add_argument("--pictures", choices=("renew", "check"),
                         help="what to do with the pictures of README and the guide")
     arguments = parser.parse_args()
+    if bool(arguments.recording) != (arguments.by in ("recorder", "replay")):
+        parser.error("--recording is for recorder and replay, and they need it")
     refused = arguments.watch and tracing_refused()
     arguments.watch = arguments.watch and not refused
     clear(arguments.folder)
@@ -81,8 +94,12 @@ def tour(arguments, log):
     trace = os.path.join(os.path.abspath(folder), TRACE)
     program = os.path.abspath(arguments.program)
     command = watch.command(trace, program) if arguments.watch else [program]
+    more = {"recording": arguments.recording} if arguments.recording else {}
     with Desktop(log), tempfile.TemporaryDirectory() as work:
-        driver = USERS[arguments.by](command, work, folder, arguments.timeout, log)
+        if arguments.wine:
+            wine.prepare(arguments.wine, log)
+            command = wine.command(arguments.wine, "wine", program)
+        driver = USERS[arguments.by](command, work, folder, arguments.timeout, log, **more)
         try:
             driver.wait_screen(MENU)
             driver.move_window()
@@ -100,6 +117,8 @@ def tour(arguments, log):
             for name in os.listdir(work):
                 shutil.copy(os.path.join(work, name), folder)
         check_files(work)
+        if arguments.like:
+            check_same(work, arguments.like)
         if arguments.watch:
             check_calls(trace, work)
     if arguments.pictures == "renew":
@@ -116,6 +135,15 @@ def check_files(work):
     for _, name, lines in FLOWS:
         with open(os.path.join(work, name), "rb") as file:
             compare(name, file.read(), "".join(line + "\r\n" for line in lines).encode("cp1252"))
+
+
+def check_same(work, other):
+    """Fails unless two folders hold the same data files, byte for byte."""
+    names = sorted(name for _, name, _ in FLOWS)
+    same, *_ = filecmp.cmpfiles(work, other, names, shallow=False)
+    if same != names:
+        raise TourError(f"{sorted(set(names) - set(same))} are not the same in {other}")
+    print(f"All {len(names)} data files are, byte for byte, those in {other}.")
 
 
 def check_calls(trace, work):

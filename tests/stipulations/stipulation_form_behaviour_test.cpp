@@ -1,6 +1,8 @@
 #include "stipulations/stipulation_test.h"
 
 #include <QAccessible>
+#include <QApplication>
+#include <QScrollArea>
 #include <QScrollBar>
 #include <QSet>
 #include <QStyleOptionSlider>
@@ -30,6 +32,27 @@ protected:
             ->subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider, &bar())
             .center();
     }
+};
+
+/// Letters smaller than those that the form was drawn with, as some desktops have them.
+class SmallLetters
+{
+protected:
+    SmallLetters()
+    {
+        QFont font = m_usual;
+        font.setPointSize(7);
+        QApplication::setFont(font);
+    }
+    ~SmallLetters() { QApplication::setFont(m_usual); }
+    Q_DISABLE_COPY_MOVE(SmallLetters)
+
+private:
+    QFont m_usual = QApplication::font();
+};
+
+class SmallStipulationForm : private SmallLetters, public StipulationTest
+{
 };
 
 struct Risk
@@ -250,6 +273,14 @@ TEST_F(StipulationFormBehaviour, ItsWindowHasTheSizeOfTheOthersAndFitsASmallScre
     // What a title bar and a panel leave of 1366 x 768.
     EXPECT_LE(menu.width(), 1366);
     EXPECT_LE(menu.height(), 768 - 70);
+}
+
+TEST_F(SmallStipulationForm, StillHasRoomForAllItsRows)
+{
+    open({});
+    createNew();
+    const auto *pane = screen("Form3").findChild<QScrollArea *>();
+    EXPECT_GE(pane->viewport()->height(), pane->widget()->sizeHint().height());
 }
 
 } // namespace

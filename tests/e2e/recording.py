@@ -1,0 +1,81 @@
+"""What a user without a mouse does, written down so that it can be done again without looking.
+
+A recording is a list of entries in the order in which they happened, kept as JSON:
+
+    ["keys", KEY...]         keys pressed one after the other
+    ["text", TEXT]           text typed
+    ["copy", TEXT]           text put on the clipboard, for the keys that paste it
+    ["list", "open", NAME]   a list has opened, worth a picture if there is a name
+    ["list", "closed"]       it is gone again
+    ["screen", HEADING, N]   a screen has come up, or is there still: the Nth of all that came up
+    ["box", TITLE, TEXT]     a message box has come up
+    ["picture", NAME]        a moment worth a picture
+    ["end"]                  the program has ended
+"""
+
+import json
+
+from keyboard import Keyboard
+from program import BOX_TITLE, SCREEN_TITLE
+
+
+class Recorder(Keyboard):
+    """A user without a mouse who writes down what they do and what comes of it."""
+
+    def __init__(self, *arguments, recording):
+        super().__init__(*arguments)
+        self._recording = recording
+        self._entries = []
+        self._list_picture = []  # the name of the one wanted of the list that opens next, if any
+        self._screens = []  # by their windows, in the order in which they came up
+
+    def wait_screen(self, heading):
+        stops = super().wait_screen(heading)
+        window, = self._windows(SCREEN_TITLE)
+        if window not in self._screens:
+            self._screens.append(window)
+        self._note("screen", heading, self._screens.index(window) + 1)
+        return stops
+
+    def wait_box(self, text, title=BOX_TITLE):
+        super().wait_box(text, title)
+        self._note("box", title, text)
+
+    def wait_end(self):
+        super().wait_end()
+        self._note("end")
+        with open(self._recording, "w", encoding="utf-8") as file:
+            file.write("[\n" + ",\n".join(map(json.dumps, self._entries)) + "\n]\n")
+
+    def picture(self, name):
+        self._note("picture", name)
+
+    def type(self, name, text):
+        self._note("text", text)
+        super().type(name, text)
+
+    def paste(self, name, text):
+        self._note("copy", text)
+        super().paste(name, text)
+
+    def keys(self, *keys):
+        self._note("keys", *keys)
+        super().keys(*keys)
+
+    def choose(self, name, item, picture=None):
+        self._list_picture = [picture] if picture else []
+        super().choose(name, item)
+
+    def _open_item(self, name, item):
+        found = super()._open_item(name, item)
+        if found and self._entries[-1][0] != "list":
+            self._note("list", "open", *self._list_picture)
+            self._list_picture = []
+        return found
+
+    def _wait_closed(self, name):
+        super()._wait_closed(name)
+        self._note("list", "closed")
+
+    def _note(self, *entry):
+        self._entries.append(list(entry))

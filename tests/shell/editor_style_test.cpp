@@ -1,0 +1,25 @@
+#include "shell/editor_style.h"
+
+#include <QPalette>
+
+#include <gtest/gtest.h>
+
+namespace tarvold::testing {
+
+TEST(EditorStyle, WhatIsChosenLooksTheSameInAListThatIsNotInUse)
+{
+    QPalette palette;
+    palette.setColor(QPalette::Active, QPalette::Highlight, QColor(0, 0x54, 0x90));
+    palette.setColor(QPalette::Active, QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::Inactive, QPalette::Highlight, QColor(0xF0, 0xF0, 0xF0));
+    palette.setColor(QPalette::Inactive, QPalette::HighlightedText, Qt::black);
+
+    EditorStyle().polish(palette);
+
+    for (const auto role : {QPalette::Highlight, QPalette::HighlightedText}) {
+        EXPECT_EQ(palette.color(QPalette::Inactive, role), palette.color(QPalette::Active, role));
+    }
+    EXPECT_EQ(palette.color(QPalette::Active, QPalette::Highlight), QColor(0, 0x54, 0x90));
+}
+
+} // namespace tarvold::testing

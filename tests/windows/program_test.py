@@ -1,0 +1,123 @@
+#!/usr/bin/env python3
+"""Looks whether the program for Windows is the one file that it should be.
+
+    program_test.py PROGRAM VERSION OBJDUMP
+
+Reads the program itself, for what compiler and linker were asked for says little.
+"""
+
+import os
+import re
+import struct
+import subprocess
+import sys
+import unittest
+
+MOST_BYTES = 20 * 2 ** 20
+
+# What comes with Windows 10 and later. No runtime library of the compiler, and no toolkit.
+OF_WINDOWS = {
+    "advapi32", "authz", "comdlg32", "d2d1", "d3d11", "d3d9", "dwmapi", "dwrite", "dxgi", "gdi32",
+    "imm32", "kernel32", "mpr", "msvcrt", "netapi32", "ole32", "oleaut32", "rpcrt4", "setupapi",
+    "shcore", "shell32", "shlwapi", "user32", "userenv", "uxtheme", "version", "winmm", "ws2_32",
+    "wtsapi32",
+}
+PARTS_OF_WINDOWS = "api-ms-win-core-"  # names that stand for some of those
+
+# A program that Windows loads at a random address of 64 bits, and whose data it never runs.
+CHARACTERISTICS = {"HIGH_ENTROPY_VA", "DYNAMIC_BASE", "NX_COMPAT"}
+
+ICONS, ICON, VERSION, MANIFEST = 14, 3, 16, 24  # the numbers that Windows gives kinds of resources
+RESOURCE_DIRECTORY = struct.Struct("<12x2H")
+RESOURCE_ENTRY = struct.Struct("<2I")
+IS_DIRECTORY = 1 << 31
+FIXED_VERSION_MARK = struct.pack("<I", 0xFEEF04BD)
+FIXED_VERSION = struct.Struct("<8x4H")  # behind the mark's layout version: file, minor part first
+
+
+class WindowsProgram(unittest.TestCase):
+    program = version = objdump = ""
+
+    @classmethod
+    def setUpClass(cls):
+        cls.headers = cls.read("-p")
+        cls.sections = {row[1]: row for row in map(str.split, cls.read("-h").splitlines())
+                        if len(row) == 7}
+        _, _, size, _, _, start, _ = cls.sections.get(".rsrc", "0" * 7)
+        with open(cls.program, "rb") as file:
+            file.seek(int(start, 16))
+            cls.resources = file.read(int(size, 16))
+
+    @classmethod
+    def read(cls, what):
+        return subprocess.run([cls.objdump, what, cls.program], check=True, capture_output=True,
+                              text=True).stdout
+
+    def test_is_small(self):
+        self.assertLessEqual(os.path.getsize(self.program), MOST_BYTES)
+
+    def test_needs_nothing_that_windows_does_not_have(self):
+        names = re.findall(r"DLL Name: (\S+)\.(?:dll|drv)$", self.headers, re.MULTILINE | re.I)
+        self.assertIn("kernel32", [name.lower() for name in names])
+        self.assertEqual(len(names), self.headers.count("DLL Name:"))
+        others = {name.lower() for name in names} - OF_WINDOWS
+        self.assertEqual([name for name in others if not name.startswith(PARTS_OF_WINDOWS)], [])
+
+    def test_is_for_64_bits(self):
+        self.assertEqual(re.search(r"file format (\S+)", self.headers)[1], "pei-x86-64")
+
+    def test_opens_no_console(self):
+        self.assertEqual(re.search(r"^Subsystem\s+\w+\s+\((.*)\)", self.headers, re.MULTILINE)[1],
+                         "Windows GUI")
+
+    def test_is_hard_to_exploit(self):
+        flags = re.search(r"DllCharacteristics\s+\w+\n((?:\t+\w+\n)*)", self.headers)[1]
+        self.assertLessEqual(CHARACTERISTICS, set(flags.split()))
+
+    def test_can_be_moved_to_a_random_address(self):
+        self.assertEqual(re.findall("relocations stripped", self.headers), [])
+        self.assertIn(".reloc", self.sections)
+
+    def test_has_an_icon_in_several_sizes(self):
+        self.assertEqual(len(self.resources_of(ICONS)), 1)
+        self.assertGreaterEqual(len(self.resources_of(ICON)), 4)
+
+    def test_says_how_it_wants_to_be_run(self):
+        self.assertEqual(len(self.resources_of(MANIFEST)), 1)
+        self.assertTrue(b"PerMonitorV2" in self.resources)
+        # The system's own code page is wanted for the text in files.
+        self.assertFalse(b"<activeCodePage" in self.resources)
+
+    def test_tells_its_version(self):
+        self.assertEqual(len(self.resources_of(VERSION)), 1)
+        wanted = [*map(int, self.version.split(".")), 0]
+        minor, major, build, patch = FIXED_VERSION.unpack_from(
+            self.resources, self.resources.index(FIXED_VERSION_MARK))
+        self.assertEqual([major, minor, patch, build], wanted)
+        for name in ("FileVersion", "ProductVersion"):
+            self.assertTrue(self.text_of_version(name).startswith(self.version), name)
+        self.assertEqual(self.text_of_version("ProductName"), "Tarvold Data Editor")
+
+    def text_of_version(self, name):
+        key = name.encode("utf-16-le") + b"\0\0"
+        start = self.resources.index(key) + len(key)
+        start += start % 4  # values stand at multiples of four bytes
+        return self.resources[start:].decode("utf-16-le", "replace").lstrip("\0").split("\0")[0]
+
+    def resources_of(self, kind):
+        """The places of all resources of a kind, in the tree that the section starts with."""
+        kinds = dict(self.entries(0)) if self.resources else {}
+        return list(self.entries(kinds[kind] & ~IS_DIRECTORY)) if kind in kinds else []
+
+    def entries(self, start):
+        named, numbered = RESOURCE_DIRECTORY.unpack_from(self.resources, start)
+        for index in range(named + numbered):
+            yield RESOURCE_ENTRY.unpack_from(
+                self.resources, start + RESOURCE_DIRECTORY.size + index * RESOURCE_ENTRY.size)
+
+
+if __name__ == "__main__":
+    WindowsProgram.objdump = sys.argv.pop()
+    WindowsProgram.version = sys.argv.pop()
+    WindowsProgram.program = sys.argv.pop()
+    unittest.main()

@@ -13,7 +13,7 @@ import subprocess
 import sys
 import unittest
 
-MOST_BYTES = 20 * 2 ** 20
+MOST_BYTES = 20_000_000
 
 # What comes with Windows 10 and later. No runtime library of the compiler, and no toolkit.
 OF_WINDOWS = {

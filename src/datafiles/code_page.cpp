@@ -33,22 +33,17 @@ std::optional<char32_t> together(char32_t letter, char32_t mark)
     return formed.size() == 1 ? std::optional(formed.front()) : std::nullopt;
 }
 
-/// Whether a letter and its mark are to be taken as the one character that they form. Not where the
-/// code page has the mark and lacks that character, as that of Vietnamese does.
-bool isTakenFor(char32_t one, char32_t mark)
-{
-    return bytesOf(one).has_value() || !bytesOf(mark).has_value();
-}
-
 /// The code points of a text, with each letter and its combining mark made one where there is such
-/// a character. Everything else stays: a full composition would also replace look-alikes.
+/// a character and the code page lacks the mark. Where it has the mark, as those of Vietnamese and
+/// of UTF-8 do, both may stand in a file, and stay. Everything else stays, too: a full composition
+/// would also replace look-alikes.
 QList<char32_t> composed(const QString &text)
 {
     QList<char32_t> characters;
     for (const char32_t character : codePointsOf(text)) {
         const bool followsLetter = QChar::isMark(character) && !characters.isEmpty();
         const auto one = followsLetter ? together(characters.back(), character) : std::nullopt;
-        if (one && isTakenFor(*one, character)) {
+        if (one && !bytesOf(character)) {
             characters.back() = *one;
         } else {
             characters.append(character);

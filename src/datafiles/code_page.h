@@ -20,7 +20,7 @@ struct Encoded
 };
 
 /// Encodes a text for a data file. Letters typed as a base letter and a combining mark are taken as
-/// the one character that they form.
+/// the one character that they form, unless the code page has the mark.
 Encoded encode(const QString &text);
 
 /// Decodes bytes from a data file. encode() gives the same bytes again.

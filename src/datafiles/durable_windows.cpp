@@ -217,62 +217,10 @@ std::optional<qint64> readAt(int handle, qint64 place, char *bytes, qint64 size)
     return count;
 }
 
-bool reserve(int /*handle*/, qint64 /*offset*/, qint64 /*count*/)
-{
-    // To set how much a file takes on the disk cuts off what another program writes behind that in
-    // the same moment. A write finds room for all of its bytes here before it writes any.
-    return true;
-}
-
 bool removeFile(const QString &path)
 {
     const std::optional<QString> real = realPathOf(path);
     return real && ::DeleteFileW(nativePath(*real).c_str()) != FALSE;
-}
-
-std::optional<QString> writeAndSync(QFileDevice &file, QByteArrayView bytes, qint64 *written)
-{
-    constexpr qsizetype kMost = 1'073'741'824;
-    while (!bytes.isEmpty()) {
-        OVERLAPPED atTheEnd = {};
-        atTheEnd.Offset = atTheEnd.OffsetHigh = 0xFFFFFFFF; // wherever that is by then
-        const auto wanted = DWORD(std::min(kMost, bytes.size()));
-        DWORD count = 0;
-        if (::WriteFile(handleOf(file.handle()), bytes.data(), wanted, &count, &atTheEnd) ==
-            FALSE) {
-            return qt_error_string();
-        }
-        if (written != nullptr) {
-            *written += count;
-        }
-        bytes = bytes.sliced(count);
-    }
-    return syncFile(file.handle()) ? std::nullopt : std::optional(qt_error_string());
-}
-
-void preferLargePages(QByteArray & /*bytes*/)
-{
-    // Only those who have a right of their own may ask for them here.
-}
-
-bool syncFile(int handle)
-{
-    if (::FlushFileBuffers(handleOf(handle)) != FALSE) {
-        return true;
-    }
-    if (!isDenied()) {
-        return false;
-    }
-    // Opened for reading: only who may write may sync.
-    constexpr DWORD kShared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-    const SystemHandle writable(::ReOpenFile(handleOf(handle), GENERIC_WRITE, kShared, 0));
-    return writable && ::FlushFileBuffers(writable.get()) != FALSE;
-}
-
-bool syncFolderOf(const QString & /*path*/)
-{
-    // To sync a file takes its entry along, and folders cannot be synced by themselves.
-    return true;
 }
 
 } // namespace tarvold::durable

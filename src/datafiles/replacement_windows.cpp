@@ -12,8 +12,6 @@
 namespace tarvold::durable {
 namespace {
 
-constexpr DWORD kShared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-
 /// Who may do what with an open file, as the system keeps it. Empty where it keeps none.
 std::vector<char> rightsOf(HANDLE handle)
 {

@@ -68,7 +68,6 @@ bool isDevice(const std::wstring &path)
 
 SystemHandle openShared(const QString &path, DWORD access, DWORD disposition)
 {
-    constexpr DWORD kShared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
     const std::wstring native = nativePath(path);
     if (native.empty()) {
         return SystemHandle(INVALID_HANDLE_VALUE);

@@ -10,6 +10,9 @@
 /// Files as Windows itself knows them, for those parts of the file layer that call it.
 namespace tarvold::durable {
 
+/// Lets other programs do anything with a file that is open here.
+inline constexpr DWORD kShared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
 /// Owns what the system calls a handle.
 class SystemHandle
 {

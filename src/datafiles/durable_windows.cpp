@@ -1,4 +1,5 @@
 #include "datafiles/durable.h"
+#include "datafiles/lock_gap.h"
 #include "datafiles/windows_file.h"
 
 #include <QFile>
@@ -156,9 +157,11 @@ bool takeLock(int handle)
     constexpr DWORD kBehindAllBytes = 256; // in units of 4 GB
     OVERLAPPED place = {};
     place.OffsetHigh = kBehindAllBytes;
-    return ::LockFileEx(handleOf(handle), LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1,
-                        0, &place) != FALSE ||
-           ::GetLastError() != ERROR_LOCK_VIOLATION;
+    const bool isLocked =
+        ::LockFileEx(handleOf(handle), LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0,
+                     &place) != FALSE ||
+        ::GetLastError() != ERROR_LOCK_VIOLATION;
+    return isLocked && !LockGap::isIn(handleOf(handle));
 }
 
 std::optional<bool> areSame(int one, int other)

@@ -1,4 +1,5 @@
 #include "datafiles/durable.h"
+#include "datafiles/lock_gap.h"
 #include "datafiles/replacement.h"
 #include "datafiles/windows_file.h"
 
@@ -173,7 +174,9 @@ std::optional<Replacement::Failure> Replacement::takeName(QFile &old)
     HANDLE const handle = handleOf(m_parts->file.handle());
     m_parts->hasName = rename(handle, m_parts->path, true);
     if (!m_parts->hasName && isUnknownCall()) {
-        // Without its lock, but if another copy of this program opens it now, this fails.
+        // If another copy of this program has it open now, this fails; what it might do before, the
+        // gap keeps it from.
+        const LockGap gap(handleOf(old.handle()));
         old.close();
         m_parts->hasName = rename(handle, m_parts->path, false);
     }

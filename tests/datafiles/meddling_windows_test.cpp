@@ -4,6 +4,7 @@
 #include "datafiles/append.h"
 #include "datafiles/rewrite.h"
 #include "support/folder_test.h"
+#include "support/system_call.h"
 #include "support/windows_program.h"
 
 #include <functional>
@@ -22,11 +23,28 @@ BOOL WINAPI meddleAndSync(HANDLE /*file*/)
     return TRUE;
 }
 
+/// What a copy of the program does before a file takes the name of one that must not be open.
+std::function<void()> beforeRename;
+
+BOOL WINAPI meddleAndSet(HANDLE file, FILE_INFO_BY_HANDLE_CLASS what, LPVOID info, DWORD size)
+{
+    static const auto set =
+        tarvold::testing::systemCall<decltype(&meddleAndSet)>("SetFileInformationByHandle");
+    const auto meddle =
+        what == FileRenameInfo ? std::exchange(beforeRename, nullptr) : std::function<void()>();
+    if (meddle) {
+        meddle();
+    }
+    return set(file, what, info, size);
+}
+
 } // namespace
 
-// Where the calls of that function go; else the system's library puts its address here.
+// Where the calls of these functions go; else the system's library puts its addresses here.
 extern "C" BOOL(WINAPI *__imp_FlushFileBuffers)(HANDLE);
 BOOL(WINAPI *__imp_FlushFileBuffers)(HANDLE) = meddleAndSync;
+extern "C" decltype(&meddleAndSet) __imp_SetFileInformationByHandle;
+decltype(&meddleAndSet) __imp_SetFileInformationByHandle = meddleAndSet;
 
 namespace tarvold::testing {
 namespace {
@@ -103,6 +121,20 @@ TEST_F(Meddling, AFileThatChangesDuringARewriteStays)
     EXPECT_TRUE(error->outdated);
     EXPECT_EQ(bytesIn(kFile), kTheirs);
     EXPECT_EQ(folderContent(), "data.tvd");
+}
+
+TEST_F(Meddling, ACopyThatComesBeforeTheNewFileHasTheNameLosesNoRecord)
+{
+    std::optional<FileError> refusal;
+    beforeRename = [&refusal] { refusal = appendToFile(kFile, kTheirs); };
+    EXPECT_FALSE(rewriteFile(kFile, kNew, kOld));
+    EXPECT_EQ(bytesIn(kFile), kNew);
+    if (std::exchange(beforeRename, nullptr)) {
+        GTEST_SKIP() << "this system replaces open files, so that the lock is kept all the time";
+    }
+    ASSERT_TRUE(refusal);
+    EXPECT_EQ(refusal->cause, QStringLiteral("Another program is writing to it."));
+    EXPECT_TRUE(refusal->unchanged);
 }
 
 TEST_F(Meddling, AFileThatIsRemovedDuringARewriteIsMadeAnew)

@@ -24,11 +24,34 @@ std::vector<char> rightsOf(HANDLE handle)
     return isKnown ? rights : std::vector<char>();
 }
 
-/// Gives a new file the rights of the old one. Most have them from their folder already.
+/// Whether somebody gave a file rights of its own; most have those of their folder.
+bool areOwn(std::vector<char> &rights)
+{
+    SECURITY_DESCRIPTOR_CONTROL control = 0;
+    DWORD revision = 0;
+    BOOL isThere = FALSE;
+    BOOL isDefault = FALSE;
+    PACL list = nullptr;
+    if (rights.empty() ||
+        ::GetSecurityDescriptorControl(rights.data(), &control, &revision) == FALSE ||
+        ::GetSecurityDescriptorDacl(rights.data(), &isThere, &list, &isDefault) == FALSE) {
+        return false;
+    }
+    bool isOwn = (control & SE_DACL_PROTECTED) != 0 || (isThere != FALSE && list == nullptr);
+    for (DWORD entry = 0; list != nullptr && entry < list->AceCount; ++entry) {
+        void *found = nullptr;
+        isOwn = isOwn || (::GetAce(list, entry, &found) != FALSE &&
+                          (static_cast<ACE_HEADER *>(found)->AceFlags & INHERITED_ACE) == 0);
+    }
+    return isOwn;
+}
+
+/// Gives a new file the rights of the old one that it has not from its folder. To set any takes
+/// more rights than to write, on a share above all.
 bool takeRights(const SystemHandle &from, HANDLE to)
 {
     std::vector<char> rights = rightsOf(from.get());
-    if (rights == rightsOf(to)) {
+    if (!areOwn(rights) || rights == rightsOf(to)) {
         return true;
     }
     const SystemHandle owned(::ReOpenFile(to, WRITE_DAC, kShared, 0));

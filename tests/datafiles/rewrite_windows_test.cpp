@@ -2,11 +2,31 @@
 
 #include "datafiles/rewrite.h"
 #include "support/folder_test.h"
+#include "support/system_call.h"
 #include "support/windows_program.h"
 
 #include <chrono>
 #include <memory>
+#include <sddl.h>
 #include <thread>
+
+namespace {
+
+FILETIME creationAskedFor = {}; ///< which not all file systems keep
+
+BOOL WINAPI noteTime(HANDLE file, const FILETIME *created, const FILETIME *read,
+                     const FILETIME *written)
+{
+    static const auto set = tarvold::testing::systemCall<decltype(&noteTime)>("SetFileTime");
+    creationAskedFor = created != nullptr ? *created : FILETIME{};
+    return set(file, created, read, written);
+}
+
+} // namespace
+
+// Where the calls of that function go; else the system's library puts its address here.
+extern "C" decltype(&noteTime) __imp_SetFileTime;
+decltype(&noteTime) __imp_SetFileTime = noteTime;
 
 namespace tarvold::testing {
 namespace {
@@ -68,11 +88,12 @@ TEST_F(Rewrite, SeesWhatTheProgramThatItWaitsForWrites)
 TEST_F(Rewrite, LetsAProgramThatSharesAllReadTheOldFileToItsEnd)
 {
     put(kFile, "old");
-    const OtherProgram other(kFile, kSharesAll);
+    OtherProgram other(kFile, kSharesAll);
     const auto error = rewriteFile(kFile, "new");
-    if (error) { // file systems that replace no open file
+    EXPECT_EQ(other.read(), "old");
+    if (error) {
         expectRefused(error, QStringLiteral("Another program has it open."));
-        return;
+        GTEST_SKIP() << "this system replaces no open file, so the rewrite was refused";
     }
     EXPECT_EQ(bytesIn(kFile), "new");
 }
@@ -103,6 +124,43 @@ TEST_F(Rewrite, KeepsTheAttributesOfTheFile)
     }
     EXPECT_FALSE(rewriteFile(kFile, "new"));
     EXPECT_TRUE(attributesOf(kFile) & FILE_ATTRIBUTE_HIDDEN);
+}
+
+/// Who may do what with a file, as the system keeps it.
+QByteArray rightsOf(const QString &file)
+{
+    DWORD size = 0;
+    ::GetFileSecurityW(nativeName(file).c_str(), DACL_SECURITY_INFORMATION, nullptr, 0, &size);
+    QByteArray rights(size, '\0');
+    EXPECT_TRUE(::GetFileSecurityW(nativeName(file).c_str(), DACL_SECURITY_INFORMATION,
+                                   rights.data(), size, &size));
+    return rights;
+}
+
+TEST_F(Rewrite, KeepsTheRightsThatTheFileWasGiven)
+{
+    put(kFile, "old");
+    const QByteArray ofTheFolder = rightsOf(kFile);
+    PSECURITY_DESCRIPTOR everybodys = nullptr;
+    ASSERT_TRUE(::ConvertStringSecurityDescriptorToSecurityDescriptorW(
+        L"D:P(A;;FA;;;WD)", SDDL_REVISION_1, &everybodys, nullptr));
+    EXPECT_TRUE(
+        ::SetFileSecurityW(nativeName(kFile).c_str(), DACL_SECURITY_INFORMATION, everybodys));
+    ::LocalFree(everybodys);
+    const QByteArray given = rightsOf(kFile);
+    ASSERT_NE(given, ofTheFolder);
+    EXPECT_FALSE(rewriteFile(kFile, "new"));
+    EXPECT_EQ(rightsOf(kFile), given);
+}
+
+TEST_F(Rewrite, AsksForTheOldTimeOfCreation)
+{
+    put(kFile, "old");
+    WIN32_FILE_ATTRIBUTE_DATA before = {};
+    ASSERT_TRUE(::GetFileAttributesExW(nativeName(kFile).c_str(), GetFileExInfoStandard, &before));
+    creationAskedFor = {};
+    EXPECT_FALSE(rewriteFile(kFile, "new"));
+    EXPECT_EQ(::CompareFileTime(&creationAskedFor, &before.ftCreationTime), 0);
 }
 
 TEST_F(Rewrite, KeepsTheNameAsItWasWritten)

@@ -37,6 +37,17 @@ public:
         EXPECT_TRUE(::LockFileEx(m_handle, LOCKFILE_EXCLUSIVE_LOCK, 0, 1, 0, &place));
     }
 
+    /// The first bytes of the file, as many as a test writes.
+    QByteArray read()
+    {
+        constexpr DWORD kMost = 100;
+        QByteArray bytes(kMost, '\0');
+        OVERLAPPED place = {};
+        DWORD count = 0;
+        EXPECT_TRUE(::ReadFile(m_handle, bytes.data(), kMost, &count, &place));
+        return bytes.first(count);
+    }
+
     /// Writes at the beginning of the file.
     void write(const QByteArray &bytes)
     {

@@ -85,7 +85,7 @@ bool isDenied()
 QString causeOf(const QFileDevice &file)
 {
     // The toolkit knows only the few causes that the C library tells apart.
-    const unsigned long code = _doserrno;
+    const unsigned long code = file.error() == QFileDevice::ReadError ? _doserrno : 0;
     return code != 0 ? qt_error_string(int(code)) : file.errorString();
 }
 
@@ -126,12 +126,13 @@ std::optional<QString> openOrdinary(QFile &file, const QString &path,
     const bool appends = mode == QIODeviceBase::Append;
     const DWORD access = appends ? GENERIC_WRITE : GENERIC_READ;
     SystemHandle handle = openShared(path, access);
-    const bool wasMissing = !handle && isMissing();
-    if (wasMissing && appends) {
+    bool isNew = false;
+    if (!handle && isMissing() && appends) {
         handle = openShared(path, access, OPEN_ALWAYS);
+        isNew = handle && ::GetLastError() != ERROR_ALREADY_EXISTS;
     }
     if (created != nullptr) {
-        *created = wasMissing;
+        *created = isNew;
     }
     if (!handle) {
         return causeOfRefusal(path);
@@ -148,6 +149,7 @@ std::optional<QString> openOrdinary(QFile &file, const QString &path,
         close(descriptor);
         return file.errorString();
     }
+    _doserrno = 0; // for causeOf(), as nothing else sets it back
     return std::nullopt;
 }
 

@@ -120,11 +120,10 @@ bool isUnknownCall()
     }
 }
 
-/// Whether the system's error code may be gone when another program closes the file.
+/// Whether the system's error code says by itself that another program has the file.
 bool mayPass()
 {
     switch (::GetLastError()) {
-    case ERROR_ACCESS_DENIED:
     case ERROR_SHARING_VIOLATION:
     case ERROR_LOCK_VIOLATION:
     case ERROR_USER_MAPPED_FILE:
@@ -208,8 +207,9 @@ std::optional<Replacement::Failure> Replacement::takeName(QFile &old)
     }
     const bool passes = mayPass();
     const QString cause = causeOfRefusal(m_parts->path);
-    old.close(); // else it would be found open here
-    return Failure{isOpen(m_parts->path) ? heldByAnother() : cause, passes};
+    old.close();                               // else it would be found open here
+    const bool isHeld = isOpen(m_parts->path); // which is also a way to be denied
+    return Failure{isHeld ? heldByAnother() : cause, isHeld || passes};
 }
 
 std::optional<QString> Replacement::syncName()

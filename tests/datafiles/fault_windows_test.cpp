@@ -3,20 +3,16 @@
 #include "datafiles/append.h"
 #include "datafiles/rewrite.h"
 #include "support/folder_test.h"
+#include "support/system_call.h"
 
+#include <chrono>
 #include <optional>
 #include <utility>
 #include <windows.h>
 
 namespace {
 
-/// A call of the system as its library has it.
-template <typename Call>
-Call systemCall(const char *name)
-{
-    const auto address = ::GetProcAddress(::GetModuleHandleW(L"kernel32.dll"), name);
-    return reinterpret_cast<Call>(reinterpret_cast<void *>(address));
-}
+using tarvold::testing::systemCall;
 
 bool isSyncToFail = false;
 std::optional<DWORD> arriving; ///< how much of the next write to a file
@@ -50,13 +46,41 @@ BOOL WINAPI writeOrFail(HANDLE file, LPCVOID bytes, DWORD size, LPDWORD count, L
     return answer;
 }
 
+bool isRenameDenied = false;
+
+BOOL WINAPI setOrFail(HANDLE file, FILE_INFO_BY_HANDLE_CLASS what, LPVOID info, DWORD size)
+{
+    static const auto set = systemCall<decltype(&setOrFail)>("SetFileInformationByHandle");
+    if (what == FileDispositionInfo || !isRenameDenied) {
+        return set(file, what, info, size);
+    }
+    ::SetLastError(ERROR_ACCESS_DENIED);
+    return FALSE;
+}
+
+bool isMadeByAnother = false; ///< the next missing file, in the moment in which it is to be made
+
+HANDLE WINAPI createOrFind(LPCWSTR name, DWORD access, DWORD sharing, LPSECURITY_ATTRIBUTES rights,
+                           DWORD disposition, DWORD flags, HANDLE like)
+{
+    static const auto create = systemCall<decltype(&createOrFind)>("CreateFileW");
+    if (disposition == OPEN_ALWAYS && std::exchange(isMadeByAnother, false)) {
+        ::CloseHandle(create(name, access, sharing, rights, disposition, flags, like));
+    }
+    return create(name, access, sharing, rights, disposition, flags, like);
+}
+
 } // namespace
 
 // Where the calls of these functions go; else the system's library puts its addresses here.
-extern "C" BOOL(WINAPI *__imp_FlushFileBuffers)(HANDLE);
-BOOL(WINAPI *__imp_FlushFileBuffers)(HANDLE) = syncOrFail;
-extern "C" BOOL(WINAPI *__imp_WriteFile)(HANDLE, LPCVOID, DWORD, LPDWORD, LPOVERLAPPED);
-BOOL(WINAPI *__imp_WriteFile)(HANDLE, LPCVOID, DWORD, LPDWORD, LPOVERLAPPED) = writeOrFail;
+extern "C" decltype(&syncOrFail) __imp_FlushFileBuffers;
+decltype(&syncOrFail) __imp_FlushFileBuffers = syncOrFail;
+extern "C" decltype(&writeOrFail) __imp_WriteFile;
+decltype(&writeOrFail) __imp_WriteFile = writeOrFail;
+extern "C" decltype(&setOrFail) __imp_SetFileInformationByHandle;
+decltype(&setOrFail) __imp_SetFileInformationByHandle = setOrFail;
+extern "C" decltype(&createOrFind) __imp_CreateFileW;
+decltype(&createOrFind) __imp_CreateFileW = createOrFind;
 
 namespace tarvold::testing {
 namespace {
@@ -76,8 +100,13 @@ protected:
         arriving.reset();
         answer = FALSE;
         theirs.clear();
+        isRenameDenied = false;
+        isMadeByAnother = false;
     }
-    void TearDown() override { EXPECT_FALSE(isSyncToFail || arriving) << "nothing failed"; }
+    void TearDown() override
+    {
+        EXPECT_FALSE(isSyncToFail || isMadeByAnother || arriving) << "nothing failed";
+    }
 
     static void expectRefused(const std::optional<FileError> &refusal)
     {
@@ -99,6 +128,28 @@ TEST_F(Fault, ANewFileThatCannotBeSyncedIsGoneAgain)
 {
     isSyncToFail = true;
     expectRefused(appendToFile(QStringLiteral("new.tvd"), kNew));
+    EXPECT_EQ(folderContent(), "data.tvd");
+}
+
+TEST_F(Fault, AnEmptyFileThatAnotherProgramJustMadeStays)
+{
+    isMadeByAnother = true;
+    isSyncToFail = true;
+    expectRefused(appendToFile(QStringLiteral("new.tvd"), kNew));
+    EXPECT_EQ(folderContent(), "data.tvd new.tvd");
+    EXPECT_EQ(readBack("new.tvd"), "");
+}
+
+TEST_F(Fault, ARewriteThatMayNotTakeTheNameTellsAtOnce)
+{
+    isRenameDenied = true;
+    const auto start = std::chrono::steady_clock::now();
+    const auto refusal = rewriteFile(kFile, kNew, kOld);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
+    ASSERT_TRUE(refusal);
+    EXPECT_EQ(refusal->cause, qt_error_string(ERROR_ACCESS_DENIED));
+    EXPECT_TRUE(refusal->unchanged);
+    EXPECT_EQ(bytesIn(kFile), kOld);
     EXPECT_EQ(folderContent(), "data.tvd");
 }
 

@@ -37,13 +37,13 @@ std::optional<char32_t> together(char32_t letter, char32_t mark)
 /// a character and the code page lacks the mark. Where it has the mark, as those of Vietnamese and
 /// of UTF-8 do, both may stand in a file, and stay. Everything else stays, too: a full composition
 /// would also replace look-alikes.
-QList<char32_t> composed(const QString &text)
+QList<char32_t> composed(const Page &page, const QString &text)
 {
     QList<char32_t> characters;
     for (const char32_t character : codePointsOf(text)) {
         const bool followsLetter = QChar::isMark(character) && !characters.isEmpty();
         const auto one = followsLetter ? together(characters.back(), character) : std::nullopt;
-        if (one && !bytesOf(character)) {
+        if (one && !page.bytesOf(character)) {
             characters.back() = *one;
         } else {
             characters.append(character);
@@ -54,14 +54,14 @@ QList<char32_t> composed(const QString &text)
 
 } // namespace
 
-Encoded encode(const QString &text)
+Encoded encodeBy(const Page &page, const QString &text)
 {
-    const QList<char32_t> characters = composed(text);
+    const QList<char32_t> characters = composed(page, text);
     Encoded result;
     result.bytes.reserve(text.size());
     std::optional<char32_t> bare;
     for (const char32_t character : characters) {
-        const std::optional<QByteArray> bytes = bytesOf(character);
+        const std::optional<QByteArray> bytes = page.bytesOf(character);
         if (!bytes) {
             return {{}, character};
         }
@@ -71,10 +71,15 @@ Encoded encode(const QString &text)
         result.bytes.append(*bytes);
     }
     // A byte that means nothing by itself may mean something beside others.
-    if (bare && codePointsOf(decode(result.bytes)) != characters) {
+    if (bare && codePointsOf(page.decode(result.bytes)) != characters) {
         return {{}, bare};
     }
     return result;
+}
+
+Encoded encode(const QString &text)
+{
+    return encodeBy({bytesOf, decode}, text);
 }
 
 } // namespace tarvold::codepage

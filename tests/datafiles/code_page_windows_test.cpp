@@ -1,7 +1,7 @@
 // What the ANSI code pages of Windows do to texts and bytes, the odd ones included.
 
 #include "datafiles/ansi_page.h"
-#include "datafiles/code_page.h"
+#include "datafiles/code_page_system.h"
 #include "support/print.h"
 
 #include <gtest/gtest.h>
@@ -19,21 +19,19 @@ QString utf16(const char16_t *text)
     return QString::fromUtf16(text);
 }
 
+Encoded encoded(const AnsiPage &page, const QString &text)
+{
+    return encodeBy({[&page](char32_t character) { return page.bytesOf(character); },
+                     [&page](QByteArrayView bytes) { return page.decode(bytes); }},
+                    text);
+}
+
+/// The bytes of a text, all of whose characters are in the page.
 QByteArray written(const AnsiPage &page, const QString &text)
 {
-    QByteArray bytes;
-    for (qsizetype place = 0; place < text.size(); ++place) {
-        const bool isPair = text.at(place).isHighSurrogate() && place + 1 < text.size() &&
-                            text.at(place + 1).isLowSurrogate();
-        const char32_t character = isPair
-                                       ? QChar::surrogateToUcs4(text.at(place), text.at(place + 1))
-                                       : char32_t(text.at(place).unicode());
-        place += isPair ? 1 : 0;
-        const auto ofOne = page.bytesOf(character);
-        EXPECT_TRUE(ofOne) << std::hex << unsigned(character);
-        bytes += ofOne.value_or(QByteArray());
-    }
-    return bytes;
+    const Encoded all = encoded(page, text);
+    EXPECT_FALSE(all.missing) << std::hex << unsigned(all.missing.value_or(0));
+    return all.bytes;
 }
 
 class AnsiPages : public ::testing::TestWithParam<unsigned>
@@ -113,6 +111,45 @@ TEST(AnsiPage, BytesWithoutMeaningAreKept)
               u'a' + QString(QChar(0xDCFF)) + QChar(0xDCC3) + QStringLiteral("b") + QChar(0xE9));
     EXPECT_EQ(written(utf8, text), "a\xFF\xC3"
                                    "b\xC3\xA9");
+}
+
+TEST(AnsiPage, MarksInAFileStayMarks)
+{
+    const AnsiPage utf8(65001);
+    const AnsiPage vietnamese(1258);
+    EXPECT_EQ(utf8.decode("e\xCC\x81"), utf16(u"e\u0301"));
+    EXPECT_EQ(written(utf8, utf8.decode("e\xCC\x81")), "e\xCC\x81");
+    for (const char *mark : {"\xCC", "\xD2", "\xDE", "\xEC", "\xF2"}) {
+        for (const char *letter : {"a", "e", "\xE2", "\xF5", "\xFD"}) {
+            const QByteArray bytes = QByteArray(letter) + mark;
+            EXPECT_EQ(written(vietnamese, vietnamese.decode(bytes)), bytes);
+        }
+    }
+}
+
+TEST(AnsiPage, MarksThatThePageLacksFormOneCharacter)
+{
+    EXPECT_EQ(written(AnsiPage(1252), utf16(u"e\u0301")), "\xE9");
+    EXPECT_EQ(written(AnsiPage(932), utf16(u"\u304B\u3099")), "\x82\xAA");
+    EXPECT_EQ(encoded(AnsiPage(932), utf16(u"e\u0301")).missing, 0xE9U);
+    EXPECT_EQ(encoded(AnsiPage(1258), utf16(u"c\u030C")).missing, 0x10DU);
+}
+
+TEST(AnsiPage, CharactersOfSeveralBytesAreEncodedAmongOthers)
+{
+    EXPECT_EQ(written(AnsiPage(65001), utf16(u"a\u00E9\U0001F93Cb")), "a\xC3\xA9\xF0\x9F\xA4\xBC"
+                                                                      "b");
+    EXPECT_EQ(written(AnsiPage(932), utf16(u"a\u3042b")), "a\x82\xA0"
+                                                          "b");
+    EXPECT_EQ(encoded(AnsiPage(932), utf16(u"a\u00E9")).missing, 0xE9U);
+}
+
+TEST(AnsiPage, ABareByteIsRefusedWhereItWouldMeanSomethingBesideTheNext)
+{
+    const QString bare = QString(QChar(0xDCC3)) + QChar(0xDCA9);
+    EXPECT_EQ(encoded(AnsiPage(65001), bare).missing, 0xDCC3U);
+    EXPECT_EQ(encoded(AnsiPage(932), QString(QChar(0xDC82)) + QStringLiteral("a")).missing,
+              0xDC82U);
 }
 
 TEST(CodePage, IsThatOfTheSystem)

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <new>
+#include <utility>
 #include <vector>
 
 namespace tarvold::durable {
@@ -150,6 +151,7 @@ struct Replacement::Parts
     QString path;
     QFile file;
     bool hasName = false;
+    bool wasDenied = false; ///< the name, and by no program that has the old file open
 };
 
 Replacement::Replacement(const QString &path) : m_parts(new Parts{.path = path, .file = {}}) {}
@@ -206,10 +208,14 @@ std::optional<Replacement::Failure> Replacement::takeName(QFile &old)
         return std::nullopt;
     }
     const bool passes = mayPass();
+    const bool wasDeniedBefore = std::exchange(m_parts->wasDenied, isDenied());
     const QString cause = causeOfRefusal(m_parts->path);
-    old.close();                               // else it would be found open here
-    const bool isHeld = isOpen(m_parts->path); // which is also a way to be denied
-    return Failure{isHeld ? heldByAnother() : cause, isHeld || passes};
+    old.close(); // else it would be found open here
+    // An open file may be the reason to be denied, and closed by now: only the second time tells.
+    const bool isHeld = isOpen(m_parts->path);
+    m_parts->wasDenied = m_parts->wasDenied && !isHeld;
+    return Failure{isHeld ? heldByAnother() : cause,
+                   isHeld || passes || (m_parts->wasDenied && !wasDeniedBefore)};
 }
 
 std::optional<QString> Replacement::syncName()

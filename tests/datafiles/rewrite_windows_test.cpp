@@ -75,6 +75,8 @@ TEST_F(Rewrite, SeesWhatTheProgramThatItWaitsForWrites)
     std::thread release([&other] {
         std::this_thread::sleep_for(300ms);
         other->write("odd");
+        std::this_thread::sleep_for(
+            100ms); // so that it is surely looked at before it may be replaced
         other.reset();
     });
     const auto error = rewriteFile(kFile, "new", QByteArrayView("old"));

@@ -11,7 +11,6 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto kLockPatience = 2s;
-constexpr auto kLockPause = 100us; // short, to meet the moment between two saves of the other
 
 } // namespace
 
@@ -30,7 +29,7 @@ std::optional<QString> openAlone(QFile &file, const QString &path, QIODeviceBase
         }
         file.close();
         if (!isLocked) {
-            std::this_thread::sleep_for(kLockPause);
+            std::this_thread::sleep_for(lockPause());
         }
     } while (std::chrono::steady_clock::now() < deadline);
     return QStringLiteral("Another program is writing to it.");

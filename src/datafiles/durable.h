@@ -4,6 +4,7 @@
 #include <QIODeviceBase>
 #include <QString>
 
+#include <chrono>
 #include <optional>
 
 class QFile;
@@ -110,6 +111,10 @@ void close(int handle);
                                                QIODeviceBase::OpenModeFlag mode,
                                                bool *created = nullptr);
 
+/// How long to wait before asking again for a lock that another program has: short, to meet the
+/// moment between two of its saves.
+std::chrono::microseconds lockPause();
+
 /// Takes the lock of an open file, which is given back when it is closed. A file system that has no
 /// locks gives it to everybody. `false` when another program has it.
 [[nodiscard]] bool takeLock(int handle);
@@ -124,7 +129,8 @@ void close(int handle);
 /// The size of an open file in bytes. Nothing with the system's error code set on failure.
 [[nodiscard]] std::optional<qint64> sizeOf(int handle);
 
-/// Where the next byte would be read or written in an open file; behind a write that is its end.
+/// Where the next byte would be read or written in an open file; behind a write that is its end, or
+/// the beginning when the end may be of another program's bytes.
 /// Nothing with the system's error code set on failure.
 [[nodiscard]] std::optional<qint64> placeIn(int handle);
 
@@ -138,7 +144,7 @@ void close(int handle);
 [[nodiscard]] bool removeFile(const QString &path);
 
 /// Writes all bytes to an open file and brings them to the disk.
-/// \param written where to add up how many bytes were written
+/// \param written where to add up how many bytes were written, or may have been by a failed call
 /// \return what went wrong, in words; a part of the bytes may be in the file then
 [[nodiscard]] std::optional<QString> writeAndSync(QFileDevice &file, QByteArrayView bytes,
                                                   qint64 *written = nullptr);

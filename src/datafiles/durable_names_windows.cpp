@@ -11,8 +11,7 @@ namespace {
 /// The path of an open file without any links in it. A file system that cannot tell has none.
 std::optional<QString> finalPathOf(HANDLE handle)
 {
-    constexpr std::size_t kLongest = 32768;
-    std::wstring path(kLongest, L'\0');
+    std::wstring path(kLongestPath, L'\0');
     path.resize(::GetFinalPathNameByHandleW(handle, path.data(), DWORD(path.size()),
                                             FILE_NAME_NORMALIZED | VOLUME_NAME_DOS));
     return path.empty() ? std::nullopt : std::optional(QString::fromStdWString(path));

@@ -125,6 +125,11 @@ std::optional<QString> openOrdinary(QFile &file, const QString &path,
     return std::nullopt;
 }
 
+std::chrono::microseconds lockPause()
+{
+    return std::chrono::microseconds(100);
+}
+
 bool takeLock(int handle)
 {
     return ::flock(handle, LOCK_EX | LOCK_NB) == 0 || (errno != EWOULDBLOCK && errno != EINTR);

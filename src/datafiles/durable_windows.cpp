@@ -153,6 +153,11 @@ std::optional<QString> openOrdinary(QFile &file, const QString &path,
     return std::nullopt;
 }
 
+std::chrono::microseconds lockPause()
+{
+    return std::chrono::milliseconds(1); // a shorter one would be none here
+}
+
 bool takeLock(int handle)
 {
     // Such a lock keeps everybody from the bytes in it, so that none that a file has are in it.

@@ -49,10 +49,9 @@ HANDLE handleOf(int descriptor)
 
 std::wstring nativePath(const QString &path)
 {
-    constexpr std::size_t kLongest = 32768;
     constexpr std::size_t kShort = MAX_PATH - 12; // of a folder, whose files have short names too
     const std::wstring name = path.toStdWString();
-    std::wstring full(kLongest, L'\0');
+    std::wstring full(kLongestPath, L'\0');
     full.resize(::GetFullPathNameW(name.c_str(), DWORD(full.size()), full.data(), nullptr));
     if (full.size() < kShort || full.starts_with(LR"(\\?\)") || isDevice(full)) {
         return full;

@@ -13,6 +13,9 @@ namespace tarvold::durable {
 /// Lets other programs do anything with a file that is open here.
 inline constexpr DWORD kShared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
+/// How many characters the longest path has, its end included.
+inline constexpr std::size_t kLongestPath = 32768;
+
 /// Owns what the system calls a handle.
 class SystemHandle
 {

@@ -8,10 +8,13 @@
 #include "stipulations/stipulation_form.h"
 #include "stipulations/stipulation_list.h"
 
+#include <utility>
+
 namespace tarvold {
 
-Editor::Editor()
-    : m_endings(m_screens, endingflow::chain(), endingflow::kLabel)
+Editor::Editor(DoubleClickGuard::Clock clock)
+    : m_guard(std::move(clock))
+    , m_endings(m_screens, endingflow::chain(), endingflow::kLabel)
     , m_segments(m_screens, segmentflow::chain())
 {
     m_screens.declare<Form1>();

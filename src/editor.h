@@ -15,7 +15,8 @@ class Editor : public QObject
 {
     Q_OBJECT
 public:
-    Editor();
+    /// \param clock what the guard against stray presses goes by
+    explicit Editor(DoubleClickGuard::Clock clock = &std::chrono::steady_clock::now);
 
     /// Shows the main menu. No other screen exists yet.
     void start();

@@ -1,9 +1,14 @@
 """Drives the program with mouse and keyboard, and takes pictures of what it shows."""
 
+import time
+
 from program import BOX_TITLE, SCREEN_TITLE, Program
 from things import extents, has, open_list, xdotool
 
 LIST_FRAME = 2  # in pixels, below an opened list
+# In seconds. What the user can't have seen yet the program does not let be pressed, for that would be
+# the second press of a double click; nobody sees and clicks faster.
+TIME_TO_SEE = 0.2
 STEADY = 4  # looks at a thing before it is clicked that must find it in the same place
 
 
@@ -12,9 +17,16 @@ class Driver(Program):
 
     _box_title = BOX_TITLE  # of the message box that came last
 
+    _seen_at = 0.0  # from when on what came last has been seen for long enough
+
+    def wait_screen(self, heading):
+        super().wait_screen(heading)
+        self._look()
+
     def wait_box(self, text, title=BOX_TITLE):
         self._box_title = title
         super().wait_box(text, title)
+        self._look()
 
     def picture(self, name):
         """Saves the front window as it is now, its frame left out."""
@@ -44,7 +56,7 @@ class Driver(Program):
     def choose(self, name, item, picture=None):
         """Opens a list with a click on its arrow and clicks an item. The picture shows it open."""
         box = extents(self._field(name))
-        click_at(box.x + box.width - 10, box.y + box.height // 2)
+        self._click_at(box.x + box.width - 10, box.y + box.height // 2)
         place = self._wait(f'"{item}" in the list of "{name}"', lambda: self._open_item(name, item))
         if picture:
             self._save_picture(picture, "root", self._around(name))
@@ -56,8 +68,8 @@ class Driver(Program):
         """Whether an item of an opened list can be seen; turns the wheel by one when it cannot."""
         item, room = extents(place), extents(open_list(self._field(name)))
         if item.y < room.y or item.y + item.height > room.y + room.height:
-            click_at(room.x + room.width // 2, room.y + room.height // 2,
-                     button="4" if item.y < room.y else "5")
+            self._click_at(room.x + room.width // 2, room.y + room.height // 2,
+                           button="4" if item.y < room.y else "5")
             return False
         return True
 
@@ -67,7 +79,15 @@ class Driver(Program):
         self._wait("the window to stand still", lambda: seen.append(corner(place)) or
                    seen[-STEADY:] == [seen[-1]] * STEADY)
         box = extents(place)
-        click_at(box.x + box.width // 2, box.y + box.height // 2)
+        self._click_at(box.x + box.width // 2, box.y + box.height // 2)
+
+    def _look(self):
+        """The window is painted, for that comes before it is told that the keys go there."""
+        self._seen_at = time.monotonic() + TIME_TO_SEE
+
+    def _click_at(self, x, y, button="1"):
+        time.sleep(max(0, self._seen_at - time.monotonic()))
+        xdotool("mousemove", "--sync", str(x), str(y), "click", button)
 
     def _around(self, name):
         """The part of the display that holds the front window and the opened list of this box."""
@@ -82,7 +102,3 @@ class Driver(Program):
 def corner(place):
     box = extents(place)
     return box.x, box.y
-
-
-def click_at(x, y, button="1"):
-    xdotool("mousemove", "--sync", str(x), str(y), "click", button)

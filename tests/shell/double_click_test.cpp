@@ -8,6 +8,8 @@
 namespace tarvold::testing {
 namespace {
 
+using namespace std::chrono_literals;
+
 const FlowPath *const kFlows[] = {&kNormalPath, &kRunInPath, &kTurnPath, &kInterviewPath,
                                   &kTalkShowPath};
 
@@ -81,6 +83,109 @@ TEST_F(DoubleClick, DoesNotAnswerTheQuestionThatItAsks)
     boxes.checkAllCame();
     EXPECT_TRUE(stayed);
     expectOnly("Form4");
+}
+
+TEST_F(DoubleClick, AnswersAQuestionThatHasBeenSeen)
+{
+    goTo(kNormalPath, "Form4");
+    const QPoint back = placeOf("Form4", "Command1");
+    expectReturnQuestion(Answer::Close); // it is closed already
+    boxes.beforeItsAnswer([&](QMessageBox &box) {
+        box.move(box.pos() + back - mouse::middleOf(*box.button(QMessageBox::Yes)));
+        QCoreApplication::processEvents();
+        mouse::pass(250ms);
+        mouse::clickAgain(back);
+    });
+    mouse::click(back);
+    boxes.checkAllCame();
+    expectOnly("Form1");
+}
+
+TEST_F(DoubleClick, ClicksAQuarterOfASecondApartAllCount)
+{
+    goTo(kRunInPath, "Form4");
+    const QPoint next = placeOf("Form4", "Command2");
+    mouse::click(next);
+    for (const char *screen : {"Form5", "Form6", "Form8"}) {
+        expectOnly(screen);
+        mouse::pass(250ms);
+        mouse::clickAgain(next);
+    }
+    expectOnly("Form9");
+}
+
+TEST_F(DoubleClick, ClicksBackToScreensShownBeforeAllCount)
+{
+    goTo(kRunInPath, "Form8");
+    const QPoint back = placeOf("Form8", "Command1");
+    mouse::click(back);
+    for (const char *screen : {"Form6", "Form5"}) {
+        expectOnly(screen);
+        mouse::pass(250ms);
+        mouse::clickAgain(back);
+    }
+    expectOnly("Form4");
+}
+
+TEST_F(DoubleClick, AHandThatHoldsTheButtonCountsAsFast)
+{
+    goTo(kRunInPath, "Form4");
+    const QPoint next = placeOf("Form4", "Command2");
+    mouse::press(next);
+    for (const char *screen : {"Form5", "Form6", "Form8"}) {
+        mouse::pass(80ms);
+        mouse::release(next);
+        expectOnly(screen);
+        mouse::pass(170ms);
+        mouse::pressAgain(next);
+    }
+    mouse::release(next);
+    expectOnly("Form9");
+}
+
+TEST_F(DoubleClick, ATripleClickGoesOnByOneScreen)
+{
+    goTo(kRunInPath, "Form4");
+    const QPoint next = placeOf("Form4", "Command2");
+    mouse::click(next);
+    for (int more = 0; more < 2; ++more) {
+        mouse::pass(97ms); // with the press and its release that is less than 100
+        mouse::clickAgain(next);
+        expectOnly("Form5");
+    }
+    mouse::pass(10ms); // now it was there for 200
+    mouse::clickAgain(next);
+    expectOnly("Form6");
+}
+
+TEST_F(DoubleClick, APressFromBeforeTheScreenCameDoesNotCountThoughItComesLate)
+{
+    goTo(kRunInPath, "Form4");
+    const QPoint next = placeOf("Form4", "Command2");
+    mouse::click(next);
+    mouse::keepBusy(500ms);
+    mouse::clickAgain(next);
+    mouse::clickAgain(next);
+    expectOnly("Form5");
+    mouse::keepBusy(0ms);
+    mouse::pass(200ms);
+    mouse::clickAgain(next);
+    expectOnly("Form6");
+}
+
+TEST_F(DoubleClick, OnCancelOfTheImportAndThenBackLeavesIt)
+{
+    press("Form1", "Command8");
+    press("Form2", "Command3");
+    const QPoint cancel = placeOf("Form2", "Command9");
+    mouse::click(cancel);
+    expectOnly("Form2");
+    EXPECT_TRUE(control("Form2", "Command1")
+                    .rect()
+                    .contains(control("Form2", "Command1").mapFromGlobal(cancel)));
+    mouse::pass(250ms);
+    mouse::clickAgain(cancel);
+    expectOnly("Form1");
 }
 
 TEST_F(DoubleClick, AThirdPressIsAClickOfItsOwn)

@@ -6,6 +6,7 @@
 #include "support/boxes.h"
 #include "support/events.h"
 #include "support/folder_test.h"
+#include "support/mouse.h"
 
 #include <QLabel>
 #include <QTemporaryDir>
@@ -49,7 +50,7 @@ protected:
 
     QTemporaryDir folder;
     Boxes boxes;
-    Editor editor;
+    Editor editor{&mouse::now};
 
 private:
     QString m_oldFolder;

@@ -14,6 +14,8 @@ namespace {
 /// that are none.
 constexpr int kInterval = 10'000;
 
+std::chrono::milliseconds lateness{0};
+
 /// Who gets an event at a place: an open list or menu wherever it is, else what is in front there.
 QWindow *windowAt(const QPoint &place)
 {
@@ -42,28 +44,68 @@ void send(const QPoint &place, Qt::MouseButton button, QEvent::Type type)
     }
 }
 
-void pressAndRelease(const QPoint &place, Qt::MouseButton button)
+/// A window that has come is first painted, and then known as painted.
+void settle()
 {
-    send(place, button, QEvent::MouseButtonPress);
-    QCoreApplication::processEvents();
-    send(place, button, QEvent::MouseButtonRelease);
-    QCoreApplication::processEvents();
+    constexpr int kRounds = 3;
+    for (int round = 0; round < kRounds; ++round) {
+        QCoreApplication::processEvents();
+    }
 }
 
 } // namespace
 
+std::chrono::steady_clock::time_point now()
+{
+    return std::chrono::steady_clock::time_point(
+        std::chrono::milliseconds(QTest::lastMouseTimestamp) + lateness);
+}
+
+void pass(std::chrono::milliseconds pause)
+{
+    settle();
+    QTest::lastMouseTimestamp += static_cast<int>(pause.count());
+}
+
+void keepBusy(std::chrono::milliseconds late)
+{
+    const int less = static_cast<int>((lateness - late).count());
+    QTest::lastMouseTimestamp += std::max(less, 0); // time never goes back
+    lateness = late;
+}
+
+void press(const QPoint &place, Qt::MouseButton button)
+{
+    pass(std::chrono::milliseconds(2 * kInterval));
+    send(place, button, QEvent::MouseButtonPress);
+    settle();
+}
+
+void pressAgain(const QPoint &place, Qt::MouseButton button)
+{
+    const int before = QApplication::doubleClickInterval();
+    QApplication::setDoubleClickInterval(kInterval);
+    send(place, button, QEvent::MouseButtonPress);
+    QApplication::setDoubleClickInterval(before);
+    settle();
+}
+
+void release(const QPoint &place, Qt::MouseButton button)
+{
+    send(place, button, QEvent::MouseButtonRelease);
+    settle();
+}
+
 void click(const QPoint &place, Qt::MouseButton button)
 {
-    QTest::lastMouseTimestamp += 2 * kInterval;
-    pressAndRelease(place, button);
+    press(place, button);
+    release(place, button);
 }
 
 void clickAgain(const QPoint &place, Qt::MouseButton button)
 {
-    const int before = QApplication::doubleClickInterval();
-    QApplication::setDoubleClickInterval(kInterval);
-    pressAndRelease(place, button);
-    QApplication::setDoubleClickInterval(before);
+    pressAgain(place, button);
+    release(place, button);
 }
 
 void doubleClick(const QPoint &place, Qt::MouseButton button)

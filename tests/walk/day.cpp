@@ -1,5 +1,6 @@
 #include "walk/day.h"
 
+#include "support/mouse.h"
 #include "walk/checks.h"
 #include "walk/trace.h"
 
@@ -63,7 +64,7 @@ Day::~Day()
 void Day::start()
 {
     m_wantsEnd = false;
-    m_editor = std::make_unique<Editor>();
+    m_editor = std::make_unique<Editor>(&mouse::now);
     connect(m_editor.get(), &Editor::exitRequested, this, [this] {
         m_wantsEnd = true;
         if (screen().objectName() != QStringLiteral("Form1")) {

@@ -214,12 +214,28 @@ bool Form3::passesChecks()
     return passed;
 }
 
+std::optional<QByteArrayView> Form3::loadedLine(int number) const
+{
+    const QString position = m_screens.text(kListPosition);
+    if (position == QLatin1StringView(kNew)) {
+        return std::nullopt;
+    }
+    return m_table->line(controls::numericValue(position) + number - 1);
+}
+
+codepage::Encoded Form3::encoded(int number, const QString &text) const
+{
+    const auto loaded = loadedLine(number);
+    const bool isUnchanged = loaded && text == codepage::decode(*loaded);
+    return isUnchanged ? codepage::Encoded{loaded->toByteArray(), {}} : encodeLine(text);
+}
+
 std::optional<StipulationTable::Record> Form3::composed()
 {
     StipulationTable::Record record;
     std::optional<MissingCharacter> missing;
     const auto put = [this, &record, &missing](int line, const char *control, const QString &text) {
-        const codepage::Encoded bytes = encodeLine(text);
+        const codepage::Encoded bytes = encoded(line, text);
         if (bytes.missing && !missing) {
             missing = {this->control(control).accessibleName(), *bytes.missing};
         }

@@ -54,6 +54,11 @@ private:
     bool passesChecks();
     int countDuplicates() const;
     std::optional<QString> qualityLine() const;
+    /// A line of the edited stipulation, as it was loaded; none of a new one.
+    std::optional<QByteArrayView> loadedLine(int number) const;
+    /// A line as bytes. What nobody changed is what was loaded, be it something that no field
+    /// takes.
+    codepage::Encoded encoded(int number, const QString &text) const;
     std::optional<StipulationTable::Record> composed();
 
     Screens &m_screens;

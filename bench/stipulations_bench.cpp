@@ -218,7 +218,7 @@ void edit(benchmark::State &state)
     const StipulationTable::Record record = stipulation(kStipulations / 2);
     for (auto _ : state) {
         const StipulationTable::Snapshot before = table.snapshot();
-        table.replace(*table.find(table.displayText(kMiddle)), record);
+        table.replace(table.find(table.displayText(kMiddle)).back(), record);
         benchmark::DoNotOptimize(before.data());
     }
 }
@@ -233,7 +233,7 @@ void remove(benchmark::State &state)
     }
     for (auto _ : state) {
         StipulationTable::Snapshot before = table.snapshot();
-        table.remove(*table.find(table.displayText(kMiddle)));
+        table.remove(table.find(table.displayText(kMiddle)).back());
         state.PauseTiming();
         table.restore(std::move(before));
         state.ResumeTiming();

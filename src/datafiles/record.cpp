@@ -43,23 +43,14 @@ std::optional<QString> lineOf(Coding coding, const QString &text)
     return text;
 }
 
-/// Encodes a text that was never in a file, so that it has no line break to keep.
-codepage::Encoded encodeNewLine(const QString &text)
+} // namespace
+
+codepage::Encoded encodeLine(const QString &text)
 {
     for (const QChar character : text) {
         if (character == u'\r' || character == u'\n') {
             return {{}, character.unicode()};
         }
-    }
-    return codepage::encode(text);
-}
-
-} // namespace
-
-codepage::Encoded encodeLine(const QString &text)
-{
-    if (text.contains(QLatin1StringView(kLineEnd))) {
-        return {{}, U'\r'};
     }
     return codepage::encode(text);
 }
@@ -73,7 +64,7 @@ ComposedRecord composeRecord(const RecordLayout &layout,
         if (!line) {
             continue;
         }
-        const codepage::Encoded encoded = encodeNewLine(*line);
+        const codepage::Encoded encoded = encodeLine(*line);
         if (encoded.missing) {
             return {{}, MissingCharacter{QLatin1StringView(field.caption), *encoded.missing}};
         }

@@ -49,9 +49,8 @@ struct MissingCharacter
     char32_t character;
 };
 
-/// Encodes the text of one field, which is one line: a line end inside it is refused, as its first
-/// character. No text box lets one in, but what assists a user may put it there. A CR or LF alone
-/// ends no line and is kept, as files may hold one.
+/// Encodes what the user put into one field, which is one line: a CR or LF in it, even one alone,
+/// is refused. No text box lets one in, but assistive technology may put it there.
 codepage::Encoded encodeLine(const QString &text);
 
 /// What composing a record gives: all its bytes, or the character that stopped it.
@@ -61,8 +60,7 @@ struct ComposedRecord
     std::optional<MissingCharacter> missing;
 };
 
-/// Composes a new record for its file, each line ended by CR LF. A CR or LF in a text, even one
-/// alone, is refused as encodeLine() refuses a line end.
+/// Composes a new record for its file, each text encoded by encodeLine() and ended by CR LF.
 /// \param textOf gives the text that a control shows at this moment
 ComposedRecord composeRecord(const RecordLayout &layout,
                              const std::function<QString(ControlRef)> &textOf);

@@ -135,14 +135,14 @@ QByteArray StipulationTable::displayText(int index) const
     return line(index).toByteArray() + kSeparator + line(index + 1).toByteArray();
 }
 
-std::optional<int> StipulationTable::find(const QByteArray &displayText) const
+std::vector<int> StipulationTable::find(const QByteArray &displayText) const
 {
     const auto wanted = displayText.size() - qsizetype(qstrlen(kSeparator));
-    std::optional<int> found;
-    for (int index = 0; index <= lineCount(); index += kLinesPerRecord) {
+    std::vector<int> found;
+    for (int index = 0; index < lineCount(); index += kLinesPerRecord) {
         if (line(index).size() + line(index + 1).size() == wanted &&
             this->displayText(index) == displayText) {
-            found = index;
+            found.push_back(index);
         }
     }
     return found;

@@ -48,9 +48,9 @@ public:
     /// A stipulation's text in the list: match type and name, joined by " / ".
     QByteArray displayText(int index) const;
 
-    /// The index of the stipulation that the list shows as `displayText`, the last one if there are
-    /// several. Like every scan over stipulations it also looks at the place after the last line.
-    std::optional<int> find(const QByteArray &displayText) const;
+    /// The indexes of all stipulations that the list shows as `displayText`, in their order. None
+    /// of them is behind the last line.
+    std::vector<int> find(const QByteArray &displayText) const;
 
     /// What the list shows after loading: every stipulation.
     std::vector<int> allRecords() const;

@@ -1,6 +1,6 @@
 #include "stipulations/stipulation_form.h"
 
-#include "datafiles/code_page.h"
+#include "datafiles/record.h"
 #include "shell/combo_box.h"
 #include "shell/controls.h"
 #include "shell/failures.h"
@@ -14,6 +14,8 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QScrollBar>
+
+#include <ranges>
 
 namespace tarvold {
 namespace {
@@ -33,6 +35,17 @@ constexpr ValueRow kValueRows[] = {
     {"Label9", "Match Draw Value:", &stipulationform::ValueColumn::draw},
     {"Label14", "Match Entertainment Value:", &stipulationform::ValueColumn::entertainment},
 };
+
+/// What the quality combo box shows for a word of the file; nothing for an unknown one.
+const char *qualityItem(QByteArrayView word)
+{
+    for (const stipulationform::QualityWord &quality : stipulationform::kQualities) {
+        if (word == QByteArrayView(quality.word)) {
+            return quality.item;
+        }
+    }
+    return nullptr;
+}
 
 } // namespace
 
@@ -116,21 +129,21 @@ void Form3::showDefaults(const StipulationTable &table)
     }
     showInjuryRisk(QStringLiteral("5"));
     showExclusive(QLatin1StringView(kNo));
-    showQuality(QLatin1StringView(stipulationform::kQualities.front().word));
+    setText("matchquality", QLatin1StringView(stipulationform::kQualities.front().item));
 }
 
-void Form3::showRecord(const StipulationTable &table, int index)
+void Form3::showRecords(const StipulationTable &table, const std::vector<int> &indexes)
 {
     m_table = &table;
-    const auto line = [&table, index](int number) {
-        return codepage::decode(table.line(index + number - 1));
+    const auto line = [&table, last = indexes.back()](int number) {
+        return codepage::decode(table.line(last + number - 1));
     };
     for (const stipulationform::PlainLine &plain : stipulationform::kPlainLines) {
         setText(plain.control, line(plain.line));
     }
     showInjuryRisk(line(8));
     showExclusive(line(17));
-    showQuality(line(18));
+    showQuality(indexes);
 }
 
 void Form3::showInjuryRisk(const QString &line)
@@ -147,11 +160,13 @@ void Form3::showExclusive(const QString &line)
     setText("prominitials", isExclusive ? line : QString());
 }
 
-void Form3::showQuality(const QString &line)
+void Form3::showQuality(const std::vector<int> &indexes)
 {
-    for (const auto &[item, word] : stipulationform::kQualities) {
-        if (line == QLatin1StringView(word)) {
+    // Backwards, to set the box once: a hand-made file may have thousands that look the same.
+    for (const int index : indexes | std::views::reverse) {
+        if (const char *item = qualityItem(m_table->line(index + 17))) {
             setText("matchquality", QLatin1StringView(item));
+            return;
         }
     }
 }
@@ -199,16 +214,32 @@ bool Form3::passesChecks()
     return passed;
 }
 
+std::optional<QByteArrayView> Form3::loadedLine(int number) const
+{
+    const QString position = m_screens.text(kListPosition);
+    if (position == QLatin1StringView(kNew)) {
+        return std::nullopt;
+    }
+    return m_table->line(controls::numericValue(position) + number - 1);
+}
+
+codepage::Encoded Form3::encoded(int number, const QString &text) const
+{
+    const auto loaded = loadedLine(number);
+    const bool isUnchanged = loaded && text == codepage::decode(*loaded);
+    return isUnchanged ? codepage::Encoded{loaded->toByteArray(), {}} : encodeLine(text);
+}
+
 std::optional<StipulationTable::Record> Form3::composed()
 {
     StipulationTable::Record record;
     std::optional<MissingCharacter> missing;
     const auto put = [this, &record, &missing](int line, const char *control, const QString &text) {
-        const codepage::Encoded encoded = encodeLine(text);
-        if (encoded.missing && !missing) {
-            missing = {this->control(control).accessibleName(), *encoded.missing};
+        const codepage::Encoded bytes = encoded(line, text);
+        if (bytes.missing && !missing) {
+            missing = {this->control(control).accessibleName(), *bytes.missing};
         }
-        record.at(std::size_t(line - 1)) = encoded.bytes;
+        record.at(std::size_t(line - 1)) = bytes.bytes;
     };
     for (const stipulationform::PlainLine &plain : stipulationform::kPlainLines) {
         put(plain.line, plain.control, text(plain.control));

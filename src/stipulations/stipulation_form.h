@@ -1,9 +1,11 @@
 #pragma once
 
+#include "datafiles/code_page.h"
 #include "datafiles/stipulation_table.h"
 #include "shell/screen.h"
 
 #include <optional>
+#include <vector>
 
 namespace tarvold {
 
@@ -19,14 +21,20 @@ class Form3 : public Screen
 public:
     static constexpr char kName[] = "Form3";
 
+    /// Stands in the list's `listpos` while a new stipulation is made.
+    static constexpr char kNew[] = "NEW";
+
     explicit Form3(Screens &screens);
 
     /// Shows what a new stipulation starts from.
     /// \param table the stipulations to check against, kept by the caller while the form is open
     void showDefaults(const StipulationTable &table);
 
-    /// Shows the stipulation that starts at an index of the table.
-    void showRecord(const StipulationTable &table, int index);
+    /// Copies the stipulations that start at these indexes of the table into the form, one after
+    /// the other: the last one is shown. Of those before it only the quality can remain, where the
+    /// later ones have none that is known.
+    /// \param indexes one at least
+    void showRecords(const StipulationTable &table, const std::vector<int> &indexes);
 
 signals:
     /// The user wants to save; the record has passed all checks.
@@ -41,11 +49,16 @@ private:
     void addButtons();
     void showInjuryRisk(const QString &line);
     void showExclusive(const QString &line);
-    void showQuality(const QString &line);
+    void showQuality(const std::vector<int> &indexes);
     void save();
     bool passesChecks();
     int countDuplicates() const;
     std::optional<QString> qualityLine() const;
+    /// A line of the edited stipulation, as it was loaded; none of a new one.
+    std::optional<QByteArrayView> loadedLine(int number) const;
+    /// A line as bytes. What nobody changed is what was loaded, be it something that no field
+    /// takes.
+    codepage::Encoded encoded(int number, const QString &text) const;
     std::optional<StipulationTable::Record> composed();
 
     Screens &m_screens;

@@ -23,7 +23,6 @@ namespace tarvold {
 namespace {
 
 constexpr char kTitle[] = "Stipulations Editor";
-constexpr char kNew[] = "NEW"; ///< in `listpos` while a new stipulation is made
 
 } // namespace
 
@@ -127,7 +126,7 @@ Form3 &Form16::form()
 
 void Form16::createNew()
 {
-    setText("listpos", QLatin1StringView(kNew));
+    setText("listpos", QLatin1StringView(Form3::kNew));
     form().showDefaults(m_stipulations);
     form().replace(*this);
 }
@@ -142,11 +141,11 @@ std::optional<QByteArray> Form16::selectedEntry()
     return std::nullopt;
 }
 
-void Form16::locate(const QByteArray &entry)
+std::vector<int> Form16::locate(const QByteArray &entry)
 {
-    if (const auto found = m_stipulations.find(entry)) {
-        setText("listpos", QString::number(*found));
-    }
+    std::vector<int> found = m_stipulations.find(entry);
+    setText("listpos", QString::number(found.back())); // the list shows what the table holds
+    return found;
 }
 
 bool Form16::fitsTheForm()
@@ -174,11 +173,11 @@ void Form16::edit()
     if (!entry) {
         return;
     }
-    locate(*entry);
+    const std::vector<int> found = locate(*entry);
     if (!fitsTheForm()) {
         return;
     }
-    form().showRecord(m_stipulations, listPosition());
+    form().showRecords(m_stipulations, found);
     form().replace(*this);
 }
 
@@ -215,7 +214,7 @@ void Form16::remove()
 void Form16::store(const StipulationTable::Record &record)
 {
     StipulationTable::Snapshot before = m_stipulations.snapshot();
-    if (text("listpos") == QLatin1StringView(kNew)) {
+    if (text("listpos") == QLatin1StringView(Form3::kNew)) {
         m_stipulations.append(record);
     } else {
         m_stipulations.replace(listPosition(), record);

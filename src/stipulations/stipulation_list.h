@@ -39,7 +39,9 @@ private:
     void remove();
     /// The selected entry, as bytes of the file; asks the user to select one when there is none.
     std::optional<QByteArray> selectedEntry();
-    void locate(const QByteArray &entry);
+    /// All stipulations that look like an entry of the list, in their order. The last one is the
+    /// one to edit or delete.
+    std::vector<int> locate(const QByteArray &entry);
     int listPosition() const;
     /// Whether the located stipulation can be shown for editing; tells the user when it cannot.
     bool fitsTheForm();

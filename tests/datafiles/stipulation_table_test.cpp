@@ -63,38 +63,40 @@ TEST_F(StipulationTableTest, ShowsMatchTypeAndNameJoined)
 TEST_F(StipulationTableTest, FindsAStipulationByTheIndexOfItsFirstLine)
 {
     fill(one + two + three);
-    EXPECT_EQ(table.find("Singles / One"), 0);
-    EXPECT_EQ(table.find("Singles / Two"), 19);
-    EXPECT_EQ(table.find("Tag Team / Three"), 38);
+    EXPECT_EQ(table.find("Singles / One"), Indices{0});
+    EXPECT_EQ(table.find("Singles / Two"), Indices{19});
+    EXPECT_EQ(table.find("Tag Team / Three"), Indices{38});
 }
 
 TEST_F(StipulationTableTest, FindsNothingForAnyOtherText)
 {
     fill(one + stipulation("A", "B", {{3, "C"}}));
     for (const char *text : {"Singles / one", "Singles /One", "Singles / One ", "B / C", "", "A"}) {
-        EXPECT_FALSE(table.find(text)) << text;
+        EXPECT_EQ(table.find(text), Indices{}) << text;
     }
 }
 
-TEST_F(StipulationTableTest, FindsTheLastOfSeveralWithTheSameText)
+TEST_F(StipulationTableTest, FindsAllOfSeveralWithTheSameTextInTheirOrder)
 {
     fill(one + two + one + two);
-    EXPECT_EQ(table.find("Singles / One"), 38);
+    EXPECT_EQ(table.find("Singles / One"), (Indices{0, 38}));
 }
 
-TEST_F(StipulationTableTest, FindsTheLastWhenMatchTypesAndNamesHoldTheSeparator)
+TEST_F(StipulationTableTest, FindsAllWhenMatchTypesAndNamesHoldTheSeparator)
 {
     fill(stipulation("a / b", "c") + stipulation("a", "b / c") + one);
-    EXPECT_EQ(table.find("a / b / c"), 19);
+    EXPECT_EQ(table.find("a / b / c"), (Indices{0, 19}));
     table.remove(19);
-    EXPECT_EQ(table.find("a / b / c"), 0);
+    EXPECT_EQ(table.find("a / b / c"), Indices{0});
 }
 
-TEST_F(StipulationTableTest, LooksAtThePlaceAfterTheLastLineToo)
+TEST_F(StipulationTableTest, FindsNothingBehindTheLastLine)
 {
-    EXPECT_EQ(table.find(" / "), 0);
+    EXPECT_EQ(table.find(" / "), Indices{});
+    fill(one);
+    EXPECT_EQ(table.find(" / "), Indices{});
     fill(stipulation("", "") + one);
-    EXPECT_EQ(table.find(" / "), 38);
+    EXPECT_EQ(table.find(" / "), Indices{0});
 }
 
 TEST_F(StipulationTableTest, ListsEveryRecordAfterLoadingAndNamedOnesAfterAChange)

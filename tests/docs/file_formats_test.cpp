@@ -4,6 +4,8 @@
 #include "docs/document_tables.h"
 #include "support/print.h"
 
+#include <QFile>
+
 #include <algorithm>
 #include <gtest/gtest.h>
 
@@ -100,6 +102,25 @@ INSTANTIATE_TEST_SUITE_P(Kind, FileFormatsOf,
                                            LayoutCase{"Interviews", 3, interviewLayout},
                                            LayoutCase{"TalkShows", 4, talkShowLayout}),
                          [](const auto &test) { return std::string(test.param.name); });
+
+/// A box with a list is not filled by ">>" when it is empty, so that a record may lose its first
+/// line by it.
+TEST(FileFormats, TheBoxesThatCanLeaveTheFirstLineEmptyAreNamed)
+{
+    QFile document(QStringLiteral(TARVOLD_FILE_FORMATS));
+    ASSERT_TRUE(document.open(QIODevice::ReadOnly)) << document.errorString().toStdString();
+    const QString text = QString::fromUtf8(document.readAll()).simplified();
+    const QString told = text.section(QStringLiteral("An empty first line hides a record."), 1, 1)
+                             .section(QStringLiteral(" - **"), 0, 0);
+    int boxes = 0;
+    for (const DocumentSection &kind : documentSections()) {
+        const DocumentRow &first = kind.rows.at(0);
+        const bool hasList = !first.source.contains(QStringLiteral(", Text"));
+        boxes += hasList ? 1 : 0;
+        EXPECT_EQ(told.contains(u'"' + first.field + u'"'), hasList) << first.field.toStdString();
+    }
+    EXPECT_EQ(boxes, 5);
+}
 
 } // namespace
 } // namespace tarvold::testing

@@ -37,12 +37,12 @@ std::vector<int> FlatList::namedRecords() const
     return indexes;
 }
 
-std::optional<int> FlatList::find(const QByteArray &entry) const
+std::vector<int> FlatList::find(const QByteArray &entry) const
 {
-    std::optional<int> found;
-    for (int index = 0; index <= size(); index += kStep) {
+    std::vector<int> found;
+    for (const int index : records()) {
         if (this->entry(index) == entry) {
-            found = index;
+            found.push_back(index);
         }
     }
     return found;

@@ -21,7 +21,7 @@ public:
     QByteArray entry(int index) const;
     std::vector<int> records() const;
     std::vector<int> namedRecords() const;
-    std::optional<int> find(const QByteArray &entry) const;
+    std::vector<int> find(const QByteArray &entry) const;
     int countKey(QByteArrayView matchType, QByteArrayView name, int except) const;
 
     void append(const StipulationTable::Record &record);

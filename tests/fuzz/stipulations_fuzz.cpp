@@ -113,39 +113,45 @@ private:
 
     void replace()
     {
-        const int index = place();
-        const StipulationTable::Record stored = record();
-        m_table.replace(index, stored);
-        m_list.replace(index, stored);
+        if (const auto index = place()) {
+            const StipulationTable::Record stored = record();
+            m_table.replace(*index, stored);
+            m_list.replace(*index, stored);
+        }
     }
 
     void remove()
     {
-        const int index = place();
-        m_table.remove(index);
-        m_list.remove(index);
+        if (const auto index = place()) {
+            m_table.remove(*index);
+            m_list.remove(*index);
+        }
     }
 
     void goBack()
     {
-        const int index = place();
-        StipulationTable::Snapshot before = m_table.snapshot();
-        m_table.append(record());
-        m_table.remove(index);
-        m_table.replace(index, record());
-        m_table.restore(std::move(before));
+        if (const auto index = place()) {
+            StipulationTable::Snapshot before = m_table.snapshot();
+            m_table.append(record());
+            m_table.remove(*index);
+            m_table.replace(*index, record());
+            m_table.restore(std::move(before));
+        }
     }
 
-    /// A place as the screens know them: where a list entry's stipulation is found. One that the
-    /// list does not show is not found.
-    int place()
+    /// A place as the screens know them: where the stipulation of an entry of the list is found.
+    /// An empty list has none, and an entry that no list shows is found nowhere.
+    std::optional<int> place()
     {
         const int index = m_input.below(1 + m_list.size() / kLines) * kLines;
         const QByteArray entry = m_list.entry(index);
-        const std::optional<int> found = m_table.find(entry);
+        const std::vector<int> found = m_table.find(entry);
         require(found == m_list.find(entry), "an entry is found where the list has it");
-        require(found && *found <= m_table.lineCount(), "a place is in the table or at its end");
-        return *found;
+        if (index >= m_list.size()) {
+            return std::nullopt;
+        }
+        require(!found.empty() && found.back() < m_table.lineCount(), "a place is in the table");
+        return found.back();
     }
 
     /// A record of lines that the table knows already, of none and of new ones.

@@ -52,6 +52,14 @@ TEST_F(StipulationDelete, TakesTheLaterOfTwoThatLookTheSame)
     EXPECT_EQ(listPosition(), utf8("38"));
 }
 
+TEST_F(StipulationDelete, OfOneWithoutMatchTypeAndNameTakesItOutOfTheFile)
+{
+    open(one + stipulation("", "") + two);
+    remove(1, utf8(" / "));
+    EXPECT_EQ(readBack(kFile), one + two);
+    EXPECT_EQ(listPosition(), utf8("19"));
+}
+
 TEST_F(StipulationDelete, LeavesNoSelection)
 {
     open(one + two);

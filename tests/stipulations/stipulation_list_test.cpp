@@ -138,6 +138,41 @@ TEST_F(StipulationList, OpensTheLaterOfTwoRecordsThatLookTheSame)
     EXPECT_EQ(shown("matchshowsas"), utf8("Later"));
 }
 
+TEST_F(StipulationList, CopiesAllThatLookTheSameSoThatAnUnknownQualityKeepsTheEarlierOne)
+{
+    const auto ofQuality = [](const char *word) {
+        return stipulation("Singles", "One", {{18, word}});
+    };
+    const std::pair<QByteArray, const char *> cases[] = {
+        {ofQuality("Yes") + ofQuality("odd"), "Just Hardcore Ability"},
+        {ofQuality("No") + ofQuality("Both") + two + ofQuality("") + ofQuality("odd"),
+         "50% Standard, 50% Hardcore"},
+        {ofQuality("Both") + ofQuality("odd") + ofQuality("No"), "Just Standard Ability"}};
+    for (const auto &[file, expected] : cases) {
+        open(file);
+        createNew();
+        put("matchquality", "By heart");
+        cancel();
+        edit(0);
+        EXPECT_EQ(shown("matchquality"), utf8(expected));
+        EXPECT_EQ(listPosition().toInt(), file.count("\r\n") - 19);
+        cancel();
+        press("Form16", "Command3");
+    }
+}
+
+TEST_F(StipulationList, EditsARecordWithoutMatchTypeAndNameAsAnyOther)
+{
+    open(stipulation("", "", {{3, "Nameless"}}) + one);
+    edit(0);
+    EXPECT_EQ(listPosition(), utf8("0"));
+    EXPECT_EQ(shown("matchshowsas"), utf8("Nameless"));
+    put("matchtype", "Lucha");
+    put("stipulation", "Named");
+    save();
+    EXPECT_EQ(readBack(kFile), stipulation("Lucha", "Named", {{3, "Nameless"}}) + one);
+}
+
 TEST_F(StipulationList, KeepsItsSelectionAfterTheFormWasCancelled)
 {
     open(one + two);

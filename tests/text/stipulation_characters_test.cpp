@@ -1,3 +1,4 @@
+#include "shell/controls.h"
 #include "stipulations/form_tables.h"
 #include "stipulations/stipulation_test.h"
 #include "text/texts.h"
@@ -50,14 +51,55 @@ protected:
         EXPECT_EQ(lines[16], row.bytes);
     }
 
-    void expectRefused(const char *field, const QString &character)
+    /// Puts a text into a field as assistive technology does, past all that a text box stops.
+    void putByAssistance(const char *field, const QString &text)
+    {
+        QAccessible::queryAccessibleInterface(controls::textBoxOf(control("Form3", field)))
+            ->setText(QAccessible::Value, text);
+        EXPECT_EQ(shown(field), text);
+    }
+
+    /// Goes on with a stipulation of the file, whose lines may hold anything.
+    void editFrom(const QByteArray &file)
+    {
+        cancel();
+        press("Form16", "Command3");
+        open(file);
+        edit(0);
+    }
+
+    void expectRefused(const char *field, const QString &character, const QByteArray &file = {})
     {
         const QString name = control("Form3", field).accessibleName();
         EXPECT_FALSE(name.isEmpty());
         boxes.expectNotice(QStringLiteral("Stipulations Editor"), texts::toldOf(name, character));
         press("Form3", "Command2");
         expectOnly("Form3");
-        EXPECT_EQ(readBack(kFile), QByteArray());
+        EXPECT_EQ(readBack(kFile), file);
+    }
+
+    /// Puts a break into each field in turn, expects it to be refused, and then puts another text
+    /// in.
+    void expectBreaksRefusedEverywhere(const QByteArray &file)
+    {
+        for (const stipulationform::PlainLine &plain : stipulationform::kPlainLines) {
+            expectBreaksRefused(plain.control, file);
+        }
+        put("exclusive", "Yes");
+        expectBreaksRefused("prominitials", file);
+    }
+
+    void expectBreaksRefused(const char *field, const QByteArray &file)
+    {
+        SCOPED_TRACE(field);
+        for (const auto &[text, told] : {std::pair("one\rtwo", "U+000D"),
+                                         {"one\ntwo", "U+000A"},
+                                         {"one\r", "U+000D"},
+                                         {"one\r\ntwo", "U+000D"}}) {
+            putByAssistance(field, utf8(text));
+            expectRefused(field, utf8(told), file);
+        }
+        put(field, "mended");
     }
 
     void expectRefusedAndMend(const char *field, const texts::Refused &odd)
@@ -111,12 +153,54 @@ TEST_F(StipulationCharacters, ThatNoFileHoldsAreToldWithTheirFieldInEveryField)
     EXPECT_EQ(texts::linesOf(readBack(kFile)).count("mended"), 16);
 }
 
-TEST_F(StipulationCharacters, OfALineEndFromAnAssistingProgramAreRefused)
+TEST_F(StipulationCharacters, ThatBreakLinesAreRefusedInANewOneEvenFromAnAssistingProgram)
 {
     put("stipulation", "Ladder Match");
-    QAccessible::queryAccessibleInterface(&control("Form3", "matchshowsas"))
-        ->setText(QAccessible::Value, QStringLiteral("one\r\ntwo"));
-    expectRefused("matchshowsas", QStringLiteral("U+000D"));
+    expectBreaksRefusedEverywhere({});
+    save();
+    EXPECT_EQ(texts::linesOf(readBack(kFile)).count("mended"), 16);
+}
+
+TEST_F(StipulationCharacters, ThatBreakLinesAreRefusedInEveryFieldOfAnEditedOneThatWasChanged)
+{
+    const QByteArray file = stipulation("Singles", "One");
+    editFrom(file);
+    expectBreaksRefusedEverywhere(file);
+    save();
+    EXPECT_EQ(texts::linesOf(readBack(kFile)).count("mended"), 16);
+}
+
+/// The lines of a stipulation that has a break in each field.
+OtherLines brokenLines()
+{
+    OtherLines lines;
+    for (const stipulationform::PlainLine &plain : stipulationform::kPlainLines) {
+        lines[plain.line] = "\r" + QByteArray::number(plain.line) + "\nx\r";
+    }
+    lines[17] = "A\nB";
+    return lines;
+}
+
+TEST_F(StipulationCharacters, ThatBreakLinesGoBackAsTheyCameFromAnEditedOneWhereNobodyChangedThem)
+{
+    OtherLines lines = brokenLines();
+    editFrom(stipulation({}, {}, lines));
+    put("matchshowsas", "changed");
+    lines[3] = "changed";
+    save();
+    EXPECT_EQ(readBack(kFile), stipulation({}, {}, lines));
+}
+
+TEST_F(StipulationCharacters, ThatBreakLinesAreRefusedBesideThoseThatCameWithAnEditedOne)
+{
+    const QByteArray file = stipulation({}, {}, brokenLines());
+    editFrom(file);
+    const QString came = shown("matchshowsas");
+    putByAssistance("matchshowsas", came + u'!');
+    expectRefused("matchshowsas", utf8("U+000D"), file);
+    putByAssistance("matchshowsas", came);
+    save();
+    EXPECT_EQ(readBack(kFile), file);
 }
 
 } // namespace

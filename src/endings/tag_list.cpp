@@ -3,9 +3,6 @@
 #include <QAbstractItemView>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QMouseEvent>
-#include <QStyle>
-#include <QStyleOptionComboBox>
 
 namespace tarvold {
 namespace {
@@ -22,33 +19,8 @@ bool isTyping(const QKeyEvent &event)
 TagList::TagList(QWidget *parent) : ComboBox(parent)
 {
     lineEdit()->setReadOnly(true);
-    lineEdit()->installEventFilter(this);
+    lineEdit()->setAttribute(Qt::WA_TransparentForMouseEvents); // clicks open the list
     setAttribute(Qt::WA_InputMethodEnabled, false);
-}
-
-void TagList::hidePopup()
-{
-    // A press on the box closes its list, and must not be sent on to open it again.
-    if (rect().contains(mapFromGlobal(QCursor::pos()))) {
-        view()->window()->setAttribute(Qt::WA_NoMouseReplay);
-    }
-    ComboBox::hidePopup();
-}
-
-bool TagList::eventFilter(QObject *watched, QEvent *event)
-{
-    if (watched != lineEdit() || event->type() != QEvent::MouseButtonPress) {
-        return ComboBox::eventFilter(watched, event);
-    }
-    const auto *press = static_cast<QMouseEvent *>(event);
-    QStyleOptionComboBox option;
-    initStyleOption(&option);
-    const QRect arrow =
-        style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, this);
-    QMouseEvent onArrow(press->type(), arrow.center(), press->globalPosition(), press->button(),
-                        press->buttons(), press->modifiers());
-    mousePressEvent(&onArrow);
-    return true;
 }
 
 void TagList::keyPressEvent(QKeyEvent *event)

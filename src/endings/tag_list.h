@@ -15,10 +15,7 @@ class TagList : public ComboBox
 public:
     explicit TagList(QWidget *parent = nullptr);
 
-    void hidePopup() override;
-
 protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
 
 private:

@@ -118,6 +118,10 @@ void TextBox::dropEvent(QDropEvent *event)
 
 void TextBox::inputMethodEvent(QInputMethodEvent *event)
 {
+    if (isReadOnly()) { // the base class would insert the text
+        event->ignore();
+        return;
+    }
     event->setCommitString(onOneLine(event->commitString()), event->replacementStart(),
                            event->replacementLength());
     QLineEdit::inputMethodEvent(event);

@@ -181,13 +181,16 @@ TEST_F(TextBoxTest, UndoingWhatWasTypedAfterAPasteKeepsThePaste)
     EXPECT_EQ(box.text(), QStringLiteral("<pasted>"));
 }
 
-TEST_F(TextBoxTest, NothingIsPastedIntoAReadOnlyBox)
+TEST_F(TextBoxTest, AReadOnlyBoxTakesNoPasteAndNothingFromAnInputMethod)
 {
     box.setText(QStringLiteral("fixed"));
     box.setReadOnly(true);
     paste(box, QStringLiteral("pasted"));
     QApplication::clipboard()->setText(QStringLiteral("pasted"), QClipboard::Selection);
     QTest::mouseClick(&box, Qt::MiddleButton, {}, cursorPlace());
+    QInputMethodEvent event;
+    event.setCommitString(QStringLiteral("composed"));
+    QApplication::sendEvent(&box, &event);
     EXPECT_EQ(box.text(), QStringLiteral("fixed"));
 }
 

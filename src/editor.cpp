@@ -4,6 +4,7 @@
 #include "endings/ending_flow.h"
 #include "import/import_screen.h"
 #include "segments/segment_flow.h"
+#include "shell/combo_box.h"
 #include "shell/main_menu.h"
 #include "stipulations/stipulation_form.h"
 #include "stipulations/stipulation_list.h"
@@ -17,6 +18,7 @@ Editor::Editor(DoubleClickGuard::Clock clock)
     , m_endings(m_screens, endingflow::chain(), endingflow::kLabel)
     , m_segments(m_screens, segmentflow::chain())
 {
+    ComboBox::checkQt();
     m_screens.declare<Form1>();
     endingflow::declare(m_screens);
     segmentflow::declare(m_screens);

@@ -39,7 +39,8 @@ void CommentaryLine::keyPressEvent(QKeyEvent *event)
 {
     const bool isAltDown =
         event->key() == Qt::Key_Down && event->modifiers().testFlag(Qt::AltModifier);
-    if (event->key() == Qt::Key_F4 || isAltDown) {
+    const bool isF4 = event->key() == Qt::Key_F4 && event->modifiers() == Qt::NoModifier;
+    if (isF4 || isAltDown) {
         emit tagsRequested();
         return;
     }

@@ -2,8 +2,8 @@
 
 #include "datafiles/append.h"
 #include "endings/commentary_line.h"
+#include "endings/tag_list.h"
 #include "shell/announcement.h"
-#include "shell/combo_box.h"
 #include "shell/controls.h"
 #include "shell/failures.h"
 #include "shell/form_grid.h"
@@ -22,7 +22,7 @@ CommentaryScreen::CommentaryScreen(Screens &screens, const CommentaryTable &tabl
     : Screen(table.name)
     , m_screens(screens)
     , m_table(table)
-    , m_tags(new ComboBox(this))
+    , m_tags(new TagList(this))
     , m_announcement(new Announcement(this))
 {
     addHiddenLabel("hiddenlabel");
@@ -127,7 +127,17 @@ void CommentaryScreen::insertTag()
     }
     // Deliberate: after a refusal the marked line receives the tag that was accepted before.
     const QString outcome = append(text("hiddenlabel"));
+    goToMarkedLine();
     m_announcement->tell(isRefused ? QStringLiteral("Tag refused. ") + outcome : outcome);
+}
+
+void CommentaryScreen::goToMarkedLine()
+{
+    for (CommentaryLine *line : m_lines) {
+        if (line->isMarked()) {
+            line->setFocus(Qt::OtherFocusReason);
+        }
+    }
 }
 
 QString CommentaryScreen::append(const QString &tag)

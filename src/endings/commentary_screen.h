@@ -9,9 +9,9 @@
 namespace tarvold {
 
 class Announcement;
-class ComboBox;
 class CommentaryLine;
 class Screens;
+class TagList;
 
 /// Why a tag cannot be inserted now.
 struct Refusal
@@ -47,7 +47,8 @@ struct CommentaryTable
 /// A screen with ten lines of commentary, a list of tags to insert into them, "Add ..." (Command1),
 /// which appends the record of the whole flow to its file, and "<<" (Command2).
 ///
-/// The line that receives tags is the one whose background is yellow; the tag that was last
+/// The line that receives tags is the one whose background is yellow, and after a pick it has the
+/// focus; the tag that was last
 /// accepted is the text of `hiddenlabel`. Neither is stored anywhere else.
 class CommentaryScreen : public Screen
 {
@@ -75,6 +76,8 @@ private:
     void addButtons();
     void mark(CommentaryLine &line);
     void insertTag();
+    /// Gives the marked line the focus, so that the user can type on behind the tag.
+    void goToMarkedLine();
     /// Whether the tag can be inserted now; tells the user when it cannot.
     bool accepts(const CommentaryTag &tag);
     /// Adds the tag to the marked line; says in words what came of it.
@@ -84,7 +87,7 @@ private:
 
     Screens &m_screens;
     CommentaryTable m_table;
-    ComboBox *m_tags;
+    TagList *m_tags;
     Announcement *m_announcement;
     std::array<CommentaryLine *, 10> m_lines{};
 };

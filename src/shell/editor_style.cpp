@@ -5,6 +5,8 @@
 #include "shell/style_parts.h"
 
 #include <QAbstractItemView>
+#include <QComboBox>
+#include <QLineEdit>
 #include <QStyleOption>
 
 namespace tarvold {
@@ -46,6 +48,16 @@ QColor buttonColour(const QStyleOption &option)
         return rest.darker(115);
     }
     return option.state.testFlag(QStyle::State_MouseOver) ? rest.lighter(112) : rest.lighter(105);
+}
+
+/// Whether this is a combo box, or the opened list of one, into which nothing can be typed.
+bool takesNoText(const QWidget *widget)
+{
+    const auto *combo = qobject_cast<const QComboBox *>(widget);
+    if (combo == nullptr && widget != nullptr) {
+        combo = qobject_cast<const QComboBox *>(widget->parentWidget());
+    }
+    return combo != nullptr && combo->isEditable() && combo->lineEdit()->isReadOnly();
 }
 
 QSize leastSize(QStyle::ContentsType type)
@@ -111,6 +123,17 @@ QRect EditorStyle::subControlRect(ComplexControl control, const QStyleOptionComp
     const QRect arrow = whole.adjusted(whole.width() - kControlHeight, 0, 0, 0);
     const QRect field = whole.adjusted(kFrame, kFrame, -arrow.width(), -kFrame);
     return visualRect(option->direction, whole, part == SC_ComboBoxArrow ? arrow : field);
+}
+
+QStyle::SubControl EditorStyle::hitTestComplexControl(ComplexControl control,
+                                                      const QStyleOptionComplex *option,
+                                                      const QPoint &place,
+                                                      const QWidget *widget) const
+{
+    if (control == CC_ComboBox && takesNoText(widget) && option->rect.contains(place)) {
+        return SC_ComboBoxArrow;
+    }
+    return QProxyStyle::hitTestComplexControl(control, option, place, widget);
 }
 
 void EditorStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option,

@@ -8,7 +8,8 @@ namespace tarvold {
 ///
 /// What tells a control from its surroundings, and what marks the focus, contrasts at least 3 to 1
 /// with what is around it, selected text 4.5 to 1, and whatever can be aimed at is at least as
-/// large as sizes.h says. The focus is marked whether it came by mouse or keyboard.
+/// large as sizes.h says. A combo box that takes no text is all arrow for the mouse. The focus is
+/// marked whether it came by mouse or keyboard.
 class EditorStyle : public QProxyStyle
 {
     Q_OBJECT
@@ -24,6 +25,8 @@ public:
                            const QWidget *widget) const override;
     QRect subControlRect(ComplexControl control, const QStyleOptionComplex *option, SubControl part,
                          const QWidget *widget) const override;
+    SubControl hitTestComplexControl(ComplexControl control, const QStyleOptionComplex *option,
+                                     const QPoint &place, const QWidget *widget) const override;
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
                        const QWidget *widget) const override;

@@ -19,6 +19,24 @@ ScrollBar::ScrollBar(int minimum, int maximum, QWidget *parent) : QScrollBar(Qt:
     setMinimumHeight(kControlHeight);
 }
 
+bool ScrollBar::event(QEvent *event)
+{
+    // No release will come: it goes to another window.
+    if (event->type() == QEvent::Hide || event->type() == QEvent::WindowBlocked) {
+        cancelDrag();
+    }
+    return QScrollBar::event(event);
+}
+
+void ScrollBar::cancelDrag()
+{
+    setSliderPosition(value());
+    setSliderDown(false);
+    QHideEvent hidden; // what the base class lets go of its parts for
+    QScrollBar::hideEvent(&hidden);
+    update();
+}
+
 void ScrollBar::keyPressEvent(QKeyEvent *event)
 {
     switch (event->key()) {

@@ -32,21 +32,35 @@ void TextBox::paste()
     pasteFrom(QClipboard::Clipboard);
 }
 
+void TextBox::replaceAsOneStep(const QString &text)
+{
+    selectAll();
+    insertAsOneStep(text);
+}
+
 void TextBox::pasteFrom(QClipboard::Mode mode)
 {
-    insertAsOneStep(onOneLine(QGuiApplication::clipboard()->text(mode)));
+    if (!isReadOnly()) {
+        insertAsOneStep(onOneLine(QGuiApplication::clipboard()->text(mode)));
+    }
 }
 
 void TextBox::insertAsOneStep(const QString &text)
 {
-    // Nothing but a move of the cursor ends an undo step; the selection must stay to be replaced.
-    if (!hasSelectedText()) {
-        const int place = cursorPosition();
-        home(false);
-        end(false);
-        setCursorPosition(place);
+    if (!hasSelectedText()) { // a selection must stay to be replaced, and starts a step itself
+        endUndoStep();
     }
     insert(text);
+    endUndoStep();
+}
+
+void TextBox::endUndoStep()
+{
+    // Nothing but a move of the cursor ends one.
+    const int place = cursorPosition();
+    home(false);
+    end(false);
+    setCursorPosition(place);
 }
 
 void TextBox::keyPressEvent(QKeyEvent *event)
@@ -104,6 +118,10 @@ void TextBox::dropEvent(QDropEvent *event)
 
 void TextBox::inputMethodEvent(QInputMethodEvent *event)
 {
+    if (isReadOnly()) { // the base class would insert the text
+        event->ignore();
+        return;
+    }
     event->setCommitString(onOneLine(event->commitString()), event->replacementStart(),
                            event->replacementLength());
     QLineEdit::inputMethodEvent(event);

@@ -15,12 +15,17 @@ class TextBox : public QLineEdit
 public:
     explicit TextBox(QWidget *parent = nullptr);
 
+    /// Puts a text in the place of the whole text, as an undo step of its own; the cursor goes to
+    /// its end. The program may do so in a read-only box, too.
+    void replaceAsOneStep(const QString &text);
+
 public slots:
     /// Hides QLineEdit::paste(); the context menu finds slots by name and so calls this one.
     void paste();
 
 protected:
-    /// Inserts a text at the cursor as an undo step of its own, apart from what was typed before.
+    /// Inserts a text at the cursor as an undo step of its own, apart from what is typed before and
+    /// after it.
     void insertAsOneStep(const QString &text);
 
     void keyPressEvent(QKeyEvent *event) override;
@@ -29,6 +34,7 @@ protected:
     void inputMethodEvent(QInputMethodEvent *event) override;
 
 private:
+    void endUndoStep();
     void pasteFrom(QClipboard::Mode mode);
 };
 

@@ -41,6 +41,20 @@ TEST_F(FeudHeat, TheLabelFollowsADraggedThumbOnlyWhenItIsLetGo)
     expectLabelFollowsOnlyWhenLetGo(QStringLiteral("10%"), QStringLiteral(" 100%"));
 }
 
+TEST_F(FeudHeat, ADragThatAKeyLeadsAwayFromChangesNothing)
+{
+    const QPoint before = startDrag();
+    QTest::keyClick(screen("Form8").windowHandle(), Qt::Key_Right, Qt::AltModifier);
+    expectOnly("Form9");
+    QTest::keyClick(screen("Form9").windowHandle(), Qt::Key_Left, Qt::AltModifier);
+    expectOnly("Form8");
+    EXPECT_EQ(bar().value(), 10);
+    EXPECT_EQ(bar().sliderPosition(), 10);
+    EXPECT_FALSE(bar().isSliderDown());
+    EXPECT_EQ(shown(), QStringLiteral("10%"));
+    EXPECT_EQ(thumb(), before);
+}
+
 TEST_F(FeudHeat, MovesInStepsOfOne)
 {
     expectStepsOfOne();

@@ -94,6 +94,23 @@ const Opener kOpeners[] = {{"F4", Qt::Key_F4, Qt::NoModifier},
 
 INSTANTIATE_TEST_SUITE_P(Keys, TagListKeys, ::testing::ValuesIn(kOpeners), kNameOfRow);
 
+class OtherKeys : public EndingTest
+{
+};
+
+TEST_F(OtherKeys, F4WithAnotherKeyOpensNothing)
+{
+    goTo("Form7");
+    for (const char *control : {"Text5", "Combo1"}) {
+        this->control("Form7", control).setFocus(Qt::OtherFocusReason);
+        for (const Qt::KeyboardModifier modifier :
+             {Qt::AltModifier, Qt::ControlModifier, Qt::ShiftModifier, Qt::MetaModifier}) {
+            QTest::keyClick(screen("Form7").windowHandle(), Qt::Key_F4, modifier);
+            EXPECT_FALSE(combo("Form7", "Combo1").view()->isVisible()) << control << modifier;
+        }
+    }
+}
+
 class FreshEnding : public EndingTest
 {
 };

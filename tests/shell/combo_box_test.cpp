@@ -23,6 +23,17 @@ public:
 protected:
     bool isOpen() const { return combo.view()->isVisible(); }
 
+    /// Offscreen, a list may become the active window after it was closed.
+    void letListGo()
+    {
+        QCoreApplication::processEvents();
+        window.activateWindow();
+        expectActive(window);
+    }
+
+    void undo() { QTest::keyClick(&combo, Qt::Key_Z, Qt::ControlModifier); }
+    void redo() { QTest::keyClick(&combo, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier); }
+
     void typeOverIt(const QString &text) { typeOver(combo, text); }
 
     ComboBox combo;
@@ -241,6 +252,98 @@ TEST_F(ComboBoxTest, OpeningAndLeavingTheListKeepsWhatCanBeUndone)
     EXPECT_FALSE(isOpen());
     EXPECT_EQ(combo.currentText(), QStringLiteral("My own"));
     EXPECT_TRUE(combo.lineEdit()->isUndoAvailable());
+}
+
+TEST_F(ComboBoxTest, F4WithAnotherKeyOpensNothing)
+{
+    for (const Qt::KeyboardModifier modifier :
+         {Qt::AltModifier, Qt::ControlModifier, Qt::ShiftModifier, Qt::MetaModifier}) {
+        SCOPED_TRACE(modifier);
+        QTest::keyClick(&combo, Qt::Key_F4, modifier);
+        EXPECT_FALSE(isOpen());
+    }
+}
+
+TEST_F(ComboBoxTest, UndoAfterAPickBringsTypedTextBackAndRedoThePick)
+{
+    int picks = 0;
+    for (const auto &pickBy : {pick, pickByKeyboard}) {
+        for (const char *typed : {"something of my own", "Any", "x"}) {
+            SCOPED_TRACE(typed);
+            typeOverIt(QLatin1StringView(typed));
+            pickBy(combo, QStringLiteral("Apple"));
+            letListGo();
+            EXPECT_EQ(combo.currentText(), QStringLiteral("Apple"));
+            EXPECT_EQ(combo.currentIndex(), 1);
+            undo();
+            EXPECT_EQ(combo.currentText(), QLatin1StringView(typed));
+            EXPECT_EQ(combo.currentIndex(), combo.findText(QLatin1StringView(typed)));
+            redo();
+            EXPECT_EQ(combo.currentText(), QStringLiteral("Apple"));
+            EXPECT_EQ(combo.currentIndex(), 1);
+            EXPECT_EQ(chosen.count(), ++picks);
+        }
+    }
+}
+
+TEST_F(ComboBoxTest, EveryPickAndWhatWasTypedBetweenIsAnUndoStepOfItsOwn)
+{
+    combo.setText(QStringLiteral("Any"));
+    QTest::keyClick(&combo, Qt::Key_End);
+    QTest::keyClicks(&combo, QStringLiteral(" one"));
+    pickByKeyboard(combo, QStringLiteral("Apple"));
+    pickByKeyboard(combo, QStringLiteral("Apple")); // changes nothing, so there is nothing to undo
+    QTest::keyClicks(&combo, QStringLiteral(" two"));
+    pickByKeyboard(combo, QStringLiteral("Apple Pie"));
+    const QStringList steps = {QStringLiteral("Any"), QStringLiteral("Any one"),
+                               QStringLiteral("Apple"), QStringLiteral("Apple two"),
+                               QStringLiteral("Apple Pie")};
+    for (qsizetype step = steps.size() - 1; step > 0; --step) {
+        EXPECT_EQ(combo.currentText(), steps[step]);
+        undo();
+    }
+    EXPECT_FALSE(combo.lineEdit()->isUndoAvailable());
+    for (const QString &step : steps) {
+        EXPECT_EQ(combo.currentText(), step);
+        EXPECT_EQ(combo.currentIndex(), combo.findText(step));
+        redo();
+    }
+}
+
+TEST_F(ComboBoxTest, ATextThatTheProgramSetsCannotBeUndone)
+{
+    for (const char *text : {"Apple", "Any", "not in the list"}) {
+        SCOPED_TRACE(text);
+        typeOverIt(QStringLiteral("mine"));
+        pick(combo, QStringLiteral("Any"));
+        combo.setText(QLatin1StringView(text));
+        EXPECT_FALSE(combo.lineEdit()->isUndoAvailable());
+        undo();
+        redo();
+        EXPECT_EQ(combo.currentText(), QLatin1StringView(text));
+    }
+}
+
+TEST_F(ComboBoxTest, TheIndexIsThatOfTheTextAndNoneForATextOfTheUsersOwn)
+{
+    for (const char *typed : kTyped) {
+        SCOPED_TRACE(typed);
+        pick(combo, QStringLiteral("Apple Pie"));
+        typeOverIt(QLatin1StringView(typed));
+        const int row = combo.findText(QLatin1StringView(typed), Qt::MatchExactly);
+        EXPECT_EQ(combo.currentIndex(), row);
+        QTest::keyClick(&combo, Qt::Key_Return);
+        QTest::keyClick(&combo, Qt::Key_Tab);
+        EXPECT_EQ(combo.currentIndex(), row);
+        EXPECT_EQ(combo.currentText(), QLatin1StringView(typed));
+    }
+}
+
+TEST_F(ComboBoxTest, AQtThatDoesNotTellPicksEndsTheProgramWithWords)
+{
+    QWidget other; // no container of Qt's own, so it has not the signal
+    combo.view()->setParent(&other);
+    EXPECT_DEATH(combo.showPopup(), "has no signal itemSelected\\(\\) of a combo box's list");
 }
 
 TEST_F(ComboBoxTest, SettingATextIsNoChoice)

@@ -1,3 +1,4 @@
+#include "shell/message_box.h"
 #include "shell/scroll_bar.h"
 #include "support/window_test.h"
 
@@ -42,6 +43,27 @@ protected:
         QMouseEvent move(QEvent::MouseMove, place, bar.mapToGlobal(place), Qt::NoButton,
                          Qt::LeftButton, {});
         QApplication::sendEvent(&bar, &move);
+    }
+
+    /// Presses the thumb and moves it to the right, without letting it go.
+    void drag(QPoint start)
+    {
+        QTest::mousePress(&bar, Qt::LeftButton, {}, start);
+        dragTo(start + QPoint(30, 0));
+        EXPECT_GT(bar.sliderPosition(), 50) << "the thumb was not dragged";
+    }
+
+    /// Fails the test unless thumb and value are there and the mouse, still down, moves nothing.
+    void expectNoDragAt(int value, QPoint start)
+    {
+        EXPECT_EQ(bar.value(), value);
+        EXPECT_EQ(bar.sliderPosition(), value);
+        EXPECT_FALSE(bar.isSliderDown());
+        EXPECT_EQ(thumb(), start);
+        dragTo(start + QPoint(40, 0));
+        QTest::mouseRelease(&bar, Qt::LeftButton, {}, start + QPoint(40, 0));
+        EXPECT_EQ(bar.sliderPosition(), value);
+        EXPECT_EQ(bar.value(), value);
     }
 
     ScrollBar bar{0, 100};
@@ -137,6 +159,49 @@ TEST_F(ScrollBarTest, ADragTellsWhereTheThumbIsAndItsValueOnlyWhenLetGo)
     QTest::mouseRelease(&bar, Qt::LeftButton, {}, start + QPoint(30, 0));
     ASSERT_EQ(changed.count(), 1);
     EXPECT_EQ(bar.value(), place);
+}
+
+TEST_F(ScrollBarTest, ADragThatHidingInterruptsEndsAtTheValue)
+{
+    const QSignalSpy moved(&bar, &QScrollBar::sliderMoved);
+    const QPoint start = thumb();
+    drag(start);
+    window.hide();
+    expectNoDragAt(50, start);
+    ASSERT_EQ(moved.count(), 2);
+    EXPECT_EQ(moved.back().front().toInt(), 50);
+    window.show();
+    expectNoDragAt(50, start);
+}
+
+TEST_F(ScrollBarTest, ADragThatAMessageBoxInterruptsEndsAtTheValue)
+{
+    const QPoint start = thumb();
+    drag(start);
+    boxes.expectNotice(title(), QStringLiteral("Stop."));
+    messagebox::notice(&window, title(), QStringLiteral("Stop."));
+    expectNoDragAt(50, start);
+}
+
+TEST_F(ScrollBarTest, AnArrowThatIsHeldDownStopsWhenTheBarIsHidden)
+{
+    QTest::mousePress(&bar, Qt::LeftButton, {}, QPoint(bar.width() - 5, bar.height() / 2));
+    const int value = bar.value();
+    EXPECT_EQ(value, 51);
+    window.hide();
+    QTest::qWait(700); // longer than it takes an arrow to repeat itself
+    EXPECT_EQ(bar.value(), value);
+}
+
+TEST_F(ScrollBarTest, AHiddenBarThatNobodyDragsStaysAsItIs)
+{
+    const QSignalSpy moved(&bar, &QScrollBar::sliderMoved);
+    const QSignalSpy changed(&bar, &QScrollBar::valueChanged);
+    window.hide();
+    window.show();
+    EXPECT_EQ(moved.count(), 0);
+    EXPECT_EQ(changed.count(), 0);
+    EXPECT_EQ(bar.value(), 50);
 }
 
 TEST_F(ScrollBarTest, TabReachesIt)

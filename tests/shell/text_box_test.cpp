@@ -170,6 +170,30 @@ TEST_F(TextBoxTest, UndoingAPasteKeepsWhatWasTypedBefore)
     EXPECT_EQ(box.text(), QStringLiteral("typed "));
 }
 
+TEST_F(TextBoxTest, UndoingWhatWasTypedAfterAPasteKeepsThePaste)
+{
+    box.setText(QStringLiteral("<>"));
+    box.setCursorPosition(1);
+    paste(box, QStringLiteral("pasted"));
+    QTest::keyClicks(&box, QStringLiteral(" typed"));
+    EXPECT_EQ(box.text(), QStringLiteral("<pasted typed>"));
+    QTest::keySequence(window.windowHandle(), QKeySequence::Undo);
+    EXPECT_EQ(box.text(), QStringLiteral("<pasted>"));
+}
+
+TEST_F(TextBoxTest, AReadOnlyBoxTakesNoPasteAndNothingFromAnInputMethod)
+{
+    box.setText(QStringLiteral("fixed"));
+    box.setReadOnly(true);
+    paste(box, QStringLiteral("pasted"));
+    QApplication::clipboard()->setText(QStringLiteral("pasted"), QClipboard::Selection);
+    QTest::mouseClick(&box, Qt::MiddleButton, {}, cursorPlace());
+    QInputMethodEvent event;
+    event.setCommitString(QStringLiteral("composed"));
+    QApplication::sendEvent(&box, &event);
+    EXPECT_EQ(box.text(), QStringLiteral("fixed"));
+}
+
 TEST_F(TextBoxTest, AVeryLongTextStaysWhole)
 {
     const QString longText = QString(39'999, u'x') + u'!';

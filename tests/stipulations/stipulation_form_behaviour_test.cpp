@@ -111,6 +111,24 @@ TEST_F(StipulationFormBehaviour, RiskFollowsTheThumbWhileItIsDragged)
     EXPECT_EQ(shown("risk"), QString::number(bar().value()) + u'%');
 }
 
+TEST_F(StipulationFormBehaviour, LeavingTheFormDuringADragSetsRiskBackToTheValue)
+{
+    open("");
+    createNew();
+    expectReachable(bar());
+    const int value = bar().value();
+    const QString before = shown("risk");
+    QTest::mousePress(&bar(), Qt::LeftButton, {}, thumb());
+    QTest::mouseMove(&bar(), QPoint(bar().width(), bar().height() / 2));
+    EXPECT_NE(shown("risk"), before) << "the thumb was not dragged";
+    screen("Form3").close();
+    expectOnly("Form16");
+    EXPECT_EQ(bar().value(), value);
+    EXPECT_EQ(bar().sliderPosition(), value);
+    EXPECT_EQ(shown("risk"), before);
+    EXPECT_FALSE(bar().isSliderDown());
+}
+
 TEST_F(StipulationFormBehaviour, RiskFollowsTheKeysWithoutALeadingBlank)
 {
     open("");

@@ -18,7 +18,9 @@ namespace {
 QWidget &clickTarget(QWidget &control)
 {
     auto *combo = qobject_cast<QComboBox *>(&control);
-    return combo != nullptr ? *combo->lineEdit() : control;
+    const bool hasText =
+        combo != nullptr && !combo->lineEdit()->testAttribute(Qt::WA_TransparentForMouseEvents);
+    return hasText ? *combo->lineEdit() : control;
 }
 
 int rowOf(const QComboBox &combo, const QString &item)

@@ -18,7 +18,7 @@ void expectReachable(const QWidget &control);
 /// Waits until the window has the keyboard, which a window manager would give it.
 void expectActive(QWidget &window);
 
-/// A left click in the middle of the control; on the text of a combo box.
+/// A left click in the middle of the control; on the text of a combo box, if that gets clicks.
 void click(QWidget &control);
 
 /// Clicks into a text or combo box, selects what is there and types the text over it.

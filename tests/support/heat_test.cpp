@@ -48,16 +48,31 @@ void HeatTest::key(Qt::Key key)
     QTest::keyClick(screen(m_screen).windowHandle(), key);
 }
 
-void HeatTest::expectLabelFollowsOnlyWhenLetGo(const QString &before, const QString &after)
+QPoint HeatTest::thumb()
+{
+    return partOf(bar(), QStyle::SC_ScrollBarSlider).center();
+}
+
+QPoint HeatTest::rightEnd()
+{
+    return {bar().width() + 50, bar().height() / 2};
+}
+
+QPoint HeatTest::startDrag()
 {
     expectReachable(bar());
-    const QPoint thumb = partOf(bar(), QStyle::SC_ScrollBarSlider).center();
-    const QPoint end(bar().width() + 50, thumb.y());
-    QTest::mousePress(&bar(), Qt::LeftButton, {}, thumb);
-    QTest::mouseMove(&bar(), end);
+    const QPoint start = thumb();
+    QTest::mousePress(&bar(), Qt::LeftButton, {}, start);
+    QTest::mouseMove(&bar(), rightEnd());
     EXPECT_EQ(bar().sliderPosition(), 100) << "the thumb was not dragged";
+    return start;
+}
+
+void HeatTest::expectLabelFollowsOnlyWhenLetGo(const QString &before, const QString &after)
+{
+    startDrag();
     EXPECT_EQ(shown(), before);
-    QTest::mouseRelease(&bar(), Qt::LeftButton, {}, end);
+    QTest::mouseRelease(&bar(), Qt::LeftButton, {}, rightEnd());
     EXPECT_EQ(shown(), after);
     EXPECT_EQ(bar().value(), 100);
 }

@@ -2,6 +2,8 @@
 
 #include "support/flow_test.h"
 
+#include <QPoint>
+
 class QScrollBar;
 
 namespace tarvold::testing {
@@ -18,6 +20,12 @@ protected:
     /// Presses a key on the bar, which has the focus.
     void key(Qt::Key key);
 
+    /// The middle of the thumb.
+    QPoint thumb();
+
+    /// Drags the thumb to the right end without letting it go; gives the place it was dragged from.
+    QPoint startDrag();
+
     /// Drags the thumb to the right end and lets it go, with what the label is to show before
     /// and after that.
     void expectLabelFollowsOnlyWhenLetGo(const QString &before, const QString &after);
@@ -30,6 +38,9 @@ protected:
     void expectStaysInRange();
 
     const char *m_screen;
+
+private:
+    QPoint rightEnd();
 };
 
 } // namespace tarvold::testing

@@ -1,0 +1,296 @@
+#include "support/commentary_test.h"
+#include "support/mouse.h"
+
+#include <QAbstractItemView>
+#include <QAccessible>
+#include <QApplication>
+#include <QClipboard>
+#include <QDropEvent>
+#include <QInputMethodEvent>
+#include <QLineEdit>
+#include <QMimeData>
+
+/// The list of tags on each commentary screen: nothing can be typed into it, and a pick leads on to
+/// the line that the tag went into.
+namespace tarvold::testing {
+namespace {
+
+const QColor kYellow(0xFF, 0xFF, 0x00);
+
+class TagLists : public FlowTest, public ::testing::WithParamInterface<const FlowPath *>
+{
+protected:
+    TagLists()
+    {
+        goToCommentary(flow());
+        expectActive(screen(name()));
+    }
+
+    static const FlowPath &flow() { return *GetParam(); }
+    static const char *name() { return flow().screens.back(); }
+    ComboBox &list() { return combo(name(), "Combo1"); }
+    QLineEdit &line(const char *line) { return screen(name()).control<QLineEdit>(line); }
+    bool isOpen() { return list().view()->isVisible(); }
+
+    /// The item that is current in the opened list.
+    QString found() { return list().view()->currentIndex().data().toString(); }
+
+    /// Presses a key where the user is: in the opened list, else in the window.
+    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
+    {
+        QWidget *popup = QApplication::activePopupWidget();
+        QTest::keyClick((popup != nullptr ? popup : &screen(name()))->windowHandle(), key,
+                        modifiers);
+    }
+
+    void write(const QString &text) { QTest::keyClicks(QApplication::focusWidget(), text); }
+
+    /// Fails the test unless the author can write on at the end of this line, the only yellow one.
+    void expectWritingIn(const char *line, const QString &text)
+    {
+        QLineEdit &box = this->line(line);
+        EXPECT_TRUE(box.hasFocus()) << QApplication::focusWidget()->objectName().toStdString();
+        EXPECT_EQ(box.text(), text);
+        EXPECT_EQ(box.cursorPosition(), text.size());
+        EXPECT_FALSE(box.hasSelectedText());
+        for (int number = 1; number <= 10; ++number) {
+            const QByteArray each = "Text" + QByteArray::number(number);
+            EXPECT_EQ(this->line(each.constData()).palette().color(QPalette::Base) == kYellow,
+                      each == line)
+                << each.constData();
+        }
+    }
+
+    QString firstItem() { return list().itemText(0); }
+    QString firstTag() { return text(name(), "hiddenlabel"); }
+};
+
+TEST_P(TagLists, AfterAPickByMouseTheAuthorWritesOnInTheYellowLine)
+{
+    type(name(), "Text3", QStringLiteral("By "));
+    pick(list(), firstItem());
+    expectWritingIn("Text3", QStringLiteral("By ") + firstTag());
+    write(QStringLiteral(" again"));
+    expectWritingIn("Text3", QStringLiteral("By ") + firstTag() + QStringLiteral(" again"));
+}
+
+TEST_P(TagLists, AfterAPickByKeysInTheListTheAuthorWritesOnInTheYellowLine)
+{
+    type(name(), "Text3", QStringLiteral("By "));
+    list().setFocus(Qt::TabFocusReason);
+    pickByKeyboard(list(), firstItem());
+    expectWritingIn("Text3", QStringLiteral("By ") + firstTag());
+}
+
+TEST_P(TagLists, WithoutAYellowLineTheFocusStaysInTheList)
+{
+    pick(list(), firstItem());
+    EXPECT_TRUE(list().hasFocus());
+    list().setFocus(Qt::TabFocusReason);
+    pickByKeyboard(list(), firstItem());
+    EXPECT_TRUE(list().hasFocus());
+}
+
+TEST_P(TagLists, AfterEscapeTheFocusStaysWhereItWas)
+{
+    type(name(), "Text3", QStringLiteral("By "));
+    list().setFocus(Qt::TabFocusReason);
+    key(Qt::Key_Down);
+    ASSERT_TRUE(isOpen());
+    key(Qt::Key_Escape);
+    EXPECT_TRUE(list().hasFocus());
+}
+
+TEST_P(TagLists, TakeNoText)
+{
+    const QString shown = list().currentText();
+    list().setFocus(Qt::TabFocusReason);
+    QApplication::clipboard()->setText(QStringLiteral("pasted"));
+    key(Qt::Key_V, Qt::ControlModifier);
+    key(Qt::Key_Insert, Qt::ShiftModifier);
+    EXPECT_EQ(list().currentText(), shown);
+    for (const Qt::Key each : {Qt::Key_X, Qt::Key_K, Qt::Key_U, Qt::Key_Z}) {
+        key(Qt::Key_A, Qt::ControlModifier);
+        key(each, Qt::ControlModifier);
+        EXPECT_EQ(list().currentText(), shown) << each;
+    }
+    for (const Qt::Key each : {Qt::Key_Backspace, Qt::Key_Delete}) {
+        key(each);
+        EXPECT_EQ(list().currentText(), shown) << each;
+    }
+    EXPECT_FALSE(isOpen());
+}
+
+TEST_P(TagLists, TakeNoTextFromTheMouse)
+{
+    const QString shown = list().currentText();
+    QApplication::clipboard()->setText(QStringLiteral("pasted"), QClipboard::Selection);
+    mouse::click(mouse::middleOf(list()), Qt::MiddleButton);
+    EXPECT_EQ(list().currentText(), shown);
+    QMimeData data;
+    data.setText(QStringLiteral("dropped"));
+    const QPoint place(20, 10);
+    QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(list().lineEdit(), &enter);
+    QDropEvent drop(place, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(list().lineEdit(), &drop);
+    EXPECT_EQ(list().currentText(), shown);
+}
+
+TEST_P(TagLists, TakeNoTextFromAnInputMethod)
+{
+    const QString shown = list().currentText();
+    EXPECT_FALSE(list().testAttribute(Qt::WA_InputMethodEnabled));
+    QInputMethodEvent event;
+    event.setCommitString(QStringLiteral("composed"));
+    QApplication::sendEvent(&list(), &event);
+    EXPECT_EQ(list().currentText(), shown);
+}
+
+TEST_P(TagLists, ALetterOpensThemAndPicksNothing)
+{
+    type(name(), "Text3", QStringLiteral("By "));
+    list().setFocus(Qt::TabFocusReason);
+    const QString shown = list().currentText();
+    const QString last = list().itemText(list().count() - 1);
+    write(last.left(1).toLower());
+    ASSERT_TRUE(isOpen());
+    EXPECT_TRUE(found().startsWith(last.front()));
+    EXPECT_EQ(list().currentText(), shown);
+    key(Qt::Key_Escape);
+    EXPECT_EQ(list().currentText(), shown);
+    EXPECT_EQ(line("Text3").text(), QStringLiteral("By "));
+    EXPECT_EQ(text(name(), "hiddenlabel"), QString());
+}
+
+TEST_P(TagLists, AreComboBoxesThatTellTheirNameAndValue)
+{
+    const QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(&list());
+    EXPECT_EQ(spoken->role(), QAccessible::ComboBox);
+    EXPECT_EQ(spoken->text(QAccessible::Value), list().currentText());
+    EXPECT_EQ(list().accessibleName(), QStringLiteral("Commentary tag"));
+    EXPECT_TRUE(spoken->state().focusable);
+    EXPECT_TRUE(QAccessible::queryAccessibleInterface(list().lineEdit())->state().readOnly);
+}
+
+TEST_P(TagLists, ShowAnyTextThatAFlowSets)
+{
+    for (const char *text : {"Attacker 1 Full Name", "no item", "Tag Team 1"}) {
+        given(name(), "Combo1", QLatin1StringView(text));
+        EXPECT_EQ(list().currentText(), QLatin1StringView(text));
+        EXPECT_EQ(list().lineEdit()->text(), QLatin1StringView(text));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(OfAllScreens, TagLists,
+                         ::testing::Values(&kNormalPath, &kRunInPath, &kTurnPath, &kInterviewPath,
+                                           &kTalkShowPath),
+                         [](const auto &row) { return std::string(row.param->screens.back()); });
+
+/// What the letters of the user find in the list of tags of normal endings.
+class TagSearch : public CommentaryTest
+{
+protected:
+    TagSearch() : CommentaryTest(kNormalPath) { expectActive(screen(m_screen)); }
+
+    ComboBox &list() { return combo(m_screen, "Combo1"); }
+
+    /// What is current in the list after these letters, the first of them typed in the closed list.
+    QString foundBy(const QString &letters)
+    {
+        for (const QChar letter : letters) {
+            QWidget *popup = QApplication::activePopupWidget();
+            QTest::keyClick((popup != nullptr ? popup : &screen(m_screen))->windowHandle(),
+                            letter.toLatin1());
+        }
+        EXPECT_TRUE(list().view()->isVisible());
+        return list().view()->currentIndex().data().toString();
+    }
+
+    void leave() { QTest::keyClick(list().view(), Qt::Key_Escape); }
+};
+
+TEST_F(TagSearch, LettersLeadToTheFirstItemThatStartsSo)
+{
+    const char *const kFound[][2] = {{"rec", "Receiver Full Name"},
+                                     {"receiver's s", "Receiver's Stable Name"},
+                                     {"T", "Title Name (eg. XWL Title)"},
+                                     {"a", "Attacker 1 Full Name"},
+                                     {"title o", "Title of Holder (eg. XWL Champion)"}};
+    for (const auto &[letters, item] : kFound) {
+        for (const char *shown : {"Attacker 1 Full Name", "Receiver Short Name", "no item"}) {
+            given(m_screen, "Combo1", QLatin1StringView(shown));
+            EXPECT_EQ(foundBy(QLatin1StringView(letters)), QLatin1StringView(item)) << shown;
+            leave();
+        }
+    }
+}
+
+TEST_F(TagSearch, ALetterThatNoItemStartsWithOpensTheListOnTheItemShown)
+{
+    given(m_screen, "Combo1", QStringLiteral("Receiver Short Name"));
+    EXPECT_EQ(foundBy(QStringLiteral("x")), QStringLiteral("Receiver Short Name"));
+}
+
+TEST_F(TagSearch, EnterPicksWhatTheLettersFound)
+{
+    typeLine("Text2", QStringLiteral("Pinned: "));
+    list().setFocus(Qt::TabFocusReason);
+    foundBy(QStringLiteral("rec"));
+    QTest::keyClick(list().view(), Qt::Key_Return);
+    EXPECT_EQ(line("Text2"), QStringLiteral("Pinned: <recfullname>"));
+}
+
+class TagMouse : public TagSearch
+{
+public:
+    TagMouse() { QApplication::setDoubleClickInterval(400); }
+    ~TagMouse() override { QApplication::setDoubleClickInterval(m_intervalBefore); }
+
+private:
+    int m_intervalBefore =
+        QApplication::doubleClickInterval(); ///< Qt takes no release for that time
+};
+
+TEST_F(TagMouse, AClickOnItsTextOpensTheListAndAnotherClosesIt)
+{
+    const QPoint place = mouse::middleOf(list());
+    mouse::click(place);
+    EXPECT_TRUE(list().view()->isVisible());
+    mouse::click(place);
+    EXPECT_FALSE(list().view()->isVisible());
+    expectActive(screen(m_screen));
+    EXPECT_TRUE(list().hasFocus());
+    EXPECT_EQ(pending(), QString());
+}
+
+class TagRefusal : public CommentaryTest
+{
+protected:
+    TagRefusal() : CommentaryTest(kNormalPath) { expectActive(screen(m_screen)); }
+};
+
+TEST_F(TagRefusal, LeadsToTheYellowLineOnceItsMessageIsGone)
+{
+    const QString message =
+        QStringLiteral("You have the attacker's manager name as 'N/A' or 'None', which means you "
+                       "can't involve the attacker's manager in this finish.");
+    typeLine("Text2", QStringLiteral("By "));
+    chooseTag("Receiver Full Name");
+    for (const Answer answer : {Answer::Ok, Answer::Enter, Answer::Escape, Answer::Close}) {
+        const QString before = line("Text2");
+        combo(m_screen, "Combo1").setFocus(Qt::TabFocusReason);
+        boxes.expectNotice(title(), message, answer);
+        chooseTag("Attacker's Manager Name");
+        expectActive(screen(m_screen));
+        const auto &box = screen(m_screen).control<QLineEdit>("Text2");
+        EXPECT_TRUE(box.hasFocus());
+        EXPECT_EQ(box.text(), before + QStringLiteral("<recfullname>"));
+        EXPECT_EQ(box.cursorPosition(), box.text().size());
+        EXPECT_FALSE(box.hasSelectedText());
+        EXPECT_EQ(box.palette().color(QPalette::Base), kYellow);
+    }
+}
+
+} // namespace
+} // namespace tarvold::testing

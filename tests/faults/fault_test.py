@@ -22,7 +22,7 @@ from concurrent.futures import ThreadPoolExecutor
 
 from judge import Tally, judge
 from points import injected_points, size_points, tracing_refused
-from saves import SAVES, settle
+from saves import FAULT_SAVES, can_give_away, settle
 
 LEAST_POINTS = 400
 PARALLEL = 2
@@ -53,7 +53,7 @@ def try_save(save, probe, step):
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("--all", action="store_true")
-    parser.add_argument("operation", choices=SAVES)
+    parser.add_argument("operation", choices=FAULT_SAVES)
     parser.add_argument("probe", type=os.path.abspath)
     options = parser.parse_args()
     refused = tracing_refused()
@@ -61,7 +61,8 @@ def main():
         print(f"skipped: {refused}")
         return 77
     step = 1 if options.all else 7
-    tallies = [try_save(save, options.probe, step) for save in SAVES[options.operation]]
+    saves = [save for save in FAULT_SAVES[options.operation] if can_give_away() or not save.is_foreign]
+    tallies = [try_save(save, options.probe, step) for save in saves]
     points = sum(tally.points for tally in tallies)
     failures = sum(tally.failures for tally in tallies)
     print(f"{options.operation}: {points} points, {failures} failures")

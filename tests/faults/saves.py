@@ -161,17 +161,20 @@ class Save:
             if read(path) != self.source or os.stat(path).st_mtime_ns != LONG_AGO:
                 return True
         real = self._real(folder)
-        return self.old is not None and os.path.exists(real) and not self._has_rights(real)
+        if self.old is None or not os.path.exists(real):
+            return False
+        lost_note = self.is_foreign and attributes_of(real).get(NOTE) != b"by hand"
+        return lost_note or not self._has_rights(real)
 
     def _has_rights(self, path):
-        """Whether a file has the owner, group, mode and attributes that the old one has."""
+        """Whether a file has the owner, group, mode and access list that the old one has."""
         state = os.stat(path)
         if state.st_mode & 0o7777 != MODE:
             return False
         if not self.is_foreign:
             return True
-        expected = {ACCESS_LIST: LIST, NOTE: b"by hand"}
-        return (state.st_uid, state.st_gid) == (OWNER, GROUP) and attributes_of(path) == expected
+        is_owned = (state.st_uid, state.st_gid) == (OWNER, GROUP)
+        return is_owned and attributes_of(path).get(ACCESS_LIST) == LIST
 
     def is_exposed(self, folder):
         """Whether a temporary file lets anybody but its owner do what the old one may not let him."""
@@ -227,19 +230,15 @@ SAVES = {
     ],
 }
 
-# As SAVES, and rewrites of a file with all that a file can have beside its content.
-FAULT_SAVES = {
-    **SAVES,
-    "rewrite": [
-        *SAVES["rewrite"],
-        Save("rewrite of another's file", "rewrite", ALL_OLD, REWRITTEN, is_foreign=True),
-        Save(
-            "the same where every file has a name",
-            "rewrite",
-            ALL_OLD,
-            REWRITTEN,
-            is_foreign=True,
-            is_named=True,
-        ),
-    ],
-}
+# A file with all that one can have beside its content.
+FOREIGN = [
+    Save("rewrite of another's file", "rewrite", ALL_OLD, REWRITTEN, is_foreign=True),
+    Save(
+        "rewrite of another's file, by one that has a name from the start",
+        "rewrite",
+        ALL_OLD,
+        REWRITTEN,
+        is_foreign=True,
+        is_named=True,
+    ),
+]

@@ -149,10 +149,6 @@ std::chrono::microseconds lockPause();
 [[nodiscard]] std::optional<QString> writeAndSync(QFileDevice &file, QByteArrayView bytes,
                                                   qint64 *written = nullptr);
 
-/// Asks for the memory of a large file in large pages: to be given it in tens of thousands of small
-/// ones takes as long as reading the file. Only a wish, so nobody asks whether it was granted.
-void preferLargePages(QByteArray &bytes);
-
 /// Brings an open file's bytes to the disk. `false` with the system's error code set on failure.
 [[nodiscard]] bool syncFile(int handle);
 

@@ -121,8 +121,9 @@ bool mayLack(const QByteArray &name)
     if (isUnsupported() || errno == ENODATA) {
         return true;
     }
-    const bool isOfSystem = !name.startsWith("user.") && !name.startsWith("system.");
-    return isOfSystem && (errno == EPERM || errno == EACCES || errno == EINVAL);
+    const QByteArray space = name.split('.').first();
+    const bool isRefused = errno == EPERM || errno == EACCES || errno == EINVAL;
+    return isRefused && space != "user" && space != "system";
 }
 
 bool copyAttribute(const QByteArray &name, int from, int to)

@@ -121,8 +121,8 @@ bool mayLack(const QByteArray &name)
     if (isUnsupported() || errno == ENODATA) {
         return true;
     }
-    const QByteArray space = name.split('.').first();
     const bool isRefused = errno == EPERM || errno == EACCES || errno == EINVAL;
+    const QByteArray space = name.split('.').first();
     return isRefused && space != "user" && space != "system";
 }
 

@@ -1,7 +1,9 @@
 // Time and memory of an import, beside public tools that append the same bytes.
 //
-// The program starts itself again for the memory figures: as `import_bench --import`
-// it imports run-in endings, as `import_bench --idle` it does nothing.
+// Each import runs in a process of its own, for an author imports once: memory that a process has
+// used before is faster. So the program starts itself again: as `import_bench --import-run-ins` or
+// `--import-stipulations` it imports, as `--idle` it does nothing, and then tells time and memory.
+// Runs in random order keep what else goes on from hitting one side alone, see `bench/run`.
 
 #include "datafiles/import_merge.h"
 
@@ -11,8 +13,11 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <benchmark/benchmark.h>
+#include <chrono>
 #include <cstdio>
+#include <functional>
 
 namespace {
 
@@ -20,9 +25,13 @@ using tarvold::DataFileKind;
 
 constexpr int kRunInRecords = 100'000;
 constexpr double kBytesPerKilobyte = 1024;
+constexpr int kRepetitions = 25;
 
 const auto kSource = QStringLiteral("source.tvd");
 const auto kTarget = QStringLiteral("target.tvd");
+const auto kImportRunIns = QStringLiteral("--import-run-ins");
+const auto kImportStipulations = QStringLiteral("--import-stipulations");
+const auto kIdle = QStringLiteral("--idle");
 
 /// Every record has a name of its own, so that none is a duplicate.
 QByteArray records(int count, int lines, const QByteArray &name)
@@ -66,35 +75,50 @@ void importOrDie(DataFileKind kind)
     }
 }
 
-void catAndSync()
+double secondsOf(const std::function<void()> &task)
 {
-    runOrDie(
-        QStringLiteral("sh"),
-        {QStringLiteral("-c"), QStringLiteral("cat source.tvd >> target.tvd && sync target.tvd")});
+    const auto start = std::chrono::steady_clock::now();
+    task();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
-/// Runs `append` on a fresh target each time.
-template <class Append>
-void measure(benchmark::State &state, const QByteArray &target, const Append &append)
+/// What a run of this program tells of itself.
+struct Run
 {
-    for (auto _ : state) {
-        state.PauseTiming();
-        put(kTarget, target);
-        emptyWriteBuffers();
-        state.ResumeTiming();
-        append();
-    }
-}
+    double seconds; ///< that the import took, without the start of the program
+    double memory;  ///< the most that it ever held, in bytes
+};
 
-/// The most memory that a run of this program ever held, in bytes.
-double peakMemory(const QStringList &arguments)
+Run runAgain(const QString &task)
 {
     QProcess process;
-    process.start(QCoreApplication::applicationFilePath(), arguments);
+    process.start(QCoreApplication::applicationFilePath(), {task});
     if (!process.waitForFinished(-1) || process.exitCode() != 0) {
         qFatal("the import in a process of its own failed");
     }
-    return process.readAllStandardOutput().toDouble() * kBytesPerKilobyte;
+    const QList<QByteArray> figures = process.readAllStandardOutput().split(' ');
+    return {figures.value(0).toDouble(), figures.value(1).toDouble() * kBytesPerKilobyte};
+}
+
+/// Runs `append`, which gives the seconds that it took, on a fresh target.
+void measure(benchmark::State &state, const QByteArray &source, const QByteArray &target,
+             const std::function<double()> &append)
+{
+    for (auto _ : state) {
+        put(kSource, source);
+        put(kTarget, target);
+        emptyWriteBuffers();
+        state.SetIterationTime(append());
+    }
+}
+
+double catAndSync()
+{
+    return secondsOf([] {
+        runOrDie(QStringLiteral("sh"),
+                 {QStringLiteral("-c"), QStringLiteral("cat source.tvd >> target.tvd && sync "
+                                                       "target.tvd")});
+    });
 }
 
 void reportMemory(benchmark::State &state)
@@ -104,8 +128,8 @@ void reportMemory(benchmark::State &state)
     const auto size = double(source.size());
     for (auto _ : state) {
         put(kTarget, {});
-        const double idle = peakMemory({QStringLiteral("--idle")});
-        const double peak = peakMemory({QStringLiteral("--import")});
+        const double idle = runAgain(kIdle).memory;
+        const double peak = runAgain(kImportRunIns).memory;
         state.counters["peakBySourceSize"] = (peak - idle) / size;
         state.counters["sourceMB"] = size / 1e6;
     }
@@ -113,33 +137,37 @@ void reportMemory(benchmark::State &state)
 
 void runInByCat(benchmark::State &state)
 {
-    put(kSource, records(kRunInRecords, 44, "Feud"));
-    measure(state, {}, catAndSync);
+    measure(state, records(kRunInRecords, 44, "Feud"), {}, catAndSync);
 }
 
 void runInByImport(benchmark::State &state)
 {
-    put(kSource, records(kRunInRecords, 44, "Feud"));
-    measure(state, {}, [] { importOrDie(DataFileKind::RunInEndings); });
+    measure(state, records(kRunInRecords, 44, "Feud"), {},
+            [] { return runAgain(kImportRunIns).seconds; });
 }
 
 void stipulationsByCat(benchmark::State &state)
 {
-    put(kSource, records(int(state.range()), 19, "New"));
-    measure(state, records(int(state.range()), 19, "Old"), catAndSync);
+    const int count = int(state.range());
+    measure(state, records(count, 19, "New"), records(count, 19, "Old"), catAndSync);
 }
 
 void stipulationsByImport(benchmark::State &state)
 {
-    put(kSource, records(int(state.range()), 19, "New"));
-    measure(state, records(int(state.range()), 19, "Old"),
-            [] { importOrDie(DataFileKind::Stipulations); });
+    const int count = int(state.range());
+    measure(state, records(count, 19, "New"), records(count, 19, "Old"),
+            [] { return runAgain(kImportStipulations).seconds; });
+}
+
+double worst(const std::vector<double> &times)
+{
+    return *std::max_element(times.begin(), times.end());
 }
 
 void asLarge(benchmark::internal::Benchmark *bench)
 {
-    bench->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(1)->Repetitions(9);
-    bench->ReportAggregatesOnly();
+    bench->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(1);
+    bench->Repetitions(kRepetitions)->ComputeStatistics("worst", worst)->ReportAggregatesOnly();
 }
 
 void asGrowing(benchmark::internal::Benchmark *bench)
@@ -156,7 +184,8 @@ BENCHMARK(reportMemory)->Iterations(1);
 BENCHMARK(stipulationsByCat)->Apply(asGrowing);
 BENCHMARK(stipulationsByImport)->Apply(asGrowing);
 
-void printPeakMemory()
+/// The most memory that this process ever held, in kilobytes.
+QByteArray peakMemory()
 {
     QFile status(QStringLiteral("/proc/self/status"));
     if (!status.open(QIODevice::ReadOnly)) {
@@ -164,18 +193,18 @@ void printPeakMemory()
     }
     for (const QByteArray &line : status.readAll().split('\n')) {
         if (line.startsWith("VmHWM:")) {
-            std::puts(line.mid(6).trimmed().split(' ').front().constData());
+            return line.mid(6).trimmed().split(' ').front();
         }
     }
+    qFatal("this system tells no peak of memory");
 }
 
-/// \param arguments without the program's name
-int beChild(const QStringList &arguments)
+int beChild(const QString &task)
 {
-    if (arguments.front() == QStringLiteral("--import")) {
-        importOrDie(DataFileKind::RunInEndings);
-    }
-    printPeakMemory();
+    const bool hasStipulations = task == kImportStipulations;
+    const auto kind = hasStipulations ? DataFileKind::Stipulations : DataFileKind::RunInEndings;
+    const double seconds = task == kIdle ? 0 : secondsOf([kind] { importOrDie(kind); });
+    std::printf("%f %s\n", seconds, peakMemory().constData());
     return EXIT_SUCCESS;
 }
 
@@ -186,7 +215,7 @@ int main(int argc, char *argv[])
     const QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments().mid(1);
     if (!arguments.isEmpty() && !arguments.front().startsWith(QStringLiteral("--benchmark"))) {
-        return beChild(arguments);
+        return beChild(arguments.front());
     }
     const QTemporaryDir folder;
     QDir::setCurrent(folder.path());

@@ -74,8 +74,8 @@ bool mayChangeUnseen(const FileState &state);
 /// The state of the file that the user typed this name for; none when it cannot be found.
 std::optional<FileState> stateOf(const QString &name);
 
-/// The file that a path means when all symbolic links are followed, those of its folder alone when
-/// nothing is there. Nothing with the system's error code set when the links cannot be followed.
+/// The file that a path means, or would mean if it were there, when all symbolic links are
+/// followed. Nothing with the system's error code set when they cannot be followed.
 [[nodiscard]] std::optional<QString> realPathOf(const QString &path);
 
 /// Opens what a path means for reading, without waiting for the other end when that is a pipe.
@@ -148,10 +148,6 @@ std::chrono::microseconds lockPause();
 /// \return what went wrong, in words; a part of the bytes may be in the file then
 [[nodiscard]] std::optional<QString> writeAndSync(QFileDevice &file, QByteArrayView bytes,
                                                   qint64 *written = nullptr);
-
-/// Asks for the memory of a large file in large pages: to be given it in tens of thousands of small
-/// ones takes as long as reading the file. Only a wish, so nobody asks whether it was granted.
-void preferLargePages(QByteArray &bytes);
 
 /// Brings an open file's bytes to the disk. `false` with the system's error code set on failure.
 [[nodiscard]] bool syncFile(int handle);

@@ -9,12 +9,13 @@
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
+#include <unistd.h>
 
 namespace tarvold::durable {
 namespace {
 
-/// The path of what is not there, with all links to its folder followed.
-QString realPathOfMissing(const QString &path)
+/// A path with all links to its folder followed; as it is when the folder is not there.
+QString inRealFolder(const QString &path)
 {
     const QFileInfo info(path);
     const QString folder = QFileInfo(info.path()).canonicalFilePath();
@@ -22,6 +23,31 @@ QString realPathOfMissing(const QString &path)
         return path;
     }
     return (folder.endsWith(u'/') ? folder : folder + u'/') + info.fileName();
+}
+
+/// What a link leads to, as it stands there; empty when the path means no link.
+QString targetOf(const QString &path)
+{
+    std::array<char, PATH_MAX> target{};
+    const ssize_t size =
+        ::readlink(QFile::encodeName(path).constData(), target.data(), target.size());
+    return size < 0 ? QString() : QFile::decodeName(QByteArray(target.data(), size));
+}
+
+/// The path of what is not there, with all links followed, those that lead to it included.
+QString realPathOfMissing(const QString &path)
+{
+    constexpr int kMostLinks = 40; // as the system; loops of links do not come here
+    QString real = inRealFolder(path);
+    for (int count = 0; count < kMostLinks; ++count) {
+        const QString target = targetOf(real);
+        if (target.isEmpty()) {
+            break;
+        }
+        const bool isAbsolute = target.startsWith(u'/');
+        real = inRealFolder(isAbsolute ? target : QFileInfo(real).path() + u'/' + target);
+    }
+    return real;
 }
 
 } // namespace

@@ -7,7 +7,6 @@
 #include <ctime>
 #include <fcntl.h>
 #include <sys/file.h>
-#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -215,17 +214,6 @@ bool mayChangeUnseen(const FileState &state)
     timespec now = {};
     ::clock_gettime(CLOCK_REALTIME, &now);
     return nanoseconds(now) - state.changed < kSlowestTick;
-}
-
-void preferLargePages(QByteArray &bytes)
-{
-    constexpr quintptr kPage = 4096;
-    constexpr qsizetype kLarge = 8'388'608;
-    if (bytes.size() < kLarge) {
-        return;
-    }
-    const auto skipped = qsizetype(-quintptr(bytes.data()) % kPage); // up to the next whole page
-    ::madvise(bytes.data() + skipped, std::size_t(bytes.size() - skipped), MADV_HUGEPAGE);
 }
 
 bool syncFile(int handle)

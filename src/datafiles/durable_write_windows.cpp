@@ -93,11 +93,6 @@ std::optional<QString> writeAndSync(QFileDevice &file, QByteArrayView bytes, qin
     return syncFile(file.handle()) ? std::nullopt : std::optional(qt_error_string());
 }
 
-void preferLargePages(QByteArray & /*bytes*/)
-{
-    // Only those who have a right of their own may ask for them here.
-}
-
 bool syncFile(int handle)
 {
     if (::FlushFileBuffers(handleOf(handle)) != FALSE) {

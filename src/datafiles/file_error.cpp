@@ -11,6 +11,9 @@ std::optional<FileError> whyNotWhole(QByteArrayView bytes, qsizetype lines, int 
     if (lines % linesPerRecord == 0) {
         return std::nullopt;
     }
+    if (bytes.contains('\r') && !bytes.contains('\n')) {
+        return FileError{QStringLiteral("Its lines end with CR alone, not with CR LF.")};
+    }
     if (bytes.contains('\n') && !bytes.contains(kLineEnd)) {
         return FileError{QStringLiteral("Its lines do not end with CR LF.")};
     }

@@ -24,7 +24,6 @@ FileContent readToEnd(QFile &file)
         return tooLarge();
     }
     QByteArray bytes(file.size() + kLeastRoom, Qt::Uninitialized);
-    durable::preferLargePages(bytes);
     qsizetype length = 0;
     while (true) {
         const qint64 read = file.read(bytes.data() + length, bytes.size() - length);

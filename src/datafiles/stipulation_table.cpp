@@ -74,11 +74,19 @@ QByteArray joined(const StipulationTable::Snapshot &lines, QByteArrayView file)
 
 std::optional<FileError> StipulationTable::load(const QString &name)
 {
-    if (!name.isEmpty() && !fileExists(name)) {
-        if (auto error = appendToFile(name, {})) {
-            return error;
-        }
+    const bool wasMissing = !name.isEmpty() && !fileExists(name);
+    auto error = wasMissing ? appendToFile(name, {}) : std::nullopt;
+    if (!error) {
+        error = read(name);
     }
+    if (error && wasMissing && fileExists(name)) {
+        error->unchanged = false;
+    }
+    return error;
+}
+
+std::optional<FileError> StipulationTable::read(const QString &name)
+{
     FileContent content = readFile(name);
     if (content.error) {
         return content.error;

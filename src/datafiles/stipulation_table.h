@@ -26,7 +26,7 @@ public:
     using Record = std::array<std::optional<QByteArray>, kLinesPerRecord>;
 
     /// Replaces the table by a file's lines. A missing file is created empty. On an error the table
-    /// is as it was and no file is created or changed.
+    /// is as it was; a file that was missing is so still, unless the error says that it may not be.
     /// \param name as the user typed it
     [[nodiscard]] std::optional<FileError> load(const QString &name);
 
@@ -80,6 +80,9 @@ public:
     void restore(Snapshot snapshot) { stipulations = std::move(snapshot); }
 
 private:
+    /// Replaces the table by the lines of a file that is there. On an error it is as it was.
+    [[nodiscard]] std::optional<FileError> read(const QString &name);
+
     /// Keeps the bytes of an edited line until the table is loaded or written back.
     QByteArrayView keep(const QByteArray &line);
 

@@ -53,8 +53,12 @@ QString outdated(const QString &name, const QString &kept)
 
 QString notLoaded(const QString &name, const FileError &error)
 {
-    return QStringLiteral("The file \"%1\" could not be loaded.\n\n%2\n\nNothing was changed.")
-        .arg(name, error.cause);
+    const QString state =
+        error.unchanged
+            ? QStringLiteral("Nothing was changed.")
+            : QStringLiteral("The file was missing, and an empty one may be there now.");
+    return QStringLiteral("The file \"%1\" could not be loaded.\n\n%2\n\n%3")
+        .arg(name, error.cause, state);
 }
 
 QString tooLongToEdit(int line, qsizetype length, qsizetype most)

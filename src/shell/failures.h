@@ -20,7 +20,7 @@ QString notRewritten(const QString &name, const FileError &error, const QString 
 /// \param kept what the answer No leaves
 QString outdated(const QString &name, const QString &kept);
 
-/// The file could not be read.
+/// The file could not be read, or not created if it was missing.
 /// \param name as the user typed it
 QString notLoaded(const QString &name, const FileError &error);
 

@@ -51,6 +51,18 @@ TEST_F(Rewrite, WritesThroughASymbolicLink)
     EXPECT_EQ(folderContent(), "a.tvd elsewhere");
 }
 
+TEST_F(Rewrite, WritesThroughLinksThatLeadToNoFileYet)
+{
+    ASSERT_TRUE(QDir().mkdir(QStringLiteral("elsewhere")));
+    ASSERT_EQ(symlink("elsewhere/second", "a.tvd"), 0);
+    ASSERT_EQ(symlink("../target", "elsewhere/second"), 0);
+    EXPECT_FALSE(rewriteFile(name(), "new"));
+    EXPECT_TRUE(QFileInfo(name()).isSymLink());
+    EXPECT_TRUE(QFileInfo(QStringLiteral("elsewhere/second")).isSymLink());
+    EXPECT_EQ(readBack("target"), "new");
+    EXPECT_EQ(folderContent(), "a.tvd elsewhere target");
+}
+
 TEST_F(Rewrite, TakesANameThatStartsWithAColonAsAnOrdinaryOne)
 {
     EXPECT_FALSE(rewriteFile(QStringLiteral(":a.tvd"), "new"));

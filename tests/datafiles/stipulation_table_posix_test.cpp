@@ -31,5 +31,16 @@ TEST_F(StipulationTableRights, ReportsAMissingFileThatCannotBeCreated)
     EXPECT_EQ(folderContent(), "");
 }
 
+TEST_F(StipulationTableRights, TellsThatItMadeAFileThatItMayNotRead)
+{
+    ASSERT_EQ(chmod(".", 0777), 0);
+    EXPECT_TRUE(holdsForOrdinaryUser([] {
+        umask(0444);
+        const auto error = StipulationTable().load(QStringLiteral("a.tvd"));
+        return error && !error->unchanged;
+    }));
+    EXPECT_EQ(folderContent(), "a.tvd");
+}
+
 } // namespace
 } // namespace tarvold::testing

@@ -141,6 +141,7 @@ TEST(GuideMessages, FailuresAreToldWhole)
              failures::notRewritten(kName, unchanged, stays),
              failures::notRewritten(kName, inPlace, stays),
              failures::notLoaded(kName, unchanged),
+             failures::notLoaded(kName, changed),
              failures::noSource(),
              failures::notImported(kName, unchanged),
              failures::notImported(kName, changed),

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Injects a fault at every system call of a save and reads everything back.
 
-    fault_test.py [--all] append|rewrite|import PROBE
+    fault_test.py [--all] append|rewrite|import|foreign PROBE
 
 The probe performs one save with the real file layer. It is traced once without faults, to learn
 which system calls touch the data files or their folder; then it runs once for each of them and each
@@ -9,8 +9,10 @@ fault: killed there, refused once, refused from there on. Sizes of files are lim
 run short: to every seventh byte of what is written, with --all to every byte. After each run the
 folder must hold the old content or the new one, and what the probe reported must be true.
 
+"foreign" rewrites a file of another user with an access control list.
+
 Exit code: 0 when nothing was lost, 1 when something was, 77 when this machine does not let one
-program trace another.
+program trace another, or has no such files.
 """
 
 import argparse
@@ -22,10 +24,11 @@ from concurrent.futures import ThreadPoolExecutor
 
 from judge import Tally, judge
 from points import injected_points, size_points, tracing_refused
-from saves import SAVES, settle
+from saves import FOREIGN, SAVES, can_give_away, settle
 
 LEAST_POINTS = 400
 PARALLEL = 2
+FOREIGN_FILE = "foreign"
 
 
 def try_point(save, probe, scratch, point):
@@ -53,7 +56,7 @@ def try_save(save, probe, step):
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("--all", action="store_true")
-    parser.add_argument("operation", choices=SAVES)
+    parser.add_argument("operation", choices=[*SAVES, FOREIGN_FILE])
     parser.add_argument("probe", type=os.path.abspath)
     options = parser.parse_args()
     refused = tracing_refused()
@@ -61,7 +64,12 @@ def main():
         print(f"skipped: {refused}")
         return 77
     step = 1 if options.all else 7
-    tallies = [try_save(save, options.probe, step) for save in SAVES[options.operation]]
+    is_foreign = options.operation == FOREIGN_FILE
+    if is_foreign and not can_give_away():
+        print("skipped: this user or file system knows no owners or access control lists to give")
+        return 77
+    saves = FOREIGN if is_foreign else SAVES[options.operation]
+    tallies = [try_save(save, options.probe, step) for save in saves]
     points = sum(tally.points for tally in tallies)
     failures = sum(tally.failures for tally in tallies)
     print(f"{options.operation}: {points} points, {failures} failures")

@@ -6,7 +6,8 @@ FAILURES = (
     "false",  # the report is not true
     "twice",  # the record is there two times
     "stray",  # a file is left that belongs to nothing
-    "altered",  # a link, a mode or the source is not as it was
+    "altered",  # a link, the file's rights or attributes, or the source are not as they were
+    "exposed",  # a temporary file may be read by more users than the old one
     "crashed",
     "evasive",  # the report leaves open what could be found out
     "missed",  # the fault did not come about
@@ -40,6 +41,8 @@ def judge(save, folder, run):
         found.add("altered")
     if save.strays(folder):
         found.add("leftover" if run.killed and save.may_leave_copy else "stray")
+        if save.is_rewrite and save.is_exposed(folder):
+            found.add("exposed")
     return found
 
 

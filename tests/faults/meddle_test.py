@@ -29,7 +29,7 @@ LEAST_POINTS = 100
 PARALLEL = 2
 # A rewrite compares the file with what was loaded, and then the new one takes its name. What
 # another program does between these two goes unseen; this is how many calls it has to hit.
-CALLS_WITHOUT_LOOK = 6
+CALLS_WITHOUT_LOOK = 2
 
 
 def steps_of(save, probe):

@@ -50,6 +50,7 @@ class Injection:
     fault: str
     when: str
     size: Optional[int] = None  # files cannot grow beyond it, so that a write runs short as well
+    always: tuple = ()  # arguments of the tracer for what is refused in each run
 
     def __str__(self):
         limit = f", files limited to {self.size} bytes" if self.size is not None else ""
@@ -57,9 +58,10 @@ class Injection:
 
     def run(self, command):
         inject = f"inject={self.call}:{self.fault}:when={self.when}"
-        tracer = ["strace", "-f", "-e", f"trace={self.call}", "-e", inject]
-        code, output, trace = _run([*_limit(self.size), *tracer, *command])
-        reached = re.search(r"\(INJECTED\)|killed by SIGKILL", trace) is not None
+        traced = ["-e", f"trace={self.call},openat", *self.always, "-e", inject]
+        code, output, trace = _run([*_limit(self.size), "strace", "-f", *traced, *command])
+        pattern = rf"(?m)\b{self.call}\(.*\(INJECTED\)|killed by SIGKILL"
+        reached = re.search(pattern, trace) is not None
         is_sync = self.call == "fsync" and self.fault == "error=EIO"
         return Run(
             code=code,
@@ -96,17 +98,30 @@ def tracing_refused():
     return f"this machine does not let strace trace a program: {said}" if said else None
 
 
-def calls_of(save, probe):
-    """The system calls of a save without faults: (name, occurrence since the probe's start)."""
+def _trace(save, probe, *arguments):
+    """What strace tells of a save, and the folder that it was done in."""
     with tempfile.TemporaryDirectory() as scratch:
         folder = os.path.join(scratch, "folder")
         save.prepare(folder)
         settle()
-        tracer = ["strace", "-f", "-s", "4096", "-e", "trace=%file,%desc"]
+        tracer = ["strace", "-f", "-s", "4096", *arguments]
         _, _, trace = _run([*tracer, *save.command(probe, scratch)])
         if save.content(folder) != save.new:
             raise RuntimeError(f"{save.name} does not work even without faults")
-        return _calls_in(trace.splitlines(), folder)
+        return trace.splitlines(), folder
+
+
+def _refusal_of_nameless(save, probe):
+    """Arguments that let the tracer refuse to make a file without a name."""
+    lines, _ = _trace(save, probe, "-e", "trace=openat")
+    opened = [line for line in lines if "openat(" in line]
+    occurrence = next(at for at, line in enumerate(opened, 1) if "O_TMPFILE" in line)
+    return ("-e", f"inject=openat:error=EOPNOTSUPP:when={occurrence}")
+
+
+def calls_of(save, probe, always=()):
+    """The system calls of a save without faults: (name, occurrence since the probe's start)."""
+    return _calls_in(*_trace(save, probe, "-e", "trace=%file,%desc", *always))
 
 
 def _calls_in(lines, folder):
@@ -130,10 +145,14 @@ def _calls_in(lines, folder):
 def injected_points(save, probe):
     """Each fault at each call; for an append also with a write that runs short before or after."""
     points = []
-    for name, occurrence in calls_of(save, probe):
-        points.append(Injection(name, "signal=KILL", str(occurrence)))
-        points += [Injection(name, f"error={error}", str(occurrence)) for error in ERRORS]
-        points += [Injection(name, f"error={error}", f"{occurrence}+") for error in LASTING_ERRORS]
+    always = _refusal_of_nameless(save, probe) if save.is_named else ()
+    for name, occurrence in calls_of(save, probe, always):
+        if always and name == "openat":
+            continue  # of one call the tracer injects one fault
+        faults = [("signal=KILL", str(occurrence))]
+        faults += [(f"error={error}", str(occurrence)) for error in ERRORS]
+        faults += [(f"error={error}", f"{occurrence}+") for error in LASTING_ERRORS]
+        points += [Injection(name, fault, when, always=always) for fault, when in faults]
         if not save.is_rewrite:
             short = len(save.new) - len(save.added) // 2
             points.append(Injection(name, "error=EIO", str(occurrence), short))

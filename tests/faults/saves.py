@@ -1,6 +1,8 @@
 """The saves that the fault tests perform: what lies in the folder before and after each."""
 
 import os
+import struct
+import tempfile
 import time
 from dataclasses import dataclass
 from typing import Optional
@@ -13,6 +15,17 @@ SOURCE = "source.tvd"
 LONG_AGO = 1_000_000_000_000_000_000  # when the source was last changed, in nanoseconds
 
 LINK = ((FILE, TARGET),)
+
+OWNER, GROUP, READER = 4321, 1234, 65534
+ACCESS_LIST = "system.posix_acl_access"
+NOTE = "user.note"
+_NOBODY_NAMED = 0xFFFFFFFF
+# The owner may read and write, and one other user read, but the group nothing: were the list lost,
+# the mode would let the group read.
+_ENTRIES = ((1, 6, _NOBODY_NAMED), (2, 4, READER), (4, 0, _NOBODY_NAMED), (16, 4, _NOBODY_NAMED))
+LIST = struct.pack("<I", 2) + b"".join(
+    struct.pack("<HHI", *entry) for entry in (*_ENTRIES, (32, 0, _NOBODY_NAMED))
+)
 
 
 def record(name):
@@ -41,6 +54,28 @@ def settle():
     time.sleep(0.05)
 
 
+def attributes_of(path):
+    """The extended attributes of a file."""
+    return {name: os.getxattr(path, name) for name in os.listxattr(path)}
+
+
+def give_away(path):
+    """Makes a file that of another user, with an access control list and a note."""
+    os.chown(path, OWNER, GROUP)
+    os.setxattr(path, ACCESS_LIST, LIST)
+    os.setxattr(path, NOTE, b"by hand")
+
+
+def can_give_away():
+    """Whether this user and the file system of temporary files allow that."""
+    with tempfile.NamedTemporaryFile() as file:
+        try:
+            give_away(file.name)
+        except OSError:
+            return False
+    return True
+
+
 @dataclass
 class Save:
     """One save of the probe on one kind of file."""
@@ -53,6 +88,8 @@ class Save:
     real: str = FILE  # the file that the saved name means, links followed
     source: Optional[bytes] = None  # what is imported
     record: bytes = RECORD
+    is_foreign: bool = False  # the file was given away
+    is_named: bool = False  # the system makes no file without a name
 
     @property
     def is_rewrite(self):
@@ -77,6 +114,8 @@ class Save:
             with open(self._real(folder), "wb") as file:
                 file.write(self.old)
             os.chmod(self._real(folder), MODE)
+            if self.is_foreign:
+                give_away(self._real(folder))
         for name, target in self.links:
             os.symlink(target, os.path.join(folder, name))
         if self.source is not None:
@@ -122,11 +161,25 @@ class Save:
             if read(path) != self.source or os.stat(path).st_mtime_ns != LONG_AGO:
                 return True
         real = self._real(folder)
-        return (
-            self.old is not None
-            and os.path.exists(real)
-            and os.stat(real).st_mode & 0o7777 != MODE
-        )
+        if self.old is None or not os.path.exists(real):
+            return False
+        lost_note = self.is_foreign and attributes_of(real).get(NOTE) != b"by hand"
+        return lost_note or not self._has_rights(real)
+
+    def _has_rights(self, path):
+        """Whether a file has the owner, group, mode and access list that the old one has."""
+        state = os.stat(path)
+        if state.st_mode & 0o7777 != MODE:
+            return False
+        if not self.is_foreign:
+            return True
+        is_owned = (state.st_uid, state.st_gid) == (OWNER, GROUP)
+        return is_owned and attributes_of(path).get(ACCESS_LIST) == LIST
+
+    def is_exposed(self, folder):
+        """Whether a temporary file lets anybody but its owner do what the old one may not let him."""
+        strays = [os.path.join(folder, name) for name in self.strays(folder)]
+        return any(os.stat(path).st_mode & 0o077 and not self._has_rights(path) for path in strays)
 
     def strays(self, folder):
         """The files and links that belong to nothing here."""
@@ -176,3 +229,16 @@ SAVES = {
         ),
     ],
 }
+
+# A file with all that one can have beside its content.
+FOREIGN = [
+    Save("rewrite of another's file", "rewrite", ALL_OLD, REWRITTEN, is_foreign=True),
+    Save(
+        "rewrite of another's file, by one that has a name from the start",
+        "rewrite",
+        ALL_OLD,
+        REWRITTEN,
+        is_foreign=True,
+        is_named=True,
+    ),
+]

@@ -81,11 +81,11 @@ TEST_F(OddBytesInStipulations, OfABareLineFeedAtEveryLineAreToldAsThat)
     EXPECT_TRUE(refusal(bytes).contains(utf8("Its lines do not end with CR LF.")));
 }
 
-TEST_F(OddBytesInStipulations, OfABareCarriageReturnAtEveryLineAreToldAsOneLine)
+TEST_F(OddBytesInStipulations, OfABareCarriageReturnAtEveryLineAreToldAsThat)
 {
     QByteArray bytes = plain + plain;
     bytes.replace("\r\n", "\r");
-    EXPECT_TRUE(refusal(bytes).contains(utf8("lines found: 1")));
+    EXPECT_TRUE(refusal(bytes).contains(utf8("Its lines end with CR alone, not with CR LF.")));
 }
 
 TEST_F(OddBytesInStipulations, WithoutTheLastLineEndLoseNothingAndGetOne)
@@ -223,10 +223,11 @@ TEST_F(OddBytesAtImport, OfABareLineFeedAtEveryLineAreToldAsThat)
     EXPECT_TRUE(failedImport("Command6").contains(utf8("Its lines do not end with CR LF.")));
 }
 
-TEST_F(OddBytesAtImport, OfABareCarriageReturnAtEveryLineAreToldAsOneLine)
+TEST_F(OddBytesAtImport, OfABareCarriageReturnAtEveryLineAreToldAsThat)
 {
     writeFile("x.tvd", recordOf(19).replace("\r\n", "\r"));
-    EXPECT_TRUE(failedImport("Command6").contains(utf8("lines found: 1")));
+    EXPECT_TRUE(
+        failedImport("Command6").contains(utf8("Its lines end with CR alone, not with CR LF.")));
 }
 
 TEST_F(OddBytesAtImport, WithoutTheLastLineEndAreCopiedWithIt)

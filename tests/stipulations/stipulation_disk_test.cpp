@@ -3,11 +3,13 @@
 #include "stipulations/stipulation_test.h"
 
 #include <cerrno>
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
 bool foldersFail = false;
+bool removalFails = false;
 } // namespace
 
 /// Linked into this program, stands for the disk.
@@ -19,6 +21,16 @@ int fsync(int handle) noexcept(noexcept(::fsync(0)))
         return -1;
     }
     return 0;
+}
+
+/// The same.
+int unlink(const char *path) noexcept(noexcept(::unlink("")))
+{
+    if (removalFails) {
+        errno = EIO;
+        return -1;
+    }
+    return unlinkat(AT_FDCWD, path, 0);
 }
 
 namespace tarvold::testing {
@@ -37,6 +49,7 @@ protected:
     void TearDown() override
     {
         foldersFail = false;
+        removalFails = false;
         StipulationTest::TearDown();
     }
 
@@ -87,6 +100,36 @@ TEST_F(StipulationsOnADoubtfulDisk, AreKnownToTheNextSave)
     put("stipulation", "Ladder");
     save();
     EXPECT_EQ(readBack(kFile), one + untouched("Cage") + untouched("Ladder"));
+}
+
+/// Enters the list by the name of a file that is not there, and gives what is told instead.
+class StipulationsMissingOnADoubtfulDisk : public StipulationsOnADoubtfulDisk
+{
+protected:
+    void expectRefusal(const char *state)
+    {
+        press("Form16", "Command3");
+        type("Form1", "Text1", utf8("new.tvd"));
+        boxes.expectNotice(utf8("Stipulations Editor"),
+                           utf8("The file \"new.tvd\" could not be loaded.\n\nInput/output "
+                                "error\n\n") +
+                               utf8(state));
+        press("Form1", "Command1");
+        expectOnly("Form1");
+    }
+};
+
+TEST_F(StipulationsMissingOnADoubtfulDisk, AreNotChangedWhenTheNewFileIsRemoved)
+{
+    expectRefusal("Nothing was changed.");
+    EXPECT_EQ(folderContent(), kFile);
+}
+
+TEST_F(StipulationsMissingOnADoubtfulDisk, MayBeThereWhenTheNewFileCannotBeRemoved)
+{
+    removalFails = true;
+    expectRefusal("The file was missing, and an empty one may be there now.");
+    EXPECT_EQ(readBack("new.tvd"), "");
 }
 
 } // namespace

@@ -2,9 +2,11 @@
 
 #include <csignal>
 #include <functional>
+#include <grp.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <vector>
 
 /// What keeps a program from writing its files, made on purpose.
 namespace tarvold::testing {
@@ -34,12 +36,15 @@ private:
 
 /// Whether something holds in a process whose user the system's permissions bind; for the
 /// superuser they mean nothing, so then the process becomes that of the user "nobody".
-inline bool holdsForOrdinaryUser(const std::function<bool()> &check)
+/// \param groups further groups of that user
+inline bool holdsForOrdinaryUser(const std::function<bool()> &check,
+                                 const std::vector<gid_t> &groups = {})
 {
     constexpr uid_t kNobody = 65534;
     const pid_t child = fork();
     if (child == 0) {
-        const bool ordinary = geteuid() != 0 || (setgid(kNobody) == 0 && setuid(kNobody) == 0 &&
+        const bool ordinary = geteuid() != 0 || (setgroups(groups.size(), groups.data()) == 0 &&
+                                                 setgid(kNobody) == 0 && setuid(kNobody) == 0 &&
                                                  geteuid() == kNobody);
         _exit(ordinary && check() ? 0 : 1);
     }

@@ -25,13 +25,14 @@ bool replacesFile(DataFileKind kind)
     return kind == DataFileKind::Stipulations;
 }
 
-/// The toolkit's dialog would write down where it was last; this program keeps no settings.
+/// Qt's dialog would write down where it was last; this program keeps no settings.
 void keepNoSettings()
 {
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
 }
 
 /// Opens the dialog in the folder of the failed save, with the same name, as far as both can be.
+/// A folder is not proposed: Qt's own dialog would keep it chosen beside the name that is typed.
 void startAt(QFileDialog &dialog, const QString &failed, DataFileKind kind)
 {
     const QString usual = QLatin1StringView(rowOf(kind).defaultName);
@@ -39,7 +40,10 @@ void startAt(QFileDialog &dialog, const QString &failed, DataFileKind kind)
     const QFileInfo file(isName ? durable::pathOf(failed) : usual);
     const QDir folder = file.absoluteDir();
     dialog.setDirectory(folder.exists() ? folder : QDir());
-    dialog.selectFile(isTvdName(file.fileName()) ? file.fileName() : usual);
+    const QString name = isTvdName(file.fileName()) ? file.fileName() : usual;
+    if (!QFileInfo(dialog.directory().filePath(name)).isDir()) {
+        dialog.selectFile(name);
+    }
 }
 
 /// Lets the user choose a file by the platform's own dialog.

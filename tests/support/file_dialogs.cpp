@@ -67,9 +67,12 @@ void FileDialogs::look()
     }
     const FileAnswer answer = m_awaited.front();
     m_awaited.pop_front();
+    m_timer.stop(); // waiting lets events through
+    expectActive(*dialog);
+    m_timer.start(1);
     check(*dialog, answer);
     type(*dialog, answer.typed);
-    QTest::keyClick(dialog, answer.saves ? Qt::Key_Return : Qt::Key_Escape);
+    QTest::keyClick(&nameBoxOf(*dialog), answer.saves ? Qt::Key_Return : Qt::Key_Escape);
     if (dialog->isVisible()) {
         ADD_FAILURE() << "the file dialog stayed open after its answer";
         dialog->reject();

@@ -71,7 +71,6 @@ public:
         setDefaultButton(enter);
         setEscapeButton(escape);
         for (QAbstractButton *button : buttons()) {
-            button->setIcon({}); // some desktops draw a tick and a cross that say nothing
             button->installEventFilter(this);
         }
         exec();

@@ -53,6 +53,7 @@ std::optional<QString> chosenPath(const FailedSave &failed, const QString &name)
     QFileDialog dialog(failed.asking, QStringLiteral("Save To Another File"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setViewMode(QFileDialog::List);
     dialog.setNameFilter(QStringLiteral("Data files (*.tvd)"));
     // What is added to is not lost. Over what is written over, this program asks itself, for only
     // it knows the name with its end.

@@ -10,6 +10,7 @@
 #include "shell/keys.h"
 #include "shell/message_box.h"
 #include "shell/push_button.h"
+#include "shell/save_elsewhere.h"
 #include "shell/screens.h"
 #include "shell/sizes.h"
 
@@ -182,17 +183,21 @@ void CommentaryScreen::save()
 
 bool CommentaryScreen::write()
 {
-    const QString title = QLatin1StringView(messagebox::kTitle);
-    const QString name = m_screens.text(rowOf(m_table.kind).nameBox);
     const ComposedRecord record = composeRecord(
         m_table.layout(), [this](ControlRef source) { return m_screens.text(source); });
     if (record.missing) {
-        messagebox::notice(this, title, failures::cannotHold(*record.missing));
+        messagebox::notice(this, QLatin1StringView(messagebox::kTitle),
+                           failures::cannotHold(*record.missing));
         return false;
     }
-    if (const auto error = appendToFile(name, record.bytes)) {
-        messagebox::notice(this, title, failures::notSaved(name, *error));
-        return false;
+    const auto fileName = [this] { return m_screens.text(rowOf(m_table.kind).nameBox); };
+    while (const auto error = appendToFile(fileName(), record.bytes)) {
+        if (!saveelsewhere::offer(m_screens, {.asking = this,
+                                              .title = QLatin1StringView(messagebox::kTitle),
+                                              .text = failures::notSaved(fileName(), *error),
+                                              .kind = m_table.kind})) {
+            return false;
+        }
     }
     return true;
 }

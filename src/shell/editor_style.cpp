@@ -92,6 +92,15 @@ void EditorStyle::polish(QPalette &palette)
     }
 }
 
+int EditorStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                           QStyleHintReturn *returned) const
+{
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons) {
+        return 0; // some desktops draw a tick and a cross that say nothing
+    }
+    return QProxyStyle::styleHint(hint, option, widget, returned);
+}
+
 int EditorStyle::pixelMetric(PixelMetric metric, const QStyleOption *option,
                              const QWidget *widget) const
 {

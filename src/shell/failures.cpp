@@ -51,6 +51,14 @@ QString outdated(const QString &name, const QString &kept)
         .arg(name, kept);
 }
 
+QString inTheWay(const QString &name)
+{
+    return QStringLiteral("The file \"%1\" is there already.\n\nYes writes your list over it, and "
+                          "what is in it now is lost. No lets you choose another name.\n\nWrite "
+                          "over it?")
+        .arg(name);
+}
+
 QString notLoaded(const QString &name, const FileError &error)
 {
     const QString state =

@@ -20,6 +20,10 @@ QString notRewritten(const QString &name, const FileError &error, const QString 
 /// \param kept what the answer No leaves
 QString outdated(const QString &name, const QString &kept);
 
+/// Another file was chosen for a list, and is there already: asks whether to write over it.
+/// \param name as the file's box on the main menu would show it
+QString inTheWay(const QString &name);
+
 /// The file could not be read, or not created if it was missing.
 /// \param name as the user typed it
 QString notLoaded(const QString &name, const FileError &error);

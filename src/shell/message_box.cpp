@@ -7,9 +7,8 @@
 #include <QLabel>
 #include <QLayout>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QScreen>
-
-#include <utility>
 
 namespace tarvold::messagebox {
 namespace {
@@ -58,7 +57,25 @@ QString fitted(const QString &text, const QWidget &box)
 class Box : public QMessageBox
 {
 public:
-    using QMessageBox::QMessageBox;
+    Box(QWidget *parent, const QString &title, const QString &text)
+        : QMessageBox(NoIcon, title, {}, NoButton, parent)
+    {
+        setText(fitted(text, *this));
+        setTextFormat(Qt::PlainText);
+    }
+
+    /// Shows the box with the buttons that were added.
+    /// \return the one that was pressed, by the Enter or the Escape key too
+    QAbstractButton *ask(QPushButton *enter, QPushButton *escape)
+    {
+        setDefaultButton(enter);
+        setEscapeButton(escape);
+        for (QAbstractButton *button : buttons()) {
+            button->installEventFilter(this);
+        }
+        exec();
+        return clickedButton();
+    }
 
 protected:
     bool event(QEvent *event) override
@@ -96,35 +113,29 @@ private:
     }
 };
 
-QMessageBox::StandardButton ask(QWidget *parent, const QString &title, const QString &text,
-                                QMessageBox::StandardButtons buttons,
-                                QMessageBox::StandardButton enter,
-                                QMessageBox::StandardButton escape)
-{
-    Box box(QMessageBox::NoIcon, title, {}, buttons, parent);
-    box.setText(fitted(text, box));
-    box.setTextFormat(Qt::PlainText);
-    box.setDefaultButton(enter);
-    box.setEscapeButton(escape);
-    for (QAbstractButton *button : box.buttons()) {
-        button->setIcon({}); // some desktops draw a tick and a cross that say nothing
-        button->installEventFilter(&box);
-    }
-    return static_cast<QMessageBox::StandardButton>(box.exec());
-}
-
 } // namespace
 
 void notice(QWidget *parent, const QString &title, const QString &text)
 {
-    ask(parent, title, text, QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok);
+    Box box(parent, title, text);
+    QPushButton *ok = box.addButton(QMessageBox::Ok);
+    box.ask(ok, ok);
+}
+
+bool offer(QWidget *parent, const QString &title, const QString &text, const QString &action)
+{
+    Box box(parent, title, text);
+    QPushButton *ok = box.addButton(QMessageBox::Ok);
+    const QPushButton *offered = box.addButton(action, QMessageBox::ActionRole);
+    return box.ask(ok, ok) == offered;
 }
 
 bool question(QWidget *parent, const QString &title, const QString &text, EnterMeans enter)
 {
-    const auto enterButton = enter == EnterMeans::Yes ? QMessageBox::Yes : QMessageBox::No;
-    return ask(parent, title, text, QMessageBox::Yes | QMessageBox::No, enterButton,
-               QMessageBox::No) == QMessageBox::Yes;
+    Box box(parent, title, text);
+    QPushButton *yes = box.addButton(QMessageBox::Yes);
+    QPushButton *no = box.addButton(QMessageBox::No);
+    return box.ask(enter == EnterMeans::Yes ? yes : no, no) == yes;
 }
 
 } // namespace tarvold::messagebox

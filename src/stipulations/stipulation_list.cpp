@@ -11,6 +11,7 @@
 #include "shell/main_menu.h"
 #include "shell/message_box.h"
 #include "shell/push_button.h"
+#include "shell/save_elsewhere.h"
 #include "shell/screens.h"
 #include "stipulations/stipulation_form.h"
 #include "stipulations/stipulation_list_model.h"
@@ -213,27 +214,46 @@ void Form16::remove()
 
 void Form16::store(const StipulationTable::Record &record)
 {
+    std::optional<FileError> error = tryToStore(record);
+    while (error && !error->outdated && !error->inPlace) {
+        if (!goesElsewhere(*error)) {
+            return;
+        }
+        error = tryToStore(record);
+    }
+    if (error && error->outdated) {
+        return;
+    }
+    messagebox::notice(&form(), QLatin1StringView(kTitle),
+                       error ? notStored(*error) : QStringLiteral("Saved OK!"));
+    replace(form());
+}
+
+std::optional<FileError> Form16::tryToStore(const StipulationTable::Record &record)
+{
     StipulationTable::Snapshot before = m_stipulations.snapshot();
     if (text("listpos") == QLatin1StringView(Form3::kNew)) {
         m_stipulations.append(record);
     } else {
         m_stipulations.replace(listPosition(), record);
     }
-    const std::optional<FileError> error =
-        writeBackOr(std::move(before), {&form(), QStringLiteral("No writes nothing, and everything "
-                                                                "that you typed stays here until "
-                                                                "you leave this form.")});
-    if (error && error->outdated) {
-        return;
-    }
-    messagebox::notice(
-        &form(), QLatin1StringView(kTitle),
-        error ? failures::notRewritten(fileName(), *error,
-                                       QStringLiteral("Everything that you typed is still here."))
-              : QStringLiteral("Saved OK!"));
-    if (!error || error->inPlace) {
-        replace(form());
-    }
+    return writeBackOr(std::move(before),
+                       {&form(), QStringLiteral("No writes nothing, and everything that you typed "
+                                                "stays here until you leave this form.")});
+}
+
+QString Form16::notStored(const FileError &error) const
+{
+    return failures::notRewritten(fileName(), error,
+                                  QStringLiteral("Everything that you typed is still here."));
+}
+
+bool Form16::goesElsewhere(const FileError &error)
+{
+    return saveelsewhere::offer(m_screens, {.asking = &form(),
+                                            .title = QLatin1StringView(kTitle),
+                                            .text = notStored(error),
+                                            .kind = DataFileKind::Stipulations});
 }
 
 std::optional<FileError> Form16::writeBackOr(StipulationTable::Snapshot before,

@@ -45,7 +45,13 @@ private:
     int listPosition() const;
     /// Whether the located stipulation can be shown for editing; tells the user when it cannot.
     bool fitsTheForm();
+    /// Stores what the form submitted, in another file if the user wants that.
     void store(const StipulationTable::Record &record);
+    std::optional<FileError> tryToStore(const StipulationTable::Record &record);
+    QString notStored(const FileError &error) const;
+    /// Tells the error; whether the user chose another file.
+    bool goesElsewhere(const FileError &error);
+
     /// For the question that comes when another program changed the file meanwhile.
     struct ChangedMeanwhile
     {

@@ -78,12 +78,27 @@ protected:
 
     void nameFile(const QString &name) { given("Form1", flow().fileBox, name); }
 
-    /// Tries to save, expects a failure, and gives what the user is told.
+    /// Tries to save, expects that the file does not take it, and gives what the user is told.
     QString failedSave()
     {
         QString told;
         boxes.expectQuestion(title(), QLatin1StringView(flow().question), Answer::Yes);
+        boxes.catchFailedSave(title(), &told);
+        return afterTheSave(told);
+    }
+
+    /// The same, expecting that no file could take it.
+    QString refusedSave()
+    {
+        QString told;
+        boxes.expectQuestion(title(), QLatin1StringView(flow().question), Answer::Yes);
         boxes.catchNotice(title(), &told);
+        return afterTheSave(told);
+    }
+
+    /// \param told what the awaited message will have said
+    QString afterTheSave(const QString &told)
+    {
         press(m_screen, "Command1");
         EXPECT_NE(told, QStringLiteral("Saved OK."));
         EXPECT_TRUE(told.contains(QStringLiteral("Nothing was written"))) << told.toStdString();
@@ -112,7 +127,7 @@ protected:
         const QString before = editor.screens().text(place.ref);
         const QString odd = QStringLiteral("Pawe") + QChar(0x0142);
         editor.screens().setText(place.ref, odd);
-        const QString told = failedSave();
+        const QString told = refusedSave();
         const QString field = u'"' + QString::fromUtf8(place.field) + u'"';
         EXPECT_TRUE(told.contains(field)) << told.toStdString();
         EXPECT_TRUE(told.contains(QString::fromUtf8("\"\xC5\x82\" (U+0142)")))

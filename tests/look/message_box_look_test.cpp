@@ -67,6 +67,21 @@ TEST_P(MessageBoxLookTest, TheLongestNoticeIsGood)
     EXPECT_TRUE(told.endsWith(sentence.repeated(3)));
 }
 
+TEST_P(MessageBoxLookTest, AFailedSaveIsGood)
+{
+    const QString text =
+        QStringLiteral("The file \"%1\" could not be written.\n\nPermission denied\n\nNothing was "
+                       "written, and everything that you typed is still here.");
+    for (const QString &name : {QStringLiteral("x.tvd"), QString(240, u'w')}) {
+        boxes.expectFailedSave(title(), text.arg(name));
+        boxes.beforeItsAnswer(
+            [](QMessageBox &box) { measure(box, QStringLiteral("failed save")); });
+        messagebox::offer(&shown(), title(), text.arg(name),
+                          QStringLiteral("&Save To Another File..."));
+        boxes.checkAllCame();
+    }
+}
+
 TEST_P(MessageBoxLookTest, AQuestionIsGood)
 {
     const QString text = QStringLiteral("This will return you to the main menu and lose any "

@@ -211,7 +211,7 @@ TEST_P(SegmentFlow, AFileThatCannotBeOpenedIsToldOfAndNothingTypedIsLost)
     given("Form1", flow().fileBox, QStringLiteral("no such folder/file.tvd"));
     QString told;
     boxes.expectQuestion(title(), QLatin1StringView(flow().question), Answer::Yes);
-    boxes.catchNotice(title(), &told);
+    boxes.catchFailedSave(title(), &told);
     press(commentary(), "Command1");
     EXPECT_TRUE(told.contains(QStringLiteral("no such folder/file.tvd")));
     expectOnly(commentary());

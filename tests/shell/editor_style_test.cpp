@@ -1,6 +1,8 @@
 #include "shell/editor_style.h"
 
+#include <QDialogButtonBox>
 #include <QPalette>
+#include <QPushButton>
 
 #include <gtest/gtest.h>
 
@@ -20,6 +22,16 @@ TEST(EditorStyle, WhatIsChosenLooksTheSameInAListThatIsNotInUse)
         EXPECT_EQ(palette.color(QPalette::Inactive, role), palette.color(QPalette::Active, role));
     }
     EXPECT_EQ(palette.color(QPalette::Active, QPalette::Highlight), QColor(0, 0x54, 0x90));
+}
+
+TEST(EditorStyle, ButtonsOfDialogsShowWordsOnly)
+{
+    EditorStyle style;
+    QDialogButtonBox box;
+    box.setStyle(&style);
+    for (const auto button : {QDialogButtonBox::Ok, QDialogButtonBox::Save}) {
+        EXPECT_TRUE(box.addButton(button)->icon().isNull());
+    }
 }
 
 } // namespace tarvold::testing

@@ -1,9 +1,13 @@
 #include "shell/message_box.h"
 #include "support/window_test.h"
 
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QApplication>
 #include <QLabel>
 #include <QMessageBox>
 #include <QScreen>
+#include <QTest>
 
 namespace tarvold::testing {
 namespace {
@@ -23,6 +27,33 @@ protected:
         const bool yes = messagebox::question(&window, title(), QStringLiteral("Sure?"), enter);
         boxes.checkAllCame();
         return yes;
+    }
+
+    void awaitOffer(Answer answer)
+    {
+        boxes.expectFailedSave(title(), QStringLiteral("It failed."), answer);
+    }
+
+    bool makeOffer()
+    {
+        const bool taken = messagebox::offer(&window, title(), QStringLiteral("It failed."),
+                                             QStringLiteral("&Save To Another File..."));
+        boxes.checkAllCame();
+        return taken;
+    }
+
+    bool offer(Answer answer)
+    {
+        awaitOffer(answer);
+        return makeOffer();
+    }
+
+    /// The one beside OK.
+    static QAbstractButton &otherButton(const QMessageBox &shown)
+    {
+        const auto buttons = shown.buttons();
+        return *(buttons.front() == shown.button(QMessageBox::Ok) ? buttons.back()
+                                                                  : buttons.front());
     }
 
     TextBox box;
@@ -81,6 +112,61 @@ TEST_F(MessageBoxTest, ANoticeGoesAwayByEveryWay)
         messagebox::notice(&window, title(), QStringLiteral("Saved OK."));
         boxes.checkAllCame();
     }
+}
+
+TEST_F(MessageBoxTest, AnOfferIsTakenByItsButtonOnly)
+{
+    EXPECT_TRUE(offer(Answer::Elsewhere));
+    for (const Answer answer : {Answer::Ok, Answer::Enter, Answer::Escape, Answer::Close}) {
+        EXPECT_FALSE(offer(answer));
+    }
+}
+
+TEST_F(MessageBoxTest, AnOfferIsWideEnoughForItsButtons)
+{
+    awaitOffer(Answer::Ok);
+    boxes.beforeItsAnswer([](QMessageBox &shown) {
+        for (const QAbstractButton *button : shown.buttons()) {
+            EXPECT_GE(button->width(), button->sizeHint().width());
+            EXPECT_TRUE(shown.rect().contains(button->geometry()));
+        }
+    });
+    makeOffer();
+}
+
+TEST_F(MessageBoxTest, AnOfferIsReachedByTabAndByTheKeyOfItsCaption)
+{
+    awaitOffer(Answer::Enter);
+    boxes.beforeItsAnswer([](QMessageBox &shown) {
+        expectActive(shown);
+        EXPECT_EQ(QApplication::focusWidget(), shown.button(QMessageBox::Ok));
+        QTest::keyClick(shown.windowHandle(), Qt::Key_Tab);
+        EXPECT_EQ(QApplication::focusWidget(), &otherButton(shown));
+    });
+    EXPECT_TRUE(makeOffer()) << "Enter presses the button that has the focus";
+
+    awaitOffer(Answer::Ok);
+    bool isPressed = false;
+    boxes.beforeItsAnswer([&isPressed](QMessageBox &shown) {
+        expectActive(shown);
+        const auto press = [&isPressed] { isPressed = true; };
+        QObject::connect(&otherButton(shown), &QAbstractButton::pressed, press);
+        QTest::keyClick(shown.windowHandle(), Qt::Key_S, Qt::AltModifier);
+    });
+    makeOffer();
+    EXPECT_TRUE(isPressed);
+}
+
+TEST_F(MessageBoxTest, AnOfferIsReadByItsCaption)
+{
+    awaitOffer(Answer::Ok);
+    boxes.beforeItsAnswer([](QMessageBox &shown) {
+        const QAccessibleInterface &button =
+            *QAccessible::queryAccessibleInterface(&otherButton(shown));
+        EXPECT_EQ(button.text(QAccessible::Name), QStringLiteral("Save To Another File..."));
+        EXPECT_EQ(button.role(), QAccessible::PushButton);
+    });
+    makeOffer();
 }
 
 TEST_F(MessageBoxTest, AQuestionThatSavesTakesEnterForYes)

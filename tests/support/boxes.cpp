@@ -13,6 +13,8 @@
 namespace tarvold::testing {
 namespace {
 
+constexpr char kElsewhere[] = "Save To Another File...";
+
 QString captionOf(const QAbstractButton &button)
 {
     return button.text().remove(u'&');
@@ -28,6 +30,16 @@ QStringList captionsOf(const QMessageBox &box)
     return captions;
 }
 
+void clickElsewhere(const QMessageBox &box)
+{
+    for (QAbstractButton *button : box.buttons()) {
+        if (captionOf(*button) == QLatin1StringView(kElsewhere)) {
+            QTest::mouseClick(button, Qt::LeftButton);
+            return;
+        }
+    }
+}
+
 void answer(QMessageBox &box, Answer answer)
 {
     switch (answer) {
@@ -39,6 +51,9 @@ void answer(QMessageBox &box, Answer answer)
         break;
     case Answer::No:
         QTest::mouseClick(box.button(QMessageBox::No), Qt::LeftButton);
+        break;
+    case Answer::Elsewhere:
+        clickElsewhere(box);
         break;
     case Answer::Enter:
         QTest::keyClick(&box, Qt::Key_Return);
@@ -74,6 +89,18 @@ void Boxes::expectNotice(const QString &title, const QString &text, Answer answe
 void Boxes::expectQuestion(const QString &title, const QString &text, Answer answer)
 {
     m_awaited.push_back({{title, text, {QStringLiteral("No"), QStringLiteral("Yes")}, answer}});
+}
+
+void Boxes::expectFailedSave(const QString &title, const QString &text, Answer answer)
+{
+    m_awaited.push_back(
+        {{title, text, {QStringLiteral("OK"), QLatin1StringView(kElsewhere)}, answer}});
+}
+
+void Boxes::catchFailedSave(const QString &title, QString *text, Answer answer)
+{
+    m_awaited.push_back(
+        {{title, {}, {QStringLiteral("OK"), QLatin1StringView(kElsewhere)}, answer}, text});
 }
 
 void Boxes::catchNotice(const QString &title, QString *text)

@@ -17,9 +17,10 @@ enum class Answer {
     Ok,
     Yes,
     No,
-    Enter,  ///< the Enter key, pressed on the box
-    Escape, ///< the Escape key, pressed on the box
-    Close,  ///< the box's own close button
+    Elsewhere, ///< "Save To Another File..."
+    Enter,     ///< the Enter key, pressed on the box
+    Escape,    ///< the Escape key, pressed on the box
+    Close,     ///< the box's own close button
 };
 
 /// A message box that a test expects.
@@ -48,6 +49,12 @@ public:
 
     /// A notice whose text is not fixed: returns what the next notice said through `text`.
     void catchNotice(const QString &title, QString *text);
+
+    /// The message of a failed save, with "Save To Another File..." beside OK.
+    void expectFailedSave(const QString &title, const QString &text, Answer answer = Answer::Ok);
+
+    /// The same for one whose text is not fixed, as catchNotice().
+    void catchFailedSave(const QString &title, QString *text, Answer answer = Answer::Ok);
 
     /// The same for a question.
     void catchQuestion(const QString &title, QString *text, Answer answer);

@@ -81,7 +81,7 @@ TEST_F(NameCharacters, ThatNoNameCanHoldAreToldAndNothingIsWrittenElsewhere)
         goToCommentary(kInterviewPath);
         type("Form13", "Text1", QStringLiteral("The end."));
         boxes.expectQuestion(title(), QLatin1StringView(kInterviewPath.question), Answer::Yes);
-        boxes.catchNotice(title(), &told);
+        boxes.catchFailedSave(title(), &told);
         press("Form13", "Command1");
         expectRefused(told);
         goBack(kInterviewPath);

@@ -13,6 +13,7 @@
 #include <set>
 #include <string>
 
+class QFileDialog;
 class QLineEdit;
 class QMessageBox;
 class QPushButton;
@@ -83,6 +84,7 @@ private:
     void look();
     void meet(QMessageBox &box);
     void answer(QMessageBox &box);
+    void chooseFile(QFileDialog &dialog);
     QString judge(const QMessageBox &box);
     QString judgeAdded();
     QString judgeStored();

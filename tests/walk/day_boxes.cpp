@@ -3,9 +3,12 @@
 #include "support/mouse.h"
 #include "walk/checks.h"
 #include "walk/day.h"
+#include "walk/samples.h"
 #include "walk/trace.h"
 
 #include <QApplication>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
@@ -53,6 +56,11 @@ std::string kindOf(const QMessageBox &box)
 
 void Day::look()
 {
+    auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+    if (dialog != nullptr && QApplication::activeWindow() == dialog) {
+        chooseFile(*dialog);
+        return;
+    }
     auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
     if (box != nullptr && box->isVisible()) {
         m_lookout.stop(); // what follows lets events through
@@ -74,6 +82,21 @@ void Day::meet(QMessageBox &box)
         blame(wrong);
     }
     answer(box);
+}
+
+/// For a save that failed.
+void Day::chooseFile(QFileDialog &dialog)
+{
+    auto &field = *dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+    const QString name = samples::fileName(m_dice);
+    const bool saves = m_dice.chance(70);
+    trace::note(QStringLiteral("other file %1, saves %2").arg(name).arg(saves));
+    field.setText(name);
+    QTest::keyClick(&field, saves ? Qt::Key_Return : Qt::Key_Escape);
+    ++m_figures.answers[dialog.isVisible() || !saves ? "no file" : "a file"];
+    if (dialog.isVisible()) {
+        dialog.reject(); // it does not take every name
+    }
 }
 
 void Day::answer(QMessageBox &box)

@@ -1,0 +1,227 @@
+// Stipulations whose file does not take them go to another one.
+
+#include "stipulations/stipulation_test.h"
+#include "support/file_dialogs.h"
+
+namespace tarvold::testing {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+class StipulationElsewhere : public StipulationTest
+{
+protected:
+    ~StipulationElsewhere() override { dialogs.checkAllCame(); }
+
+    /// Goes to the form of a new stipulation, "Cage", that its file will not take.
+    void makeOneThatFails()
+    {
+        open(one);
+        createNew();
+        put("stipulation", "Cage");
+        putAFolderInTheWay();
+    }
+
+    static void putAFolderInTheWay()
+    {
+        ASSERT_TRUE(QFile::remove(utf8(kFile)));
+        ASSERT_TRUE(QDir().mkdir(utf8(kFile)));
+    }
+
+    void failsFor(const QString &name, const char *cause, Answer answer)
+    {
+        boxes.expectFailedSave(utf8("Stipulations Editor"),
+                               utf8("The file \"%1\" could not be written.\n\n%2\n\nThe file is as "
+                                    "it was. Everything that you typed is still here.")
+                                   .arg(name, utf8(cause)),
+                               answer);
+    }
+
+    void failsForTheFolder(Answer answer) { failsFor(utf8(kFile), "It is a folder.", answer); }
+
+    void chooses(const char *typed, const char *proposed = "")
+    {
+        dialogs.expect({utf8("."), utf8(proposed), utf8(typed)});
+    }
+
+    void isAskedAbout(const char *name, Answer answer)
+    {
+        boxes.expectQuestion(utf8("Stipulations Editor"),
+                             utf8("The file \"%1\" is there already.\n\nYes writes your list over "
+                                  "it, and what is in it now is lost. No lets you choose another "
+                                  "name.\n\nWrite over it?")
+                                 .arg(utf8(name)),
+                             answer);
+    }
+
+    /// Presses save and expects the form to be left.
+    void saveAtLast()
+    {
+        save();
+        dialogs.checkAllCame();
+    }
+
+    void pressSave()
+    {
+        press("Form3", "Command2");
+        dialogs.checkAllCame();
+        expectOnly("Form3");
+    }
+
+    QString namedFile() { return text("Form1", "Text1"); }
+
+    FileDialogs dialogs;
+    const QByteArray one = stipulation("Singles", "One");
+    const QByteArray two = stipulation("Singles", "Two");
+};
+
+TEST_F(StipulationElsewhere, ANewOneGoesToTheChosenFileWithAllOthersAndTheNextSaveToo)
+{
+    makeOneThatFails();
+    failsForTheFolder(Answer::Elsewhere);
+    chooses("other.tvd");
+    saveAtLast();
+    EXPECT_EQ(readBack("other.tvd"), one + untouched("Cage"));
+    EXPECT_EQ(listed(), (Texts{"Singles / One", "Singles / Cage"}));
+    EXPECT_EQ(namedFile(), utf8("other.tvd"));
+    EXPECT_TRUE(QDir(utf8(kFile)).isEmpty());
+
+    edit(0);
+    put("stipulation", "First");
+    save();
+    EXPECT_EQ(readBack("other.tvd"), stipulation("Singles", "First") + untouched("Cage"));
+    EXPECT_TRUE(QDir(utf8(kFile)).isEmpty());
+}
+
+TEST_F(StipulationElsewhere, AnEditedOneGoesToTheChosenFileInItsPlace)
+{
+    open(one + two);
+    edit(0);
+    put("stipulation", "First");
+    putAFolderInTheWay();
+    failsForTheFolder(Answer::Elsewhere);
+    chooses("other.tvd");
+    saveAtLast();
+    EXPECT_EQ(readBack("other.tvd"), stipulation("Singles", "First") + two);
+    EXPECT_EQ(listed(), (Texts{"Singles / First", "Singles / Two"}));
+}
+
+TEST_F(StipulationElsewhere, TheChosenFileIsTheOneThatIsWatchedForChanges)
+{
+    makeOneThatFails();
+    failsForTheFolder(Answer::Elsewhere);
+    chooses("other.tvd");
+    saveAtLast();
+    writeFile("other.tvd", two);
+    edit(0);
+    QString asked;
+    boxes.catchQuestion(utf8("Stipulations Editor"), &asked, Answer::No);
+    press("Form3", "Command2");
+    EXPECT_TRUE(asked.startsWith(utf8("The file \"other.tvd\" was changed by another program")))
+        << asked.toStdString();
+    EXPECT_EQ(readBack("other.tvd"), two);
+}
+
+TEST_F(StipulationElsewhere, IsLeftByOkWithEverythingKept)
+{
+    makeOneThatFails();
+    put("prominitials", "ABC");
+    for (const Answer answer : {Answer::Ok, Answer::Enter, Answer::Escape, Answer::Close}) {
+        failsForTheFolder(answer);
+        pressSave();
+        EXPECT_EQ(shown("stipulation"), utf8("Cage"));
+        EXPECT_EQ(shown("prominitials"), utf8("ABC"));
+        EXPECT_EQ(namedFile(), utf8(kFile));
+        EXPECT_EQ(folderContent(), kFile);
+    }
+    cancel();
+    EXPECT_EQ(listed(), Texts{"Singles / One"});
+}
+
+TEST_F(StipulationElsewhere, IsLeftByACancelledDialogWithEverythingKept)
+{
+    makeOneThatFails();
+    failsForTheFolder(Answer::Elsewhere);
+    dialogs.expect({utf8("."), utf8(""), utf8("other.tvd"), /*saves=*/false});
+    pressSave();
+    EXPECT_EQ(shown("stipulation"), utf8("Cage"));
+    EXPECT_EQ(namedFile(), utf8(kFile));
+    EXPECT_EQ(folderContent(), kFile);
+    cancel();
+    EXPECT_EQ(listed(), Texts{"Singles / One"});
+}
+
+TEST_F(StipulationElsewhere, IsOfferedAgainWhenTheOtherFileFailsToo)
+{
+    makeOneThatFails();
+    const QString second = QDir(folder.path()).canonicalPath() + utf8("/gone/x.tvd");
+    failsForTheFolder(Answer::Elsewhere);
+    chooses("gone/x.tvd");
+    failsFor(second, "No such file or directory", Answer::Elsewhere);
+    chooses("other.tvd", "x.tvd");
+    saveAtLast();
+    EXPECT_EQ(readBack("other.tvd"), one + untouched("Cage"));
+    EXPECT_EQ(namedFile(), utf8("other.tvd"));
+}
+
+TEST_F(StipulationElsewhere, WritesOverAFileOnlyIfTheUserSaysSo)
+{
+    makeOneThatFails();
+    writeFile("other.tvd", two);
+    failsForTheFolder(Answer::Elsewhere);
+    chooses("other.tvd");
+    isAskedAbout("other.tvd", Answer::Yes);
+    saveAtLast();
+    EXPECT_EQ(readBack("other.tvd"), one + untouched("Cage"));
+}
+
+TEST_F(StipulationElsewhere, LetsTheUserChooseAnewWhenAFileShallStay)
+{
+    for (const Answer answer : {Answer::No, Answer::Enter, Answer::Escape, Answer::Close}) {
+        makeOneThatFails();
+        writeFile("other.tvd", two);
+        failsForTheFolder(Answer::Elsewhere);
+        chooses("other.tvd");
+        isAskedAbout("other.tvd", answer);
+        chooses("third.tvd", "other.tvd");
+        saveAtLast();
+        EXPECT_EQ(readBack("other.tvd"), two);
+        EXPECT_EQ(readBack("third.tvd"), one + untouched("Cage"));
+        press("Form16", "Command3");
+        ASSERT_TRUE(QDir().rmdir(utf8(kFile)) && QFile::remove(utf8("third.tvd")));
+        editor.screens().setText({"Form1", "Text1"}, utf8(kFile));
+    }
+}
+
+TEST_F(StipulationElsewhere, ASaveThatIsGivenUpAtTheQuestionLeavesTheFile)
+{
+    makeOneThatFails();
+    writeFile("other.tvd", two);
+    failsForTheFolder(Answer::Elsewhere);
+    chooses("other.tvd");
+    isAskedAbout("other.tvd", Answer::No);
+    dialogs.expect({utf8("."), utf8("other.tvd"), utf8("x.tvd"), /*saves=*/false});
+    pressSave();
+    EXPECT_EQ(readBack("other.tvd"), two);
+    EXPECT_EQ(namedFile(), utf8(kFile));
+}
+
+TEST_F(StipulationElsewhere, TheNameGetsTheEndThatTheListNeedsBeforeItIsAskedAbout)
+{
+    for (const char *typed : {"other", "other.TVD", "other.tvd"}) {
+        makeOneThatFails();
+        writeFile("other.tvd", two);
+        failsForTheFolder(Answer::Elsewhere);
+        chooses(typed);
+        isAskedAbout("other.tvd", Answer::Yes);
+        saveAtLast();
+        EXPECT_EQ(namedFile(), utf8("other.tvd"));
+        EXPECT_EQ(readBack("other.tvd"), one + untouched("Cage"));
+        press("Form16", "Command3");
+        ASSERT_TRUE(QDir().rmdir(utf8(kFile)));
+        editor.screens().setText({"Form1", "Text1"}, utf8(kFile));
+    }
+}
+
+} // namespace
+} // namespace tarvold::testing

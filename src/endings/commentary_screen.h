@@ -48,8 +48,8 @@ struct CommentaryTable
 /// which appends the record of the whole flow to its file, and "<<" (Command2).
 ///
 /// The line that receives tags is the one whose background is yellow, and after a pick it has the
-/// focus; the tag that was last
-/// accepted is the text of `hiddenlabel`. Neither is stored anywhere else.
+/// focus; the tag that was last accepted is the text of `hiddenlabel`. Neither is stored anywhere
+/// else.
 class CommentaryScreen : public Screen
 {
     Q_OBJECT

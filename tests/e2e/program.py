@@ -96,10 +96,11 @@ class Program:
         xdotool("windowmove", "--sync", window, *map(str, PLACE))
         self._corner = self._wait("the place of the screen", self._corner_of_screen)
 
-    def type(self, name, text):
-        """Types at the cursor of the box that has the focus and waits until the box shows it."""
+    def type(self, name, text, shows=None):
+        """Types at the cursor of the box that has the focus and waits until the box shows it: the
+        text alone, or with what was there before."""
         xdotool("type", "--delay", "2", text)
-        self.wait_value(name, text)
+        self.wait_value(name, shows or text)
 
     def paste(self, name, text):
         """Pastes at the cursor of the box that has the focus, and waits until the box shows it."""

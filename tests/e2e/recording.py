@@ -50,9 +50,9 @@ class Recorder(Keyboard):
     def picture(self, name):
         self._note("picture", name)
 
-    def type(self, name, text):
+    def type(self, name, text, shows=None):
         self._note("text", text)
-        super().type(name, text)
+        super().type(name, text, shows)
 
     def paste(self, name, text):
         self._note("copy", text)

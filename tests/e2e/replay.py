@@ -53,7 +53,7 @@ class Replay(Program):
 
     # What a flow wants done and looked at in between is left to the recording, and to the files.
 
-    def _nothing(self, *what, picture=None):
+    def _nothing(self, *what, picture=None, shows=None):
         pass
 
     press = go_to = select = fill = type = paste = choose = choose_by_keys = keys = _nothing

@@ -38,6 +38,7 @@ def talk_show(driver):
     driver.fill("Commentary line 1", "Welcome to ")
     driver.choose(TAG_LIST, "Talk Show Name")
     driver.wait_value("Commentary line 1", "Welcome to <talkshowname>")
+    driver.type("Commentary line 1", ", live!", shows="Welcome to <talkshowname>, live!")
     driver.go_to("Commentary line 2")
     driver.paste("Commentary line 2", PASTED)
     driver.picture("talk-show-commentary")
@@ -49,5 +50,5 @@ PASTED = "“¡Señor Müller!” – 5 € für ein Œuvre…"
 
 TALK_SHOW = [
     "Any", "Any", "The Corner", "Any", "Any", "Any", "Heel", "Any", "10",
-    "Welcome to <talkshowname>", PASTED, *["-BLANK-"] * 8,
+    "Welcome to <talkshowname>, live!", PASTED, *["-BLANK-"] * 8,
 ]

@@ -25,8 +25,18 @@ namespace tarvold {
 /// - The file was cut or written anew in place, and the bytes are not in it: they are added again.
 ///
 /// When that happens time after time, or when another program wrote behind bytes that have to be
-/// taken back, the error says that the file may have changed. Nothing that another program put into
-/// the file is ever cut off.
+/// undone, the error says that the file may have changed. Then nothing is cut off.
+///
+/// Undoing has one gap. It measures the file and cuts it in two system calls, and the system has
+/// none that does both. What a program that takes no lock does between these two may be lost, and
+/// nobody is told:
+/// - What it writes behind the end is cut off.
+/// - If it cuts the file to less than the old length, the file gets that length again, filled up
+///   with NUL.
+/// - If this append created the file, it is removed with what was written into it, and so is a file
+///   that takes its name in that moment.
+/// This needs a failure first: an append that succeeds cuts and removes nothing, except in a file
+/// that lost its name to another one.
 /// \param name as the user typed it; a relative one starts at the current folder
 [[nodiscard]] std::optional<FileError> appendToFile(const QString &name, QByteArrayView bytes);
 

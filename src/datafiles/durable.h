@@ -74,8 +74,9 @@ bool mayChangeUnseen(const FileState &state);
 /// The state of the file that the user typed this name for; none when it cannot be found.
 std::optional<FileState> stateOf(const QString &name);
 
-/// The file that a path means, or would mean if it were there, when all symbolic links are
-/// followed. Nothing with the system's error code set when they cannot be followed.
+/// The file that a path means when all symbolic links are followed, also when nothing is there.
+/// Nothing with the system's error code set when they cannot be followed, such as a link to nothing
+/// on Windows.
 [[nodiscard]] std::optional<QString> realPathOf(const QString &path);
 
 /// Opens what a path means for reading, without waiting for the other end when that is a pipe.

@@ -57,6 +57,7 @@ TEST_F(DoubleClick, OnBackGoesBackByOneScreen)
 TEST_F(DoubleClick, OnCancelOfTheImportStaysOnTheImportScreen)
 {
     press("Form1", "Command8");
+    mouse::pass(1s); // the buttons that come back were seen before
     press("Form2", "Command3");
     ASSERT_TRUE(control("Form2", "Command9").isVisible());
     doubleClick("Form2", "Command9");

@@ -39,6 +39,17 @@ private:
     QWidget &m_control;
 };
 
+/// Takes its time to show itself.
+class SlowButton : public QPushButton
+{
+protected:
+    void paintEvent(QPaintEvent *event) override
+    {
+        QTest::lastMouseTimestamp += 60;
+        QPushButton::paintEvent(event);
+    }
+};
+
 /// A first window whose button a user presses, and what that brings.
 class StrayPress : public ::testing::Test
 {
@@ -105,6 +116,19 @@ TEST_F(StrayPress, DoesNotCountOnAScreenThatIsNotPaintedYet)
     mouse::pass(250ms);
     mouse::clickAgain(place);
     EXPECT_EQ(count, 1);
+}
+
+TEST_F(StrayPress, CountsFromTheEndOfThePaint)
+{
+    SlowButton stray;
+    Window next(stray);
+    int count = 0;
+    QObject::connect(&stray, &QPushButton::clicked, &stray, [&count] { ++count; });
+    bring(next);
+    mouse::click(place);
+    mouse::pass(150ms);
+    mouse::clickAgain(place);
+    EXPECT_EQ(count, 0);
 }
 
 TEST_F(StrayPress, DoesNotCountOnWhatAClosedWindowUncovers)

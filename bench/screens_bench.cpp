@@ -1,8 +1,8 @@
 // Time from the press of a button to the next screen painted.
 
+#include "controls/look.h"
 #include "editor.h"
 #include "press.h"
-#include "shell/look.h"
 
 #include <QApplication>
 

@@ -1,10 +1,10 @@
 // The stipulations editor with 100,000 stipulations, beside what the system's own tools take for
 // the same file.
 
+#include "controls/look.h"
 #include "datafiles/stipulation_table.h"
 #include "editor.h"
 #include "press.h"
-#include "shell/look.h"
 #include "stipulations/stipulation_list_model.h"
 
 #include <QApplication>

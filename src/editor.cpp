@@ -1,11 +1,11 @@
 #include "editor.h"
 
+#include "controls/combo_box.h"
 #include "endings/ending_entry.h"
 #include "endings/ending_flow.h"
 #include "import/import_screen.h"
+#include "screens/main_menu.h"
 #include "segments/segment_flow.h"
-#include "shell/combo_box.h"
-#include "shell/main_menu.h"
 #include "stipulations/stipulation_form.h"
 #include "stipulations/stipulation_list.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "shell/double_click_guard.h"
-#include "shell/flow.h"
-#include "shell/screens.h"
+#include "controls/double_click_guard.h"
+#include "screens/flow.h"
+#include "screens/screens.h"
 
 #include <QObject>
 

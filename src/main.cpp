@@ -1,5 +1,5 @@
+#include "controls/look.h"
 #include "editor.h"
-#include "shell/look.h"
 
 #include <QApplication>
 #include <QIcon>

@@ -1,10 +1,10 @@
 #include "datafiles/import_merge.h"
 
-#include "datafiles/append.h"
 #include "datafiles/code_page.h"
 #include "datafiles/import_table.h"
 #include "datafiles/import_target.h"
-#include "datafiles/read.h"
+#include "disk/append.h"
+#include "disk/read.h"
 
 namespace tarvold {
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "datafiles/data_file_kind.h"
-#include "datafiles/file_error.h"
+#include "disk/file_error.h"
 
 #include <QString>
 

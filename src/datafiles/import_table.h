@@ -1,6 +1,6 @@
 #pragma once
 
-#include "datafiles/file_error.h"
+#include "disk/file_error.h"
 
 #include <QByteArray>
 

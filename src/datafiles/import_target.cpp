@@ -1,9 +1,9 @@
 #include "datafiles/import_target.h"
 
 #include "datafiles/line_reader.h"
-#include "datafiles/read.h"
 #include "datafiles/record.h"
 #include "datafiles/stipulation_table.h"
+#include "disk/read.h"
 
 namespace tarvold {
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "datafiles/durable.h"
-#include "datafiles/file_error.h"
+#include "disk/durable.h"
+#include "disk/file_error.h"
 
 #include <QByteArray>
 #include <QHash>

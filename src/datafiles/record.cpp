@@ -45,6 +45,25 @@ std::optional<QString> lineOf(Coding coding, const QString &text)
 
 } // namespace
 
+std::optional<FileError> whyNotWhole(QByteArrayView bytes, qsizetype lines, int linesPerRecord,
+                                     const QString &record)
+{
+    if (lines % linesPerRecord == 0) {
+        return std::nullopt;
+    }
+    if (bytes.contains('\r') && !bytes.contains('\n')) {
+        return FileError{QStringLiteral("Its lines end with CR alone, not with CR LF.")};
+    }
+    if (bytes.contains('\n') && !bytes.contains(kLineEnd)) {
+        return FileError{QStringLiteral("Its lines do not end with CR LF.")};
+    }
+    return FileError{QStringLiteral("It breaks off at line %1, inside %2 %3: each %2 takes %4 "
+                                    "lines (lines found: %1).")
+                         .arg(QString::number(lines), record,
+                              QString::number(lines / linesPerRecord + 1),
+                              QString::number(linesPerRecord))};
+}
+
 codepage::Encoded encodeLine(const QString &text)
 {
     for (const QChar character : text) {

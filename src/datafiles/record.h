@@ -1,6 +1,7 @@
 #pragma once
 
 #include "datafiles/code_page.h"
+#include "disk/file_error.h"
 
 #include <QByteArray>
 #include <QString>
@@ -38,6 +39,12 @@ using RecordLayout = std::vector<RecordField>;
 
 /// Ends every line of a data file.
 inline constexpr char kLineEnd[] = "\r\n";
+
+/// Tells why a file's lines are not a whole number of records.
+/// \param lines how many lines the file has
+/// \param record what the user calls a record
+std::optional<FileError> whyNotWhole(QByteArrayView bytes, qsizetype lines, int linesPerRecord,
+                                     const QString &record = QStringLiteral("record"));
 
 /// Stands for an empty commentary line 2 to 10.
 inline constexpr char kBlankLine[] = "-BLANK-";

@@ -1,10 +1,10 @@
 #include "datafiles/stipulation_table.h"
 
-#include "datafiles/append.h"
 #include "datafiles/line_reader.h"
-#include "datafiles/read.h"
 #include "datafiles/record.h"
-#include "datafiles/rewrite.h"
+#include "disk/append.h"
+#include "disk/read.h"
+#include "disk/rewrite.h"
 
 #include <algorithm>
 #include <functional>

@@ -1,6 +1,6 @@
 #include "endings/attacker_receiver.h"
 
-#include "shell/lists.h"
+#include "screens/lists.h"
 
 namespace tarvold {
 namespace {

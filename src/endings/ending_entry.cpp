@@ -1,10 +1,10 @@
 #include "endings/ending_entry.h"
 
-#include "endings/commentary_screen.h"
 #include "endings/ending_flow.h"
 #include "endings/match_criteria.h"
-#include "shell/main_menu.h"
-#include "shell/screens.h"
+#include "screens/commentary_screen.h"
+#include "screens/main_menu.h"
+#include "screens/screens.h"
 
 namespace tarvold::endingentry {
 namespace {

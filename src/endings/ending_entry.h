@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/screens.h"
+#include "screens/screens.h"
 
 #include <array>
 #include <span>

@@ -7,7 +7,7 @@
 #include "endings/run_in_commentary.h"
 #include "endings/turn_commentary.h"
 #include "endings/turn_details.h"
-#include "shell/screens.h"
+#include "screens/screens.h"
 
 namespace tarvold::endingflow {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/flow.h"
+#include "screens/flow.h"
 
 #include <span>
 

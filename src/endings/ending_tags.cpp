@@ -1,6 +1,6 @@
 #include "endings/ending_tags.h"
 
-#include "shell/message_box.h"
+#include "controls/message_box.h"
 
 namespace tarvold::endingtags {
 namespace {

@@ -1,8 +1,8 @@
 #include "endings/match_criteria.h"
 
-#include "shell/combo_box.h"
-#include "shell/lists.h"
-#include "shell/screens.h"
+#include "controls/combo_box.h"
+#include "screens/lists.h"
+#include "screens/screens.h"
 
 namespace tarvold {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/details_screen.h"
+#include "screens/details_screen.h"
 
 namespace tarvold {
 

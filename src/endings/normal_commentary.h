@@ -1,6 +1,6 @@
 #pragma once
 
-#include "endings/commentary_screen.h"
+#include "screens/commentary_screen.h"
 
 namespace tarvold {
 

@@ -1,6 +1,6 @@
 #include "endings/turn_details.h"
 
-#include "shell/lists.h"
+#include "screens/lists.h"
 
 namespace tarvold {
 namespace {

@@ -1,17 +1,17 @@
 #include "import/import_screen.h"
 
-#include "datafiles/file_error.h"
+#include "controls/busy_cursor.h"
+#include "controls/list_box.h"
+#include "controls/message_box.h"
+#include "controls/push_button.h"
+#include "controls/text_box.h"
 #include "datafiles/file_name.h"
 #include "datafiles/import_merge.h"
-#include "shell/busy_cursor.h"
-#include "shell/failures.h"
-#include "shell/keys.h"
-#include "shell/list_box.h"
-#include "shell/main_menu.h"
-#include "shell/message_box.h"
-#include "shell/push_button.h"
-#include "shell/screens.h"
-#include "shell/text_box.h"
+#include "disk/file_error.h"
+#include "screens/failures.h"
+#include "screens/keys.h"
+#include "screens/main_menu.h"
+#include "screens/screens.h"
 
 #include <QApplication>
 #include <QDir>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/screen.h"
+#include "screens/screen.h"
 
 class QStringListModel;
 

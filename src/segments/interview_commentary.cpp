@@ -1,7 +1,7 @@
 #include "segments/interview_commentary.h"
 
+#include "controls/message_box.h"
 #include "segments/segment_instructions.h"
-#include "shell/message_box.h"
 
 namespace tarvold {
 namespace {

@@ -1,12 +1,12 @@
 #include "segments/segment_flow.h"
 
+#include "screens/main_menu.h"
+#include "screens/screens.h"
 #include "segments/interview_commentary.h"
 #include "segments/interview_details.h"
 #include "segments/opening_details.h"
 #include "segments/talk_show_commentary.h"
 #include "segments/talk_show_details.h"
-#include "shell/main_menu.h"
-#include "shell/screens.h"
 
 namespace tarvold::segmentflow {
 namespace {

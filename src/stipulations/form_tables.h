@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/form_grid.h"
+#include "screens/form_grid.h"
 
 #include <array>
 #include <span>

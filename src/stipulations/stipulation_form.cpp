@@ -1,14 +1,14 @@
 #include "stipulations/stipulation_form.h"
 
+#include "controls/combo_box.h"
+#include "controls/controls.h"
+#include "controls/message_box.h"
+#include "controls/push_button.h"
+#include "controls/sizes.h"
 #include "datafiles/record.h"
-#include "shell/combo_box.h"
-#include "shell/controls.h"
-#include "shell/failures.h"
-#include "shell/keys.h"
-#include "shell/message_box.h"
-#include "shell/push_button.h"
-#include "shell/screens.h"
-#include "shell/sizes.h"
+#include "screens/failures.h"
+#include "screens/keys.h"
+#include "screens/screens.h"
 #include "stipulations/form_tables.h"
 
 #include <QGridLayout>

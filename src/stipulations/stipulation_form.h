@@ -2,7 +2,7 @@
 
 #include "datafiles/code_page.h"
 #include "datafiles/stipulation_table.h"
-#include "shell/screen.h"
+#include "screens/screen.h"
 
 #include <optional>
 #include <vector>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "datafiles/stipulation_table.h"
-#include "shell/screen.h"
+#include "screens/screen.h"
 
 namespace tarvold {
 

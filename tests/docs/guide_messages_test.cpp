@@ -2,7 +2,7 @@
 
 #include "docs/markdown.h"
 #include "docs/source_texts.h"
-#include "shell/failures.h"
+#include "screens/failures.h"
 #include "support/print.h"
 
 #include <QRegularExpression>

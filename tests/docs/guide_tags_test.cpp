@@ -1,7 +1,7 @@
 // Compares the tables of tags in docs/guide.md with those of the commentary screens.
 
 #include "docs/markdown.h"
-#include "endings/commentary_screen.h"
+#include "screens/commentary_screen.h"
 #include "support/editor_test.h"
 #include "support/print.h"
 

@@ -58,7 +58,8 @@ const std::vector<Literal> &literals()
         const QStringList sources = {QStringLiteral("*.cpp"), QStringLiteral("*.h")};
         const QDir source(QStringLiteral(TARVOLD_SOURCE));
         for (const QString &folder : source.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
-            QDirIterator files(source.filePath(folder), sources, QDir::Files);
+            QDirIterator files(source.filePath(folder), sources, QDir::Files,
+                               QDirIterator::Subdirectories);
             while (files.hasNext()) {
                 addLiterals(files.next(), found);
             }

@@ -1,4 +1,4 @@
-#include "shell/announcement.h"
+#include "controls/announcement.h"
 #include "support/ending_test.h"
 
 #include <QAccessible>

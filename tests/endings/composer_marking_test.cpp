@@ -1,4 +1,4 @@
-#include "endings/commentary_screen.h"
+#include "screens/commentary_screen.h"
 #include "support/ending_test.h"
 #include "support/spoken.h"
 

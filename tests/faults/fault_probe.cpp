@@ -8,11 +8,11 @@
 //
 // RECORD is read before FILE is touched. The exit code tells what the file layer reported.
 
-#include "datafiles/append.h"
 #include "datafiles/import_merge.h"
 #include "datafiles/line_reader.h"
-#include "datafiles/read.h"
 #include "datafiles/stipulation_table.h"
+#include "disk/append.h"
+#include "disk/read.h"
 
 #include <QFile>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/list_box.h"
+#include "controls/list_box.h"
 #include "support/editor_test.h"
 #include "support/folder_test.h"
 

@@ -1,7 +1,7 @@
+#include "controls/scroll_bar.h"
 #include "look/checks.h"
 #include "look/parts.h"
 #include "look/views.h"
-#include "shell/scroll_bar.h"
 
 #include <QListView>
 

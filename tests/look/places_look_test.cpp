@@ -1,10 +1,10 @@
-#include "endings/commentary_line.h"
 #include "endings/feud_details.h"
 #include "look/checks.h"
 #include "look/parts.h"
 #include "look/views.h"
-#include "shell/details_screen.h"
-#include "shell/help_line.h"
+#include "screens/commentary_line.h"
+#include "screens/details_screen.h"
+#include "screens/help_line.h"
 
 #include <QPushButton>
 #include <QTest>

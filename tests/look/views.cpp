@@ -1,7 +1,7 @@
 #include "look/views.h"
 
-#include "endings/commentary_line.h"
 #include "look/parts.h"
+#include "screens/commentary_line.h"
 #include "support/palettes.h"
 #include "support/stipulation_records.h"
 

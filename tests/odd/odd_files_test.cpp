@@ -1,10 +1,10 @@
 // What is no data file, under every name and in every use of the file layer.
 
-#include "datafiles/append.h"
 #include "datafiles/import_merge.h"
-#include "datafiles/read.h"
-#include "datafiles/rewrite.h"
 #include "datafiles/stipulation_table.h"
+#include "disk/append.h"
+#include "disk/read.h"
+#include "disk/rewrite.h"
 #include "odd/odd_files.h"
 #include "support/folder_test.h"
 #include "support/hindrances.h"

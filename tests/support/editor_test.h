@@ -1,8 +1,8 @@
 #pragma once
 
+#include "controls/combo_box.h"
+#include "controls/message_box.h"
 #include "editor.h"
-#include "shell/combo_box.h"
-#include "shell/message_box.h"
 #include "support/boxes.h"
 #include "support/events.h"
 #include "support/folder_test.h"

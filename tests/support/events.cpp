@@ -1,6 +1,6 @@
 #include "support/events.h"
 
-#include "shell/combo_box.h"
+#include "controls/combo_box.h"
 
 #include <QAbstractItemView>
 #include <QApplication>

@@ -1,6 +1,6 @@
 #include "support/field_checks.h"
 
-#include "shell/combo_box.h"
+#include "controls/combo_box.h"
 #include "support/events.h"
 #include "support/spoken.h"
 

@@ -1,11 +1,11 @@
 // Makes a picture of every screen, to be looked at: gallery FOLDER [--dark] [--points SIZE]
 
+#include "controls/look.h"
 #include "editor.h"
-#include "endings/commentary_line.h"
 #include "endings/ending_entry.h"
 #include "endings/normal_commentary.h"
+#include "screens/commentary_line.h"
 #include "segments/segment_flow.h"
-#include "shell/look.h"
 #include "stipulations/stipulation_form.h"
 #include "support/palettes.h"
 

@@ -1,4 +1,4 @@
-#include "shell/look.h"
+#include "controls/look.h"
 
 #include <QApplication>
 #include <QFont>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "shell/screen.h"
-#include "shell/screens.h"
-#include "shell/text_box.h"
+#include "controls/text_box.h"
+#include "screens/screen.h"
+#include "screens/screens.h"
 
 #include <QVBoxLayout>
 

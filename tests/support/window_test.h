@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/text_box.h"
+#include "controls/text_box.h"
 #include "support/boxes.h"
 #include "support/events.h"
 

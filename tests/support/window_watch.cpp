@@ -1,6 +1,6 @@
 #include "support/window_watch.h"
 
-#include "shell/screen.h"
+#include "screens/screen.h"
 
 #include <QApplication>
 #include <QEvent>

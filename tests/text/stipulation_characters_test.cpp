@@ -1,4 +1,4 @@
-#include "shell/controls.h"
+#include "controls/controls.h"
 #include "stipulations/form_tables.h"
 #include "stipulations/stipulation_test.h"
 #include "text/texts.h"

@@ -1,9 +1,9 @@
 #include "walk/checks.h"
 
-#include "endings/commentary_line.h"
-#include "shell/combo_box.h"
-#include "shell/screen.h"
-#include "shell/scroll_bar.h"
+#include "controls/combo_box.h"
+#include "controls/scroll_bar.h"
+#include "screens/commentary_line.h"
+#include "screens/screen.h"
 
 #include <QApplication>
 #include <QLineEdit>

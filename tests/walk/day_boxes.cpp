@@ -1,5 +1,5 @@
-#include "shell/controls.h"
-#include "shell/list_box.h"
+#include "controls/controls.h"
+#include "controls/list_box.h"
 #include "support/mouse.h"
 #include "walk/checks.h"
 #include "walk/day.h"

@@ -2,7 +2,7 @@
 //
 //     walk [--seed N] [--actions N] [--talk]
 
-#include "shell/look.h"
+#include "controls/look.h"
 #include "walk/day.h"
 #include "walk/trace.h"
 

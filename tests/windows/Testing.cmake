@@ -22,5 +22,6 @@ function(tarvold_core_test name)
     gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST TEST_FILTER "-*.DISABLED_*")
 endfunction()
 
+add_subdirectory(disk)
 add_subdirectory(datafiles)
 add_subdirectory(windows)

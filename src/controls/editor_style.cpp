@@ -1,0 +1,224 @@
+#include "controls/editor_style.h"
+
+#include "controls/contrast.h"
+#include "controls/sizes.h"
+#include "controls/style_parts.h"
+
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QStyleOption>
+
+namespace tarvold {
+namespace {
+
+constexpr int kFrame = 3; ///< room for the focus mark
+
+bool hasFocus(const QStyleOption &option)
+{
+    return option.state.testFlag(QStyle::State_HasFocus);
+}
+
+bool isList(const QWidget *widget)
+{
+    return qobject_cast<const QAbstractItemView *>(widget) != nullptr;
+}
+
+/// The mark of the row that has the focus; a button shows it along its edge.
+void drawFocusRect(const QStyleOption &option, QPainter &painter, const QWidget *widget)
+{
+    if (!isList(widget)) {
+        return;
+    }
+    const bool isSelected = option.state.testFlag(QStyle::State_Selected);
+    const QColor behind = option.palette.color(isSelected ? QPalette::Highlight : QPalette::Base);
+    painter.save();
+    painter.setPen(QPen(
+        contrast::visible(option.palette.color(QPalette::Highlight), {behind}, contrast::kControl),
+        kFrame));
+    painter.drawRect(option.rect.adjusted(1, 1, -1, -1));
+    painter.restore();
+}
+
+/// The colour of a button at rest, under the mouse or pressed.
+QColor buttonColour(const QStyleOption &option)
+{
+    const QColor rest = option.palette.color(QPalette::Button);
+    if (option.state.testFlag(QStyle::State_Sunken)) {
+        return rest.darker(115);
+    }
+    return option.state.testFlag(QStyle::State_MouseOver) ? rest.lighter(112) : rest.lighter(105);
+}
+
+/// Whether this is a combo box, or the opened list of one, into which nothing can be typed.
+bool takesNoText(const QWidget *widget)
+{
+    const auto *combo = qobject_cast<const QComboBox *>(widget);
+    if (combo == nullptr && widget != nullptr) {
+        combo = qobject_cast<const QComboBox *>(widget->parentWidget());
+    }
+    return combo != nullptr && combo->isEditable() && combo->lineEdit()->isReadOnly();
+}
+
+QSize leastSize(QStyle::ContentsType type)
+{
+    switch (type) {
+    case QStyle::CT_PushButton:
+    case QStyle::CT_LineEdit:
+    case QStyle::CT_ComboBox:
+        return {kLeastTarget, kControlHeight};
+    case QStyle::CT_MenuItem:
+    case QStyle::CT_ItemViewItem:
+        return {kLeastTarget, kLeastTarget};
+    default:
+        return {};
+    }
+}
+
+} // namespace
+
+EditorStyle::EditorStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+void EditorStyle::polish(QPalette &palette)
+{
+    QProxyStyle::polish(palette);
+    // Some systems make what is chosen in a list that is not in use nearly as pale as the list.
+    const QColor letters = palette.color(QPalette::Active, QPalette::HighlightedText);
+    const QColor behind = contrast::visible(palette.color(QPalette::Active, QPalette::Highlight),
+                                            {letters}, contrast::kText);
+    for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+        palette.setColor(group, QPalette::HighlightedText, letters);
+        palette.setColor(group, QPalette::Highlight, behind);
+    }
+}
+
+int EditorStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                           QStyleHintReturn *returned) const
+{
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons) {
+        return 0; // some desktops draw a tick and a cross that say nothing
+    }
+    return QProxyStyle::styleHint(hint, option, widget, returned);
+}
+
+int EditorStyle::pixelMetric(PixelMetric metric, const QStyleOption *option,
+                             const QWidget *widget) const
+{
+    switch (metric) {
+    case PM_DefaultFrameWidth:
+        return kFrame;
+    case PM_ScrollBarExtent:
+    case PM_ScrollBarSliderMin:
+        return kLeastTarget;
+    default:
+        return QProxyStyle::pixelMetric(metric, option, widget);
+    }
+}
+
+QSize EditorStyle::sizeFromContents(ContentsType type, const QStyleOption *option,
+                                    const QSize &contents, const QWidget *widget) const
+{
+    return QProxyStyle::sizeFromContents(type, option, contents, widget)
+        .expandedTo(leastSize(type));
+}
+
+QRect EditorStyle::subControlRect(ComplexControl control, const QStyleOptionComplex *option,
+                                  SubControl part, const QWidget *widget) const
+{
+    if (control != CC_ComboBox || (part != SC_ComboBoxArrow && part != SC_ComboBoxEditField)) {
+        return QProxyStyle::subControlRect(control, option, part, widget);
+    }
+    const QRect &whole = option->rect;
+    const QRect arrow = whole.adjusted(whole.width() - kControlHeight, 0, 0, 0);
+    const QRect field = whole.adjusted(kFrame, kFrame, -arrow.width(), -kFrame);
+    return visualRect(option->direction, whole, part == SC_ComboBoxArrow ? arrow : field);
+}
+
+QStyle::SubControl EditorStyle::hitTestComplexControl(ComplexControl control,
+                                                      const QStyleOptionComplex *option,
+                                                      const QPoint &place,
+                                                      const QWidget *widget) const
+{
+    if (control == CC_ComboBox && takesNoText(widget) && option->rect.contains(place)) {
+        return SC_ComboBoxArrow;
+    }
+    return QProxyStyle::hitTestComplexControl(control, option, place, widget);
+}
+
+void EditorStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option,
+                                QPainter *painter, const QWidget *widget) const
+{
+    const QPalette &palette = option->palette;
+    switch (element) {
+    case PE_PanelLineEdit:
+        if (const auto *frame = qstyleoption_cast<const QStyleOptionFrame *>(option);
+            frame != nullptr && frame->lineWidth > 0) {
+            styleparts::drawShape(*painter, option->rect, palette, palette.base(),
+                                  hasFocus(*option));
+            return;
+        }
+        break;
+    case PE_PanelButtonCommand:
+        styleparts::drawShape(*painter, option->rect, palette, buttonColour(*option),
+                              hasFocus(*option));
+        return;
+    case PE_Frame:
+        styleparts::drawShape(*painter, option->rect, palette,
+                              isList(widget) ? palette.base() : palette.window(),
+                              widget != nullptr && widget->hasFocus());
+        return;
+    case PE_FrameFocusRect:
+        drawFocusRect(*option, *painter, widget);
+        return;
+    default:
+        break;
+    }
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+}
+
+void EditorStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option,
+                                     QPainter *painter, const QWidget *widget) const
+{
+    if (control == CC_ComboBox) {
+        drawComboBox(*option, *painter, widget);
+    } else if (control == CC_ScrollBar) {
+        drawScrollBar(*option, *painter, widget);
+    } else {
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
+    }
+}
+
+void EditorStyle::drawComboBox(const QStyleOptionComplex &option, QPainter &painter,
+                               const QWidget *widget) const
+{
+    const QPalette &palette = option.palette;
+    styleparts::drawShape(painter, option.rect, palette, palette.base(), hasFocus(option));
+    styleparts::drawArrow(painter,
+                          proxy()->subControlRect(CC_ComboBox, &option, SC_ComboBoxArrow, widget),
+                          Qt::DownArrow, palette.color(QPalette::Text));
+}
+
+void EditorStyle::drawScrollBar(const QStyleOptionComplex &option, QPainter &painter,
+                                const QWidget *widget) const
+{
+    const QPalette &palette = option.palette;
+    const auto rectOf = [&](SubControl part) {
+        return proxy()->subControlRect(CC_ScrollBar, &option, part, widget);
+    };
+    const QColor groove = palette.color(QPalette::Base);
+    styleparts::drawShape(painter, option.rect, palette, groove, hasFocus(option));
+    const bool isHorizontal = option.state.testFlag(State_Horizontal);
+    const QColor ink = palette.color(QPalette::Text);
+    styleparts::drawArrow(painter, rectOf(SC_ScrollBarSubLine),
+                          isHorizontal ? Qt::LeftArrow : Qt::UpArrow, ink);
+    styleparts::drawArrow(painter, rectOf(SC_ScrollBarAddLine),
+                          isHorizontal ? Qt::RightArrow : Qt::DownArrow, ink);
+    const bool isDragged =
+        option.activeSubControls == SC_ScrollBarSlider && option.state.testFlag(State_Sunken);
+    const QColor thumb =
+        isDragged ? styleparts::focusMark(palette, groove) : styleparts::outline(palette, groove);
+    styleparts::drawShape(painter, rectOf(SC_ScrollBarSlider).adjusted(3, 3, -3, -3), palette,
+                          thumb, false);
+}
+
+} // namespace tarvold

@@ -1,0 +1,44 @@
+#include "controls/list_box.h"
+
+#include "controls/list_rows.h"
+
+namespace tarvold {
+
+ListBox::ListBox(QWidget *parent) : QListView(parent)
+{
+    setItemDelegate(new ListRows(this));
+    setUniformItemSizes(true);
+    setEditTriggers(NoEditTriggers);
+}
+
+std::optional<int> ListBox::selectedRow() const
+{
+    const QModelIndexList selected = selectionModel()->selectedIndexes();
+    return selected.isEmpty() ? std::nullopt : std::optional(selected.front().row());
+}
+
+QModelIndex ListBox::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
+{
+    // With no row to start from, the toolkit would go to the first one whatever the key.
+    if (action == MoveEnd && !currentIndex().isValid() && model() != nullptr) {
+        return model()->index(model()->rowCount() - 1, 0);
+    }
+    return QListView::moveCursor(action, modifiers);
+}
+
+void ListBox::focusInEvent(QFocusEvent *event)
+{
+    QListView::focusInEvent(event);
+    if (selectionModel() != nullptr && !selectionModel()->hasSelection()) {
+        selectionModel()->clearCurrentIndex();
+    }
+    update(); // the mark of the focus is on the frame
+}
+
+void ListBox::focusOutEvent(QFocusEvent *event)
+{
+    QListView::focusOutEvent(event);
+    update();
+}
+
+} // namespace tarvold

@@ -1,0 +1,33 @@
+#include "controls/push_button.h"
+
+#include "controls/sizes.h"
+
+#include <QKeyEvent>
+#include <QShortcut>
+
+namespace tarvold {
+
+PushButton::PushButton(const QString &caption, QWidget *parent) : QPushButton(caption, parent)
+{
+    setMinimumWidth(fontMetrics().horizontalAdvance(caption) + 2 * kControlHeight);
+    setAutoDefault(true);
+}
+
+void PushButton::setKeys(const QKeySequence &keys, const QString &name)
+{
+    auto *shortcut = new QShortcut(keys, this, this, &QPushButton::click);
+    shortcut->setAutoRepeat(false); // held keys would run through all screens
+    const QString shown = keys.toString(QKeySequence::NativeText);
+    setAccessibleName(name);
+    setAccessibleDescription(shown); // the hint would tell the name once more
+    setToolTip(name.isEmpty() ? shown : QStringLiteral("%1 (%2)").arg(name, shown));
+}
+
+void PushButton::keyPressEvent(QKeyEvent *event)
+{
+    if (!event->isAutoRepeat()) {
+        QPushButton::keyPressEvent(event);
+    }
+}
+
+} // namespace tarvold

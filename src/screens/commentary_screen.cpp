@@ -1,0 +1,205 @@
+#include "screens/commentary_screen.h"
+
+#include "controls/announcement.h"
+#include "controls/controls.h"
+#include "controls/message_box.h"
+#include "controls/push_button.h"
+#include "controls/sizes.h"
+#include "disk/append.h"
+#include "screens/commentary_line.h"
+#include "screens/failures.h"
+#include "screens/form_grid.h"
+#include "screens/keys.h"
+#include "screens/save_elsewhere.h"
+#include "screens/screens.h"
+#include "screens/tag_list.h"
+
+#include <QGridLayout>
+#include <QLabel>
+
+namespace tarvold {
+
+CommentaryScreen::CommentaryScreen(Screens &screens, const CommentaryTable &table)
+    : Screen(table.name)
+    , m_screens(screens)
+    , m_table(table)
+    , m_tags(new TagList(this))
+    , m_announcement(new Announcement(this))
+{
+    addHiddenLabel("hiddenlabel");
+    addHeading("Label1", table.heading);
+    addTagList();
+    addInstructions();
+    addLines();
+    column().addStretch();
+    addButtons();
+}
+
+void CommentaryScreen::addTagList()
+{
+    for (const CommentaryTag &tag : m_table.tags) {
+        m_tags->addItem(QLatin1StringView(tag.item));
+    }
+    auto *label = new QLabel(QStringLiteral("Commentary tag"), this);
+    label->setTextFormat(Qt::PlainText);
+    label->setBuddy(m_tags);
+    controls::describe(*m_tags, label->text(), QLatin1StringView(m_table.instructions));
+    add(m_tags, "Combo1");
+    auto *row = new QHBoxLayout;
+    row->setSpacing(kGap);
+    label->setMinimumWidth(formgrid::labelWidth(*this));
+    row->addWidget(label);
+    row->addWidget(m_tags, 1);
+    column().addLayout(row);
+    connect(m_tags, &ComboBox::chosen, this, &CommentaryScreen::insertTag);
+}
+
+void CommentaryScreen::addInstructions()
+{
+    QLabel *instructions = newLabel("Label3", m_table.instructions);
+    instructions->setWordWrap(true);
+    column().addWidget(instructions);
+}
+
+void CommentaryScreen::addLines()
+{
+    auto *grid = new QGridLayout;
+    grid->setHorizontalSpacing(kGap);
+    grid->setVerticalSpacing(kRowGap);
+    for (CommentaryLine *&line : m_lines) {
+        const int row = int(&line - m_lines.data());
+        const QString number = QString::number(row + 1);
+        line = new CommentaryLine(this);
+        line->setAccessibleName(QStringLiteral("Commentary line ") + number);
+        add(line, qPrintable(QStringLiteral("Text") + number));
+        auto *label = new QLabel(number, this); // no buddy: its number would be spoken as the name
+        grid->addWidget(label, row, 0, Qt::AlignRight | Qt::AlignVCenter);
+        grid->addWidget(line, row, 1);
+        connect(line, &CommentaryLine::entered, this, [this, line] { mark(*line); });
+        connect(line, &CommentaryLine::tagsRequested, m_tags, &ComboBox::showPopup);
+    }
+    column().addLayout(grid);
+}
+
+void CommentaryScreen::addButtons()
+{
+    PushButton *back = newBackButton("Command2");
+    PushButton *save = newButton("Command1", m_table.addCaption);
+    save->setKeys(keys::save());
+    addButtonRow({back}, {save});
+    connect(save, &QPushButton::clicked, this, &CommentaryScreen::save);
+}
+
+QWidget *CommentaryScreen::firstField() const
+{
+    return m_tags;
+}
+
+void CommentaryScreen::whitenboxes()
+{
+    for (CommentaryLine *line : m_lines) {
+        line->setMarked(false);
+    }
+}
+
+void CommentaryScreen::startAfresh()
+{
+    for (CommentaryLine *line : m_lines) {
+        line->setText({}); // clear() could be undone, into the commentary of another record
+    }
+    whitenboxes();
+}
+
+void CommentaryScreen::mark(CommentaryLine &line)
+{
+    whitenboxes();
+    line.setMarked(true);
+}
+
+void CommentaryScreen::insertTag()
+{
+    const QString item = m_tags->currentText();
+    bool isRefused = false;
+    for (const CommentaryTag &tag : m_table.tags) {
+        if (item == QLatin1StringView(tag.item)) {
+            isRefused = !accepts(tag);
+            break;
+        }
+    }
+    // Deliberate: after a refusal the marked line receives the tag that was accepted before.
+    const QString outcome = append(text("hiddenlabel"));
+    goToMarkedLine();
+    m_announcement->tell(isRefused ? QStringLiteral("Tag refused. ") + outcome : outcome);
+}
+
+void CommentaryScreen::goToMarkedLine()
+{
+    for (CommentaryLine *line : m_lines) {
+        if (line->isMarked()) {
+            line->setFocus(Qt::OtherFocusReason);
+        }
+    }
+}
+
+QString CommentaryScreen::append(const QString &tag)
+{
+    QString outcome = QStringLiteral("No line is marked, so nothing was inserted.");
+    for (CommentaryLine *&line : m_lines) {
+        if (line->isMarked()) {
+            line->append(tag);
+            const QString number = QString::number(1 + (&line - m_lines.data()));
+            outcome = QStringLiteral("Inserted %1 into line %2.").arg(tag, number);
+        }
+    }
+    return tag.isEmpty() ? QStringLiteral("Nothing was inserted.") : outcome;
+}
+
+bool CommentaryScreen::accepts(const CommentaryTag &tag)
+{
+    const Refusal *refusal = tag.refusal;
+    if (refusal != nullptr && refusal->isRefused(m_screens.text(refusal->box))) {
+        messagebox::notice(this, QLatin1StringView(refusal->title),
+                           QLatin1StringView(refusal->message));
+        return false;
+    }
+    setText("hiddenlabel", QLatin1StringView(tag.tag));
+    return true;
+}
+
+void CommentaryScreen::save()
+{
+    const QString title = QLatin1StringView(messagebox::kTitle);
+    if (m_lines.front()->text().isEmpty()) {
+        messagebox::notice(this, title, QLatin1StringView(m_table.missingMessage));
+        return;
+    }
+    const bool yes = messagebox::question(this, title, QLatin1StringView(m_table.question),
+                                          messagebox::EnterMeans::Yes);
+    if (yes && write()) {
+        messagebox::notice(this, title, QStringLiteral("Saved OK."));
+        emit finished();
+    }
+}
+
+bool CommentaryScreen::write()
+{
+    const ComposedRecord record = composeRecord(
+        m_table.layout(), [this](ControlRef source) { return m_screens.text(source); });
+    if (record.missing) {
+        messagebox::notice(this, QLatin1StringView(messagebox::kTitle),
+                           failures::cannotHold(*record.missing));
+        return false;
+    }
+    const auto fileName = [this] { return m_screens.text(rowOf(m_table.kind).nameBox); };
+    while (const auto error = appendToFile(fileName(), record.bytes)) {
+        if (!saveelsewhere::offer(m_screens, {.asking = this,
+                                              .title = QLatin1StringView(messagebox::kTitle),
+                                              .text = failures::notSaved(fileName(), *error),
+                                              .kind = m_table.kind})) {
+            return false;
+        }
+    }
+    return true;
+}
+
+} // namespace tarvold

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "screens/form_grid.h"
+#include "screens/screen.h"
+
+#include <span>
+#include <vector>
+
+namespace tarvold {
+
+/// What ">>" puts into a box that is exactly empty.
+struct Fill
+{
+    const char *control;
+    const char *text;
+    std::vector<const char *> alsoToFirstItem = {}; ///< combo boxes that then show their first item
+};
+
+/// A screen of fields, as a table.
+struct DetailsTable
+{
+    const char *name;
+    const char *heading;
+    std::span<const Field> fields;
+    const char *helpLabel;
+    std::span<const Fill> fills = {}; ///< carried out in this order by ">>"
+    const char *noteLabel = nullptr;  ///< a fixed note under the heading, if there is one
+    const char *note = nullptr;
+};
+
+/// A screen that asks for details: fields with their help, "<<" (Command1) and ">>" (Command2).
+class DetailsScreen : public Screen
+{
+    Q_OBJECT
+public:
+    explicit DetailsScreen(const DetailsTable &table);
+
+protected:
+    QWidget *firstField() const override;
+    void showEvent(QShowEvent *event) override;
+
+private:
+    void addButtons();
+    void goOn();
+
+    std::span<const Field> m_fields;
+    std::span<const Fill> m_fills;
+    HelpLine *m_help;
+};
+
+} // namespace tarvold

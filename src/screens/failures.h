@@ -1,0 +1,46 @@
+#pragma once
+
+#include "datafiles/record.h"
+#include "disk/file_error.h"
+
+/// What the user is told when a file or a text cannot be used.
+namespace tarvold::failures {
+
+/// A record could not be added to the file.
+/// \param name as the user typed it
+QString notSaved(const QString &name, const FileError &error);
+
+/// The file could not be rewritten.
+/// \param name as the user typed it
+/// \param kept what the user has not lost
+QString notRewritten(const QString &name, const FileError &error, const QString &kept);
+
+/// Another program changed the file since it was loaded: asks whether to write over that.
+/// \param name as the user typed it
+/// \param kept what the answer No leaves
+QString outdated(const QString &name, const QString &kept);
+
+/// Another file was chosen for a list, and is there already: asks whether to write over it.
+/// \param name as the file's box on the main menu would show it
+QString inTheWay(const QString &name);
+
+/// The file could not be read, or not created if it was missing.
+/// \param name as the user typed it
+QString notLoaded(const QString &name, const FileError &error);
+
+/// A stipulation is too long to be edited.
+/// \param line the first line that is, from 1
+/// \param length of that line, and the `most` characters that there can be
+QString tooLongToEdit(int line, qsizetype length, qsizetype most);
+
+/// No file to import from is selected.
+QString noSource();
+
+/// A file kept an import from being done.
+/// \param name the source or the target
+QString notImported(const QString &name, const FileError &error);
+
+/// A field holds a character that the data files cannot hold.
+QString cannotHold(const MissingCharacter &missing);
+
+} // namespace tarvold::failures

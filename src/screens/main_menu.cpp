@@ -1,0 +1,80 @@
+#include "screens/main_menu.h"
+
+#include "controls/push_button.h"
+#include "controls/sizes.h"
+#include "controls/text_box.h"
+#include "datafiles/data_file_kind.h"
+
+#include <QGridLayout>
+#include <QLabel>
+
+#include <array>
+#include <optional>
+
+namespace tarvold {
+namespace {
+
+struct MenuRow
+{
+    MenuEntry entry;
+    const char *button;
+    const char *caption;
+    std::optional<DataFileKind> kind = {}; ///< whose file name box stands beside the button
+    const char *boxCaption = nullptr;
+};
+
+// clang-format off
+constexpr std::array<MenuRow, 8> kRows = {{
+    {MenuEntry::Stipulations,  "Command1", "Edit And Create Match Stipulations", DataFileKind::Stipulations,  "In File:"},
+    {MenuEntry::NormalEndings, "Command3", "Add Normal Match Endings",           DataFileKind::NormalEndings, "To File:"},
+    {MenuEntry::RunInEndings,  "Command4", "Add Match Endings With Run-Ins",     DataFileKind::RunInEndings,  "To File:"},
+    {MenuEntry::TurnEndings,   "Command5", "Add Match Endings With Turns",       DataFileKind::TurnEndings,   "To File:"},
+    {MenuEntry::Interviews,    "Command6", "Add New Interview Segments",         DataFileKind::Interviews,    "To File:"},
+    {MenuEntry::TalkShows,     "Command7", "Add New Talk Show Segments",         DataFileKind::TalkShows,     "To File:"},
+    {MenuEntry::Import,        "Command8", "Import"},
+    {MenuEntry::Exit,          "Command2", "Exit"},
+}};
+// clang-format on
+
+} // namespace
+
+Form1::Form1(Screens & /*screens*/) : Screen(kName)
+{
+    addHeading("Label3", "Tarvold 1.3 - Matches Editor");
+    column().addWidget(newLabel("Label1", "By the Tarvold developers"));
+    addHiddenLabel("matchreports", QStringLiteral("normal"));
+
+    auto *grid = new QGridLayout;
+    grid->setHorizontalSpacing(kGap);
+    grid->setVerticalSpacing(kGap);
+    grid->setColumnStretch(0, 3);
+    grid->setColumnStretch(2, 4);
+    addRows(*grid);
+    column().addLayout(grid);
+    column().addStretch();
+}
+
+void Form1::addRows(QGridLayout &grid)
+{
+    for (const MenuRow &row : kRows) {
+        PushButton *button = newButton(row.button, row.caption);
+        connect(button, &QPushButton::clicked, this, [this, &row] { emit pressed(row.entry); });
+        const int line = grid.rowCount();
+        grid.addWidget(button, line, 0);
+        if (!row.kind) {
+            continue;
+        }
+        const DataFileKindRow &kind = rowOf(*row.kind);
+        const QString caption = QLatin1StringView(row.boxCaption);
+        auto *box = new TextBox(this);
+        box->setText(QLatin1StringView(kind.defaultName));
+        box->setAccessibleName(caption + u' ' + QLatin1StringView(kind.content));
+        add(box, kind.nameBox.control);
+        auto *label = new QLabel(caption);
+        label->setTextFormat(Qt::PlainText); // no buddy: its text would be spoken for all six
+        grid.addWidget(label, line, 1);
+        grid.addWidget(box, line, 2);
+    }
+}
+
+} // namespace tarvold

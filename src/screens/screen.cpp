@@ -1,0 +1,202 @@
+#include "screens/screen.h"
+
+#include "controls/controls.h"
+#include "controls/push_button.h"
+#include "controls/scroll_pane.h"
+#include "controls/sizes.h"
+#include "screens/keys.h"
+
+#include <QCloseEvent>
+#include <QFontMetrics>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScreen>
+#include <QVBoxLayout>
+#include <QWindow>
+
+namespace tarvold {
+namespace {
+
+constexpr double kHeadingScale = 1.4;
+
+/// One size for all screens, so that moving through them feels like one window. It follows the
+/// user's text size and has room for the longest form, on a display that has it.
+QSize standardSize(const QWidget &screen)
+{
+    constexpr int kRows = 13;
+    constexpr int kLeastRest = 126; // what is around the rows: gaps do not shrink as text does
+    constexpr QSize kFrame(16, 48); // what the desktop draws around the window, at most
+    const QFontMetrics metrics = screen.fontMetrics();
+    const int row = std::max(kControlHeight, metrics.lineSpacing() + 10) + kRowGap;
+    const QSize wanted(metrics.averageCharWidth() * 100,
+                       kRows * row + std::max(kLeastRest, metrics.lineSpacing() * 9));
+    return wanted.boundedTo(screen.screen()->availableSize() - kFrame);
+}
+
+} // namespace
+
+Screen::Screen(const char *name)
+    : m_head(new QVBoxLayout)
+    , m_pane(new ScrollPane)
+    , m_foot(new QVBoxLayout)
+{
+    setObjectName(QLatin1StringView(name));
+    setWindowTitle(QStringLiteral("Tarvold 1.3 Data Editor"));
+    auto *whole = new QVBoxLayout(this);
+    whole->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    whole->setSpacing(kGap);
+    whole->addLayout(m_head);
+    whole->addWidget(m_pane, 1);
+    whole->addLayout(m_foot);
+    for (QVBoxLayout *part : {m_head, m_foot}) {
+        part->setSpacing(kGap);
+    }
+    resize(standardSize(*this));
+}
+
+QVBoxLayout &Screen::column()
+{
+    return m_pane->column();
+}
+
+QWidget &Screen::control(const char *name) const
+{
+    QWidget *found = m_controls.value(QByteArray::fromRawData(name, qsizetype(qstrlen(name))));
+    if (found == nullptr) {
+        qFatal("%s has no control %s", qPrintable(objectName()), name);
+    }
+    return *found;
+}
+
+QString Screen::text(const char *control) const
+{
+    return controls::textOf(this->control(control));
+}
+
+void Screen::setText(const char *control, const QString &text)
+{
+    controls::setTextOf(this->control(control), text);
+}
+
+void Screen::replace(Screen &other)
+{
+    if (other.isMaximized() || other.isFullScreen()) {
+        setWindowState(other.windowState());
+    } else {
+        setWindowState(Qt::WindowNoState);
+        // By the place of its inside: how wide the frames are is not known until the desktop tells.
+        setGeometry(other.geometry());
+        if (QWindow *window = windowHandle()) {
+            window->setGeometry(geometry()); // else one that the desktop placed once is placed anew
+        }
+    }
+    show();
+    raise();
+    activateWindow();
+    other.hide();
+}
+
+void Screen::add(QWidget *control, const char *name)
+{
+    control->setObjectName(QLatin1StringView(name));
+    m_controls.insert(name, control);
+}
+
+QLabel *Screen::newLabel(const char *name, const char *text)
+{
+    auto *label = new QLabel(QLatin1StringView(text), this);
+    label->setTextFormat(Qt::PlainText);
+    add(label, name);
+    return label;
+}
+
+QLabel *Screen::addHiddenLabel(const char *name, const QString &text)
+{
+    QLabel *label = newLabel(name, "");
+    label->setText(text);
+    label->hide();
+    return label;
+}
+
+PushButton *Screen::newButton(const char *name, const char *caption)
+{
+    auto *button = new PushButton(QLatin1StringView(caption), this);
+    add(button, name);
+    return button;
+}
+
+PushButton *Screen::newBackButton(const char *name)
+{
+    PushButton *button = newButton(name, "<<");
+    button->setKeys(keys::back(), QStringLiteral("Back"));
+    connect(button, &QPushButton::clicked, this, &Screen::backPressed);
+    return button;
+}
+
+void Screen::addHeading(const char *name, const char *text)
+{
+    QLabel *heading = newLabel(name, text);
+    QFont font = heading->font();
+    font.setBold(true);
+    if (font.pointSizeF() > 0) {
+        font.setPointSizeF(font.pointSizeF() * kHeadingScale);
+    } else {
+        font.setPixelSize(static_cast<int>(font.pixelSize() * kHeadingScale));
+    }
+    heading->setFont(font);
+    m_head->addWidget(heading);
+    setSpokenTitle(heading->text());
+}
+
+void Screen::setSpokenTitle(const QString &title)
+{
+    setAccessibleName(title + QStringLiteral(" - ") + windowTitle());
+}
+
+void Screen::addRule(const char *name)
+{
+    auto *rule = new QFrame(this);
+    rule->setFrameShape(QFrame::HLine);
+    add(rule, name);
+    m_head->addWidget(rule);
+}
+
+void Screen::addButtonRow(std::initializer_list<PushButton *> left,
+                          std::initializer_list<PushButton *> right)
+{
+    auto *row = new QHBoxLayout;
+    for (PushButton *button : left) {
+        row->addWidget(button);
+    }
+    row->addStretch();
+    for (PushButton *button : right) {
+        row->addWidget(button);
+    }
+    m_foot->addLayout(row);
+}
+
+void Screen::addFoot(QWidget *widget)
+{
+    m_foot->addWidget(widget);
+}
+
+void Screen::showEvent(QShowEvent *event)
+{
+    QWidget *first = event->spontaneous() ? nullptr : firstField();
+    if (first != nullptr) {
+        first->setFocus(Qt::OtherFocusReason);
+        if (QLineEdit *box = controls::textBoxOf(*first)) {
+            box->selectAll(); // as Tab does, so that typing replaces what is there
+        }
+    }
+    QWidget::showEvent(event);
+}
+
+void Screen::closeEvent(QCloseEvent *event)
+{
+    // What closing means is for the flow to say; the window itself lives for the whole run.
+    event->ignore();
+    emit closeRequested();
+}
+
+} // namespace tarvold

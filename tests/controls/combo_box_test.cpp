@@ -1,0 +1,370 @@
+#include "controls/combo_box.h"
+#include "support/window_test.h"
+
+#include <QAbstractItemView>
+#include <QLineEdit>
+#include <QSignalSpy>
+
+namespace tarvold::testing {
+namespace {
+
+class ComboBoxTest : public WindowTest
+{
+public:
+    ComboBoxTest()
+    {
+        combo.addItems(
+            {QStringLiteral("Any"), QStringLiteral("Apple"), QStringLiteral("Apple Pie")});
+        add(combo);
+    }
+    // The window must not delete a control that belongs to the test.
+    ~ComboBoxTest() override { combo.setParent(nullptr); }
+
+protected:
+    bool isOpen() const { return combo.view()->isVisible(); }
+
+    /// Offscreen, a list may become the active window after it was closed.
+    void letListGo()
+    {
+        QCoreApplication::processEvents();
+        window.activateWindow();
+        expectActive(window);
+    }
+
+    void undo() { QTest::keyClick(&combo, Qt::Key_Z, Qt::ControlModifier); }
+    void redo() { QTest::keyClick(&combo, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier); }
+
+    void typeOverIt(const QString &text) { typeOver(combo, text); }
+
+    ComboBox combo;
+    QSignalSpy chosen{&combo, &ComboBox::chosen};
+};
+
+const char *const kTyped[] = {"apple", "ap", "APPLE", "Apple", "something of my own", " Any", ""};
+
+TEST_F(ComboBoxTest, TypedTextStaysAfterTab)
+{
+    for (const char *typed : kTyped) {
+        SCOPED_TRACE(typed);
+        typeOverIt(QLatin1StringView(typed));
+        QTest::keyClick(&combo, Qt::Key_Tab);
+        EXPECT_TRUE(elsewhere.hasFocus());
+        EXPECT_EQ(combo.currentText(), QLatin1StringView(typed));
+    }
+    EXPECT_EQ(chosen.count(), 0);
+}
+
+TEST_F(ComboBoxTest, TypedTextStaysAfterEnter)
+{
+    for (const char *typed : kTyped) {
+        SCOPED_TRACE(typed);
+        typeOverIt(QLatin1StringView(typed));
+        QTest::keyClick(&combo, Qt::Key_Return);
+        QTest::keyClick(&combo, Qt::Key_Enter);
+        EXPECT_EQ(combo.currentText(), QLatin1StringView(typed));
+    }
+    EXPECT_EQ(chosen.count(), 0);
+}
+
+TEST_F(ComboBoxTest, TypedTextStaysAfterAClickElsewhere)
+{
+    for (const char *typed : kTyped) {
+        SCOPED_TRACE(typed);
+        typeOverIt(QLatin1StringView(typed));
+        click(elsewhere);
+        EXPECT_TRUE(elsewhere.hasFocus());
+        EXPECT_EQ(combo.currentText(), QLatin1StringView(typed));
+    }
+    EXPECT_EQ(chosen.count(), 0);
+}
+
+TEST_F(ComboBoxTest, TypingAddsNoItems)
+{
+    typeOverIt(QStringLiteral("mine"));
+    QTest::keyClick(&combo, Qt::Key_Return);
+    QTest::keyClick(&combo, Qt::Key_Tab);
+    EXPECT_EQ(combo.count(), 3);
+}
+
+TEST_F(ComboBoxTest, AKeyThatTheToolkitSendsTwiceIsOneChoice)
+{
+    // As it comes while a screen reader listens: once before the bus was asked, once after.
+    QTest::keyClick(&combo, Qt::Key_Down);
+    ASSERT_TRUE(isOpen());
+    for (int time = 0; time < 2; ++time) {
+        QKeyEvent enter(QEvent::ShortcutOverride, Qt::Key_Return, Qt::NoModifier);
+        QCoreApplication::sendEvent(combo.view(), &enter);
+    }
+    EXPECT_FALSE(isOpen());
+    EXPECT_EQ(chosen.count(), 1);
+    QTest::keyClick(&combo, Qt::Key_Down);
+    QTest::keyClick(combo.view(), Qt::Key_Return);
+    EXPECT_EQ(chosen.count(), 2);
+}
+
+TEST_F(ComboBoxTest, PickingByMouseIsAChoice)
+{
+    QString shownThen;
+    QObject::connect(&combo, &ComboBox::chosen, &combo, [&] { shownThen = combo.currentText(); });
+    pick(combo, QStringLiteral("Apple"));
+    EXPECT_EQ(chosen.count(), 1);
+    EXPECT_EQ(shownThen, QStringLiteral("Apple"));
+    EXPECT_FALSE(isOpen());
+}
+
+TEST_F(ComboBoxTest, PickingByKeyboardIsAChoice)
+{
+    QString shownThen;
+    QObject::connect(&combo, &ComboBox::chosen, &combo, [&] { shownThen = combo.currentText(); });
+    pickByKeyboard(combo, QStringLiteral("Apple Pie"));
+    EXPECT_EQ(chosen.count(), 1);
+    EXPECT_EQ(shownThen, QStringLiteral("Apple Pie"));
+    EXPECT_FALSE(isOpen());
+}
+
+TEST_F(ComboBoxTest, PickingTheItemAlreadyShownIsAChoiceToo)
+{
+    pick(combo, QStringLiteral("Apple"));
+    pick(combo, QStringLiteral("Apple"));
+    pickByKeyboard(combo, QStringLiteral("Apple"));
+    EXPECT_EQ(chosen.count(), 3);
+    EXPECT_EQ(combo.currentText(), QStringLiteral("Apple"));
+}
+
+TEST_F(ComboBoxTest, PickingReplacesTypedText)
+{
+    typeOverIt(QStringLiteral("apple"));
+    pick(combo, QStringLiteral("Apple"));
+    EXPECT_EQ(chosen.count(), 1);
+    EXPECT_EQ(combo.currentText(), QStringLiteral("Apple"));
+}
+
+TEST_F(ComboBoxTest, TypingAnItemIsNoChoiceAfterAPickEither)
+{
+    pick(combo, QStringLiteral("Any"));
+    typeOverIt(QStringLiteral("Apple"));
+    QTest::keyClick(&combo, Qt::Key_Return);
+    QTest::keyClick(&combo, Qt::Key_Tab);
+    EXPECT_EQ(combo.currentText(), QStringLiteral("Apple"));
+    EXPECT_EQ(chosen.count(), 1);
+}
+
+TEST_F(ComboBoxTest, EscapeInTheListIsNoChoiceAndKeepsTypedText)
+{
+    for (const char *typed : kTyped) {
+        SCOPED_TRACE(typed);
+        typeOverIt(QLatin1StringView(typed));
+        QTest::keyClick(&combo, Qt::Key_F4);
+        ASSERT_TRUE(isOpen());
+        QTest::keyClick(combo.view(), Qt::Key_Down);
+        QTest::keyClick(combo.view(), Qt::Key_Escape);
+        EXPECT_FALSE(isOpen());
+        EXPECT_EQ(combo.currentText(), QLatin1StringView(typed));
+    }
+    EXPECT_EQ(chosen.count(), 0);
+}
+
+TEST_F(ComboBoxTest, OpeningTheListKeepsTypedText)
+{
+    for (const char *typed : kTyped) {
+        SCOPED_TRACE(typed);
+        typeOverIt(QLatin1StringView(typed));
+        combo.showPopup();
+        EXPECT_EQ(combo.currentText(), QLatin1StringView(typed));
+        combo.hidePopup();
+        EXPECT_EQ(combo.currentText(), QLatin1StringView(typed));
+    }
+    EXPECT_EQ(chosen.count(), 0);
+}
+
+TEST_F(ComboBoxTest, TheListOpensOnTheItemThatIsShown)
+{
+    typeOverIt(QStringLiteral("Apple"));
+    combo.showPopup();
+    EXPECT_EQ(combo.view()->currentIndex().row(), 1);
+}
+
+TEST_F(ComboBoxTest, WheelTurnsChangeNothing)
+{
+    for (QWidget *focused : {static_cast<QWidget *>(&combo), static_cast<QWidget *>(&elsewhere)}) {
+        SCOPED_TRACE(focused == &combo ? "with the focus" : "without the focus");
+        for (QWidget *target :
+             {static_cast<QWidget *>(&combo), static_cast<QWidget *>(combo.lineEdit())}) {
+            focused->setFocus();
+            combo.setText(QStringLiteral("Apple"));
+            turnWheel(*target, -1);
+            EXPECT_EQ(combo.currentText(), QStringLiteral("Apple"));
+            turnWheel(*target, 1);
+            EXPECT_EQ(combo.currentText(), QStringLiteral("Apple"));
+        }
+    }
+    EXPECT_EQ(chosen.count(), 0);
+}
+
+TEST_F(ComboBoxTest, TabAndClicksGiveItTheFocusAndTheWheelDoesNot)
+{
+    EXPECT_EQ(combo.focusPolicy(), Qt::StrongFocus);
+    EXPECT_FALSE(combo.lineEdit()->focusPolicy() & ~Qt::StrongFocus);
+}
+
+TEST_F(ComboBoxTest, KeysOnAClosedListChangeNothing)
+{
+    for (const char *shown : {"Apple", "ap"}) {
+        combo.setText(QLatin1StringView(shown));
+        for (const Qt::Key key : {Qt::Key_Up, Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_Home,
+                                  Qt::Key_End, Qt::Key_Left, Qt::Key_Right}) {
+            SCOPED_TRACE(key);
+            QTest::keyClick(&combo, key);
+            EXPECT_EQ(combo.currentText(), QLatin1StringView(shown));
+            EXPECT_FALSE(isOpen());
+        }
+    }
+    EXPECT_EQ(chosen.count(), 0);
+}
+
+TEST_F(ComboBoxTest, DownF4AndAltDownOpenTheList)
+{
+    struct Opener
+    {
+        Qt::Key key;
+        Qt::KeyboardModifiers modifiers;
+    };
+    for (const Opener &opener :
+         {Opener{Qt::Key_Down, Qt::NoModifier}, Opener{Qt::Key_F4, Qt::NoModifier},
+          Opener{Qt::Key_Down, Qt::AltModifier}}) {
+        SCOPED_TRACE(opener.key);
+        combo.setText(QStringLiteral("Apple"));
+        QTest::keyClick(&combo, opener.key, opener.modifiers);
+        EXPECT_TRUE(isOpen());
+        EXPECT_EQ(combo.currentText(), QStringLiteral("Apple"));
+        QTest::keyClick(combo.view(), Qt::Key_Escape);
+        EXPECT_FALSE(isOpen());
+    }
+    EXPECT_EQ(chosen.count(), 0);
+}
+
+TEST_F(ComboBoxTest, OpeningAndLeavingTheListKeepsWhatCanBeUndone)
+{
+    typeOverIt(QStringLiteral("My own"));
+    for (const Qt::Key key : {Qt::Key_F4, Qt::Key_Escape}) {
+        QTest::keyClick(isOpen() ? static_cast<QWidget *>(combo.view()) : &combo, key);
+    }
+    EXPECT_FALSE(isOpen());
+    EXPECT_EQ(combo.currentText(), QStringLiteral("My own"));
+    EXPECT_TRUE(combo.lineEdit()->isUndoAvailable());
+}
+
+TEST_F(ComboBoxTest, F4WithAnotherKeyOpensNothing)
+{
+    for (const Qt::KeyboardModifier modifier :
+         {Qt::AltModifier, Qt::ControlModifier, Qt::ShiftModifier, Qt::MetaModifier}) {
+        SCOPED_TRACE(modifier);
+        QTest::keyClick(&combo, Qt::Key_F4, modifier);
+        EXPECT_FALSE(isOpen());
+    }
+}
+
+TEST_F(ComboBoxTest, UndoAfterAPickBringsTypedTextBackAndRedoThePick)
+{
+    int picks = 0;
+    for (const auto &pickBy : {pick, pickByKeyboard}) {
+        for (const char *typed : {"something of my own", "Any", "x"}) {
+            SCOPED_TRACE(typed);
+            typeOverIt(QLatin1StringView(typed));
+            pickBy(combo, QStringLiteral("Apple"));
+            letListGo();
+            EXPECT_EQ(combo.currentText(), QStringLiteral("Apple"));
+            EXPECT_EQ(combo.currentIndex(), 1);
+            undo();
+            EXPECT_EQ(combo.currentText(), QLatin1StringView(typed));
+            EXPECT_EQ(combo.currentIndex(), combo.findText(QLatin1StringView(typed)));
+            redo();
+            EXPECT_EQ(combo.currentText(), QStringLiteral("Apple"));
+            EXPECT_EQ(combo.currentIndex(), 1);
+            EXPECT_EQ(chosen.count(), ++picks);
+        }
+    }
+}
+
+TEST_F(ComboBoxTest, EveryPickAndWhatWasTypedBetweenIsAnUndoStepOfItsOwn)
+{
+    combo.setText(QStringLiteral("Any"));
+    QTest::keyClick(&combo, Qt::Key_End);
+    QTest::keyClicks(&combo, QStringLiteral(" one"));
+    pickByKeyboard(combo, QStringLiteral("Apple"));
+    pickByKeyboard(combo, QStringLiteral("Apple")); // changes nothing, so there is nothing to undo
+    QTest::keyClicks(&combo, QStringLiteral(" two"));
+    pickByKeyboard(combo, QStringLiteral("Apple Pie"));
+    const QStringList steps = {QStringLiteral("Any"), QStringLiteral("Any one"),
+                               QStringLiteral("Apple"), QStringLiteral("Apple two"),
+                               QStringLiteral("Apple Pie")};
+    for (qsizetype step = steps.size() - 1; step > 0; --step) {
+        EXPECT_EQ(combo.currentText(), steps[step]);
+        undo();
+    }
+    EXPECT_FALSE(combo.lineEdit()->isUndoAvailable());
+    for (const QString &step : steps) {
+        EXPECT_EQ(combo.currentText(), step);
+        EXPECT_EQ(combo.currentIndex(), combo.findText(step));
+        redo();
+    }
+}
+
+TEST_F(ComboBoxTest, ATextThatTheProgramSetsCannotBeUndone)
+{
+    for (const char *text : {"Apple", "Any", "not in the list"}) {
+        SCOPED_TRACE(text);
+        typeOverIt(QStringLiteral("mine"));
+        pick(combo, QStringLiteral("Any"));
+        combo.setText(QLatin1StringView(text));
+        EXPECT_FALSE(combo.lineEdit()->isUndoAvailable());
+        undo();
+        redo();
+        EXPECT_EQ(combo.currentText(), QLatin1StringView(text));
+    }
+}
+
+TEST_F(ComboBoxTest, TheIndexIsThatOfTheTextAndNoneForATextOfTheUsersOwn)
+{
+    for (const char *typed : kTyped) {
+        SCOPED_TRACE(typed);
+        pick(combo, QStringLiteral("Apple Pie"));
+        typeOverIt(QLatin1StringView(typed));
+        const int row = combo.findText(QLatin1StringView(typed), Qt::MatchExactly);
+        EXPECT_EQ(combo.currentIndex(), row);
+        QTest::keyClick(&combo, Qt::Key_Return);
+        QTest::keyClick(&combo, Qt::Key_Tab);
+        EXPECT_EQ(combo.currentIndex(), row);
+        EXPECT_EQ(combo.currentText(), QLatin1StringView(typed));
+    }
+}
+
+TEST_F(ComboBoxTest, AQtThatDoesNotTellPicksEndsTheProgramWithWords)
+{
+    QWidget other; // no container of Qt's own, so it has not the signal
+    combo.view()->setParent(&other);
+    EXPECT_DEATH(combo.showPopup(), "has no signal itemSelected\\(\\) of a combo box's list");
+}
+
+TEST_F(ComboBoxTest, SettingATextIsNoChoice)
+{
+    for (const char *text : {"Apple", "Apple Pie", "not in the list", "", "apple"}) {
+        SCOPED_TRACE(text);
+        combo.setText(QLatin1StringView(text));
+        EXPECT_EQ(combo.currentText(), QLatin1StringView(text));
+        QTest::keyClick(&combo, Qt::Key_Return);
+        EXPECT_EQ(combo.currentText(), QLatin1StringView(text));
+    }
+    EXPECT_EQ(chosen.count(), 0);
+    EXPECT_EQ(combo.count(), 3);
+}
+
+TEST_F(ComboBoxTest, PastedLineBreaksBecomeBlanks)
+{
+    typeOverIt(QString());
+    paste(combo, QStringLiteral("one\r\ntwo"));
+    EXPECT_EQ(combo.currentText(), QStringLiteral("one two"));
+}
+
+} // namespace
+} // namespace tarvold::testing

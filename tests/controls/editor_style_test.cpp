@@ -1,0 +1,37 @@
+#include "controls/editor_style.h"
+
+#include <QDialogButtonBox>
+#include <QPalette>
+#include <QPushButton>
+
+#include <gtest/gtest.h>
+
+namespace tarvold::testing {
+
+TEST(EditorStyle, WhatIsChosenLooksTheSameInAListThatIsNotInUse)
+{
+    QPalette palette;
+    palette.setColor(QPalette::Active, QPalette::Highlight, QColor(0, 0x54, 0x90));
+    palette.setColor(QPalette::Active, QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::Inactive, QPalette::Highlight, QColor(0xF0, 0xF0, 0xF0));
+    palette.setColor(QPalette::Inactive, QPalette::HighlightedText, Qt::black);
+
+    EditorStyle().polish(palette);
+
+    for (const auto role : {QPalette::Highlight, QPalette::HighlightedText}) {
+        EXPECT_EQ(palette.color(QPalette::Inactive, role), palette.color(QPalette::Active, role));
+    }
+    EXPECT_EQ(palette.color(QPalette::Active, QPalette::Highlight), QColor(0, 0x54, 0x90));
+}
+
+TEST(EditorStyle, ButtonsOfDialogsShowWordsOnly)
+{
+    EditorStyle style;
+    QDialogButtonBox box;
+    box.setStyle(&style);
+    for (const auto button : {QDialogButtonBox::Ok, QDialogButtonBox::Save}) {
+        EXPECT_TRUE(box.addButton(button)->icon().isNull());
+    }
+}
+
+} // namespace tarvold::testing

@@ -1,0 +1,191 @@
+#include "controls/message_box.h"
+#include "support/window_test.h"
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QApplication>
+#include <QLabel>
+#include <QMessageBox>
+#include <QScreen>
+#include <QTest>
+
+namespace tarvold::testing {
+namespace {
+
+using messagebox::EnterMeans;
+
+class MessageBoxTest : public WindowTest
+{
+public:
+    MessageBoxTest() { add(box); }
+    ~MessageBoxTest() override { box.setParent(nullptr); }
+
+protected:
+    bool ask(EnterMeans enter, Answer answer)
+    {
+        boxes.expectQuestion(title(), QStringLiteral("Sure?"), answer);
+        const bool yes = messagebox::question(&window, title(), QStringLiteral("Sure?"), enter);
+        boxes.checkAllCame();
+        return yes;
+    }
+
+    void awaitOffer(Answer answer)
+    {
+        boxes.expectFailedSave(title(), QStringLiteral("It failed."), answer);
+    }
+
+    bool makeOffer()
+    {
+        const bool taken = messagebox::offer(&window, title(), QStringLiteral("It failed."),
+                                             QStringLiteral("&Save To Another File..."));
+        boxes.checkAllCame();
+        return taken;
+    }
+
+    bool offer(Answer answer)
+    {
+        awaitOffer(answer);
+        return makeOffer();
+    }
+
+    /// The one beside OK.
+    static QAbstractButton &otherButton(const QMessageBox &shown)
+    {
+        const auto buttons = shown.buttons();
+        return *(buttons.front() == shown.button(QMessageBox::Ok) ? buttons.back()
+                                                                  : buttons.front());
+    }
+
+    TextBox box;
+};
+
+TEST_F(MessageBoxTest, TextsAreShownAsTheyAre)
+{
+    for (const char *text : {"The <table> is set", "a & b", "<b>bold</b>", "&File", "100%1",
+                             "two\nlines", "Saved OK."}) {
+        SCOPED_TRACE(text);
+        boxes.expectNotice(title(), QLatin1StringView(text));
+        messagebox::notice(&window, title(), QLatin1StringView(text));
+        boxes.checkAllCame();
+    }
+}
+
+TEST_F(MessageBoxTest, ALongWordIsWrappedAndNotChanged)
+{
+    const QString text = QStringLiteral("The file \"%1\" is odd.").arg(QString(200, u'w'));
+    QSize size;
+    boxes.expectNotice(title(), text);
+    boxes.beforeItsAnswer([&size](QMessageBox &shown) {
+        const auto &label = *shown.findChild<QLabel *>(QStringLiteral("qt_msgbox_label"));
+        EXPECT_LE(label.sizeHint().width(), label.width());
+        EXPECT_LE(label.heightForWidth(label.width()), label.height());
+        size = shown.size();
+    });
+    messagebox::notice(&window, title(), text);
+    boxes.checkAllCame();
+    EXPECT_LE(size.width(), window.screen()->availableSize().width());
+}
+
+TEST_F(MessageBoxTest, AShortTextMakesASmallBox)
+{
+    boxes.expectNotice(title(), QStringLiteral("Saved OK."));
+    boxes.beforeItsAnswer([](QMessageBox &shown) { EXPECT_LT(shown.width(), 300); });
+    messagebox::notice(&window, title(), QStringLiteral("Saved OK."));
+    boxes.checkAllCame();
+}
+
+TEST_F(MessageBoxTest, TheTitleIsAsGiven)
+{
+    boxes.expectNotice(QStringLiteral("Filename Error"), QStringLiteral("Oh."));
+    messagebox::notice(&window, QStringLiteral("Filename Error"), QStringLiteral("Oh."));
+}
+
+TEST_F(MessageBoxTest, TheUsualTitleHasNoVersionNumber)
+{
+    EXPECT_STREQ(messagebox::kTitle, "Tarvold Data Editor");
+}
+
+TEST_F(MessageBoxTest, ANoticeGoesAwayByEveryWay)
+{
+    for (const Answer answer : {Answer::Ok, Answer::Enter, Answer::Escape, Answer::Close}) {
+        boxes.expectNotice(title(), QStringLiteral("Saved OK."), answer);
+        messagebox::notice(&window, title(), QStringLiteral("Saved OK."));
+        boxes.checkAllCame();
+    }
+}
+
+TEST_F(MessageBoxTest, AnOfferIsTakenByItsButtonOnly)
+{
+    EXPECT_TRUE(offer(Answer::Elsewhere));
+    for (const Answer answer : {Answer::Ok, Answer::Enter, Answer::Escape, Answer::Close}) {
+        EXPECT_FALSE(offer(answer));
+    }
+}
+
+TEST_F(MessageBoxTest, AnOfferIsWideEnoughForItsButtons)
+{
+    awaitOffer(Answer::Ok);
+    boxes.beforeItsAnswer([](QMessageBox &shown) {
+        for (const QAbstractButton *button : shown.buttons()) {
+            EXPECT_GE(button->width(), button->sizeHint().width());
+            EXPECT_TRUE(shown.rect().contains(button->geometry()));
+        }
+    });
+    makeOffer();
+}
+
+TEST_F(MessageBoxTest, AnOfferIsReachedByTabAndByTheKeyOfItsCaption)
+{
+    awaitOffer(Answer::Enter);
+    boxes.beforeItsAnswer([](QMessageBox &shown) {
+        expectActive(shown);
+        EXPECT_EQ(QApplication::focusWidget(), shown.button(QMessageBox::Ok));
+        QTest::keyClick(shown.windowHandle(), Qt::Key_Tab);
+        EXPECT_EQ(QApplication::focusWidget(), &otherButton(shown));
+    });
+    EXPECT_TRUE(makeOffer()) << "Enter presses the button that has the focus";
+
+    awaitOffer(Answer::Ok);
+    bool isPressed = false;
+    boxes.beforeItsAnswer([&isPressed](QMessageBox &shown) {
+        expectActive(shown);
+        const auto press = [&isPressed] { isPressed = true; };
+        QObject::connect(&otherButton(shown), &QAbstractButton::pressed, press);
+        QTest::keyClick(shown.windowHandle(), Qt::Key_S, Qt::AltModifier);
+    });
+    makeOffer();
+    EXPECT_TRUE(isPressed);
+}
+
+TEST_F(MessageBoxTest, AnOfferIsReadByItsCaption)
+{
+    awaitOffer(Answer::Ok);
+    boxes.beforeItsAnswer([](QMessageBox &shown) {
+        const QAccessibleInterface &button =
+            *QAccessible::queryAccessibleInterface(&otherButton(shown));
+        EXPECT_EQ(button.text(QAccessible::Name), QStringLiteral("Save To Another File..."));
+        EXPECT_EQ(button.role(), QAccessible::PushButton);
+    });
+    makeOffer();
+}
+
+TEST_F(MessageBoxTest, AQuestionThatSavesTakesEnterForYes)
+{
+    EXPECT_TRUE(ask(EnterMeans::Yes, Answer::Yes));
+    EXPECT_FALSE(ask(EnterMeans::Yes, Answer::No));
+    EXPECT_TRUE(ask(EnterMeans::Yes, Answer::Enter));
+    EXPECT_FALSE(ask(EnterMeans::Yes, Answer::Escape));
+    EXPECT_FALSE(ask(EnterMeans::Yes, Answer::Close));
+}
+
+TEST_F(MessageBoxTest, AQuestionThatLosesSomethingTakesEnterForNo)
+{
+    EXPECT_TRUE(ask(EnterMeans::No, Answer::Yes));
+    EXPECT_FALSE(ask(EnterMeans::No, Answer::No));
+    EXPECT_FALSE(ask(EnterMeans::No, Answer::Enter));
+    EXPECT_FALSE(ask(EnterMeans::No, Answer::Escape));
+    EXPECT_FALSE(ask(EnterMeans::No, Answer::Close));
+}
+
+} // namespace
+} // namespace tarvold::testing

@@ -1,0 +1,141 @@
+#include "disk/append.h"
+#include "support/folder_test.h"
+
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace tarvold::testing {
+namespace {
+
+/// While it lives, no file can grow beyond a size, as on a full disk.
+class SizeLimit
+{
+public:
+    explicit SizeLimit(rlim_t bytes) : m_oldHandler(std::signal(SIGXFSZ, SIG_IGN))
+    {
+        ::getrlimit(RLIMIT_FSIZE, &m_old);
+        rlimit limit = m_old;
+        limit.rlim_cur = bytes;
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~SizeLimit()
+    {
+        ::setrlimit(RLIMIT_FSIZE, &m_old);
+        std::signal(SIGXFSZ, m_oldHandler);
+    }
+    Q_DISABLE_COPY_MOVE(SizeLimit)
+
+private:
+    rlimit m_old{};
+    void (*m_oldHandler)(int);
+};
+
+constexpr rlim_t kLimit = 64 * 1024;
+const QByteArray kTooMuch(100 * 1024, 'x');
+
+class AppendFault : public FolderTest
+{
+protected:
+    /// Appends too much under a limit, so that the write stops half-way.
+    static std::optional<FileError> appendTooMuch(const QString &name)
+    {
+        const SizeLimit limit(kLimit);
+        return appendToFile(name, kTooMuch);
+    }
+};
+
+TEST_F(AppendFault, AWriteThatStopsHalfWayLeavesTheOldBytes)
+{
+    put(QStringLiteral("old.tvd"), "old\r\n");
+    const std::optional<FileError> error = appendTooMuch(QStringLiteral("old.tvd"));
+    ASSERT_TRUE(error.has_value());
+    EXPECT_TRUE(error->unchanged);
+    EXPECT_FALSE(error->cause.isEmpty());
+    EXPECT_EQ(bytesOf(QStringLiteral("old.tvd")), QByteArray("old\r\n"));
+}
+
+TEST_F(AppendFault, AWriteThatStopsHalfWayTakesAwayTheFileItCreated)
+{
+    const std::optional<FileError> error = appendTooMuch(QStringLiteral("new.tvd"));
+    ASSERT_TRUE(error.has_value());
+    EXPECT_TRUE(error->unchanged);
+    EXPECT_EQ(entries(), QStringList());
+}
+
+TEST_F(AppendFault, AnEmptyFileThatWasThereStays)
+{
+    put(QStringLiteral("empty.tvd"), {});
+    ASSERT_TRUE(appendTooMuch(QStringLiteral("empty.tvd")).has_value());
+    EXPECT_EQ(bytesOf(QStringLiteral("empty.tvd")), QByteArray());
+}
+
+TEST_F(AppendFault, ThroughALinkToAMissingFileTheLinkStaysAndTheFileGoes)
+{
+    ASSERT_EQ(::symlink("real.tvd", "link.tvd"), 0);
+    const std::optional<FileError> error = appendTooMuch(QStringLiteral("link.tvd"));
+    ASSERT_TRUE(error.has_value());
+    EXPECT_TRUE(error->unchanged);
+    EXPECT_EQ(entries(), QStringList{QStringLiteral("link.tvd")});
+}
+
+TEST_F(AppendFault, AFileThatIsFullFromTheStartStays)
+{
+    const QByteArray old(qsizetype(kLimit), 'o');
+    put(QStringLiteral("full.tvd"), old);
+    ASSERT_TRUE(appendTooMuch(QStringLiteral("full.tvd")).has_value());
+    EXPECT_EQ(bytesOf(QStringLiteral("full.tvd")), old);
+}
+
+TEST_F(AppendFault, ASecondTryWithRoomSucceeds)
+{
+    put(QStringLiteral("old.tvd"), "old\r\n");
+    ASSERT_TRUE(appendTooMuch(QStringLiteral("old.tvd")).has_value());
+    EXPECT_FALSE(appendToFile(QStringLiteral("old.tvd"), "a\r\n").has_value());
+    EXPECT_EQ(bytesOf(QStringLiteral("old.tvd")), QByteArray("old\r\na\r\n"));
+}
+
+/// Gives up the rights of the superuser, for whom no folder is read-only. Only for a process that
+/// ends soon: they do not come back.
+bool becomeOrdinary()
+{
+    constexpr uid_t kNobody = 65534;
+    return ::geteuid() != 0 || ::setuid(kNobody) == 0;
+}
+
+/// Ends the process with 0 when the append failed and left nothing behind.
+[[noreturn]] void appendAsOrdinaryUser(const QString &name)
+{
+    if (!becomeOrdinary()) {
+        ::_exit(2);
+    }
+    const std::optional<FileError> error = appendToFile(name, "a\r\n");
+    ::_exit(error && error->unchanged && !error->cause.isEmpty() ? 0 : 1);
+}
+
+class AppendFaultDeathTest : public AppendFault
+{
+protected:
+    AppendFaultDeathTest() { ::chmod(qPrintable(folder.path()), 0755); }
+};
+
+TEST_F(AppendFaultDeathTest, AReadOnlyFolderIsRefused)
+{
+    ASSERT_EQ(::mkdir("closed", 0555), 0);
+    EXPECT_EXIT(appendAsOrdinaryUser(QStringLiteral("closed/new.tvd")),
+                ::testing::ExitedWithCode(0), "");
+    EXPECT_FALSE(QFileInfo::exists(QStringLiteral("closed/new.tvd")));
+}
+
+TEST_F(AppendFaultDeathTest, AReadOnlyFileIsRefused)
+{
+    put(QStringLiteral("closed.tvd"), "old\r\n");
+    ASSERT_EQ(::chmod("closed.tvd", 0444), 0);
+    EXPECT_EXIT(appendAsOrdinaryUser(QStringLiteral("closed.tvd")), ::testing::ExitedWithCode(0),
+                "");
+    EXPECT_EQ(bytesOf(QStringLiteral("closed.tvd")), QByteArray("old\r\n"));
+}
+
+} // namespace
+} // namespace tarvold::testing

@@ -1,0 +1,289 @@
+// Appending when the system gets in the way: size limits, folders that cannot be listed, and other
+// programs that use the same file.
+
+#include "disk/append.h"
+#include "disk/read.h"
+#include "disk/rewrite.h"
+#include "support/hindrances.h"
+#include "support/processes.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <array>
+#include <chrono>
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <memory>
+#include <sys/file.h>
+#include <thread>
+#include <unistd.h>
+
+namespace tarvold {
+namespace {
+
+using namespace std::chrono_literals;
+using testing::FileSizeLimit;
+using testing::start;
+using testing::succeeds;
+
+constexpr uid_t kNobody = 65534;
+
+/// Another program that holds the lock of a file, seen from this one.
+class LockHolder
+{
+public:
+    explicit LockHolder(const QString &path)
+        : m_handle(open(QFile::encodeName(path).constData(), O_WRONLY | O_CREAT | O_CLOEXEC, 0644))
+    {
+        EXPECT_EQ(flock(m_handle, LOCK_EX), 0);
+    }
+    LockHolder(const LockHolder &) = delete;
+    LockHolder &operator=(const LockHolder &) = delete;
+    LockHolder(LockHolder &&) = delete;
+    LockHolder &operator=(LockHolder &&) = delete;
+    ~LockHolder() { close(m_handle); }
+
+private:
+    int m_handle;
+};
+
+class AppendTakeBack : public ::testing::Test
+{
+protected:
+    QString path() const { return folder.filePath(QStringLiteral("data.tvd")); }
+
+    void write(QByteArrayView bytes) const
+    {
+        QFile file(path());
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        ASSERT_EQ(file.write(bytes.data(), bytes.size()), bytes.size());
+    }
+
+    QByteArray content() const
+    {
+        QFile file(path());
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll();
+    }
+
+    QTemporaryDir folder;
+};
+
+QByteArray recordOf(char writer, int number)
+{
+    return QByteArray(1, writer) + QByteArray::number(number) + ' ' +
+           QByteArray(number % 200, writer) + "\r\n";
+}
+
+/// Whether a file holds the records of the writers "a" and "b", whole, each writer's in order.
+void expectAllRecordsOfBoth(const QByteArray &file, int records)
+{
+    std::array<int, 2> next = {};
+    for (QByteArrayView rest = file; !rest.isEmpty();) {
+        const char writer = rest.front();
+        ASSERT_TRUE(writer == 'a' || writer == 'b');
+        const QByteArray expected = recordOf(writer, next.at(writer == 'b' ? 1 : 0)++);
+        ASSERT_TRUE(rest.startsWith(expected)) << expected.constData();
+        rest = rest.sliced(expected.size());
+    }
+    EXPECT_EQ(next[0], records);
+    EXPECT_EQ(next[1], records);
+}
+
+TEST_F(AppendTakeBack, ARecordThatDoesNotFitIsTakenBackAtEverySize)
+{
+    const QByteArray old("old\r\n");
+    const QByteArray record(300, 'x');
+    for (qsizetype size = old.size(); size < old.size() + record.size(); ++size) {
+        write(old);
+        const FileSizeLimit limit(static_cast<rlim_t>(size));
+        const auto error = appendToFile(path(), record);
+        ASSERT_TRUE(error) << size;
+        ASSERT_TRUE(error->unchanged) << size;
+        ASSERT_EQ(content(), old) << size;
+    }
+}
+
+TEST_F(AppendTakeBack, AShortWriteTellsItsOwnCause)
+{
+    write("old\r\n");
+    const FileSizeLimit limit(10);
+    const auto error = appendToFile(path(), QByteArray(300, 'x'));
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->cause, QStringLiteral("File too large"));
+}
+
+TEST_F(AppendTakeBack, AMissingFileIsGoneAgainAfterAShortWrite)
+{
+    const FileSizeLimit limit(10);
+    const auto error = appendToFile(path(), QByteArray(300, 'x'));
+    ASSERT_TRUE(error);
+    EXPECT_TRUE(error->unchanged);
+    EXPECT_FALSE(QFileInfo::exists(path()));
+}
+
+TEST_F(AppendTakeBack, AFolderThatCannotBeListedTakesNewFilesAndRewrites)
+{
+    const QByteArray folderName = QFile::encodeName(folder.path());
+    if (geteuid() == 0) { // rights do not bind the superuser
+        ASSERT_EQ(chown(folderName.constData(), kNobody, kNobody), 0);
+    }
+    ASSERT_EQ(chmod(folderName.constData(), 0300), 0);
+    const pid_t process = start([this] {
+        const bool isBound = geteuid() != 0 || setuid(kNobody) == 0;
+        return isBound && !appendToFile(path(), "first\r\n") && !rewriteFile(path(), "second\r\n");
+    });
+    EXPECT_TRUE(succeeds(process));
+    ASSERT_EQ(chmod(folderName.constData(), 0700), 0);
+    EXPECT_EQ(content(), "second\r\n");
+}
+
+TEST_F(AppendTakeBack, AnAppendWaitsForAnotherProgramToFinish)
+{
+    write("old\r\n");
+    auto holder = std::make_unique<LockHolder>(path());
+    std::thread release([&holder] {
+        std::this_thread::sleep_for(100ms);
+        holder.reset();
+    });
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_FALSE(appendToFile(path(), "new\r\n"));
+    EXPECT_GE(std::chrono::steady_clock::now() - start, 90ms);
+    release.join();
+    EXPECT_EQ(content(), "old\r\nnew\r\n");
+}
+
+TEST_F(AppendTakeBack, ARecordThatAnotherProgramIsWritingIsReadWhole)
+{
+    write("first ");
+    auto holder = std::make_unique<LockHolder>(path());
+    std::thread finish([this, &holder] {
+        std::this_thread::sleep_for(100ms);
+        write("first half, second half\r\n");
+        holder.reset();
+    });
+    const FileContent content = readFile(path());
+    finish.join();
+    EXPECT_FALSE(content.error);
+    EXPECT_EQ(content.bytes, "first half, second half\r\n");
+}
+
+TEST_F(AppendTakeBack, AProgramThatNeverFinishesIsNamedAsTheCause)
+{
+    write("old\r\n");
+    const LockHolder holder(path());
+    const auto error = appendToFile(path(), "new\r\n");
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->cause, QStringLiteral("Another program is writing to it."));
+    EXPECT_TRUE(error->unchanged);
+    EXPECT_EQ(content(), "old\r\n");
+}
+
+TEST_F(AppendTakeBack, AFileThatVanishesDuringTheWaitIsMadeAnew)
+{
+    auto holder = std::make_unique<LockHolder>(path());
+    std::thread takeBack([this, &holder] {
+        std::this_thread::sleep_for(100ms);
+        QFile::remove(path());
+        holder.reset();
+    });
+    EXPECT_FALSE(appendToFile(path(), "new\r\n"));
+    takeBack.join();
+    EXPECT_EQ(content(), "new\r\n");
+}
+
+TEST_F(AppendTakeBack, AFileThatIsMadeAnewAfterTheWaitIsGoneAgainAfterAShortWrite)
+{
+    auto holder = std::make_unique<LockHolder>(path());
+    std::thread takeBack([this, &holder] {
+        std::this_thread::sleep_for(100ms);
+        QFile::remove(path());
+        holder.reset();
+    });
+    const FileSizeLimit limit(10);
+    const auto error = appendToFile(path(), QByteArray(300, 'x'));
+    takeBack.join();
+    ASSERT_TRUE(error);
+    EXPECT_TRUE(error->unchanged);
+    EXPECT_FALSE(QFileInfo::exists(path()));
+}
+
+TEST_F(AppendTakeBack, ARewriteLeavesAFileThatAnotherProgramWritesTo)
+{
+    write("old\r\n");
+    const LockHolder holder(path());
+    const auto error = rewriteFile(path(), "new\r\n", QByteArrayView("old\r\n"));
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->cause, QStringLiteral("Another program is writing to it."));
+    EXPECT_TRUE(error->unchanged);
+    EXPECT_EQ(content(), "old\r\n");
+}
+
+TEST_F(AppendTakeBack, ProgramsThatAppendAndOneThatRewritesLoseNoRecord)
+{
+    constexpr int kRecords = 300;
+    write({});
+    const pid_t appending = start([this] {
+        bool allSaved = true;
+        for (int number = 0; number < kRecords; ++number) {
+            allSaved = !appendToFile(path(), recordOf('a', number)) && allSaved;
+        }
+        return allSaved;
+    });
+    for (int number = 0; number < kRecords;) {
+        const QByteArray old = content();
+        const QByteArray grown = old + recordOf('b', number);
+        const auto error = rewriteFile(path(), grown, old);
+        ASSERT_TRUE(!error || error->outdated) << error->cause.toStdString();
+        number += error ? 0 : 1;
+    }
+    EXPECT_TRUE(succeeds(appending));
+    expectAllRecordsOfBoth(content(), kRecords);
+}
+
+TEST_F(AppendTakeBack, TwoProgramsAppendAThousandRecordsEachAndNoneIsLost)
+{
+    constexpr int kRecords = 1000;
+    const auto appendAll = [this](char writer) {
+        return start([this, writer] {
+            bool allSaved = true;
+            for (int number = 0; number < kRecords; ++number) {
+                allSaved = !appendToFile(path(), recordOf(writer, number)) && allSaved;
+            }
+            return allSaved;
+        });
+    };
+    const pid_t first = appendAll('a');
+    const pid_t second = appendAll('b');
+    EXPECT_TRUE(succeeds(first));
+    EXPECT_TRUE(succeeds(second));
+    expectAllRecordsOfBoth(content(), kRecords);
+}
+
+TEST_F(AppendTakeBack, AProgramThatTakesItsRecordsBackCutsNoneOfAnother)
+{
+    constexpr int kRecords = 300;
+    const pid_t failing = start([this] {
+        bool allTakenBack = true;
+        for (int number = 0; number < kRecords; ++number) {
+            const QFileInfo file(path());
+            const FileSizeLimit limit(static_cast<rlim_t>(file.size() + 20)); // in the midst of it
+            const auto error = appendToFile(path(), QByteArray(100'000, 'x'));
+            allTakenBack = error && error->unchanged && allTakenBack;
+        }
+        return allTakenBack;
+    });
+    QByteArray expected;
+    for (int number = 0; number < kRecords; ++number) {
+        const QByteArray record = recordOf('a', number);
+        ASSERT_FALSE(appendToFile(path(), record));
+        expected += record;
+    }
+    EXPECT_TRUE(succeeds(failing));
+    EXPECT_EQ(content(), expected);
+}
+
+} // namespace
+} // namespace tarvold

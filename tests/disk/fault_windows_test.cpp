@@ -1,0 +1,217 @@
+// What becomes of a file on Windows when the system fails in the midst of a save.
+
+#include "disk/append.h"
+#include "disk/rewrite.h"
+#include "support/folder_test.h"
+#include "support/system_call.h"
+
+#include <chrono>
+#include <optional>
+#include <utility>
+#include <windows.h>
+
+namespace {
+
+using tarvold::testing::systemCall;
+
+bool isSyncToFail = false;
+std::optional<DWORD> arriving; ///< how much of the next write to a file
+BOOL answer = FALSE;           ///< to that write
+constexpr DWORD kError = ERROR_DISK_FULL;
+QByteArray theirs; ///< what another program writes to that place instead
+
+BOOL WINAPI syncOrFail(HANDLE file)
+{
+    static const auto sync = systemCall<BOOL(WINAPI *)(HANDLE)>("FlushFileBuffers");
+    if (!std::exchange(isSyncToFail, false)) {
+        return sync(file);
+    }
+    ::SetLastError(kError);
+    return FALSE;
+}
+
+BOOL WINAPI writeOrFail(HANDLE file, LPCVOID bytes, DWORD size, LPDWORD count, LPOVERLAPPED place)
+{
+    static const auto write = systemCall<decltype(&writeOrFail)>("WriteFile");
+    if (!arriving || place == nullptr) { // of the test's own output and files
+        return write(file, bytes, size, count, place);
+    }
+    DWORD arrived = 0;
+    const DWORD part = *std::exchange(arriving, std::nullopt);
+    if (part > 0) {
+        write(file, theirs.isEmpty() ? bytes : theirs.constData(), part, &arrived, place);
+    }
+    *count = 0;
+    ::SetLastError(kError);
+    return answer;
+}
+
+bool isRenameDenied = false;
+
+BOOL WINAPI setOrFail(HANDLE file, FILE_INFO_BY_HANDLE_CLASS what, LPVOID info, DWORD size)
+{
+    static const auto set = systemCall<decltype(&setOrFail)>("SetFileInformationByHandle");
+    if (what == FileDispositionInfo || !isRenameDenied) {
+        return set(file, what, info, size);
+    }
+    ::SetLastError(ERROR_ACCESS_DENIED);
+    return FALSE;
+}
+
+bool isMadeByAnother = false; ///< the next missing file, in the moment in which it is to be made
+
+HANDLE WINAPI createOrFind(LPCWSTR name, DWORD access, DWORD sharing, LPSECURITY_ATTRIBUTES rights,
+                           DWORD disposition, DWORD flags, HANDLE like)
+{
+    static const auto create = systemCall<decltype(&createOrFind)>("CreateFileW");
+    if (disposition == OPEN_ALWAYS && std::exchange(isMadeByAnother, false)) {
+        ::CloseHandle(create(name, access, sharing, rights, disposition, flags, like));
+    }
+    return create(name, access, sharing, rights, disposition, flags, like);
+}
+
+} // namespace
+
+// Where the calls of these functions go; else the system's library puts its addresses here.
+extern "C" decltype(&syncOrFail) __imp_FlushFileBuffers;
+decltype(&syncOrFail) __imp_FlushFileBuffers = syncOrFail;
+extern "C" decltype(&writeOrFail) __imp_WriteFile;
+decltype(&writeOrFail) __imp_WriteFile = writeOrFail;
+extern "C" decltype(&setOrFail) __imp_SetFileInformationByHandle;
+decltype(&setOrFail) __imp_SetFileInformationByHandle = setOrFail;
+extern "C" decltype(&createOrFind) __imp_CreateFileW;
+decltype(&createOrFind) __imp_CreateFileW = createOrFind;
+
+namespace tarvold::testing {
+namespace {
+
+const auto kFile = QStringLiteral("data.tvd");
+const QByteArray kOld = "old\r\n";
+const QByteArray kNew = "a new record\r\n";
+constexpr DWORD kHalf = 5;
+
+class Fault : public FolderTest
+{
+protected:
+    void SetUp() override
+    {
+        putBytes(kFile, kOld);
+        isSyncToFail = false;
+        arriving.reset();
+        answer = FALSE;
+        theirs.clear();
+        isRenameDenied = false;
+        isMadeByAnother = false;
+    }
+    void TearDown() override
+    {
+        EXPECT_FALSE(isSyncToFail || isMadeByAnother || arriving) << "nothing failed";
+    }
+
+    static void expectRefused(const std::optional<FileError> &refusal)
+    {
+        ASSERT_TRUE(refusal);
+        EXPECT_EQ(refusal->cause, qt_error_string(int(kError)));
+        EXPECT_TRUE(refusal->unchanged);
+        EXPECT_FALSE(refusal->inPlace);
+    }
+};
+
+TEST_F(Fault, ARecordThatCannotBeSyncedIsTakenBack)
+{
+    isSyncToFail = true;
+    expectRefused(appendToFile(kFile, kNew));
+    EXPECT_EQ(bytesIn(kFile), kOld);
+}
+
+TEST_F(Fault, ANewFileThatCannotBeSyncedIsGoneAgain)
+{
+    isSyncToFail = true;
+    expectRefused(appendToFile(QStringLiteral("new.tvd"), kNew));
+    EXPECT_EQ(folderContent(), "data.tvd");
+}
+
+TEST_F(Fault, AnEmptyFileThatAnotherProgramJustMadeStays)
+{
+    isMadeByAnother = true;
+    isSyncToFail = true;
+    expectRefused(appendToFile(QStringLiteral("new.tvd"), kNew));
+    EXPECT_EQ(folderContent(), "data.tvd new.tvd");
+    EXPECT_EQ(readBack("new.tvd"), "");
+}
+
+TEST_F(Fault, ARewriteThatMayNotTakeTheNameTellsAtOnce)
+{
+    isRenameDenied = true;
+    const auto start = std::chrono::steady_clock::now();
+    const auto refusal = rewriteFile(kFile, kNew, kOld);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
+    ASSERT_TRUE(refusal);
+    EXPECT_EQ(refusal->cause, qt_error_string(ERROR_ACCESS_DENIED));
+    EXPECT_TRUE(refusal->unchanged);
+    EXPECT_EQ(bytesIn(kFile), kOld);
+    EXPECT_EQ(folderContent(), "data.tvd");
+}
+
+TEST_F(Fault, ARewriteThatCannotBeSyncedLeavesTheOldFile)
+{
+    isSyncToFail = true;
+    expectRefused(rewriteFile(kFile, kNew, kOld));
+    EXPECT_EQ(bytesIn(kFile), kOld);
+    EXPECT_EQ(folderContent(), "data.tvd");
+}
+
+TEST_F(Fault, HalfARecordIsTakenBack)
+{
+    arriving = kHalf;
+    expectRefused(appendToFile(kFile, kNew));
+    EXPECT_EQ(bytesIn(kFile), kOld);
+}
+
+TEST_F(Fault, ANewFileWithHalfARecordIsGoneAgain)
+{
+    arriving = kHalf;
+    expectRefused(appendToFile(QStringLiteral("new.tvd"), kNew));
+    EXPECT_EQ(folderContent(), "data.tvd");
+}
+
+TEST_F(Fault, HalfARecordThatCannotBeTakenBackIsTold)
+{
+    arriving = kHalf;
+    isSyncToFail = true;
+    const auto refusal = appendToFile(kFile, kNew);
+    ASSERT_TRUE(refusal);
+    EXPECT_FALSE(refusal->unchanged);
+}
+
+TEST_F(Fault, WhatAnotherProgramWroteInsteadStaysAndIsTold)
+{
+    theirs = "their\r\n";
+    arriving = DWORD(theirs.size());
+    const auto refusal = appendToFile(kFile, kNew);
+    ASSERT_TRUE(refusal);
+    EXPECT_FALSE(refusal->unchanged);
+    EXPECT_EQ(bytesIn(kFile), kOld + theirs);
+}
+
+TEST_F(Fault, AWriteOfNothingIsAFailure)
+{
+    arriving = 0;
+    answer = TRUE;
+    const auto refusal = appendToFile(kFile, kNew);
+    ASSERT_TRUE(refusal);
+    EXPECT_EQ(refusal->cause, qt_error_string(ERROR_WRITE_FAULT));
+    EXPECT_TRUE(refusal->unchanged);
+    EXPECT_EQ(bytesIn(kFile), kOld);
+}
+
+TEST_F(Fault, ARewriteThatStopsHalfWayLeavesTheOldFile)
+{
+    arriving = kHalf;
+    expectRefused(rewriteFile(kFile, kNew, kOld));
+    EXPECT_EQ(bytesIn(kFile), kOld);
+    EXPECT_EQ(folderContent(), "data.tvd");
+}
+
+} // namespace
+} // namespace tarvold::testing

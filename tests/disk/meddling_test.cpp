@@ -1,0 +1,193 @@
+// What becomes of a file when a program that asks for no lock changes it while a save brings its
+// bytes to the disk.
+
+#include "disk/append.h"
+#include "disk/rewrite.h"
+#include "support/folder_test.h"
+#include "support/hindrances.h"
+
+#include <functional>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+/// What the other program does when a file is synced.
+std::function<void()> duringSync;
+
+} // namespace
+
+int fsync(int handle) noexcept(noexcept(::fsync(0)))
+{
+    struct stat state = {};
+    if (duringSync && ::fstat(handle, &state) == 0 && S_ISREG(state.st_mode)) {
+        duringSync();
+    }
+    return 0;
+}
+
+namespace tarvold::testing {
+namespace {
+
+const auto kFile = QStringLiteral("data.tvd");
+const QByteArray kOld = "old\r\n";
+const QByteArray kNew = "new\r\n";
+const QByteArray kTheirs = "a record of the other program\r\n";
+
+void replaceBy(const QByteArray &bytes)
+{
+    writeFile("theirs.tmp", bytes);
+    ASSERT_EQ(::rename("theirs.tmp", "data.tvd"), 0);
+}
+
+class Meddling : public FolderTest
+{
+protected:
+    void SetUp() override { putBytes(kFile, kOld); }
+    void TearDown() override { duringSync = nullptr; }
+
+    /// Lets another program do something at the first sync.
+    static void meddleOnce(const std::function<void()> &meddle)
+    {
+        duringSync = [meddle, isFirst = true]() mutable {
+            if (isFirst) {
+                isFirst = false;
+                meddle();
+            }
+        };
+    }
+
+    static std::optional<FileError> appendDuring(const std::function<void()> &meddle)
+    {
+        meddleOnce(meddle);
+        return appendToFile(kFile, kNew);
+    }
+
+    static std::optional<FileError> rewriteDuring(const std::function<void()> &meddle,
+                                                  const QString &name = kFile)
+    {
+        meddleOnce(meddle);
+        return rewriteFile(name, kNew, kOld);
+    }
+};
+
+using AppendMeddling = Meddling;
+using RewriteMeddling = Meddling;
+
+TEST_F(AppendMeddling, AFileThatReplacesTheOldOneGetsTheRecord)
+{
+    EXPECT_FALSE(appendDuring([] { replaceBy(kTheirs); }));
+    EXPECT_EQ(bytesIn(kFile), kTheirs + kNew);
+}
+
+TEST_F(AppendMeddling, ACopyThatAlreadyHasTheRecordDoesNotGetItTwice)
+{
+    EXPECT_FALSE(appendDuring([] { replaceBy(bytesIn(kFile)); }));
+    EXPECT_EQ(bytesIn(kFile), kOld + kNew);
+}
+
+TEST_F(AppendMeddling, ARemovedFileIsMadeAnewWithTheRecord)
+{
+    EXPECT_FALSE(appendDuring([] { QFile::remove(kFile); }));
+    EXPECT_EQ(bytesIn(kFile), kNew);
+}
+
+TEST_F(AppendMeddling, AFileThatIsWrittenAnewInPlaceGetsTheRecord)
+{
+    EXPECT_FALSE(appendDuring([] { putBytes(kFile, kTheirs); }));
+    EXPECT_EQ(bytesIn(kFile), kTheirs + kNew);
+}
+
+TEST_F(AppendMeddling, ARecordThatWasMovedInsideTheFileDoesNotStandThereTwice)
+{
+    EXPECT_FALSE(appendDuring([] { putBytes(kFile, kTheirs + bytesIn(kFile)); }));
+    EXPECT_EQ(bytesIn(kFile), kTheirs + kOld + kNew);
+}
+
+TEST_F(AppendMeddling, TheEndOfALongerLineIsNoRecord)
+{
+    EXPECT_FALSE(appendDuring([] { putBytes(kFile, "re" + kNew); }));
+    EXPECT_EQ(bytesIn(kFile), "re" + kNew + kNew);
+}
+
+TEST_F(AppendMeddling, TheOldFileUnderItsNewNameDoesNotKeepTheRecord)
+{
+    EXPECT_FALSE(appendDuring([] {
+        ASSERT_EQ(::rename("data.tvd", "data.tvd~"), 0);
+        putBytes(kFile, kTheirs);
+    }));
+    EXPECT_EQ(bytesIn(kFile), kTheirs + kNew);
+    EXPECT_EQ(readBack("data.tvd~"), kOld);
+}
+
+TEST_F(AppendMeddling, WhatWasWrittenBehindTheRecordMeanwhileStays)
+{
+    EXPECT_FALSE(appendDuring([] {
+        QFile file(kFile);
+        ASSERT_TRUE(file.open(QIODevice::Append));
+        ASSERT_EQ(file.write(kTheirs), kTheirs.size());
+    }));
+    EXPECT_EQ(bytesIn(kFile), kOld + kNew + kTheirs);
+}
+
+TEST_F(AppendMeddling, AFolderInThePlaceOfTheFileIsToldAndNothingIsSaved)
+{
+    const auto error = appendDuring([] {
+        QFile::remove(kFile);
+        ASSERT_EQ(::mkdir("data.tvd", 0700), 0);
+    });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->cause, QStringLiteral("It is a folder."));
+    EXPECT_TRUE(error->unchanged);
+}
+
+TEST_F(AppendMeddling, AFileThatIsReplacedEachTimeIsGivenUp)
+{
+    int times = 0;
+    duringSync = [&times] {
+        if (times++ < 100) {
+            replaceBy(kTheirs);
+        }
+    };
+    const auto error = appendToFile(kFile, kNew);
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->cause, QStringLiteral("Another program changes it again and again."));
+    EXPECT_TRUE(error->unchanged);
+    EXPECT_EQ(bytesIn(kFile), kTheirs);
+    EXPECT_LT(times, 100);
+}
+
+TEST_F(AppendMeddling, AFileThatMayNotBeReadIsTrustedForItsSize)
+{
+    EXPECT_TRUE(::chmod(".", 0777) == 0 && ::chmod("data.tvd", 0222) == 0);
+    EXPECT_TRUE(holdsForOrdinaryUser([] { return !appendToFile(kFile, kNew); }));
+    EXPECT_EQ(bytesIn(kFile), kOld + kNew);
+}
+
+TEST_F(RewriteMeddling, ARemovedFileIsMadeAnew)
+{
+    EXPECT_FALSE(rewriteDuring([] { QFile::remove(kFile); }));
+    EXPECT_EQ(bytesIn(kFile), kNew);
+}
+
+TEST_F(RewriteMeddling, AFileThatIsRemovedBehindALinkedFolderIsMadeAnew)
+{
+    ASSERT_EQ(::symlink(".", "link"), 0);
+    EXPECT_FALSE(rewriteDuring([] { QFile::remove(kFile); }, QStringLiteral("link/") + kFile));
+    EXPECT_EQ(bytesIn(kFile), kNew);
+}
+
+TEST_F(RewriteMeddling, APipeInThePlaceOfTheFileIsToldAndNotWaitedFor)
+{
+    const auto error = rewriteDuring([] {
+        QFile::remove(kFile);
+        ASSERT_EQ(::mkfifo("data.tvd", 0600), 0);
+    });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->cause, QStringLiteral("It is not an ordinary file."));
+    EXPECT_TRUE(error->unchanged);
+    EXPECT_FALSE(QFileInfo(kFile).isFile());
+}
+
+} // namespace
+} // namespace tarvold::testing

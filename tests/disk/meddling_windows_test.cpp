@@ -1,0 +1,147 @@
+// What becomes of a file on Windows when a program that asks for no lock changes it while a save
+// brings its bytes to the disk.
+
+#include "disk/append.h"
+#include "disk/rewrite.h"
+#include "support/folder_test.h"
+#include "support/system_call.h"
+#include "support/windows_program.h"
+
+#include <functional>
+#include <utility>
+
+namespace {
+
+/// What the other program does when a file is synced.
+std::function<void()> duringSync;
+
+BOOL WINAPI meddleAndSync(HANDLE /*file*/)
+{
+    if (const auto meddle = std::exchange(duringSync, nullptr)) {
+        meddle();
+    }
+    return TRUE;
+}
+
+/// What a copy of the program does before a file takes the name of one that must not be open.
+std::function<void()> beforeRename;
+
+BOOL WINAPI meddleAndSet(HANDLE file, FILE_INFO_BY_HANDLE_CLASS what, LPVOID info, DWORD size)
+{
+    static const auto set =
+        tarvold::testing::systemCall<decltype(&meddleAndSet)>("SetFileInformationByHandle");
+    const auto meddle =
+        what == FileRenameInfo ? std::exchange(beforeRename, nullptr) : std::function<void()>();
+    if (meddle) {
+        meddle();
+    }
+    return set(file, what, info, size);
+}
+
+} // namespace
+
+// Where the calls of these functions go; else the system's library puts its addresses here.
+extern "C" BOOL(WINAPI *__imp_FlushFileBuffers)(HANDLE);
+BOOL(WINAPI *__imp_FlushFileBuffers)(HANDLE) = meddleAndSync;
+extern "C" decltype(&meddleAndSet) __imp_SetFileInformationByHandle;
+decltype(&meddleAndSet) __imp_SetFileInformationByHandle = meddleAndSet;
+
+namespace tarvold::testing {
+namespace {
+
+const auto kFile = QStringLiteral("data.tvd");
+const QByteArray kOld = "old\r\n";
+const QByteArray kNew = "new\r\n";
+const QByteArray kTheirs = "a record of the other program\r\n";
+
+class Meddling : public FolderTest
+{
+protected:
+    void SetUp() override { putBytes(kFile, kOld); }
+    void TearDown() override { EXPECT_FALSE(duringSync) << "nothing was synced"; }
+
+    static std::optional<FileError> appendDuring(const std::function<void()> &meddle)
+    {
+        duringSync = meddle;
+        return appendToFile(kFile, kNew);
+    }
+
+    static std::optional<FileError> rewriteDuring(const std::function<void()> &meddle)
+    {
+        duringSync = meddle;
+        return rewriteFile(kFile, kNew, kOld);
+    }
+};
+
+/// Writes as a program does that has the file open all the time.
+void writeInPlace(const QByteArray &bytes)
+{
+    OtherProgram(kFile, kSharesAll).write(bytes);
+}
+
+TEST_F(Meddling, ARecordThatIsOverwrittenIsAppendedAgain)
+{
+    EXPECT_FALSE(appendDuring([] { writeInPlace(kTheirs); }));
+    EXPECT_EQ(bytesIn(kFile), kTheirs + kNew);
+}
+
+TEST_F(Meddling, AFileThatIsRemovedIsMadeAnew)
+{
+    bool isStillToBeSeen = false;
+    EXPECT_FALSE(appendDuring([&isStillToBeSeen] {
+        ASSERT_TRUE(::DeleteFileW(nativeName(kFile).c_str()));
+        isStillToBeSeen = QFile(kFile).open(QIODevice::ReadOnly);
+    }));
+    if (isStillToBeSeen) {
+        GTEST_SKIP() << "this system does not tell that a file is removed which somebody has open";
+    }
+    EXPECT_EQ(bytesIn(kFile), kNew);
+}
+
+TEST_F(Meddling, AFileThatIsRenamedDoesNotKeepTheRecord)
+{
+    EXPECT_FALSE(appendDuring([] {
+        ASSERT_TRUE(::MoveFileW(L"data.tvd", L"data.old"));
+        putBytes(kFile, kTheirs);
+    }));
+    EXPECT_EQ(bytesIn(kFile), kTheirs + kNew);
+    EXPECT_EQ(readBack("data.old"), kOld);
+}
+
+TEST_F(Meddling, ARecordThatWasMovedInsideTheFileDoesNotStandThereTwice)
+{
+    EXPECT_FALSE(appendDuring([] { writeInPlace(kTheirs + bytesIn(kFile)); }));
+    EXPECT_EQ(bytesIn(kFile), kTheirs + kOld + kNew);
+}
+
+TEST_F(Meddling, AFileThatChangesDuringARewriteStays)
+{
+    const auto error = rewriteDuring([] { writeInPlace(kTheirs); });
+    ASSERT_TRUE(error);
+    EXPECT_TRUE(error->outdated);
+    EXPECT_EQ(bytesIn(kFile), kTheirs);
+    EXPECT_EQ(folderContent(), "data.tvd");
+}
+
+TEST_F(Meddling, ACopyThatComesBeforeTheNewFileHasTheNameLosesNoRecord)
+{
+    std::optional<FileError> refusal;
+    beforeRename = [&refusal] { refusal = appendToFile(kFile, kTheirs); };
+    EXPECT_FALSE(rewriteFile(kFile, kNew, kOld));
+    EXPECT_EQ(bytesIn(kFile), kNew);
+    if (std::exchange(beforeRename, nullptr)) {
+        GTEST_SKIP() << "this system replaces open files, so that the lock is kept all the time";
+    }
+    ASSERT_TRUE(refusal);
+    EXPECT_EQ(refusal->cause, QStringLiteral("Another program is writing to it."));
+    EXPECT_TRUE(refusal->unchanged);
+}
+
+TEST_F(Meddling, AFileThatIsRemovedDuringARewriteIsMadeAnew)
+{
+    EXPECT_FALSE(rewriteDuring([] { ASSERT_TRUE(::DeleteFileW(nativeName(kFile).c_str())); }));
+    EXPECT_EQ(bytesIn(kFile), kNew);
+}
+
+} // namespace
+} // namespace tarvold::testing

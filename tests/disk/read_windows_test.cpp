@@ -1,0 +1,45 @@
+#include "disk/read.h"
+#include "support/folder_test.h"
+#include "support/windows_program.h"
+
+namespace tarvold::testing {
+namespace {
+
+using Read = FolderTest;
+
+const auto kFile = QStringLiteral("a.tvd");
+
+TEST_F(Read, TellsThatAnotherProgramSharesTheFileWithNobody)
+{
+    put(kFile, "bytes");
+    const OtherProgram other(kFile, 0);
+    EXPECT_TRUE(fileExists(kFile));
+    const FileContent content = readFile(kFile);
+    ASSERT_TRUE(content.error);
+    EXPECT_EQ(content.error->cause, QStringLiteral("Another program has it open."));
+}
+
+TEST_F(Read, ReadsAWriteProtectedFileAndOneThatOthersUse)
+{
+    put(kFile, "bytes");
+    {
+        const OtherProgram other(kFile, kSharesContent);
+        EXPECT_EQ(readFile(kFile).bytes, "bytes");
+    }
+    setAttributes(kFile, FILE_ATTRIBUTE_READONLY);
+    EXPECT_EQ(readFile(kFile).bytes, "bytes");
+    setAttributes(kFile, FILE_ATTRIBUTE_NORMAL);
+}
+
+TEST_F(Read, KnowsNoFilesInOddNames)
+{
+    put(kFile, "bytes");
+    for (const char *name : {"a.tvd:stream", ":a.tvd", "*.tvd", "a.tv?"}) {
+        EXPECT_FALSE(fileExists(QString::fromLatin1(name))) << name;
+        EXPECT_TRUE(readFile(QString::fromLatin1(name)).error) << name;
+    }
+    EXPECT_TRUE(fileExists(QStringLiteral("A.TVD")));
+}
+
+} // namespace
+} // namespace tarvold::testing

@@ -1,0 +1,137 @@
+#include "disk/rewrite.h"
+#include "support/folder_test.h"
+#include "support/hindrances.h"
+
+#include <sys/stat.h>
+
+namespace tarvold::testing {
+namespace {
+
+QString name()
+{
+    return QStringLiteral("a.tvd");
+}
+
+mode_t modeOf(const char *file)
+{
+    struct stat status = {};
+    EXPECT_EQ(stat(file, &status), 0);
+    return status.st_mode & 07777U;
+}
+
+using Rewrite = FolderTest;
+
+TEST_F(Rewrite, LetsWhoReadsTheOldFileReadItToItsEnd)
+{
+    writeFile("a.tvd", "old");
+    QFile reader(name());
+    ASSERT_TRUE(reader.open(QIODevice::ReadOnly | QIODevice::Unbuffered));
+    EXPECT_FALSE(rewriteFile(name(), "new"));
+    EXPECT_EQ(reader.readAll(), "old");
+}
+
+TEST_F(Rewrite, KeepsTheModeOfTheFile)
+{
+    for (const mode_t mode : {0600U, 0640U, 0664U, 0755U}) {
+        writeFile("a.tvd", "old");
+        ASSERT_EQ(chmod("a.tvd", mode), 0);
+        EXPECT_FALSE(rewriteFile(name(), "new"));
+        EXPECT_EQ(modeOf("a.tvd"), mode);
+    }
+}
+
+TEST_F(Rewrite, WritesThroughASymbolicLink)
+{
+    ASSERT_TRUE(QDir().mkdir(QStringLiteral("elsewhere")));
+    writeFile("elsewhere/target", "old");
+    ASSERT_EQ(symlink("elsewhere/target", "a.tvd"), 0);
+    EXPECT_FALSE(rewriteFile(name(), "new"));
+    EXPECT_TRUE(QFileInfo(name()).isSymLink());
+    EXPECT_EQ(readBack("elsewhere/target"), "new");
+    EXPECT_EQ(folderContent(), "a.tvd elsewhere");
+}
+
+TEST_F(Rewrite, WritesThroughLinksThatLeadToNoFileYet)
+{
+    ASSERT_TRUE(QDir().mkdir(QStringLiteral("elsewhere")));
+    ASSERT_EQ(symlink("elsewhere/second", "a.tvd"), 0);
+    ASSERT_EQ(symlink("../target", "elsewhere/second"), 0);
+    EXPECT_FALSE(rewriteFile(name(), "new"));
+    EXPECT_TRUE(QFileInfo(name()).isSymLink());
+    EXPECT_TRUE(QFileInfo(QStringLiteral("elsewhere/second")).isSymLink());
+    EXPECT_EQ(readBack("target"), "new");
+    EXPECT_EQ(folderContent(), "a.tvd elsewhere target");
+}
+
+TEST_F(Rewrite, TakesANameThatStartsWithAColonAsAnOrdinaryOne)
+{
+    EXPECT_FALSE(rewriteFile(QStringLiteral(":a.tvd"), "new"));
+    EXPECT_EQ(folderContent(), ":a.tvd");
+}
+
+TEST_F(Rewrite, LeavesAFileThatMustNotBeRead)
+{
+    writeFile("a.tvd", "old");
+    ASSERT_EQ(chmod("a.tvd", 0222), 0);
+    ASSERT_EQ(chmod(".", 0777), 0);
+    EXPECT_TRUE(holdsForOrdinaryUser([] {
+        const auto error = rewriteFile(name(), "new", QByteArrayView("old"));
+        return error && error->unchanged && !error->outdated && !error->cause.isEmpty();
+    }));
+    EXPECT_EQ(readBack("a.tvd"), "old");
+}
+
+TEST_F(Rewrite, LeavesTheOldFileWhenTheNewOneDoesNotFit)
+{
+    writeFile("a.tvd", "old");
+    std::optional<FileError> error;
+    {
+        const FileSizeLimit limit(1000);
+        error = rewriteFile(name(), QByteArray(100000, 'x'));
+    }
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->cause.toStdString(), "File too large");
+    EXPECT_TRUE(error->unchanged);
+    EXPECT_EQ(readBack("a.tvd"), "old");
+    EXPECT_EQ(folderContent(), "a.tvd");
+}
+
+TEST_F(Rewrite, LeavesTheOldFileInAFolderThatTakesNoFiles)
+{
+    writeFile("a.tvd", "old");
+    ASSERT_EQ(chmod("a.tvd", 0666), 0);
+    ASSERT_EQ(chmod(".", 0555), 0);
+    EXPECT_TRUE(holdsForOrdinaryUser([] {
+        const auto error = rewriteFile(name(), "new");
+        return error && error->unchanged && !error->cause.isEmpty();
+    }));
+    ASSERT_EQ(chmod(".", 0755), 0);
+    EXPECT_EQ(readBack("a.tvd"), "old");
+    EXPECT_EQ(folderContent(), "a.tvd");
+}
+
+TEST_F(Rewrite, RefusesAFileThatMustNotBeWritten)
+{
+    writeFile("a.tvd", "old");
+    ASSERT_EQ(chmod("a.tvd", 0444), 0);
+    ASSERT_EQ(chmod(".", 0777), 0);
+    EXPECT_TRUE(holdsForOrdinaryUser([] {
+        const auto error = rewriteFile(name(), "new");
+        return error && error->unchanged && !error->cause.isEmpty();
+    }));
+    EXPECT_EQ(readBack("a.tvd"), "old");
+    EXPECT_EQ(folderContent(), "a.tvd");
+}
+
+TEST_F(Rewrite, RefusesAPipeWithoutWaitingForIt)
+{
+    ASSERT_EQ(mkfifo("pipe", 0600), 0);
+    const auto error = rewriteFile(QStringLiteral("pipe"), "new");
+    ASSERT_TRUE(error);
+    EXPECT_TRUE(error->unchanged);
+    EXPECT_EQ(error->cause, QStringLiteral("It is not an ordinary file."));
+    EXPECT_EQ(folderContent(), "pipe");
+}
+
+} // namespace
+} // namespace tarvold::testing

@@ -1,0 +1,83 @@
+#include "disk/rewrite.h"
+#include "support/folder_test.h"
+
+namespace tarvold::testing {
+namespace {
+
+QString name()
+{
+    return QStringLiteral("a.tvd");
+}
+
+using Rewrite = FolderTest;
+
+TEST_F(Rewrite, CreatesAMissingFile)
+{
+    EXPECT_FALSE(rewriteFile(name(), "new"));
+    EXPECT_EQ(readBack("a.tvd"), "new");
+}
+
+TEST_F(Rewrite, PutsTheNewBytesInPlaceOfTheOldOnes)
+{
+    writeFile("a.tvd", "old and longer");
+    EXPECT_FALSE(rewriteFile(name(), "new"));
+    EXPECT_EQ(readBack("a.tvd"), "new");
+    EXPECT_FALSE(rewriteFile(name(), ""));
+    EXPECT_EQ(readBack("a.tvd"), "");
+}
+
+TEST_F(Rewrite, LeavesNoTemporaryFile)
+{
+    writeFile("a.tvd", "old");
+    EXPECT_FALSE(rewriteFile(name(), "new"));
+    EXPECT_EQ(folderContent(), "a.tvd");
+}
+
+TEST_F(Rewrite, ReplacesAFileThatHoldsWhatIsKnown)
+{
+    for (const qsizetype size : {0, 1, 65535, 65536, 65537, 200000}) { // around whole blocks
+        const QByteArray old(size, 'x');
+        writeFile("a.tvd", old);
+        EXPECT_FALSE(rewriteFile(name(), "new", old)) << size;
+        EXPECT_EQ(readBack("a.tvd"), "new") << size;
+    }
+}
+
+TEST_F(Rewrite, LeavesAFileThatHoldsAnythingElse)
+{
+    const QByteArray old(100000, 'x');
+    QByteArray other = old;
+    other.back() = 'y';
+    const QByteArrayList others = {other, old + 'x', old.chopped(1), QByteArray()};
+    for (const QByteArray &known : others) {
+        writeFile("a.tvd", old);
+        const auto error = rewriteFile(name(), "new", known);
+        ASSERT_TRUE(error);
+        EXPECT_TRUE(error->outdated);
+        EXPECT_TRUE(error->unchanged);
+        EXPECT_EQ(error->cause.toStdString(), "Another program changed it.");
+        EXPECT_EQ(readBack("a.tvd"), old);
+        EXPECT_EQ(folderContent(), "a.tvd");
+    }
+}
+
+TEST_F(Rewrite, MakesAFileAnewThatIsGone)
+{
+    EXPECT_FALSE(rewriteFile(name(), "new", QByteArrayView("old")));
+    EXPECT_EQ(readBack("a.tvd"), "new");
+}
+
+TEST_F(Rewrite, RefusesWhatIsNoOrdinaryFile)
+{
+    ASSERT_TRUE(QDir().mkdir(QStringLiteral("folder")));
+    for (const char *unfit : {"", "folder", "missing/a.tvd"}) {
+        const auto error = rewriteFile(QString::fromLatin1(unfit), "new");
+        ASSERT_TRUE(error) << unfit;
+        EXPECT_TRUE(error->unchanged);
+        EXPECT_FALSE(error->cause.isEmpty());
+    }
+    EXPECT_EQ(folderContent(), "folder");
+}
+
+} // namespace
+} // namespace tarvold::testing

@@ -1,0 +1,191 @@
+// Rewriting as only Windows has it: files that others have open, attributes, rights, times.
+
+#include "disk/rewrite.h"
+#include "support/folder_test.h"
+#include "support/system_call.h"
+#include "support/windows_program.h"
+
+#include <chrono>
+#include <memory>
+#include <sddl.h>
+#include <thread>
+
+namespace {
+
+FILETIME creationAskedFor = {}; ///< which not all file systems keep
+
+BOOL WINAPI noteTime(HANDLE file, const FILETIME *created, const FILETIME *read,
+                     const FILETIME *written)
+{
+    static const auto set = tarvold::testing::systemCall<decltype(&noteTime)>("SetFileTime");
+    creationAskedFor = created != nullptr ? *created : FILETIME{};
+    return set(file, created, read, written);
+}
+
+} // namespace
+
+// Where the calls of that function go; else the system's library puts its address here.
+extern "C" decltype(&noteTime) __imp_SetFileTime;
+decltype(&noteTime) __imp_SetFileTime = noteTime;
+
+namespace tarvold::testing {
+namespace {
+
+using namespace std::chrono_literals;
+using Rewrite = FolderTest;
+
+const auto kFile = QStringLiteral("a.tvd");
+
+void expectRefused(const std::optional<FileError> &error, const QString &cause)
+{
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->cause, cause);
+    EXPECT_TRUE(error->unchanged);
+    EXPECT_FALSE(error->inPlace);
+    EXPECT_EQ(bytesIn(kFile), "old");
+    EXPECT_EQ(folderContent(), "a.tvd");
+}
+
+TEST_F(Rewrite, LeavesAFileThatAnotherProgramKeepsOpen)
+{
+    put(kFile, "old");
+    const OtherProgram other(kFile, kSharesContent);
+    expectRefused(rewriteFile(kFile, "new", QByteArrayView("old")),
+                  QStringLiteral("Another program has it open."));
+}
+
+TEST_F(Rewrite, WaitsForAProgramThatHasTheFileOpen)
+{
+    put(kFile, "old");
+    auto other = std::make_unique<OtherProgram>(kFile, kSharesContent);
+    std::thread release([&other] {
+        std::this_thread::sleep_for(300ms);
+        other.reset();
+    });
+    EXPECT_FALSE(rewriteFile(kFile, "new", QByteArrayView("old")));
+    release.join();
+    EXPECT_EQ(bytesIn(kFile), "new");
+    EXPECT_EQ(folderContent(), "a.tvd");
+}
+
+TEST_F(Rewrite, SeesWhatTheProgramThatItWaitsForWrites)
+{
+    put(kFile, "old");
+    auto other = std::make_unique<OtherProgram>(kFile, kSharesContent);
+    std::thread release([&other] {
+        std::this_thread::sleep_for(300ms);
+        other->write("odd");
+        std::this_thread::sleep_for(
+            100ms); // so that it is surely looked at before it may be replaced
+        other.reset();
+    });
+    const auto error = rewriteFile(kFile, "new", QByteArrayView("old"));
+    release.join();
+    ASSERT_TRUE(error);
+    EXPECT_TRUE(error->outdated);
+    EXPECT_EQ(bytesIn(kFile), "odd");
+    EXPECT_EQ(folderContent(), "a.tvd");
+}
+
+TEST_F(Rewrite, LetsAProgramThatSharesAllReadTheOldFileToItsEnd)
+{
+    put(kFile, "old");
+    OtherProgram other(kFile, kSharesAll);
+    const auto error = rewriteFile(kFile, "new");
+    EXPECT_EQ(other.read(), "old");
+    if (error) {
+        expectRefused(error, QStringLiteral("Another program has it open."));
+        GTEST_SKIP() << "this system replaces no open file, so the rewrite was refused";
+    }
+    EXPECT_EQ(bytesIn(kFile), "new");
+}
+
+TEST_F(Rewrite, LeavesAFileThatACopyOfTheProgramWritesTo)
+{
+    put(kFile, "old");
+    OtherProgram other(kFile, kSharesAll);
+    other.lock();
+    expectRefused(rewriteFile(kFile, "new"), QStringLiteral("Another program is writing to it."));
+}
+
+TEST_F(Rewrite, LeavesAWriteProtectedFile)
+{
+    put(kFile, "old");
+    setAttributes(kFile, FILE_ATTRIBUTE_READONLY);
+    expectRefused(rewriteFile(kFile, "new"), QStringLiteral("It is write-protected."));
+    EXPECT_TRUE(attributesOf(kFile) & FILE_ATTRIBUTE_READONLY);
+    setAttributes(kFile, FILE_ATTRIBUTE_NORMAL);
+}
+
+TEST_F(Rewrite, KeepsTheAttributesOfTheFile)
+{
+    put(kFile, "old");
+    setAttributes(kFile, FILE_ATTRIBUTE_HIDDEN);
+    if ((attributesOf(kFile) & FILE_ATTRIBUTE_HIDDEN) == 0) {
+        GTEST_SKIP() << "this file system has no hidden files";
+    }
+    EXPECT_FALSE(rewriteFile(kFile, "new"));
+    EXPECT_TRUE(attributesOf(kFile) & FILE_ATTRIBUTE_HIDDEN);
+}
+
+/// Who may do what with a file, as the system keeps it.
+QByteArray rightsOf(const QString &file)
+{
+    DWORD size = 0;
+    ::GetFileSecurityW(nativeName(file).c_str(), DACL_SECURITY_INFORMATION, nullptr, 0, &size);
+    QByteArray rights(size, '\0');
+    EXPECT_TRUE(::GetFileSecurityW(nativeName(file).c_str(), DACL_SECURITY_INFORMATION,
+                                   rights.data(), size, &size));
+    return rights;
+}
+
+TEST_F(Rewrite, KeepsTheRightsThatTheFileWasGiven)
+{
+    put(kFile, "old");
+    const QByteArray ofTheFolder = rightsOf(kFile);
+    PSECURITY_DESCRIPTOR everybodys = nullptr;
+    ASSERT_TRUE(::ConvertStringSecurityDescriptorToSecurityDescriptorW(
+        L"D:P(A;;FA;;;WD)", SDDL_REVISION_1, &everybodys, nullptr));
+    EXPECT_TRUE(
+        ::SetFileSecurityW(nativeName(kFile).c_str(), DACL_SECURITY_INFORMATION, everybodys));
+    ::LocalFree(everybodys);
+    const QByteArray given = rightsOf(kFile);
+    ASSERT_NE(given, ofTheFolder);
+    EXPECT_FALSE(rewriteFile(kFile, "new"));
+    EXPECT_EQ(rightsOf(kFile), given);
+}
+
+TEST_F(Rewrite, AsksForTheOldTimeOfCreation)
+{
+    put(kFile, "old");
+    WIN32_FILE_ATTRIBUTE_DATA before = {};
+    ASSERT_TRUE(::GetFileAttributesExW(nativeName(kFile).c_str(), GetFileExInfoStandard, &before));
+    creationAskedFor = {};
+    EXPECT_FALSE(rewriteFile(kFile, "new"));
+    EXPECT_EQ(::CompareFileTime(&creationAskedFor, &before.ftCreationTime), 0);
+}
+
+TEST_F(Rewrite, KeepsTheNameAsItWasWritten)
+{
+    put(kFile, "old");
+    EXPECT_FALSE(rewriteFile(QStringLiteral("A.TVD"), "new"));
+    EXPECT_EQ(folderContent(), "a.tvd");
+    EXPECT_EQ(bytesIn(kFile), "new");
+}
+
+TEST_F(Rewrite, APathMayBeLong)
+{
+    QString deep = QDir::currentPath();
+    while (deep.size() < 400) {
+        deep += u'/' + QString(40, u'd');
+    }
+    ASSERT_TRUE(QDir().mkpath(deep));
+    const QString file = deep + u'/' + kFile;
+    EXPECT_FALSE(rewriteFile(file, "new"));
+    EXPECT_FALSE(rewriteFile(file, "newer", QByteArrayView("new")));
+    EXPECT_EQ(bytesIn(file), "newer");
+    EXPECT_EQ(QDir(deep).entryList(QDir::Files), QStringList(kFile));
+}
+
+} // namespace
+} // namespace tarvold::testing

@@ -1,0 +1,174 @@
+#include "controls/text_box.h"
+#include "support/editor_test.h"
+#include "support/spoken.h"
+
+#include <QPushButton>
+#include <QSignalSpy>
+
+namespace tarvold::testing {
+namespace {
+
+struct MenuButton
+{
+    const char *control;
+    const char *caption;
+};
+
+constexpr MenuButton kButtons[] = {
+    {"Command1", "Edit And Create Match Stipulations"},
+    {"Command3", "Add Normal Match Endings"},
+    {"Command4", "Add Match Endings With Run-Ins"},
+    {"Command5", "Add Match Endings With Turns"},
+    {"Command6", "Add New Interview Segments"},
+    {"Command7", "Add New Talk Show Segments"},
+    {"Command8", "Import"},
+    {"Command2", "Exit"},
+};
+
+struct FileBox
+{
+    const char *control;
+    const char *defaultText;
+    const char *caption;
+    const char *button; ///< the one that stands in the same row
+};
+
+constexpr FileBox kFileBoxes[] = {
+    {"Text1", "stipulations.tvd", "In File:", "Command1"},
+    {"Text3", "normreports.tvd", "To File:", "Command3"},
+    {"Text4", "feudreports.tvd", "To File:", "Command4"},
+    {"Text5", "turnreports.tvd", "To File:", "Command5"},
+    {"Text6", "interviews.tvd", "To File:", "Command6"},
+    {"Text7", "talkshow.tvd", "To File:", "Command7"},
+};
+
+class MainMenu : public EditorTest
+{
+protected:
+    QWidget &box(const char *name) { return control("Form1", name); }
+
+    /// The caption of the label that stands beside a box.
+    QString captionBeside(const QWidget &box)
+    {
+        for (const QLabel *label : screen("Form1").findChildren<QLabel *>()) {
+            if (label->y() == box.y() && label->height() == box.height()) {
+                return label->text();
+            }
+        }
+        return {};
+    }
+};
+
+TEST_F(MainMenu, IsTheOnlyScreenAtTheStart)
+{
+    expectOnly("Form1");
+    for (const char *other : {"Form4", "Form5", "Form6", "Form7"}) {
+        EXPECT_FALSE(editor.screens().exists(other)) << other;
+    }
+}
+
+TEST_F(MainMenu, BearsItsCaptionAndHeading)
+{
+    EXPECT_EQ(screen("Form1").windowTitle(), QStringLiteral("Tarvold 1.3 Data Editor"));
+    EXPECT_EQ(text("Form1", "Label3"), QStringLiteral("Tarvold 1.3 - Matches Editor"));
+}
+
+TEST_F(MainMenu, ButtonsBearTheirCaptions)
+{
+    for (const MenuButton &row : kButtons) {
+        SCOPED_TRACE(row.control);
+        const auto *button = qobject_cast<QPushButton *>(&box(row.control));
+        ASSERT_NE(button, nullptr);
+        EXPECT_EQ(button->text(), QLatin1StringView(row.caption));
+        EXPECT_TRUE(button->isVisible());
+    }
+    EXPECT_EQ(std::size_t(screen("Form1").findChildren<QPushButton *>().size()),
+              std::size(kButtons));
+}
+
+TEST_F(MainMenu, FileBoxesStartWithTheirDefaultNames)
+{
+    for (const FileBox &row : kFileBoxes) {
+        SCOPED_TRACE(row.control);
+        EXPECT_EQ(text("Form1", row.control), QLatin1StringView(row.defaultText));
+        EXPECT_TRUE(box(row.control).isVisible());
+        EXPECT_TRUE(box(row.control).isEnabled());
+    }
+    EXPECT_EQ(std::size_t(screen("Form1").findChildren<TextBox *>().size()), std::size(kFileBoxes));
+}
+
+TEST_F(MainMenu, FileBoxesStandBesideTheirCaptionsAndButtons)
+{
+    for (const FileBox &row : kFileBoxes) {
+        SCOPED_TRACE(row.control);
+        EXPECT_EQ(captionBeside(box(row.control)), QLatin1StringView(row.caption));
+        const QRect button = box(row.button).geometry();
+        const QRect box = this->box(row.control).geometry();
+        EXPECT_NEAR(box.center().y(), button.center().y(), 2);
+        EXPECT_GT(box.left(), button.right());
+    }
+}
+
+TEST_F(MainMenu, FileBoxesAreFreelyEditable)
+{
+    for (const FileBox &row : kFileBoxes) {
+        type("Form1", row.control, QStringLiteral("sub/Other name.TXT"));
+        EXPECT_EQ(text("Form1", row.control), QStringLiteral("sub/Other name.TXT"));
+    }
+}
+
+TEST_F(MainMenu, HasNoSecondTextBox)
+{
+    EXPECT_EQ(screen("Form1").findChild<QWidget *>(QStringLiteral("Text2")), nullptr);
+}
+
+TEST_F(MainMenu, TheFlowLabelIsHiddenAndReadsNormal)
+{
+    EXPECT_EQ(text("Form1", "matchreports"), QStringLiteral("normal"));
+    EXPECT_FALSE(box("matchreports").isVisible());
+}
+
+TEST_F(MainMenu, EveryControlHasANameOfItsOwn)
+{
+    expectOwnNames(screen("Form1"));
+}
+
+TEST_F(MainMenu, ExitEndsTheProgramAtOnce)
+{
+    const QSignalSpy ended(&editor, &Editor::exitRequested);
+    press("Form1", "Command2");
+    EXPECT_EQ(ended.count(), 1);
+}
+
+TEST_F(MainMenu, ExitEndsTheProgramWhileOtherScreensHoldUnsavedValues)
+{
+    const QSignalSpy ended(&editor, &Editor::exitRequested);
+    press("Form1", "Command3");
+    type("Form4", "Text2", QStringLiteral("Ladder Match"));
+    boxes.expectQuestion(title(),
+                         QStringLiteral("This will return you to the main menu and lose any "
+                                        "changes you haven't saved. Continue?"),
+                         Answer::Yes);
+    press("Form4", "Command1");
+    EXPECT_EQ(ended.count(), 0);
+    press("Form1", "Command2");
+    EXPECT_EQ(ended.count(), 1);
+    EXPECT_FALSE(QFile::exists(QStringLiteral("normreports.tvd")));
+}
+
+TEST_F(MainMenu, ClosingItsWindowEndsTheProgram)
+{
+    const QSignalSpy ended(&editor, &Editor::exitRequested);
+    screen("Form1").close();
+    EXPECT_EQ(ended.count(), 1);
+}
+
+TEST_F(MainMenu, ABrokenNamePastedIsOneLine)
+{
+    type("Form1", "Text3", QString());
+    paste(box("Text3"), QStringLiteral("one\ntwo"));
+    EXPECT_EQ(text("Form1", "Text3"), QStringLiteral("one two"));
+}
+
+} // namespace
+} // namespace tarvold::testing

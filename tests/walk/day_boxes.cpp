@@ -88,7 +88,8 @@ void Day::meet(QMessageBox &box)
 void Day::chooseFile(QFileDialog &dialog)
 {
     auto &field = *dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
-    const QString name = samples::fileName(m_dice);
+    const QString name =
+        samples::fileName(m_dice).remove(QChar::Null); // of which Qt's own dialog would complain
     const bool saves = m_dice.chance(70);
     trace::note(QStringLiteral("other file %1, saves %2").arg(name).arg(saves));
     field.setText(name);

@@ -12,6 +12,7 @@
 #include <QFileInfo>
 #include <QSettings>
 
+#include <memory>
 #include <optional>
 
 namespace tarvold::saveelsewhere {
@@ -25,7 +26,22 @@ bool replacesFile(DataFileKind kind)
     return kind == DataFileKind::Stipulations;
 }
 
-/// Qt's dialog would write down where it was last; this program keeps no settings.
+/// Ends the use of a dialog. Qt writes down where a dialog was last when it destroys it, but this
+/// program keeps no settings. Elsewhere they go nowhere, see keepNoSettings(). On Windows they
+/// would go into the registry, whatever path is set, so a dialog stays there until the program
+/// ends.
+struct EndOfUse
+{
+    void operator()(QFileDialog *dialog) const
+    {
+#ifdef Q_OS_WIN
+        dialog->setParent(nullptr);
+#else
+        delete dialog;
+#endif
+    }
+};
+
 void keepNoSettings()
 {
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
@@ -50,19 +66,20 @@ void startAt(QFileDialog &dialog, const QString &failed, DataFileKind kind)
 std::optional<QString> chosenPath(const FailedSave &failed, const QString &name)
 {
     keepNoSettings();
-    QFileDialog dialog(failed.asking, QStringLiteral("Save To Another File"));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setFileMode(QFileDialog::AnyFile);
-    dialog.setViewMode(QFileDialog::List);
-    dialog.setNameFilter(QStringLiteral("Data files (*.tvd)"));
+    const std::unique_ptr<QFileDialog, EndOfUse> dialog(
+        new QFileDialog(failed.asking, QStringLiteral("Save To Another File")));
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setFileMode(QFileDialog::AnyFile);
+    dialog->setViewMode(QFileDialog::List);
+    dialog->setNameFilter(QStringLiteral("Data files (*.tvd)"));
     // What is added to is not lost. Over what is written over, this program asks itself, for only
     // it knows the name with its end.
-    dialog.setOption(QFileDialog::DontConfirmOverwrite);
-    startAt(dialog, name, failed.kind);
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
+    dialog->setOption(QFileDialog::DontConfirmOverwrite);
+    startAt(*dialog, name, failed.kind);
+    if (dialog->exec() != QDialog::Accepted || dialog->selectedFiles().isEmpty()) {
         return std::nullopt;
     }
-    return dialog.selectedFiles().constFirst();
+    return dialog->selectedFiles().constFirst();
 }
 
 /// What the box on the main menu shows: the bare name in the current folder, else the whole path.

@@ -26,10 +26,9 @@ bool replacesFile(DataFileKind kind)
     return kind == DataFileKind::Stipulations;
 }
 
-/// Ends the use of a dialog. Qt writes down where a dialog was last when it destroys it, but this
-/// program keeps no settings. Elsewhere they go nowhere, see keepNoSettings(). On Windows they
-/// would go into the registry, whatever path is set, so a dialog stays there until the program
-/// ends.
+/// Qt writes down where a dialog was last when it destroys it, but this program keeps no settings. On
+/// Windows they would go into the registry, whatever keepNoSettings() says, so there a dialog stays
+/// until the program ends.
 struct EndOfUse
 {
     void operator()(QFileDialog *dialog) const
@@ -42,6 +41,7 @@ struct EndOfUse
     }
 };
 
+/// Sends what Qt's dialogs write down to nowhere.
 void keepNoSettings()
 {
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));

@@ -21,17 +21,19 @@
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 using tarvold::DataFileKind;
 
 constexpr int kRunInRecords = 100'000;
 constexpr double kBytesPerKilobyte = 1024;
 constexpr int kRepetitions = 25;
 
-const auto kSource = QStringLiteral("source.tvd");
-const auto kTarget = QStringLiteral("target.tvd");
-const auto kImportRunIns = QStringLiteral("--import-run-ins");
-const auto kImportStipulations = QStringLiteral("--import-stipulations");
-const auto kIdle = QStringLiteral("--idle");
+const auto kSource = u"source.tvd"_s;
+const auto kTarget = u"target.tvd"_s;
+const auto kImportRunIns = u"--import-run-ins"_s;
+const auto kImportStipulations = u"--import-stipulations"_s;
+const auto kIdle = u"--idle"_s;
 
 /// Every record has a name of its own, so that none is a duplicate.
 QByteArray records(int count, int lines, const QByteArray &name)
@@ -62,7 +64,7 @@ void runOrDie(const QString &program, const QStringList &arguments)
 /// The time before is not to be paid for by what is measured.
 void emptyWriteBuffers()
 {
-    runOrDie(QStringLiteral("sync"), {});
+    runOrDie(u"sync"_s, {});
 }
 
 void importOrDie(DataFileKind kind)
@@ -115,9 +117,8 @@ void measure(benchmark::State &state, const QByteArray &source, const QByteArray
 double catAndSync()
 {
     return secondsOf([] {
-        runOrDie(QStringLiteral("sh"),
-                 {QStringLiteral("-c"), QStringLiteral("cat source.tvd >> target.tvd && sync "
-                                                       "target.tvd")});
+        runOrDie(u"sh"_s, {u"-c"_s, u"cat source.tvd >> target.tvd && sync "
+                                    "target.tvd"_s});
     });
 }
 
@@ -187,7 +188,7 @@ BENCHMARK(stipulationsByImport)->Apply(asGrowing);
 /// The most memory that this process ever held, in kilobytes.
 QByteArray peakMemory()
 {
-    QFile status(QStringLiteral("/proc/self/status"));
+    QFile status(u"/proc/self/status"_s);
     if (!status.open(QIODevice::ReadOnly)) {
         qFatal("this system tells no memory figures");
     }
@@ -214,7 +215,7 @@ int main(int argc, char *argv[])
 {
     const QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments().mid(1);
-    if (!arguments.isEmpty() && !arguments.front().startsWith(QStringLiteral("--benchmark"))) {
+    if (!arguments.isEmpty() && !arguments.front().startsWith(u"--benchmark"_s)) {
         return beChild(arguments.front());
     }
     const QTemporaryDir folder;

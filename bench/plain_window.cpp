@@ -7,19 +7,21 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 int main(int argc, char *argv[])
 {
     const QApplication application(argc, argv);
     QWidget window;
     auto *grid = new QGridLayout(&window);
-    grid->addWidget(new QLabel(QStringLiteral("A heading")), 0, 0);
-    grid->addWidget(new QLabel(QStringLiteral("A second label")), 1, 0);
+    grid->addWidget(new QLabel(u"A heading"_s), 0, 0);
+    grid->addWidget(new QLabel(u"A second label"_s), 1, 0);
     for (int row = 2; row < 10; ++row) {
-        grid->addWidget(new QPushButton(QStringLiteral("A button")), row, 0);
+        grid->addWidget(new QPushButton(u"A button"_s), row, 0);
     }
     for (int row = 2; row < 8; ++row) {
-        grid->addWidget(new QLabel(QStringLiteral("To File:")), row, 1);
-        grid->addWidget(new QLineEdit(QStringLiteral("file.tvd")), row, 2);
+        grid->addWidget(new QLabel(u"To File:"_s), row, 1);
+        grid->addWidget(new QLineEdit(u"file.tvd"_s), row, 2);
     }
     window.resize(700, 534);
     window.show();

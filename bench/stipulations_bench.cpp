@@ -22,6 +22,8 @@
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 using tarvold::Editor;
 using tarvold::StipulationListModel;
 using tarvold::StipulationTable;
@@ -64,7 +66,7 @@ StipulationTable::Record stipulation(int number)
 class Workplace
 {
 public:
-    Workplace() : m_folder(QStringLiteral("/var/tmp/stipulations-bench-XXXXXX"))
+    Workplace() : m_folder(u"/var/tmp/stipulations-bench-XXXXXX"_s)
     {
         StipulationTable table;
         for (int number = 0; number < kStipulations; ++number) {
@@ -75,8 +77,8 @@ public:
         }
     }
 
-    QString file() const { return m_folder.filePath(QStringLiteral("stipulations.tvd")); }
-    QString copy() const { return m_folder.filePath(QStringLiteral("copy.tvd")); }
+    QString file() const { return m_folder.filePath(u"stipulations.tvd"_s); }
+    QString copy() const { return m_folder.filePath(u"copy.tvd"_s); }
 
 private:
     QTemporaryDir m_folder;

@@ -8,14 +8,16 @@
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 /// Tells the desktop which of its menu entries this is, and gives all windows the icon of that.
 void applyDesktopEntry()
 {
-    const QString name = QStringLiteral("org.example.tarvold.editor");
+    const QString name = u"org.example.tarvold.editor"_s;
     QGuiApplication::setDesktopFileName(name);
     QIcon icon;
     for (const int size : {48, 128}) {
-        icon.addFile(QStringLiteral(":/%1-%2.png").arg(name).arg(size));
+        icon.addFile(u":/%1-%2.png"_s.arg(name).arg(size));
     }
     QApplication::setWindowIcon(icon);
 }
@@ -29,7 +31,7 @@ int main(int argc, char *argv[])
     std::signal(SIGXFSZ, SIG_IGN);
 #endif
     QApplication application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("tarvold-editor"));
+    QApplication::setApplicationName(u"tarvold-editor"_s);
     // Windows hide and show as the user moves on; only the main menu ends the program.
     QApplication::setQuitOnLastWindowClosed(false);
     applyDesktopEntry();

@@ -11,6 +11,8 @@
 
 namespace tarvold::controls {
 
+using namespace Qt::StringLiterals;
+
 QString textOf(const QWidget &control)
 {
     if (const auto *combo = qobject_cast<const QComboBox *>(&control)) {
@@ -30,7 +32,7 @@ QString textOf(const QWidget &control)
 
 int numericValue(const QString &text)
 {
-    static const QRegularExpression leadingNumber(QStringLiteral("^\\s*[+-]?[0-9]+"));
+    static const QRegularExpression leadingNumber(u"^\\s*[+-]?[0-9]+"_s);
     const double value = leadingNumber.match(text).captured().toDouble();
     return static_cast<int>(
         qBound<double>(std::numeric_limits<int>::min(), value, std::numeric_limits<int>::max()));

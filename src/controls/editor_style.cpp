@@ -10,6 +10,9 @@
 #include <QStyleOption>
 
 namespace tarvold {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int kFrame = 3; ///< room for the focus mark
@@ -77,7 +80,7 @@ QSize leastSize(QStyle::ContentsType type)
 
 } // namespace
 
-EditorStyle::EditorStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+EditorStyle::EditorStyle() : QProxyStyle(u"Fusion"_s) {}
 
 void EditorStyle::polish(QPalette &palette)
 {

@@ -4,17 +4,17 @@
 
 namespace tarvold::longtext {
 
+using namespace Qt::StringLiterals;
+
 QString quoted(const QString &text, qsizetype most)
 {
-    return text.size() <= most
-               ? text
-               : text.left(most / 2) + QStringLiteral(" [...] ") + text.right(most / 2);
+    return text.size() <= most ? text : text.left(most / 2) + u" [...] "_s + text.right(most / 2);
 }
 
 QString breakable(QString text)
 {
-    static const QRegularExpression longWord(QStringLiteral("(\\S{40})(?=\\S)"));
-    return text.replace(longWord, QStringLiteral("\\1\u200B"));
+    static const QRegularExpression longWord(u"(\\S{40})(?=\\S)"_s);
+    return text.replace(longWord, u"\\1\u200B"_s);
 }
 
 } // namespace tarvold::longtext

@@ -7,16 +7,16 @@
 
 namespace tarvold::look {
 
+using namespace Qt::StringLiterals;
+
 void apply()
 {
     // The application owns the style, but the analyzer does not see into the toolkit.
     QApplication::setStyle(new EditorStyle); // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks)
-    const QString labels = QStringLiteral("Arial");
-    const QString buttons = QStringLiteral("MS Sans Serif");
-    QFont::insertSubstitutions(labels, {QStringLiteral("Liberation Sans"), QStringLiteral("Arimo"),
-                                        QStringLiteral("Helvetica")});
-    QFont::insertSubstitutions(buttons, {QStringLiteral("Microsoft Sans Serif"), labels,
-                                         QStringLiteral("Liberation Sans")});
+    const QString labels = u"Arial"_s;
+    const QString buttons = u"MS Sans Serif"_s;
+    QFont::insertSubstitutions(labels, {u"Liberation Sans"_s, u"Arimo"_s, u"Helvetica"_s});
+    QFont::insertSubstitutions(buttons, {u"Microsoft Sans Serif"_s, labels, u"Liberation Sans"_s});
 
     QFont font = QApplication::font();
     font.setFamilies({labels});

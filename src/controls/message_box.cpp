@@ -11,6 +11,9 @@
 #include <QScreen>
 
 namespace tarvold::messagebox {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// What a message may take of a display, given what stands around its text.
@@ -105,7 +108,7 @@ protected:
 private:
     void fitToText()
     {
-        auto *label = findChild<QLabel *>(QStringLiteral("qt_msgbox_label"));
+        auto *label = findChild<QLabel *>(u"qt_msgbox_label"_s);
         label->setWordWrap(true);
         const int width = sizeOf(text(), *this, roomFor(*this).width).width();
         label->setFixedSize(width, label->heightForWidth(width));

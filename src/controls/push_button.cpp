@@ -7,6 +7,8 @@
 
 namespace tarvold {
 
+using namespace Qt::StringLiterals;
+
 PushButton::PushButton(const QString &caption, QWidget *parent) : QPushButton(caption, parent)
 {
     setMinimumWidth(fontMetrics().horizontalAdvance(caption) + 2 * kControlHeight);
@@ -20,7 +22,7 @@ void PushButton::setKeys(const QKeySequence &keys, const QString &name)
     const QString shown = keys.toString(QKeySequence::NativeText);
     setAccessibleName(name);
     setAccessibleDescription(shown); // the hint would tell the name once more
-    setToolTip(name.isEmpty() ? shown : QStringLiteral("%1 (%2)").arg(name, shown));
+    setToolTip(name.isEmpty() ? shown : u"%1 (%2)"_s.arg(name, shown));
 }
 
 void PushButton::keyPressEvent(QKeyEvent *event)

@@ -10,13 +10,15 @@
 #include <limits>
 
 namespace tarvold {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString onOneLine(QString text)
 {
-    static const QRegularExpression lineBreak(
-        QStringLiteral("\\r\\n|[\\r\\n\\x{85}\\x{2028}\\x{2029}]"));
-    return text.replace(lineBreak, QStringLiteral(" "));
+    static const QRegularExpression lineBreak(u"\\r\\n|[\\r\\n\\x{85}\\x{2028}\\x{2029}]"_s);
+    return text.replace(lineBreak, u" "_s);
 }
 
 } // namespace

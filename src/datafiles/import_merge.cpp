@@ -7,6 +7,9 @@
 #include "disk/read.h"
 
 namespace tarvold {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using TellDuplicate = std::function<void(const QString &)>;
@@ -14,10 +17,9 @@ using TellDuplicate = std::function<void(const QString &)>;
 QString duplicateMessage(QByteArrayView matchType, QByteArrayView stipulation,
                          const QString &target)
 {
-    return QStringLiteral(
-               "The combination of match type: %1 and stipulation: %2 are already in the "
-               "file %3 so will not be imported.")
-        .arg(codepage::decode(matchType), codepage::decode(stipulation), target);
+    return u"The combination of match type: %1 and stipulation: %2 are already in the "
+           "file %3 so will not be imported."_s.arg(codepage::decode(matchType),
+                                                    codepage::decode(stipulation), target);
 }
 
 /// Compares one source stipulation with all of the target's, in their order. The first match

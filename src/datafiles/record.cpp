@@ -3,6 +3,9 @@
 #include <array>
 
 namespace tarvold {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct FinisherCode
@@ -12,10 +15,10 @@ struct FinisherCode
 };
 
 constexpr std::array<FinisherCode, 4> kFinisherCodes = {{
-    {QLatin1StringView("Any"), QLatin1StringView("Any")},
-    {QLatin1StringView("Pin"), QLatin1StringView("p")},
-    {QLatin1StringView("Submission"), QLatin1StringView("s")},
-    {QLatin1StringView("Top Rope"), QLatin1StringView("t")},
+    {"Any"_L1, "Any"_L1},
+    {"Pin"_L1, "p"_L1},
+    {"Submission"_L1, "s"_L1},
+    {"Top Rope"_L1, "t"_L1},
 }};
 
 /// Deliberate: a word outside the list gives no line, the record is one line short, and no default
@@ -52,16 +55,15 @@ std::optional<FileError> whyNotWhole(QByteArrayView bytes, qsizetype lines, int 
         return std::nullopt;
     }
     if (bytes.contains('\r') && !bytes.contains('\n')) {
-        return FileError{QStringLiteral("Its lines end with CR alone, not with CR LF.")};
+        return FileError{u"Its lines end with CR alone, not with CR LF."_s};
     }
     if (bytes.contains('\n') && !bytes.contains(kLineEnd)) {
-        return FileError{QStringLiteral("Its lines do not end with CR LF.")};
+        return FileError{u"Its lines do not end with CR LF."_s};
     }
-    return FileError{QStringLiteral("It breaks off at line %1, inside %2 %3: each %2 takes %4 "
-                                    "lines (lines found: %1).")
-                         .arg(QString::number(lines), record,
-                              QString::number(lines / linesPerRecord + 1),
-                              QString::number(linesPerRecord))};
+    return FileError{u"It breaks off at line %1, inside %2 %3: each %2 takes %4 "
+                     "lines (lines found: %1)."_s.arg(QString::number(lines), record,
+                                                      QString::number(lines / linesPerRecord + 1),
+                                                      QString::number(linesPerRecord))};
 }
 
 codepage::Encoded encodeLine(const QString &text)

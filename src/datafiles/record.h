@@ -12,6 +12,8 @@
 
 namespace tarvold {
 
+using namespace Qt::StringLiterals;
+
 /// The name of a control and of the screen that bears it, such as Form4, Combo3.
 struct ControlRef
 {
@@ -44,7 +46,7 @@ inline constexpr char kLineEnd[] = "\r\n";
 /// \param lines how many lines the file has
 /// \param record what the user calls a record
 std::optional<FileError> whyNotWhole(QByteArrayView bytes, qsizetype lines, int linesPerRecord,
-                                     const QString &record = QStringLiteral("record"));
+                                     const QString &record = u"record"_s);
 
 /// Stands for an empty commentary line 2 to 10.
 inline constexpr char kBlankLine[] = "-BLANK-";

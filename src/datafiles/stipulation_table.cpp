@@ -11,6 +11,9 @@
 #include <iterator>
 
 namespace tarvold {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr char kSeparator[] = " / ";
@@ -98,7 +101,7 @@ std::optional<FileError> StipulationTable::read(const QString &name)
         lines.push_back(reader.readLine());
     }
     if (auto error = whyNotWhole(content.bytes, qsizetype(lines.size()), kLinesPerRecord,
-                                 QStringLiteral("stipulation"))) {
+                                 u"stipulation"_s)) {
         return error;
     }
     m_name = name;

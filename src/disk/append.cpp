@@ -8,6 +8,9 @@
 #include <utility>
 
 namespace tarvold {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int kMostTries = 10;
@@ -141,7 +144,7 @@ std::optional<FileError> appendToFile(const QString &name, QByteArrayView bytes)
         }
         unchanged = attempt.takeOutOfOldFile() && unchanged;
     }
-    return FileError{QStringLiteral("Another program changes it again and again."), unchanged};
+    return FileError{u"Another program changes it again and again."_s, unchanged};
 }
 
 } // namespace tarvold

@@ -6,6 +6,9 @@
 #include <thread>
 
 namespace tarvold::durable {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using namespace std::chrono_literals;
@@ -32,7 +35,7 @@ std::optional<QString> openAlone(QFile &file, const QString &path, QIODeviceBase
             std::this_thread::sleep_for(lockPause());
         }
     } while (std::chrono::steady_clock::now() < deadline);
-    return QStringLiteral("Another program is writing to it.");
+    return u"Another program is writing to it."_s;
 }
 
 } // namespace tarvold::durable

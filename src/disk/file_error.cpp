@@ -4,21 +4,23 @@
 
 namespace tarvold {
 
+using namespace Qt::StringLiterals;
+
 std::optional<FileError> whyNotOrdinary(const QString &name)
 {
     if (name.isEmpty()) {
-        return FileError{QStringLiteral("The file name is empty.")};
+        return FileError{u"The file name is empty."_s};
     }
     if (!durable::canBeName(name)) {
-        return FileError{QStringLiteral("The file name holds a character that no file name can "
-                                        "have.")};
+        return FileError{u"The file name holds a character that no file name can "
+                         "have."_s};
     }
     const durable::Kind kind = durable::kindOf(durable::pathOf(name));
     if (kind == durable::Kind::Folder) {
-        return FileError{QStringLiteral("It is a folder.")};
+        return FileError{u"It is a folder."_s};
     }
     if (kind == durable::Kind::Other) {
-        return FileError{QStringLiteral("It is not an ordinary file.")};
+        return FileError{u"It is not an ordinary file."_s};
     }
     return std::nullopt;
 }

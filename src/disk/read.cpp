@@ -7,11 +7,14 @@
 #include <algorithm>
 
 namespace tarvold {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 FileContent tooLarge()
 {
-    return {{}, FileError{QStringLiteral("It is larger than 1 GB.")}};
+    return {{}, FileError{u"It is larger than 1 GB."_s}};
 }
 
 /// Reads to the end. A read that runs short is no end: only the next one tells why it did. Some

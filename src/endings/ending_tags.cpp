@@ -3,22 +3,25 @@
 #include "controls/message_box.h"
 
 namespace tarvold::endingtags {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Neither any attacker nor two names, which a comma separates.
 bool isOneName(const QString &name)
 {
-    return name != QLatin1StringView("Any") && !name.contains(u',');
+    return name != "Any"_L1 && !name.contains(u',');
 }
 
 bool isNoneOrNotInvolved(const QString &text)
 {
-    return text == QLatin1StringView("None") || text == QLatin1StringView("N/A");
+    return text == "None"_L1 || text == "N/A"_L1;
 }
 
 bool isSingles(const QString &feudType)
 {
-    return feudType == QLatin1StringView("Singles");
+    return feudType == "Singles"_L1;
 }
 
 constexpr Refusal kSecondAttacker = {

@@ -3,6 +3,9 @@
 #include "screens/lists.h"
 
 namespace tarvold {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr const char *kSides[] = {"Winners", "Losers"};
@@ -86,20 +89,18 @@ Form8::Form8(Screens & /*screens*/)
 
 void Form8::showBrandHelp()
 {
-    setText(kHelp, QStringLiteral(
-                       "Feuding Wrestlers Part Of This Brand? ~ Using this option means that for "
-                       "example, if you are doing a Ruckus brand show, and a Brawlday wrestler "
-                       "runs in, your match ending can emphasise that 'that wrestler doesn't "
-                       "belong here'."));
+    setText(kHelp, u"Feuding Wrestlers Part Of This Brand? ~ Using this option means that for "
+                   "example, if you are doing a Ruckus brand show, and a Brawlday wrestler "
+                   "runs in, your match ending can emphasise that 'that wrestler doesn't "
+                   "belong here'."_s);
 }
 
 void Form8::showPowerFigureHelp()
 {
-    setText(kHelp, QStringLiteral(
-                       "Feud Person Is Power Figure ~ This allows you to specify match endings for "
-                       "power figure vs wrestler style feuds. Eg, the wrestler could win the match "
-                       "and then the power figure comes out and reverses the decision, which "
-                       "increases the feud heat between the two."));
+    setText(kHelp, u"Feud Person Is Power Figure ~ This allows you to specify match endings for "
+                   "power figure vs wrestler style feuds. Eg, the wrestler could win the match "
+                   "and then the power figure comes out and reverses the decision, which "
+                   "increases the feud heat between the two."_s);
 }
 
 } // namespace tarvold

@@ -5,6 +5,9 @@
 #include "screens/screens.h"
 
 namespace tarvold {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr const char *kAllMatchTypes[] = {
@@ -95,9 +98,8 @@ constexpr ControlRef kFeudType = {"Form8", "Combo3"};
 
 QString feudTypeOf(const QString &matchType)
 {
-    const bool isSingles = matchType == QLatin1StringView("Women's Match") ||
-                           matchType == QLatin1StringView("Singles");
-    return isSingles ? QStringLiteral("Singles") : QStringLiteral("Tag Team");
+    const bool isSingles = matchType == "Women's Match"_L1 || matchType == "Singles"_L1;
+    return isSingles ? u"Singles"_s : u"Tag Team"_s;
 }
 
 } // namespace
@@ -109,8 +111,7 @@ Form4::Form4(Screens &screens)
                      .helpLabel = "Label2",
                      .fills = kFills})
 {
-    addHiddenLabel("matchreports",
-                   QStringLiteral("remember there is more than 1 combo for match type"));
+    addHiddenLabel("matchreports", u"remember there is more than 1 combo for match type"_s);
     auto &shortMatchType = control<ComboBox>("Combo12");
     connect(&shortMatchType, &ComboBox::chosen, this, [&screens, &shortMatchType] {
         // Also when a turn is written, which has no use for it.

@@ -22,6 +22,9 @@
 #include <algorithm>
 
 namespace tarvold {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr char kTitle[] = "Import";
@@ -61,7 +64,7 @@ Form2::Form2(Screens &screens)
     , m_names(new QStringListModel(this))
     , m_files(new ListBox(this))
 {
-    addHiddenLabel("whatimport", QStringLiteral("Label2"));
+    addHiddenLabel("whatimport", u"Label2"_s);
     addHeading("Label3", "Import");
     addRule("Line1");
     column().addWidget(newLabel("Label1", kKindPrompt));
@@ -95,7 +98,7 @@ void Form2::addFileChoice()
     QLabel *prompt = newLabel("Label2", "Which file do you want to import these into?");
     column().addWidget(prompt);
     auto *target = new TextBox;
-    target->setText(QStringLiteral("Text1"));
+    target->setText(u"Text1"_s);
     target->setAccessibleName(prompt->text());
     prompt->setBuddy(target);
     add(target, "Text1");
@@ -179,17 +182,17 @@ void Form2::runImport()
 {
     const QString target = text("Text1");
     if (!isTvdName(target)) {
-        messagebox::notice(this, QStringLiteral("File Error!"),
-                           QStringLiteral("Filename to import into is blank or doesn't have a .tvd "
-                                          "extension."));
+        messagebox::notice(this, u"File Error!"_s,
+                           u"Filename to import into is blank or doesn't have a .tvd "
+                           "extension."_s);
         return;
     }
-    importstatus = QStringLiteral("Yes");
+    importstatus = u"Yes"_s;
     if (!merge(selectedFile(), target)) {
         return;
     }
-    if (importstatus == QLatin1StringView("Yes")) {
-        messagebox::notice(this, QLatin1StringView(kTitle), QStringLiteral("Import Complete."));
+    if (importstatus == "Yes"_L1) {
+        messagebox::notice(this, QLatin1StringView(kTitle), u"Import Complete."_s);
     }
     goToKinds();
 }
@@ -212,7 +215,7 @@ bool Form2::merge(const QString &source, const QString &target)
         const BusyCursor busy;
         failure = importRecords({source, target, row->kind}, [this](const QString &message) {
             QApplication::changeOverrideCursor(Qt::ArrowCursor);
-            messagebox::notice(this, QStringLiteral("Match Duplication"), message);
+            messagebox::notice(this, u"Match Duplication"_s, message);
             QApplication::changeOverrideCursor(Qt::WaitCursor);
         });
     }

@@ -19,6 +19,8 @@
 
 namespace tarvold {
 
+using namespace Qt::StringLiterals;
+
 CommentaryScreen::CommentaryScreen(Screens &screens, const CommentaryTable &table)
     : Screen(table.name)
     , m_screens(screens)
@@ -40,7 +42,7 @@ void CommentaryScreen::addTagList()
     for (const CommentaryTag &tag : m_table.tags) {
         m_tags->addItem(QLatin1StringView(tag.item));
     }
-    auto *label = new QLabel(QStringLiteral("Commentary tag"), this);
+    auto *label = new QLabel(u"Commentary tag"_s, this);
     label->setTextFormat(Qt::PlainText);
     label->setBuddy(m_tags);
     controls::describe(*m_tags, label->text(), QLatin1StringView(m_table.instructions));
@@ -70,8 +72,8 @@ void CommentaryScreen::addLines()
         const int row = int(&line - m_lines.data());
         const QString number = QString::number(row + 1);
         line = new CommentaryLine(this);
-        line->setAccessibleName(QStringLiteral("Commentary line ") + number);
-        add(line, qPrintable(QStringLiteral("Text") + number));
+        line->setAccessibleName(u"Commentary line "_s + number);
+        add(line, qPrintable(u"Text"_s + number));
         auto *label = new QLabel(number, this); // no buddy: its number would be spoken as the name
         grid->addWidget(label, row, 0, Qt::AlignRight | Qt::AlignVCenter);
         grid->addWidget(line, row, 1);
@@ -129,7 +131,7 @@ void CommentaryScreen::insertTag()
     // Deliberate: after a refusal the marked line receives the tag that was accepted before.
     const QString outcome = append(text("hiddenlabel"));
     goToMarkedLine();
-    m_announcement->tell(isRefused ? QStringLiteral("Tag refused. ") + outcome : outcome);
+    m_announcement->tell(isRefused ? u"Tag refused. "_s + outcome : outcome);
 }
 
 void CommentaryScreen::goToMarkedLine()
@@ -143,15 +145,15 @@ void CommentaryScreen::goToMarkedLine()
 
 QString CommentaryScreen::append(const QString &tag)
 {
-    QString outcome = QStringLiteral("No line is marked, so nothing was inserted.");
+    QString outcome = u"No line is marked, so nothing was inserted."_s;
     for (CommentaryLine *&line : m_lines) {
         if (line->isMarked()) {
             line->append(tag);
             const QString number = QString::number(1 + (&line - m_lines.data()));
-            outcome = QStringLiteral("Inserted %1 into line %2.").arg(tag, number);
+            outcome = u"Inserted %1 into line %2."_s.arg(tag, number);
         }
     }
-    return tag.isEmpty() ? QStringLiteral("Nothing was inserted.") : outcome;
+    return tag.isEmpty() ? u"Nothing was inserted."_s : outcome;
 }
 
 bool CommentaryScreen::accepts(const CommentaryTag &tag)
@@ -176,7 +178,7 @@ void CommentaryScreen::save()
     const bool yes = messagebox::question(this, title, QLatin1StringView(m_table.question),
                                           messagebox::EnterMeans::Yes);
     if (yes && write()) {
-        messagebox::notice(this, title, QStringLiteral("Saved OK."));
+        messagebox::notice(this, title, u"Saved OK."_s);
         emit finished();
     }
 }

@@ -9,6 +9,8 @@
 
 namespace tarvold {
 
+using namespace Qt::StringLiterals;
+
 DetailsScreen::DetailsScreen(const DetailsTable &table)
     : Screen(table.name)
     , m_fields(table.fields)
@@ -30,7 +32,7 @@ void DetailsScreen::addButtons()
 {
     PushButton *back = newBackButton("Command1");
     PushButton *next = newButton("Command2", ">>");
-    next->setKeys(keys::next(), QStringLiteral("Next"));
+    next->setKeys(keys::next(), u"Next"_s);
     addButtonRow({back}, {next});
     connect(next, &QPushButton::clicked, this, &DetailsScreen::goOn);
 }

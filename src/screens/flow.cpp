@@ -6,6 +6,8 @@
 
 namespace tarvold {
 
+using namespace Qt::StringLiterals;
+
 Flow::Flow(Screens &screens, std::span<const FlowStep> steps, ControlRef label)
     : m_screens(screens)
     , m_steps(steps)
@@ -52,8 +54,8 @@ void Flow::leave(Screen &screen)
 {
     const bool yes = messagebox::question(
         &screen, QLatin1StringView(messagebox::kTitle),
-        QStringLiteral("This will return you to the main menu and lose any changes you haven't "
-                       "saved. Continue?"),
+        u"This will return you to the main menu and lose any changes you haven't "
+        "saved. Continue?"_s,
         messagebox::EnterMeans::No);
     if (yes) {
         show(Form1::kName, screen);

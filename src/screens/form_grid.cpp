@@ -10,6 +10,9 @@
 #include <QGridLayout>
 
 namespace tarvold::formgrid {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QWidget *newBareControl(const Field &field)
@@ -34,7 +37,7 @@ QWidget *withValueLabel(Screen &screen, const Bar &bar, ScrollBar &scrollBar)
 {
     QLabel *label = screen.newLabel(bar.valueLabel, bar.designText);
     // A file may hold any text here; it must not widen the window.
-    label->setFixedWidth(label->fontMetrics().horizontalAdvance(QStringLiteral(" 100% ")));
+    label->setFixedWidth(label->fontMetrics().horizontalAdvance(u" 100% "_s));
     const auto show = [label, &bar](int value) {
         label->setText(QLatin1StringView(bar.prefix) + QString::number(value) + u'%');
     };

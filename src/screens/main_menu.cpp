@@ -12,6 +12,9 @@
 #include <optional>
 
 namespace tarvold {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct MenuRow
@@ -42,7 +45,7 @@ Form1::Form1(Screens & /*screens*/) : Screen(kName)
 {
     addHeading("Label3", "Tarvold 1.3 - Matches Editor");
     column().addWidget(newLabel("Label1", "By the Tarvold developers"));
-    addHiddenLabel("matchreports", QStringLiteral("normal"));
+    addHiddenLabel("matchreports", u"normal"_s);
 
     auto *grid = new QGridLayout;
     grid->setHorizontalSpacing(kGap);

@@ -16,6 +16,9 @@
 #include <optional>
 
 namespace tarvold::saveelsewhere {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr char kExtension[] = ".tvd";
@@ -26,9 +29,9 @@ bool replacesFile(DataFileKind kind)
     return kind == DataFileKind::Stipulations;
 }
 
-/// Qt writes down where a dialog was last when it destroys it, but this program keeps no settings. On
-/// Windows they would go into the registry, whatever keepNoSettings() says, so there a dialog stays
-/// until the program ends.
+/// Qt writes down where a dialog was last when it destroys it, but this program keeps no settings.
+/// On Windows they would go into the registry, whatever keepNoSettings() says, so there a dialog
+/// stays until the program ends.
 struct EndOfUse
 {
     void operator()(QFileDialog *dialog) const
@@ -44,7 +47,7 @@ struct EndOfUse
 /// Sends what Qt's dialogs write down to nowhere.
 void keepNoSettings()
 {
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, u"/dev/null"_s);
 }
 
 /// Opens the dialog in the folder of the failed save, with the same name, as far as both can be.
@@ -67,11 +70,11 @@ std::optional<QString> chosenPath(const FailedSave &failed, const QString &name)
 {
     keepNoSettings();
     const std::unique_ptr<QFileDialog, EndOfUse> dialog(
-        new QFileDialog(failed.asking, QStringLiteral("Save To Another File")));
+        new QFileDialog(failed.asking, u"Save To Another File"_s));
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setFileMode(QFileDialog::AnyFile);
     dialog->setViewMode(QFileDialog::List);
-    dialog->setNameFilter(QStringLiteral("Data files (*.tvd)"));
+    dialog->setNameFilter(u"Data files (*.tvd)"_s);
     // What is added to is not lost. Over what is written over, this program asks itself, for only
     // it knows the name with its end.
     dialog->setOption(QFileDialog::DontConfirmOverwrite);
@@ -129,7 +132,7 @@ std::optional<QString> chosenName(const FailedSave &failed, QString name)
 bool offer(Screens &screens, const FailedSave &failed)
 {
     if (!messagebox::offer(failed.asking, failed.title, failed.text,
-                           QStringLiteral("&Save To Another File..."))) {
+                           u"&Save To Another File..."_s)) {
         return false;
     }
     const ControlRef box = rowOf(failed.kind).nameBox;

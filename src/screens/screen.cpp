@@ -15,6 +15,9 @@
 #include <QWindow>
 
 namespace tarvold {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr double kHeadingScale = 1.4;
@@ -41,7 +44,7 @@ Screen::Screen(const char *name)
     , m_foot(new QVBoxLayout)
 {
     setObjectName(QLatin1StringView(name));
-    setWindowTitle(QStringLiteral("Tarvold 1.3 Data Editor"));
+    setWindowTitle(u"Tarvold 1.3 Data Editor"_s);
     auto *whole = new QVBoxLayout(this);
     whole->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     whole->setSpacing(kGap);
@@ -128,7 +131,7 @@ PushButton *Screen::newButton(const char *name, const char *caption)
 PushButton *Screen::newBackButton(const char *name)
 {
     PushButton *button = newButton(name, "<<");
-    button->setKeys(keys::back(), QStringLiteral("Back"));
+    button->setKeys(keys::back(), u"Back"_s);
     connect(button, &QPushButton::clicked, this, &Screen::backPressed);
     return button;
 }
@@ -150,7 +153,7 @@ void Screen::addHeading(const char *name, const char *text)
 
 void Screen::setSpokenTitle(const QString &title)
 {
-    setAccessibleName(title + QStringLiteral(" - ") + windowTitle());
+    setAccessibleName(title + u" - "_s + windowTitle());
 }
 
 void Screen::addRule(const char *name)

@@ -4,11 +4,14 @@
 #include "segments/segment_instructions.h"
 
 namespace tarvold {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 bool isSingles(const QString &feudType)
 {
-    return feudType == QLatin1StringView("Singles");
+    return feudType == "Singles"_L1;
 }
 
 constexpr ControlRef kFeudType = {"Form12", "Combo3"};

@@ -18,6 +18,9 @@
 #include <ranges>
 
 namespace tarvold {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr ControlRef kListPosition = {"Form16", "listpos"};
@@ -51,7 +54,7 @@ const char *qualityItem(QByteArrayView word)
 
 Form3::Form3(Screens &screens) : Screen(kName), m_screens(screens)
 {
-    setSpokenTitle(QStringLiteral("Match Stipulation"));
+    setSpokenTitle(u"Match Stipulation"_s);
     addForm();
     column().addStretch();
     addButtons();
@@ -127,7 +130,7 @@ void Form3::showDefaults(const StipulationTable &table)
     for (const stipulationform::PlainLine &plain : stipulationform::kPlainLines) {
         setText(plain.control, QLatin1StringView(plain.newValue));
     }
-    showInjuryRisk(QStringLiteral("5"));
+    showInjuryRisk(u"5"_s);
     showExclusive(QLatin1StringView(kNo));
     setText("matchquality", QLatin1StringView(stipulationform::kQualities.front().item));
 }
@@ -252,8 +255,7 @@ std::optional<StipulationTable::Record> Form3::composed()
         put(18, "matchquality", *quality);
     }
     if (missing) {
-        messagebox::notice(this, QStringLiteral("Stipulations Editor"),
-                           failures::cannotHold(*missing));
+        messagebox::notice(this, u"Stipulations Editor"_s, failures::cannotHold(*missing));
         return std::nullopt;
     }
     return record;

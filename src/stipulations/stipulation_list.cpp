@@ -21,6 +21,9 @@
 #include <QVBoxLayout>
 
 namespace tarvold {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr char kTitle[] = "Stipulations Editor";
@@ -52,7 +55,7 @@ void Form16::addList()
     prompt->setBuddy(m_list);
     column().addWidget(prompt);
     m_list->setModel(m_model);
-    m_list->setAccessibleName(QStringLiteral("Match stipulations"));
+    m_list->setAccessibleName(u"Match stipulations"_s);
     add(m_list, "List1");
     column().addWidget(m_list, 1);
     connect(m_list, &QListView::doubleClicked, this, &Form16::edit);
@@ -102,9 +105,9 @@ void Form16::enter()
     m_model->show({});
     const QString name = fileName();
     if (!isTvdName(name)) {
-        messagebox::notice(&menu, QStringLiteral("Filename Error"),
-                           QStringLiteral("Please enter the name of the file you want to edit, "
-                                          "including the .tvd extension."));
+        messagebox::notice(&menu, u"Filename Error"_s,
+                           u"Please enter the name of the file you want to edit, "
+                           "including the .tvd extension."_s);
         return;
     }
     std::optional<FileError> error;
@@ -137,8 +140,8 @@ std::optional<QByteArray> Form16::selectedEntry()
     if (const auto row = m_list->selectedRow()) {
         return m_model->entry(*row);
     }
-    messagebox::notice(this, QStringLiteral("Stipulation Editor"),
-                       QStringLiteral("Please select a match stipulation from the list."));
+    messagebox::notice(this, u"Stipulation Editor"_s,
+                       u"Please select a match stipulation from the list."_s);
     return std::nullopt;
 }
 
@@ -188,27 +191,22 @@ void Form16::remove()
     if (!entry) {
         return;
     }
-    const QString text =
-        QStringLiteral("Are you sure you want to permanently delete the match stipulation:"
-                       "\r\n\r\n%1\r\n")
-            .arg(codepage::decode(*entry));
-    if (!messagebox::question(this, QStringLiteral("Delete Stipulation"), text,
-                              messagebox::EnterMeans::No)) {
+    const QString text = u"Are you sure you want to permanently delete the match stipulation:"
+                         "\r\n\r\n%1\r\n"_s.arg(codepage::decode(*entry));
+    if (!messagebox::question(this, u"Delete Stipulation"_s, text, messagebox::EnterMeans::No)) {
         return;
     }
     locate(*entry);
     StipulationTable::Snapshot before = m_stipulations.snapshot();
     m_stipulations.remove(listPosition());
     const std::optional<FileError> error = writeBackOr(
-        std::move(before),
-        {this, QStringLiteral("No deletes nothing, and the list stays as you see it.")});
+        std::move(before), {this, u"No deletes nothing, and the list stays as you see it."_s});
     if (!error) {
-        messagebox::notice(this, QStringLiteral("Delete"), QStringLiteral("Stipulation Deleted."));
+        messagebox::notice(this, u"Delete"_s, u"Stipulation Deleted."_s);
     } else if (!error->outdated) {
         messagebox::notice(
             this, QLatin1StringView(kTitle),
-            failures::notRewritten(fileName(), *error,
-                                   QStringLiteral("The stipulation is still in the list.")));
+            failures::notRewritten(fileName(), *error, u"The stipulation is still in the list."_s));
     }
 }
 
@@ -225,7 +223,7 @@ void Form16::store(const StipulationTable::Record &record)
         return;
     }
     messagebox::notice(&form(), QLatin1StringView(kTitle),
-                       error ? notStored(*error) : QStringLiteral("Saved OK!"));
+                       error ? notStored(*error) : u"Saved OK!"_s);
     replace(form());
 }
 
@@ -238,14 +236,13 @@ std::optional<FileError> Form16::tryToStore(const StipulationTable::Record &reco
         m_stipulations.replace(listPosition(), record);
     }
     return writeBackOr(std::move(before),
-                       {&form(), QStringLiteral("No writes nothing, and everything that you typed "
-                                                "stays here until you leave this form.")});
+                       {&form(), u"No writes nothing, and everything that you typed "
+                                 "stays here until you leave this form."_s});
 }
 
 QString Form16::notStored(const FileError &error) const
 {
-    return failures::notRewritten(fileName(), error,
-                                  QStringLiteral("Everything that you typed is still here."));
+    return failures::notRewritten(fileName(), error, u"Everything that you typed is still here."_s);
 }
 
 bool Form16::goesElsewhere(const FileError &error)

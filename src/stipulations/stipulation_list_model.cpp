@@ -5,6 +5,8 @@
 
 namespace tarvold {
 
+using namespace Qt::StringLiterals;
+
 StipulationListModel::StipulationListModel(const StipulationTable &table, QObject *parent)
     : QAbstractListModel(parent)
     , m_table(table)
@@ -40,8 +42,7 @@ QVariant StipulationListModel::data(const QModelIndex &index, int role) const
     if (whole.size() <= kMostShown) {
         return codepage::decode(whole);
     }
-    return QString(codepage::decode(QByteArrayView(whole).first(kMostShown)) +
-                   QStringLiteral(" [...]"));
+    return QString(codepage::decode(QByteArrayView(whole).first(kMostShown)) + u" [...]"_s);
 }
 
 } // namespace tarvold

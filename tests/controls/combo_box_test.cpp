@@ -6,6 +6,9 @@
 #include <QSignalSpy>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class ComboBoxTest : public WindowTest
@@ -13,8 +16,7 @@ class ComboBoxTest : public WindowTest
 public:
     ComboBoxTest()
     {
-        combo.addItems(
-            {QStringLiteral("Any"), QStringLiteral("Apple"), QStringLiteral("Apple Pie")});
+        combo.addItems({u"Any"_s, u"Apple"_s, u"Apple Pie"_s});
         add(combo);
     }
     // The window must not delete a control that belongs to the test.
@@ -80,7 +82,7 @@ TEST_F(ComboBoxTest, TypedTextStaysAfterAClickElsewhere)
 
 TEST_F(ComboBoxTest, TypingAddsNoItems)
 {
-    typeOverIt(QStringLiteral("mine"));
+    typeOverIt(u"mine"_s);
     QTest::keyClick(&combo, Qt::Key_Return);
     QTest::keyClick(&combo, Qt::Key_Tab);
     EXPECT_EQ(combo.count(), 3);
@@ -106,9 +108,9 @@ TEST_F(ComboBoxTest, PickingByMouseIsAChoice)
 {
     QString shownThen;
     QObject::connect(&combo, &ComboBox::chosen, &combo, [&] { shownThen = combo.currentText(); });
-    pick(combo, QStringLiteral("Apple"));
+    pick(combo, u"Apple"_s);
     EXPECT_EQ(chosen.count(), 1);
-    EXPECT_EQ(shownThen, QStringLiteral("Apple"));
+    EXPECT_EQ(shownThen, u"Apple"_s);
     EXPECT_FALSE(isOpen());
 }
 
@@ -116,36 +118,36 @@ TEST_F(ComboBoxTest, PickingByKeyboardIsAChoice)
 {
     QString shownThen;
     QObject::connect(&combo, &ComboBox::chosen, &combo, [&] { shownThen = combo.currentText(); });
-    pickByKeyboard(combo, QStringLiteral("Apple Pie"));
+    pickByKeyboard(combo, u"Apple Pie"_s);
     EXPECT_EQ(chosen.count(), 1);
-    EXPECT_EQ(shownThen, QStringLiteral("Apple Pie"));
+    EXPECT_EQ(shownThen, u"Apple Pie"_s);
     EXPECT_FALSE(isOpen());
 }
 
 TEST_F(ComboBoxTest, PickingTheItemAlreadyShownIsAChoiceToo)
 {
-    pick(combo, QStringLiteral("Apple"));
-    pick(combo, QStringLiteral("Apple"));
-    pickByKeyboard(combo, QStringLiteral("Apple"));
+    pick(combo, u"Apple"_s);
+    pick(combo, u"Apple"_s);
+    pickByKeyboard(combo, u"Apple"_s);
     EXPECT_EQ(chosen.count(), 3);
-    EXPECT_EQ(combo.currentText(), QStringLiteral("Apple"));
+    EXPECT_EQ(combo.currentText(), u"Apple"_s);
 }
 
 TEST_F(ComboBoxTest, PickingReplacesTypedText)
 {
-    typeOverIt(QStringLiteral("apple"));
-    pick(combo, QStringLiteral("Apple"));
+    typeOverIt(u"apple"_s);
+    pick(combo, u"Apple"_s);
     EXPECT_EQ(chosen.count(), 1);
-    EXPECT_EQ(combo.currentText(), QStringLiteral("Apple"));
+    EXPECT_EQ(combo.currentText(), u"Apple"_s);
 }
 
 TEST_F(ComboBoxTest, TypingAnItemIsNoChoiceAfterAPickEither)
 {
-    pick(combo, QStringLiteral("Any"));
-    typeOverIt(QStringLiteral("Apple"));
+    pick(combo, u"Any"_s);
+    typeOverIt(u"Apple"_s);
     QTest::keyClick(&combo, Qt::Key_Return);
     QTest::keyClick(&combo, Qt::Key_Tab);
-    EXPECT_EQ(combo.currentText(), QStringLiteral("Apple"));
+    EXPECT_EQ(combo.currentText(), u"Apple"_s);
     EXPECT_EQ(chosen.count(), 1);
 }
 
@@ -179,7 +181,7 @@ TEST_F(ComboBoxTest, OpeningTheListKeepsTypedText)
 
 TEST_F(ComboBoxTest, TheListOpensOnTheItemThatIsShown)
 {
-    typeOverIt(QStringLiteral("Apple"));
+    typeOverIt(u"Apple"_s);
     combo.showPopup();
     EXPECT_EQ(combo.view()->currentIndex().row(), 1);
 }
@@ -191,11 +193,11 @@ TEST_F(ComboBoxTest, WheelTurnsChangeNothing)
         for (QWidget *target :
              {static_cast<QWidget *>(&combo), static_cast<QWidget *>(combo.lineEdit())}) {
             focused->setFocus();
-            combo.setText(QStringLiteral("Apple"));
+            combo.setText(u"Apple"_s);
             turnWheel(*target, -1);
-            EXPECT_EQ(combo.currentText(), QStringLiteral("Apple"));
+            EXPECT_EQ(combo.currentText(), u"Apple"_s);
             turnWheel(*target, 1);
-            EXPECT_EQ(combo.currentText(), QStringLiteral("Apple"));
+            EXPECT_EQ(combo.currentText(), u"Apple"_s);
         }
     }
     EXPECT_EQ(chosen.count(), 0);
@@ -233,10 +235,10 @@ TEST_F(ComboBoxTest, DownF4AndAltDownOpenTheList)
          {Opener{Qt::Key_Down, Qt::NoModifier}, Opener{Qt::Key_F4, Qt::NoModifier},
           Opener{Qt::Key_Down, Qt::AltModifier}}) {
         SCOPED_TRACE(opener.key);
-        combo.setText(QStringLiteral("Apple"));
+        combo.setText(u"Apple"_s);
         QTest::keyClick(&combo, opener.key, opener.modifiers);
         EXPECT_TRUE(isOpen());
-        EXPECT_EQ(combo.currentText(), QStringLiteral("Apple"));
+        EXPECT_EQ(combo.currentText(), u"Apple"_s);
         QTest::keyClick(combo.view(), Qt::Key_Escape);
         EXPECT_FALSE(isOpen());
     }
@@ -245,12 +247,12 @@ TEST_F(ComboBoxTest, DownF4AndAltDownOpenTheList)
 
 TEST_F(ComboBoxTest, OpeningAndLeavingTheListKeepsWhatCanBeUndone)
 {
-    typeOverIt(QStringLiteral("My own"));
+    typeOverIt(u"My own"_s);
     for (const Qt::Key key : {Qt::Key_F4, Qt::Key_Escape}) {
         QTest::keyClick(isOpen() ? static_cast<QWidget *>(combo.view()) : &combo, key);
     }
     EXPECT_FALSE(isOpen());
-    EXPECT_EQ(combo.currentText(), QStringLiteral("My own"));
+    EXPECT_EQ(combo.currentText(), u"My own"_s);
     EXPECT_TRUE(combo.lineEdit()->isUndoAvailable());
 }
 
@@ -271,15 +273,15 @@ TEST_F(ComboBoxTest, UndoAfterAPickBringsTypedTextBackAndRedoThePick)
         for (const char *typed : {"something of my own", "Any", "x"}) {
             SCOPED_TRACE(typed);
             typeOverIt(QLatin1StringView(typed));
-            pickBy(combo, QStringLiteral("Apple"));
+            pickBy(combo, u"Apple"_s);
             letListGo();
-            EXPECT_EQ(combo.currentText(), QStringLiteral("Apple"));
+            EXPECT_EQ(combo.currentText(), u"Apple"_s);
             EXPECT_EQ(combo.currentIndex(), 1);
             undo();
             EXPECT_EQ(combo.currentText(), QLatin1StringView(typed));
             EXPECT_EQ(combo.currentIndex(), combo.findText(QLatin1StringView(typed)));
             redo();
-            EXPECT_EQ(combo.currentText(), QStringLiteral("Apple"));
+            EXPECT_EQ(combo.currentText(), u"Apple"_s);
             EXPECT_EQ(combo.currentIndex(), 1);
             EXPECT_EQ(chosen.count(), ++picks);
         }
@@ -288,16 +290,14 @@ TEST_F(ComboBoxTest, UndoAfterAPickBringsTypedTextBackAndRedoThePick)
 
 TEST_F(ComboBoxTest, EveryPickAndWhatWasTypedBetweenIsAnUndoStepOfItsOwn)
 {
-    combo.setText(QStringLiteral("Any"));
+    combo.setText(u"Any"_s);
     QTest::keyClick(&combo, Qt::Key_End);
-    QTest::keyClicks(&combo, QStringLiteral(" one"));
-    pickByKeyboard(combo, QStringLiteral("Apple"));
-    pickByKeyboard(combo, QStringLiteral("Apple")); // changes nothing, so there is nothing to undo
-    QTest::keyClicks(&combo, QStringLiteral(" two"));
-    pickByKeyboard(combo, QStringLiteral("Apple Pie"));
-    const QStringList steps = {QStringLiteral("Any"), QStringLiteral("Any one"),
-                               QStringLiteral("Apple"), QStringLiteral("Apple two"),
-                               QStringLiteral("Apple Pie")};
+    QTest::keyClicks(&combo, u" one"_s);
+    pickByKeyboard(combo, u"Apple"_s);
+    pickByKeyboard(combo, u"Apple"_s); // changes nothing, so there is nothing to undo
+    QTest::keyClicks(&combo, u" two"_s);
+    pickByKeyboard(combo, u"Apple Pie"_s);
+    const QStringList steps = {u"Any"_s, u"Any one"_s, u"Apple"_s, u"Apple two"_s, u"Apple Pie"_s};
     for (qsizetype step = steps.size() - 1; step > 0; --step) {
         EXPECT_EQ(combo.currentText(), steps[step]);
         undo();
@@ -314,8 +314,8 @@ TEST_F(ComboBoxTest, ATextThatTheProgramSetsCannotBeUndone)
 {
     for (const char *text : {"Apple", "Any", "not in the list"}) {
         SCOPED_TRACE(text);
-        typeOverIt(QStringLiteral("mine"));
-        pick(combo, QStringLiteral("Any"));
+        typeOverIt(u"mine"_s);
+        pick(combo, u"Any"_s);
         combo.setText(QLatin1StringView(text));
         EXPECT_FALSE(combo.lineEdit()->isUndoAvailable());
         undo();
@@ -328,7 +328,7 @@ TEST_F(ComboBoxTest, TheIndexIsThatOfTheTextAndNoneForATextOfTheUsersOwn)
 {
     for (const char *typed : kTyped) {
         SCOPED_TRACE(typed);
-        pick(combo, QStringLiteral("Apple Pie"));
+        pick(combo, u"Apple Pie"_s);
         typeOverIt(QLatin1StringView(typed));
         const int row = combo.findText(QLatin1StringView(typed), Qt::MatchExactly);
         EXPECT_EQ(combo.currentIndex(), row);
@@ -362,8 +362,8 @@ TEST_F(ComboBoxTest, SettingATextIsNoChoice)
 TEST_F(ComboBoxTest, PastedLineBreaksBecomeBlanks)
 {
     typeOverIt(QString());
-    paste(combo, QStringLiteral("one\r\ntwo"));
-    EXPECT_EQ(combo.currentText(), QStringLiteral("one two"));
+    paste(combo, u"one\r\ntwo"_s);
+    EXPECT_EQ(combo.currentText(), u"one two"_s);
 }
 
 } // namespace

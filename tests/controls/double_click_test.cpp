@@ -6,6 +6,9 @@
 #include <QPushButton>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using namespace std::chrono_literals;
@@ -222,10 +225,10 @@ TEST_F(DoubleClick, AKeyRightAfterAClickCounts)
 TEST_F(DoubleClick, StillSelectsAWord)
 {
     goTo(kNormalPath, "Form4");
-    type("Form4", "Text2", QStringLiteral("Ladder Match"));
+    type("Form4", "Text2", u"Ladder Match"_s);
     auto &box = screen("Form4").control<QLineEdit>("Text2");
     mouse::doubleClick(box.mapToGlobal(QPoint(12, box.height() / 2)));
-    EXPECT_EQ(box.selectedText(), QStringLiteral("Ladder"));
+    EXPECT_EQ(box.selectedText(), u"Ladder"_s);
 }
 
 TEST_F(DoubleClick, StillPressesOneButtonTwice)
@@ -234,10 +237,10 @@ TEST_F(DoubleClick, StillPressesOneButtonTwice)
     int pressed = 0;
     auto &button = screen("Form16").control<QPushButton>("Command2"); // brings a notice each time
     QObject::connect(&button, &QPushButton::clicked, &button, [&pressed] { ++pressed; });
-    boxes.expectNotice(QStringLiteral("Stipulation Editor"),
-                       QStringLiteral("Please select a match stipulation from the list."));
-    boxes.expectNotice(QStringLiteral("Stipulation Editor"),
-                       QStringLiteral("Please select a match stipulation from the list."));
+    boxes.expectNotice(u"Stipulation Editor"_s,
+                       u"Please select a match stipulation from the list."_s);
+    boxes.expectNotice(u"Stipulation Editor"_s,
+                       u"Please select a match stipulation from the list."_s);
     doubleClick("Form16", "Command2");
     EXPECT_EQ(pressed, 2);
 }

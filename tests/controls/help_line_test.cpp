@@ -3,18 +3,20 @@
 #include "support/window_test.h"
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString kShort = QStringLiteral("Name ~ Short.");
-const QString kLong =
-    QStringLiteral("Stable ~ ") + QStringLiteral("a long explanation of many words ").repeated(12);
+const QString kShort = u"Name ~ Short."_s;
+const QString kLong = u"Stable ~ "_s + u"a long explanation of many words "_s.repeated(12);
 
 class HelpLineTest : public WindowTest
 {
 public:
     HelpLineTest()
     {
-        combo.addItems({QStringLiteral("Any"), QStringLiteral("Face")});
+        combo.addItems({u"Any"_s, u"Face"_s});
         window.resize(400, 300);
         add(help);
         add(combo);
@@ -62,12 +64,12 @@ TEST_F(HelpLineTest, AClickShowsHelpOnlyWhereItIsAskedFor)
 {
     for (TextBox *box : {&name, &elsewhere}) {
         box->setFocus();
-        help.setText(QStringLiteral("before"));
+        help.setText(u"before"_s);
         click(*box);
-        EXPECT_EQ(help.text(), QStringLiteral("before"));
+        EXPECT_EQ(help.text(), u"before"_s);
     }
     combo.setFocus();
-    help.setText(QStringLiteral("before"));
+    help.setText(u"before"_s);
     click(combo);
     EXPECT_EQ(help.text(), kLong);
 }

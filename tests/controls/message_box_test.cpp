@@ -10,6 +10,9 @@
 #include <QTest>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using messagebox::EnterMeans;
@@ -23,21 +26,18 @@ public:
 protected:
     bool ask(EnterMeans enter, Answer answer)
     {
-        boxes.expectQuestion(title(), QStringLiteral("Sure?"), answer);
-        const bool yes = messagebox::question(&window, title(), QStringLiteral("Sure?"), enter);
+        boxes.expectQuestion(title(), u"Sure?"_s, answer);
+        const bool yes = messagebox::question(&window, title(), u"Sure?"_s, enter);
         boxes.checkAllCame();
         return yes;
     }
 
-    void awaitOffer(Answer answer)
-    {
-        boxes.expectFailedSave(title(), QStringLiteral("It failed."), answer);
-    }
+    void awaitOffer(Answer answer) { boxes.expectFailedSave(title(), u"It failed."_s, answer); }
 
     bool makeOffer()
     {
-        const bool taken = messagebox::offer(&window, title(), QStringLiteral("It failed."),
-                                             QStringLiteral("&Save To Another File..."));
+        const bool taken =
+            messagebox::offer(&window, title(), u"It failed."_s, u"&Save To Another File..."_s);
         boxes.checkAllCame();
         return taken;
     }
@@ -72,11 +72,11 @@ TEST_F(MessageBoxTest, TextsAreShownAsTheyAre)
 
 TEST_F(MessageBoxTest, ALongWordIsWrappedAndNotChanged)
 {
-    const QString text = QStringLiteral("The file \"%1\" is odd.").arg(QString(200, u'w'));
+    const QString text = u"The file \"%1\" is odd."_s.arg(QString(200, u'w'));
     QSize size;
     boxes.expectNotice(title(), text);
     boxes.beforeItsAnswer([&size](QMessageBox &shown) {
-        const auto &label = *shown.findChild<QLabel *>(QStringLiteral("qt_msgbox_label"));
+        const auto &label = *shown.findChild<QLabel *>(u"qt_msgbox_label"_s);
         EXPECT_LE(label.sizeHint().width(), label.width());
         EXPECT_LE(label.heightForWidth(label.width()), label.height());
         size = shown.size();
@@ -88,16 +88,16 @@ TEST_F(MessageBoxTest, ALongWordIsWrappedAndNotChanged)
 
 TEST_F(MessageBoxTest, AShortTextMakesASmallBox)
 {
-    boxes.expectNotice(title(), QStringLiteral("Saved OK."));
+    boxes.expectNotice(title(), u"Saved OK."_s);
     boxes.beforeItsAnswer([](QMessageBox &shown) { EXPECT_LT(shown.width(), 300); });
-    messagebox::notice(&window, title(), QStringLiteral("Saved OK."));
+    messagebox::notice(&window, title(), u"Saved OK."_s);
     boxes.checkAllCame();
 }
 
 TEST_F(MessageBoxTest, TheTitleIsAsGiven)
 {
-    boxes.expectNotice(QStringLiteral("Filename Error"), QStringLiteral("Oh."));
-    messagebox::notice(&window, QStringLiteral("Filename Error"), QStringLiteral("Oh."));
+    boxes.expectNotice(u"Filename Error"_s, u"Oh."_s);
+    messagebox::notice(&window, u"Filename Error"_s, u"Oh."_s);
 }
 
 TEST_F(MessageBoxTest, TheUsualTitleHasNoVersionNumber)
@@ -108,8 +108,8 @@ TEST_F(MessageBoxTest, TheUsualTitleHasNoVersionNumber)
 TEST_F(MessageBoxTest, ANoticeGoesAwayByEveryWay)
 {
     for (const Answer answer : {Answer::Ok, Answer::Enter, Answer::Escape, Answer::Close}) {
-        boxes.expectNotice(title(), QStringLiteral("Saved OK."), answer);
-        messagebox::notice(&window, title(), QStringLiteral("Saved OK."));
+        boxes.expectNotice(title(), u"Saved OK."_s, answer);
+        messagebox::notice(&window, title(), u"Saved OK."_s);
         boxes.checkAllCame();
     }
 }
@@ -163,7 +163,7 @@ TEST_F(MessageBoxTest, AnOfferIsReadByItsCaption)
     boxes.beforeItsAnswer([](QMessageBox &shown) {
         const QAccessibleInterface &button =
             *QAccessible::queryAccessibleInterface(&otherButton(shown));
-        EXPECT_EQ(button.text(QAccessible::Name), QStringLiteral("Save To Another File..."));
+        EXPECT_EQ(button.text(QAccessible::Name), u"Save To Another File..."_s);
         EXPECT_EQ(button.role(), QAccessible::PushButton);
     });
     makeOffer();

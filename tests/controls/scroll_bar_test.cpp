@@ -8,6 +8,9 @@
 #include <QStyleOptionSlider>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class ScrollBarTest : public WindowTest
@@ -178,8 +181,8 @@ TEST_F(ScrollBarTest, ADragThatAMessageBoxInterruptsEndsAtTheValue)
 {
     const QPoint start = thumb();
     drag(start);
-    boxes.expectNotice(title(), QStringLiteral("Stop."));
-    messagebox::notice(&window, title(), QStringLiteral("Stop."));
+    boxes.expectNotice(title(), u"Stop."_s);
+    messagebox::notice(&window, title(), u"Stop."_s);
     expectNoDragAt(50, start);
 }
 

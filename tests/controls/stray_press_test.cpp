@@ -17,6 +17,9 @@
 #include <gtest/gtest.h>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using namespace std::chrono_literals;
@@ -170,7 +173,7 @@ TEST_F(StrayPress, PutsTheCursorIntoATextBoxWhereItWasMeant)
 {
     TextBox box;
     Window next(box);
-    box.setText(QStringLiteral("Ladder Match and quite some more words"));
+    box.setText(u"Ladder Match and quite some more words"_s);
     bring(next);
     mouse::click(place);
     expectActive(next);
@@ -185,7 +188,7 @@ TEST_F(StrayPress, PutsTheCursorIntoATextBoxWhereItWasMeant)
 TEST_F(StrayPress, SelectsARowAndOnlyADoubleClickThereEditsIt)
 {
     ListBox list;
-    QStringListModel rows(QStringList(10, QStringLiteral("Singles / Ladder Match")));
+    QStringListModel rows(QStringList(10, u"Singles / Ladder Match"_s));
     list.setModel(&rows);
     Window next(list);
     int edits = 0;
@@ -212,7 +215,7 @@ TEST_F(StrayPress, SelectsARowAndOnlyADoubleClickThereEditsIt)
 TEST_F(StrayPress, OpensAList)
 {
     ComboBox combo;
-    combo.addItems({QStringLiteral("Any"), QStringLiteral("None")});
+    combo.addItems({u"Any"_s, u"None"_s});
     Window next(combo);
     bring(next);
     const QPoint arrow(kPlace.right() - 5, place.y());
@@ -225,7 +228,7 @@ TEST_F(StrayPress, OpensAList)
 TEST_F(StrayPress, ThatClosesAMenuCountsOnWhatIsBelow)
 {
     QMenu menu;
-    menu.addAction(QStringLiteral("Copy"));
+    menu.addAction(u"Copy"_s);
     menu.popup(kPlace.bottomLeft() + QPoint(0, 50));
     QCoreApplication::processEvents();
     ASSERT_TRUE(menu.isVisible());

@@ -14,6 +14,9 @@
 #include <memory>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Broken
@@ -25,14 +28,14 @@ struct Broken
 /// Texts with every kind of line break, each of which is one blank in a field.
 QList<Broken> brokenTexts()
 {
-    return {{QStringLiteral("a\r\nb"), QStringLiteral("a b")},
-            {QStringLiteral("a\rb"), QStringLiteral("a b")},
-            {QStringLiteral("a\nb"), QStringLiteral("a b")},
-            {u'a' + QString(QChar(0x2028)) + u'b', QStringLiteral("a b")},
-            {u'a' + QString(QChar(0x2029)) + u'b', QStringLiteral("a b")},
-            {u'a' + QString(QChar(0x85)) + u'b', QStringLiteral("a b")},
-            {QStringLiteral("a\n\r\n\rb"), QStringLiteral("a   b")},
-            {QStringLiteral("\r\na\r\n"), QStringLiteral(" a ")}};
+    return {{u"a\r\nb"_s, u"a b"_s},
+            {u"a\rb"_s, u"a b"_s},
+            {u"a\nb"_s, u"a b"_s},
+            {u'a' + QString(QChar(0x2028)) + u'b', u"a b"_s},
+            {u'a' + QString(QChar(0x2029)) + u'b', u"a b"_s},
+            {u'a' + QString(QChar(0x85)) + u'b', u"a b"_s},
+            {u"a\n\r\n\rb"_s, u"a   b"_s},
+            {u"\r\na\r\n"_s, u" a "_s}};
 }
 
 class TextBoxTest : public WindowTest
@@ -48,13 +51,13 @@ protected:
     {
         for (const Broken &row : brokenTexts()) {
             SCOPED_TRACE(::testing::PrintToString(row.text.toUtf8().toPercentEncoding()));
-            box.setText(QStringLiteral("<>"));
+            box.setText(u"<>"_s);
             box.setFocus();
             box.setCursorPosition(1);
             bringIn(row.text);
             EXPECT_EQ(box.text(), QString(u'<' + row.oneLine + u'>'));
             QTest::keySequence(window.windowHandle(), QKeySequence::Undo);
-            EXPECT_EQ(box.text(), QStringLiteral("<>"));
+            EXPECT_EQ(box.text(), u"<>"_s);
         }
     }
 
@@ -87,7 +90,7 @@ TEST_F(TextBoxTest, PasteByTheContextMenuTurnsBreaksIntoBlanks)
         const std::unique_ptr<QMenu> menu(box.createStandardContextMenu());
         const QList<QAction *> actions = menu->actions();
         const auto found = std::find_if(actions.begin(), actions.end(), [](const QAction *action) {
-            return action->text().startsWith(QStringLiteral("&Paste"));
+            return action->text().startsWith(u"&Paste"_s);
         });
         ASSERT_NE(found, actions.end());
         (*found)->trigger();
@@ -133,12 +136,12 @@ TEST_F(TextBoxTest, BreaksInTheTextOfAKeyBecomeBlanks)
 TEST_F(TextBoxTest, KeysThatBearAControlCharacterLeaveTheTextAlone)
 {
     for (const char control : {'\r', '\n', '\t', '\x1b', '\x0b'}) {
-        box.setText(QStringLiteral("hello"));
+        box.setText(u"hello"_s);
         box.setFocus();
         box.selectAll();
         QTest::sendKeyEvent(QTest::Click, window.windowHandle(), Qt::Key_unknown,
                             QString(QLatin1Char(control)), Qt::ControlModifier | Qt::AltModifier);
-        EXPECT_EQ(box.text(), QStringLiteral("hello")) << int(control);
+        EXPECT_EQ(box.text(), u"hello"_s) << int(control);
     }
 }
 
@@ -153,45 +156,45 @@ TEST_F(TextBoxTest, BreaksFromAnInputMethodBecomeBlanks)
 
 TEST_F(TextBoxTest, PasteReplacesWhatIsSelected)
 {
-    box.setText(QStringLiteral("old"));
+    box.setText(u"old"_s);
     box.selectAll();
-    paste(box, QStringLiteral("new\nest"));
-    EXPECT_EQ(box.text(), QStringLiteral("new est"));
+    paste(box, u"new\nest"_s);
+    EXPECT_EQ(box.text(), u"new est"_s);
     QTest::keySequence(window.windowHandle(), QKeySequence::Undo);
-    EXPECT_EQ(box.text(), QStringLiteral("old"));
+    EXPECT_EQ(box.text(), u"old"_s);
 }
 
 TEST_F(TextBoxTest, UndoingAPasteKeepsWhatWasTypedBefore)
 {
-    typeOver(box, QStringLiteral("typed "));
-    paste(box, QStringLiteral("pasted"));
-    EXPECT_EQ(box.text(), QStringLiteral("typed pasted"));
+    typeOver(box, u"typed "_s);
+    paste(box, u"pasted"_s);
+    EXPECT_EQ(box.text(), u"typed pasted"_s);
     QTest::keySequence(window.windowHandle(), QKeySequence::Undo);
-    EXPECT_EQ(box.text(), QStringLiteral("typed "));
+    EXPECT_EQ(box.text(), u"typed "_s);
 }
 
 TEST_F(TextBoxTest, UndoingWhatWasTypedAfterAPasteKeepsThePaste)
 {
-    box.setText(QStringLiteral("<>"));
+    box.setText(u"<>"_s);
     box.setCursorPosition(1);
-    paste(box, QStringLiteral("pasted"));
-    QTest::keyClicks(&box, QStringLiteral(" typed"));
-    EXPECT_EQ(box.text(), QStringLiteral("<pasted typed>"));
+    paste(box, u"pasted"_s);
+    QTest::keyClicks(&box, u" typed"_s);
+    EXPECT_EQ(box.text(), u"<pasted typed>"_s);
     QTest::keySequence(window.windowHandle(), QKeySequence::Undo);
-    EXPECT_EQ(box.text(), QStringLiteral("<pasted>"));
+    EXPECT_EQ(box.text(), u"<pasted>"_s);
 }
 
 TEST_F(TextBoxTest, AReadOnlyBoxTakesNoPasteAndNothingFromAnInputMethod)
 {
-    box.setText(QStringLiteral("fixed"));
+    box.setText(u"fixed"_s);
     box.setReadOnly(true);
-    paste(box, QStringLiteral("pasted"));
-    QApplication::clipboard()->setText(QStringLiteral("pasted"), QClipboard::Selection);
+    paste(box, u"pasted"_s);
+    QApplication::clipboard()->setText(u"pasted"_s, QClipboard::Selection);
     QTest::mouseClick(&box, Qt::MiddleButton, {}, cursorPlace());
     QInputMethodEvent event;
-    event.setCommitString(QStringLiteral("composed"));
+    event.setCommitString(u"composed"_s);
     QApplication::sendEvent(&box, &event);
-    EXPECT_EQ(box.text(), QStringLiteral("fixed"));
+    EXPECT_EQ(box.text(), u"fixed"_s);
 }
 
 TEST_F(TextBoxTest, AVeryLongTextStaysWhole)
@@ -206,7 +209,7 @@ TEST_F(TextBoxTest, AVeryLongTextStaysWhole)
 
 TEST_F(TextBoxTest, TabsAndNulsStay)
 {
-    const QString odd = QStringLiteral("a\tb") + QChar(0) + u'c';
+    const QString odd = u"a\tb"_s + QChar(0) + u'c';
     box.setText(odd);
     EXPECT_EQ(box.text(), odd);
     box.clear();

@@ -8,6 +8,9 @@
 
 /// The code page against every character that there is.
 namespace tarvold {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr char32_t kLast = 0x10FFFF;
@@ -98,7 +101,7 @@ TEST(AllCharacters, AreOneByteThatMeansThemOrAreRefusedByThemselves)
 TEST(AllCharacters, HalvesOfPairsAreRefusedByThemselvesAmongOthers)
 {
     for (char32_t half = 0xD800; half <= 0xDFFF; ++half) {
-        const QString text = QStringLiteral("a") + textOf(half) + QStringLiteral("b");
+        const QString text = u"a"_s + textOf(half) + u"b"_s;
         ASSERT_TRUE(isRefusedFor(text, half)) << std::hex << unsigned(half);
     }
 }

@@ -4,6 +4,9 @@
 #include <gtest/gtest.h>
 
 namespace tarvold {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Special
@@ -103,14 +106,14 @@ TEST(CodePage, ACharacterBeyondTheBasicPlaneIsMissingAsOne)
 
 TEST(CodePage, ALoneSurrogateIsMissing)
 {
-    EXPECT_TRUE(codepage::encode(QStringLiteral("a") + QChar(0xD83E)).missing.has_value());
-    EXPECT_TRUE(codepage::encode(QChar(0xDD3C) + QStringLiteral("a")).missing.has_value());
+    EXPECT_TRUE(codepage::encode(u"a"_s + QChar(0xD83E)).missing.has_value());
+    EXPECT_TRUE(codepage::encode(QChar(0xDD3C) + u"a"_s).missing.has_value());
 }
 
 TEST(CodePage, ABaseLetterAndItsMarkAreOneCharacter)
 {
-    const QString acute = QStringLiteral("e") + QChar(0x0301);
-    const QString diaeresis = QStringLiteral("o") + QChar(0x0308);
+    const QString acute = u"e"_s + QChar(0x0301);
+    const QString diaeresis = u"o"_s + QChar(0x0308);
     EXPECT_EQ(codepage::encode(acute).bytes, QByteArray("\xE9"));
     EXPECT_EQ(codepage::encode(diaeresis).bytes, QByteArray("\xF6"));
     EXPECT_EQ(codepage::encode(diaeresis + acute).bytes, QByteArray("\xF6\xE9"));
@@ -118,7 +121,7 @@ TEST(CodePage, ABaseLetterAndItsMarkAreOneCharacter)
 
 TEST(CodePage, ALetterWithTwoMarksThatIsNoCharacterIsMissing)
 {
-    const QString decomposed = QStringLiteral("e") + QChar(0x0301) + QChar(0x0308);
+    const QString decomposed = u"e"_s + QChar(0x0301) + QChar(0x0308);
     EXPECT_EQ(codepage::encode(decomposed).missing, 0x0308U);
     EXPECT_TRUE(codepage::encode(decomposed).bytes.isEmpty());
 }
@@ -127,7 +130,7 @@ TEST(CodePage, LookAlikesOfCharactersOfThePageAreMissing)
 {
     const QString greekQuestionMark(QChar(0x037E)); // looks like ";"
     const QString angstrom(QChar(0x212B));          // looks like the letter C5
-    for (const QString &before : {QString(), QStringLiteral("a")}) {
+    for (const QString &before : {QString(), u"a"_s}) {
         EXPECT_EQ(codepage::encode(before + greekQuestionMark).missing, 0x037EU);
         EXPECT_EQ(codepage::encode(before + angstrom).missing, 0x212BU);
     }
@@ -135,13 +138,13 @@ TEST(CodePage, LookAlikesOfCharactersOfThePageAreMissing)
 
 TEST(CodePage, AMarkThatFormsNoCharacterOfThePageIsMissing)
 {
-    const QString decomposed = QStringLiteral("q") + QChar(0x0301);
+    const QString decomposed = u"q"_s + QChar(0x0301);
     EXPECT_EQ(codepage::encode(decomposed).missing, 0x0301U);
 }
 
 TEST(CodePage, TheFirstMissingCharacterIsReported)
 {
-    const QString text = QStringLiteral("ab") + QChar(0x0142) + QChar(0x30A2);
+    const QString text = u"ab"_s + QChar(0x0142) + QChar(0x30A2);
     const codepage::Encoded encoded = codepage::encode(text);
     EXPECT_EQ(encoded.missing, 0x0142U);
     EXPECT_TRUE(encoded.bytes.isEmpty());

@@ -8,6 +8,9 @@
 #include <windows.h>
 
 namespace tarvold::codepage {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Japanese, Chinese, Korean, Chinese; Thai; Cyrillic to Vietnamese; UTF-8.
@@ -107,8 +110,7 @@ TEST(AnsiPage, BytesWithoutMeaningAreKept)
     const AnsiPage utf8(65001);
     const QString text = utf8.decode("a\xFF\xC3"
                                      "b\xC3\xA9");
-    EXPECT_EQ(text,
-              u'a' + QString(QChar(0xDCFF)) + QChar(0xDCC3) + QStringLiteral("b") + QChar(0xE9));
+    EXPECT_EQ(text, u'a' + QString(QChar(0xDCFF)) + QChar(0xDCC3) + u"b"_s + QChar(0xE9));
     EXPECT_EQ(written(utf8, text), "a\xFF\xC3"
                                    "b\xC3\xA9");
 }
@@ -148,8 +150,7 @@ TEST(AnsiPage, ABareByteIsRefusedWhereItWouldMeanSomethingBesideTheNext)
 {
     const QString bare = QString(QChar(0xDCC3)) + QChar(0xDCA9);
     EXPECT_EQ(encoded(AnsiPage(65001), bare).missing, 0xDCC3U);
-    EXPECT_EQ(encoded(AnsiPage(932), QString(QChar(0xDC82)) + QStringLiteral("a")).missing,
-              0xDC82U);
+    EXPECT_EQ(encoded(AnsiPage(932), QString(QChar(0xDC82)) + u"a"_s).missing, 0xDC82U);
 }
 
 TEST(CodePage, IsThatOfTheSystem)

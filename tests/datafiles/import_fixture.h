@@ -7,8 +7,10 @@
 
 namespace tarvold::testing {
 
-inline const auto kSource = QStringLiteral("source.tvd");
-inline const auto kTarget = QStringLiteral("target.tvd");
+using namespace Qt::StringLiterals;
+
+inline const auto kSource = u"source.tvd"_s;
+inline const auto kTarget = u"target.tvd"_s;
 
 /// Imports that must fail, in a folder of their own.
 class ImportFails : public FolderTest
@@ -35,9 +37,8 @@ protected:
 
     static void expectPlace(const QString &cause, int line, int record)
     {
-        EXPECT_TRUE(cause.contains(QStringLiteral("line %1,").arg(line))) << cause.toStdString();
-        EXPECT_TRUE(cause.contains(QStringLiteral("record %1:").arg(record)))
-            << cause.toStdString();
+        EXPECT_TRUE(cause.contains(u"line %1,"_s.arg(line))) << cause.toStdString();
+        EXPECT_TRUE(cause.contains(u"record %1:"_s.arg(record))) << cause.toStdString();
     }
 
     int messages = 0;

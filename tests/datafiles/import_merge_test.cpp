@@ -8,10 +8,13 @@
 #include <filesystem>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const auto kSource = QStringLiteral("source.tvd");
-const auto kTarget = QStringLiteral("target.tvd");
+const auto kSource = u"source.tvd"_s;
+const auto kTarget = u"target.tvd"_s;
 
 QByteArray stipulation(const QByteArray &matchType, const QByteArray &name)
 {
@@ -20,9 +23,9 @@ QByteArray stipulation(const QByteArray &matchType, const QByteArray &name)
 
 QString duplicate(const char *matchType, const char *name, const QString &target = kTarget)
 {
-    return QStringLiteral("The combination of match type: %1 and stipulation: %2 are already in "
-                          "the file %3 so will not be imported.")
-        .arg(QLatin1StringView(matchType), QLatin1StringView(name), target);
+    return u"The combination of match type: %1 and stipulation: %2 are already in "
+           "the file %3 so will not be imported."_s.arg(QLatin1StringView(matchType),
+                                                        QLatin1StringView(name), target);
 }
 
 class ImportMerge : public FolderTest
@@ -94,7 +97,7 @@ protected:
     {
         std::error_code refusal;
         std::filesystem::create_symlink("source.tvd", "link.tvd", refusal);
-        if (refusal && GetParam().target == QStringLiteral("link.tvd")) {
+        if (refusal && GetParam().target == u"link.tvd"_s) {
             GTEST_SKIP() << "this system makes no symbolic links for this user";
         }
     }
@@ -102,7 +105,7 @@ protected:
     void fillSource(const QByteArray &bytes)
     {
         putBytes(kSource, bytes);
-        QFile::remove(QStringLiteral("hard.tvd"));
+        QFile::remove(u"hard.tvd"_s);
         std::filesystem::create_hard_link("source.tvd", "hard.tvd");
     }
 };
@@ -128,9 +131,9 @@ TEST_P(ImportIntoItself, TellsOfEachStipulationAndWritesNothing)
 
 INSTANTIATE_TEST_SUITE_P(, ImportIntoItself,
                          ::testing::Values(SelfCase{"SameName", kSource},
-                                           SelfCase{"OtherPath", QStringLiteral("./source.tvd")},
-                                           SelfCase{"SymbolicLink", QStringLiteral("link.tvd")},
-                                           SelfCase{"HardLink", QStringLiteral("hard.tvd")}),
+                                           SelfCase{"OtherPath", u"./source.tvd"_s},
+                                           SelfCase{"SymbolicLink", u"link.tvd"_s},
+                                           SelfCase{"HardLink", u"hard.tvd"_s}),
                          kNameOfRow);
 
 class ChangingTarget : public ImportMerge
@@ -180,7 +183,7 @@ TEST_F(ChangingTarget, RewrittenAtOnceInTheSameSizeIsSeenForTheNextRecord)
 TEST_F(ChangingTarget, ReplacedByAnotherFileIsSeenForTheNextRecord)
 {
     duringMessage = [&] {
-        putBytes(QStringLiteral("other.tvd"), stipulation("Singles", "Other "));
+        putBytes(u"other.tvd"_s, stipulation("Singles", "Other "));
         std::filesystem::rename("other.tvd", "target.tvd");
     };
     importStipulations();

@@ -8,6 +8,9 @@
 #include <sys/stat.h>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 TEST_F(ImportFails, FromAPipeInsteadOfWaitingForIt)
@@ -42,7 +45,7 @@ TEST_F(ImportFails, HalfWayThroughALinkAndKeepsTheLink)
     ASSERT_EQ(::symlink("elsewhere.tvd", "target.tvd"), 0);
     const FileSizeLimit limit(100);
     causeOf(DataFileKind::RunInEndings, kTarget);
-    EXPECT_FALSE(QFileInfo::exists(QStringLiteral("elsewhere.tvd")));
+    EXPECT_FALSE(QFileInfo::exists(u"elsewhere.tvd"_s));
     EXPECT_TRUE(QFileInfo(kTarget).isSymLink());
 }
 

@@ -7,6 +7,9 @@
 #include <random>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr unsigned kSeed = 20240607;
@@ -81,12 +84,12 @@ protected:
     {
         Dice dice(seed);
         const DataFileKind kind = dice.kind();
-        const QString source = QStringLiteral("source.tvd");
+        const QString source = u"source.tvd"_s;
         const bool self = dice.onceIn(10);
-        const QString target = self ? source : QStringLiteral("target.tvd");
+        const QString target = self ? source : u"target.tvd"_s;
         const int lines = rowOf(kind).linesPerRecord;
         QFile::remove(source); // to empty it would make some systems wait for the disk
-        QFile::remove(QStringLiteral("target.tvd"));
+        QFile::remove(u"target.tvd"_s);
         putBytes(source, dice.file(lines));
         if (!self && !dice.onceIn(15)) {
             putBytes(target, dice.file(lines));

@@ -4,6 +4,9 @@
 #include <gtest/gtest.h>
 
 namespace tarvold {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The bytes of a record of one line of this coding, from a control that shows `text`.
@@ -33,16 +36,16 @@ TEST(Record, ATextAsShownIsWrittenUnchanged)
 
 TEST(Record, ACommaInTheNameIsWrittenAsItStands)
 {
-    EXPECT_EQ(lineFrom(Coding::AsShown, QStringLiteral("Rocco Vance,Dex Vance")),
+    EXPECT_EQ(lineFrom(Coding::AsShown, u"Rocco Vance,Dex Vance"_s),
               QByteArray("Rocco Vance,Dex Vance\r\n"));
 }
 
 TEST(Record, TheFourFinisherWordsHaveTheirCodes)
 {
-    EXPECT_EQ(lineFrom(Coding::FinisherType, QStringLiteral("Any")), QByteArray("Any\r\n"));
-    EXPECT_EQ(lineFrom(Coding::FinisherType, QStringLiteral("Pin")), QByteArray("p\r\n"));
-    EXPECT_EQ(lineFrom(Coding::FinisherType, QStringLiteral("Submission")), QByteArray("s\r\n"));
-    EXPECT_EQ(lineFrom(Coding::FinisherType, QStringLiteral("Top Rope")), QByteArray("t\r\n"));
+    EXPECT_EQ(lineFrom(Coding::FinisherType, u"Any"_s), QByteArray("Any\r\n"));
+    EXPECT_EQ(lineFrom(Coding::FinisherType, u"Pin"_s), QByteArray("p\r\n"));
+    EXPECT_EQ(lineFrom(Coding::FinisherType, u"Submission"_s), QByteArray("s\r\n"));
+    EXPECT_EQ(lineFrom(Coding::FinisherType, u"Top Rope"_s), QByteArray("t\r\n"));
 }
 
 TEST(Record, AnyOtherFinisherTextGivesNoLine)
@@ -66,15 +69,15 @@ TEST(Record, AFinisherOutsideTheCodePageGivesNoLineAndNoRefusal)
 TEST(Record, OnlyAnExactlyEmptyLineIsWrittenAsBlank)
 {
     EXPECT_EQ(lineFrom(Coding::BlankIfEmpty, QString()), QByteArray("-BLANK-\r\n"));
-    EXPECT_EQ(lineFrom(Coding::BlankIfEmpty, QStringLiteral("")), QByteArray("-BLANK-\r\n"));
-    EXPECT_EQ(lineFrom(Coding::BlankIfEmpty, QStringLiteral(" ")), QByteArray(" \r\n"));
-    EXPECT_EQ(lineFrom(Coding::BlankIfEmpty, QStringLiteral("\t")), QByteArray("\t\r\n"));
-    EXPECT_EQ(lineFrom(Coding::BlankIfEmpty, QStringLiteral("He wins")), QByteArray("He wins\r\n"));
+    EXPECT_EQ(lineFrom(Coding::BlankIfEmpty, u""_s), QByteArray("-BLANK-\r\n"));
+    EXPECT_EQ(lineFrom(Coding::BlankIfEmpty, u" "_s), QByteArray(" \r\n"));
+    EXPECT_EQ(lineFrom(Coding::BlankIfEmpty, u"\t"_s), QByteArray("\t\r\n"));
+    EXPECT_EQ(lineFrom(Coding::BlankIfEmpty, u"He wins"_s), QByteArray("He wins\r\n"));
 }
 
 TEST(Record, TextIsWrittenInTheCodePage)
 {
-    const QString text = QStringLiteral("caf") + QChar(0xE9) + QChar(0x20AC);
+    const QString text = u"caf"_s + QChar(0xE9) + QChar(0x20AC);
     EXPECT_EQ(lineFrom(Coding::AsShown, text), QByteArray("caf\xE9\x80\r\n"));
 }
 
@@ -85,7 +88,7 @@ TEST(Record, ALineBreakInsideAFieldIsTold)
         const ComposedRecord record =
             composeRecord(layout, [text](ControlRef) { return QString::fromLatin1(text); });
         ASSERT_TRUE(record.missing.has_value());
-        EXPECT_EQ(record.missing->field, QStringLiteral("One"));
+        EXPECT_EQ(record.missing->field, u"One"_s);
         EXPECT_TRUE(record.missing->character == U'\r' || record.missing->character == U'\n');
         EXPECT_TRUE(record.bytes.isEmpty());
     }
@@ -97,11 +100,10 @@ TEST(Record, AMissingCharacterIsToldWithItsField)
                                  {"Two", {"Form0", "Text2"}, Coding::BlankIfEmpty},
                                  {"Three", {"Form0", "Text3"}, Coding::AsShown}};
     const ComposedRecord record = composeRecord(layout, [](ControlRef source) {
-        return qstrcmp(source.control, "Text1") == 0 ? QStringLiteral("plain")
-                                                     : QString(1, QChar(0x0142));
+        return qstrcmp(source.control, "Text1") == 0 ? u"plain"_s : QString(1, QChar(0x0142));
     });
     ASSERT_TRUE(record.missing.has_value());
-    EXPECT_EQ(record.missing->field, QStringLiteral("Two"));
+    EXPECT_EQ(record.missing->field, u"Two"_s);
     EXPECT_EQ(record.missing->character, char32_t(0x0142));
     EXPECT_TRUE(record.bytes.isEmpty());
 }

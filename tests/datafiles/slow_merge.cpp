@@ -8,6 +8,9 @@
 #include <vector>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct ReadPastEnd
@@ -83,10 +86,10 @@ void sweep(Lists &lists, const QString &target, QStringList &messages)
             const QByteArray a = file.readLine();
             const QByteArray b = file.readLine();
             if (a == lists[0][i] && b == lists[1][i]) {
-                messages << QStringLiteral("The combination of match type: ") +
-                                codepage::decode(a) + QStringLiteral(" and stipulation: ") +
-                                codepage::decode(b) + QStringLiteral(" are already in the file ") +
-                                target + QStringLiteral(" so will not be imported.");
+                messages << u"The combination of match type: "_s + codepage::decode(a) +
+                                u" and stipulation: "_s + codepage::decode(b) +
+                                u" are already in the file "_s + target +
+                                u" so will not be imported."_s;
                 lists[0][i].clear();
             }
             for (int discarded = 0; discarded < 17; ++discarded) {

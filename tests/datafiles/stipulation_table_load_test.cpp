@@ -3,12 +3,15 @@
 #include "support/stipulation_records.h"
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class StipulationTableLoad : public FolderTest
 {
 protected:
-    static QString name() { return QStringLiteral("a.tvd"); }
+    static QString name() { return u"a.tvd"_s; }
 
     std::optional<FileError> load(const QByteArray &bytes)
     {
@@ -87,9 +90,8 @@ TEST_F(StipulationTableLoad, SaysHowManyLinesAFileHasThatEndsInsideARecord)
         }
         writeFile("short.tvd", bytes);
         const QString cause = refusal("short.tvd");
-        EXPECT_TRUE(cause.contains(QStringLiteral("lines found: %1)").arg(lines)))
-            << qPrintable(cause);
-        EXPECT_TRUE(cause.contains(QStringLiteral("19"))) << qPrintable(cause);
+        EXPECT_TRUE(cause.contains(u"lines found: %1)"_s.arg(lines))) << qPrintable(cause);
+        EXPECT_TRUE(cause.contains(u"19"_s)) << qPrintable(cause);
         EXPECT_EQ(readBack("short.tvd"), bytes);
     }
     EXPECT_EQ(folderContent(), "a.tvd short.tvd");
@@ -97,7 +99,7 @@ TEST_F(StipulationTableLoad, SaysHowManyLinesAFileHasThatEndsInsideARecord)
 
 TEST_F(StipulationTableLoad, RefusesWhatIsNoOrdinaryFile)
 {
-    ASSERT_TRUE(QDir().mkdir(QStringLiteral("folder.tvd")));
+    ASSERT_TRUE(QDir().mkdir(u"folder.tvd"_s));
     for (const char *unfit : {"", "folder.tvd", "missing/a.tvd"}) {
         EXPECT_FALSE(refusal(unfit).isEmpty());
     }

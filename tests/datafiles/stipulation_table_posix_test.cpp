@@ -6,6 +6,9 @@
 #include <sys/stat.h>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using StipulationTableRights = FolderTest;
@@ -17,7 +20,7 @@ TEST_F(StipulationTableRights, RefusesAFileThatMustNotBeRead)
     ASSERT_EQ(chmod("secret.tvd", 0000), 0);
     EXPECT_TRUE(holdsForOrdinaryUser([] {
         StipulationTable table;
-        const auto error = table.load(QStringLiteral("secret.tvd"));
+        const auto error = table.load(u"secret.tvd"_s);
         return error && !error->cause.isEmpty() && table.lineCount() == 0;
     }));
 }
@@ -25,8 +28,8 @@ TEST_F(StipulationTableRights, RefusesAFileThatMustNotBeRead)
 TEST_F(StipulationTableRights, ReportsAMissingFileThatCannotBeCreated)
 {
     ASSERT_EQ(chmod(".", 0555), 0);
-    EXPECT_TRUE(holdsForOrdinaryUser(
-        [] { return StipulationTable().load(QStringLiteral("a.tvd")).has_value(); }));
+    EXPECT_TRUE(
+        holdsForOrdinaryUser([] { return StipulationTable().load(u"a.tvd"_s).has_value(); }));
     ASSERT_EQ(chmod(".", 0755), 0);
     EXPECT_EQ(folderContent(), "");
 }
@@ -36,7 +39,7 @@ TEST_F(StipulationTableRights, TellsThatItMadeAFileThatItMayNotRead)
     ASSERT_EQ(chmod(".", 0777), 0);
     EXPECT_TRUE(holdsForOrdinaryUser([] {
         umask(0444);
-        const auto error = StipulationTable().load(QStringLiteral("a.tvd"));
+        const auto error = StipulationTable().load(u"a.tvd"_s);
         return error && !error->unchanged;
     }));
     EXPECT_EQ(folderContent(), "a.tvd");

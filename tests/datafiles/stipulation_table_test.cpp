@@ -3,6 +3,9 @@
 #include "support/stipulation_records.h"
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 StipulationTable::Record recordOf(const std::array<QByteArray, 19> &lines)
@@ -30,7 +33,7 @@ protected:
         return readBack("a.tvd");
     }
 
-    static QString name() { return QStringLiteral("a.tvd"); }
+    static QString name() { return u"a.tvd"_s; }
 
     const QByteArray one = stipulation("Singles", "One");
     const QByteArray two = stipulation("Singles", "Two");

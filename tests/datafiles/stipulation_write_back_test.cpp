@@ -9,6 +9,9 @@
 #include <gtest/gtest.h>
 
 namespace tarvold {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Lines = QList<QByteArray>;
@@ -47,7 +50,7 @@ protected:
         return record;
     }
 
-    QString path() const { return folder.filePath(QStringLiteral("stipulations.tvd")); }
+    QString path() const { return folder.filePath(u"stipulations.tvd"_s); }
 
     void load(const QByteArray &bytes)
     {

@@ -7,6 +7,9 @@
 #include <unistd.h>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// While it lives, no file can grow beyond a size, as on a full disk.
@@ -48,17 +51,17 @@ protected:
 
 TEST_F(AppendFault, AWriteThatStopsHalfWayLeavesTheOldBytes)
 {
-    put(QStringLiteral("old.tvd"), "old\r\n");
-    const std::optional<FileError> error = appendTooMuch(QStringLiteral("old.tvd"));
+    put(u"old.tvd"_s, "old\r\n");
+    const std::optional<FileError> error = appendTooMuch(u"old.tvd"_s);
     ASSERT_TRUE(error.has_value());
     EXPECT_TRUE(error->unchanged);
     EXPECT_FALSE(error->cause.isEmpty());
-    EXPECT_EQ(bytesOf(QStringLiteral("old.tvd")), QByteArray("old\r\n"));
+    EXPECT_EQ(bytesOf(u"old.tvd"_s), QByteArray("old\r\n"));
 }
 
 TEST_F(AppendFault, AWriteThatStopsHalfWayTakesAwayTheFileItCreated)
 {
-    const std::optional<FileError> error = appendTooMuch(QStringLiteral("new.tvd"));
+    const std::optional<FileError> error = appendTooMuch(u"new.tvd"_s);
     ASSERT_TRUE(error.has_value());
     EXPECT_TRUE(error->unchanged);
     EXPECT_EQ(entries(), QStringList());
@@ -66,34 +69,34 @@ TEST_F(AppendFault, AWriteThatStopsHalfWayTakesAwayTheFileItCreated)
 
 TEST_F(AppendFault, AnEmptyFileThatWasThereStays)
 {
-    put(QStringLiteral("empty.tvd"), {});
-    ASSERT_TRUE(appendTooMuch(QStringLiteral("empty.tvd")).has_value());
-    EXPECT_EQ(bytesOf(QStringLiteral("empty.tvd")), QByteArray());
+    put(u"empty.tvd"_s, {});
+    ASSERT_TRUE(appendTooMuch(u"empty.tvd"_s).has_value());
+    EXPECT_EQ(bytesOf(u"empty.tvd"_s), QByteArray());
 }
 
 TEST_F(AppendFault, ThroughALinkToAMissingFileTheLinkStaysAndTheFileGoes)
 {
     ASSERT_EQ(::symlink("real.tvd", "link.tvd"), 0);
-    const std::optional<FileError> error = appendTooMuch(QStringLiteral("link.tvd"));
+    const std::optional<FileError> error = appendTooMuch(u"link.tvd"_s);
     ASSERT_TRUE(error.has_value());
     EXPECT_TRUE(error->unchanged);
-    EXPECT_EQ(entries(), QStringList{QStringLiteral("link.tvd")});
+    EXPECT_EQ(entries(), QStringList{u"link.tvd"_s});
 }
 
 TEST_F(AppendFault, AFileThatIsFullFromTheStartStays)
 {
     const QByteArray old(qsizetype(kLimit), 'o');
-    put(QStringLiteral("full.tvd"), old);
-    ASSERT_TRUE(appendTooMuch(QStringLiteral("full.tvd")).has_value());
-    EXPECT_EQ(bytesOf(QStringLiteral("full.tvd")), old);
+    put(u"full.tvd"_s, old);
+    ASSERT_TRUE(appendTooMuch(u"full.tvd"_s).has_value());
+    EXPECT_EQ(bytesOf(u"full.tvd"_s), old);
 }
 
 TEST_F(AppendFault, ASecondTryWithRoomSucceeds)
 {
-    put(QStringLiteral("old.tvd"), "old\r\n");
-    ASSERT_TRUE(appendTooMuch(QStringLiteral("old.tvd")).has_value());
-    EXPECT_FALSE(appendToFile(QStringLiteral("old.tvd"), "a\r\n").has_value());
-    EXPECT_EQ(bytesOf(QStringLiteral("old.tvd")), QByteArray("old\r\na\r\n"));
+    put(u"old.tvd"_s, "old\r\n");
+    ASSERT_TRUE(appendTooMuch(u"old.tvd"_s).has_value());
+    EXPECT_FALSE(appendToFile(u"old.tvd"_s, "a\r\n").has_value());
+    EXPECT_EQ(bytesOf(u"old.tvd"_s), QByteArray("old\r\na\r\n"));
 }
 
 /// Gives up the rights of the superuser, for whom no folder is read-only. Only for a process that
@@ -123,18 +126,16 @@ protected:
 TEST_F(AppendFaultDeathTest, AReadOnlyFolderIsRefused)
 {
     ASSERT_EQ(::mkdir("closed", 0555), 0);
-    EXPECT_EXIT(appendAsOrdinaryUser(QStringLiteral("closed/new.tvd")),
-                ::testing::ExitedWithCode(0), "");
-    EXPECT_FALSE(QFileInfo::exists(QStringLiteral("closed/new.tvd")));
+    EXPECT_EXIT(appendAsOrdinaryUser(u"closed/new.tvd"_s), ::testing::ExitedWithCode(0), "");
+    EXPECT_FALSE(QFileInfo::exists(u"closed/new.tvd"_s));
 }
 
 TEST_F(AppendFaultDeathTest, AReadOnlyFileIsRefused)
 {
-    put(QStringLiteral("closed.tvd"), "old\r\n");
+    put(u"closed.tvd"_s, "old\r\n");
     ASSERT_EQ(::chmod("closed.tvd", 0444), 0);
-    EXPECT_EXIT(appendAsOrdinaryUser(QStringLiteral("closed.tvd")), ::testing::ExitedWithCode(0),
-                "");
-    EXPECT_EQ(bytesOf(QStringLiteral("closed.tvd")), QByteArray("old\r\n"));
+    EXPECT_EXIT(appendAsOrdinaryUser(u"closed.tvd"_s), ::testing::ExitedWithCode(0), "");
+    EXPECT_EQ(bytesOf(u"closed.tvd"_s), QByteArray("old\r\n"));
 }
 
 } // namespace

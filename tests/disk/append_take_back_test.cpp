@@ -21,6 +21,9 @@
 #include <unistd.h>
 
 namespace tarvold {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using namespace std::chrono_literals;
@@ -52,7 +55,7 @@ private:
 class AppendTakeBack : public ::testing::Test
 {
 protected:
-    QString path() const { return folder.filePath(QStringLiteral("data.tvd")); }
+    QString path() const { return folder.filePath(u"data.tvd"_s); }
 
     void write(QByteArrayView bytes) const
     {
@@ -112,7 +115,7 @@ TEST_F(AppendTakeBack, AShortWriteTellsItsOwnCause)
     const FileSizeLimit limit(10);
     const auto error = appendToFile(path(), QByteArray(300, 'x'));
     ASSERT_TRUE(error);
-    EXPECT_EQ(error->cause, QStringLiteral("File too large"));
+    EXPECT_EQ(error->cause, u"File too large"_s);
 }
 
 TEST_F(AppendTakeBack, AMissingFileIsGoneAgainAfterAShortWrite)
@@ -176,7 +179,7 @@ TEST_F(AppendTakeBack, AProgramThatNeverFinishesIsNamedAsTheCause)
     const LockHolder holder(path());
     const auto error = appendToFile(path(), "new\r\n");
     ASSERT_TRUE(error);
-    EXPECT_EQ(error->cause, QStringLiteral("Another program is writing to it."));
+    EXPECT_EQ(error->cause, u"Another program is writing to it."_s);
     EXPECT_TRUE(error->unchanged);
     EXPECT_EQ(content(), "old\r\n");
 }
@@ -216,7 +219,7 @@ TEST_F(AppendTakeBack, ARewriteLeavesAFileThatAnotherProgramWritesTo)
     const LockHolder holder(path());
     const auto error = rewriteFile(path(), "new\r\n", QByteArrayView("old\r\n"));
     ASSERT_TRUE(error);
-    EXPECT_EQ(error->cause, QStringLiteral("Another program is writing to it."));
+    EXPECT_EQ(error->cause, u"Another program is writing to it."_s);
     EXPECT_TRUE(error->unchanged);
     EXPECT_EQ(content(), "old\r\n");
 }

@@ -1,27 +1,30 @@
 #include "disk/append_fixture.h"
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 TEST_F(Append, CreatesAMissingFile)
 {
-    append(QStringLiteral("new.tvd"), "a\r\n");
-    EXPECT_EQ(bytesOf(QStringLiteral("new.tvd")), QByteArray("a\r\n"));
+    append(u"new.tvd"_s, "a\r\n");
+    EXPECT_EQ(bytesOf(u"new.tvd"_s), QByteArray("a\r\n"));
 }
 
 TEST_F(Append, LeavesWhatIsThereUntouched)
 {
     const QByteArray old("odd\rbytes\n\0no line end", 22);
-    put(QStringLiteral("old.tvd"), old);
-    append(QStringLiteral("old.tvd"), "a\r\n");
-    EXPECT_EQ(bytesOf(QStringLiteral("old.tvd")), old + "a\r\n");
+    put(u"old.tvd"_s, old);
+    append(u"old.tvd"_s, "a\r\n");
+    EXPECT_EQ(bytesOf(u"old.tvd"_s), old + "a\r\n");
 }
 
 TEST_F(Append, TwoAppendsHaveNothingBetweenThem)
 {
-    append(QStringLiteral("file.tvd"), "a\r\nb\r\n");
-    append(QStringLiteral("file.tvd"), "c\r\nd\r\n");
-    EXPECT_EQ(bytesOf(QStringLiteral("file.tvd")), QByteArray("a\r\nb\r\nc\r\nd\r\n"));
+    append(u"file.tvd"_s, "a\r\nb\r\n");
+    append(u"file.tvd"_s, "c\r\nd\r\n");
+    EXPECT_EQ(bytesOf(u"file.tvd"_s), QByteArray("a\r\nb\r\nc\r\nd\r\n"));
 }
 
 TEST_F(Append, BytesStayBytes)
@@ -30,55 +33,54 @@ TEST_F(Append, BytesStayBytes)
     for (int byte = 0; byte < 256; ++byte) {
         bytes.append(static_cast<char>(byte));
     }
-    append(QStringLiteral("file.tvd"), bytes);
-    EXPECT_EQ(bytesOf(QStringLiteral("file.tvd")), bytes);
+    append(u"file.tvd"_s, bytes);
+    EXPECT_EQ(bytesOf(u"file.tvd"_s), bytes);
 }
 
 TEST_F(Append, ANameMayLeadIntoAFolder)
 {
-    QDir().mkdir(QStringLiteral("sub"));
-    append(QStringLiteral("sub/file.tvd"), "a\r\n");
-    EXPECT_EQ(bytesOf(QStringLiteral("sub/file.tvd")), QByteArray("a\r\n"));
+    QDir().mkdir(u"sub"_s);
+    append(u"sub/file.tvd"_s, "a\r\n");
+    EXPECT_EQ(bytesOf(u"sub/file.tvd"_s), QByteArray("a\r\n"));
 }
 
 TEST_F(Append, ANameMayBeAFullPath)
 {
-    append(folder.filePath(QStringLiteral("full.tvd")), "a\r\n");
-    EXPECT_EQ(bytesOf(QStringLiteral("full.tvd")), QByteArray("a\r\n"));
+    append(folder.filePath(u"full.tvd"_s), "a\r\n");
+    EXPECT_EQ(bytesOf(u"full.tvd"_s), QByteArray("a\r\n"));
 }
 
 TEST_F(Append, NothingIsAddedToAName)
 {
-    append(QStringLiteral("no extension"), "a\r\n");
-    append(QStringLiteral(" blank before"), "a\r\n");
-    EXPECT_EQ(entries(),
-              (QStringList{QStringLiteral(" blank before"), QStringLiteral("no extension")}));
+    append(u"no extension"_s, "a\r\n");
+    append(u" blank before"_s, "a\r\n");
+    EXPECT_EQ(entries(), (QStringList{u" blank before"_s, u"no extension"_s}));
 }
 
 TEST_F(Append, AnEmptyNameIsRefused)
 {
-    EXPECT_EQ(refused(QString()), QStringLiteral("The file name is empty."));
+    EXPECT_EQ(refused(QString()), u"The file name is empty."_s);
 }
 
 TEST_F(Append, AFolderIsRefused)
 {
-    QDir().mkdir(QStringLiteral("sub"));
-    EXPECT_EQ(refused(QStringLiteral("sub")), QStringLiteral("It is a folder."));
-    EXPECT_EQ(refused(QStringLiteral(".")), QStringLiteral("It is a folder."));
-    EXPECT_EQ(refused(folder.path()), QStringLiteral("It is a folder."));
+    QDir().mkdir(u"sub"_s);
+    EXPECT_EQ(refused(u"sub"_s), u"It is a folder."_s);
+    EXPECT_EQ(refused(u"."_s), u"It is a folder."_s);
+    EXPECT_EQ(refused(folder.path()), u"It is a folder."_s);
 }
 
 TEST_F(Append, AMissingFolderIsRefusedAndNotCreated)
 {
-    refused(QStringLiteral("missing/file.tvd"));
-    EXPECT_FALSE(QFileInfo::exists(QStringLiteral("missing")));
+    refused(u"missing/file.tvd"_s);
+    EXPECT_FALSE(QFileInfo::exists(u"missing"_s));
 }
 
 TEST_F(Append, AFileInTheMiddleOfThePathIsRefused)
 {
-    put(QStringLiteral("file"), "old");
-    refused(QStringLiteral("file/file.tvd"));
-    EXPECT_EQ(bytesOf(QStringLiteral("file")), QByteArray("old"));
+    put(u"file"_s, "old");
+    refused(u"file/file.tvd"_s);
+    EXPECT_EQ(bytesOf(u"file"_s), QByteArray("old"));
 }
 
 TEST_F(Append, ATooLongNameIsRefused)

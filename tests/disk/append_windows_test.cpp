@@ -9,25 +9,27 @@
 #include <thread>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using namespace std::chrono_literals;
 
-const auto kFile = QStringLiteral("file.tvd");
+const auto kFile = u"file.tvd"_s;
 
 TEST_F(Append, ADeviceIsRefused)
 {
     for (const char *name : {"NUL", "nul", "CON", "COM1", R"(\\.\NUL)", R"(\\.\pipe\tarvold)"}) {
-        EXPECT_EQ(refused(QString::fromLatin1(name)), QStringLiteral("It is not an ordinary file."))
-            << name;
+        EXPECT_EQ(refused(QString::fromLatin1(name)), u"It is not an ordinary file."_s) << name;
     }
 }
 
 TEST_F(Append, AStreamBesideTheContentOfAFileIsRefused)
 {
     put(kFile, "old\r\n");
-    EXPECT_EQ(refused(kFile + QStringLiteral(":stream")),
-              QStringLiteral("The file name holds a character that no file name can have."));
+    EXPECT_EQ(refused(kFile + u":stream"_s),
+              u"The file name holds a character that no file name can have."_s);
     EXPECT_EQ(bytesOf(kFile), QByteArray("old\r\n"));
 }
 
@@ -35,7 +37,7 @@ TEST_F(Append, CharactersThatNoNameHasAreRefused)
 {
     for (const char *name : {":file.tvd", ":", "a*b", "a?b", "a<b", "a>b", "a\"b", "a|b", "a\tb"}) {
         EXPECT_EQ(refused(QString::fromLatin1(name)),
-                  QStringLiteral("The file name holds a character that no file name can have."))
+                  u"The file name holds a character that no file name can have."_s)
             << name;
     }
 }
@@ -43,7 +45,7 @@ TEST_F(Append, CharactersThatNoNameHasAreRefused)
 TEST_F(Append, ANameInOtherLettersMeansTheSameFile)
 {
     append(kFile, "a\r\n");
-    append(QStringLiteral("FILE.tvd"), "b\r\n");
+    append(u"FILE.tvd"_s, "b\r\n");
     EXPECT_EQ(bytesOf(kFile), QByteArray("a\r\nb\r\n"));
     EXPECT_EQ(entries(), QStringList(kFile));
 }
@@ -61,16 +63,16 @@ TEST_F(Append, APathMayBeLongAndHaveSlashesOfBothKinds)
         deep += u'/' + QString(40, u'd');
     }
     ASSERT_TRUE(QDir().mkpath(deep));
-    append(deep + QStringLiteral("\\file.tvd"), "a\r\n");
-    append(deep + QStringLiteral("/file.tvd"), "b\r\n");
-    EXPECT_EQ(bytesOf(deep + QStringLiteral("/file.tvd")), QByteArray("a\r\nb\r\n"));
+    append(deep + u"\\file.tvd"_s, "a\r\n");
+    append(deep + u"/file.tvd"_s, "b\r\n");
+    EXPECT_EQ(bytesOf(deep + u"/file.tvd"_s), QByteArray("a\r\nb\r\n"));
 }
 
 TEST_F(Append, AWriteProtectedFileIsRefusedAndStaysProtected)
 {
     put(kFile, "old\r\n");
     setAttributes(kFile, FILE_ATTRIBUTE_READONLY);
-    EXPECT_EQ(refused(kFile), QStringLiteral("It is write-protected."));
+    EXPECT_EQ(refused(kFile), u"It is write-protected."_s);
     EXPECT_TRUE(attributesOf(kFile) & FILE_ATTRIBUTE_READONLY);
     EXPECT_EQ(bytesOf(kFile), QByteArray("old\r\n"));
     setAttributes(kFile, FILE_ATTRIBUTE_NORMAL);
@@ -94,7 +96,7 @@ TEST_F(Append, AProgramThatNeverSharesTheFileIsNamedAsTheCause)
     put(kFile, "old\r\n");
     {
         const OtherProgram other(kFile, FILE_SHARE_READ);
-        EXPECT_EQ(refused(kFile), QStringLiteral("Another program has it open."));
+        EXPECT_EQ(refused(kFile), u"Another program has it open."_s);
     }
     EXPECT_EQ(bytesOf(kFile), QByteArray("old\r\n"));
 }
@@ -129,7 +131,7 @@ TEST_F(Append, ACopyOfTheProgramThatNeverEndsIsNamedAsTheCause)
     put(kFile, "old\r\n");
     OtherProgram other(kFile, kSharesAll);
     other.lock();
-    EXPECT_EQ(refused(kFile), QStringLiteral("Another program is writing to it."));
+    EXPECT_EQ(refused(kFile), u"Another program is writing to it."_s);
 }
 
 } // namespace

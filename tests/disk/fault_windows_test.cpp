@@ -12,6 +12,8 @@
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 using tarvold::testing::systemCall;
 
 bool isSyncToFail = false;
@@ -85,7 +87,7 @@ decltype(&createOrFind) __imp_CreateFileW = createOrFind;
 namespace tarvold::testing {
 namespace {
 
-const auto kFile = QStringLiteral("data.tvd");
+const auto kFile = u"data.tvd"_s;
 const QByteArray kOld = "old\r\n";
 const QByteArray kNew = "a new record\r\n";
 constexpr DWORD kHalf = 5;
@@ -127,7 +129,7 @@ TEST_F(Fault, ARecordThatCannotBeSyncedIsTakenBack)
 TEST_F(Fault, ANewFileThatCannotBeSyncedIsGoneAgain)
 {
     isSyncToFail = true;
-    expectRefused(appendToFile(QStringLiteral("new.tvd"), kNew));
+    expectRefused(appendToFile(u"new.tvd"_s, kNew));
     EXPECT_EQ(folderContent(), "data.tvd");
 }
 
@@ -135,7 +137,7 @@ TEST_F(Fault, AnEmptyFileThatAnotherProgramJustMadeStays)
 {
     isMadeByAnother = true;
     isSyncToFail = true;
-    expectRefused(appendToFile(QStringLiteral("new.tvd"), kNew));
+    expectRefused(appendToFile(u"new.tvd"_s, kNew));
     EXPECT_EQ(folderContent(), "data.tvd new.tvd");
     EXPECT_EQ(readBack("new.tvd"), "");
 }
@@ -171,7 +173,7 @@ TEST_F(Fault, HalfARecordIsTakenBack)
 TEST_F(Fault, ANewFileWithHalfARecordIsGoneAgain)
 {
     arriving = kHalf;
-    expectRefused(appendToFile(QStringLiteral("new.tvd"), kNew));
+    expectRefused(appendToFile(u"new.tvd"_s, kNew));
     EXPECT_EQ(folderContent(), "data.tvd");
 }
 

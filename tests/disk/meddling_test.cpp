@@ -12,6 +12,8 @@
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 /// What the other program does when a file is synced.
 std::function<void()> duringSync;
 
@@ -29,7 +31,7 @@ int fsync(int handle) noexcept(noexcept(::fsync(0)))
 namespace tarvold::testing {
 namespace {
 
-const auto kFile = QStringLiteral("data.tvd");
+const auto kFile = u"data.tvd"_s;
 const QByteArray kOld = "old\r\n";
 const QByteArray kNew = "new\r\n";
 const QByteArray kTheirs = "a record of the other program\r\n";
@@ -137,7 +139,7 @@ TEST_F(AppendMeddling, AFolderInThePlaceOfTheFileIsToldAndNothingIsSaved)
         ASSERT_EQ(::mkdir("data.tvd", 0700), 0);
     });
     ASSERT_TRUE(error);
-    EXPECT_EQ(error->cause, QStringLiteral("It is a folder."));
+    EXPECT_EQ(error->cause, u"It is a folder."_s);
     EXPECT_TRUE(error->unchanged);
 }
 
@@ -151,7 +153,7 @@ TEST_F(AppendMeddling, AFileThatIsReplacedEachTimeIsGivenUp)
     };
     const auto error = appendToFile(kFile, kNew);
     ASSERT_TRUE(error);
-    EXPECT_EQ(error->cause, QStringLiteral("Another program changes it again and again."));
+    EXPECT_EQ(error->cause, u"Another program changes it again and again."_s);
     EXPECT_TRUE(error->unchanged);
     EXPECT_EQ(bytesIn(kFile), kTheirs);
     EXPECT_LT(times, 100);
@@ -173,7 +175,7 @@ TEST_F(RewriteMeddling, ARemovedFileIsMadeAnew)
 TEST_F(RewriteMeddling, AFileThatIsRemovedBehindALinkedFolderIsMadeAnew)
 {
     ASSERT_EQ(::symlink(".", "link"), 0);
-    EXPECT_FALSE(rewriteDuring([] { QFile::remove(kFile); }, QStringLiteral("link/") + kFile));
+    EXPECT_FALSE(rewriteDuring([] { QFile::remove(kFile); }, u"link/"_s + kFile));
     EXPECT_EQ(bytesIn(kFile), kNew);
 }
 
@@ -184,7 +186,7 @@ TEST_F(RewriteMeddling, APipeInThePlaceOfTheFileIsToldAndNotWaitedFor)
         ASSERT_EQ(::mkfifo("data.tvd", 0600), 0);
     });
     ASSERT_TRUE(error);
-    EXPECT_EQ(error->cause, QStringLiteral("It is not an ordinary file."));
+    EXPECT_EQ(error->cause, u"It is not an ordinary file."_s);
     EXPECT_TRUE(error->unchanged);
     EXPECT_FALSE(QFileInfo(kFile).isFile());
 }

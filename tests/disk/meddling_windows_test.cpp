@@ -12,6 +12,8 @@
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 /// What the other program does when a file is synced.
 std::function<void()> duringSync;
 
@@ -49,7 +51,7 @@ decltype(&meddleAndSet) __imp_SetFileInformationByHandle = meddleAndSet;
 namespace tarvold::testing {
 namespace {
 
-const auto kFile = QStringLiteral("data.tvd");
+const auto kFile = u"data.tvd"_s;
 const QByteArray kOld = "old\r\n";
 const QByteArray kNew = "new\r\n";
 const QByteArray kTheirs = "a record of the other program\r\n";
@@ -133,7 +135,7 @@ TEST_F(Meddling, ACopyThatComesBeforeTheNewFileHasTheNameLosesNoRecord)
         GTEST_SKIP() << "this system replaces open files, so that the lock is kept all the time";
     }
     ASSERT_TRUE(refusal);
-    EXPECT_EQ(refusal->cause, QStringLiteral("Another program is writing to it."));
+    EXPECT_EQ(refusal->cause, u"Another program is writing to it."_s);
     EXPECT_TRUE(refusal->unchanged);
 }
 

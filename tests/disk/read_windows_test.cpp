@@ -3,11 +3,14 @@
 #include "support/windows_program.h"
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Read = FolderTest;
 
-const auto kFile = QStringLiteral("a.tvd");
+const auto kFile = u"a.tvd"_s;
 
 TEST_F(Read, TellsThatAnotherProgramSharesTheFileWithNobody)
 {
@@ -16,7 +19,7 @@ TEST_F(Read, TellsThatAnotherProgramSharesTheFileWithNobody)
     EXPECT_TRUE(fileExists(kFile));
     const FileContent content = readFile(kFile);
     ASSERT_TRUE(content.error);
-    EXPECT_EQ(content.error->cause, QStringLiteral("Another program has it open."));
+    EXPECT_EQ(content.error->cause, u"Another program has it open."_s);
 }
 
 TEST_F(Read, ReadsAWriteProtectedFileAndOneThatOthersUse)
@@ -38,7 +41,7 @@ TEST_F(Read, KnowsNoFilesInOddNames)
         EXPECT_FALSE(fileExists(QString::fromLatin1(name))) << name;
         EXPECT_TRUE(readFile(QString::fromLatin1(name)).error) << name;
     }
-    EXPECT_TRUE(fileExists(QStringLiteral("A.TVD")));
+    EXPECT_TRUE(fileExists(u"A.TVD"_s));
 }
 
 } // namespace

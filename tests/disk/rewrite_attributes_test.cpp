@@ -12,6 +12,9 @@
 #include <vector>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr uid_t kNobody = 65534;
@@ -80,8 +83,7 @@ struct stat stateOf(const char *file)
 std::string rightsOf(const char *file)
 {
     const struct stat state = stateOf(file);
-    return QStringLiteral("%1:%2 %3")
-        .arg(state.st_uid)
+    return u"%1:%2 %3"_s.arg(state.st_uid)
         .arg(state.st_gid)
         .arg(state.st_mode & 07777U, 4, 8, QChar(u'0'))
         .toStdString();
@@ -224,7 +226,7 @@ TEST_F(RewriteKeeps, AttributesOfTheSystemForTheSuperuserAlone)
 TEST_F(RewriteKeeps, TheUsualModeForAFileThatWasNotThere)
 {
     const mode_t old = umask(027);
-    const auto error = rewriteFile(QStringLiteral("new.tvd"), "new");
+    const auto error = rewriteFile(u"new.tvd"_s, "new");
     umask(old);
     ASSERT_FALSE(error);
     EXPECT_EQ(stateOf("new.tvd").st_mode & 07777U, 0640U);

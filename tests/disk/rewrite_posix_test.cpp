@@ -5,11 +5,14 @@
 #include <sys/stat.h>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString name()
 {
-    return QStringLiteral("a.tvd");
+    return u"a.tvd"_s;
 }
 
 mode_t modeOf(const char *file)
@@ -42,7 +45,7 @@ TEST_F(Rewrite, KeepsTheModeOfTheFile)
 
 TEST_F(Rewrite, WritesThroughASymbolicLink)
 {
-    ASSERT_TRUE(QDir().mkdir(QStringLiteral("elsewhere")));
+    ASSERT_TRUE(QDir().mkdir(u"elsewhere"_s));
     writeFile("elsewhere/target", "old");
     ASSERT_EQ(symlink("elsewhere/target", "a.tvd"), 0);
     EXPECT_FALSE(rewriteFile(name(), "new"));
@@ -53,19 +56,19 @@ TEST_F(Rewrite, WritesThroughASymbolicLink)
 
 TEST_F(Rewrite, WritesThroughLinksThatLeadToNoFileYet)
 {
-    ASSERT_TRUE(QDir().mkdir(QStringLiteral("elsewhere")));
+    ASSERT_TRUE(QDir().mkdir(u"elsewhere"_s));
     ASSERT_EQ(symlink("elsewhere/second", "a.tvd"), 0);
     ASSERT_EQ(symlink("../target", "elsewhere/second"), 0);
     EXPECT_FALSE(rewriteFile(name(), "new"));
     EXPECT_TRUE(QFileInfo(name()).isSymLink());
-    EXPECT_TRUE(QFileInfo(QStringLiteral("elsewhere/second")).isSymLink());
+    EXPECT_TRUE(QFileInfo(u"elsewhere/second"_s).isSymLink());
     EXPECT_EQ(readBack("target"), "new");
     EXPECT_EQ(folderContent(), "a.tvd elsewhere target");
 }
 
 TEST_F(Rewrite, TakesANameThatStartsWithAColonAsAnOrdinaryOne)
 {
-    EXPECT_FALSE(rewriteFile(QStringLiteral(":a.tvd"), "new"));
+    EXPECT_FALSE(rewriteFile(u":a.tvd"_s, "new"));
     EXPECT_EQ(folderContent(), ":a.tvd");
 }
 
@@ -126,10 +129,10 @@ TEST_F(Rewrite, RefusesAFileThatMustNotBeWritten)
 TEST_F(Rewrite, RefusesAPipeWithoutWaitingForIt)
 {
     ASSERT_EQ(mkfifo("pipe", 0600), 0);
-    const auto error = rewriteFile(QStringLiteral("pipe"), "new");
+    const auto error = rewriteFile(u"pipe"_s, "new");
     ASSERT_TRUE(error);
     EXPECT_TRUE(error->unchanged);
-    EXPECT_EQ(error->cause, QStringLiteral("It is not an ordinary file."));
+    EXPECT_EQ(error->cause, u"It is not an ordinary file."_s);
     EXPECT_EQ(folderContent(), "pipe");
 }
 

@@ -2,11 +2,14 @@
 #include "support/folder_test.h"
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString name()
 {
-    return QStringLiteral("a.tvd");
+    return u"a.tvd"_s;
 }
 
 using Rewrite = FolderTest;
@@ -69,7 +72,7 @@ TEST_F(Rewrite, MakesAFileAnewThatIsGone)
 
 TEST_F(Rewrite, RefusesWhatIsNoOrdinaryFile)
 {
-    ASSERT_TRUE(QDir().mkdir(QStringLiteral("folder")));
+    ASSERT_TRUE(QDir().mkdir(u"folder"_s));
     for (const char *unfit : {"", "folder", "missing/a.tvd"}) {
         const auto error = rewriteFile(QString::fromLatin1(unfit), "new");
         ASSERT_TRUE(error) << unfit;

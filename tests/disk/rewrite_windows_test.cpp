@@ -12,6 +12,8 @@
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 FILETIME creationAskedFor = {}; ///< which not all file systems keep
 
 BOOL WINAPI noteTime(HANDLE file, const FILETIME *created, const FILETIME *read,
@@ -34,7 +36,7 @@ namespace {
 using namespace std::chrono_literals;
 using Rewrite = FolderTest;
 
-const auto kFile = QStringLiteral("a.tvd");
+const auto kFile = u"a.tvd"_s;
 
 void expectRefused(const std::optional<FileError> &error, const QString &cause)
 {
@@ -51,7 +53,7 @@ TEST_F(Rewrite, LeavesAFileThatAnotherProgramKeepsOpen)
     put(kFile, "old");
     const OtherProgram other(kFile, kSharesContent);
     expectRefused(rewriteFile(kFile, "new", QByteArrayView("old")),
-                  QStringLiteral("Another program has it open."));
+                  u"Another program has it open."_s);
 }
 
 TEST_F(Rewrite, WaitsForAProgramThatHasTheFileOpen)
@@ -94,7 +96,7 @@ TEST_F(Rewrite, LetsAProgramThatSharesAllReadTheOldFileToItsEnd)
     const auto error = rewriteFile(kFile, "new");
     EXPECT_EQ(other.read(), "old");
     if (error) {
-        expectRefused(error, QStringLiteral("Another program has it open."));
+        expectRefused(error, u"Another program has it open."_s);
         GTEST_SKIP() << "this system replaces no open file, so the rewrite was refused";
     }
     EXPECT_EQ(bytesIn(kFile), "new");
@@ -105,14 +107,14 @@ TEST_F(Rewrite, LeavesAFileThatACopyOfTheProgramWritesTo)
     put(kFile, "old");
     OtherProgram other(kFile, kSharesAll);
     other.lock();
-    expectRefused(rewriteFile(kFile, "new"), QStringLiteral("Another program is writing to it."));
+    expectRefused(rewriteFile(kFile, "new"), u"Another program is writing to it."_s);
 }
 
 TEST_F(Rewrite, LeavesAWriteProtectedFile)
 {
     put(kFile, "old");
     setAttributes(kFile, FILE_ATTRIBUTE_READONLY);
-    expectRefused(rewriteFile(kFile, "new"), QStringLiteral("It is write-protected."));
+    expectRefused(rewriteFile(kFile, "new"), u"It is write-protected."_s);
     EXPECT_TRUE(attributesOf(kFile) & FILE_ATTRIBUTE_READONLY);
     setAttributes(kFile, FILE_ATTRIBUTE_NORMAL);
 }
@@ -168,7 +170,7 @@ TEST_F(Rewrite, AsksForTheOldTimeOfCreation)
 TEST_F(Rewrite, KeepsTheNameAsItWasWritten)
 {
     put(kFile, "old");
-    EXPECT_FALSE(rewriteFile(QStringLiteral("A.TVD"), "new"));
+    EXPECT_FALSE(rewriteFile(u"A.TVD"_s, "new"));
     EXPECT_EQ(folderContent(), "a.tvd");
     EXPECT_EQ(bytesIn(kFile), "new");
 }

@@ -8,11 +8,14 @@
 #include "support/processes.h"
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int kLines = StipulationTable::kLinesPerRecord;
-const auto kSource = QStringLiteral("source.tvd");
-const auto kTarget = QStringLiteral("target.tvd");
+const auto kSource = u"source.tvd"_s;
+const auto kTarget = u"target.tvd"_s;
 
 QByteArray numbered(const QByteArray &writer, int number)
 {

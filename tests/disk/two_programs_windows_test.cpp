@@ -10,11 +10,14 @@
 #include <QThread>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int kRecords = 200;
-const auto kFile = QStringLiteral("file.tvd");
-const auto kReady = QStringLiteral("ready");
+const auto kFile = u"file.tvd"_s;
+const auto kReady = u"ready"_s;
 
 QByteArray record(const char *writer, int number)
 {

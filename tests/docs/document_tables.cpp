@@ -5,6 +5,9 @@
 #include <gtest/gtest.h>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 DocumentRow rowIn(const QStringList &cells)
@@ -26,14 +29,13 @@ void PrintTo(const DocumentRow &row, std::ostream *out)
 
 std::vector<DocumentSection> documentSections()
 {
-    const QStringList head = {QStringLiteral("Line"), QStringLiteral("Field"),
-                              QStringLiteral("Screen, control"), QStringLiteral("Value")};
+    const QStringList head = {u"Line"_s, u"Field"_s, u"Screen, control"_s, u"Value"_s};
     std::vector<DocumentSection> sections;
     for (const MarkdownTable &table : markdownTables(QStringLiteral(TARVOLD_FILE_FORMATS))) {
         if (table.head != head) {
             continue;
         }
-        const QString file = table.text.section(QStringLiteral("Default file `"), 1, 1);
+        const QString file = table.text.section(u"Default file `"_s, 1, 1);
         sections.push_back({table.heading, file.section(u'`', 0, 0), {}});
         for (const QStringList &cells : table.rows) {
             sections.back().rows.push_back(rowIn(cells));

@@ -10,19 +10,22 @@
 #include <gtest/gtest.h>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString valueWord(Coding coding)
 {
     switch (coding) {
     case Coding::FinisherType:
-        return QStringLiteral("finisher code");
+        return u"finisher code"_s;
     case Coding::BlankIfEmpty:
-        return QStringLiteral("`-BLANK-` if empty");
+        return u"`-BLANK-` if empty"_s;
     case Coding::AsShown:
         break;
     }
-    return QStringLiteral("as shown");
+    return u"as shown"_s;
 }
 
 /// The table that describes a layout.
@@ -30,8 +33,8 @@ std::vector<DocumentRow> rowsOf(const RecordLayout &layout)
 {
     std::vector<DocumentRow> rows;
     for (const RecordField &field : layout) {
-        const QString source = QStringLiteral("%1, %2").arg(
-            QLatin1StringView(field.source.screen), QLatin1StringView(field.source.control));
+        const QString source = u"%1, %2"_s.arg(QLatin1StringView(field.source.screen),
+                                               QLatin1StringView(field.source.control));
         rows.push_back({QString::number(rows.size() + 1), QLatin1StringView(field.caption), source,
                         valueWord(field.coding)});
     }
@@ -62,8 +65,7 @@ TEST(FileFormats, EveryKindHasItsFileNameAndNumberOfLines)
         const DataFileKindRow &row = kDataFileKinds.at(kind);
         EXPECT_EQ(sections[kind].defaultFile, QLatin1StringView(row.defaultName));
         EXPECT_EQ(int(sections[kind].rows.size()), row.linesPerRecord);
-        EXPECT_TRUE(
-            sections[kind].heading.endsWith(QStringLiteral(": %1 lines").arg(row.linesPerRecord)));
+        EXPECT_TRUE(sections[kind].heading.endsWith(u": %1 lines"_s.arg(row.linesPerRecord)));
     }
 }
 
@@ -110,12 +112,12 @@ TEST(FileFormats, TheBoxesThatCanLeaveTheFirstLineEmptyAreNamed)
     QFile document(QStringLiteral(TARVOLD_FILE_FORMATS));
     ASSERT_TRUE(document.open(QIODevice::ReadOnly)) << document.errorString().toStdString();
     const QString text = QString::fromUtf8(document.readAll()).simplified();
-    const QString told = text.section(QStringLiteral("An empty first line hides a record."), 1, 1)
-                             .section(QStringLiteral(" - **"), 0, 0);
+    const QString told =
+        text.section(u"An empty first line hides a record."_s, 1, 1).section(u" - **"_s, 0, 0);
     int boxes = 0;
     for (const DocumentSection &kind : documentSections()) {
         const DocumentRow &first = kind.rows.at(0);
-        const bool hasList = !first.source.contains(QStringLiteral(", Text"));
+        const bool hasList = !first.source.contains(u", Text"_s);
         boxes += hasList ? 1 : 0;
         EXPECT_EQ(told.contains(u'"' + first.field + u'"'), hasList) << first.field.toStdString();
     }

@@ -13,19 +13,22 @@
 #include <vector>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString kName = QStringLiteral("…");    ///< how the guide writes what differs each time
-const QString kWhy = QStringLiteral("*why*"); ///< and the reason for a failure
-const QString kBreak = QStringLiteral("<br>");
+const QString kName = u"…"_s;    ///< how the guide writes what differs each time
+const QString kWhy = u"*why*"_s; ///< and the reason for a failure
+const QString kBreak = u"<br>"_s;
 
 /// The texts of the guide's tables of messages, as they stand there.
 QStringList guideMessages()
 {
     QStringList messages;
     for (const MarkdownTable &table : markdownTables(QStringLiteral(TARVOLD_GUIDE))) {
-        qsizetype column = table.head.indexOf(QStringLiteral("Message"));
-        column = std::max(column, table.head.indexOf(QStringLiteral("The message says")));
+        qsizetype column = table.head.indexOf(u"Message"_s);
+        column = std::max(column, table.head.indexOf(u"The message says"_s));
         if (column < 0) {
             continue;
         }
@@ -47,7 +50,7 @@ QStringList guideParagraphs()
 
 bool hasPlaceholder(const QString &paragraph)
 {
-    static const QRegularExpression placeholder(QStringLiteral("%[1-9]"));
+    static const QRegularExpression placeholder(u"%[1-9]"_s);
     return paragraph.contains(placeholder);
 }
 
@@ -65,16 +68,15 @@ struct ProgramText
 
 std::vector<ProgramText> programTexts()
 {
-    static const QRegularExpression placeholder(QStringLiteral("\\\\%[1-9]"));
+    static const QRegularExpression placeholder(u"\\\\%[1-9]"_s);
     const QStringList messages = sourceMessages();
-    QStringList fillings = {kName, QStringLiteral("[0-9]+"), QStringLiteral("record"),
-                            QStringLiteral("stipulation")};
+    QStringList fillings = {kName, u"[0-9]+"_s, u"record"_s, u"stipulation"_s};
     for (const QString &message : messages) {
         if (!hasPlaceholder(message)) {
             fillings << QRegularExpression::escape(message);
         }
     }
-    const QString filling = QStringLiteral("(?:") + fillings.join(u'|') + u')';
+    const QString filling = u"(?:"_s + fillings.join(u'|') + u')';
     std::vector<ProgramText> texts;
     for (const QString &message : messages) {
         const QString pattern = QRegularExpression::escape(message).replace(placeholder, filling);
@@ -98,7 +100,7 @@ bool isSystemText(const QString &text)
 /// A message with its paragraphs as the guide sets them.
 QString asInGuide(QString message)
 {
-    return message.replace(QStringLiteral("\n\n"), kBreak);
+    return message.replace(u"\n\n"_s, kBreak);
 }
 
 TEST(GuideMessages, EveryTextOfTheGuideIsOneOfTheProgram)
@@ -106,7 +108,7 @@ TEST(GuideMessages, EveryTextOfTheGuideIsOneOfTheProgram)
     const std::vector<ProgramText> program = programTexts();
     const QStringList literals = sourceLiterals();
     for (const QString &paragraph : guideParagraphs()) {
-        const bool isTitle = paragraph.startsWith(QStringLiteral("**"));
+        const bool isTitle = paragraph.startsWith(u"**"_s);
         const bool isTold =
             isTitle ? literals.contains(paragraph.mid(2).chopped(2))
                     : std::ranges::any_of(program, [&paragraph](const ProgramText &text) {
@@ -133,7 +135,7 @@ TEST(GuideMessages, FailuresAreToldWhole)
     const FileError unchanged = {.cause = kWhy};
     const FileError changed = {.cause = kWhy, .unchanged = false};
     const FileError inPlace = {.cause = kWhy, .unchanged = false, .inPlace = true};
-    const QString stays = QStringLiteral("Everything that you typed is still here.");
+    const QString stays = u"Everything that you typed is still here."_s;
     const QStringList guide = guideMessages();
     for (const QString &message : {
              failures::notSaved(kName, unchanged),

@@ -11,6 +11,9 @@
 #include <set>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct ScreenCase
@@ -36,9 +39,8 @@ class GuideTags : public EditorTest
 protected:
     GuideTags() : tables(markdownTables(QStringLiteral(TARVOLD_GUIDE)))
     {
-        const QStringList head = {QStringLiteral("Refusal"), QStringLiteral("The message says"),
-                                  QStringLiteral("When")};
-        for (const QStringList &row : rowsUnder(QStringLiteral("When a tag is refused"), head)) {
+        const QStringList head = {u"Refusal"_s, u"The message says"_s, u"When"_s};
+        for (const QStringList &row : rowsUnder(u"When a tag is refused"_s, head)) {
             refusals[row[0]] = {row[1], row[2]};
         }
     }
@@ -57,8 +59,7 @@ protected:
     std::vector<QStringList> tagRows(const char *heading)
     {
         return rowsUnder(QLatin1StringView(heading),
-                         {QStringLiteral("Tag in the list"), QStringLiteral("Puts in"),
-                          QStringLiteral("Refusal")});
+                         {u"Tag in the list"_s, u"Puts in"_s, u"Refusal"_s});
     }
 
     std::span<const CommentaryTag> tagsOf(const char *name)
@@ -72,21 +73,21 @@ protected:
     QString nameOf(const Refusal *refusal)
     {
         if (refusal == nullptr) {
-            return QStringLiteral("never");
+            return u"never"_s;
         }
         for (const auto &[name, told] : refusals) {
             if (told.message == QLatin1StringView(refusal->message)) {
                 return name;
             }
         }
-        return QStringLiteral("none that the guide tells");
+        return u"none that the guide tells"_s;
     }
 
     void expectConditionOf(const Refusal &refusal)
     {
         // Such as: "Type of Feud" is "Singles"
         static const QRegularExpression condition(
-            QStringLiteral("^\"(.+)\" is (not )?\"([^\"]+)\"(?: or \"([^\"]+)\")?"));
+            u"^\"(.+)\" is (not )?\"([^\"]+)\"(?: or \"([^\"]+)\")?"_s);
         const QString when = refusals[nameOf(&refusal)].when;
         const auto match = condition.match(when);
         ASSERT_TRUE(match.hasMatch()) << when.toStdString();

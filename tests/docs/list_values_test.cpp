@@ -10,16 +10,19 @@
 #include <map>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QStringList valuesIn(QString cell)
 {
-    static const QRegularExpression value(QStringLiteral("`([^`]*)`"));
+    static const QRegularExpression value(u"`([^`]*)`"_s);
     QStringList values;
     for (const auto &match : value.globalMatch(cell)) {
         values << match.captured(1);
     }
-    if (cell.endsWith(QStringLiteral("`1` to `100`"))) {
+    if (cell.endsWith(u"`1` to `100`"_s)) {
         values.removeLast();
         for (int number = 2; number <= 100; ++number) {
             values << QString::number(number);
@@ -33,11 +36,11 @@ std::map<QString, QStringList> documentedLists()
 {
     std::map<QString, QStringList> lists;
     for (const MarkdownTable &table : markdownTables(QStringLiteral(TARVOLD_FILE_FORMATS))) {
-        if (table.heading != QStringLiteral("What the lists offer")) {
+        if (table.heading != u"What the lists offer"_s) {
             continue;
         }
         for (const QStringList &row : table.rows) {
-            for (const QString &control : row[1].split(QStringLiteral("; "))) {
+            for (const QString &control : row[1].split(u"; "_s)) {
                 EXPECT_TRUE(lists.emplace(control, valuesIn(row[0])).second)
                     << control.toStdString();
             }
@@ -66,8 +69,7 @@ protected:
         for (int item = 0; item < box->count(); ++item) {
             items << box->itemText(item);
         }
-        program[QStringLiteral("%1, %2").arg(QLatin1StringView(screen), control.objectName())] =
-            items;
+        program[u"%1, %2"_s.arg(QLatin1StringView(screen), control.objectName())] = items;
     }
 
     std::map<QString, QStringList> program;

@@ -8,6 +8,9 @@
 #include <vector>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Literal
@@ -18,7 +21,7 @@ struct Literal
 
 QString codeIn(const QString &path)
 {
-    static const QRegularExpression noCode(QStringLiteral("//[^\n]*|^#[^\n]*"),
+    static const QRegularExpression noCode(u"//[^\n]*|^#[^\n]*"_s,
                                            QRegularExpression::MultilineOption);
     QFile file(path);
     EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
@@ -27,20 +30,20 @@ QString codeIn(const QString &path)
 
 QString meantBy(const QString &quoted)
 {
-    static const QRegularExpression piece(QStringLiteral(R"re("((?:[^"\\\n]|\\.)*)")re"));
+    static const QRegularExpression piece(uR"re("((?:[^"\\\n]|\\.)*)")re"_s);
     QString text;
     for (const auto &match : piece.globalMatch(quoted)) {
         text += match.captured(1);
     }
-    return text.replace(QStringLiteral("\\n"), QStringLiteral("\n"))
-        .replace(QStringLiteral("\\r"), QString())
-        .replace(QStringLiteral("\\\""), QStringLiteral("\""))
+    return text.replace(u"\\n"_s, u"\n"_s)
+        .replace(u"\\r"_s, QString())
+        .replace(u"\\\""_s, u"\""_s)
         .trimmed();
 }
 
 void addLiterals(const QString &path, std::vector<Literal> &literals)
 {
-    static const QRegularExpression quoted(QStringLiteral(R"((?:u?"(?:[^"\\\n]|\\.)*"\s*)+)"));
+    static const QRegularExpression quoted(uR"((?:u?"(?:[^"\\\n]|\\.)*"\s*)+)"_s);
     constexpr qsizetype kContext = 80;
     const QString code = codeIn(path);
     for (const auto &match : quoted.globalMatch(code)) {
@@ -55,7 +58,7 @@ const std::vector<Literal> &literals()
     static const std::vector<Literal> all = [] {
         std::vector<Literal> found;
         // What main.cpp tells is no message of a screen.
-        const QStringList sources = {QStringLiteral("*.cpp"), QStringLiteral("*.h")};
+        const QStringList sources = {u"*.cpp"_s, u"*.h"_s};
         const QDir source(QStringLiteral(TARVOLD_SOURCE));
         for (const QString &folder : source.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
             QDirIterator files(source.filePath(folder), sources, QDir::Files,
@@ -71,7 +74,7 @@ const std::vector<Literal> &literals()
 
 bool isSentence(const QString &text)
 {
-    static const QRegularExpression sentence(QStringLiteral("[A-Za-z].*[.!?](?: ?%[1-9])?$"));
+    static const QRegularExpression sentence(u"[A-Za-z].*[.!?](?: ?%[1-9])?$"_s);
     return text.contains(sentence) || (text.contains(u'\n') && text.contains(u' '));
 }
 
@@ -80,9 +83,9 @@ bool isSentence(const QString &text)
 bool isNoMessage(const Literal &literal)
 {
     static const QRegularExpression other(
-        QStringLiteral(R"((?:\.(?:help|caption|instructions) =|(?:Help|Instructions|Prompt)\[\] =|)"
-                       R"(kChanged =|newLabel\("\w+",|setText\(kHelp, QStringLiteral\()$)"));
-    static const QRegularExpression layout(QStringLiteral(R"((?:AsShown\},|return \{) \{$)"));
+        uR"((?:\.(?:help|caption|instructions) =|(?:Help|Instructions|Prompt)\[\] =|)"
+        R"(kChanged =|newLabel\("\w+",|setText\(kHelp,)$)"_s);
+    static const QRegularExpression layout(uR"((?:AsShown\},|return \{) \{$)"_s);
     return literal.before.contains(other) || literal.before.contains(layout);
 }
 
@@ -99,7 +102,7 @@ QStringList sourceLiterals()
 
 QStringList sourceMessages()
 {
-    static const QRegularExpression nothingElse(QStringLiteral("^(?:%[1-9])?$"));
+    static const QRegularExpression nothingElse(u"^(?:%[1-9])?$"_s);
     QStringList paragraphs;
     for (const Literal &literal : literals()) {
         if (isSentence(literal.text) && !isNoMessage(literal)) {

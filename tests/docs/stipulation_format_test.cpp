@@ -8,6 +8,9 @@
 #include <map>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr char kForm[] = "Form3";
@@ -26,7 +29,7 @@ protected:
     DocumentRow rowFor(int line, const char *control, const QString &value)
     {
         return {QString::number(line), this->control(kForm, control).accessibleName(),
-                QStringLiteral("Form3, ") + QLatin1StringView(control), value};
+                u"Form3, "_s + QLatin1StringView(control), value};
     }
 
     std::vector<DocumentRow> rows;
@@ -36,14 +39,13 @@ TEST_F(StipulationFormat, EveryRowIsALineOfTheForm)
 {
     std::map<int, DocumentRow> expected;
     for (const stipulationform::PlainLine &plain : stipulationform::kPlainLines) {
-        expected[plain.line] = rowFor(plain.line, plain.control, QStringLiteral("as shown"));
+        expected[plain.line] = rowFor(plain.line, plain.control, u"as shown"_s);
     }
     // These are not shown as they are.
-    expected[6] = {QStringLiteral("6"), QStringLiteral("none"), QStringLiteral("none"),
-                   QStringLiteral("always `No`")};
-    expected[8] = rowFor(8, "HScroll1", QStringLiteral("the digits"));
-    expected[17] = rowFor(17, "prominitials", QStringLiteral("`No` or the initials"));
-    expected[18] = rowFor(18, "matchquality", QStringLiteral("quality word"));
+    expected[6] = {u"6"_s, u"none"_s, u"none"_s, u"always `No`"_s};
+    expected[8] = rowFor(8, "HScroll1", u"the digits"_s);
+    expected[17] = rowFor(17, "prominitials", u"`No` or the initials"_s);
+    expected[18] = rowFor(18, "matchquality", u"quality word"_s);
 
     ASSERT_EQ(rows.size(), expected.size());
     std::size_t row = 0;

@@ -7,6 +7,9 @@
 
 /// What those who hear the commentary screen are told of tags.
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Hears what a screen reader reads out: the name of the notification, each time that it is shown.
@@ -49,7 +52,7 @@ TEST_F(Announcements, TellWhichTagWentIntoWhichLine)
 {
     click(control("Form7", "Text4"));
     chooseTag("Attacker 1 Short Name");
-    EXPECT_EQ(told(), QStringList(QStringLiteral("Inserted <att1shortname> into line 4.")));
+    EXPECT_EQ(told(), QStringList(u"Inserted <att1shortname> into line 4."_s));
 }
 
 TEST_F(Announcements, TellTheSameTwiceWhenItHappensTwice)
@@ -57,13 +60,13 @@ TEST_F(Announcements, TellTheSameTwiceWhenItHappensTwice)
     click(control("Form7", "Text10"));
     chooseTag("Attacker 1 Short Name");
     chooseTag("Attacker 1 Short Name");
-    EXPECT_EQ(told(), QStringList(2, QStringLiteral("Inserted <att1shortname> into line 10.")));
+    EXPECT_EQ(told(), QStringList(2, u"Inserted <att1shortname> into line 10."_s));
 }
 
 TEST_F(Announcements, TellThatNoLineIsMarked)
 {
     chooseTag("Attacker 1 Short Name");
-    EXPECT_EQ(told(), QStringList(QStringLiteral("No line is marked, so nothing was inserted.")));
+    EXPECT_EQ(told(), QStringList(u"No line is marked, so nothing was inserted."_s));
 }
 
 TEST_F(Announcements, TellARefusalAndWhatWentInInstead)
@@ -71,24 +74,21 @@ TEST_F(Announcements, TellARefusalAndWhatWentInInstead)
     click(control("Form7", "Text1"));
     chooseTag("Attacker 1 Short Name");
     listener->told.clear();
-    boxes.expectNotice(title(),
-                       QStringLiteral("You have the receiver's manager name as 'N/A' or 'None', "
-                                      "which means you can't involve the receiver's manager in "
-                                      "this finish."));
+    boxes.expectNotice(title(), u"You have the receiver's manager name as 'N/A' or 'None', "
+                                "which means you can't involve the receiver's manager in "
+                                "this finish."_s);
     chooseTag("Receiver's Manager Name");
-    EXPECT_EQ(told(),
-              QStringList(QStringLiteral("Tag refused. Inserted <att1shortname> into line 1.")));
+    EXPECT_EQ(told(), QStringList(u"Tag refused. Inserted <att1shortname> into line 1."_s));
 }
 
 TEST_F(Announcements, TellARefusalOfTheFirstTag)
 {
     click(control("Form7", "Text1"));
-    boxes.expectNotice(title(),
-                       QStringLiteral("You have the receiver's manager name as 'N/A' or 'None', "
-                                      "which means you can't involve the receiver's manager in "
-                                      "this finish."));
+    boxes.expectNotice(title(), u"You have the receiver's manager name as 'N/A' or 'None', "
+                                "which means you can't involve the receiver's manager in "
+                                "this finish."_s);
     chooseTag("Receiver's Manager Name");
-    EXPECT_EQ(told(), QStringList(QStringLiteral("Tag refused. Nothing was inserted.")));
+    EXPECT_EQ(told(), QStringList(u"Tag refused. Nothing was inserted."_s));
 }
 
 TEST_F(Announcements, AreNotRepeatedWhenTheScreenComesBack)

@@ -7,6 +7,9 @@
 #include <QPushButton>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Side
@@ -47,12 +50,12 @@ TEST_P(Sides, FieldsBearTheirCaptionsAndLists)
 
 TEST_P(Sides, BearsItsHeadingNoteAndButtons)
 {
-    EXPECT_EQ(form().windowTitle(), QStringLiteral("Tarvold 1.3 Data Editor"));
+    EXPECT_EQ(form().windowTitle(), u"Tarvold 1.3 Data Editor"_s);
     EXPECT_EQ(form().text("Label1"), QLatin1StringView(side().heading));
     EXPECT_EQ(form().text("Label14"), QLatin1StringView(side().note));
     EXPECT_TRUE(form().control("Label14").isVisible());
-    EXPECT_EQ(form().control<QPushButton>("Command1").text(), QStringLiteral("<<"));
-    EXPECT_EQ(form().control<QPushButton>("Command2").text(), QStringLiteral(">>"));
+    EXPECT_EQ(form().control<QPushButton>("Command1").text(), u"<<"_s);
+    EXPECT_EQ(form().control<QPushButton>("Command2").text(), u">>"_s);
 }
 
 TEST_P(Sides, FieldsHoldTheirEntryDefaultsAndCanBeSeen)
@@ -102,20 +105,20 @@ TEST_P(Sides, NextFillsEmptyBoxes)
     type(name(), "Text3", QString());
     press(name(), "Command2");
     expectOnly(side().next);
-    EXPECT_EQ(text(name(), "Text2"), QStringLiteral("Any"));
-    EXPECT_EQ(text(name(), "Text1"), QStringLiteral("N/A"));
-    EXPECT_EQ(text(name(), "Text3"), QStringLiteral("N/A"));
+    EXPECT_EQ(text(name(), "Text2"), u"Any"_s);
+    EXPECT_EQ(text(name(), "Text1"), u"N/A"_s);
+    EXPECT_EQ(text(name(), "Text3"), u"N/A"_s);
 }
 
 TEST_P(Sides, NextResetsGenderAndWorkerWithAnEmptiedManagerName)
 {
     type(name(), "Text1", QString());
-    choose(name(), "Combo5", QStringLiteral("Female"));
-    choose(name(), "Combo6", QStringLiteral("Yes"));
+    choose(name(), "Combo5", u"Female"_s);
+    choose(name(), "Combo6", u"Yes"_s);
     press(name(), "Command2");
-    EXPECT_EQ(text(name(), "Text1"), QStringLiteral("N/A"));
-    EXPECT_EQ(text(name(), "Combo5"), QStringLiteral("N/A"));
-    EXPECT_EQ(text(name(), "Combo6"), QStringLiteral("N/A"));
+    EXPECT_EQ(text(name(), "Text1"), u"N/A"_s);
+    EXPECT_EQ(text(name(), "Combo5"), u"N/A"_s);
+    EXPECT_EQ(text(name(), "Combo6"), u"N/A"_s);
 }
 
 TEST_P(Sides, NextKeepsGenderAndWorkerBesideAManagerName)
@@ -123,12 +126,12 @@ TEST_P(Sides, NextKeepsGenderAndWorkerBesideAManagerName)
     for (const char *manager : {"Miss Vance", " ", "None", "N/A"}) {
         SCOPED_TRACE(manager);
         type(name(), "Text1", QLatin1StringView(manager));
-        type(name(), "Combo5", QStringLiteral("my own"));
-        choose(name(), "Combo6", QStringLiteral("Yes"));
+        type(name(), "Combo5", u"my own"_s);
+        choose(name(), "Combo6", u"Yes"_s);
         press(name(), "Command2");
         EXPECT_EQ(text(name(), "Text1"), QLatin1StringView(manager));
-        EXPECT_EQ(text(name(), "Combo5"), QStringLiteral("my own"));
-        EXPECT_EQ(text(name(), "Combo6"), QStringLiteral("Yes"));
+        EXPECT_EQ(text(name(), "Combo5"), u"my own"_s);
+        EXPECT_EQ(text(name(), "Combo6"), u"Yes"_s);
         press(side().next, GetParam() == 0 ? "Command1" : "Command2");
     }
 }
@@ -136,11 +139,11 @@ TEST_P(Sides, NextKeepsGenderAndWorkerBesideAManagerName)
 TEST_P(Sides, NextLeavesBoxesOfOneSpace)
 {
     for (const char *box : {"Text1", "Text2", "Text3"}) {
-        type(name(), box, QStringLiteral(" "));
+        type(name(), box, u" "_s);
     }
     press(name(), "Command2");
     for (const char *box : {"Text1", "Text2", "Text3"}) {
-        EXPECT_EQ(text(name(), box), QStringLiteral(" ")) << box;
+        EXPECT_EQ(text(name(), box), u" "_s) << box;
     }
 }
 
@@ -159,20 +162,20 @@ TEST_P(Sides, FillsRunOnHiddenBoxesToo)
 {
     type(name(), "Text1", QString());
     type(name(), "Text3", QString());
-    choose(name(), "Combo5", QStringLiteral("Male"));
+    choose(name(), "Combo5", u"Male"_s);
     for (const char *hidden : {"Text1", "Text3", "Combo5", "Combo6"}) {
         control(name(), hidden).hide();
     }
     press(name(), "Command2");
-    EXPECT_EQ(text(name(), "Text1"), QStringLiteral("N/A"));
-    EXPECT_EQ(text(name(), "Text3"), QStringLiteral("N/A"));
-    EXPECT_EQ(text(name(), "Combo5"), QStringLiteral("N/A"));
+    EXPECT_EQ(text(name(), "Text1"), u"N/A"_s);
+    EXPECT_EQ(text(name(), "Text3"), u"N/A"_s);
+    EXPECT_EQ(text(name(), "Combo5"), u"N/A"_s);
 }
 
 TEST_P(Sides, BackAsksNothingFillsNothingAndKeepsEveryValue)
 {
     for (const ExpectedField &field : side().fields) {
-        type(name(), field.control, QLatin1StringView(field.control) + QStringLiteral("!"));
+        type(name(), field.control, QLatin1StringView(field.control) + u"!"_s);
     }
     type(name(), "Text3", QString());
     press(name(), "Command1");
@@ -180,7 +183,7 @@ TEST_P(Sides, BackAsksNothingFillsNothingAndKeepsEveryValue)
     press(side().back, "Command2");
     expectOnly(name());
     for (const ExpectedField &field : side().fields) {
-        const QString typed = QLatin1StringView(field.control) + QStringLiteral("!");
+        const QString typed = QLatin1StringView(field.control) + u"!"_s;
         EXPECT_EQ(text(name(), field.control),
                   qstrcmp(field.control, "Text3") == 0 ? QString() : typed);
     }
@@ -221,22 +224,22 @@ TEST_F(Receiver, BackShowsTheAttackerScreenWithAllItsValues)
 
 TEST_F(Receiver, NormalLeadsToTheNormalCommentary)
 {
-    expectNext(QStringLiteral("normal"), "Form7");
+    expectNext(u"normal"_s, "Form7");
 }
 
 TEST_F(Receiver, FeudsLeadsToTheFeudDetails)
 {
-    expectNext(QStringLiteral("feuds"), "Form8");
+    expectNext(u"feuds"_s, "Form8");
 }
 
 TEST_F(Receiver, TurnsLeadsToTheTurnDetails)
 {
-    expectNext(QStringLiteral("turns"), "Form10");
+    expectNext(u"turns"_s, "Form10");
 }
 
 TEST_F(Receiver, AnythingElseLeadsToTheTurnDetails)
 {
-    expectNext(QStringLiteral("Normal"), "Form10");
+    expectNext(u"Normal"_s, "Form10");
 }
 
 TEST_F(Receiver, NothingAtAllLeadsToTheTurnDetails)
@@ -246,7 +249,7 @@ TEST_F(Receiver, NothingAtAllLeadsToTheTurnDetails)
 
 TEST_F(Receiver, AlmostFeudsLeadsToTheTurnDetails)
 {
-    expectNext(QStringLiteral("feuds "), "Form10");
+    expectNext(u"feuds "_s, "Form10");
 }
 
 } // namespace

@@ -4,6 +4,8 @@
 
 namespace tarvold::testing {
 
+using namespace Qt::StringLiterals;
+
 inline constexpr char kSecondAttacker[] =
     "To involve a second attacker, you either need to have the attacker's name as 'Any', or enter "
     "the names of the 2 attackers, separated by a comma, on the Attacker Details screen.";
@@ -52,17 +54,12 @@ inline const ExpectedTag kTags[] = {
 };
 
 /// Texts of the deciding field with which a tag is refused, and with which it is accepted.
-inline const QStringList kRefusedNames = {
-    QStringLiteral("Rocco Vance"), QStringLiteral("any"), QStringLiteral("ANY"),
-    QStringLiteral(" "),           QStringLiteral(""),    QStringLiteral("N/A"),
-    QStringLiteral("Any ")};
-inline const QStringList kAcceptedNames = {
-    QStringLiteral("Any"), QStringLiteral("Rocco Vance,Dex Vance"), QStringLiteral(","),
-    QStringLiteral(",Dex"), QStringLiteral("Rocco,")};
-inline const QStringList kRefusedOthers = {QStringLiteral("None"), QStringLiteral("N/A")};
-inline const QStringList kAcceptedOthers = {QStringLiteral("Any"),       QStringLiteral("none"),
-                                            QStringLiteral("n/a"),       QStringLiteral("None "),
-                                            QStringLiteral(" "),         QStringLiteral(""),
-                                            QStringLiteral("The Vances")};
+inline const QStringList kRefusedNames = {u"Rocco Vance"_s, u"any"_s, u"ANY"_s, u" "_s, u""_s,
+                                          u"N/A"_s,         u"Any "_s};
+inline const QStringList kAcceptedNames = {u"Any"_s, u"Rocco Vance,Dex Vance"_s, u","_s, u",Dex"_s,
+                                           u"Rocco,"_s};
+inline const QStringList kRefusedOthers = {u"None"_s, u"N/A"_s};
+inline const QStringList kAcceptedOthers = {u"Any"_s, u"none"_s, u"n/a"_s,       u"None "_s,
+                                            u" "_s,   u""_s,     u"The Vances"_s};
 
 } // namespace tarvold::testing

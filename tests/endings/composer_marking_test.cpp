@@ -6,6 +6,9 @@
 #include <QImage>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const QColor kWhite(0xFF, 0xFF, 0xFF);
@@ -150,8 +153,8 @@ TEST_F(Marking, TheNextEntryUnmarksEveryLine)
 
 TEST_F(Marking, WithoutAMarkATagOnlyBecomesPending)
 {
-    choose("Form7", "Combo1", QStringLiteral("Receiver Full Name"));
-    EXPECT_EQ(text("Form7", "hiddenlabel"), QStringLiteral("<recfullname>"));
+    choose("Form7", "Combo1", u"Receiver Full Name"_s);
+    EXPECT_EQ(text("Form7", "hiddenlabel"), u"<recfullname>"_s);
     for (int number = 1; number <= 10; ++number) {
         EXPECT_EQ(lineText(number), QString()) << number;
     }
@@ -161,9 +164,9 @@ TEST_F(Marking, ATagGoesOnlyIntoTheLineMarkedLast)
 {
     click(lineBox(3));
     click(lineBox(5));
-    choose("Form7", "Combo1", QStringLiteral("Receiver Full Name"));
+    choose("Form7", "Combo1", u"Receiver Full Name"_s);
     for (int number = 1; number <= 10; ++number) {
-        EXPECT_EQ(lineText(number), number == 5 ? QStringLiteral("<recfullname>") : QString());
+        EXPECT_EQ(lineText(number), number == 5 ? u"<recfullname>"_s : QString());
     }
     EXPECT_EQ(yellowLines(), QList<int>{5});
 }
@@ -171,11 +174,11 @@ TEST_F(Marking, ATagGoesOnlyIntoTheLineMarkedLast)
 TEST_F(Marking, TwoTagsInTwoLinesStayWhereTheyWerePut)
 {
     click(lineBox(1));
-    choose("Form7", "Combo1", QStringLiteral("Receiver Full Name"));
+    choose("Form7", "Combo1", u"Receiver Full Name"_s);
     click(lineBox(2));
-    choose("Form7", "Combo1", QStringLiteral("Attacker 1 Short Name"));
-    EXPECT_EQ(lineText(1), QStringLiteral("<recfullname>"));
-    EXPECT_EQ(lineText(2), QStringLiteral("<att1shortname>"));
+    choose("Form7", "Combo1", u"Attacker 1 Short Name"_s);
+    EXPECT_EQ(lineText(1), u"<recfullname>"_s);
+    EXPECT_EQ(lineText(2), u"<att1shortname>"_s);
 }
 
 /// The whole program on a desktop with light text on dark windows.

@@ -6,6 +6,9 @@
 #include <QPushButton>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class Composer : public EndingTest
@@ -39,16 +42,15 @@ protected:
 
 TEST_F(Composer, BearsItsCaptionHeadingInstructionsAndButtons)
 {
-    EXPECT_EQ(screen("Form7").windowTitle(), QStringLiteral("Tarvold 1.3 Data Editor"));
-    EXPECT_EQ(text("Form7", "Label1"), QStringLiteral("THE MATCH FINISH"));
+    EXPECT_EQ(screen("Form7").windowTitle(), u"Tarvold 1.3 Data Editor"_s);
+    EXPECT_EQ(text("Form7", "Label1"), u"THE MATCH FINISH"_s);
     EXPECT_EQ(text("Form7", "Label3"),
-              QStringLiteral("Here you have up to 10 lines of commentary which you can type in for "
-                             "this match ending. Where specific details are needed, such as a "
-                             "wrestler's name, click on the list above to insert the relevant "
-                             "code."));
-    EXPECT_EQ(screen("Form7").control<QPushButton>("Command1").text(),
-              QStringLiteral("Add This Finish"));
-    EXPECT_EQ(screen("Form7").control<QPushButton>("Command2").text(), QStringLiteral("<<"));
+              u"Here you have up to 10 lines of commentary which you can type in for "
+              "this match ending. Where specific details are needed, such as a "
+              "wrestler's name, click on the list above to insert the relevant "
+              "code."_s);
+    EXPECT_EQ(screen("Form7").control<QPushButton>("Command1").text(), u"Add This Finish"_s);
+    EXPECT_EQ(screen("Form7").control<QPushButton>("Command2").text(), u"<<"_s);
 }
 
 TEST_F(Composer, TheTagListStandsAboveItsInstructionsAndTheLinesFollowFromTopToBottom)
@@ -69,7 +71,7 @@ TEST_F(Composer, TheTagListOffersItsItemsInOrder)
     for (int row = 0; row < list.count(); ++row) {
         EXPECT_EQ(list.itemText(row), QLatin1StringView(kTags[row].item));
     }
-    EXPECT_EQ(list.currentText(), QStringLiteral("Attacker 1 Full Name"));
+    EXPECT_EQ(list.currentText(), u"Attacker 1 Full Name"_s);
 }
 
 TEST_F(Composer, ThePendingTagIsHiddenAndStartsEmpty)
@@ -83,7 +85,7 @@ TEST_F(Composer, EveryAcceptedTagIsInserted)
     for (const ExpectedTag &tag : kTags) {
         SCOPED_TRACE(tag.item);
         if (tag.box != nullptr) {
-            given(tag.screen, tag.box, QStringLiteral("Any"));
+            given(tag.screen, tag.box, u"Any"_s);
         }
         EXPECT_EQ(insertedBy(tag), QLatin1StringView(tag.tag));
         EXPECT_EQ(pending(), QLatin1StringView(tag.tag));
@@ -117,8 +119,8 @@ TEST_F(Composer, ATagIsRefusedWithItsMessageAndThePendingTagComesInstead)
             SCOPED_TRACE(std::string(tag.item) + ": " + excluded.toStdString());
             given(tag.screen, tag.box, excluded);
             expectRefusal(tag.message);
-            EXPECT_EQ(insertedBy(tag), QStringLiteral("<titlename>"));
-            EXPECT_EQ(pending(), QStringLiteral("<titlename>"));
+            EXPECT_EQ(insertedBy(tag), u"<titlename>"_s);
+            EXPECT_EQ(pending(), u"<titlename>"_s);
         }
     }
 }
@@ -128,12 +130,12 @@ TEST_F(Composer, OneFieldDecidesAndNoOther)
     for (const ExpectedTag &tag : kTags) {
         SCOPED_TRACE(tag.item);
         for (const char *screen : {"Form5", "Form6"}) {
-            given(screen, "Text2", QStringLiteral("Rocco Vance"));
-            given(screen, "Text1", QStringLiteral("None"));
-            given(screen, "Text3", QStringLiteral("N/A"));
+            given(screen, "Text2", u"Rocco Vance"_s);
+            given(screen, "Text1", u"None"_s);
+            given(screen, "Text3", u"N/A"_s);
         }
         if (tag.box != nullptr) {
-            given(tag.screen, tag.box, QStringLiteral("Any"));
+            given(tag.screen, tag.box, u"Any"_s);
         }
         EXPECT_EQ(insertedBy(tag), QLatin1StringView(tag.tag));
     }
@@ -141,10 +143,10 @@ TEST_F(Composer, OneFieldDecidesAndNoOther)
 
 TEST_F(Composer, AfterARefusalNothingComesWhenNoTagWasEverAccepted)
 {
-    type("Form7", "Text2", QStringLiteral("By "));
+    type("Form7", "Text2", u"By "_s);
     expectRefusal(kAttackersManager);
     chooseTag("Attacker's Manager Name");
-    EXPECT_EQ(text("Form7", "Text2"), QStringLiteral("By "));
+    EXPECT_EQ(text("Form7", "Text2"), u"By "_s);
     EXPECT_EQ(pending(), QString());
 }
 
@@ -152,16 +154,16 @@ TEST_F(Composer, TheSecondAttackerNeedsTwoNames)
 {
     press("Form7", "Command2");
     press("Form6", "Command1");
-    type("Form5", "Text2", QStringLiteral("Rocco Vance,Dex Vance"));
+    type("Form5", "Text2", u"Rocco Vance,Dex Vance"_s);
     press("Form5", "Command2");
     press("Form6", "Command2");
-    type("Form7", "Text1", QStringLiteral("And "));
+    type("Form7", "Text1", u"And "_s);
     chooseTag("Attacker 2 Full Name");
-    EXPECT_EQ(text("Form7", "Text1"), QStringLiteral("And <att2fullname>"));
-    given("Form5", "Text2", QStringLiteral("Rocco Vance"));
+    EXPECT_EQ(text("Form7", "Text1"), u"And <att2fullname>"_s);
+    given("Form5", "Text2", u"Rocco Vance"_s);
     expectRefusal(kSecondAttacker);
     chooseTag("Attacker 2 Short Name");
-    EXPECT_EQ(text("Form7", "Text1"), QStringLiteral("And <att2fullname><att2fullname>"));
+    EXPECT_EQ(text("Form7", "Text1"), u"And <att2fullname><att2fullname>"_s);
 }
 
 TEST_F(Composer, AStableMemberNeedsAStable)
@@ -169,33 +171,33 @@ TEST_F(Composer, AStableMemberNeedsAStable)
     type("Form7", "Text1", QString());
     expectRefusal(kAttackersStable);
     chooseTag("Attacker's Stable Member 1");
-    given("Form5", "Text3", QStringLiteral("Any"));
+    given("Form5", "Text3", u"Any"_s);
     chooseTag("Attacker's Stable Member 1");
-    EXPECT_EQ(text("Form7", "Text1"), QStringLiteral("<attstablemem1>"));
+    EXPECT_EQ(text("Form7", "Text1"), u"<attstablemem1>"_s);
 }
 
 TEST_F(Composer, ATagGoesToTheEndWhereverTheCursorIs)
 {
-    type("Form7", "Text4", QStringLiteral("Pinned by "));
+    type("Form7", "Text4", u"Pinned by "_s);
     QTest::keyClick(&control("Form7", "Text4"), Qt::Key_Home);
     chooseTag("Receiver Full Name");
-    EXPECT_EQ(text("Form7", "Text4"), QStringLiteral("Pinned by <recfullname>"));
+    EXPECT_EQ(text("Form7", "Text4"), u"Pinned by <recfullname>"_s);
 }
 
 TEST_F(Composer, ATagReplacesNothingThatIsSelected)
 {
-    type("Form7", "Text4", QStringLiteral("Pinned by "));
+    type("Form7", "Text4", u"Pinned by "_s);
     screen("Form7").control<QLineEdit>("Text4").selectAll();
     chooseTag("Receiver Full Name");
-    EXPECT_EQ(text("Form7", "Text4"), QStringLiteral("Pinned by <recfullname>"));
+    EXPECT_EQ(text("Form7", "Text4"), u"Pinned by <recfullname>"_s);
 }
 
 TEST_F(Composer, AnInsertedTagCanBeUndone)
 {
-    type("Form7", "Text4", QStringLiteral("Pinned by "));
+    type("Form7", "Text4", u"Pinned by "_s);
     chooseTag("Receiver Full Name");
-    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral(", late"));
-    EXPECT_EQ(text("Form7", "Text4"), QStringLiteral("Pinned by <recfullname>, late"));
+    QTest::keyClicks(QApplication::focusWidget(), u", late"_s);
+    EXPECT_EQ(text("Form7", "Text4"), u"Pinned by <recfullname>, late"_s);
     for (const char *left : {"Pinned by <recfullname>", "Pinned by "}) {
         QTest::keySequence(screen("Form7").windowHandle(), QKeySequence::Undo);
         EXPECT_EQ(text("Form7", "Text4"), QLatin1StringView(left));
@@ -207,35 +209,35 @@ TEST_F(Composer, ChoosingTheItemAlreadyShownInsertsItAgain)
     type("Form7", "Text1", QString());
     chooseTag("Attacker 1 Full Name");
     chooseTag("Attacker 1 Full Name");
-    EXPECT_EQ(text("Form7", "Text1"), QStringLiteral("<att1fullname><att1fullname>"));
+    EXPECT_EQ(text("Form7", "Text1"), u"<att1fullname><att1fullname>"_s);
 }
 
 TEST_F(Composer, WheelAndArrowKeysOnTheClosedTagListChooseNothing)
 {
-    type("Form7", "Text1", QStringLiteral("Line"));
+    type("Form7", "Text1", u"Line"_s);
     QWidget &list = control("Form7", "Combo1");
     list.setFocus();
     turnWheel(list, -1);
     turnWheel(list, 1);
     QTest::keyClick(&list, Qt::Key_Up);
     QTest::keyClick(&list, Qt::Key_PageDown);
-    EXPECT_EQ(text("Form7", "Text1"), QStringLiteral("Line"));
-    EXPECT_EQ(text("Form7", "Combo1"), QStringLiteral("Attacker 1 Full Name"));
+    EXPECT_EQ(text("Form7", "Text1"), u"Line"_s);
+    EXPECT_EQ(text("Form7", "Combo1"), u"Attacker 1 Full Name"_s);
     EXPECT_EQ(pending(), QString());
 }
 
 TEST_F(Composer, ThePendingTagSurvivesASaveAndTheNextEntry)
 {
-    type("Form7", "Text1", QStringLiteral("The end."));
+    type("Form7", "Text1", u"The end."_s);
     chooseTag("Receiver's Finisher Name");
     save();
-    EXPECT_EQ(pending(), QStringLiteral("<recfinisher>"));
+    EXPECT_EQ(pending(), u"<recfinisher>"_s);
     goTo("Form7");
-    EXPECT_EQ(pending(), QStringLiteral("<recfinisher>"));
+    EXPECT_EQ(pending(), u"<recfinisher>"_s);
     type("Form7", "Text1", QString());
     expectRefusal(kReceiversManager);
     chooseTag("Receiver's Manager Name");
-    EXPECT_EQ(text("Form7", "Text1"), QStringLiteral("<recfinisher>"));
+    EXPECT_EQ(text("Form7", "Text1"), u"<recfinisher>"_s);
 }
 
 } // namespace

@@ -5,6 +5,9 @@
 #include <span>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class EndingEntry : public EndingTest
@@ -18,17 +21,17 @@ protected:
     void changeEverything()
     {
         for (const ExpectedValue &row : kCriteria) {
-            screens().setText({"Form4", row.control}, QStringLiteral("changed"));
+            screens().setText({"Form4", row.control}, u"changed"_s);
         }
         for (const char *screen : {"Form5", "Form6"}) {
             for (const ExpectedValue &row : kSides) {
-                screens().setText({screen, row.control}, QStringLiteral("changed"));
+                screens().setText({screen, row.control}, u"changed"_s);
             }
         }
-        screens().setText({"Form7", "Combo1"}, QStringLiteral("changed"));
+        screens().setText({"Form7", "Combo1"}, u"changed"_s);
         for (int line = 1; line <= 10; ++line) {
             const QByteArray name = "Text" + QByteArray::number(line);
-            screens().setText({"Form7", name.constData()}, QStringLiteral("changed"));
+            screens().setText({"Form7", name.constData()}, u"changed"_s);
         }
     }
 
@@ -45,16 +48,16 @@ protected:
 TEST_F(EndingEntry, NormalEntryResetsItsScreens)
 {
     changeEverything();
-    screens().setText({"Form1", "matchreports"}, QStringLiteral("turns"));
-    screens().setText({"Form7", "hiddenlabel"}, QStringLiteral("<recfullname>"));
+    screens().setText({"Form1", "matchreports"}, u"turns"_s);
+    screens().setText({"Form7", "hiddenlabel"}, u"<recfullname>"_s);
     press("Form1", "Command3");
     expectOnly("Form4");
-    EXPECT_EQ(text("Form1", "matchreports"), QStringLiteral("normal"));
+    EXPECT_EQ(text("Form1", "matchreports"), u"normal"_s);
     expectNormal("Form4", kCriteria);
     expectNormal("Form5", kSides);
     expectNormal("Form6", kSides);
-    EXPECT_EQ(text("Form7", "Combo1"), QStringLiteral("Attacker 1 Full Name"));
-    EXPECT_EQ(text("Form7", "hiddenlabel"), QStringLiteral("<recfullname>"));
+    EXPECT_EQ(text("Form7", "Combo1"), u"Attacker 1 Full Name"_s);
+    EXPECT_EQ(text("Form7", "hiddenlabel"), u"<recfullname>"_s);
     for (int line = 1; line <= 10; ++line) {
         const QByteArray name = "Text" + QByteArray::number(line);
         EXPECT_EQ(text("Form7", name.constData()), QString()) << line;
@@ -67,9 +70,9 @@ TEST_F(EndingEntry, NormalEntryShowsWhatATurnHadHidden)
         for (const char *control : kHiddenForTurns) {
             this->control(screen, control).hide();
         }
-        screens().setText({screen, "Text1"}, QStringLiteral("Any"));
-        screens().setText({screen, "Combo3"}, QStringLiteral("Heel"));
-        screens().setText({screen, "Text3"}, QStringLiteral("The Vances"));
+        screens().setText({screen, "Text1"}, u"Any"_s);
+        screens().setText({screen, "Combo3"}, u"Heel"_s);
+        screens().setText({screen, "Text3"}, u"The Vances"_s);
     }
     control("Form4", "Combo3").hide();
     control("Form4", "Combo12").show();
@@ -92,11 +95,11 @@ TEST_F(EndingEntry, ANormalEntryReplacesATypedName)
 {
     press("Form1", "Command3");
     press("Form4", "Command2");
-    type("Form5", "Text2", QStringLiteral("Rocco Vance"));
+    type("Form5", "Text2", u"Rocco Vance"_s);
     press("Form5", "Command1");
     leave();
     press("Form1", "Command3");
-    EXPECT_EQ(text("Form5", "Text2"), QStringLiteral("Any"));
+    EXPECT_EQ(text("Form5", "Text2"), u"Any"_s);
 }
 
 TEST_F(EndingEntry, SettingTheTagListInsertsNothing)

@@ -1,6 +1,9 @@
 #include "support/flow_test.h"
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The flows of match endings: each kind's way, and all of them in one run of the program.
@@ -26,10 +29,10 @@ protected:
 TEST_F(EndingFlows, ATurnAfterANormalEndingAfterARunIn)
 {
     goTo(kRunInPath, "Form5");
-    fill("Form5", {{"Text2", QStringLiteral("Rocco Vance")},
-                   {"Combo3", QStringLiteral("Heel")},
-                   {"Text1", QStringLiteral("Manny")},
-                   {"Text3", QStringLiteral("The Vances")}});
+    fill("Form5", {{"Text2", u"Rocco Vance"_s},
+                   {"Combo3", u"Heel"_s},
+                   {"Text1", u"Manny"_s},
+                   {"Text3", u"The Vances"_s}});
     press("Form5", "Command2");
     press("Form6", "Command2");
     press("Form8", "Command2");
@@ -55,7 +58,7 @@ TEST_F(EndingFlows, ATurnAfterANormalEndingAfterARunIn)
 TEST_F(EndingFlows, ARunInAfterATurnStartsWithTheNamesOfTheTurn)
 {
     goTo(kTurnPath, "Form5");
-    type("Form5", "Text2", QStringLiteral("Dex Vance"));
+    type("Form5", "Text2", u"Dex Vance"_s);
     press("Form5", "Command2");
     press("Form6", "Command2");
     press("Form10", "Command2");
@@ -91,23 +94,22 @@ TEST_F(EndingFlows, EachKindKeepsALastAcceptedTagOfItsOwnThatNoEntryClears)
         press("Form1", flow->button);
         leave(*flow);
     }
-    EXPECT_EQ(text("Form7", "hiddenlabel"), QStringLiteral("<titlename>"));
-    EXPECT_EQ(text("Form9", "hiddenlabel"), QStringLiteral("<feudname1>"));
-    EXPECT_EQ(text("Form11", "hiddenlabel"), QStringLiteral("<wrestler2>"));
+    EXPECT_EQ(text("Form7", "hiddenlabel"), u"<titlename>"_s);
+    EXPECT_EQ(text("Form9", "hiddenlabel"), u"<feudname1>"_s);
+    EXPECT_EQ(text("Form11", "hiddenlabel"), u"<wrestler2>"_s);
 }
 
 TEST_F(EndingFlows, ARefusalAfterANewEntryInsertsTheTagOfTheLastEnding)
 {
     goToCommentary(kRunInPath);
-    choose("Form9", "Combo1", QStringLiteral("Interfering's Finisher Name"));
+    choose("Form9", "Combo1", u"Interfering's Finisher Name"_s);
     saveWith(kRunInPath, "The end");
     goToCommentary(kRunInPath);
-    type("Form9", "Text1", QStringLiteral("By "));
-    boxes.expectNotice(
-        QStringLiteral("Tarvold"),
-        QStringLiteral("Interfering Team Name can only be used if the feud type is Tag Team."));
-    choose("Form9", "Combo1", QStringLiteral("Interfering Team Name"));
-    EXPECT_EQ(text("Form9", "Text1"), QStringLiteral("By <feudfinisher>"));
+    type("Form9", "Text1", u"By "_s);
+    boxes.expectNotice(u"Tarvold"_s,
+                       u"Interfering Team Name can only be used if the feud type is Tag Team."_s);
+    choose("Form9", "Combo1", u"Interfering Team Name"_s);
+    EXPECT_EQ(text("Form9", "Text1"), u"By <feudfinisher>"_s);
 }
 
 TEST_F(EndingFlows, ChoosingAMatchTypeSetsTheFeudTypeInRunInsAndInTurns)
@@ -119,7 +121,7 @@ TEST_F(EndingFlows, ChoosingAMatchTypeSetsTheFeudTypeInRunInsAndInTurns)
     for (const FlowPath *flow : {&kRunInPath, &kTurnPath}) {
         goTo(*flow, "Form4");
         for (const auto &[matchType, feudType] : choices) {
-            given("Form8", "Combo3", QStringLiteral("something else"));
+            given("Form8", "Combo3", u"something else"_s);
             choose("Form4", "Combo12", QLatin1StringView(matchType));
             EXPECT_EQ(text("Form8", "Combo3"), QLatin1StringView(feudType)) << flow->button;
         }
@@ -130,9 +132,9 @@ TEST_F(EndingFlows, ChoosingAMatchTypeSetsTheFeudTypeInRunInsAndInTurns)
 TEST_F(EndingFlows, TypingAMatchTypeLeavesTheFeudType)
 {
     goTo(kRunInPath, "Form4");
-    type("Form4", "Combo12", QStringLiteral("Women's Tag Team"));
+    type("Form4", "Combo12", u"Women's Tag Team"_s);
     press("Form4", "Command2");
-    EXPECT_EQ(text("Form8", "Combo3"), QStringLiteral("Singles"));
+    EXPECT_EQ(text("Form8", "Combo3"), u"Singles"_s);
 }
 
 TEST_F(EndingFlows, ChoosingAMatchTypeShowsNoHelp)
@@ -141,9 +143,9 @@ TEST_F(EndingFlows, ChoosingAMatchTypeShowsNoHelp)
         goTo(*flow, "Form4");
         expectActive(screen("Form4"));
         control("Form4", "Combo12").setFocus(Qt::TabFocusReason);
-        given("Form4", "Label2", QStringLiteral("what was shown before"));
-        choose("Form4", "Combo12", QStringLiteral("Women's Match"));
-        EXPECT_EQ(text("Form4", "Label2"), QStringLiteral("what was shown before"));
+        given("Form4", "Label2", u"what was shown before"_s);
+        choose("Form4", "Combo12", u"Women's Match"_s);
+        EXPECT_EQ(text("Form4", "Label2"), u"what was shown before"_s);
         leave(*flow);
     }
 }
@@ -158,26 +160,23 @@ TEST_F(EndingFlows, AnyOtherFlowLabelLeadsToTheTurnScreens)
         press("Form10", "Command1");
         expectOnly("Form6");
     }
-    given("Form1", "matchreports", QStringLiteral("feuds"));
+    given("Form1", "matchreports", u"feuds"_s);
     press("Form6", "Command2");
     expectOnly("Form8");
     press("Form8", "Command1");
-    given("Form1", "matchreports", QStringLiteral("normal"));
+    given("Form1", "matchreports", u"normal"_s);
     press("Form6", "Command2");
     expectOnly("Form7");
 }
 
 TEST_F(EndingFlows, ASaveClearsNothingOnAnyScreen)
 {
-    const std::vector<Entry> feud = {{"Combo3", QStringLiteral("Tag Team")},
-                                     {"Text2", QStringLiteral("Rocco Vance,Dex Vance")},
-                                     {"HScroll1", QStringLiteral("20")}};
-    const std::vector<Entry> turn = {{"Combo2", QStringLiteral("Turning Heel")},
-                                     {"Combo6", QStringLiteral("Yes")}};
-    const std::vector<Entry> criteria = {{"Combo12", QStringLiteral("Women's Match")},
-                                         {"Text2", QStringLiteral("Ladder Match")}};
-    const std::vector<Entry> side = {{"Text2", QStringLiteral("Ann")},
-                                     {"Combo7", QStringLiteral("Pin")}};
+    const std::vector<Entry> feud = {
+        {"Combo3", u"Tag Team"_s}, {"Text2", u"Rocco Vance,Dex Vance"_s}, {"HScroll1", u"20"_s}};
+    const std::vector<Entry> turn = {{"Combo2", u"Turning Heel"_s}, {"Combo6", u"Yes"_s}};
+    const std::vector<Entry> criteria = {{"Combo12", u"Women's Match"_s},
+                                         {"Text2", u"Ladder Match"_s}};
+    const std::vector<Entry> side = {{"Text2", u"Ann"_s}, {"Combo7", u"Pin"_s}};
     for (const FlowPath *flow : {&kRunInPath, &kTurnPath}) {
         const char *own = flow->screens[3];
         const std::vector<Entry> &values = flow == &kRunInPath ? feud : turn;
@@ -216,11 +215,11 @@ TEST_F(EndingFlows, ClosingAWindowAsksAndYesLeadsToTheMainMenu)
 TEST_F(EndingFlows, AnsweringNoKeepsTheFirstScreenWithItsValues)
 {
     goTo(kTurnPath, "Form4");
-    type("Form4", "Text2", QStringLiteral("Ladder Match"));
+    type("Form4", "Text2", u"Ladder Match"_s);
     expectReturnQuestion(Answer::No);
     press("Form4", "Command1");
     expectOnly("Form4");
-    EXPECT_EQ(text("Form4", "Text2"), QStringLiteral("Ladder Match"));
+    EXPECT_EQ(text("Form4", "Text2"), u"Ladder Match"_s);
 }
 
 } // namespace

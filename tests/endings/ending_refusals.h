@@ -4,23 +4,19 @@
 
 namespace tarvold::testing {
 
-inline const QStringList kExcluded = {QStringLiteral("None"), QStringLiteral("N/A")};
-inline const QStringList kNotExcluded = {QStringLiteral("none"),
-                                         QStringLiteral("n/a"),
-                                         QStringLiteral("NONE"),
-                                         QStringLiteral("None "),
-                                         QStringLiteral(" "),
-                                         QStringLiteral("Any"),
-                                         {}};
+using namespace Qt::StringLiterals;
+
+inline const QStringList kExcluded = {u"None"_s, u"N/A"_s};
+inline const QStringList kNotExcluded = {u"none"_s, u"n/a"_s, u"NONE"_s, u"None "_s,
+                                         u" "_s,    u"Any"_s, {}};
 
 inline const RefusalRow kSecondAttacker = {
     {"Form5", "Text2"},
     "To involve a second attacker, you either need to have the attacker's name as 'Any', or enter "
     "the names of the 2 attackers, separated by a comma, on the Attacker Details screen.",
     "Tarvold Data Editor",
-    {QStringLiteral("Rocco Vance"), QStringLiteral("any"), QStringLiteral(" "), {}},
-    {QStringLiteral("Any"), QStringLiteral("Rocco Vance,Dex Vance"), QStringLiteral(","),
-     QStringLiteral(",Dex"), QStringLiteral("Rocco,")}};
+    {u"Rocco Vance"_s, u"any"_s, u" "_s, {}},
+    {u"Any"_s, u"Rocco Vance,Dex Vance"_s, u","_s, u",Dex"_s, u"Rocco,"_s}};
 inline const RefusalRow kAttackersManager = {
     {"Form5", "Text1"},
     "You have the attacker's manager name as 'N/A' or 'None', which means you can't involve the "
@@ -50,10 +46,9 @@ inline const RefusalRow kReceiversStable = {
     kExcluded,
     kNotExcluded};
 
-inline const QStringList kSinglesFeud = {QStringLiteral("Singles")};
-inline const QStringList kOtherFeuds = {QStringLiteral("Tag Team"),   QStringLiteral("singles"),
-                                        QStringLiteral("Singles "),   QStringLiteral("SINGLES"),
-                                        QStringLiteral("Blood feud"), {}};
+inline const QStringList kSinglesFeud = {u"Singles"_s};
+inline const QStringList kOtherFeuds = {u"Tag Team"_s, u"singles"_s,    u"Singles "_s,
+                                        u"SINGLES"_s,  u"Blood feud"_s, {}};
 
 /// These two bear the shorter title.
 inline const RefusalRow kSecondInterferer = {

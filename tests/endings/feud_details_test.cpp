@@ -6,6 +6,9 @@
 #include <QPushButton>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The scroll bar apart.
@@ -91,16 +94,16 @@ protected:
 
 TEST_F(FeudDetails, BearsItsCaptionHeadingAndButtons)
 {
-    EXPECT_EQ(screen("Form8").windowTitle(), QStringLiteral("Tarvold 1.3 Data Editor"));
-    EXPECT_EQ(text("Form8", "Label1"), QStringLiteral("FEUD DETAILS"));
-    EXPECT_EQ(screen("Form8").control<QPushButton>("Command1").text(), QStringLiteral("<<"));
-    EXPECT_EQ(screen("Form8").control<QPushButton>("Command2").text(), QStringLiteral(">>"));
+    EXPECT_EQ(screen("Form8").windowTitle(), u"Tarvold 1.3 Data Editor"_s);
+    EXPECT_EQ(text("Form8", "Label1"), u"FEUD DETAILS"_s);
+    EXPECT_EQ(screen("Form8").control<QPushButton>("Command1").text(), u"<<"_s);
+    EXPECT_EQ(screen("Form8").control<QPushButton>("Command2").text(), u">>"_s);
 }
 
 TEST_F(FeudDetails, FieldsHaveTheirCaptionsAndLists)
 {
     expectFields(screen("Form8"), kFields);
-    EXPECT_EQ(text("Form8", "Label7"), QStringLiteral("Feud Heat Increase"));
+    EXPECT_EQ(text("Form8", "Label7"), u"Feud Heat Increase"_s);
 }
 
 TEST_F(FeudDetails, FieldsStandBelowEachOtherInTheirOrder)
@@ -112,15 +115,15 @@ TEST_F(FeudDetails, FieldsStandBelowEachOtherInTheirOrder)
 TEST_F(FeudDetails, EntryGivesItsValues)
 {
     expectFreshTexts(screen("Form8"), kFields);
-    expectTexts("Form8", {{"HScroll1", QStringLiteral("10")}, {"Label8", QStringLiteral("10%")}});
+    expectTexts("Form8", {{"HScroll1", u"10"_s}, {"Label8", u"10%"_s}});
 }
 
 TEST_F(FeudDetails, AFieldShowsItsHelpWhenTabReachesIt)
 {
     expectHelpOnFocus(screen("Form8"), "Label13", kFields);
     tabTo(screen("Form8"), "HScroll1");
-    EXPECT_EQ(help(), QStringLiteral("Feud Heat Increase ~ This is how much the feud bar will "
-                                     "increase when this match ending takes place."));
+    EXPECT_EQ(help(), u"Feud Heat Increase ~ This is how much the feud bar will "
+                      "increase when this match ending takes place."_s);
 }
 
 TEST_F(FeudDetails, AClickInAFieldThatHasTheFocusShowsNoHelp)
@@ -158,7 +161,7 @@ TEST_F(FeudDetails, NoControlShowsTheHelpOfAFieldThatItDoesNotHave)
 
 TEST_F(FeudDetails, ForTelevisedShowsOffersNoNo)
 {
-    EXPECT_EQ(combo("Form8", "Combo5").findText(QStringLiteral("No")), -1);
+    EXPECT_EQ(combo("Form8", "Combo5").findText(u"No"_s), -1);
 }
 
 TEST_F(FeudDetails, NextPutsAnyIntoTheNameLeftEmpty)
@@ -166,14 +169,14 @@ TEST_F(FeudDetails, NextPutsAnyIntoTheNameLeftEmpty)
     type("Form8", "Text2", {});
     press("Form8", "Command2");
     expectOnly("Form9");
-    EXPECT_EQ(text("Form8", "Text2"), QStringLiteral("Any"));
+    EXPECT_EQ(text("Form8", "Text2"), u"Any"_s);
 }
 
 TEST_F(FeudDetails, NextKeepsANameOfOnlySpaces)
 {
-    type("Form8", "Text2", QStringLiteral("  "));
+    type("Form8", "Text2", u"  "_s);
     press("Form8", "Command2");
-    EXPECT_EQ(text("Form8", "Text2"), QStringLiteral("  "));
+    EXPECT_EQ(text("Form8", "Text2"), u"  "_s);
 }
 
 TEST_F(FeudDetails, BackFillsNothing)
@@ -186,14 +189,11 @@ TEST_F(FeudDetails, BackFillsNothing)
 
 TEST_F(FeudDetails, BackAndForwardAgainKeepsEveryValueChosen)
 {
-    const std::vector<Entry> chosen = {{"Combo3", QStringLiteral("Tag Team")},
-                                       {"Text2", QStringLiteral("Rocco Vance,Dex Vance")},
-                                       {"Combo1", QStringLiteral("Heel")},
-                                       {"Combo2", QStringLiteral("Big Man")},
-                                       {"Combo7", QStringLiteral("Submission")},
-                                       {"Combo4", QStringLiteral("Winners")},
-                                       {"HScroll1", QStringLiteral("33")},
-                                       {"Combo5", QStringLiteral("Yes")}};
+    const std::vector<Entry> chosen = {
+        {"Combo3", u"Tag Team"_s},   {"Text2", u"Rocco Vance,Dex Vance"_s},
+        {"Combo1", u"Heel"_s},       {"Combo2", u"Big Man"_s},
+        {"Combo7", u"Submission"_s}, {"Combo4", u"Winners"_s},
+        {"HScroll1", u"33"_s},       {"Combo5", u"Yes"_s}};
     fill("Form8", chosen);
     press("Form8", "Command1");
     press("Form6", "Command2");
@@ -203,7 +203,7 @@ TEST_F(FeudDetails, BackAndForwardAgainKeepsEveryValueChosen)
     press("Form9", "Command2");
     expectOnly("Form8");
     expectTexts("Form8", chosen);
-    EXPECT_EQ(text("Form8", "Label8"), QStringLiteral(" 33%"));
+    EXPECT_EQ(text("Form8", "Label8"), u" 33%"_s);
 }
 
 TEST_F(FeudDetails, HelpIsEmptyBeforeAnyFieldWasEntered)
@@ -211,8 +211,8 @@ TEST_F(FeudDetails, HelpIsEmptyBeforeAnyFieldWasEntered)
     Screens screens;
     Form8 untouched(screens);
     EXPECT_EQ(untouched.text("Label13"), QString());
-    EXPECT_EQ(untouched.text("Label8"), QStringLiteral("100%"));
-    EXPECT_EQ(untouched.text("Text2"), QStringLiteral("Any"));
+    EXPECT_EQ(untouched.text("Label8"), u"100%"_s);
+    EXPECT_EQ(untouched.text("Text2"), u"Any"_s);
 }
 
 } // namespace

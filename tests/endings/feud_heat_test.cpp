@@ -4,6 +4,9 @@
 #include <QScrollBar>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class FeudHeat : public HeatTest
@@ -14,18 +17,18 @@ protected:
 
 TEST_F(FeudHeat, ShowsTenPercentWithoutABlankOnEntry)
 {
-    EXPECT_EQ(shown(), QStringLiteral("10%"));
+    EXPECT_EQ(shown(), u"10%"_s);
 }
 
 TEST_F(FeudHeat, ShowsALeadingBlankOnceTheBarWasMoved)
 {
-    fill("Form8", {{"HScroll1", QStringLiteral("55")}});
-    EXPECT_EQ(shown(), QStringLiteral(" 55%"));
+    fill("Form8", {{"HScroll1", u"55"_s}});
+    EXPECT_EQ(shown(), u" 55%"_s);
     tabTo(screen("Form8"), "HScroll1");
     key(Qt::Key_End);
-    EXPECT_EQ(shown(), QStringLiteral(" 100%"));
+    EXPECT_EQ(shown(), u" 100%"_s);
     key(Qt::Key_Home);
-    EXPECT_EQ(shown(), QStringLiteral(" 1%"));
+    EXPECT_EQ(shown(), u" 1%"_s);
 }
 
 TEST_F(FeudHeat, ShowsABlankAlsoBackAtTen)
@@ -33,12 +36,12 @@ TEST_F(FeudHeat, ShowsABlankAlsoBackAtTen)
     tabTo(screen("Form8"), "HScroll1");
     key(Qt::Key_Right);
     key(Qt::Key_Left);
-    EXPECT_EQ(shown(), QStringLiteral(" 10%"));
+    EXPECT_EQ(shown(), u" 10%"_s);
 }
 
 TEST_F(FeudHeat, TheLabelFollowsADraggedThumbOnlyWhenItIsLetGo)
 {
-    expectLabelFollowsOnlyWhenLetGo(QStringLiteral("10%"), QStringLiteral(" 100%"));
+    expectLabelFollowsOnlyWhenLetGo(u"10%"_s, u" 100%"_s);
 }
 
 TEST_F(FeudHeat, ADragThatAKeyLeadsAwayFromChangesNothing)
@@ -51,7 +54,7 @@ TEST_F(FeudHeat, ADragThatAKeyLeadsAwayFromChangesNothing)
     EXPECT_EQ(bar().value(), 10);
     EXPECT_EQ(bar().sliderPosition(), 10);
     EXPECT_FALSE(bar().isSliderDown());
-    EXPECT_EQ(shown(), QStringLiteral("10%"));
+    EXPECT_EQ(shown(), u"10%"_s);
     EXPECT_EQ(thumb(), before);
 }
 
@@ -74,11 +77,11 @@ TEST_F(FeudHeat, TheWheelTurnsItOnlyWhileItHasTheFocus)
 
 TEST_F(FeudHeat, TheNextEntryShowsTenPercentWithoutABlankAgain)
 {
-    fill("Form8", {{"HScroll1", QStringLiteral("55")}});
+    fill("Form8", {{"HScroll1", u"55"_s}});
     press("Form8", "Command2");
     goBack(kRunInPath);
     goTo(kRunInPath, "Form8");
-    EXPECT_EQ(shown(), QStringLiteral("10%"));
+    EXPECT_EQ(shown(), u"10%"_s);
     EXPECT_EQ(bar().value(), 10);
 }
 

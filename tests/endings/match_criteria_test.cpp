@@ -5,6 +5,9 @@
 #include <QPushButton>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class MatchCriteria : public EndingTest
@@ -32,10 +35,10 @@ TEST_F(MatchCriteria, FieldsBearTheirCaptionsAndLists)
 
 TEST_F(MatchCriteria, BearsItsCaptionHeadingAndButtons)
 {
-    EXPECT_EQ(form().windowTitle(), QStringLiteral("Tarvold 1.3 Data Editor"));
-    EXPECT_EQ(text("Form4", "Label1"), QStringLiteral("GENERAL DETAILS"));
-    EXPECT_EQ(form().control<QPushButton>("Command1").text(), QStringLiteral("<<"));
-    EXPECT_EQ(form().control<QPushButton>("Command2").text(), QStringLiteral(">>"));
+    EXPECT_EQ(form().windowTitle(), u"Tarvold 1.3 Data Editor"_s);
+    EXPECT_EQ(text("Form4", "Label1"), u"GENERAL DETAILS"_s);
+    EXPECT_EQ(form().control<QPushButton>("Command1").text(), u"<<"_s);
+    EXPECT_EQ(form().control<QPushButton>("Command2").text(), u">>"_s);
 }
 
 TEST_F(MatchCriteria, FieldsHoldTheirEntryDefaults)
@@ -59,7 +62,7 @@ TEST_F(MatchCriteria, BothMatchTypeListsStandInTheSamePlace)
 TEST_F(MatchCriteria, TheDesignNoteIsHidden)
 {
     EXPECT_EQ(text("Form4", "matchreports"),
-              QStringLiteral("remember there is more than 1 combo for match type"));
+              u"remember there is more than 1 combo for match type"_s);
     EXPECT_FALSE(control("Form4", "matchreports").isVisible());
 }
 
@@ -92,16 +95,16 @@ TEST_F(MatchCriteria, ChoosingInAListShowsItsHelpButNotInTheShortMatchTypes)
         }
         SCOPED_TRACE(field.control);
         control("Form4", field.control).setFocus();
-        form().setText("Label2", QStringLiteral("before"));
+        form().setText("Label2", u"before"_s);
         choose("Form4", field.control, QLatin1StringView(field.items.back()));
         EXPECT_EQ(text("Form4", "Label2"), QLatin1StringView(field.help));
         EXPECT_EQ(text("Form4", field.control), QLatin1StringView(field.items.back()));
     }
     showShortList();
     control("Form4", "Combo12").setFocus();
-    form().setText("Label2", QStringLiteral("before"));
-    pickByKeyboard(combo("Form4", "Combo12"), QStringLiteral("Tag Team"));
-    EXPECT_EQ(text("Form4", "Label2"), QStringLiteral("before"));
+    form().setText("Label2", u"before"_s);
+    pickByKeyboard(combo("Form4", "Combo12"), u"Tag Team"_s);
+    EXPECT_EQ(text("Form4", "Label2"), u"before"_s);
 }
 
 TEST_F(MatchCriteria, ButtonsLeaveTheHelpAsItIs)
@@ -116,14 +119,14 @@ TEST_F(MatchCriteria, NextFillsAnEmptyStipulation)
     type("Form4", "Text2", QString());
     press("Form4", "Command2");
     expectOnly("Form5");
-    EXPECT_EQ(text("Form4", "Text2"), QStringLiteral("Any"));
+    EXPECT_EQ(text("Form4", "Text2"), u"Any"_s);
 }
 
 TEST_F(MatchCriteria, NextLeavesAStipulationOfOneSpace)
 {
-    type("Form4", "Text2", QStringLiteral(" "));
+    type("Form4", "Text2", u" "_s);
     press("Form4", "Command2");
-    EXPECT_EQ(text("Form4", "Text2"), QStringLiteral(" "));
+    EXPECT_EQ(text("Form4", "Text2"), u" "_s);
 }
 
 TEST_F(MatchCriteria, NextChecksAndFillsNothingElse)
@@ -142,7 +145,7 @@ TEST_F(MatchCriteria, BackAndNoKeepsEveryValue)
 {
     for (const ExpectedField &field : kMatchCriteria) {
         if (control("Form4", field.control).isVisible()) {
-            type("Form4", field.control, QLatin1StringView(field.control) + QStringLiteral("!"));
+            type("Form4", field.control, QLatin1StringView(field.control) + u"!"_s);
         }
     }
     boxes.expectQuestion(title(), kReturnQuestion, Answer::No);
@@ -150,8 +153,7 @@ TEST_F(MatchCriteria, BackAndNoKeepsEveryValue)
     expectOnly("Form4");
     for (const ExpectedField &field : kMatchCriteria) {
         if (control("Form4", field.control).isVisible()) {
-            EXPECT_EQ(text("Form4", field.control),
-                      QLatin1StringView(field.control) + QStringLiteral("!"));
+            EXPECT_EQ(text("Form4", field.control), QLatin1StringView(field.control) + u"!"_s);
         }
     }
 }

@@ -4,6 +4,9 @@
 #include <QApplication>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const QByteArray kFilledRecord =
@@ -90,25 +93,25 @@ TEST_F(NormalFlow, AFilledFlowGivesItsRecord)
 {
     fillDetails();
     click(control("Form7", "Text1"));
-    choose("Form7", "Combo1", QStringLiteral("Attacker 1 Full Name"));
+    choose("Form7", "Combo1", u"Attacker 1 Full Name"_s);
     click(control("Form7", "Text1"));
     QTest::keyClick(&control("Form7", "Text1"), Qt::Key_End);
-    QTest::keyClicks(&control("Form7", "Text1"), QStringLiteral(" climbs up."));
-    type("Form7", "Text2", QStringLiteral("And "));
-    choose("Form7", "Combo1", QStringLiteral("Attacker 2 Full Name"));
+    QTest::keyClicks(&control("Form7", "Text1"), u" climbs up."_s);
+    type("Form7", "Text2", u"And "_s);
+    choose("Form7", "Combo1", u"Attacker 2 Full Name"_s);
     click(control("Form7", "Text10"));
-    choose("Form7", "Combo1", QStringLiteral("Title Name (eg. XWL Title)"));
+    choose("Form7", "Combo1", u"Title Name (eg. XWL Title)"_s);
     save();
     expectOnly("Form1");
-    EXPECT_EQ(bytesOf(QStringLiteral("normreports.tvd")), kFilledRecord);
+    EXPECT_EQ(bytesOf(u"normreports.tvd"_s), kFilledRecord);
 }
 
 TEST_F(NormalFlow, GoingBackAndForthChangesNothing)
 {
     fillDetails();
-    type("Form7", "Text1", QStringLiteral("<att1fullname> climbs up."));
-    type("Form7", "Text2", QStringLiteral("And <att2fullname>"));
-    type("Form7", "Text10", QStringLiteral("<titlename>"));
+    type("Form7", "Text1", u"<att1fullname> climbs up."_s);
+    type("Form7", "Text2", u"And <att2fullname>"_s);
+    type("Form7", "Text10", u"<titlename>"_s);
     press("Form7", "Command2");
     press("Form6", "Command1");
     press("Form5", "Command1");
@@ -116,7 +119,7 @@ TEST_F(NormalFlow, GoingBackAndForthChangesNothing)
     press("Form5", "Command2");
     press("Form6", "Command2");
     save();
-    EXPECT_EQ(bytesOf(QStringLiteral("normreports.tvd")), kFilledRecord);
+    EXPECT_EQ(bytesOf(u"normreports.tvd"_s), kFilledRecord);
 }
 
 TEST_F(NormalFlow, TheWholeFlowGoesByKeyboardAlone)
@@ -127,7 +130,7 @@ TEST_F(NormalFlow, TheWholeFlowGoesByKeyboardAlone)
     key(Qt::Key_Down, Qt::AltModifier);
     key(Qt::Key_Down);
     key(Qt::Key_Return);
-    EXPECT_EQ(text("Form4", "Combo4"), QStringLiteral("DQ"));
+    EXPECT_EQ(text("Form4", "Combo4"), u"DQ"_s);
     pressByKey("Form4", "Command2", Qt::Key_Return);
     expectOnly("Form5");
     pressByKey("Form5", "Command2", Qt::Key_Space);
@@ -143,7 +146,7 @@ TEST_F(NormalFlow, TheWholeFlowGoesByKeyboardAlone)
     EXPECT_TRUE(control("Form7", "Combo1").hasFocus());
     key(Qt::Key_Down, Qt::AltModifier);
     key(Qt::Key_Return);
-    EXPECT_EQ(text("Form7", "Text1"), QStringLiteral("<att1fullname>"));
+    EXPECT_EQ(text("Form7", "Text1"), u"<att1fullname>"_s);
     tabToControl("Form7", "Text5");
     key(Qt::Key_F4);
     key(Qt::Key_Down);
@@ -151,10 +154,10 @@ TEST_F(NormalFlow, TheWholeFlowGoesByKeyboardAlone)
     EXPECT_TRUE(control("Form7", "Text5").hasFocus());
 
     boxes.expectQuestion(title(), kSaveQuestion, Answer::Enter);
-    boxes.expectNotice(title(), QStringLiteral("Saved OK."), Answer::Enter);
+    boxes.expectNotice(title(), u"Saved OK."_s, Answer::Enter);
     pressByKey("Form7", "Command1", Qt::Key_Return);
     expectOnly("Form1");
-    const QList<QByteArray> lines = bytesOf(QStringLiteral("normreports.tvd")).split('\n');
+    const QList<QByteArray> lines = bytesOf(u"normreports.tvd"_s).split('\n');
     EXPECT_EQ(lines.size(), 37);
     EXPECT_EQ(lines.at(4), QByteArray("DQ\r"));
     EXPECT_EQ(lines.at(26), QByteArray("<att1fullname>\r"));

@@ -4,6 +4,9 @@
 #include <QDir>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const QByteArray kBlank = "-BLANK-\r\n";
@@ -48,7 +51,7 @@ protected:
         save();
     }
 
-    static QString file() { return QStringLiteral("normreports.tvd"); }
+    static QString file() { return u"normreports.tvd"_s; }
 };
 
 TEST_F(NormalSave, TheFirstSaveCreatesTheFileWithExactlyThatRecord)
@@ -86,28 +89,28 @@ TEST_F(NormalSave, EachSaveGoesToTheFileThatTheMenuNamesThen)
 {
     write("Text1", "One.");
     save();
-    type("Form1", "Text3", QStringLiteral("other.txt"));
+    type("Form1", "Text3", u"other.txt"_s);
     saveAnother("Two.");
     saveAnother("Three.");
     EXPECT_EQ(bytesOf(file()), recordWith("One."));
-    EXPECT_EQ(bytesOf(QStringLiteral("other.txt")), recordWith("Two.") + recordWith("Three."));
+    EXPECT_EQ(bytesOf(u"other.txt"_s), recordWith("Two.") + recordWith("Three."));
 }
 
 TEST_F(NormalSave, TheNameIsReadAtTheMomentOfTheSave)
 {
     write("Text1", "One.");
-    editor.screens().setText({"Form1", "Text3"}, QStringLiteral("late"));
+    editor.screens().setText({"Form1", "Text3"}, u"late"_s);
     save();
-    EXPECT_EQ(bytesOf(QStringLiteral("late")), recordWith("One."));
+    EXPECT_EQ(bytesOf(u"late"_s), recordWith("One."));
 }
 
 TEST_F(NormalSave, ANameMayLeadIntoAFolder)
 {
-    QDir().mkdir(QStringLiteral("sub"));
-    editor.screens().setText({"Form1", "Text3"}, QStringLiteral("sub/mine.tvd"));
+    QDir().mkdir(u"sub"_s);
+    editor.screens().setText({"Form1", "Text3"}, u"sub/mine.tvd"_s);
     write("Text1", "One.");
     save();
-    EXPECT_EQ(bytesOf(QStringLiteral("sub/mine.tvd")), recordWith("One."));
+    EXPECT_EQ(bytesOf(u"sub/mine.tvd"_s), recordWith("One."));
 }
 
 TEST_F(NormalSave, EveryFieldIsWrittenOnItsOwnLine)
@@ -117,8 +120,7 @@ TEST_F(NormalSave, EveryFieldIsWrittenOnItsOwnLine)
     for (const RecordField &field : normalEndingLayout()) {
         const QByteArray words = "line " + QByteArray::number(++number);
         const bool isFinisher = qstrcmp(field.source.control, "Combo7") == 0;
-        editor.screens().setText(field.source,
-                                 isFinisher ? QStringLiteral("Pin") : QString::fromLatin1(words));
+        editor.screens().setText(field.source, isFinisher ? u"Pin"_s : QString::fromLatin1(words));
         expected += (isFinisher ? QByteArray("p") : words) + "\r\n";
     }
     ASSERT_EQ(number, 36);
@@ -129,11 +131,11 @@ TEST_F(NormalSave, EveryFieldIsWrittenOnItsOwnLine)
 TEST_F(NormalSave, AnEmptyFirstLineIsRefused)
 {
     write("Text2", "Only the second line.");
-    boxes.expectNotice(title(), QStringLiteral("You haven't written the match finish!"));
+    boxes.expectNotice(title(), u"You haven't written the match finish!"_s);
     press("Form7", "Command1");
     expectOnly("Form7");
     EXPECT_FALSE(QFile::exists(file()));
-    EXPECT_EQ(text("Form7", "Text2"), QStringLiteral("Only the second line."));
+    EXPECT_EQ(text("Form7", "Text2"), u"Only the second line."_s);
 }
 
 TEST_F(NormalSave, AFirstLineOfOneSpaceIsWritten)
@@ -163,9 +165,9 @@ TEST_F(NormalSave, ALineOfSpacesIsWrittenAsItStands)
 TEST_F(NormalSave, AFinisherIsWrittenInItsCode)
 {
     backTo("Form5");
-    choose("Form5", "Combo7", QStringLiteral("Top Rope"));
+    choose("Form5", "Combo7", u"Top Rope"_s);
     press("Form5", "Command2");
-    choose("Form6", "Combo7", QStringLiteral("Submission"));
+    choose("Form6", "Combo7", u"Submission"_s);
     press("Form6", "Command2");
     write("Text1", "The end.");
     save();
@@ -178,12 +180,12 @@ TEST_F(NormalSave, AFinisherIsWrittenInItsCode)
 TEST_F(NormalSave, AFinisherTypedInOtherCaseGivesNoLine)
 {
     backTo("Form5");
-    type("Form5", "Combo7", QStringLiteral("pin"));
+    type("Form5", "Combo7", u"pin"_s);
     QTest::keyClick(&control("Form5", "Combo7"), Qt::Key_Return);
     QTest::keyClick(&control("Form5", "Combo7"), Qt::Key_Tab);
     press("Form5", "Command2");
     press("Form6", "Command2");
-    EXPECT_EQ(text("Form5", "Combo7"), QStringLiteral("pin"));
+    EXPECT_EQ(text("Form5", "Combo7"), u"pin"_s);
     write("Text1", "The end.");
     save();
     QList<QByteArray> expected = recordWith("The end.").split('\n');
@@ -194,7 +196,7 @@ TEST_F(NormalSave, AFinisherTypedInOtherCaseGivesNoLine)
 TEST_F(NormalSave, ACommaInTheAttackersNameIsWrittenAsItStands)
 {
     backTo("Form5");
-    type("Form5", "Text2", QStringLiteral("Rocco Vance,Dex Vance"));
+    type("Form5", "Text2", u"Rocco Vance,Dex Vance"_s);
     press("Form5", "Command2");
     press("Form6", "Command2");
     write("Text1", "The end.");
@@ -205,7 +207,7 @@ TEST_F(NormalSave, ACommaInTheAttackersNameIsWrittenAsItStands)
 TEST_F(NormalSave, AManagerNameOfOneSpaceIsWrittenAsASpace)
 {
     backTo("Form5");
-    type("Form5", "Text1", QStringLiteral(" "));
+    type("Form5", "Text1", u" "_s);
     press("Form5", "Command2");
     press("Form6", "Command2");
     write("Text1", "The end.");
@@ -217,8 +219,8 @@ TEST_F(NormalSave, TextIsWrittenInTheCodePageAndTagsAsInserted)
 {
     QWidget &first = control("Form7", "Text1");
     click(first);
-    paste(first, QStringLiteral("Caf") + QChar(0xE9) + u' ' + QChar(0x20AC));
-    choose("Form7", "Combo1", QStringLiteral("Attacker 1 Full Name"));
+    paste(first, u"Caf"_s + QChar(0xE9) + u' ' + QChar(0x20AC));
+    choose("Form7", "Combo1", u"Attacker 1 Full Name"_s);
     save();
     EXPECT_EQ(bytesOf(file()), recordWith("Caf\xE9 \x80<att1fullname>"));
 }
@@ -226,7 +228,7 @@ TEST_F(NormalSave, TextIsWrittenInTheCodePageAndTagsAsInserted)
 TEST_F(NormalSave, APastedLineBreakIsOneBlankInTheFile)
 {
     click(control("Form7", "Text1"));
-    paste(control("Form7", "Text1"), QStringLiteral("One\r\nTwo"));
+    paste(control("Form7", "Text1"), u"One\r\nTwo"_s);
     save();
     EXPECT_EQ(bytesOf(file()), recordWith("One Two"));
 }
@@ -239,7 +241,7 @@ TEST_F(NormalSave, EscapeNoAndCloseWriteNothing)
         press("Form7", "Command1");
         expectOnly("Form7");
         EXPECT_FALSE(QFile::exists(file()));
-        EXPECT_EQ(text("Form7", "Text1"), QStringLiteral("The end."));
+        EXPECT_EQ(text("Form7", "Text1"), u"The end."_s);
     }
 }
 
@@ -247,7 +249,7 @@ TEST_F(NormalSave, EnterSaves)
 {
     write("Text1", "The end.");
     boxes.expectQuestion(title(), kSaveQuestion, Answer::Enter);
-    boxes.expectNotice(title(), QStringLiteral("Saved OK."), Answer::Enter);
+    boxes.expectNotice(title(), u"Saved OK."_s, Answer::Enter);
     press("Form7", "Command1");
     expectOnly("Form1");
     EXPECT_EQ(bytesOf(file()), recordWith("The end."));
@@ -257,13 +259,13 @@ TEST_F(NormalSave, ASaveChangesNoControl)
 {
     write("Text1", "The end.");
     write("Text3", "Third.");
-    editor.screens().setText({"Form5", "Text2"}, QStringLiteral("Rocco Vance"));
-    editor.screens().setText({"Form4", "Combo4"}, QStringLiteral("DQ"));
+    editor.screens().setText({"Form5", "Text2"}, u"Rocco Vance"_s);
+    editor.screens().setText({"Form4", "Combo4"}, u"DQ"_s);
     save();
-    EXPECT_EQ(text("Form7", "Text1"), QStringLiteral("The end."));
-    EXPECT_EQ(text("Form7", "Text3"), QStringLiteral("Third."));
-    EXPECT_EQ(text("Form5", "Text2"), QStringLiteral("Rocco Vance"));
-    EXPECT_EQ(text("Form4", "Combo4"), QStringLiteral("DQ"));
+    EXPECT_EQ(text("Form7", "Text1"), u"The end."_s);
+    EXPECT_EQ(text("Form7", "Text3"), u"Third."_s);
+    EXPECT_EQ(text("Form5", "Text2"), u"Rocco Vance"_s);
+    EXPECT_EQ(text("Form4", "Combo4"), u"DQ"_s);
 }
 
 TEST_F(NormalSave, BackAndNextKeepTheCommentary)
@@ -274,8 +276,8 @@ TEST_F(NormalSave, BackAndNextKeepTheCommentary)
     expectOnly("Form6");
     press("Form6", "Command2");
     expectOnly("Form7");
-    EXPECT_EQ(text("Form7", "Text1"), QStringLiteral("First."));
-    EXPECT_EQ(text("Form7", "Text10"), QStringLiteral("Tenth."));
+    EXPECT_EQ(text("Form7", "Text1"), u"First."_s);
+    EXPECT_EQ(text("Form7", "Text10"), u"Tenth."_s);
 }
 
 TEST_F(NormalSave, EveryControlOfTheRecordIsOnItsScreen)

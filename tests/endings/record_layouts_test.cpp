@@ -6,6 +6,9 @@
 #include <algorithm>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// A layout of a kind whose records end with commentary.
@@ -108,7 +111,7 @@ TEST_F(RecordLayouts, EndWithTheTenLinesOfTheirCommentaryScreen)
         for (int line = 1; line <= 10; ++line) {
             const RecordField &field = layout.at(layout.size() - 11 + std::size_t(line));
             EXPECT_STREQ(field.source.screen, row.flow->screens.back());
-            EXPECT_EQ(QLatin1StringView(field.source.control), QStringLiteral("Text%1").arg(line));
+            EXPECT_EQ(QLatin1StringView(field.source.control), u"Text%1"_s.arg(line));
             EXPECT_EQ(field.coding, line == 1 ? Coding::AsShown : Coding::BlankIfEmpty);
         }
     }

@@ -1,6 +1,9 @@
 #include "endings/ending_refusals.h"
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const TagRow kTags[] = {
@@ -43,7 +46,7 @@ TEST_F(RunInCommentary, OffersItsTwentyTwoItemsInOrder)
 {
     ASSERT_EQ(std::size(kTags), 22U);
     expectList(kTags);
-    EXPECT_EQ(line("Combo1"), QStringLiteral("Attacker 1 Full Name"));
+    EXPECT_EQ(line("Combo1"), u"Attacker 1 Full Name"_s);
 }
 
 TEST_F(RunInCommentary, EveryItemInsertsItsTagWheneverTheDecidingFieldAllowsIt)
@@ -58,54 +61,52 @@ TEST_F(RunInCommentary, EveryRefusalHasItsMessageAndTitleAndInsertsThePendingTag
 
 TEST_F(RunInCommentary, ASinglesFeudRefusesTheSecondInterfererAndTheTeamUnderTheShortTitle)
 {
-    EXPECT_EQ(text("Form8", "Combo3"), QStringLiteral("Singles"));
-    typeLine("Text1", QStringLiteral("In comes "));
-    boxes.expectNotice(
-        QStringLiteral("Tarvold"),
-        QStringLiteral("Interfering Wrestler 2 can only be involved if the feud type is Tag "
-                       "Team."));
+    EXPECT_EQ(text("Form8", "Combo3"), u"Singles"_s);
+    typeLine("Text1", u"In comes "_s);
+    boxes.expectNotice(u"Tarvold"_s,
+                       u"Interfering Wrestler 2 can only be involved if the feud type is Tag "
+                       "Team."_s);
     chooseTag("Interfering Wrestler 2");
-    boxes.expectNotice(
-        QStringLiteral("Tarvold"),
-        QStringLiteral("Interfering Team Name can only be used if the feud type is Tag Team."));
+    boxes.expectNotice(u"Tarvold"_s,
+                       u"Interfering Team Name can only be used if the feud type is Tag Team."_s);
     chooseTag("Interfering Team Name");
-    EXPECT_EQ(line("Text1"), QStringLiteral("In comes "));
+    EXPECT_EQ(line("Text1"), u"In comes "_s);
 }
 
 TEST_F(RunInCommentary, ATagTeamFeudAllowsTheSecondInterfererAndTheTeam)
 {
     press("Form9", "Command2");
-    fill("Form8", {{"Combo3", QStringLiteral("Tag Team")}});
+    fill("Form8", {{"Combo3", u"Tag Team"_s}});
     press("Form8", "Command2");
-    EXPECT_EQ(insertedBy("Interfering Wrestler 2"), QStringLiteral("<feudname2>"));
-    EXPECT_EQ(insertedBy("Interfering Team Name"), QStringLiteral("<feudteam>"));
+    EXPECT_EQ(insertedBy("Interfering Wrestler 2"), u"<feudname2>"_s);
+    EXPECT_EQ(insertedBy("Interfering Team Name"), u"<feudteam>"_s);
 }
 
 TEST_F(RunInCommentary, AFeudTypeOfTheAuthorsOwnAllowsThemToo)
 {
     press("Form9", "Command2");
-    type("Form8", "Combo3", QStringLiteral("Stable war"));
+    type("Form8", "Combo3", u"Stable war"_s);
     press("Form8", "Command2");
-    EXPECT_EQ(insertedBy("Interfering Wrestler 2"), QStringLiteral("<feudname2>"));
-    EXPECT_EQ(insertedBy("Interfering Team Name"), QStringLiteral("<feudteam>"));
+    EXPECT_EQ(insertedBy("Interfering Wrestler 2"), u"<feudname2>"_s);
+    EXPECT_EQ(insertedBy("Interfering Team Name"), u"<feudteam>"_s);
 }
 
 TEST_F(RunInCommentary, TheFirstInterfererAndHisFinisherAreAllowedWhateverTheFeudType)
 {
     for (const char *feud : {"Singles", "Tag Team", ""}) {
         given("Form8", "Combo3", QLatin1StringView(feud));
-        EXPECT_EQ(insertedBy("Interfering Wrestler 1"), QStringLiteral("<feudname1>"));
-        EXPECT_EQ(insertedBy("Interfering's Finisher Name"), QStringLiteral("<feudfinisher>"));
+        EXPECT_EQ(insertedBy("Interfering Wrestler 1"), u"<feudname1>"_s);
+        EXPECT_EQ(insertedBy("Interfering's Finisher Name"), u"<feudfinisher>"_s);
     }
 }
 
 TEST_F(RunInCommentary, AManagerOfNoneIsRefusedAndTheSameWordInLowerCaseIsAccepted)
 {
-    given("Form5", "Text1", QStringLiteral("None"));
+    given("Form5", "Text1", u"None"_s);
     expectRefusal(kAttackersManager);
     EXPECT_EQ(insertedBy("Attacker's Manager Name"), QString());
-    given("Form5", "Text1", QStringLiteral("none"));
-    EXPECT_EQ(insertedBy("Attacker's Manager Name"), QStringLiteral("<attmanager>"));
+    given("Form5", "Text1", u"none"_s);
+    EXPECT_EQ(insertedBy("Attacker's Manager Name"), u"<attmanager>"_s);
 }
 
 TEST_F(RunInCommentary, ATagChosenWhileNoLineIsMarkedIsOnlyRemembered)
@@ -140,11 +141,11 @@ TEST_F(RunInCommentary, TheFileIsTheOneNamedAtTheMomentOfSaving)
 
 TEST_F(RunInCommentary, BackLeadsToTheFeudWithoutAQuestionAndKeepsTheLines)
 {
-    typeLine("Text3", QStringLiteral("Third."));
+    typeLine("Text3", u"Third."_s);
     press("Form9", "Command2");
     expectOnly("Form8");
     press("Form8", "Command2");
-    EXPECT_EQ(line("Text3"), QStringLiteral("Third."));
+    EXPECT_EQ(line("Text3"), u"Third."_s);
 }
 
 } // namespace

@@ -1,6 +1,9 @@
 #include "support/flow_test.h"
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Lines = std::vector<QByteArray>;
@@ -22,9 +25,9 @@ protected:
     /// Writes the first line and saves; gives the bytes of the file.
     QByteArray saved()
     {
-        type("Form9", "Text1", QStringLiteral("The end"));
+        type("Form9", "Text1", u"The end"_s);
         save(kRunInPath);
-        return bytesOf(QStringLiteral("feudreports.tvd"));
+        return bytesOf(u"feudreports.tvd"_s);
     }
 
     static Lines with(std::initializer_list<std::pair<int, const char *>> changes)
@@ -47,102 +50,102 @@ TEST_F(RunInRecord, EveryFieldStandsOnItsOwnLine)
 {
     goBack(kRunInPath);
     press("Form1", "Command4");
-    fill("Form4", {{"Combo12", QStringLiteral("Women's Tag Team")},
-                   {"Text2", QStringLiteral("Ladder Match")},
-                   {"Combo1", QStringLiteral("Yes")},
-                   {"Combo2", QStringLiteral("No")},
-                   {"Combo4", QStringLiteral("DQ")},
-                   {"Combo10", QStringLiteral("Yes")}});
+    fill("Form4", {{"Combo12", u"Women's Tag Team"_s},
+                   {"Text2", u"Ladder Match"_s},
+                   {"Combo1", u"Yes"_s},
+                   {"Combo2", u"No"_s},
+                   {"Combo4", u"DQ"_s},
+                   {"Combo10", u"Yes"_s}});
     press("Form4", "Command2");
-    fill("Form5", {{"Text2", QStringLiteral("Ann,Bea")},
-                   {"Combo3", QStringLiteral("Face")},
-                   {"Combo1", QStringLiteral("Cruiserweight")},
-                   {"Combo2", QStringLiteral("Female")},
-                   {"Combo4", QStringLiteral("No")},
-                   {"Text1", QStringLiteral("Mrs Manager")},
-                   {"Combo5", QStringLiteral("Any")},
-                   {"Combo6", QStringLiteral("Yes")},
-                   {"Combo7", QStringLiteral("Pin")},
-                   {"Text3", QStringLiteral("Stable One")}});
+    fill("Form5", {{"Text2", u"Ann,Bea"_s},
+                   {"Combo3", u"Face"_s},
+                   {"Combo1", u"Cruiserweight"_s},
+                   {"Combo2", u"Female"_s},
+                   {"Combo4", u"No"_s},
+                   {"Text1", u"Mrs Manager"_s},
+                   {"Combo5", u"Any"_s},
+                   {"Combo6", u"Yes"_s},
+                   {"Combo7", u"Pin"_s},
+                   {"Text3", u"Stable One"_s}});
     press("Form5", "Command2");
-    fill("Form6", {{"Text2", QStringLiteral("Cleo")},
-                   {"Combo3", QStringLiteral("Heel")},
-                   {"Combo1", QStringLiteral("Technical")},
-                   {"Combo2", QStringLiteral("Male")},
-                   {"Combo4", QStringLiteral("Yes")},
-                   {"Text1", QStringLiteral("Mr Manager")},
-                   {"Combo5", QStringLiteral("Male")},
-                   {"Combo6", QStringLiteral("No")},
-                   {"Combo7", QStringLiteral("Submission")},
-                   {"Text3", QStringLiteral("Stable Two")}});
+    fill("Form6", {{"Text2", u"Cleo"_s},
+                   {"Combo3", u"Heel"_s},
+                   {"Combo1", u"Technical"_s},
+                   {"Combo2", u"Male"_s},
+                   {"Combo4", u"Yes"_s},
+                   {"Text1", u"Mr Manager"_s},
+                   {"Combo5", u"Male"_s},
+                   {"Combo6", u"No"_s},
+                   {"Combo7", u"Submission"_s},
+                   {"Text3", u"Stable Two"_s}});
     press("Form6", "Command2");
-    fill("Form8", {{"Combo5", QStringLiteral("Yes")},
-                   {"Combo3", QStringLiteral("Tag Team")},
-                   {"Text2", QStringLiteral("Rocco Vance,Dex Vance")},
-                   {"Combo1", QStringLiteral("Heel")},
-                   {"Combo2", QStringLiteral("Non-Worker")},
-                   {"Combo7", QStringLiteral("Top Rope")},
-                   {"Combo4", QStringLiteral("Winners")},
-                   {"HScroll1", QStringLiteral("55")}});
+    fill("Form8", {{"Combo5", u"Yes"_s},
+                   {"Combo3", u"Tag Team"_s},
+                   {"Text2", u"Rocco Vance,Dex Vance"_s},
+                   {"Combo1", u"Heel"_s},
+                   {"Combo2", u"Non-Worker"_s},
+                   {"Combo7", u"Top Rope"_s},
+                   {"Combo4", u"Winners"_s},
+                   {"HScroll1", u"55"_s}});
     press("Form8", "Command2");
     for (int line = 1; line <= 10; ++line) {
         const QByteArray box = "Text" + QByteArray::number(line);
-        type("Form9", box.constData(), QStringLiteral("Line %1").arg(line));
+        type("Form9", box.constData(), u"Line %1"_s.arg(line));
     }
     click(control("Form9", "Text2"));
-    choose("Form9", "Combo1", QStringLiteral("Interfering Team Name"));
+    choose("Form9", "Combo1", u"Interfering Team Name"_s);
     save(kRunInPath);
-    EXPECT_EQ(bytesOf(QStringLiteral("feudreports.tvd")), asFile({"Women's Tag Team",
-                                                                  "Ladder Match",
-                                                                  "Yes",
-                                                                  "No",
-                                                                  "DQ",
-                                                                  "Yes", //
-                                                                  "Ann,Bea",
-                                                                  "Face",
-                                                                  "Cruiserweight",
-                                                                  "Female",
-                                                                  "No",
-                                                                  "Mrs Manager",
-                                                                  "Any",
-                                                                  "Yes",
-                                                                  "p",
-                                                                  "Stable One", //
-                                                                  "Cleo",
-                                                                  "Heel",
-                                                                  "Technical",
-                                                                  "Male",
-                                                                  "Yes",
-                                                                  "Mr Manager",
-                                                                  "Male",
-                                                                  "No",
-                                                                  "s",
-                                                                  "Stable Two", //
-                                                                  "Yes",
-                                                                  "Tag Team",
-                                                                  "Rocco Vance,Dex Vance",
-                                                                  "Heel",
-                                                                  "Non-Worker",
-                                                                  "t",
-                                                                  "Winners",
-                                                                  "55", //
-                                                                  "Line 1",
-                                                                  "Line 2<feudteam>",
-                                                                  "Line 3",
-                                                                  "Line 4",
-                                                                  "Line 5",
-                                                                  "Line 6",
-                                                                  "Line 7",
-                                                                  "Line 8",
-                                                                  "Line 9",
-                                                                  "Line 10"}));
+    EXPECT_EQ(bytesOf(u"feudreports.tvd"_s), asFile({"Women's Tag Team",
+                                                     "Ladder Match",
+                                                     "Yes",
+                                                     "No",
+                                                     "DQ",
+                                                     "Yes", //
+                                                     "Ann,Bea",
+                                                     "Face",
+                                                     "Cruiserweight",
+                                                     "Female",
+                                                     "No",
+                                                     "Mrs Manager",
+                                                     "Any",
+                                                     "Yes",
+                                                     "p",
+                                                     "Stable One", //
+                                                     "Cleo",
+                                                     "Heel",
+                                                     "Technical",
+                                                     "Male",
+                                                     "Yes",
+                                                     "Mr Manager",
+                                                     "Male",
+                                                     "No",
+                                                     "s",
+                                                     "Stable Two", //
+                                                     "Yes",
+                                                     "Tag Team",
+                                                     "Rocco Vance,Dex Vance",
+                                                     "Heel",
+                                                     "Non-Worker",
+                                                     "t",
+                                                     "Winners",
+                                                     "55", //
+                                                     "Line 1",
+                                                     "Line 2<feudteam>",
+                                                     "Line 3",
+                                                     "Line 4",
+                                                     "Line 5",
+                                                     "Line 6",
+                                                     "Line 7",
+                                                     "Line 8",
+                                                     "Line 9",
+                                                     "Line 10"}));
 }
 
 TEST_F(RunInRecord, FinisherTypesAreCoded)
 {
-    given("Form5", "Combo7", QStringLiteral("Submission"));
-    given("Form6", "Combo7", QStringLiteral("Top Rope"));
-    given("Form8", "Combo7", QStringLiteral("Pin"));
+    given("Form5", "Combo7", u"Submission"_s);
+    given("Form6", "Combo7", u"Top Rope"_s);
+    given("Form8", "Combo7", u"Pin"_s);
     EXPECT_EQ(saved(), asFile(with({{15, "s"}, {25, "t"}, {32, "p"}})));
 }
 
@@ -164,7 +167,7 @@ TEST_F(RunInRecord, HasFortyFourLinesWithEveryFinisherTypeOfTheList)
 TEST_F(RunInRecord, AFinisherTypeInLowerCaseGivesNoLine)
 {
     press("Form9", "Command2");
-    type("Form8", "Combo7", QStringLiteral("pin"));
+    type("Form8", "Combo7", u"pin"_s);
     press("Form8", "Command2");
     Lines lines = kUntouched;
     lines.erase(lines.begin() + 31);
@@ -174,9 +177,9 @@ TEST_F(RunInRecord, AFinisherTypeInLowerCaseGivesNoLine)
 
 TEST_F(RunInRecord, ThreeUnknownFinisherTypesGiveThreeLinesLess)
 {
-    given("Form5", "Combo7", QStringLiteral("any"));
+    given("Form5", "Combo7", u"any"_s);
     given("Form6", "Combo7", QString());
-    given("Form8", "Combo7", QStringLiteral("Top Rope "));
+    given("Form8", "Combo7", u"Top Rope "_s);
     Lines lines = kUntouched;
     lines.erase(lines.begin() + 31);
     lines.erase(lines.begin() + 24);
@@ -201,7 +204,7 @@ TEST_F(RunInRecord, TheHeatIsWrittenInPlainDigits)
 TEST_F(RunInRecord, TwoInterferersStandOnOneLineAsTyped)
 {
     press("Form9", "Command2");
-    type("Form8", "Text2", QStringLiteral("Rocco Vance, Dex Vance"));
+    type("Form8", "Text2", u"Rocco Vance, Dex Vance"_s);
     press("Form8", "Command2");
     EXPECT_EQ(saved(), asFile(with({{29, "Rocco Vance, Dex Vance"}})));
 }
@@ -216,22 +219,22 @@ TEST_F(RunInRecord, AnInterferersNameLeftEmptyIsAny)
 
 TEST_F(RunInRecord, EmptyLinesAreBlankAndLinesOfSpacesAreNot)
 {
-    type("Form9", "Text4", QStringLiteral("Fourth"));
-    type("Form9", "Text7", QStringLiteral("  "));
+    type("Form9", "Text4", u"Fourth"_s);
+    type("Form9", "Text7", u"  "_s);
     EXPECT_EQ(saved(), asFile(with({{38, "Fourth"}, {41, "  "}})));
 }
 
 TEST_F(RunInRecord, ValuesOfTheAuthorsOwnAreWrittenAsShown)
 {
-    given("Form4", "Combo12", QStringLiteral("Cage fight"));
-    given("Form8", "Combo5", QStringLiteral("no"));
-    given("Form8", "Combo4", QStringLiteral(" Both "));
+    given("Form4", "Combo12", u"Cage fight"_s);
+    given("Form8", "Combo5", u"no"_s);
+    given("Form8", "Combo4", u" Both "_s);
     EXPECT_EQ(saved(), asFile(with({{1, "Cage fight"}, {27, "no"}, {33, " Both "}})));
 }
 
 TEST_F(RunInRecord, TheLongMatchTypeListHasNoPartInIt)
 {
-    given("Form4", "Combo3", QStringLiteral("Battle Royal"));
+    given("Form4", "Combo3", u"Battle Royal"_s);
     EXPECT_EQ(saved(), asFile(kUntouched));
 }
 

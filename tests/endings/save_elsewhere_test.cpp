@@ -6,6 +6,9 @@
 #include <QDir>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct SavingFlow
@@ -33,9 +36,9 @@ protected:
     SaveElsewhere()
     {
         goToCommentary(flow());
-        type(m_screen, "Text1", QStringLiteral("The end."));
-        type(m_screen, "Text9", QStringLiteral("Ninth."));
-        nameFile(QStringLiteral("missing/mine.tvd"));
+        type(m_screen, "Text1", u"The end."_s);
+        type(m_screen, "Text9", u"Ninth."_s);
+        nameFile(u"missing/mine.tvd"_s);
     }
     ~SaveElsewhere() override { dialogs.checkAllCame(); }
 
@@ -48,17 +51,13 @@ protected:
     void failsFor(const QString &name, const char *cause, Answer answer)
     {
         boxes.expectFailedSave(title(),
-                               QStringLiteral("The file \"%1\" could not be written.\n\n%2\n\n"
-                                              "Nothing was written, and everything that you typed "
-                                              "is still here.")
-                                   .arg(name, QLatin1StringView(cause)),
+                               u"The file \"%1\" could not be written.\n\n%2\n\n"
+                               "Nothing was written, and everything that you typed "
+                               "is still here."_s.arg(name, QLatin1StringView(cause)),
                                answer);
     }
 
-    void chooses(const QString &typed)
-    {
-        dialogs.expect({QStringLiteral("."), QStringLiteral("mine.tvd"), typed});
-    }
+    void chooses(const QString &typed) { dialogs.expect({u"."_s, u"mine.tvd"_s, typed}); }
 
     void pressSave()
     {
@@ -69,13 +68,13 @@ protected:
     /// Presses save and awaits the question, which comes once however often the save is tried.
     void asks() { boxes.expectQuestion(title(), QLatin1StringView(flow().question), Answer::Yes); }
 
-    void saves() { boxes.expectNotice(title(), QStringLiteral("Saved OK.")); }
+    void saves() { boxes.expectNotice(title(), u"Saved OK."_s); }
 
     void expectEverythingKept()
     {
         expectOnly(m_screen);
-        EXPECT_EQ(text(m_screen, "Text1"), QStringLiteral("The end."));
-        EXPECT_EQ(text(m_screen, "Text9"), QStringLiteral("Ninth."));
+        EXPECT_EQ(text(m_screen, "Text1"), u"The end."_s);
+        EXPECT_EQ(text(m_screen, "Text9"), u"Ninth."_s);
     }
 
     void expectRecords(const QString &name, int count)
@@ -88,7 +87,7 @@ protected:
     void saveElsewhere(const QString &typed, const QString &shown)
     {
         asks();
-        failsFor(QStringLiteral("missing/mine.tvd"), kMissingFolder, Answer::Elsewhere);
+        failsFor(u"missing/mine.tvd"_s, kMissingFolder, Answer::Elsewhere);
         chooses(typed);
         saves();
         pressSave();
@@ -104,28 +103,28 @@ INSTANTIATE_TEST_SUITE_P(Flows, SaveElsewhere, ::testing::ValuesIn(kFlows), kNam
 
 TEST_P(SaveElsewhere, PutsTheRecordIntoTheChosenFileAndTheNextOneToo)
 {
-    saveElsewhere(QStringLiteral("good.tvd"), QStringLiteral("good.tvd"));
-    expectRecords(QStringLiteral("good.tvd"), 1);
+    saveElsewhere(u"good.tvd"_s, u"good.tvd"_s);
+    expectRecords(u"good.tvd"_s, 1);
     EXPECT_EQ(folderContent(), "good.tvd");
-    EXPECT_EQ(text(m_screen, "Text1"), QStringLiteral("The end."));
-    EXPECT_EQ(text(m_screen, "Text9"), QStringLiteral("Ninth."));
+    EXPECT_EQ(text(m_screen, "Text1"), u"The end."_s);
+    EXPECT_EQ(text(m_screen, "Text9"), u"Ninth."_s);
 
     goToCommentary(flow());
     EXPECT_EQ(text(m_screen, "Text9"), QString());
-    type(m_screen, "Text1", QStringLiteral("The end."));
-    type(m_screen, "Text9", QStringLiteral("Ninth."));
+    type(m_screen, "Text1", u"The end."_s);
+    type(m_screen, "Text9", u"Ninth."_s);
     save(flow());
-    expectRecords(QStringLiteral("good.tvd"), 2);
+    expectRecords(u"good.tvd"_s, 2);
 }
 
 TEST_P(SaveElsewhere, IsLeftByOkWithEverythingKept)
 {
     for (const Answer answer : {Answer::Ok, Answer::Enter, Answer::Escape, Answer::Close}) {
         asks();
-        failsFor(QStringLiteral("missing/mine.tvd"), kMissingFolder, answer);
+        failsFor(u"missing/mine.tvd"_s, kMissingFolder, answer);
         pressSave();
         expectEverythingKept();
-        EXPECT_EQ(namedFile(), QStringLiteral("missing/mine.tvd"));
+        EXPECT_EQ(namedFile(), u"missing/mine.tvd"_s);
         EXPECT_EQ(folderContent(), "");
     }
 }
@@ -133,21 +132,21 @@ TEST_P(SaveElsewhere, IsLeftByOkWithEverythingKept)
 TEST_P(SaveElsewhere, IsLeftByACancelledDialogWithEverythingKept)
 {
     asks();
-    failsFor(QStringLiteral("missing/mine.tvd"), kMissingFolder, Answer::Elsewhere);
-    dialogs.expect({QStringLiteral("."), QStringLiteral("mine.tvd"), QStringLiteral("good.tvd"),
+    failsFor(u"missing/mine.tvd"_s, kMissingFolder, Answer::Elsewhere);
+    dialogs.expect({u"."_s, u"mine.tvd"_s, u"good.tvd"_s,
                     /*saves=*/false});
     pressSave();
     expectEverythingKept();
-    EXPECT_EQ(namedFile(), QStringLiteral("missing/mine.tvd"));
+    EXPECT_EQ(namedFile(), u"missing/mine.tvd"_s);
     EXPECT_EQ(folderContent(), "");
 }
 
 TEST_P(SaveElsewhere, IsOfferedAgainWhenTheOtherFileFailsToo)
 {
-    const QString second = QDir(folder.path()).canonicalPath() + QStringLiteral("/gone/mine.tvd");
+    const QString second = QDir(folder.path()).canonicalPath() + u"/gone/mine.tvd"_s;
     asks();
-    failsFor(QStringLiteral("missing/mine.tvd"), kMissingFolder, Answer::Elsewhere);
-    chooses(QStringLiteral("gone/mine.tvd"));
+    failsFor(u"missing/mine.tvd"_s, kMissingFolder, Answer::Elsewhere);
+    chooses(u"gone/mine.tvd"_s);
     failsFor(second, kMissingFolder, Answer::Ok);
     pressSave();
     expectEverythingKept();
@@ -155,20 +154,20 @@ TEST_P(SaveElsewhere, IsOfferedAgainWhenTheOtherFileFailsToo)
 
     asks();
     failsFor(second, kMissingFolder, Answer::Elsewhere);
-    chooses(QStringLiteral("gone/mine.tvd"));
+    chooses(u"gone/mine.tvd"_s);
     failsFor(second, kMissingFolder, Answer::Elsewhere);
-    chooses(QStringLiteral("good.tvd"));
+    chooses(u"good.tvd"_s);
     saves();
     pressSave();
     expectOnly("Form1");
-    EXPECT_EQ(namedFile(), QStringLiteral("good.tvd"));
-    expectRecords(QStringLiteral("good.tvd"), 1);
+    EXPECT_EQ(namedFile(), u"good.tvd"_s);
+    expectRecords(u"good.tvd"_s, 1);
 }
 
 TEST_P(SaveElsewhere, AddsToAFileThatIsThereWithoutAQuestion)
 {
     writeFile("good.tvd", "old\r\n");
-    saveElsewhere(QStringLiteral("good.tvd"), QStringLiteral("good.tvd"));
+    saveElsewhere(u"good.tvd"_s, u"good.tvd"_s);
     EXPECT_TRUE(readBack("good.tvd").startsWith("old\r\n"));
     EXPECT_EQ(readBack("good.tvd").count("\r\n"), 1 + GetParam().lines);
 }
@@ -179,31 +178,30 @@ INSTANTIATE_TEST_SUITE_P(Interview, SaveElsewhereByName, ::testing::Values(kFlow
 
 TEST_P(SaveElsewhereByName, StartsInTheFolderOfTheFailedFileAndNamesAnotherFolderWhole)
 {
-    ASSERT_TRUE(QDir().mkpath(QStringLiteral("sub/mine.tvd"))); // a folder of the file's name
-    nameFile(QStringLiteral("sub/mine.tvd"));
+    ASSERT_TRUE(QDir().mkpath(u"sub/mine.tvd"_s)); // a folder of the file's name
+    nameFile(u"sub/mine.tvd"_s);
     asks();
-    failsFor(QStringLiteral("sub/mine.tvd"), "It is a folder.", Answer::Elsewhere);
-    dialogs.expect({QStringLiteral("sub"), QString(), QStringLiteral("good.tvd")});
+    failsFor(u"sub/mine.tvd"_s, "It is a folder.", Answer::Elsewhere);
+    dialogs.expect({u"sub"_s, QString(), u"good.tvd"_s});
     saves();
     pressSave();
-    EXPECT_EQ(namedFile(), QDir(folder.path()).canonicalPath() + QStringLiteral("/sub/good.tvd"));
-    expectRecords(QStringLiteral("sub/good.tvd"), 1);
+    EXPECT_EQ(namedFile(), QDir(folder.path()).canonicalPath() + u"/sub/good.tvd"_s);
+    expectRecords(u"sub/good.tvd"_s, 1);
 }
 
 TEST_P(SaveElsewhereByName, ProposesTheUsualNameForOneThatIsNoDataFile)
 {
-    ASSERT_TRUE(QDir().mkdir(QStringLiteral("sub")));
-    const QString withNul = QStringLiteral("nul") + QChar(0) + QStringLiteral(".tvd");
+    ASSERT_TRUE(QDir().mkdir(u"sub"_s));
+    const QString withNul = u"nul"_s + QChar(0) + u".tvd"_s;
     const std::pair<QString, const char *> unfits[] = {
         {QString(), "The file name is empty."},
-        {QStringLiteral("sub"), "It is a folder."},
+        {u"sub"_s, "It is a folder."},
         {withNul, "The file name holds a character that no file name can have."}};
     for (const auto &[unfit, cause] : unfits) {
         nameFile(unfit);
         asks();
         failsFor(unfit, cause, Answer::Elsewhere);
-        dialogs.expect({QStringLiteral("."), QStringLiteral("interviews.tvd"),
-                        QStringLiteral("good.tvd"), /*saves=*/false});
+        dialogs.expect({u"."_s, u"interviews.tvd"_s, u"good.tvd"_s, /*saves=*/false});
         pressSave();
         expectEverythingKept();
         EXPECT_EQ(namedFile(), unfit);
@@ -212,20 +210,20 @@ TEST_P(SaveElsewhereByName, ProposesTheUsualNameForOneThatIsNoDataFile)
 
 TEST_P(SaveElsewhereByName, GivesANewNameTheEndOfDataFiles)
 {
-    saveElsewhere(QStringLiteral("good"), QStringLiteral("good.tvd"));
+    saveElsewhere(u"good"_s, u"good.tvd"_s);
     EXPECT_EQ(folderContent(), "good.tvd");
 }
 
 TEST_P(SaveElsewhereByName, MakesTheEndOfANewNameLowerCase)
 {
-    saveElsewhere(QStringLiteral("GOOD.TVD"), QStringLiteral("GOOD.tvd"));
+    saveElsewhere(u"GOOD.TVD"_s, u"GOOD.tvd"_s);
     EXPECT_EQ(folderContent(), "GOOD.tvd");
 }
 
 TEST_P(SaveElsewhereByName, KeepsTheNameOfAFileThatIsThere)
 {
     writeFile("GOOD.TVD", "old\r\n");
-    saveElsewhere(QStringLiteral("GOOD.TVD"), QStringLiteral("GOOD.TVD"));
+    saveElsewhere(u"GOOD.TVD"_s, u"GOOD.TVD"_s);
     EXPECT_EQ(folderContent(), "GOOD.TVD");
     EXPECT_EQ(readBack("GOOD.TVD").count("\r\n"), 1 + GetParam().lines);
 }
@@ -242,7 +240,7 @@ const bool kSettingsAreWatched = qputenv("XDG_CONFIG_HOME", QFile::encodeName(se
 TEST_P(SaveElsewhereByName, WritesNoSettings)
 {
     ASSERT_TRUE(kSettingsAreWatched);
-    saveElsewhere(QStringLiteral("good.tvd"), QStringLiteral("good.tvd"));
+    saveElsewhere(u"good.tvd"_s, u"good.tvd"_s);
     EXPECT_EQ(QDir(settingsFolder()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
               QStringList());
 }

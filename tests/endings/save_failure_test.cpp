@@ -6,6 +6,9 @@
 #include <sys/stat.h>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// A field, and how its record calls it.
@@ -70,8 +73,8 @@ protected:
     SaveFailure()
     {
         goToCommentary(flow());
-        type(m_screen, "Text1", QStringLiteral("The end."));
-        type(m_screen, "Text9", QStringLiteral("Ninth."));
+        type(m_screen, "Text1", u"The end."_s);
+        type(m_screen, "Text9", u"Ninth."_s);
     }
 
     static const FlowPath &flow() { return *GetParam().flow; }
@@ -100,16 +103,16 @@ protected:
     QString afterTheSave(const QString &told)
     {
         press(m_screen, "Command1");
-        EXPECT_NE(told, QStringLiteral("Saved OK."));
-        EXPECT_TRUE(told.contains(QStringLiteral("Nothing was written"))) << told.toStdString();
+        EXPECT_NE(told, u"Saved OK."_s);
+        EXPECT_TRUE(told.contains(u"Nothing was written"_s)) << told.toStdString();
         expectOnly(m_screen);
         return told;
     }
 
     void expectEverythingKept()
     {
-        EXPECT_EQ(text(m_screen, "Text1"), QStringLiteral("The end."));
-        EXPECT_EQ(text(m_screen, "Text9"), QStringLiteral("Ninth."));
+        EXPECT_EQ(text(m_screen, "Text1"), u"The end."_s);
+        EXPECT_EQ(text(m_screen, "Text9"), u"Ninth."_s);
     }
 
     void expectSecondTryWorks(const QString &name)
@@ -125,7 +128,7 @@ protected:
     {
         SCOPED_TRACE(place.field);
         const QString before = editor.screens().text(place.ref);
-        const QString odd = QStringLiteral("Pawe") + QChar(0x0142);
+        const QString odd = u"Pawe"_s + QChar(0x0142);
         editor.screens().setText(place.ref, odd);
         const QString told = refusedSave();
         const QString field = u'"' + QString::fromUtf8(place.field) + u'"';
@@ -154,24 +157,24 @@ TEST_P(SaveFailure, AnEmptyNameIsTold)
     expectTold(failedSave(), "The file name is empty.");
     expectEverythingKept();
     EXPECT_TRUE(QDir().isEmpty());
-    expectSecondTryWorks(QStringLiteral("good.tvd"));
+    expectSecondTryWorks(u"good.tvd"_s);
 }
 
 TEST_P(SaveFailure, AMissingFolderIsToldWithTheFile)
 {
-    nameFile(QStringLiteral("missing/mine.tvd"));
+    nameFile(u"missing/mine.tvd"_s);
     const QString told = failedSave();
     expectEverythingKept();
     expectTold(told, "missing/mine.tvd");
     expectTold(told, "No such file or directory");
     EXPECT_TRUE(QDir().isEmpty());
-    expectSecondTryWorks(QStringLiteral("good.tvd"));
+    expectSecondTryWorks(u"good.tvd"_s);
 }
 
 TEST_P(SaveFailure, AFolderIsTold)
 {
-    QDir().mkdir(QStringLiteral("sub"));
-    nameFile(QStringLiteral("sub"));
+    QDir().mkdir(u"sub"_s);
+    nameFile(u"sub"_s);
     const QString told = failedSave();
     expectTold(told, "\"sub\"");
     expectTold(told, "It is a folder.");
@@ -180,30 +183,30 @@ TEST_P(SaveFailure, AFolderIsTold)
 TEST_P(SaveFailure, APipeIsToldWithoutWaiting)
 {
     ASSERT_EQ(::mkfifo("pipe.tvd", 0600), 0);
-    nameFile(QStringLiteral("pipe.tvd"));
+    nameFile(u"pipe.tvd"_s);
     expectTold(failedSave(), "It is not an ordinary file.");
 }
 
 TEST_P(SaveFailure, ANameThatLooksLikeMarkupIsShownAsItIs)
 {
-    nameFile(QStringLiteral("<b>no</b>/a & b.tvd"));
+    nameFile(u"<b>no</b>/a & b.tvd"_s);
     expectTold(failedSave(), "\"<b>no</b>/a & b.tvd\"");
 }
 
 TEST_P(SaveFailure, AFullDiskLeavesTheOldRecords)
 {
     const QByteArray old = "old\r\n";
-    putBytes(QStringLiteral("old.tvd"), old);
-    nameFile(QStringLiteral("old.tvd"));
+    putBytes(u"old.tvd"_s, old);
+    nameFile(u"old.tvd"_s);
     given(m_screen, "Text2", QString(200 * 1024, u'x'));
     {
         const FileSizeLimit limit(64 * 1024);
         expectTold(failedSave(), "old.tvd");
     }
     expectEverythingKept();
-    EXPECT_EQ(bytesOf(QStringLiteral("old.tvd")), old);
+    EXPECT_EQ(bytesOf(u"old.tvd"_s), old);
     save(flow());
-    EXPECT_EQ(bytesOf(QStringLiteral("old.tvd")).count("\r\n"), 1 + GetParam().lines);
+    EXPECT_EQ(bytesOf(u"old.tvd"_s).count("\r\n"), 1 + GetParam().lines);
 }
 
 TEST_P(SaveFailure, ACharacterThatTheFilesCannotHoldIsToldWithItsField)

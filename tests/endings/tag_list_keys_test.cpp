@@ -3,6 +3,9 @@
 #include <QAbstractItemView>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const QColor kYellow(0xFF, 0xFF, 0x00);
@@ -29,10 +32,7 @@ protected:
         click(lineBox(5));
     }
 
-    QWidget &lineBox(int number)
-    {
-        return control("Form7", qPrintable(QStringLiteral("Text%1").arg(number)));
-    }
+    QWidget &lineBox(int number) { return control("Form7", qPrintable(u"Text%1"_s.arg(number))); }
 
     /// Opens the tag list from the line that has the focus and picks the item of this row.
     void pickFromLine(int row)
@@ -74,12 +74,11 @@ TEST_P(TagListKeys, ThePickGoesIntoTheLineAndTheFocusComesBackToIt)
 TEST_P(TagListKeys, ARefusalIsToldAndInsertsTheTagThatWasAcceptedBefore)
 {
     pickFromLine(4);
-    boxes.expectNotice(
-        title(), QStringLiteral("You have the attacker's manager name as 'N/A' or 'None', which "
-                                "means you can't involve the attacker's manager in this finish."));
+    boxes.expectNotice(title(), u"You have the attacker's manager name as 'N/A' or 'None', which "
+                                "means you can't involve the attacker's manager in this finish."_s);
     pickFromLine(6);
     expectOnlyInTheFifth("<recfullname><recfullname>");
-    EXPECT_EQ(text("Form7", "hiddenlabel"), QStringLiteral("<recfullname>"));
+    EXPECT_EQ(text("Form7", "hiddenlabel"), u"<recfullname>"_s);
 }
 
 TEST_P(TagListKeys, EscapeInsertsNothingAndGivesTheFocusBack)
@@ -119,7 +118,7 @@ TEST_F(FreshEnding, UndoBringsNoCommentaryOfTheSavedOneBack)
 {
     goTo("Form7");
     for (const char *line : {"Text1", "Text5", "Text10"}) {
-        type("Form7", line, QStringLiteral("The end."));
+        type("Form7", line, u"The end."_s);
     }
     save();
     goTo("Form7");

@@ -13,6 +13,9 @@
 /// The list of tags on each commentary screen: nothing can be typed into it, and a pick leads on to
 /// the line that the tag went into.
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const QColor kYellow(0xFF, 0xFF, 0x00);
@@ -67,19 +70,19 @@ protected:
 
 TEST_P(TagLists, AfterAPickByMouseTheAuthorWritesOnInTheYellowLine)
 {
-    type(name(), "Text3", QStringLiteral("By "));
+    type(name(), "Text3", u"By "_s);
     pick(list(), firstItem());
-    expectWritingIn("Text3", QStringLiteral("By ") + firstTag());
-    write(QStringLiteral(" again"));
-    expectWritingIn("Text3", QStringLiteral("By ") + firstTag() + QStringLiteral(" again"));
+    expectWritingIn("Text3", u"By "_s + firstTag());
+    write(u" again"_s);
+    expectWritingIn("Text3", u"By "_s + firstTag() + u" again"_s);
 }
 
 TEST_P(TagLists, AfterAPickByKeysInTheListTheAuthorWritesOnInTheYellowLine)
 {
-    type(name(), "Text3", QStringLiteral("By "));
+    type(name(), "Text3", u"By "_s);
     list().setFocus(Qt::TabFocusReason);
     pickByKeyboard(list(), firstItem());
-    expectWritingIn("Text3", QStringLiteral("By ") + firstTag());
+    expectWritingIn("Text3", u"By "_s + firstTag());
 }
 
 TEST_P(TagLists, WithoutAYellowLineTheFocusStaysInTheList)
@@ -93,7 +96,7 @@ TEST_P(TagLists, WithoutAYellowLineTheFocusStaysInTheList)
 
 TEST_P(TagLists, AfterEscapeTheFocusStaysWhereItWas)
 {
-    type(name(), "Text3", QStringLiteral("By "));
+    type(name(), "Text3", u"By "_s);
     list().setFocus(Qt::TabFocusReason);
     key(Qt::Key_Down);
     ASSERT_TRUE(isOpen());
@@ -105,7 +108,7 @@ TEST_P(TagLists, TakeNoText)
 {
     const QString shown = list().currentText();
     list().setFocus(Qt::TabFocusReason);
-    QApplication::clipboard()->setText(QStringLiteral("pasted"));
+    QApplication::clipboard()->setText(u"pasted"_s);
     key(Qt::Key_V, Qt::ControlModifier);
     key(Qt::Key_Insert, Qt::ShiftModifier);
     EXPECT_EQ(list().currentText(), shown);
@@ -124,11 +127,11 @@ TEST_P(TagLists, TakeNoText)
 TEST_P(TagLists, TakeNoTextFromTheMouse)
 {
     const QString shown = list().currentText();
-    QApplication::clipboard()->setText(QStringLiteral("pasted"), QClipboard::Selection);
+    QApplication::clipboard()->setText(u"pasted"_s, QClipboard::Selection);
     mouse::click(mouse::middleOf(list()), Qt::MiddleButton);
     EXPECT_EQ(list().currentText(), shown);
     QMimeData data;
-    data.setText(QStringLiteral("dropped"));
+    data.setText(u"dropped"_s);
     const QPoint place(20, 10);
     QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, {});
     QApplication::sendEvent(list().lineEdit(), &enter);
@@ -142,14 +145,14 @@ TEST_P(TagLists, TakeNoTextFromAnInputMethod)
     const QString shown = list().currentText();
     EXPECT_FALSE(list().testAttribute(Qt::WA_InputMethodEnabled));
     QInputMethodEvent event;
-    event.setCommitString(QStringLiteral("composed"));
+    event.setCommitString(u"composed"_s);
     QApplication::sendEvent(&list(), &event);
     EXPECT_EQ(list().currentText(), shown);
 }
 
 TEST_P(TagLists, ALetterOpensThemAndPicksNothing)
 {
-    type(name(), "Text3", QStringLiteral("By "));
+    type(name(), "Text3", u"By "_s);
     list().setFocus(Qt::TabFocusReason);
     const QString shown = list().currentText();
     const QString last = list().itemText(list().count() - 1);
@@ -159,7 +162,7 @@ TEST_P(TagLists, ALetterOpensThemAndPicksNothing)
     EXPECT_EQ(list().currentText(), shown);
     key(Qt::Key_Escape);
     EXPECT_EQ(list().currentText(), shown);
-    EXPECT_EQ(line("Text3").text(), QStringLiteral("By "));
+    EXPECT_EQ(line("Text3").text(), u"By "_s);
     EXPECT_EQ(text(name(), "hiddenlabel"), QString());
 }
 
@@ -168,7 +171,7 @@ TEST_P(TagLists, AreComboBoxesThatTellTheirNameAndValue)
     const QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(&list());
     EXPECT_EQ(spoken->role(), QAccessible::ComboBox);
     EXPECT_EQ(spoken->text(QAccessible::Value), list().currentText());
-    EXPECT_EQ(list().accessibleName(), QStringLiteral("Commentary tag"));
+    EXPECT_EQ(list().accessibleName(), u"Commentary tag"_s);
     EXPECT_TRUE(spoken->state().focusable);
     EXPECT_TRUE(QAccessible::queryAccessibleInterface(list().lineEdit())->state().readOnly);
 }
@@ -228,17 +231,17 @@ TEST_F(TagSearch, LettersLeadToTheFirstItemThatStartsSo)
 
 TEST_F(TagSearch, ALetterThatNoItemStartsWithOpensTheListOnTheItemShown)
 {
-    given(m_screen, "Combo1", QStringLiteral("Receiver Short Name"));
-    EXPECT_EQ(foundBy(QStringLiteral("x")), QStringLiteral("Receiver Short Name"));
+    given(m_screen, "Combo1", u"Receiver Short Name"_s);
+    EXPECT_EQ(foundBy(u"x"_s), u"Receiver Short Name"_s);
 }
 
 TEST_F(TagSearch, EnterPicksWhatTheLettersFound)
 {
-    typeLine("Text2", QStringLiteral("Pinned: "));
+    typeLine("Text2", u"Pinned: "_s);
     list().setFocus(Qt::TabFocusReason);
-    foundBy(QStringLiteral("rec"));
+    foundBy(u"rec"_s);
     QTest::keyClick(list().view(), Qt::Key_Return);
-    EXPECT_EQ(line("Text2"), QStringLiteral("Pinned: <recfullname>"));
+    EXPECT_EQ(line("Text2"), u"Pinned: <recfullname>"_s);
 }
 
 class TagMouse : public TagSearch
@@ -273,9 +276,9 @@ protected:
 TEST_F(TagRefusal, LeadsToTheYellowLineOnceItsMessageIsGone)
 {
     const QString message =
-        QStringLiteral("You have the attacker's manager name as 'N/A' or 'None', which means you "
-                       "can't involve the attacker's manager in this finish.");
-    typeLine("Text2", QStringLiteral("By "));
+        u"You have the attacker's manager name as 'N/A' or 'None', which means you "
+        "can't involve the attacker's manager in this finish."_s;
+    typeLine("Text2", u"By "_s);
     chooseTag("Receiver Full Name");
     for (const Answer answer : {Answer::Ok, Answer::Enter, Answer::Escape, Answer::Close}) {
         const QString before = line("Text2");
@@ -285,7 +288,7 @@ TEST_F(TagRefusal, LeadsToTheYellowLineOnceItsMessageIsGone)
         expectActive(screen(m_screen));
         const auto &box = screen(m_screen).control<QLineEdit>("Text2");
         EXPECT_TRUE(box.hasFocus());
-        EXPECT_EQ(box.text(), before + QStringLiteral("<recfullname>"));
+        EXPECT_EQ(box.text(), before + u"<recfullname>"_s);
         EXPECT_EQ(box.cursorPosition(), box.text().size());
         EXPECT_FALSE(box.hasSelectedText());
         EXPECT_EQ(box.palette().color(QPalette::Base), kYellow);

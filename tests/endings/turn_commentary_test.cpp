@@ -1,6 +1,9 @@
 #include "endings/ending_refusals.h"
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const TagRow kTags[] = {
@@ -41,8 +44,8 @@ TEST_F(TurnCommentary, OffersItsSixteenItemsInOrder)
 
 TEST_F(TurnCommentary, EntryShowsATagThatIsNotTheFirstOfItsListAndInsertsNone)
 {
-    EXPECT_EQ(line("Combo1"), QStringLiteral("Attacker 1 Full Name"));
-    EXPECT_EQ(combo("Form11", "Combo1").itemText(0), QStringLiteral("Wrestler 1"));
+    EXPECT_EQ(line("Combo1"), u"Attacker 1 Full Name"_s);
+    EXPECT_EQ(combo("Form11", "Combo1").itemText(0), u"Wrestler 1"_s);
     EXPECT_EQ(pending(), QString());
     for (const char *name : {"Text1", "Text5", "Text10"}) {
         EXPECT_EQ(line(name), QString());
@@ -51,10 +54,10 @@ TEST_F(TurnCommentary, EntryShowsATagThatIsNotTheFirstOfItsListAndInsertsNone)
 
 TEST_F(TurnCommentary, EntryInsertsNoTagIntoALineThatStayedMarked)
 {
-    typeLine("Text2", QStringLiteral("Marked."));
+    typeLine("Text2", u"Marked."_s);
     goBack(kTurnPath);
     goToCommentary(kTurnPath);
-    EXPECT_EQ(line("Combo1"), QStringLiteral("Attacker 1 Full Name"));
+    EXPECT_EQ(line("Combo1"), u"Attacker 1 Full Name"_s);
     EXPECT_EQ(line("Text2"), QString());
     EXPECT_EQ(pending(), QString());
 }
@@ -71,29 +74,29 @@ TEST_F(TurnCommentary, EveryRefusalHasItsMessageAndTitleAndInsertsThePendingTagA
 
 TEST_F(TurnCommentary, AllWrestlersAndTeamsAreAllowedInASinglesMatch)
 {
-    EXPECT_EQ(text("Form4", "Combo12"), QStringLiteral("Singles"));
-    EXPECT_EQ(insertedBy("Wrestler 3"), QStringLiteral("<wrestler3>"));
-    EXPECT_EQ(insertedBy("Wrestler 4"), QStringLiteral("<wrestler4>"));
-    EXPECT_EQ(insertedBy("Tag Team 2"), QStringLiteral("<tagteam2>"));
+    EXPECT_EQ(text("Form4", "Combo12"), u"Singles"_s);
+    EXPECT_EQ(insertedBy("Wrestler 3"), u"<wrestler3>"_s);
+    EXPECT_EQ(insertedBy("Wrestler 4"), u"<wrestler4>"_s);
+    EXPECT_EQ(insertedBy("Tag Team 2"), u"<tagteam2>"_s);
 }
 
 TEST_F(TurnCommentary, ASecondAttackerNeedsAnyOrTwoNames)
 {
-    given("Form5", "Text2", QStringLiteral("Any"));
+    given("Form5", "Text2", u"Any"_s);
     typeLine("Text1", {});
     chooseTag("Attacker 2 Full Name");
-    given("Form5", "Text2", QStringLiteral("Rocco Vance,Dex Vance"));
+    given("Form5", "Text2", u"Rocco Vance,Dex Vance"_s);
     chooseTag("Attacker 2 Full Name");
-    EXPECT_EQ(line("Text1"), QStringLiteral("<att2fullname><att2fullname>"));
-    given("Form5", "Text2", QStringLiteral("Rocco Vance"));
+    EXPECT_EQ(line("Text1"), u"<att2fullname><att2fullname>"_s);
+    given("Form5", "Text2", u"Rocco Vance"_s);
     expectRefusal(kSecondAttacker);
     chooseTag("Attacker 2 Full Name");
-    EXPECT_EQ(line("Text1"), QStringLiteral("<att2fullname><att2fullname><att2fullname>"));
+    EXPECT_EQ(line("Text1"), u"<att2fullname><att2fullname><att2fullname>"_s);
 }
 
 TEST_F(TurnCommentary, ARefusalInsertsNothingWhenNoTagWasEverAccepted)
 {
-    given("Form5", "Text2", QStringLiteral("Rocco Vance"));
+    given("Form5", "Text2", u"Rocco Vance"_s);
     expectRefusal(kSecondAttacker);
     EXPECT_EQ(insertedBy("Attacker 2 Full Name"), QString());
 }
@@ -131,25 +134,24 @@ TEST_F(TurnCommentary, TheFileIsTheOneNamedAtTheMomentOfSaving)
 TEST_F(TurnCommentary, TheButtonStartsFromTheResetValuesAgainAfterASave)
 {
     press("Form11", "Command2");
-    fill("Form10", {{"Combo1", QStringLiteral("Face")}, {"Combo5", QStringLiteral("Losing Side")}});
+    fill("Form10", {{"Combo1", u"Face"_s}, {"Combo5", u"Losing Side"_s}});
     press("Form10", "Command2");
-    typeLine("Text1", QStringLiteral("The end."));
+    typeLine("Text1", u"The end."_s);
     chooseTag("Tag Team 1");
     save(kTurnPath);
     goToCommentary(kTurnPath);
-    expectTexts("Form10",
-                {{"Combo1", QStringLiteral("N/A")}, {"Combo5", QStringLiteral("Winning Side")}});
-    expectTexts("Form11", {{"Text1", {}}, {"Combo1", QStringLiteral("Attacker 1 Full Name")}});
-    EXPECT_EQ(pending(), QStringLiteral("<tagteam1>"));
+    expectTexts("Form10", {{"Combo1", u"N/A"_s}, {"Combo5", u"Winning Side"_s}});
+    expectTexts("Form11", {{"Text1", {}}, {"Combo1", u"Attacker 1 Full Name"_s}});
+    EXPECT_EQ(pending(), u"<tagteam1>"_s);
 }
 
 TEST_F(TurnCommentary, BackLeadsToTheTurnWithoutAQuestionAndKeepsTheLines)
 {
-    typeLine("Text3", QStringLiteral("Third."));
+    typeLine("Text3", u"Third."_s);
     press("Form11", "Command2");
     expectOnly("Form10");
     press("Form10", "Command2");
-    EXPECT_EQ(line("Text3"), QStringLiteral("Third."));
+    EXPECT_EQ(line("Text3"), u"Third."_s);
 }
 
 } // namespace

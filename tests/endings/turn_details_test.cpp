@@ -6,6 +6,9 @@
 #include <QPushButton>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const std::vector<const char *> kDispositions = {"Face",         "Heel", "Turning Face",
@@ -58,10 +61,10 @@ protected:
 
 TEST_F(TurnDetails, BearsItsCaptionHeadingAndButtons)
 {
-    EXPECT_EQ(screen("Form10").windowTitle(), QStringLiteral("Tarvold 1.3 Data Editor"));
-    EXPECT_EQ(text("Form10", "Label1"), QStringLiteral("TURN DETAILS"));
-    EXPECT_EQ(screen("Form10").control<QPushButton>("Command1").text(), QStringLiteral("<<"));
-    EXPECT_EQ(screen("Form10").control<QPushButton>("Command2").text(), QStringLiteral(">>"));
+    EXPECT_EQ(screen("Form10").windowTitle(), u"Tarvold 1.3 Data Editor"_s);
+    EXPECT_EQ(text("Form10", "Label1"), u"TURN DETAILS"_s);
+    EXPECT_EQ(screen("Form10").control<QPushButton>("Command1").text(), u"<<"_s);
+    EXPECT_EQ(screen("Form10").control<QPushButton>("Command2").text(), u">>"_s);
 }
 
 TEST_F(TurnDetails, FieldsHaveTheirCaptionsAndLists)
@@ -104,11 +107,10 @@ TEST_F(TurnDetails, HelpIsEmptyBeforeAnyFieldWasEntered)
 
 TEST_F(TurnDetails, BackAndForwardAgainKeepsEveryValueChosen)
 {
-    const std::vector<Entry> chosen = {
-        {"Combo1", QStringLiteral("Face")},         {"Combo2", QStringLiteral("Heel")},
-        {"Combo3", QStringLiteral("Turning Face")}, {"Combo4", QStringLiteral("Turning Heel")},
-        {"Combo5", QStringLiteral("Losing Side")},  {"Combo6", QStringLiteral("No")},
-        {"Combo7", QStringLiteral("Yes")}};
+    const std::vector<Entry> chosen = {{"Combo1", u"Face"_s},         {"Combo2", u"Heel"_s},
+                                       {"Combo3", u"Turning Face"_s}, {"Combo4", u"Turning Heel"_s},
+                                       {"Combo5", u"Losing Side"_s},  {"Combo6", u"No"_s},
+                                       {"Combo7", u"Yes"_s}};
     fill("Form10", chosen);
     press("Form10", "Command1");
     expectOnly("Form6");
@@ -123,8 +125,7 @@ TEST_F(TurnDetails, BackAndForwardAgainKeepsEveryValueChosen)
 
 TEST_F(TurnDetails, NoCombinationIsRefused)
 {
-    const std::vector<Entry> odd = {{"Combo6", QStringLiteral("Yes")},
-                                    {"Combo7", QStringLiteral("Yes")}};
+    const std::vector<Entry> odd = {{"Combo6", u"Yes"_s}, {"Combo7", u"Yes"_s}};
     fill("Form10", odd);
     press("Form10", "Command2");
     expectOnly("Form11");

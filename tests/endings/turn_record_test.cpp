@@ -1,6 +1,9 @@
 #include "support/flow_test.h"
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Lines = std::vector<QByteArray>;
@@ -23,7 +26,7 @@ protected:
     {
         type("Form11", "Text1", QLatin1StringView(firstLine));
         save(kTurnPath);
-        return bytesOf(QStringLiteral("turnreports.tvd"));
+        return bytesOf(u"turnreports.tvd"_s);
     }
 
     static Lines with(std::initializer_list<std::pair<int, const char *>> changes)
@@ -46,78 +49,78 @@ TEST_F(TurnRecord, EveryFieldStandsOnItsOwnLine)
 {
     goBack(kTurnPath);
     press("Form1", "Command5");
-    fill("Form4", {{"Combo12", QStringLiteral("Tag Team")},
-                   {"Text2", QStringLiteral("Cage Match")},
-                   {"Combo1", QStringLiteral("No")},
-                   {"Combo2", QStringLiteral("Yes")},
-                   {"Combo4", QStringLiteral("DQ")},
-                   {"Combo10", QStringLiteral("No")}});
+    fill("Form4", {{"Combo12", u"Tag Team"_s},
+                   {"Text2", u"Cage Match"_s},
+                   {"Combo1", u"No"_s},
+                   {"Combo2", u"Yes"_s},
+                   {"Combo4", u"DQ"_s},
+                   {"Combo10", u"No"_s}});
     press("Form4", "Command2");
-    fill("Form5", {{"Text2", QStringLiteral("Ann,Bea")},
-                   {"Combo1", QStringLiteral("Old Heavyweight")},
-                   {"Combo2", QStringLiteral("Female")},
-                   {"Combo4", QStringLiteral("Yes")},
-                   {"Combo7", QStringLiteral("Top Rope")}});
+    fill("Form5", {{"Text2", u"Ann,Bea"_s},
+                   {"Combo1", u"Old Heavyweight"_s},
+                   {"Combo2", u"Female"_s},
+                   {"Combo4", u"Yes"_s},
+                   {"Combo7", u"Top Rope"_s}});
     press("Form5", "Command2");
-    fill("Form6", {{"Text2", QStringLiteral("Cleo")},
-                   {"Combo1", QStringLiteral("Hardcore")},
-                   {"Combo2", QStringLiteral("Male")},
-                   {"Combo4", QStringLiteral("No")},
-                   {"Combo7", QStringLiteral("Pin")}});
+    fill("Form6", {{"Text2", u"Cleo"_s},
+                   {"Combo1", u"Hardcore"_s},
+                   {"Combo2", u"Male"_s},
+                   {"Combo4", u"No"_s},
+                   {"Combo7", u"Pin"_s}});
     press("Form6", "Command2");
-    fill("Form10", {{"Combo1", QStringLiteral("Face")},
-                    {"Combo2", QStringLiteral("Heel")},
-                    {"Combo3", QStringLiteral("Turning Face")},
-                    {"Combo4", QStringLiteral("Turning Heel")},
-                    {"Combo5", QStringLiteral("Losing Side")},
-                    {"Combo6", QStringLiteral("Yes")},
-                    {"Combo7", QStringLiteral("No")}});
+    fill("Form10", {{"Combo1", u"Face"_s},
+                    {"Combo2", u"Heel"_s},
+                    {"Combo3", u"Turning Face"_s},
+                    {"Combo4", u"Turning Heel"_s},
+                    {"Combo5", u"Losing Side"_s},
+                    {"Combo6", u"Yes"_s},
+                    {"Combo7", u"No"_s}});
     press("Form10", "Command2");
     for (int line = 1; line <= 10; ++line) {
         const QByteArray box = "Text" + QByteArray::number(line);
-        type("Form11", box.constData(), QStringLiteral("Line %1").arg(line));
+        type("Form11", box.constData(), u"Line %1"_s.arg(line));
     }
-    choose("Form11", "Combo1", QStringLiteral("Wrestler 4"));
+    choose("Form11", "Combo1", u"Wrestler 4"_s);
     save(kTurnPath);
-    EXPECT_EQ(bytesOf(QStringLiteral("turnreports.tvd")), asFile({"Tag Team",
-                                                                  "Cage Match",
-                                                                  "No",
-                                                                  "Yes",
-                                                                  "DQ",
-                                                                  "No", //
-                                                                  "Ann,Bea",
-                                                                  "Old Heavyweight",
-                                                                  "Female",
-                                                                  "Yes",
-                                                                  "t", //
-                                                                  "Cleo",
-                                                                  "Hardcore",
-                                                                  "Male",
-                                                                  "No",
-                                                                  "p", //
-                                                                  "Face",
-                                                                  "Heel",
-                                                                  "Turning Face",
-                                                                  "Turning Heel", //
-                                                                  "Losing Side",
-                                                                  "Yes",
-                                                                  "No", //
-                                                                  "Line 1",
-                                                                  "Line 2",
-                                                                  "Line 3",
-                                                                  "Line 4",
-                                                                  "Line 5", //
-                                                                  "Line 6",
-                                                                  "Line 7",
-                                                                  "Line 8",
-                                                                  "Line 9",
-                                                                  "Line 10<wrestler4>"}));
+    EXPECT_EQ(bytesOf(u"turnreports.tvd"_s), asFile({"Tag Team",
+                                                     "Cage Match",
+                                                     "No",
+                                                     "Yes",
+                                                     "DQ",
+                                                     "No", //
+                                                     "Ann,Bea",
+                                                     "Old Heavyweight",
+                                                     "Female",
+                                                     "Yes",
+                                                     "t", //
+                                                     "Cleo",
+                                                     "Hardcore",
+                                                     "Male",
+                                                     "No",
+                                                     "p", //
+                                                     "Face",
+                                                     "Heel",
+                                                     "Turning Face",
+                                                     "Turning Heel", //
+                                                     "Losing Side",
+                                                     "Yes",
+                                                     "No", //
+                                                     "Line 1",
+                                                     "Line 2",
+                                                     "Line 3",
+                                                     "Line 4",
+                                                     "Line 5", //
+                                                     "Line 6",
+                                                     "Line 7",
+                                                     "Line 8",
+                                                     "Line 9",
+                                                     "Line 10<wrestler4>"}));
 }
 
 TEST_F(TurnRecord, FinisherTypesAreCoded)
 {
-    given("Form5", "Combo7", QStringLiteral("Submission"));
-    given("Form6", "Combo7", QStringLiteral("Top Rope"));
+    given("Form5", "Combo7", u"Submission"_s);
+    given("Form6", "Combo7", u"Top Rope"_s);
     EXPECT_EQ(saved(), asFile(with({{11, "s"}, {16, "t"}})));
 }
 
@@ -125,7 +128,7 @@ TEST_F(TurnRecord, AFinisherTypeOutsideTheListGivesNoLine)
 {
     goBack(kTurnPath);
     goTo(kTurnPath, "Form5");
-    type("Form5", "Combo7", QStringLiteral("submission"));
+    type("Form5", "Combo7", u"submission"_s);
     press("Form5", "Command2");
     press("Form6", "Command2");
     press("Form10", "Command2");
@@ -136,7 +139,7 @@ TEST_F(TurnRecord, AFinisherTypeOutsideTheListGivesNoLine)
 
 TEST_F(TurnRecord, TheReceiversFinisherTypeOutsideTheListGivesNoLineEither)
 {
-    given("Form6", "Combo7", QStringLiteral("Moonsault"));
+    given("Form6", "Combo7", u"Moonsault"_s);
     Lines lines = kUntouched;
     lines.erase(lines.begin() + 15);
     EXPECT_EQ(saved(), asFile(lines));
@@ -149,7 +152,7 @@ TEST_F(TurnRecord, AFirstLineOfOneSpaceIsWrittenAsOneSpace)
 
 TEST_F(TurnRecord, LinesOfSpacesAreKept)
 {
-    type("Form11", "Text10", QStringLiteral("   "));
+    type("Form11", "Text10", u"   "_s);
     EXPECT_EQ(saved("<wrestler1> turns"), asFile(with({{24, "<wrestler1> turns"}, {33, "   "}})));
 }
 
@@ -164,7 +167,7 @@ TEST_F(TurnRecord, WhatATurnHidesIsLeftOut)
 {
     for (const char *screen : {"Form5", "Form6"}) {
         for (const char *hidden : {"Combo3", "Text1", "Combo5", "Combo6", "Text3"}) {
-            given(screen, hidden, QStringLiteral("never written"));
+            given(screen, hidden, u"never written"_s);
         }
     }
     EXPECT_EQ(saved(), asFile(kUntouched));

@@ -3,6 +3,9 @@
 #include <array>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The control keeps what it holds.
@@ -91,7 +94,7 @@ protected:
     static QString changed(const char *screen, const char *control)
     {
         return qstrcmp(control, "HScroll1") == 0
-                   ? QStringLiteral("77")
+                   ? u"77"_s
                    : QLatin1StringView(screen) + u'.' + QLatin1StringView(control);
     }
 
@@ -158,38 +161,38 @@ TEST_F(TurningAndFeudingEntry, ATurnKeepsAndResetsExactlyWhatItShould)
 TEST_F(TurningAndFeudingEntry, NamesAreKeptForRunInsAndReplacedByANormalEnding)
 {
     goTo(kRunInPath, "Form5");
-    type("Form5", "Text2", QStringLiteral("Rocco Vance"));
+    type("Form5", "Text2", u"Rocco Vance"_s);
     press("Form5", "Command2");
-    type("Form6", "Text2", QStringLiteral("Dex Vance"));
+    type("Form6", "Text2", u"Dex Vance"_s);
     press("Form6", "Command1");
     press("Form5", "Command1");
     leave(kRunInPath);
     goTo(kRunInPath, "Form6");
-    EXPECT_EQ(text("Form5", "Text2"), QStringLiteral("Rocco Vance"));
-    EXPECT_EQ(text("Form6", "Text2"), QStringLiteral("Dex Vance"));
+    EXPECT_EQ(text("Form5", "Text2"), u"Rocco Vance"_s);
+    EXPECT_EQ(text("Form6", "Text2"), u"Dex Vance"_s);
     press("Form6", "Command1");
     press("Form5", "Command1");
     leave(kRunInPath);
     goTo(kNormalPath, "Form6");
-    EXPECT_EQ(text("Form5", "Text2"), QStringLiteral("Any"));
-    EXPECT_EQ(text("Form6", "Text2"), QStringLiteral("Any"));
+    EXPECT_EQ(text("Form5", "Text2"), u"Any"_s);
+    EXPECT_EQ(text("Form6", "Text2"), u"Any"_s);
 }
 
 TEST_F(TurningAndFeudingEntry, NamesAreKeptForTurns)
 {
     goTo(kTurnPath, "Form5");
-    type("Form5", "Text2", QStringLiteral("Rocco Vance"));
+    type("Form5", "Text2", u"Rocco Vance"_s);
     press("Form5", "Command1");
     leave(kTurnPath);
     goTo(kTurnPath, "Form5");
-    EXPECT_EQ(text("Form5", "Text2"), QStringLiteral("Rocco Vance"));
+    EXPECT_EQ(text("Form5", "Text2"), u"Rocco Vance"_s);
 }
 
 TEST_F(TurningAndFeudingEntry, ATurnLeavesAnyInTheHiddenManagerBoxes)
 {
     goTo(kTurnPath, "Form6");
     for (const char *screen : {"Form5", "Form6"}) {
-        EXPECT_EQ(text(screen, "Text1"), QStringLiteral("Any"));
+        EXPECT_EQ(text(screen, "Text1"), u"Any"_s);
         EXPECT_FALSE(control(screen, "Text1").isVisible());
     }
 }
@@ -199,11 +202,9 @@ TEST_F(TurningAndFeudingEntry, NextFillsTheHiddenBoxesOfATurnToo)
     goTo(kTurnPath, "Form5");
     given("Form5", "Text1", {});
     given("Form5", "Text3", {});
-    given("Form5", "Combo5", QStringLiteral("Female"));
+    given("Form5", "Combo5", u"Female"_s);
     press("Form5", "Command2");
-    expectTexts("Form5", {{"Text1", QStringLiteral("N/A")},
-                          {"Text3", QStringLiteral("N/A")},
-                          {"Combo5", QStringLiteral("N/A")}});
+    expectTexts("Form5", {{"Text1", u"N/A"_s}, {"Text3", u"N/A"_s}, {"Combo5", u"N/A"_s}});
 }
 
 TEST_F(TurningAndFeudingEntry, RowsAreHiddenForATurnAndShownAgain)
@@ -227,16 +228,16 @@ TEST_F(TurningAndFeudingEntry, ANormalEndingAfterATurnResetsTheRowsThatWereHidde
 {
     goTo(kTurnPath, "Form4");
     for (const char *control : {"Combo3", "Combo5", "Combo6", "Text3", "Text1"}) {
-        given("Form5", control, QStringLiteral("changed"));
+        given("Form5", control, u"changed"_s);
     }
     leave(kTurnPath);
     goTo(kNormalPath, "Form5");
     expectRowsShown("Form5", true);
-    expectTexts("Form5", {{"Combo3", QStringLiteral("Any")},
-                          {"Combo5", QStringLiteral("N/A")},
-                          {"Combo6", QStringLiteral("N/A")},
-                          {"Text3", QStringLiteral("N/A")},
-                          {"Text1", QStringLiteral("N/A")}});
+    expectTexts("Form5", {{"Combo3", u"Any"_s},
+                          {"Combo5", u"N/A"_s},
+                          {"Combo6", u"N/A"_s},
+                          {"Text3", u"N/A"_s},
+                          {"Text1", u"N/A"_s}});
 }
 
 } // namespace

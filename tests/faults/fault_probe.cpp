@@ -21,6 +21,8 @@
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 using tarvold::FileError;
 using tarvold::StipulationTable;
 
@@ -70,20 +72,20 @@ int main(int argc, char *argv[])
     const QString operation = QString::fromLocal8Bit(argv[1]);
     const QString file = QString::fromLocal8Bit(argv[2]);
     const QString other = QString::fromLocal8Bit(argv[3]);
-    if (operation == QLatin1String("interviews")) {
+    if (operation == "interviews"_L1) {
         return report(import(tarvold::DataFileKind::Interviews, file, other));
     }
-    if (operation == QLatin1String("stipulations")) {
+    if (operation == "stipulations"_L1) {
         return report(import(tarvold::DataFileKind::Stipulations, file, other));
     }
     const tarvold::FileContent record = tarvold::readFile(other);
     if (record.error) {
         return WrongUse;
     }
-    if (operation == QLatin1String("append")) {
+    if (operation == "append"_L1) {
         return report(tarvold::appendToFile(file, record.bytes));
     }
-    if (operation == QLatin1String("rewrite")) {
+    if (operation == "rewrite"_L1) {
         return report(rewrite(file, record.bytes));
     }
     return WrongUse;

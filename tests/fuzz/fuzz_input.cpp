@@ -12,13 +12,16 @@
 #include <cstdlib>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const QDir &folder()
 {
-    static const QString memory = QStringLiteral("/dev/shm");
+    static const QString memory = u"/dev/shm"_s;
     static const QTemporaryDir made((QFileInfo(memory).isWritable() ? memory : QDir::tempPath()) +
-                                    QStringLiteral("/tarvold-fuzz-XXXXXX"));
+                                    u"/tarvold-fuzz-XXXXXX"_s);
     static const QDir dir(made.path());
     return dir;
 }

@@ -9,6 +9,9 @@
 #include <unistd.h>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class ImportFiles : public ImportTest
@@ -34,54 +37,53 @@ TEST_F(ImportFiles, AreExactlyThoseThatEndInTheExtensionSorted)
         putBytes(QLatin1StringView(name), {});
     }
     chooseKind();
-    EXPECT_EQ(listed(), QStringList({QStringLiteral(".hidden.tvd"), QStringLiteral(".tvd"),
-                                     QStringLiteral("B.tvd"), QStringLiteral("a.tvd"),
-                                     QStringLiteral("b.tvd"), QStringLiteral("two words.tvd")}));
+    EXPECT_EQ(listed(), QStringList({u".hidden.tvd"_s, u".tvd"_s, u"B.tvd"_s, u"a.tvd"_s,
+                                     u"b.tvd"_s, u"two words.tvd"_s}));
 }
 
 TEST_F(ImportFiles, AreNeitherFoldersNorPipesNorLinksThatLeadNowhere)
 {
-    QDir().mkdir(QStringLiteral("folder.tvd"));
+    QDir().mkdir(u"folder.tvd"_s);
     ASSERT_EQ(::mkfifo("pipe.tvd", 0600), 0);
     ASSERT_EQ(::symlink("nowhere", "dangling.tvd"), 0);
     ASSERT_EQ(::symlink("folder.tvd", "folderlink.tvd"), 0);
-    putBytes(QStringLiteral("plain.txt"), {});
+    putBytes(u"plain.txt"_s, {});
     ASSERT_EQ(::symlink("plain.txt", "link.tvd"), 0);
     chooseKind();
-    EXPECT_EQ(listed(), QStringList(QStringLiteral("link.tvd")));
+    EXPECT_EQ(listed(), QStringList(u"link.tvd"_s));
 }
 
 TEST_F(ImportFiles, AreThoseOfTheCurrentFolderOnly)
 {
-    QDir().mkdir(QStringLiteral("sub"));
-    putBytes(QStringLiteral("sub/a.tvd"), {});
+    QDir().mkdir(u"sub"_s);
+    putBytes(u"sub/a.tvd"_s, {});
     chooseKind();
     EXPECT_EQ(listed(), QStringList());
 }
 
 TEST_F(ImportFiles, AreReadAnewWithEveryKind)
 {
-    putBytes(QStringLiteral("old.tvd"), {});
+    putBytes(u"old.tvd"_s, {});
     chooseKind();
-    EXPECT_EQ(listed(), QStringList(QStringLiteral("old.tvd")));
+    EXPECT_EQ(listed(), QStringList(u"old.tvd"_s));
     press("Form2", "Command9");
     press("Form2", "Command1");
-    putBytes(QStringLiteral("new.tvd"), {});
-    ASSERT_TRUE(QFile::remove(QStringLiteral("old.tvd")));
+    putBytes(u"new.tvd"_s, {});
+    ASSERT_TRUE(QFile::remove(u"old.tvd"_s));
     chooseKind();
-    EXPECT_EQ(listed(), QStringList(QStringLiteral("new.tvd")));
+    EXPECT_EQ(listed(), QStringList(u"new.tvd"_s));
 }
 
 TEST_F(ImportFiles, KeepTheSelectionWhileItsFileIsThere)
 {
-    putBytes(QStringLiteral("m.tvd"), {});
-    putBytes(QStringLiteral("z.tvd"), {});
+    putBytes(u"m.tvd"_s, {});
+    putBytes(u"z.tvd"_s, {});
     chooseKind();
-    select(QStringLiteral("m.tvd"));
-    putBytes(QStringLiteral("a.tvd"), {});
+    select(u"m.tvd"_s);
+    putBytes(u"a.tvd"_s, {});
     cancelAndChooseAgain();
-    EXPECT_EQ(selected(), QStringLiteral("m.tvd"));
-    ASSERT_TRUE(QFile::remove(QStringLiteral("m.tvd")));
+    EXPECT_EQ(selected(), u"m.tvd"_s);
+    ASSERT_TRUE(QFile::remove(u"m.tvd"_s));
     cancelAndChooseAgain();
     EXPECT_EQ(selected(), QString());
     EXPECT_FALSE(files().currentIndex().isValid());
@@ -89,7 +91,7 @@ TEST_F(ImportFiles, KeepTheSelectionWhileItsFileIsThere)
 
 TEST_F(ImportFiles, LookUnselectedUntilOneIsSelected)
 {
-    putBytes(QStringLiteral("a.tvd"), {});
+    putBytes(u"a.tvd"_s, {});
     chooseKind();
     EXPECT_TRUE(files().hasFocus());
     EXPECT_FALSE(files().currentIndex().isValid());
@@ -106,35 +108,35 @@ TEST_F(ImportFiles, LookUnselectedUntilOneIsSelected)
 
 TEST_F(ImportFiles, CannotBeRenamedInTheList)
 {
-    putBytes(QStringLiteral("a.tvd"), {});
+    putBytes(u"a.tvd"_s, {});
     chooseKind();
-    select(QStringLiteral("a.tvd"));
+    select(u"a.tvd"_s);
     QTest::keyClick(&files(), Qt::Key_F2);
-    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("b"));
+    QTest::keyClicks(QApplication::focusWidget(), u"b"_s);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
     boxes.checkAllCame();
-    EXPECT_EQ(listed(), QStringList(QStringLiteral("a.tvd")));
-    EXPECT_TRUE(QFile::exists(QStringLiteral("a.tvd")));
+    EXPECT_EQ(listed(), QStringList(u"a.tvd"_s));
+    EXPECT_TRUE(QFile::exists(u"a.tvd"_s));
 }
 
 TEST_F(ImportFiles, ShowMarkupInTheirNamesAsText)
 {
-    putBytes(QStringLiteral("<b>&amp;.tvd"), recordOf(19));
+    putBytes(u"<b>&amp;.tvd"_s, recordOf(19));
     chooseKind();
-    select(QStringLiteral("<b>&amp;.tvd"));
+    select(u"<b>&amp;.tvd"_s);
     import();
-    EXPECT_EQ(bytesIn(QStringLiteral("interviews.tvd")), recordOf(19));
+    EXPECT_EQ(bytesIn(u"interviews.tvd"_s), recordOf(19));
 }
 
 TEST_F(ImportFiles, AreOnlySelectedOneAtATime)
 {
-    putBytes(QStringLiteral("a.tvd"), {});
-    putBytes(QStringLiteral("b.tvd"), {});
+    putBytes(u"a.tvd"_s, {});
+    putBytes(u"b.tvd"_s, {});
     chooseKind();
-    select(QStringLiteral("a.tvd"));
+    select(u"a.tvd"_s);
     QTest::keyClick(&files(), Qt::Key_Down, Qt::ShiftModifier);
     EXPECT_EQ(files().selectionModel()->selectedIndexes().size(), 1);
-    EXPECT_EQ(selected(), QStringLiteral("b.tvd"));
+    EXPECT_EQ(selected(), u"b.tvd"_s);
 }
 
 } // namespace

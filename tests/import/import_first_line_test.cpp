@@ -5,6 +5,9 @@
 #include "support/flow_test.h"
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct EmptiedBox
@@ -34,9 +37,9 @@ protected:
                 press(screen, "Command2");
             }
         }
-        type(flow.screens.back(), "Text1", QStringLiteral("The end."));
+        type(flow.screens.back(), "Text1", u"The end."_s);
         boxes.expectQuestion(title(), QLatin1StringView(flow.question), Answer::Yes);
-        boxes.expectNotice(title(), QStringLiteral("Saved OK."));
+        boxes.expectNotice(title(), u"Saved OK."_s);
         press(flow.screens.back(), "Command1");
         expectOnly("Form1");
     }
@@ -54,10 +57,10 @@ TEST_P(EmptiedFirstLine, IsSavedAndLeftOutOfAnImportWithoutAWord)
     enter();
     press("Form2", kind.button);
     select(source);
-    type("Form2", "Text1", QStringLiteral("other.tvd"));
+    type("Form2", "Text1", u"other.tvd"_s);
     import();
     expectStage1();
-    EXPECT_EQ(bytesOf(QStringLiteral("other.tvd")), "");
+    EXPECT_EQ(bytesOf(u"other.tvd"_s), "");
     EXPECT_EQ(bytesOf(source), record);
 }
 

@@ -15,6 +15,9 @@
 #include <QFileInfo>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr const char *kCases[] = {
@@ -81,11 +84,11 @@ protected:
     static QString target()
     {
         for (const QString &step : steps()) {
-            if (step.startsWith(QStringLiteral("into "))) {
+            if (step.startsWith(u"into "_s)) {
                 return step.mid(5);
             }
         }
-        return QStringLiteral("target.tvd");
+        return u"target.tvd"_s;
     }
 
     static void copy(const char *from, const QString &to)
@@ -100,24 +103,24 @@ protected:
     {
         const QString verb = step.section(u' ', 0, 0);
         const QString rest = step.section(u' ', 1);
-        if (verb == QStringLiteral("kind")) {
+        if (verb == u"kind"_s) {
             press("Form2", rest.toLatin1().constData());
             type("Form2", "Text1", target());
-        } else if (verb == QStringLiteral("select")) {
+        } else if (verb == u"select"_s) {
             select(rest);
-        } else if (verb == QStringLiteral("box")) {
+        } else if (verb == u"box"_s) {
             boxes.expectNotice(rest.section(u'|', 0, 0), rest.section(u'|', 1));
-        } else if (verb == QStringLiteral("import")) {
+        } else if (verb == u"import"_s) {
             press("Form2", "Command8");
         } else {
-            EXPECT_EQ(verb, QStringLiteral("into")) << "no such step";
+            EXPECT_EQ(verb, u"into"_s) << "no such step";
         }
     }
 };
 
 TEST_P(ImportGolden, IsDoneByteForByte)
 {
-    copy("source.tvd", QStringLiteral("source.tvd"));
+    copy("source.tvd", u"source.tvd"_s);
     copy("before.tvd", target());
     enter();
     for (const QString &step : steps()) {
@@ -129,7 +132,7 @@ TEST_P(ImportGolden, IsDoneByteForByte)
         EXPECT_EQ(bytesIn(target()), bytesIn(golden("after.tvd")));
     }
     if (QFileInfo::exists(golden("source.tvd"))) {
-        EXPECT_EQ(bytesIn(QStringLiteral("source.tvd")), bytesIn(golden("source.tvd")));
+        EXPECT_EQ(bytesIn(u"source.tvd"_s), bytesIn(golden("source.tvd")));
     }
 }
 

@@ -5,6 +5,9 @@
 #include <QFileInfo>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class ImportLeaving : public ImportTest
@@ -13,9 +16,8 @@ protected:
     void expectNameRefused(const QString &name)
     {
         type("Form2", "Text1", name);
-        boxes.expectNotice(
-            QStringLiteral("File Error!"),
-            QStringLiteral("Filename to import into is blank or doesn't have a .tvd extension."));
+        boxes.expectNotice(u"File Error!"_s,
+                           u"Filename to import into is blank or doesn't have a .tvd extension."_s);
         press("Form2", "Command8");
         expectStage2();
         EXPECT_EQ(text("Form2", "Text1"), name);
@@ -25,7 +27,7 @@ protected:
     QString failure()
     {
         QString said;
-        boxes.catchNotice(QStringLiteral("Import"), &said);
+        boxes.catchNotice(u"Import"_s, &said);
         press("Form2", "Command8");
         expectStage2();
         return said;
@@ -47,8 +49,8 @@ TEST_F(ImportLeaving, ThenComingBackShowsStage1)
     press("Form2", "Command1");
     enter();
     expectStage1();
-    EXPECT_EQ(text("Form2", "whatimport"), QStringLiteral("Stipulations"));
-    EXPECT_EQ(text("Form2", "Text1"), QStringLiteral("stipulations.tvd"));
+    EXPECT_EQ(text("Form2", "whatimport"), u"Stipulations"_s);
+    EXPECT_EQ(text("Form2", "Text1"), u"stipulations.tvd"_s);
 }
 
 TEST_F(ImportLeaving, ClosingTheWindowInStage1ShowsTheMainMenu)
@@ -62,103 +64,102 @@ TEST_F(ImportLeaving, ClosingTheWindowInStage2CancelsAndShowsTheMainMenu)
 {
     enter();
     press("Form2", "Command4");
-    type("Form2", "Text1", QStringLiteral("changed.tvd"));
+    type("Form2", "Text1", u"changed.tvd"_s);
     screen("Form2").close();
     expectOnly("Form1");
     enter();
     expectStage1();
-    EXPECT_EQ(text("Form2", "Text1"), QStringLiteral("changed.tvd"));
+    EXPECT_EQ(text("Form2", "Text1"), u"changed.tvd"_s);
 }
 
 TEST_F(ImportLeaving, ATargetNameThatFailsItsCheckKeepsTheScreenInStage2)
 {
-    putBytes(QStringLiteral("a.tvd"), recordOf(36));
+    putBytes(u"a.tvd"_s, recordOf(36));
     enter();
     press("Form2", "Command2");
-    select(QStringLiteral("a.tvd"));
+    select(u"a.tvd"_s);
     for (const char *name : {"", "stipulations", "stipulations.TVD", "a.Tvd", "a.tvd ", "a.tvd.txt",
                              "a.tv", "tvd", "a.tvds", " "}) {
         expectNameRefused(QLatin1StringView(name));
     }
-    EXPECT_EQ(selected(), QStringLiteral("a.tvd"));
-    EXPECT_EQ(QDir().entryList(QDir::Files), QStringList(QStringLiteral("a.tvd")));
+    EXPECT_EQ(selected(), u"a.tvd"_s);
+    EXPECT_EQ(QDir().entryList(QDir::Files), QStringList(u"a.tvd"_s));
 }
 
 TEST_F(ImportLeaving, TheNameIsCheckedBeforeTheSelection)
 {
     enter();
     press("Form2", "Command2");
-    expectNameRefused(QStringLiteral("x"));
+    expectNameRefused(u"x"_s);
 }
 
 TEST_F(ImportLeaving, WithoutASelectedFileSaysSoAndKeepsWhatWasTyped)
 {
     enter();
     press("Form2", "Command2");
-    type("Form2", "Text1", QStringLiteral("mine.tvd"));
+    type("Form2", "Text1", u"mine.tvd"_s);
     const QString said = failure();
-    EXPECT_TRUE(said.contains(QStringLiteral("No file to import from is selected.")))
-        << said.toStdString();
-    EXPECT_TRUE(said.contains(QStringLiteral("Nothing was imported."))) << said.toStdString();
-    EXPECT_TRUE(said.contains(QStringLiteral("Select a file"))) << said.toStdString();
-    EXPECT_EQ(text("Form2", "Text1"), QStringLiteral("mine.tvd"));
-    EXPECT_EQ(text("Form2", "whatimport"), QStringLiteral("Normal Matches"));
-    EXPECT_FALSE(QFileInfo::exists(QStringLiteral("mine.tvd")));
+    EXPECT_TRUE(said.contains(u"No file to import from is selected."_s)) << said.toStdString();
+    EXPECT_TRUE(said.contains(u"Nothing was imported."_s)) << said.toStdString();
+    EXPECT_TRUE(said.contains(u"Select a file"_s)) << said.toStdString();
+    EXPECT_EQ(text("Form2", "Text1"), u"mine.tvd"_s);
+    EXPECT_EQ(text("Form2", "whatimport"), u"Normal Matches"_s);
+    EXPECT_FALSE(QFileInfo::exists(u"mine.tvd"_s));
 }
 
 TEST_F(ImportLeaving, ACutShortFileIsNamedWithLineAndRecordAndCanBeMended)
 {
-    putBytes(QStringLiteral("cut.tvd"), recordOf(19) + recordOf(5));
+    putBytes(u"cut.tvd"_s, recordOf(19) + recordOf(5));
     enter();
     press("Form2", "Command7");
-    select(QStringLiteral("cut.tvd"));
-    type("Form2", "Text1", QStringLiteral("mine.tvd"));
+    select(u"cut.tvd"_s);
+    type("Form2", "Text1", u"mine.tvd"_s);
     const QString said = failure();
     for (const char *part :
          {"\"cut.tvd\"", "line 24", "record 2", "Nothing was imported.", "Mend"}) {
         EXPECT_TRUE(said.contains(QLatin1StringView(part))) << part << " in " << said.toStdString();
     }
-    EXPECT_EQ(text("Form2", "Text1"), QStringLiteral("mine.tvd"));
-    EXPECT_EQ(selected(), QStringLiteral("cut.tvd"));
-    EXPECT_FALSE(QFileInfo::exists(QStringLiteral("mine.tvd")));
+    EXPECT_EQ(text("Form2", "Text1"), u"mine.tvd"_s);
+    EXPECT_EQ(selected(), u"cut.tvd"_s);
+    EXPECT_FALSE(QFileInfo::exists(u"mine.tvd"_s));
 
-    putBytes(QStringLiteral("cut.tvd"), recordOf(19));
+    putBytes(u"cut.tvd"_s, recordOf(19));
     import();
     expectStage1();
-    EXPECT_EQ(bytesIn(QStringLiteral("mine.tvd")), recordOf(19));
+    EXPECT_EQ(bytesIn(u"mine.tvd"_s), recordOf(19));
 }
 
 TEST_F(ImportLeaving, AFileDeletedAfterItWasSelectedIsNamed)
 {
-    putBytes(QStringLiteral("gone.tvd"), recordOf(19));
+    putBytes(u"gone.tvd"_s, recordOf(19));
     enter();
     press("Form2", "Command7");
-    select(QStringLiteral("gone.tvd"));
-    ASSERT_TRUE(QFile::remove(QStringLiteral("gone.tvd")));
-    EXPECT_TRUE(failure().contains(QStringLiteral("\"gone.tvd\"")));
-    EXPECT_FALSE(QFileInfo::exists(QStringLiteral("talkshow.tvd")));
+    select(u"gone.tvd"_s);
+    ASSERT_TRUE(QFile::remove(u"gone.tvd"_s));
+    EXPECT_TRUE(failure().contains(u"\"gone.tvd\""_s));
+    EXPECT_FALSE(QFileInfo::exists(u"talkshow.tvd"_s));
 }
 
 TEST_F(ImportLeaving, AMissingTargetOfStipulationsIsNamedAndNotCreated)
 {
-    putBytes(QStringLiteral("a.tvd"), recordOf(19));
+    putBytes(u"a.tvd"_s, recordOf(19));
     enter();
     press("Form2", "Command4");
-    select(QStringLiteral("a.tvd"));
-    EXPECT_TRUE(failure().contains(QStringLiteral("\"stipulations.tvd\"")));
-    EXPECT_FALSE(QFileInfo::exists(QStringLiteral("stipulations.tvd")));
+    select(u"a.tvd"_s);
+    EXPECT_TRUE(failure().contains(u"\"stipulations.tvd\""_s));
+    EXPECT_FALSE(QFileInfo::exists(u"stipulations.tvd"_s));
 }
 
 TEST_F(ImportLeaving, AFolderThatIsNotThereIsNamed)
 {
-    putBytes(QStringLiteral("a.tvd"), recordOf(33));
+    putBytes(u"a.tvd"_s, recordOf(33));
     enter();
     press("Form2", "Command5");
-    select(QStringLiteral("a.tvd"));
-    type("Form2", "Text1", QStringLiteral("nowhere/turns.tvd"));
-    EXPECT_TRUE(failure().contains(QStringLiteral("\"nowhere/turns.tvd\"")));
-    EXPECT_EQ(text("Form2", "Text1"), QStringLiteral("nowhere/turns.tvd"));
-    EXPECT_FALSE(QFileInfo::exists(QStringLiteral("nowhere")));
+    select(u"a.tvd"_s);
+    type("Form2", "Text1", u"nowhere/turns.tvd"_s);
+    EXPECT_TRUE(failure().contains(u"\"nowhere/turns.tvd\""_s));
+    EXPECT_EQ(text("Form2", "Text1"), u"nowhere/turns.tvd"_s);
+    EXPECT_FALSE(QFileInfo::exists(u"nowhere"_s));
 }
 
 } // namespace

@@ -5,6 +5,9 @@
 #include <QPushButton>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class ImportScreen : public ImportTest
@@ -19,7 +22,7 @@ protected:
 TEST_F(ImportScreen, BearsTheProgramsCaption)
 {
     enter();
-    EXPECT_EQ(screen("Form2").windowTitle(), QStringLiteral("Tarvold 1.3 Data Editor"));
+    EXPECT_EQ(screen("Form2").windowTitle(), u"Tarvold 1.3 Data Editor"_s);
 }
 
 TEST_F(ImportScreen, IsFirstShownInStage1)
@@ -31,14 +34,13 @@ TEST_F(ImportScreen, IsFirstShownInStage1)
 TEST_F(ImportScreen, HasItsDesignTexts)
 {
     enter();
-    EXPECT_EQ(text("Form2", "Label3"), QStringLiteral("Import"));
-    EXPECT_EQ(text("Form2", "Label2"),
-              QStringLiteral("Which file do you want to import these into?"));
-    EXPECT_EQ(text("Form2", "Text1"), QStringLiteral("Text1"));
-    EXPECT_EQ(caption("Command1"), QStringLiteral("Back"));
-    EXPECT_EQ(caption("Command8"), QStringLiteral("Import"));
-    EXPECT_EQ(caption("Command9"), QStringLiteral("Cancel"));
-    EXPECT_EQ(text("Form2", "whatimport"), QStringLiteral("Label2"));
+    EXPECT_EQ(text("Form2", "Label3"), u"Import"_s);
+    EXPECT_EQ(text("Form2", "Label2"), u"Which file do you want to import these into?"_s);
+    EXPECT_EQ(text("Form2", "Text1"), u"Text1"_s);
+    EXPECT_EQ(caption("Command1"), u"Back"_s);
+    EXPECT_EQ(caption("Command8"), u"Import"_s);
+    EXPECT_EQ(caption("Command9"), u"Cancel"_s);
+    EXPECT_EQ(text("Form2", "whatimport"), u"Label2"_s);
 }
 
 TEST_F(ImportScreen, HasTheKindButtonsInTheirOrder)
@@ -56,7 +58,7 @@ TEST_F(ImportScreen, HasTheKindButtonsInTheirOrder)
 TEST_F(ImportScreen, TakesNoDataFromTheMainMenusBoxes)
 {
     for (const char *box : {"Text1", "Text3", "Text4", "Text5", "Text6", "Text7"}) {
-        type("Form1", box, QStringLiteral("mine.tvd"));
+        type("Form1", box, u"mine.tvd"_s);
     }
     enter();
     for (const ImportKind &kind : kImportKinds) {
@@ -96,7 +98,7 @@ TEST_P(ImportKindButton, SuggestsItsTargetAgainAfterCancel)
 {
     enter();
     press("Form2", button());
-    type("Form2", "Text1", QStringLiteral("changed.tvd"));
+    type("Form2", "Text1", u"changed.tvd"_s);
     press("Form2", "Command9");
     press("Form2", button());
     EXPECT_EQ(text("Form2", "Text1"), target());
@@ -104,27 +106,27 @@ TEST_P(ImportKindButton, SuggestsItsTargetAgainAfterCancel)
 
 TEST_P(ImportKindButton, LeavesItsChoiceInPlaceOnCancel)
 {
-    putBytes(QStringLiteral("a.tvd"), {});
+    putBytes(u"a.tvd"_s, {});
     enter();
     press("Form2", button());
-    select(QStringLiteral("a.tvd"));
-    type("Form2", "Text1", QStringLiteral("changed.tvd"));
+    select(u"a.tvd"_s);
+    type("Form2", "Text1", u"changed.tvd"_s);
     press("Form2", "Command9");
     expectStage1();
     EXPECT_EQ(text("Form2", "whatimport"), QLatin1StringView(GetParam().whatimport));
-    EXPECT_EQ(text("Form2", "Text1"), QStringLiteral("changed.tvd"));
-    EXPECT_EQ(selected(), QStringLiteral("a.tvd"));
+    EXPECT_EQ(text("Form2", "Text1"), u"changed.tvd"_s);
+    EXPECT_EQ(selected(), u"a.tvd"_s);
 }
 
 TEST_P(ImportKindButton, ImportsRecordsOfItsLength)
 {
     const int lines = GetParam().lines;
     putBytes(target(), recordOf(lines, {"1"}));
-    putBytes(QStringLiteral("a.tvd"),
+    putBytes(u"a.tvd"_s,
              recordOf(lines, {"2"}) + recordOf(lines, {"", "left out"}) + recordOf(lines, {"3"}));
     enter();
     press("Form2", button());
-    select(QStringLiteral("a.tvd"));
+    select(u"a.tvd"_s);
     import();
     expectStage1();
     EXPECT_EQ(bytesIn(target()),

@@ -3,6 +3,9 @@
 #include <QTest>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr const char *kStage1[] = {"Command1", "Command2", "Command3", "Command4",
@@ -64,7 +67,7 @@ void ImportTest::select(const QString &file)
 void ImportTest::expectStage1()
 {
     expectOnly("Form2");
-    EXPECT_EQ(text("Form2", "Label1"), QStringLiteral("What would you like to import?"));
+    EXPECT_EQ(text("Form2", "Label1"), u"What would you like to import?"_s);
     for (const char *name : kStage1) {
         EXPECT_TRUE(control("Form2", name).isVisible()) << name;
     }
@@ -80,7 +83,7 @@ void ImportTest::expectStage1()
 void ImportTest::expectStage2()
 {
     expectOnly("Form2");
-    EXPECT_EQ(text("Form2", "Label1"), QStringLiteral("Which file would you like to import from?"));
+    EXPECT_EQ(text("Form2", "Label1"), u"Which file would you like to import from?"_s);
     for (const char *name : kStage1) {
         EXPECT_FALSE(control("Form2", name).isVisible()) << name;
     }
@@ -95,7 +98,7 @@ void ImportTest::expectStage2()
 
 void ImportTest::import()
 {
-    boxes.expectNotice(QStringLiteral("Import"), QStringLiteral("Import Complete."));
+    boxes.expectNotice(u"Import"_s, u"Import Complete."_s);
     press("Form2", "Command8");
 }
 

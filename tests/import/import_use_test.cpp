@@ -11,6 +11,8 @@
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 /// What the pointer looked like whenever a file was brought to the disk.
 QList<Qt::CursorShape> cursorsAtSync; // NOLINT(cppcoreguidelines-avoid-non-const-global-variables)
 
@@ -85,8 +87,8 @@ protected:
 
 TEST_F(ImportUse, ImportsByKeyboardAlone)
 {
-    putBytes(QStringLiteral("a.tvd"), recordOf(19, {"1"}));
-    putBytes(QStringLiteral("b.tvd"), recordOf(19, {"2"}));
+    putBytes(u"a.tvd"_s, recordOf(19, {"1"}));
+    putBytes(u"b.tvd"_s, recordOf(19, {"2"}));
     enter();
     tabTo("Command6");
     key(Qt::Key_Space);
@@ -94,41 +96,38 @@ TEST_F(ImportUse, ImportsByKeyboardAlone)
     EXPECT_TRUE(files().hasFocus());
     key(Qt::Key_Down);
     key(Qt::Key_Down);
-    EXPECT_EQ(selected(), QStringLiteral("b.tvd"));
+    EXPECT_EQ(selected(), u"b.tvd"_s);
     tabTo("Text1");
     QTest::keySequence(screen("Form2").windowHandle(), QKeySequence::SelectAll);
-    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("c.tvd"));
+    QTest::keyClicks(QApplication::focusWidget(), u"c.tvd"_s);
     tabTo("Command8");
-    boxes.expectNotice(QStringLiteral("Import"), QStringLiteral("Import Complete."), Answer::Enter);
+    boxes.expectNotice(u"Import"_s, u"Import Complete."_s, Answer::Enter);
     key(Qt::Key_Space);
     boxes.checkAllCame();
     expectStage1();
-    EXPECT_EQ(bytesIn(QStringLiteral("c.tvd")), recordOf(19, {"2"}));
+    EXPECT_EQ(bytesIn(u"c.tvd"_s), recordOf(19, {"2"}));
 }
 
 TEST_F(ImportUse, TabFollowsThePlacesOfTheControls)
 {
     enter();
     control("Form2", "Command2").setFocus();
-    EXPECT_EQ(tabOrder(), QStringList({QStringLiteral("Command2"), QStringLiteral("Command3"),
-                                       QStringLiteral("Command4"), QStringLiteral("Command5"),
-                                       QStringLiteral("Command6"), QStringLiteral("Command7"),
-                                       QStringLiteral("Command1")}));
+    EXPECT_EQ(tabOrder(), QStringList({u"Command2"_s, u"Command3"_s, u"Command4"_s, u"Command5"_s,
+                                       u"Command6"_s, u"Command7"_s, u"Command1"_s}));
     press("Form2", "Command2");
-    EXPECT_EQ(tabOrder(), QStringList({QStringLiteral("File1"), QStringLiteral("Text1"),
-                                       QStringLiteral("Command9"), QStringLiteral("Command8")}));
+    EXPECT_EQ(tabOrder(), QStringList({u"File1"_s, u"Text1"_s, u"Command9"_s, u"Command8"_s}));
 }
 
 TEST_F(ImportUse, SomethingHasTheFocusAfterCancelAndAfterAnImport)
 {
-    putBytes(QStringLiteral("a.tvd"), {});
+    putBytes(u"a.tvd"_s, {});
     enter();
     press("Form2", "Command6");
     press("Form2", "Command9");
     ASSERT_NE(QApplication::focusWidget(), nullptr);
     EXPECT_TRUE(QApplication::focusWidget()->isVisible());
     press("Form2", "Command6");
-    select(QStringLiteral("a.tvd"));
+    select(u"a.tvd"_s);
     import();
     expectReachable(control("Form2", "Command1"));
     ASSERT_NE(QApplication::focusWidget(), nullptr);
@@ -145,7 +144,7 @@ TEST_F(ImportUse, AllControlsHaveNamesOfTheirOwn)
 
 TEST_F(ImportUse, AllControlsAreLargeEnoughToBeHit)
 {
-    putBytes(QStringLiteral("a.tvd"), {});
+    putBytes(u"a.tvd"_s, {});
     enter();
     press("Form2", "Command3");
     for (const char *name : {"Text1", "Command8", "Command9"}) {
@@ -156,15 +155,15 @@ TEST_F(ImportUse, AllControlsAreLargeEnoughToBeHit)
 
 TEST_F(ImportUse, MessagesShowMarkupAsText)
 {
-    putBytes(QStringLiteral("a.tvd"), recordOf(19, {"<b>Any</b>", "&Cage"}));
-    putBytes(QStringLiteral("stipulations.tvd"), recordOf(19, {"<b>Any</b>", "&Cage"}));
+    putBytes(u"a.tvd"_s, recordOf(19, {"<b>Any</b>", "&Cage"}));
+    putBytes(u"stipulations.tvd"_s, recordOf(19, {"<b>Any</b>", "&Cage"}));
     enter();
     press("Form2", "Command4");
-    select(QStringLiteral("a.tvd"));
-    boxes.expectNotice(QStringLiteral("Match Duplication"),
-                       QStringLiteral("The combination of match type: <b>Any</b> and stipulation: "
-                                      "&Cage are already in the file stipulations.tvd so will not "
-                                      "be imported."));
+    select(u"a.tvd"_s);
+    boxes.expectNotice(u"Match Duplication"_s,
+                       u"The combination of match type: <b>Any</b> and stipulation: "
+                       "&Cage are already in the file stipulations.tvd so will not "
+                       "be imported."_s);
     import();
 }
 
@@ -190,12 +189,11 @@ class ImportCursor : public ImportUse
 protected:
     ImportCursor()
     {
-        putBytes(QStringLiteral("a.tvd"),
-                 recordOf(19, {"Any", "Cage"}) + recordOf(19, {"Any", "Ladder"}));
-        putBytes(QStringLiteral("stipulations.tvd"), recordOf(19, {"Any", "Cage"}));
+        putBytes(u"a.tvd"_s, recordOf(19, {"Any", "Cage"}) + recordOf(19, {"Any", "Ladder"}));
+        putBytes(u"stipulations.tvd"_s, recordOf(19, {"Any", "Cage"}));
         enter();
         press("Form2", "Command4");
-        select(QStringLiteral("a.tvd"));
+        select(u"a.tvd"_s);
         cursorsAtSync.clear();
     }
 
@@ -204,10 +202,10 @@ protected:
 
 TEST_F(ImportCursor, IsBusyDuringTheMergeAndNotDuringMessageBoxes)
 {
-    boxes.expectNotice(QStringLiteral("Match Duplication"),
-                       QStringLiteral("The combination of match type: Any and stipulation: Cage "
-                                      "are already in the file stipulations.tvd so will not be "
-                                      "imported."));
+    boxes.expectNotice(u"Match Duplication"_s,
+                       u"The combination of match type: Any and stipulation: Cage "
+                       "are already in the file stipulations.tvd so will not be "
+                       "imported."_s);
     import();
     EXPECT_EQ(watch.shapes, QList<Qt::CursorShape>(2, Qt::ArrowCursor));
     // One for the file, one for its folder.
@@ -218,8 +216,8 @@ TEST_F(ImportCursor, IsBusyDuringTheMergeAndNotDuringMessageBoxes)
 TEST_F(ImportCursor, IsNotLeftBusyByAFailure)
 {
     QString said;
-    ASSERT_TRUE(QFile::remove(QStringLiteral("stipulations.tvd")));
-    boxes.catchNotice(QStringLiteral("Import"), &said);
+    ASSERT_TRUE(QFile::remove(u"stipulations.tvd"_s));
+    boxes.catchNotice(u"Import"_s, &said);
     press("Form2", "Command8");
     EXPECT_EQ(watch.shapes, QList<Qt::CursorShape>{Qt::ArrowCursor});
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);

@@ -7,6 +7,9 @@
 #include <map>
 
 namespace tarvold::testing::figures {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Worst
@@ -37,8 +40,8 @@ std::map<Key, double> figuresOfDocument()
         const double light = isRow ? cells[3].toDouble(&isRow) : 0;
         if (isRow) {
             const QString sort = cells[1].trimmed();
-            figures[{sort, QStringLiteral("light")}] = light;
-            figures[{sort, QStringLiteral("dark")}] = cells[4].toDouble();
+            figures[{sort, u"light"_s}] = light;
+            figures[{sort, u"dark"_s}] = cells[4].toDouble();
         }
     }
     return figures;

@@ -10,6 +10,9 @@
 #include <QToolTip>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The rows of the two screens that have a list, and the tool tips that tell long ones in full.
@@ -53,8 +56,8 @@ TEST_P(ListLookTest, ToolTipsOfLongRowsCanBeRead)
     QWidget *tip = toolTip();
     ASSERT_NE(tip, nullptr);
     const QRect text = tip->rect().adjusted(3, 3, -3, -3);
-    const Scene scene = sceneOf(*tip, QStringLiteral("tool tip"));
-    figures::expectAtLeast(scene, "Text: tool tips", QStringLiteral("of the first row"),
+    const Scene scene = sceneOf(*tip, u"tool tip"_s);
+    figures::expectAtLeast(scene, "Text: tool tips", u"of the first row"_s,
                            Picture(*tip, text).textContrast(text), contrast::kText);
     checks::expectInScreen(scene);
     QToolTip::hideText();

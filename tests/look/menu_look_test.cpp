@@ -12,6 +12,9 @@
 #include <QMenu>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The menu of a text box, one on a form and one that is yellow.
@@ -23,9 +26,9 @@ protected:
     {
         QLineEdit &box = *parts::visible<QLineEdit>(shown()).front();
         parts::reveal(box);
-        QApplication::clipboard()->setText(QStringLiteral("pasted"));
+        QApplication::clipboard()->setText(u"pasted"_s);
         box.setFocus(Qt::TabFocusReason);
-        box.insert(QStringLiteral("typed"));
+        box.insert(u"typed"_s);
         box.selectAll();
         const QPoint place = box.rect().center();
         QContextMenuEvent event(QContextMenuEvent::Mouse, place, box.mapToGlobal(place));
@@ -47,7 +50,7 @@ TEST_P(MenuLookTest, ItemsCanBeReadAndHit)
 {
     QMenu *menu = openMenu();
     ASSERT_NE(menu, nullptr);
-    const Scene scene = sceneOf(*menu, QStringLiteral("menu"));
+    const Scene scene = sceneOf(*menu, u"menu"_s);
     for (QAction *action : menu->actions()) {
         if (action->isSeparator()) {
             continue;

@@ -4,6 +4,9 @@
 #include <QMessageBox>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The message boxes, over the main menu: they are the same everywhere.
@@ -37,30 +40,29 @@ protected:
 
 TEST_P(MessageBoxLookTest, AShortNoticeIsGood)
 {
-    expectGoodNotice(QStringLiteral("short notice"), QStringLiteral("Saved OK."));
+    expectGoodNotice(u"short notice"_s, u"Saved OK."_s);
 }
 
 TEST_P(MessageBoxLookTest, ANoticeOfSomeSentencesIsGood)
 {
-    expectGoodNotice(QStringLiteral("long notice"),
-                     QStringLiteral("The file can't be written, and nothing of it was changed. ")
-                         .repeated(8)
-                         .trimmed());
+    expectGoodNotice(
+        u"long notice"_s,
+        u"The file can't be written, and nothing of it was changed. "_s.repeated(8).trimmed());
 }
 
 TEST_P(MessageBoxLookTest, ANoticeOfALongNameIsGood)
 {
-    expectGoodNotice(QStringLiteral("notice with a long name"),
-                     QStringLiteral("There is no file ") + QString(240, u'w') + u'.');
+    expectGoodNotice(u"notice with a long name"_s,
+                     u"There is no file "_s + QString(240, u'w') + u'.');
 }
 
 TEST_P(MessageBoxLookTest, TheLongestNoticeIsGood)
 {
     // A small display shows its beginning and its end.
-    const QString sentence = QStringLiteral("A line of the file that somebody wrote ");
+    const QString sentence = u"A line of the file that somebody wrote "_s;
     QString told;
     boxes.catchNotice(title(), &told);
-    boxes.beforeItsAnswer([](QMessageBox &box) { measure(box, QStringLiteral("longest notice")); });
+    boxes.beforeItsAnswer([](QMessageBox &box) { measure(box, u"longest notice"_s); });
     messagebox::notice(&shown(), title(), sentence.repeated(125));
     boxes.checkAllCame();
     EXPECT_TRUE(told.startsWith(sentence.repeated(3)));
@@ -70,24 +72,22 @@ TEST_P(MessageBoxLookTest, TheLongestNoticeIsGood)
 TEST_P(MessageBoxLookTest, AFailedSaveIsGood)
 {
     const QString text =
-        QStringLiteral("The file \"%1\" could not be written.\n\nPermission denied\n\nNothing was "
-                       "written, and everything that you typed is still here.");
-    for (const QString &name : {QStringLiteral("x.tvd"), QString(240, u'w')}) {
+        u"The file \"%1\" could not be written.\n\nPermission denied\n\nNothing was "
+        "written, and everything that you typed is still here."_s;
+    for (const QString &name : {u"x.tvd"_s, QString(240, u'w')}) {
         boxes.expectFailedSave(title(), text.arg(name));
-        boxes.beforeItsAnswer(
-            [](QMessageBox &box) { measure(box, QStringLiteral("failed save")); });
-        messagebox::offer(&shown(), title(), text.arg(name),
-                          QStringLiteral("&Save To Another File..."));
+        boxes.beforeItsAnswer([](QMessageBox &box) { measure(box, u"failed save"_s); });
+        messagebox::offer(&shown(), title(), text.arg(name), u"&Save To Another File..."_s);
         boxes.checkAllCame();
     }
 }
 
 TEST_P(MessageBoxLookTest, AQuestionIsGood)
 {
-    const QString text = QStringLiteral("This will return you to the main menu and lose any "
-                                        "changes you haven't saved. Continue?");
+    const QString text = u"This will return you to the main menu and lose any "
+                         "changes you haven't saved. Continue?"_s;
     boxes.expectQuestion(title(), text, Answer::No);
-    boxes.beforeItsAnswer([](QMessageBox &box) { measure(box, QStringLiteral("question")); });
+    boxes.beforeItsAnswer([](QMessageBox &box) { measure(box, u"question"_s); });
     messagebox::question(&shown(), title(), text, messagebox::EnterMeans::No);
     boxes.checkAllCame();
 }

@@ -11,6 +11,9 @@
 #include <QStyleOption>
 
 namespace tarvold::testing::parts {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 bool isInsideAnother(const QWidget &widget)
@@ -57,10 +60,9 @@ QList<QWidget *> items(const QWidget &window)
                             qobject_cast<const QAbstractItemView *>(widget) != nullptr ||
                             qobject_cast<const QScrollBar *>(widget) != nullptr;
         const QWidget *parent = widget->parentWidget();
-        const bool isOfAScrollArea =
-            parent != nullptr &&
-            parent->objectName().startsWith(QStringLiteral("qt_scrollarea_")) &&
-            qobject_cast<const QScrollBar *>(widget) != nullptr;
+        const bool isOfAScrollArea = parent != nullptr &&
+                                     parent->objectName().startsWith(u"qt_scrollarea_"_s) &&
+                                     qobject_cast<const QScrollBar *>(widget) != nullptr;
         return !isItem || isOfAScrollArea || isInsideAnother(*widget);
     });
     return found;
@@ -72,10 +74,10 @@ QString nameOf(const QWidget &widget)
         return widget.objectName();
     }
     if (const auto *label = qobject_cast<const QLabel *>(&widget)) {
-        return QStringLiteral("label \"") + label->text().left(30) + u'"';
+        return u"label \""_s + label->text().left(30) + u'"';
     }
     if (const auto *button = qobject_cast<const QAbstractButton *>(&widget)) {
-        return QStringLiteral("button ") + button->text();
+        return u"button "_s + button->text();
     }
     const QString parent =
         widget.parentWidget() != nullptr ? widget.parentWidget()->objectName() + u'/' : QString();

@@ -12,6 +12,9 @@
 #include <map>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Where something begins or ends, and what does.
@@ -42,7 +45,7 @@ void collect(const Screen &screen, Columns &columns)
     }
     for (const CommentaryLine *line : parts::visible<CommentaryLine>(screen)) {
         columns.lines[parts::placeOf(*line).left()] += line->objectName().toStdString() + ' ';
-        const QString number = line->objectName().mid(QStringLiteral("Text").size());
+        const QString number = line->objectName().mid(u"Text"_s.size());
         for (const QLabel *label : parts::visible<QLabel>(screen)) {
             if (label->text() == number) {
                 columns.lineNumbers[parts::placeOf(*label).right()] += number.toStdString() + ' ';
@@ -75,7 +78,7 @@ std::map<const QWidget *, QRect> placesIn(const QWidget &window)
     for (const QWidget *widget : window.findChildren<QWidget *>()) {
         const QWidget *parent = widget->parentWidget();
         const bool isScrolled =
-            parent != nullptr && parent->objectName() == QStringLiteral("qt_scrollarea_viewport");
+            parent != nullptr && parent->objectName() == u"qt_scrollarea_viewport"_s;
         places[widget] = isScrolled ? QRect({}, widget->size()) : widget->geometry();
     }
     return places;
@@ -152,9 +155,9 @@ TEST_P(HelpLookTest, EveryHelpFitsItsBox)
     }
     if (auto *feud = qobject_cast<Form8 *>(&shown())) {
         feud->showBrandHelp();
-        checks::expectNotCut(sceneOf(shown(), QStringLiteral("help of brands")), *help);
+        checks::expectNotCut(sceneOf(shown(), u"help of brands"_s), *help);
         feud->showPowerFigureHelp();
-        checks::expectNotCut(sceneOf(shown(), QStringLiteral("help of power figures")), *help);
+        checks::expectNotCut(sceneOf(shown(), u"help of power figures"_s), *help);
     }
 }
 

@@ -10,6 +10,9 @@
 #include <QPushButton>
 
 namespace tarvold::testing::checks {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 void expectText(const Scene &scene, const char *sort, const QString &part, const QRect &place)
@@ -74,7 +77,7 @@ void expectReadableSelections(const Scene &scene)
 
 void expectReadableRow(const Scene &scene, const char *sort, const QAbstractItemView &list, int row)
 {
-    expectText(scene, sort, parts::nameOf(list) + QStringLiteral(" row ") + QString::number(row),
+    expectText(scene, sort, parts::nameOf(list) + u" row "_s + QString::number(row),
                parts::rowTextOf(list, row));
 }
 

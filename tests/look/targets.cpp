@@ -9,6 +9,9 @@
 #include <algorithm>
 
 namespace tarvold::testing::checks {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr double kLeast = 24;
@@ -67,8 +70,7 @@ void expectLargeRows(const Scene &scene, const char *sort, const QAbstractItemVi
     constexpr int kMost = 50; // of the long lists, whose rows are all alike
     for (int row = 0; row < std::min(kMost, list.model()->rowCount()); ++row) {
         const QSize size = list.visualRect(list.model()->index(row, 0)).size();
-        expectTarget(scene, sort,
-                     parts::nameOf(list) + QStringLiteral(" row ") + QString::number(row), size);
+        expectTarget(scene, sort, parts::nameOf(list) + u" row "_s + QString::number(row), size);
     }
 }
 

@@ -11,6 +11,9 @@
 #include <string_view>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const char *suffixOf(Colours colours)
@@ -32,10 +35,10 @@ QByteArray manyStipulations()
 void writeManyFiles()
 {
     for (int number = 1; number <= 200; ++number) {
-        writeFile(qPrintable(QStringLiteral("more-%1.tvd").arg(number)), {});
+        writeFile(qPrintable(u"more-%1.tvd"_s.arg(number)), {});
     }
-    const QString longName = QStringLiteral("all-that-we-wrote-in-") + QString(150, u'x');
-    writeFile(qPrintable(longName + QStringLiteral(".tvd")), {});
+    const QString longName = u"all-that-we-wrote-in-"_s + QString(150, u'x');
+    writeFile(qPrintable(longName + u".tvd"_s), {});
 }
 
 } // namespace
@@ -148,7 +151,7 @@ void LookTest::SetUp()
     expectOnly(view.screen);
     expectActive(shown());
     fillEmptyBoxes();
-    if (auto *line = shown().findChild<CommentaryLine *>(QStringLiteral("Text2"))) {
+    if (auto *line = shown().findChild<CommentaryLine *>(u"Text2"_s)) {
         click(*line); // which turns yellow
     }
 }
@@ -157,7 +160,7 @@ void LookTest::fillEmptyBoxes()
 {
     for (QLineEdit *box : parts::visible<QLineEdit>(shown())) {
         if (box->text().isEmpty()) {
-            box->setText(QStringLiteral("Any"));
+            box->setText(u"Any"_s);
         }
     }
 }

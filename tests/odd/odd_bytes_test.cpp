@@ -8,6 +8,9 @@
 #include <QRegularExpression>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr qsizetype kHundredMegabytes = 100'000'000;
@@ -40,7 +43,7 @@ protected:
     {
         writeFile(kFile, bytes);
         QString told;
-        boxes.catchNotice(utf8("Stipulations Editor"), &told);
+        boxes.catchNotice(u"Stipulations Editor"_s, &told);
         press("Form1", "Command1");
         expectOnly("Form1");
         EXPECT_EQ(readBack(kFile), bytes);
@@ -62,7 +65,7 @@ TEST_F(OddBytesInStipulations, AreKeptWhenOtherStipulationsAreMadeEditedAndDelet
     put("stipulation", "New");
     save();
     EXPECT_EQ(readBack(kFile), odd + stipulation("Singles", "Edited") + odd + untouched("New"));
-    remove(1, utf8("Singles / Edited"));
+    remove(1, u"Singles / Edited"_s);
     EXPECT_EQ(readBack(kFile), odd + odd + untouched("New"));
 }
 
@@ -78,14 +81,14 @@ TEST_F(OddBytesInStipulations, OfABareLineFeedAtEveryLineAreToldAsThat)
 {
     QByteArray bytes = plain + plain;
     bytes.replace("\r\n", "\n");
-    EXPECT_TRUE(refusal(bytes).contains(utf8("Its lines do not end with CR LF.")));
+    EXPECT_TRUE(refusal(bytes).contains(u"Its lines do not end with CR LF."_s));
 }
 
 TEST_F(OddBytesInStipulations, OfABareCarriageReturnAtEveryLineAreToldAsThat)
 {
     QByteArray bytes = plain + plain;
     bytes.replace("\r\n", "\r");
-    EXPECT_TRUE(refusal(bytes).contains(utf8("Its lines end with CR alone, not with CR LF.")));
+    EXPECT_TRUE(refusal(bytes).contains(u"Its lines end with CR alone, not with CR LF."_s));
 }
 
 TEST_F(OddBytesInStipulations, WithoutTheLastLineEndLoseNothingAndGetOne)
@@ -119,9 +122,9 @@ TEST_F(HundredMegabytesInALine, IsToldWhenThatIsAllThereIs)
 {
     writeFile(kFile, longLine());
     QString told;
-    boxes.catchNotice(utf8("Stipulations Editor"), &told);
+    boxes.catchNotice(u"Stipulations Editor"_s, &told);
     press("Form1", "Command1");
-    EXPECT_TRUE(told.contains(utf8("lines found: 1"))) << told.toStdString();
+    EXPECT_TRUE(told.contains(u"lines found: 1"_s)) << told.toStdString();
     expectOnly("Form1");
     EXPECT_EQ(QFileInfo(utf8(kFile)).size(), kHundredMegabytes);
 }
@@ -133,19 +136,19 @@ TEST_F(HundredMegabytesInALine, CanBeListedAndDeletedButNotEdited)
     EXPECT_LT(listed().front().size(), 6000U);
     select(0);
     QString told;
-    boxes.catchNotice(utf8("Stipulations Editor"), &told);
+    boxes.catchNotice(u"Stipulations Editor"_s, &told);
     press("Form16", "Command2");
     expectOnly("Form16");
-    EXPECT_TRUE(told.startsWith(utf8("Line 2 of this stipulation has 100000000 characters.")))
+    EXPECT_TRUE(told.startsWith(u"Line 2 of this stipulation has 100000000 characters."_s))
         << told.toStdString();
     QString asked;
-    boxes.catchQuestion(utf8("Delete Stipulation"), &asked, Answer::Yes);
-    boxes.expectNotice(utf8("Delete"), utf8("Stipulation Deleted."));
+    boxes.catchQuestion(u"Delete Stipulation"_s, &asked, Answer::Yes);
+    boxes.expectNotice(u"Delete"_s, u"Stipulation Deleted."_s);
     press("Form16", "Command4");
     // As much of it as the display has room for.
     const QRegularExpression question(
-        utf8("^Are you sure you want to permanently delete the match stipulation:\r\n\r\n"
-             "Singles / x{200,} \\[\\.\\.\\.\\] x{200,}\r\n$"));
+        u"^Are you sure you want to permanently delete the match stipulation:\r\n\r\n"
+        "Singles / x{200,} \\[\\.\\.\\.\\] x{200,}\r\n$"_s);
     EXPECT_TRUE(question.match(asked).hasMatch()) << asked.toStdString();
     EXPECT_EQ(readBack(kFile), plain);
 }
@@ -167,8 +170,8 @@ protected:
     {
         enter();
         press("Form2", kind);
-        select(utf8("x.tvd"));
-        type("Form2", "Text1", utf8("target.tvd"));
+        select(u"x.tvd"_s);
+        type("Form2", "Text1", u"target.tvd"_s);
     }
 
     void importAll(const char *kind)
@@ -182,7 +185,7 @@ protected:
     {
         chooseFiles("Command4");
         QString told;
-        boxes.catchNotice(utf8("Match Duplication"), &told);
+        boxes.catchNotice(u"Match Duplication"_s, &told);
         import();
         return told;
     }
@@ -191,7 +194,7 @@ protected:
     {
         chooseFiles(kind);
         QString told;
-        boxes.catchNotice(utf8("Import"), &told);
+        boxes.catchNotice(u"Import"_s, &told);
         press("Form2", "Command8");
         expectStage2();
         EXPECT_EQ(folderContent(), "x.tvd");
@@ -213,21 +216,21 @@ TEST_F(OddBytesAtImport, AreComparedAsTheyAre)
     writeFile("x.tvd", odd + stipulation("Singles", everyByte()));
     writeFile("target.tvd", odd);
     const QString told = duplicateAtImport();
-    EXPECT_TRUE(told.startsWith(utf8("The combination of match type: 1"))) << told.toStdString();
+    EXPECT_TRUE(told.startsWith(u"The combination of match type: 1"_s)) << told.toStdString();
     EXPECT_EQ(readBack("target.tvd"), odd + stipulation("Singles", everyByte()));
 }
 
 TEST_F(OddBytesAtImport, OfABareLineFeedAtEveryLineAreToldAsThat)
 {
     writeFile("x.tvd", recordOf(19).replace("\r\n", "\n"));
-    EXPECT_TRUE(failedImport("Command6").contains(utf8("Its lines do not end with CR LF.")));
+    EXPECT_TRUE(failedImport("Command6").contains(u"Its lines do not end with CR LF."_s));
 }
 
 TEST_F(OddBytesAtImport, OfABareCarriageReturnAtEveryLineAreToldAsThat)
 {
     writeFile("x.tvd", recordOf(19).replace("\r\n", "\r"));
     EXPECT_TRUE(
-        failedImport("Command6").contains(utf8("Its lines end with CR alone, not with CR LF.")));
+        failedImport("Command6").contains(u"Its lines end with CR alone, not with CR LF."_s));
 }
 
 TEST_F(OddBytesAtImport, WithoutTheLastLineEndAreCopiedWithIt)
@@ -249,7 +252,7 @@ TEST_F(OddBytesAtImport, OfNoBytesMakeAnEmptyTarget)
 TEST_F(OddBytesAtImport, OfOneLineOfAHundredMegabytesAreTold)
 {
     writeFile("x.tvd", QByteArray(kHundredMegabytes, 'x'));
-    EXPECT_TRUE(failedImport("Command4").contains(utf8("lines found: 1")));
+    EXPECT_TRUE(failedImport("Command4").contains(u"lines found: 1"_s));
 }
 
 TEST_F(OddBytesAtImport, OfAHundredMegabytesInAKeyAreToldShortlyWhenItIsThere)
@@ -259,8 +262,8 @@ TEST_F(OddBytesAtImport, OfAHundredMegabytesInAKeyAreToldShortlyWhenItIsThere)
     writeFile("target.tvd", odd);
     const QString told = duplicateAtImport();
     EXPECT_LT(told.size(), 6000);
-    EXPECT_TRUE(told.endsWith(utf8("already in the file target.tvd so will not be imported.")));
-    EXPECT_EQ(QFileInfo(utf8("target.tvd")).size(), odd.size());
+    EXPECT_TRUE(told.endsWith(u"already in the file target.tvd so will not be imported."_s));
+    EXPECT_EQ(QFileInfo(u"target.tvd"_s).size(), odd.size());
 }
 
 using OddBytesAtSave = FlowTest;
@@ -268,7 +271,7 @@ using OddBytesAtSave = FlowTest;
 TEST_F(OddBytesAtSave, InTheFileStayAndTheRecordStandsRightBehindThem)
 {
     goToCommentary(kInterviewPath);
-    type(kInterviewPath.screens.back(), "Text1", utf8("The end."));
+    type(kInterviewPath.screens.back(), "Text1", u"The end."_s);
     const QByteArray odd = everyByte() + "no line end\r";
     writeFile(kInterviewPath.file, odd);
     save(kInterviewPath);

@@ -13,6 +13,9 @@
 #include <unistd.h>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class OddFileOnScreens : public ImportTest, public ::testing::WithParamInterface<OddFile>
@@ -28,7 +31,7 @@ public:
     ~OddFileOnScreens() override { ::alarm(0); }
 
 protected:
-    static QString source() { return utf8("source.tvd"); }
+    static QString source() { return u"source.tvd"_s; }
 
     void name(ControlRef box) { editor.screens().setText(box, odd.file); }
 
@@ -44,7 +47,7 @@ protected:
     /// Fails unless the user was told of the odd file.
     void expectNothingChanged(const char *screen, const QString &told)
     {
-        EXPECT_TRUE(told.contains(u'"' + odd.file + u'"') || told.contains(utf8("[...]")))
+        EXPECT_TRUE(told.contains(u'"' + odd.file + u'"') || told.contains(u"[...]"_s))
             << told.toStdString();
         EXPECT_TRUE(told.contains(utf8(odd.cause))) << told.toStdString();
         expectOnly(screen);
@@ -54,7 +57,7 @@ protected:
     void expectRefusalAsStipulationsFile()
     {
         name({"Form1", "Text1"});
-        expectRefusal({"Form1", "Command1"}, utf8("Stipulations Editor"));
+        expectRefusal({"Form1", "Command1"}, u"Stipulations Editor"_s);
     }
 
     /// Also expects that it is not listed as a file to import from.
@@ -65,7 +68,7 @@ protected:
         EXPECT_EQ(listed(), QStringList(source()));
         select(source());
         name({"Form2", "Text1"});
-        expectRefusal({"Form2", "Command8"}, utf8("Import"));
+        expectRefusal({"Form2", "Command8"}, u"Import"_s);
         expectStage2();
         press("Form2", "Command9");
         press("Form2", "Command1");
@@ -76,13 +79,13 @@ protected:
         name({"Form1", kInterviewPath.fileBox});
         press("Form1", kInterviewPath.button);
         press("Form12", "Command2");
-        type("Form13", "Text1", utf8("The end."));
+        type("Form13", "Text1", u"The end."_s);
         boxes.expectQuestion(title(), utf8(kInterviewPath.question), Answer::Yes);
         QString told;
         boxes.catchFailedSave(title(), &told);
         press("Form13", "Command1");
         expectNothingChanged("Form13", told);
-        EXPECT_EQ(text("Form13", "Text1"), utf8("The end."));
+        EXPECT_EQ(text("Form13", "Text1"), u"The end."_s);
     }
 
     const OddFile &odd = GetParam();
@@ -103,26 +106,26 @@ using FileOnScreens = ImportTest;
 
 TEST_F(FileOnScreens, ThatAPipeReplacedSinceItWasListedIsTold)
 {
-    putBytes(utf8("x.tvd"), recordOf(19));
+    putBytes(u"x.tvd"_s, recordOf(19));
     enter();
     press("Form2", "Command6");
-    select(utf8("x.tvd"));
-    ASSERT_TRUE(QFile::remove(utf8("x.tvd")));
+    select(u"x.tvd"_s);
+    ASSERT_TRUE(QFile::remove(u"x.tvd"_s));
     ASSERT_EQ(::mkfifo("x.tvd", 0600), 0);
     ::alarm(60);
     QString told;
-    boxes.catchNotice(utf8("Import"), &told);
+    boxes.catchNotice(u"Import"_s, &told);
     press("Form2", "Command8");
     ::alarm(0);
-    EXPECT_TRUE(told.contains(utf8("It is not an ordinary file."))) << told.toStdString();
+    EXPECT_TRUE(told.contains(u"It is not an ordinary file."_s)) << told.toStdString();
     EXPECT_EQ(folderContent(), "x.tvd");
 }
 
 TEST_F(FileOnScreens, WithANulPastedIntoItsNameIsToldAndNotTheShorterNameUsed)
 {
-    putBytes(utf8("x"), "not to be touched");
+    putBytes(u"x"_s, "not to be touched");
     const std::string before = wholeFolder();
-    const QString name = utf8("x") + QChar(0) + utf8(".tvd");
+    const QString name = u"x"_s + QChar(0) + u".tvd"_s;
     QGuiApplication::clipboard()->setText(name);
     auto &box = screen("Form1").control<QLineEdit>("Text1");
     click(box);
@@ -130,15 +133,15 @@ TEST_F(FileOnScreens, WithANulPastedIntoItsNameIsToldAndNotTheShorterNameUsed)
     QTest::keySequence(&box, QKeySequence::Paste);
     EXPECT_EQ(box.text(), name);
     QString told;
-    boxes.catchNotice(utf8("Stipulations Editor"), &told);
+    boxes.catchNotice(u"Stipulations Editor"_s, &told);
     press("Form1", "Command1");
-    EXPECT_TRUE(told.contains(utf8("no file name can have"))) << told.toStdString();
+    EXPECT_TRUE(told.contains(u"no file name can have"_s)) << told.toStdString();
     EXPECT_EQ(wholeFolder(), before);
 }
 
 TEST_F(FileOnScreens, WhoseNameIsNoTextIsNotListed)
 {
-    putBytes(utf8("x.tvd"), recordOf(19));
+    putBytes(u"x.tvd"_s, recordOf(19));
     ASSERT_EQ(::rename("x.tvd", "\xE9.tvd"), 0);
     enter();
     press("Form2", "Command6");
@@ -148,25 +151,25 @@ TEST_F(FileOnScreens, WhoseNameIsNoTextIsNotListed)
 
 TEST_F(FileOnScreens, ThatMustNotBeReadIsToldOnTheMenuAndAtTheImport)
 {
-    putBytes(utf8("x.tvd"), recordOf(19));
+    putBytes(u"x.tvd"_s, recordOf(19));
     ASSERT_EQ(::chmod(".", 0777), 0);
     ASSERT_EQ(::chmod("x.tvd", 0000), 0);
-    const auto denied = utf8("Permission denied");
+    const auto denied = u"Permission denied"_s;
     EXPECT_TRUE(holdsForOrdinaryUser([&] {
         QString onMenu;
-        editor.screens().setText({"Form1", "Text1"}, utf8("x.tvd"));
-        boxes.catchNotice(utf8("Stipulations Editor"), &onMenu);
+        editor.screens().setText({"Form1", "Text1"}, u"x.tvd"_s);
+        boxes.catchNotice(u"Stipulations Editor"_s, &onMenu);
         press("Form1", "Command1");
         enter();
         press("Form2", "Command6");
-        select(utf8("x.tvd"));
+        select(u"x.tvd"_s);
         QString atImport;
-        boxes.catchNotice(utf8("Import"), &atImport);
+        boxes.catchNotice(u"Import"_s, &atImport);
         press("Form2", "Command8");
         return onMenu.contains(denied) && atImport.contains(denied) && !HasFailure();
     }));
     ASSERT_EQ(::chmod("x.tvd", 0644), 0);
-    EXPECT_EQ(bytesOf(utf8("x.tvd")), recordOf(19));
+    EXPECT_EQ(bytesOf(u"x.tvd"_s), recordOf(19));
     EXPECT_EQ(folderContent(), "x.tvd");
 }
 

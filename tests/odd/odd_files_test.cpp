@@ -13,9 +13,12 @@
 #include <unistd.h>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const auto kSource = QStringLiteral("source.tvd");
+const auto kSource = u"source.tvd"_s;
 
 std::optional<FileError> import(const QString &source, const QString &target, DataFileKind kind)
 {
@@ -36,9 +39,7 @@ const Use kUses[] = {
     {"appending", [](const QString &file) { return appendToFile(file, "bytes\r\n"); }},
     {"rewriting", [](const QString &file) { return rewriteFile(file, "bytes\r\n"); }},
     {"importing from",
-     [](const QString &file) {
-         return import(file, QStringLiteral("target.tvd"), DataFileKind::Interviews);
-     }},
+     [](const QString &file) { return import(file, u"target.tvd"_s, DataFileKind::Interviews); }},
     {"importing into",
      [](const QString &file) { return import(kSource, file, DataFileKind::Interviews); }},
     {"importing stipulations into",
@@ -95,29 +96,25 @@ TEST_P(OddNames, MeanTheFileOfExactlyThatNameInEveryUse)
     EXPECT_EQ(table.lineCount(), 19);
     EXPECT_FALSE(table.writeBack(file));
     EXPECT_FALSE(import(file, file, DataFileKind::Interviews));
-    EXPECT_FALSE(import(file, QStringLiteral("target.tvd"), DataFileKind::TalkShows));
-    EXPECT_EQ(bytesOf(QStringLiteral("target.tvd")), record + record);
-    ASSERT_TRUE(QFile::remove(QStringLiteral("target.tvd")));
+    EXPECT_FALSE(import(file, u"target.tvd"_s, DataFileKind::TalkShows));
+    EXPECT_EQ(bytesOf(u"target.tvd"_s), record + record);
+    ASSERT_TRUE(QFile::remove(u"target.tvd"_s));
     EXPECT_EQ(entries(), QStringList(file));
-    EXPECT_EQ(bytesOf(QStringLiteral("./") + file), record + record);
+    EXPECT_EQ(bytesOf(u"./"_s + file), record + record);
 }
 
 INSTANTIATE_TEST_SUITE_P(
     , OddNames,
-    ::testing::Values(
-        OddName{"Colon", QStringLiteral(":x.tvd")}, OddName{"TwoColons", QStringLiteral("::.tvd")},
-        OddName{"Resource", QStringLiteral("qrc:x.tvd")},
-        OddName{"Drive", QStringLiteral("C:x.tvd")},
-        OddName{"Unicode", QString::fromUtf8("\xC3\xBC\xE5\x90\x8D\xF0\x9F\xA4\xBC.tvd")},
-        OddName{"Combining", QString::fromUtf8("e\xCC\x81.tvd")},
-        OddName{"Blanks", QStringLiteral("  x  .tvd")},
-        OddName{"Wildcards", QStringLiteral("*?[a].tvd")},
-        OddName{"Backslash", QStringLiteral("a\\b.tvd")},
-        OddName{"Markup", QStringLiteral("<b>&amp;.tvd")},
-        OddName{"Placeholder", QStringLiteral("%1%2.tvd")},
-        OddName{"Home", QStringLiteral("~.tvd")}, OddName{"Option", QStringLiteral("-x.tvd")},
-        OddName{"LineBreak", QStringLiteral("a\r\nb.tvd")},
-        OddName{"Long", QString(244, u'x') + QStringLiteral(".tvd")}),
+    ::testing::Values(OddName{"Colon", u":x.tvd"_s}, OddName{"TwoColons", u"::.tvd"_s},
+                      OddName{"Resource", u"qrc:x.tvd"_s}, OddName{"Drive", u"C:x.tvd"_s},
+                      OddName{"Unicode",
+                              QString::fromUtf8("\xC3\xBC\xE5\x90\x8D\xF0\x9F\xA4\xBC.tvd")},
+                      OddName{"Combining", QString::fromUtf8("e\xCC\x81.tvd")},
+                      OddName{"Blanks", u"  x  .tvd"_s}, OddName{"Wildcards", u"*?[a].tvd"_s},
+                      OddName{"Backslash", u"a\\b.tvd"_s}, OddName{"Markup", u"<b>&amp;.tvd"_s},
+                      OddName{"Placeholder", u"%1%2.tvd"_s}, OddName{"Home", u"~.tvd"_s},
+                      OddName{"Option", u"-x.tvd"_s}, OddName{"LineBreak", u"a\r\nb.tvd"_s},
+                      OddName{"Long", QString(244, u'x') + u".tvd"_s}),
     kNameOfRow);
 
 using FileSystem = FolderTest;
@@ -125,7 +122,7 @@ using FileSystem = FolderTest;
 TEST_F(FileSystem, ANameWithASlashBehindItMeansNoFile)
 {
     put(kSource, recordOf(19));
-    put(QStringLiteral("x.tvd"), recordOf(19));
+    put(u"x.tvd"_s, recordOf(19));
     const std::string before = wholeFolder();
     for (const char *name : {"x.tvd/", "new.tvd/"}) {
         for (const Use &use : kUses) {
@@ -143,7 +140,7 @@ TEST_F(FileSystem, ALinkThatLeadsNowhereIsAMissingFile)
 {
     put(kSource, recordOf(19));
     ASSERT_EQ(::symlink("real.tvd", "x.tvd"), 0);
-    const auto x = QStringLiteral("x.tvd");
+    const auto x = u"x.tvd"_s;
     const std::string before = wholeFolder();
     EXPECT_TRUE(import(x, kSource, DataFileKind::Interviews));
     EXPECT_TRUE(import(kSource, x, DataFileKind::Stipulations));
@@ -151,26 +148,25 @@ TEST_F(FileSystem, ALinkThatLeadsNowhereIsAMissingFile)
     StipulationTable table;
     EXPECT_FALSE(table.load(x));
     EXPECT_EQ(table.lineCount(), 0);
-    EXPECT_EQ(bytesOf(QStringLiteral("real.tvd")), QByteArray());
-    ASSERT_TRUE(QFile::remove(QStringLiteral("real.tvd")));
+    EXPECT_EQ(bytesOf(u"real.tvd"_s), QByteArray());
+    ASSERT_TRUE(QFile::remove(u"real.tvd"_s));
     EXPECT_FALSE(import(kSource, x, DataFileKind::Interviews));
-    EXPECT_EQ(bytesOf(QStringLiteral("real.tvd")), recordOf(19));
+    EXPECT_EQ(bytesOf(u"real.tvd"_s), recordOf(19));
     EXPECT_TRUE(QFileInfo(x).isSymLink());
 }
 
 TEST_F(FileSystem, AFileThatMustNotBeReadIsNeitherImportedNorComparedWith)
 {
     put(kSource, recordOf(19));
-    put(QStringLiteral("x.tvd"), recordOf(19));
+    put(u"x.tvd"_s, recordOf(19));
     const std::string before = wholeFolder();
     ASSERT_EQ(::chmod(".", 0777), 0);
     ASSERT_EQ(::chmod("x.tvd", 0222), 0);
     EXPECT_TRUE(holdsForOrdinaryUser([] {
-        const auto x = QStringLiteral("x.tvd");
-        const auto target = QStringLiteral("target.tvd");
+        const auto x = u"x.tvd"_s;
+        const auto target = u"target.tvd"_s;
         const auto denied = [](const std::optional<FileError> &error) {
-            return error && error->unchanged &&
-                   error->cause.contains(QStringLiteral("Permission denied"));
+            return error && error->unchanged && error->cause.contains(u"Permission denied"_s);
         };
         return denied(import(x, target, DataFileKind::Interviews)) &&
                denied(import(kSource, x, DataFileKind::Stipulations));
@@ -181,27 +177,27 @@ TEST_F(FileSystem, AFileThatMustNotBeReadIsNeitherImportedNorComparedWith)
 
 TEST_F(FileSystem, AFileThatMustNotBeReadCanBeAddedTo)
 {
-    put(QStringLiteral("x.tvd"), recordOf(19));
+    put(u"x.tvd"_s, recordOf(19));
     ASSERT_EQ(::chmod(".", 0755), 0);
     ASSERT_EQ(::chmod("x.tvd", 0222), 0);
-    EXPECT_TRUE(holdsForOrdinaryUser(
-        [] { return !appendToFile(QStringLiteral("x.tvd"), recordOf(19, {"new"})); }));
-    EXPECT_EQ(bytesOf(QStringLiteral("x.tvd")), recordOf(19) + recordOf(19, {"new"}));
+    EXPECT_TRUE(
+        holdsForOrdinaryUser([] { return !appendToFile(u"x.tvd"_s, recordOf(19, {"new"})); }));
+    EXPECT_EQ(bytesOf(u"x.tvd"_s), recordOf(19) + recordOf(19, {"new"}));
 }
 
 TEST_F(FileSystem, AFileOfMoreThanAGigabyteIsNotReadButCanBeAddedTo)
 {
     constexpr qint64 kSize = 1'000'000'000'000; // a hole, which takes no space
     put(kSource, recordOf(19));
-    QFile file(QStringLiteral("x.tvd"));
+    QFile file(u"x.tvd"_s);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.resize(kSize));
-    const auto target = QStringLiteral("target.tvd");
+    const auto target = u"target.tvd"_s;
     for (const auto &error :
          {readFile(file.fileName()).error, StipulationTable().load(file.fileName()),
           import(file.fileName(), target, DataFileKind::Interviews),
           import(kSource, file.fileName(), DataFileKind::Stipulations)}) {
         ASSERT_TRUE(error);
-        EXPECT_EQ(error->cause, QStringLiteral("It is larger than 1 GB."));
+        EXPECT_EQ(error->cause, u"It is larger than 1 GB."_s);
         EXPECT_EQ(file.size(), kSize);
     }
     EXPECT_FALSE(QFileInfo::exists(target));
@@ -211,11 +207,10 @@ TEST_F(FileSystem, AFileOfMoreThanAGigabyteIsNotReadButCanBeAddedTo)
 
 TEST_F(FileSystem, AFileThatTellsNoSizeAndDoesNotEndIsNotRead)
 {
-    const QString endless = QStringLiteral("/proc/self/pagemap");
+    const QString endless = u"/proc/self/pagemap"_s;
     ASSERT_EQ(QFileInfo(endless).size(), 0);
     ASSERT_EQ(::symlink("/proc/self/pagemap", "x.tvd"), 0);
-    EXPECT_EQ(readFile(QStringLiteral("x.tvd")).error.value().cause,
-              QStringLiteral("It is larger than 1 GB."));
+    EXPECT_EQ(readFile(u"x.tvd"_s).error.value().cause, u"It is larger than 1 GB."_s);
 }
 
 } // namespace

@@ -4,10 +4,13 @@
 #include <QSignalSpy>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString kReturnQuestion = QStringLiteral(
-    "This will return you to the main menu and lose any changes you haven't saved. Continue?");
+const QString kReturnQuestion =
+    u"This will return you to the main menu and lose any changes you haven't saved. Continue?"_s;
 
 /// The screens of the normal flow after the first, each with how often ">>" leads to it.
 struct Later
@@ -89,11 +92,11 @@ TEST_F(FlowTest, BackOnTheFirstScreenAsksAndNoKeepsItOpen)
 {
     for (const Answer answer : {Answer::No, Answer::Enter, Answer::Escape, Answer::Close}) {
         press("Form1", "Command3");
-        type("Form4", "Text2", QStringLiteral("Ladder Match"));
+        type("Form4", "Text2", u"Ladder Match"_s);
         boxes.expectQuestion(title(), kReturnQuestion, answer);
         press("Form4", "Command1");
         expectOnly("Form4");
-        EXPECT_EQ(text("Form4", "Text2"), QStringLiteral("Ladder Match"));
+        EXPECT_EQ(text("Form4", "Text2"), u"Ladder Match"_s);
         boxes.expectQuestion(title(), kReturnQuestion, Answer::Yes);
         press("Form4", "Command1");
     }
@@ -102,13 +105,13 @@ TEST_F(FlowTest, BackOnTheFirstScreenAsksAndNoKeepsItOpen)
 TEST_F(FlowTest, BackOnTheFirstScreenAndYesShowsTheMenuAndTheNextEntryResets)
 {
     goTo(0);
-    type("Form4", "Text2", QStringLiteral("Ladder Match"));
+    type("Form4", "Text2", u"Ladder Match"_s);
     boxes.expectQuestion(title(), kReturnQuestion, Answer::Yes);
     press("Form4", "Command1");
     expectOnly("Form1");
-    EXPECT_EQ(text("Form4", "Text2"), QStringLiteral("Ladder Match"));
+    EXPECT_EQ(text("Form4", "Text2"), u"Ladder Match"_s);
     press("Form1", "Command3");
-    EXPECT_EQ(text("Form4", "Text2"), QStringLiteral("Any"));
+    EXPECT_EQ(text("Form4", "Text2"), u"Any"_s);
 }
 
 TEST_F(FlowTest, BackOnLaterScreensAsksNothing)
@@ -149,7 +152,7 @@ TEST_F(FlowTest, EveryWindowBearsTheSameCaption)
 {
     goTo(3);
     for (const Later &later : kScreens) {
-        EXPECT_EQ(screen(later.screen).windowTitle(), QStringLiteral("Tarvold 1.3 Data Editor"));
+        EXPECT_EQ(screen(later.screen).windowTitle(), u"Tarvold 1.3 Data Editor"_s);
     }
 }
 

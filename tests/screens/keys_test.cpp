@@ -5,6 +5,9 @@
 
 /// Alt+Left and Alt+Right press "<<" and ">>", and Ctrl+S saves, wherever a screen has them.
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class Keys : public FlowTest, public ::testing::WithParamInterface<const FlowPath *>
@@ -68,7 +71,7 @@ TEST_P(Keys, AreHeldDownForOneScreenOnly)
 TEST_P(Keys, AskOnceWhenEnterIsHeldOnTheSaveButton)
 {
     goToCommentary(flow());
-    type(last(), "Text1", QStringLiteral("The end."));
+    type(last(), "Text1", u"The end."_s);
     control(last(), "Command1").setFocus();
     expectActive(screen(last()));
     boxes.expectQuestion(title(), QLatin1StringView(flow().question), Answer::No);
@@ -90,9 +93,9 @@ TEST_P(Keys, AskOnceWhenEnterIsHeldOnTheSaveButton)
 TEST_P(Keys, SaveTheRecord)
 {
     goToCommentary(flow());
-    type(last(), "Text1", QStringLiteral("The end."));
+    type(last(), "Text1", u"The end."_s);
     boxes.expectQuestion(title(), QLatin1StringView(flow().question), Answer::Yes);
-    boxes.expectNotice(title(), QStringLiteral("Saved OK."));
+    boxes.expectNotice(title(), u"Saved OK."_s);
     hit(last(), Qt::Key_S, Qt::ControlModifier);
     expectOnly("Form1");
     EXPECT_TRUE(bytesOf(QLatin1StringView(flow().file)).contains("The end.\r\n"));
@@ -112,11 +115,11 @@ TEST_P(Keys, AreShownAsHintsOfTheirButtons)
     const auto hint = [this](const char *screen, const char *button) {
         return control(screen, button).toolTip();
     };
-    EXPECT_EQ(hint(first(), "Command1"), QStringLiteral("Back (Alt+Left)"));
-    EXPECT_EQ(hint(first(), "Command2"), QStringLiteral("Next (Alt+Right)"));
-    EXPECT_EQ(hint(last(), "Command2"), QStringLiteral("Back (Alt+Left)"));
-    EXPECT_EQ(hint(last(), "Command1"), QStringLiteral("Ctrl+S"));
-    EXPECT_EQ(control(first(), "Command2").accessibleDescription(), QStringLiteral("Alt+Right"));
+    EXPECT_EQ(hint(first(), "Command1"), u"Back (Alt+Left)"_s);
+    EXPECT_EQ(hint(first(), "Command2"), u"Next (Alt+Right)"_s);
+    EXPECT_EQ(hint(last(), "Command2"), u"Back (Alt+Left)"_s);
+    EXPECT_EQ(hint(last(), "Command1"), u"Ctrl+S"_s);
+    EXPECT_EQ(control(first(), "Command2").accessibleDescription(), u"Alt+Right"_s);
 }
 
 class KeysOfTheCriteria : public FlowTest
@@ -129,7 +132,7 @@ TEST_F(KeysOfTheCriteria, FillEmptyBoxesAsTheButtonDoes)
     type("Form4", "Text2", {});
     QTest::keyClick(screen("Form4").windowHandle(), Qt::Key_Right, Qt::AltModifier);
     expectOnly("Form5");
-    EXPECT_EQ(text("Form4", "Text2"), QStringLiteral("Any"));
+    EXPECT_EQ(text("Form4", "Text2"), u"Any"_s);
 }
 
 INSTANTIATE_TEST_SUITE_P(Flows, Keys,

@@ -6,6 +6,9 @@
 #include <QSignalSpy>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct MenuButton
@@ -69,8 +72,8 @@ TEST_F(MainMenu, IsTheOnlyScreenAtTheStart)
 
 TEST_F(MainMenu, BearsItsCaptionAndHeading)
 {
-    EXPECT_EQ(screen("Form1").windowTitle(), QStringLiteral("Tarvold 1.3 Data Editor"));
-    EXPECT_EQ(text("Form1", "Label3"), QStringLiteral("Tarvold 1.3 - Matches Editor"));
+    EXPECT_EQ(screen("Form1").windowTitle(), u"Tarvold 1.3 Data Editor"_s);
+    EXPECT_EQ(text("Form1", "Label3"), u"Tarvold 1.3 - Matches Editor"_s);
 }
 
 TEST_F(MainMenu, ButtonsBearTheirCaptions)
@@ -112,19 +115,19 @@ TEST_F(MainMenu, FileBoxesStandBesideTheirCaptionsAndButtons)
 TEST_F(MainMenu, FileBoxesAreFreelyEditable)
 {
     for (const FileBox &row : kFileBoxes) {
-        type("Form1", row.control, QStringLiteral("sub/Other name.TXT"));
-        EXPECT_EQ(text("Form1", row.control), QStringLiteral("sub/Other name.TXT"));
+        type("Form1", row.control, u"sub/Other name.TXT"_s);
+        EXPECT_EQ(text("Form1", row.control), u"sub/Other name.TXT"_s);
     }
 }
 
 TEST_F(MainMenu, HasNoSecondTextBox)
 {
-    EXPECT_EQ(screen("Form1").findChild<QWidget *>(QStringLiteral("Text2")), nullptr);
+    EXPECT_EQ(screen("Form1").findChild<QWidget *>(u"Text2"_s), nullptr);
 }
 
 TEST_F(MainMenu, TheFlowLabelIsHiddenAndReadsNormal)
 {
-    EXPECT_EQ(text("Form1", "matchreports"), QStringLiteral("normal"));
+    EXPECT_EQ(text("Form1", "matchreports"), u"normal"_s);
     EXPECT_FALSE(box("matchreports").isVisible());
 }
 
@@ -144,16 +147,16 @@ TEST_F(MainMenu, ExitEndsTheProgramWhileOtherScreensHoldUnsavedValues)
 {
     const QSignalSpy ended(&editor, &Editor::exitRequested);
     press("Form1", "Command3");
-    type("Form4", "Text2", QStringLiteral("Ladder Match"));
+    type("Form4", "Text2", u"Ladder Match"_s);
     boxes.expectQuestion(title(),
-                         QStringLiteral("This will return you to the main menu and lose any "
-                                        "changes you haven't saved. Continue?"),
+                         u"This will return you to the main menu and lose any "
+                         "changes you haven't saved. Continue?"_s,
                          Answer::Yes);
     press("Form4", "Command1");
     EXPECT_EQ(ended.count(), 0);
     press("Form1", "Command2");
     EXPECT_EQ(ended.count(), 1);
-    EXPECT_FALSE(QFile::exists(QStringLiteral("normreports.tvd")));
+    EXPECT_FALSE(QFile::exists(u"normreports.tvd"_s));
 }
 
 TEST_F(MainMenu, ClosingItsWindowEndsTheProgram)
@@ -166,8 +169,8 @@ TEST_F(MainMenu, ClosingItsWindowEndsTheProgram)
 TEST_F(MainMenu, ABrokenNamePastedIsOneLine)
 {
     type("Form1", "Text3", QString());
-    paste(box("Text3"), QStringLiteral("one\ntwo"));
-    EXPECT_EQ(text("Form1", "Text3"), QStringLiteral("one two"));
+    paste(box("Text3"), u"one\ntwo"_s);
+    EXPECT_EQ(text("Form1", "Text3"), u"one two"_s);
 }
 
 } // namespace

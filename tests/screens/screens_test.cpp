@@ -8,6 +8,9 @@
 #include <gtest/gtest.h>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using One = StubScreen<'1'>;
@@ -50,7 +53,7 @@ TEST_F(ScreensTest, ANewScreenIsNotShownYet)
 TEST_F(ScreensTest, AScreenBearsItsNameAndTheUsualCaption)
 {
     EXPECT_EQ(screens.get<One>().objectName(), QLatin1StringView(One::kName));
-    EXPECT_EQ(screens.get<One>().windowTitle(), QStringLiteral("Tarvold 1.3 Data Editor"));
+    EXPECT_EQ(screens.get<One>().windowTitle(), u"Tarvold 1.3 Data Editor"_s);
 }
 
 TEST_F(ScreensTest, AScreenTakesOverPlaceAndSize)
@@ -82,8 +85,8 @@ TEST_F(ScreensTest, AScreenTakesOverBeingMaximized)
 
 TEST_F(ScreensTest, TextsOfControlsAreReadAndWrittenByName)
 {
-    screens.setText({One::kName, "Text1"}, QStringLiteral("mine"));
-    EXPECT_EQ(screens.text({One::kName, "Text1"}), QStringLiteral("mine"));
+    screens.setText({One::kName, "Text1"}, u"mine"_s);
+    EXPECT_EQ(screens.text({One::kName, "Text1"}), u"mine"_s);
     EXPECT_FALSE(screens.exists(Two::kName));
 }
 

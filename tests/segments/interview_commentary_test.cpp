@@ -1,17 +1,19 @@
 #include "support/commentary_test.h"
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// A refusal that only a singles feud brings.
 RefusalRow singlesRefusal(const char *message)
 {
-    return {
-        {"Form12", "Combo3"},
-        message,
-        "Tarvold Data Editor",
-        {QStringLiteral("Singles")},
-        {QStringLiteral("Tag Team"), QStringLiteral("singles"), QStringLiteral("Singles "), {}}};
+    return {{"Form12", "Combo3"},
+            message,
+            "Tarvold Data Editor",
+            {u"Singles"_s},
+            {u"Tag Team"_s, u"singles"_s, u"Singles "_s, {}}};
 }
 
 const RefusalRow kThird =
@@ -55,7 +57,7 @@ TEST_F(InterviewCommentary, OffersItsTwelveItemsInOrder)
 {
     ASSERT_EQ(std::size(kTags), 12U);
     expectList(kTags);
-    EXPECT_EQ(line("Combo1"), QStringLiteral("Wrestler 1 Long Name"));
+    EXPECT_EQ(line("Combo1"), u"Wrestler 1 Long Name"_s);
 }
 
 TEST_F(InterviewCommentary, EveryItemInsertsItsTagWhateverTheFeudButSingles)
@@ -66,7 +68,7 @@ TEST_F(InterviewCommentary, EveryItemInsertsItsTagWhateverTheFeudButSingles)
 TEST_F(InterviewCommentary, ATagTeamFeudAllowsAllTwelveItems)
 {
     press("Form13", "Command2");
-    fill("Form12", {{"Combo3", QStringLiteral("Tag Team")}});
+    fill("Form12", {{"Combo3", u"Tag Team"_s}});
     press("Form12", "Command2");
     for (const TagRow &row : kTags) {
         EXPECT_EQ(insertedBy(row.item), QLatin1StringView(row.tag));
@@ -80,23 +82,23 @@ TEST_F(InterviewCommentary, ASinglesFeudRefusesSixItemsAndInsertsThePendingTagAg
 
 TEST_F(InterviewCommentary, ARefusedTeamInsertsNothingWhenNoTagWasEverChosen)
 {
-    EXPECT_EQ(text("Form12", "Combo3"), QStringLiteral("Singles"));
-    typeLine("Text6", QStringLiteral("Here come "));
+    EXPECT_EQ(text("Form12", "Combo3"), u"Singles"_s);
+    typeLine("Text6", u"Here come "_s);
     expectRefusal(kTeams);
     chooseTag("Tag Team 2");
-    EXPECT_EQ(line("Text6"), QStringLiteral("Here come "));
+    EXPECT_EQ(line("Text6"), u"Here come "_s);
     chooseTag("Town Name");
     expectRefusal(kTeams);
     chooseTag("Tag Team 2");
-    EXPECT_EQ(line("Text6"), QStringLiteral("Here come <town><town>"));
+    EXPECT_EQ(line("Text6"), u"Here come <town><town>"_s);
 }
 
 TEST_F(InterviewCommentary, TheInterviewerIsAllowedWhereThereIsNone)
 {
     press("Form13", "Command2");
-    fill("Form12", {{"Combo1", QStringLiteral("No")}});
+    fill("Form12", {{"Combo1", u"No"_s}});
     press("Form12", "Command2");
-    EXPECT_EQ(insertedBy("Interviewer Name"), QStringLiteral("<interviewer>"));
+    EXPECT_EQ(insertedBy("Interviewer Name"), u"<interviewer>"_s);
 }
 
 TEST_F(InterviewCommentary, ATagChosenWhileNoLineIsMarkedIsOnlyRemembered)

@@ -7,6 +7,9 @@
 #include <QScrollBar>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The scroll bar apart.
@@ -92,16 +95,16 @@ protected:
 
 TEST_F(InterviewDetails, BearsItsCaptionHeadingAndButtons)
 {
-    EXPECT_EQ(screen("Form12").windowTitle(), QStringLiteral("Tarvold 1.3 Data Editor"));
-    EXPECT_EQ(text("Form12", "Label1"), QStringLiteral("INTERVIEW SEGMENT DETAILS"));
-    EXPECT_EQ(screen("Form12").control<QPushButton>("Command1").text(), QStringLiteral("<<"));
-    EXPECT_EQ(screen("Form12").control<QPushButton>("Command2").text(), QStringLiteral(">>"));
+    EXPECT_EQ(screen("Form12").windowTitle(), u"Tarvold 1.3 Data Editor"_s);
+    EXPECT_EQ(text("Form12", "Label1"), u"INTERVIEW SEGMENT DETAILS"_s);
+    EXPECT_EQ(screen("Form12").control<QPushButton>("Command1").text(), u"<<"_s);
+    EXPECT_EQ(screen("Form12").control<QPushButton>("Command2").text(), u">>"_s);
 }
 
 TEST_F(InterviewDetails, FieldsHaveTheirCaptionsAndLists)
 {
     expectFields(screen("Form12"), kFields);
-    EXPECT_EQ(text("Form12", "Label11"), QStringLiteral("Feud Heat Increase"));
+    EXPECT_EQ(text("Form12", "Label11"), u"Feud Heat Increase"_s);
     expectStops("Form12", {"Combo3", "Combo1", "Combo2", "Combo7", "Combo6", "Text2", "Text1",
                            "Combo4", "HScroll1", "Command1", "Command2"});
 }
@@ -110,7 +113,7 @@ TEST_F(InterviewDetails, EntryGivesItsValues)
 {
     expectFreshTexts(screen("Form12"), kFields);
     EXPECT_EQ(bar().value(), 10);
-    EXPECT_EQ(shown(), QStringLiteral("10%"));
+    EXPECT_EQ(shown(), u"10%"_s);
 }
 
 TEST_F(InterviewDetails, AFieldShowsItsHelpWhenTabReachesIt)
@@ -118,8 +121,8 @@ TEST_F(InterviewDetails, AFieldShowsItsHelpWhenTabReachesIt)
     expectHelpOnFocus(screen("Form12"), "Label13", kFields);
     tabTo(screen("Form12"), "HScroll1");
     EXPECT_EQ(text("Form12", "Label13"),
-              QStringLiteral("Feud Heat Increase ~ This is how much the feud bar will increase "
-                             "when this interview segment happens."));
+              u"Feud Heat Increase ~ This is how much the feud bar will increase "
+              "when this interview segment happens."_s);
 }
 
 TEST_F(InterviewDetails, AClickInAFieldThatHasTheFocusShowsNoHelp)
@@ -132,18 +135,18 @@ TEST_F(InterviewDetails, BeforeItsFirstUseItHasNoHelpAndAHundredPercent)
     Screens screens;
     const Form12 untouched(screens);
     EXPECT_EQ(untouched.text("Label13"), QString());
-    EXPECT_EQ(untouched.text("Label8"), QStringLiteral("100%"));
+    EXPECT_EQ(untouched.text("Label8"), u"100%"_s);
 }
 
 TEST_F(InterviewDetails, TheHeatIsShownWithoutABlank)
 {
-    fill("Form12", {{"HScroll1", QStringLiteral("25")}});
-    EXPECT_EQ(shown(), QStringLiteral("25%"));
+    fill("Form12", {{"HScroll1", u"25"_s}});
+    EXPECT_EQ(shown(), u"25%"_s);
 }
 
 TEST_F(InterviewDetails, TheHeatLabelFollowsADraggedThumbOnlyWhenItIsLetGo)
 {
-    expectLabelFollowsOnlyWhenLetGo(QStringLiteral("10%"), QStringLiteral("100%"));
+    expectLabelFollowsOnlyWhenLetGo(u"10%"_s, u"100%"_s);
 }
 
 TEST_F(InterviewDetails, TheHeatMovesInStepsOfOne)
@@ -163,13 +166,12 @@ TEST_F(InterviewDetails, NamesLeftEmptyAreAnyWhenTheAuthorComesBack)
     expectOnly("Form13");
     press("Form13", "Command2");
     expectOnly("Form12");
-    expectTexts("Form12", {{"Text1", QStringLiteral("Any")}, {"Text2", QStringLiteral("Any")}});
+    expectTexts("Form12", {{"Text1", u"Any"_s}, {"Text2", u"Any"_s}});
 }
 
 TEST_F(InterviewDetails, ANameOfOnlySpacesIsKept)
 {
-    const std::vector<Entry> spaces = {{"Text1", QStringLiteral(" ")},
-                                       {"Text2", QStringLiteral("   ")}};
+    const std::vector<Entry> spaces = {{"Text1", u" "_s}, {"Text2", u"   "_s}};
     fill("Form12", spaces);
     press("Form12", "Command2");
     expectTexts("Form12", spaces);
@@ -177,8 +179,7 @@ TEST_F(InterviewDetails, ANameOfOnlySpacesIsKept)
 
 TEST_F(InterviewDetails, ATagTeamFeudWithASingleNameIsAccepted)
 {
-    const std::vector<Entry> odd = {{"Combo3", QStringLiteral("Tag Team")},
-                                    {"Text2", QStringLiteral("Rocco Vance")}};
+    const std::vector<Entry> odd = {{"Combo3", u"Tag Team"_s}, {"Text2", u"Rocco Vance"_s}};
     fill("Form12", odd);
     press("Form12", "Command2");
     expectOnly("Form13");
@@ -187,15 +188,15 @@ TEST_F(InterviewDetails, ATagTeamFeudWithASingleNameIsAccepted)
 
 TEST_F(InterviewDetails, AnsweringNoToTheReturnQuestionKeepsTheScreenAndAllValues)
 {
-    const std::vector<Entry> chosen = {{"Combo3", QStringLiteral("Tag Team")},
-                                       {"Combo1", QStringLiteral("Yes")},
-                                       {"Combo2", QStringLiteral("No")},
-                                       {"Combo7", QStringLiteral("Face")},
-                                       {"Combo6", QStringLiteral("Heel")},
-                                       {"Text2", QStringLiteral("Rocco")},
+    const std::vector<Entry> chosen = {{"Combo3", u"Tag Team"_s},
+                                       {"Combo1", u"Yes"_s},
+                                       {"Combo2", u"No"_s},
+                                       {"Combo7", u"Face"_s},
+                                       {"Combo6", u"Heel"_s},
+                                       {"Text2", u"Rocco"_s},
                                        {"Text1", {}},
-                                       {"Combo4", QStringLiteral("Male")},
-                                       {"HScroll1", QStringLiteral("12")}};
+                                       {"Combo4", u"Male"_s},
+                                       {"HScroll1", u"12"_s}};
     fill("Form12", chosen);
     expectReturnQuestion(Answer::No);
     press("Form12", "Command1");

@@ -7,6 +7,9 @@
 #include <QPushButton>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const std::vector<const char *> kYesNoNa = {"Yes", "No", "N/A"};
@@ -124,10 +127,10 @@ protected:
 
 TEST_F(OpeningSegment, BearsItsCaptionHeadingAndButtons)
 {
-    EXPECT_EQ(screen("Form17").windowTitle(), QStringLiteral("Tarvold 1.3 Data Editor"));
-    EXPECT_EQ(text("Form17", "Label1"), QStringLiteral("OPENING SEGMENT DETAILS"));
-    EXPECT_EQ(screen("Form17").control<QPushButton>("Command1").text(), QStringLiteral("<<"));
-    EXPECT_EQ(screen("Form17").control<QPushButton>("Command2").text(), QStringLiteral(">>"));
+    EXPECT_EQ(screen("Form17").windowTitle(), u"Tarvold 1.3 Data Editor"_s);
+    EXPECT_EQ(text("Form17", "Label1"), u"OPENING SEGMENT DETAILS"_s);
+    EXPECT_EQ(screen("Form17").control<QPushButton>("Command1").text(), u"<<"_s);
+    EXPECT_EQ(screen("Form17").control<QPushButton>("Command2").text(), u">>"_s);
 }
 
 TEST_F(OpeningSegment, FieldsHaveTheirCaptionsAndLists)
@@ -160,16 +163,16 @@ TEST_F(OpeningSegment, TheTwoDispositionsAndTheButtonsHaveNoHelp)
 {
     for (const char *silent : {"Combo2", "Combo3", "Command1", "Command2"}) {
         tabTo(screen("Form17"), "Text1");
-        given("Form17", "Label13", QStringLiteral("what was shown before"));
+        given("Form17", "Label13", u"what was shown before"_s);
         control("Form17", silent).setFocus(Qt::TabFocusReason);
         EXPECT_TRUE(control("Form17", silent).hasFocus());
-        EXPECT_EQ(text("Form17", "Label13"), QStringLiteral("what was shown before")) << silent;
+        EXPECT_EQ(text("Form17", "Label13"), u"what was shown before"_s) << silent;
     }
 }
 
 TEST_F(OpeningSegment, ItsButtonsDoNothing)
 {
-    fill("Form17", {{"Text1", {}}, {"Text2", {}}, {"Text3", QStringLiteral("Victor Hale")}});
+    fill("Form17", {{"Text1", {}}, {"Text2", {}}, {"Text3", u"Victor Hale"_s}});
     const QStringList before = everything();
     for (const char *button : {"Command1", "Command2"}) {
         press("Form17", button);
@@ -191,7 +194,7 @@ TEST_F(WithoutOpeningSegment, NoFlowCreatesTheScreen)
         goToCommentary(*flow);
         goBack(*flow);
         goToCommentary(*flow);
-        type(flow->screens.back(), "Text1", QStringLiteral("The end."));
+        type(flow->screens.back(), "Text1", u"The end."_s);
         save(*flow);
         EXPECT_FALSE(editor.screens().exists("Form17")) << flow->file;
     }
@@ -213,7 +216,7 @@ TEST_F(WithoutOpeningSegment, TheStipulationsDoNotCreateTheScreen)
 TEST_F(WithoutOpeningSegment, TheImportDoesNotCreateTheScreen)
 {
     goToCommentary(kInterviewPath);
-    type("Form13", "Text1", QStringLiteral("The end."));
+    type("Form13", "Text1", u"The end."_s);
     save(kInterviewPath);
     press("Form1", "Command8");
     press("Form2", "Command6");
@@ -221,12 +224,12 @@ TEST_F(WithoutOpeningSegment, TheImportDoesNotCreateTheScreen)
     ASSERT_EQ(files.model()->rowCount(), 1);
     QTest::mouseClick(files.viewport(), Qt::LeftButton, {},
                       files.visualRect(files.model()->index(0, 0)).center());
-    type("Form2", "Text1", QStringLiteral("target.tvd"));
-    boxes.expectNotice(QStringLiteral("Import"), QStringLiteral("Import Complete."));
+    type("Form2", "Text1", u"target.tvd"_s);
+    boxes.expectNotice(u"Import"_s, u"Import Complete."_s);
     press("Form2", "Command8");
     press("Form2", "Command1");
     expectOnly("Form1");
-    EXPECT_EQ(bytesOf(QStringLiteral("target.tvd")), bytesOf(QStringLiteral("interviews.tvd")));
+    EXPECT_EQ(bytesOf(u"target.tvd"_s), bytesOf(u"interviews.tvd"_s));
     EXPECT_FALSE(editor.screens().exists("Form17"));
 }
 

@@ -3,6 +3,9 @@
 #include <QDir>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// A segment flow and what its button leaves in the controls.
@@ -15,12 +18,12 @@ struct SegmentRow
     const char *inserted;
 };
 
-const QString kAny = QStringLiteral("Any");
-const QString kNa = QStringLiteral("N/A");
+const QString kAny = u"Any"_s;
+const QString kNa = u"N/A"_s;
 
 const SegmentRow kSegments[] = {
     {&kInterviewPath,
-     {{"Combo3", QStringLiteral("Singles")},
+     {{"Combo3", u"Singles"_s},
       {"Combo1", kNa},
       {"Combo2", kNa},
       {"Combo7", kAny},
@@ -28,8 +31,8 @@ const SegmentRow kSegments[] = {
       {"Combo4", kAny},
       {"Text2", kAny},
       {"Text1", kAny},
-      {"HScroll1", QStringLiteral("10")},
-      {"Label8", QStringLiteral("10%")}},
+      {"HScroll1", u"10"_s},
+      {"Label8", u"10%"_s}},
      "Wrestler 1 Long Name",
      "Town Name",
      "<town>"},
@@ -42,8 +45,8 @@ const SegmentRow kSegments[] = {
       {"Text1", kAny},
       {"Combo2", kAny},
       {"Combo3", kAny},
-      {"HScroll1", QStringLiteral("10")},
-      {"Label8", QStringLiteral("10%")}},
+      {"HScroll1", u"10"_s},
+      {"Label8", u"10%"_s}},
      "Host Name",
      "Guest 2 Short Name",
      "<guest2shortname>"},
@@ -78,12 +81,12 @@ TEST_P(SegmentFlow, EntryResetsEverythingWhateverTheLastOneLeft)
 {
     for (const Entry &entry : GetParam().details) {
         const bool isBar = qstrcmp(entry.control, "HScroll1") == 0;
-        given(details(), entry.control, isBar ? QStringLiteral("77") : QStringLiteral("changed"));
+        given(details(), entry.control, isBar ? u"77"_s : u"changed"_s);
     }
     goToCommentary(flow());
     for (int line = 1; line <= 10; ++line) {
         const QByteArray box = "Text" + QByteArray::number(line);
-        type(commentary(), box.constData(), QStringLiteral("changed"));
+        type(commentary(), box.constData(), u"changed"_s);
     }
     choose(commentary(), "Combo1", QLatin1StringView(GetParam().choice));
     goBack(flow());
@@ -109,10 +112,10 @@ TEST_P(SegmentFlow, EntryKeepsTheLastAcceptedTag)
 
 TEST_P(SegmentFlow, EntryTouchesNoOtherFlow)
 {
-    given("Form4", "Text2", QStringLiteral("Ladder Match"));
+    given("Form4", "Text2", u"Ladder Match"_s);
     goTo(flow(), details());
-    EXPECT_EQ(text("Form4", "Text2"), QStringLiteral("Ladder Match"));
-    EXPECT_EQ(text("Form1", "matchreports"), QStringLiteral("normal"));
+    EXPECT_EQ(text("Form4", "Text2"), u"Ladder Match"_s);
+    EXPECT_EQ(text("Form1", "matchreports"), u"normal"_s);
 }
 
 TEST_P(SegmentFlow, LeadsFromTheDetailsToTheCommentaryWhateverTheFlowLabel)
@@ -127,22 +130,22 @@ TEST_P(SegmentFlow, LeadsFromTheDetailsToTheCommentaryWhateverTheFlowLabel)
 TEST_P(SegmentFlow, BackFromTheCommentaryAsksNothingAndKeepsTheLines)
 {
     goToCommentary(flow());
-    type(commentary(), "Text3", QStringLiteral("Third."));
+    type(commentary(), "Text3", u"Third."_s);
     press(commentary(), "Command2");
     expectOnly(details());
     press(details(), "Command2");
-    EXPECT_EQ(text(commentary(), "Text3"), QStringLiteral("Third."));
+    EXPECT_EQ(text(commentary(), "Text3"), u"Third."_s);
 }
 
 TEST_P(SegmentFlow, BackFromTheDetailsAsksAndClearsNothing)
 {
     goTo(flow(), details());
-    type(details(), "Text1", QStringLiteral("Rocco Vance"));
+    type(details(), "Text1", u"Rocco Vance"_s);
     expectReturnQuestion(Answer::No);
     press(details(), "Command1");
     expectOnly(details());
     leave(flow());
-    EXPECT_EQ(text(details(), "Text1"), QStringLiteral("Rocco Vance"));
+    EXPECT_EQ(text(details(), "Text1"), u"Rocco Vance"_s);
 }
 
 TEST_P(SegmentFlow, ClosingAWindowAsksAndYesLeadsToTheMainMenu)
@@ -165,7 +168,7 @@ TEST_P(SegmentFlow, SavesAfterARefusalAndADeclinedQuestion)
     goToCommentary(flow());
     boxes.expectNotice(title(), QLatin1StringView(flow().missing));
     press(commentary(), "Command1");
-    type(commentary(), "Text1", QStringLiteral("The end."));
+    type(commentary(), "Text1", u"The end."_s);
     boxes.expectQuestion(title(), QLatin1StringView(flow().question), Answer::No);
     press(commentary(), "Command1");
     expectOnly(commentary());
@@ -177,15 +180,15 @@ TEST_P(SegmentFlow, SavesAfterARefusalAndADeclinedQuestion)
 
 TEST_P(SegmentFlow, ASaveClearsNothingOnTheDetails)
 {
-    const std::vector<Entry> chosen = {{"Text1", QStringLiteral("Rocco Vance")},
-                                       {"Combo1", QStringLiteral("changed")},
-                                       {"HScroll1", QStringLiteral("20")},
-                                       {"Label8", QStringLiteral("20%")}};
+    const std::vector<Entry> chosen = {{"Text1", u"Rocco Vance"_s},
+                                       {"Combo1", u"changed"_s},
+                                       {"HScroll1", u"20"_s},
+                                       {"Label8", u"20%"_s}};
     goToCommentary(flow());
     for (const Entry &entry : chosen) {
         given(details(), entry.control, entry.value);
     }
-    type(commentary(), "Text1", QStringLiteral("The end."));
+    type(commentary(), "Text1", u"The end."_s);
     save(flow());
     expectTexts(details(), chosen);
 }
@@ -193,29 +196,29 @@ TEST_P(SegmentFlow, ASaveClearsNothingOnTheDetails)
 TEST_P(SegmentFlow, TheFileBoxMayChangeBetweenTwoSaves)
 {
     goToCommentary(flow());
-    type(commentary(), "Text1", QStringLiteral("First."));
+    type(commentary(), "Text1", u"First."_s);
     save(flow());
-    type("Form1", flow().fileBox, QStringLiteral("other.tvd"));
+    type("Form1", flow().fileBox, u"other.tvd"_s);
     goToCommentary(flow());
-    type(commentary(), "Text1", QStringLiteral("Second."));
+    type(commentary(), "Text1", u"Second."_s);
     save(flow());
     EXPECT_TRUE(bytesOf(QLatin1StringView(flow().file)).contains("\r\nFirst.\r\n"));
-    EXPECT_TRUE(bytesOf(QStringLiteral("other.tvd")).contains("\r\nSecond.\r\n"));
-    EXPECT_EQ(bytesOf(QStringLiteral("other.tvd")).count("\r\n"), 19);
+    EXPECT_TRUE(bytesOf(u"other.tvd"_s).contains("\r\nSecond.\r\n"));
+    EXPECT_EQ(bytesOf(u"other.tvd"_s).count("\r\n"), 19);
 }
 
 TEST_P(SegmentFlow, AFileThatCannotBeOpenedIsToldOfAndNothingTypedIsLost)
 {
     goToCommentary(flow());
-    type(commentary(), "Text1", QStringLiteral("The end."));
-    given("Form1", flow().fileBox, QStringLiteral("no such folder/file.tvd"));
+    type(commentary(), "Text1", u"The end."_s);
+    given("Form1", flow().fileBox, u"no such folder/file.tvd"_s);
     QString told;
     boxes.expectQuestion(title(), QLatin1StringView(flow().question), Answer::Yes);
     boxes.catchFailedSave(title(), &told);
     press(commentary(), "Command1");
-    EXPECT_TRUE(told.contains(QStringLiteral("no such folder/file.tvd")));
+    EXPECT_TRUE(told.contains(u"no such folder/file.tvd"_s));
     expectOnly(commentary());
-    EXPECT_EQ(text(commentary(), "Text1"), QStringLiteral("The end."));
+    EXPECT_EQ(text(commentary(), "Text1"), u"The end."_s);
     EXPECT_TRUE(QDir().isEmpty());
 }
 

@@ -1,6 +1,9 @@
 #include "support/flow_test.h"
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Lines = std::vector<QByteArray>;
@@ -32,7 +35,7 @@ protected:
     /// Writes the first line and saves; gives the bytes of the file.
     QByteArray saved(const FlowPath &flow)
     {
-        type(flow.screens.back(), "Text1", QStringLiteral("The end"));
+        type(flow.screens.back(), "Text1", u"The end"_s);
         save(flow);
         return bytesOf(QLatin1StringView(flow.file));
     }
@@ -41,7 +44,7 @@ protected:
     {
         for (int line = 1; line <= 10; ++line) {
             const QByteArray box = "Text" + QByteArray::number(line);
-            type(screen, box.constData(), QStringLiteral("Line %1").arg(line));
+            type(screen, box.constData(), u"Line %1"_s.arg(line));
         }
     }
 };
@@ -55,19 +58,19 @@ TEST_F(SegmentRecords, AnUntouchedInterviewGivesNineteenLinesWithNineBlankOnes)
 
 TEST_F(SegmentRecords, AnInterviewPutsSideOneFirstAlthoughItsControlsAreNumberedTheOtherWay)
 {
-    begin(kInterviewPath, {{"Combo3", QStringLiteral("Tag Team")},
-                           {"Combo1", QStringLiteral("Yes")},
-                           {"Combo2", QStringLiteral("No")},
-                           {"Combo7", QStringLiteral("Face")},
-                           {"Combo6", QStringLiteral("Heel")},
-                           {"Text2", QStringLiteral("One,First")},
-                           {"Text1", QStringLiteral("Two,Second")},
-                           {"Combo4", QStringLiteral("Female")},
-                           {"HScroll1", QStringLiteral("100")}});
+    begin(kInterviewPath, {{"Combo3", u"Tag Team"_s},
+                           {"Combo1", u"Yes"_s},
+                           {"Combo2", u"No"_s},
+                           {"Combo7", u"Face"_s},
+                           {"Combo6", u"Heel"_s},
+                           {"Text2", u"One,First"_s},
+                           {"Text1", u"Two,Second"_s},
+                           {"Combo4", u"Female"_s},
+                           {"HScroll1", u"100"_s}});
     typeAllLines("Form13");
-    choose("Form13", "Combo1", QStringLiteral("Town Name"));
+    choose("Form13", "Combo1", u"Town Name"_s);
     save(kInterviewPath);
-    EXPECT_EQ(bytesOf(QStringLiteral("interviews.tvd")),
+    EXPECT_EQ(bytesOf(u"interviews.tvd"_s),
               asFile({"Tag Team", "Yes", "No", "Face", "Heel", "One,First", "Two,Second", "Female",
                       "100", "Line 1", "Line 2", "Line 3", "Line 4", "Line 5", "Line 6", "Line 7",
                       "Line 8", "Line 9", "Line 10<town>"}));
@@ -75,12 +78,12 @@ TEST_F(SegmentRecords, AnInterviewPutsSideOneFirstAlthoughItsControlsAreNumbered
 
 TEST_F(SegmentRecords, AnInterviewWithTheOtherValues)
 {
-    begin(kInterviewPath, {{"Combo1", QStringLiteral("No")},
-                           {"Combo2", QStringLiteral("Yes")},
-                           {"Combo7", QStringLiteral("Heel")},
-                           {"Combo6", QStringLiteral("Face")},
-                           {"Combo4", QStringLiteral("Male")},
-                           {"HScroll1", QStringLiteral("1")}});
+    begin(kInterviewPath, {{"Combo1", u"No"_s},
+                           {"Combo2", u"Yes"_s},
+                           {"Combo7", u"Heel"_s},
+                           {"Combo6", u"Face"_s},
+                           {"Combo4", u"Male"_s},
+                           {"HScroll1", u"1"_s}});
     EXPECT_EQ(saved(kInterviewPath), asFile(withFirstLine({"Singles", "No", "Yes", "Heel", "Face",
                                                            "Any", "Any", "Male", "1"})));
 }
@@ -93,8 +96,8 @@ TEST_F(SegmentRecords, AnInterviewsNamesLeftEmptyAreWrittenAsAny)
 
 TEST_F(SegmentRecords, AnInterviewsSpacesAreKept)
 {
-    begin(kInterviewPath, {{"Text2", QStringLiteral("  ")}});
-    type("Form13", "Text2", QStringLiteral(" "));
+    begin(kInterviewPath, {{"Text2", u"  "_s}});
+    type("Form13", "Text2", u" "_s);
     Lines lines = kUntouchedInterview;
     lines[5] = "  ";
     lines[10] = " ";
@@ -118,20 +121,20 @@ TEST_F(SegmentRecords, AnUntouchedTalkShowGivesNineteenLinesWithNineBlankOnes)
 
 TEST_F(SegmentRecords, EveryFieldOfATalkShowStandsOnItsOwnLine)
 {
-    begin(kTalkShowPath, {{"Text3", QStringLiteral("The Host")},
-                          {"Combo1", QStringLiteral("Face")},
-                          {"Text4", QStringLiteral("The Show")},
-                          {"Text5", QStringLiteral("Guest One")},
-                          {"Combo7", QStringLiteral("Heel")},
-                          {"Text1", QStringLiteral("Guest Two")},
-                          {"Combo2", QStringLiteral("Face")},
-                          {"Combo3", QStringLiteral("Male")},
-                          {"HScroll1", QStringLiteral("42")}});
+    begin(kTalkShowPath, {{"Text3", u"The Host"_s},
+                          {"Combo1", u"Face"_s},
+                          {"Text4", u"The Show"_s},
+                          {"Text5", u"Guest One"_s},
+                          {"Combo7", u"Heel"_s},
+                          {"Text1", u"Guest Two"_s},
+                          {"Combo2", u"Face"_s},
+                          {"Combo3", u"Male"_s},
+                          {"HScroll1", u"42"_s}});
     typeAllLines("Form15");
     click(control("Form15", "Text1"));
-    choose("Form15", "Combo1", QStringLiteral("Talk Show Name"));
+    choose("Form15", "Combo1", u"Talk Show Name"_s);
     save(kTalkShowPath);
-    EXPECT_EQ(bytesOf(QStringLiteral("talkshow.tvd")),
+    EXPECT_EQ(bytesOf(u"talkshow.tvd"_s),
               asFile({"The Host", "Face", "The Show", "Guest One", "Heel", "Guest Two", "Face",
                       "Male", "42", "Line 1<talkshowname>", "Line 2", "Line 3", "Line 4", "Line 5",
                       "Line 6", "Line 7", "Line 8", "Line 9", "Line 10"}));
@@ -139,11 +142,11 @@ TEST_F(SegmentRecords, EveryFieldOfATalkShowStandsOnItsOwnLine)
 
 TEST_F(SegmentRecords, ATalkShowWithTheOtherValues)
 {
-    begin(kTalkShowPath, {{"Combo1", QStringLiteral("Heel")},
-                          {"Combo7", QStringLiteral("Face")},
-                          {"Combo2", QStringLiteral("Heel")},
-                          {"Combo3", QStringLiteral("Female")},
-                          {"HScroll1", QStringLiteral("100")}});
+    begin(kTalkShowPath, {{"Combo1", u"Heel"_s},
+                          {"Combo7", u"Face"_s},
+                          {"Combo2", u"Heel"_s},
+                          {"Combo3", u"Female"_s},
+                          {"HScroll1", u"100"_s}});
     EXPECT_EQ(saved(kTalkShowPath), asFile(withFirstLine({"Any", "Heel", "Any", "Any", "Face",
                                                           "Any", "Heel", "Female", "100"})));
 }

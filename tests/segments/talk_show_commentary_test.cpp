@@ -1,6 +1,9 @@
 #include "support/commentary_test.h"
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const TagRow kTags[] = {
@@ -31,7 +34,7 @@ TEST_F(TalkShowCommentary, OffersItsSixItemsInOrder)
 {
     ASSERT_EQ(std::size(kTags), 6U);
     expectList(kTags);
-    EXPECT_EQ(line("Combo1"), QStringLiteral("Host Name"));
+    EXPECT_EQ(line("Combo1"), u"Host Name"_s);
 }
 
 TEST_F(TalkShowCommentary, EveryItemInsertsItsTag)
@@ -53,16 +56,16 @@ TEST_F(TalkShowCommentary, NoValueOfTheDetailsRefusesATag)
 
 TEST_F(TalkShowCommentary, TheSecondGuestIsAllowedWhenHeIsAny)
 {
-    EXPECT_EQ(text("Form14", "Text1"), QStringLiteral("Any"));
-    EXPECT_EQ(insertedBy("Guest 2 Long Name"), QStringLiteral("<guest2longname>"));
+    EXPECT_EQ(text("Form14", "Text1"), u"Any"_s);
+    EXPECT_EQ(insertedBy("Guest 2 Long Name"), u"<guest2longname>"_s);
 }
 
 TEST_F(TalkShowCommentary, TheSameTagChosenTwiceIsAppendedTwice)
 {
-    typeLine("Text8", QStringLiteral("By "));
+    typeLine("Text8", u"By "_s);
     chooseTag("Talk Show Name");
     chooseTag("Talk Show Name");
-    EXPECT_EQ(line("Text8"), QStringLiteral("By <talkshowname><talkshowname>"));
+    EXPECT_EQ(line("Text8"), u"By <talkshowname><talkshowname>"_s);
 }
 
 TEST_F(TalkShowCommentary, ATagChosenWhileNoLineIsMarkedIsOnlyRemembered)

@@ -7,6 +7,9 @@
 #include <QScrollBar>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The scroll bar apart.
@@ -87,16 +90,16 @@ protected:
 
 TEST_F(TalkShowDetails, BearsItsCaptionHeadingAndButtons)
 {
-    EXPECT_EQ(screen("Form14").windowTitle(), QStringLiteral("Tarvold 1.3 Data Editor"));
-    EXPECT_EQ(text("Form14", "Label1"), QStringLiteral("TALK SHOW SEGMENT DETAILS"));
-    EXPECT_EQ(screen("Form14").control<QPushButton>("Command1").text(), QStringLiteral("<<"));
-    EXPECT_EQ(screen("Form14").control<QPushButton>("Command2").text(), QStringLiteral(">>"));
+    EXPECT_EQ(screen("Form14").windowTitle(), u"Tarvold 1.3 Data Editor"_s);
+    EXPECT_EQ(text("Form14", "Label1"), u"TALK SHOW SEGMENT DETAILS"_s);
+    EXPECT_EQ(screen("Form14").control<QPushButton>("Command1").text(), u"<<"_s);
+    EXPECT_EQ(screen("Form14").control<QPushButton>("Command2").text(), u">>"_s);
 }
 
 TEST_F(TalkShowDetails, FieldsHaveTheirCaptionsAndLists)
 {
     expectFields(screen("Form14"), kFields);
-    EXPECT_EQ(text("Form14", "Label11"), QStringLiteral("Feud Heat Increase"));
+    EXPECT_EQ(text("Form14", "Label11"), u"Feud Heat Increase"_s);
     expectStops("Form14", {"Text3", "Combo1", "Text4", "Text5", "Combo7", "Text1", "Combo2",
                            "Combo3", "HScroll1", "Command1", "Command2"});
 }
@@ -105,7 +108,7 @@ TEST_F(TalkShowDetails, EntryGivesItsValues)
 {
     expectFreshTexts(screen("Form14"), kFields);
     EXPECT_EQ(bar().value(), 10);
-    EXPECT_EQ(shown(), QStringLiteral("10%"));
+    EXPECT_EQ(shown(), u"10%"_s);
 }
 
 TEST_F(TalkShowDetails, AFieldShowsItsHelpWhenTabReachesIt)
@@ -113,8 +116,8 @@ TEST_F(TalkShowDetails, AFieldShowsItsHelpWhenTabReachesIt)
     expectHelpOnFocus(screen("Form14"), "Label13", kFields);
     tabTo(screen("Form14"), "HScroll1");
     EXPECT_EQ(text("Form14", "Label13"),
-              QStringLiteral("Feud Heat Increase ~ This is how much the feud bar for the 2 guests "
-                             "will increase when this talk show segment happens."));
+              u"Feud Heat Increase ~ This is how much the feud bar for the 2 guests "
+              "will increase when this talk show segment happens."_s);
 }
 
 TEST_F(TalkShowDetails, AClickInAFieldThatHasTheFocusShowsNoHelp)
@@ -127,18 +130,18 @@ TEST_F(TalkShowDetails, BeforeItsFirstUseItHasNoHelpAndAHundredPercent)
     Screens screens;
     const Form14 untouched(screens);
     EXPECT_EQ(untouched.text("Label13"), QString());
-    EXPECT_EQ(untouched.text("Label8"), QStringLiteral("100%"));
+    EXPECT_EQ(untouched.text("Label8"), u"100%"_s);
 }
 
 TEST_F(TalkShowDetails, TheHeatIsShownWithoutABlank)
 {
-    fill("Form14", {{"HScroll1", QStringLiteral("25")}});
-    EXPECT_EQ(shown(), QStringLiteral("25%"));
+    fill("Form14", {{"HScroll1", u"25"_s}});
+    EXPECT_EQ(shown(), u"25%"_s);
 }
 
 TEST_F(TalkShowDetails, TheHeatLabelFollowsADraggedThumbOnlyWhenItIsLetGo)
 {
-    expectLabelFollowsOnlyWhenLetGo(QStringLiteral("10%"), QStringLiteral("100%"));
+    expectLabelFollowsOnlyWhenLetGo(u"10%"_s, u"100%"_s);
 }
 
 TEST_F(TalkShowDetails, TheHeatMovesInStepsOfOne)
@@ -158,14 +161,13 @@ TEST_F(TalkShowDetails, FourNamesLeftEmptyAreAnyWhenTheAuthorComesBack)
     expectOnly("Form15");
     press("Form15", "Command2");
     expectOnly("Form14");
-    const QString any = QStringLiteral("Any");
+    const QString any = u"Any"_s;
     expectTexts("Form14", {{"Text3", any}, {"Text4", any}, {"Text5", any}, {"Text1", any}});
 }
 
 TEST_F(TalkShowDetails, ANameOfOnlySpacesIsKept)
 {
-    const std::vector<Entry> spaces = {{"Text3", QStringLiteral(" ")},
-                                       {"Text1", QStringLiteral("  ")}};
+    const std::vector<Entry> spaces = {{"Text3", u" "_s}, {"Text1", u"  "_s}};
     fill("Form14", spaces);
     press("Form14", "Command2");
     expectTexts("Form14", spaces);
@@ -173,9 +175,8 @@ TEST_F(TalkShowDetails, ANameOfOnlySpacesIsKept)
 
 TEST_F(TalkShowDetails, AGuestNamedAsTheHostIsAccepted)
 {
-    const std::vector<Entry> same = {{"Text3", QStringLiteral("Rocco Vance")},
-                                     {"Text5", QStringLiteral("Rocco Vance")},
-                                     {"Text1", QStringLiteral("Rocco Vance")}};
+    const std::vector<Entry> same = {
+        {"Text3", u"Rocco Vance"_s}, {"Text5", u"Rocco Vance"_s}, {"Text1", u"Rocco Vance"_s}};
     fill("Form14", same);
     press("Form14", "Command2");
     expectOnly("Form15");
@@ -185,15 +186,9 @@ TEST_F(TalkShowDetails, AGuestNamedAsTheHostIsAccepted)
 TEST_F(TalkShowDetails, AnsweringNoToTheReturnQuestionKeepsTheScreenAndAllValues)
 {
     const std::vector<Entry> chosen = {
-        {"Text3", QStringLiteral("Host")},
-        {"Combo1", QStringLiteral("Face")},
-        {"Text4", {}},
-        {"Text5", QStringLiteral("One")},
-        {"Combo7", QStringLiteral("Heel")},
-        {"Text1", QStringLiteral("Two")},
-        {"Combo2", QStringLiteral("Face")},
-        {"Combo3", QStringLiteral("Female")},
-        {"HScroll1", QStringLiteral("100")},
+        {"Text3", u"Host"_s},  {"Combo1", u"Face"_s},   {"Text4", {}},
+        {"Text5", u"One"_s},   {"Combo7", u"Heel"_s},   {"Text1", u"Two"_s},
+        {"Combo2", u"Face"_s}, {"Combo3", u"Female"_s}, {"HScroll1", u"100"_s},
     };
     fill("Form14", chosen);
     expectReturnQuestion(Answer::No);

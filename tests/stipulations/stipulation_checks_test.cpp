@@ -1,6 +1,9 @@
 #include "stipulations/stipulation_test.h"
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const Notice kDuplicate = {
@@ -48,7 +51,7 @@ TEST_F(StipulationChecks, RefuseExclusiveWithoutInitials)
 {
     open("");
     make("Cage");
-    choose("Form3", "exclusive", utf8("Yes"));
+    choose("Form3", "exclusive", u"Yes"_s);
     saveRefused({kNoInitials});
     EXPECT_EQ(readBack(kFile), "");
     put("prominitials", "ABC");
@@ -61,7 +64,7 @@ TEST_F(StipulationChecks, WriteNoForInitialsThatTheChoiceOfNoCleared)
     open("");
     make("Cage");
     put("prominitials", "ABC");
-    choose("Form3", "exclusive", utf8("No"));
+    choose("Form3", "exclusive", u"No"_s);
     save();
     EXPECT_EQ(readBack(kFile), untouched("Cage"));
 }
@@ -72,7 +75,7 @@ TEST_F(StipulationChecks, RefuseTheKeyOfALaterRecordForANewOne)
     make("Two");
     saveRefused({kDuplicate});
     EXPECT_EQ(readBack(kFile), one + two);
-    EXPECT_EQ(shown("stipulation"), utf8("Two"));
+    EXPECT_EQ(shown("stipulation"), u"Two"_s);
 }
 
 TEST_F(StipulationChecks, AcceptTheKeyOfTheFirstRecordForANewOne)
@@ -138,7 +141,7 @@ TEST_F(StipulationChecks, AcceptTheSameNameForAnotherMatchType)
 {
     open(one + two);
     make("Two");
-    choose("Form3", "matchtype", utf8("Tag Team"));
+    choose("Form3", "matchtype", u"Tag Team"_s);
     save();
     EXPECT_EQ(listed().back(), "Tag Team / Two");
 }
@@ -179,10 +182,10 @@ TEST_F(StipulationChecks, ReportSeveralFailuresInTheirOrderAndKeepWhatIsTyped)
     open(stipulation("Singles", "One") + stipulation("Singles", ""));
     createNew();
     put("matchshowsas", "typed");
-    choose("Form3", "exclusive", utf8("Yes"));
+    choose("Form3", "exclusive", u"Yes"_s);
     saveRefused({kDuplicate, kBlank, kNoInitials});
-    EXPECT_EQ(shown("matchshowsas"), utf8("typed"));
-    EXPECT_EQ(shown("exclusive"), utf8("Yes"));
+    EXPECT_EQ(shown("matchshowsas"), u"typed"_s);
+    EXPECT_EQ(shown("exclusive"), u"Yes"_s);
     put("stipulation", "Two");
     saveRefused({kNoInitials});
     put("prominitials", "ABC");

@@ -6,6 +6,9 @@
 #include <QScreen>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Texts = std::vector<std::string>;
@@ -21,16 +24,16 @@ protected:
 TEST_F(StipulationDelete, InTheMiddleLeavesTheOthersInTheirOldOrder)
 {
     open(one + two + three);
-    remove(1, utf8("Singles / Two"));
+    remove(1, u"Singles / Two"_s);
     EXPECT_EQ(readBack(kFile), one + three);
     EXPECT_EQ(listed(), (Texts{"Singles / One", "Tag Team / Three"}));
-    EXPECT_EQ(listPosition(), utf8("19"));
+    EXPECT_EQ(listPosition(), u"19"_s);
 }
 
 TEST_F(StipulationDelete, OfTheFirstMovesTheOthersUp)
 {
     open(one + two + three);
-    remove(0, utf8("Singles / One"));
+    remove(0, u"Singles / One"_s);
     EXPECT_EQ(readBack(kFile), two + three);
     EXPECT_EQ(listed(), (Texts{"Singles / Two", "Tag Team / Three"}));
 }
@@ -38,7 +41,7 @@ TEST_F(StipulationDelete, OfTheFirstMovesTheOthersUp)
 TEST_F(StipulationDelete, OfTheOnlyOneLeavesAnEmptyFileAndAnEmptyList)
 {
     open(one);
-    remove(0, utf8("Singles / One"));
+    remove(0, u"Singles / One"_s);
     EXPECT_EQ(readBack(kFile), "");
     EXPECT_TRUE(listed().empty());
 }
@@ -47,35 +50,35 @@ TEST_F(StipulationDelete, TakesTheLaterOfTwoThatLookTheSame)
 {
     const QByteArray later = stipulation("Singles", "One", {{3, "Later"}});
     open(one + two + later);
-    remove(0, utf8("Singles / One"));
+    remove(0, u"Singles / One"_s);
     EXPECT_EQ(readBack(kFile), one + two);
-    EXPECT_EQ(listPosition(), utf8("38"));
+    EXPECT_EQ(listPosition(), u"38"_s);
 }
 
 TEST_F(StipulationDelete, OfOneWithoutMatchTypeAndNameTakesItOutOfTheFile)
 {
     open(one + stipulation("", "") + two);
-    remove(1, utf8(" / "));
+    remove(1, u" / "_s);
     EXPECT_EQ(readBack(kFile), one + two);
-    EXPECT_EQ(listPosition(), utf8("19"));
+    EXPECT_EQ(listPosition(), u"19"_s);
 }
 
 TEST_F(StipulationDelete, LeavesNoSelection)
 {
     open(one + two);
-    remove(0, utf8("Singles / One"));
+    remove(0, u"Singles / One"_s);
     EXPECT_FALSE(anySelected());
-    boxes.expectNotice(utf8("Stipulation Editor"),
-                       utf8("Please select a match stipulation from the list."));
+    boxes.expectNotice(u"Stipulation Editor"_s,
+                       u"Please select a match stipulation from the list."_s);
     press("Form16", "Command4");
 }
 
 TEST_F(StipulationDelete, AsManyTimesAsThereAreStipulations)
 {
     open(one + two + three);
-    remove(2, utf8("Tag Team / Three"));
-    remove(0, utf8("Singles / One"));
-    remove(0, utf8("Singles / Two"));
+    remove(2, u"Tag Team / Three"_s);
+    remove(0, u"Singles / One"_s);
+    remove(0, u"Singles / Two"_s);
     EXPECT_EQ(readBack(kFile), "");
 }
 
@@ -83,7 +86,7 @@ TEST_F(StipulationDelete, DeclinedInAnyWayChangesNothing)
 {
     open(one + two);
     for (const Answer answer : {Answer::No, Answer::Escape, Answer::Close, Answer::Enter}) {
-        remove(1, utf8("Singles / Two"), answer);
+        remove(1, u"Singles / Two"_s, answer);
         EXPECT_EQ(readBack(kFile), one + two);
         EXPECT_EQ(listed(), (Texts{"Singles / One", "Singles / Two"}));
     }
@@ -112,11 +115,11 @@ TEST_F(StipulationDelete, AsksInABoxThatFitsTheScreenHoweverLongTheNameIs)
     open(stipulation("Singles", name));
     BoxSizes sizes;
     QString asked;
-    boxes.catchQuestion(utf8("Delete Stipulation"), &asked, Answer::No);
+    boxes.catchQuestion(u"Delete Stipulation"_s, &asked, Answer::No);
     select(0);
     press("Form16", "Command4");
-    EXPECT_TRUE(asked.contains(utf8("\r\n\r\nSingles / www"))) << asked.toStdString();
-    EXPECT_TRUE(asked.endsWith(utf8("www\r\n"))) << asked.toStdString();
+    EXPECT_TRUE(asked.contains(u"\r\n\r\nSingles / www"_s)) << asked.toStdString();
+    EXPECT_TRUE(asked.endsWith(u"www\r\n"_s)) << asked.toStdString();
     const QSize display = screen("Form16").screen()->availableSize();
     EXPECT_GT(sizes.largest.width(), 100);
     EXPECT_LE(sizes.largest.width(), display.width());
@@ -126,8 +129,8 @@ TEST_F(StipulationDelete, AsksInABoxThatFitsTheScreenHoweverLongTheNameIs)
 TEST_F(StipulationDelete, WritesTheFileThatTheMenuNamesByNow)
 {
     open(one + two);
-    editor.screens().setText({"Form1", "Text1"}, utf8("other.tvd"));
-    remove(0, utf8("Singles / One"));
+    editor.screens().setText({"Form1", "Text1"}, u"other.tvd"_s);
+    remove(0, u"Singles / One"_s);
     EXPECT_EQ(readBack("other.tvd"), two);
     EXPECT_EQ(readBack(kFile), one + two);
 }
@@ -139,17 +142,17 @@ TEST_F(StipulationDelete, ThatCannotBeWrittenKeepsTheStipulation)
     ASSERT_TRUE(QDir().mkdir(utf8(kFile)));
     QString told;
     select(0);
-    boxes.expectQuestion(utf8("Delete Stipulation"),
-                         utf8("Are you sure you want to permanently delete the match stipulation:"
-                              "\r\n\r\nSingles / One\r\n"),
+    boxes.expectQuestion(u"Delete Stipulation"_s,
+                         u"Are you sure you want to permanently delete the match stipulation:"
+                         "\r\n\r\nSingles / One\r\n"_s,
                          Answer::Yes);
-    boxes.catchNotice(utf8("Stipulations Editor"), &told);
+    boxes.catchNotice(u"Stipulations Editor"_s, &told);
     press("Form16", "Command4");
-    EXPECT_TRUE(told.contains(utf8(kFile)) && told.contains(utf8("folder"))) << told.toStdString();
+    EXPECT_TRUE(told.contains(utf8(kFile)) && told.contains(u"folder"_s)) << told.toStdString();
     EXPECT_EQ(listed(), (Texts{"Singles / One", "Singles / Two"}));
 
     ASSERT_TRUE(QDir().rmdir(utf8(kFile)));
-    remove(0, utf8("Singles / One"));
+    remove(0, u"Singles / One"_s);
     EXPECT_EQ(readBack(kFile), two);
 }
 

@@ -8,6 +8,9 @@
 #include <unistd.h>
 
 namespace {
+
+using namespace Qt::StringLiterals;
+
 bool foldersFail = false;
 bool removalFails = false;
 } // namespace
@@ -56,10 +59,10 @@ protected:
     void expectDoubt()
     {
         boxes.expectNotice(
-            utf8("Stipulations Editor"),
-            utf8("The file \"stipulations.tvd\" was written, but the disk did not confirm it.\n\n"
-                 "Input/output error\n\nThe change is in the file. Should the computer stop before "
-                 "the disk has caught up, it may be lost."));
+            u"Stipulations Editor"_s,
+            u"The file \"stipulations.tvd\" was written, but the disk did not confirm it.\n\n"
+            "Input/output error\n\nThe change is in the file. Should the computer stop before "
+            "the disk has caught up, it may be lost."_s);
     }
 
     const QByteArray one = stipulation("Singles", "One");
@@ -79,9 +82,9 @@ TEST_F(StipulationsOnADoubtfulDisk, AreSavedAndTheDoubtIsTold)
 TEST_F(StipulationsOnADoubtfulDisk, AreDeletedAndTheDoubtIsTold)
 {
     select(0);
-    boxes.expectQuestion(utf8("Delete Stipulation"),
-                         utf8("Are you sure you want to permanently delete the match stipulation:"
-                              "\r\n\r\nSingles / One\r\n"),
+    boxes.expectQuestion(u"Delete Stipulation"_s,
+                         u"Are you sure you want to permanently delete the match stipulation:"
+                         "\r\n\r\nSingles / One\r\n"_s,
                          Answer::Yes);
     expectDoubt();
     press("Form16", "Command4");
@@ -109,10 +112,10 @@ protected:
     void expectRefusal(const char *state)
     {
         press("Form16", "Command3");
-        type("Form1", "Text1", utf8("new.tvd"));
-        boxes.expectNotice(utf8("Stipulations Editor"),
-                           utf8("The file \"new.tvd\" could not be loaded.\n\nInput/output "
-                                "error\n\n") +
+        type("Form1", "Text1", u"new.tvd"_s);
+        boxes.expectNotice(u"Stipulations Editor"_s,
+                           u"The file \"new.tvd\" could not be loaded.\n\nInput/output "
+                           "error\n\n"_s +
                                utf8(state));
         press("Form1", "Command1");
         expectOnly("Form1");

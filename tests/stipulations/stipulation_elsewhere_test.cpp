@@ -4,6 +4,9 @@
 #include "support/file_dialogs.h"
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Texts = std::vector<std::string>;
@@ -30,27 +33,26 @@ protected:
 
     void failsFor(const QString &name, const char *cause, Answer answer)
     {
-        boxes.expectFailedSave(utf8("Stipulations Editor"),
-                               utf8("The file \"%1\" could not be written.\n\n%2\n\nThe file is as "
-                                    "it was. Everything that you typed is still here.")
-                                   .arg(name, utf8(cause)),
-                               answer);
+        boxes.expectFailedSave(
+            u"Stipulations Editor"_s,
+            u"The file \"%1\" could not be written.\n\n%2\n\nThe file is as "
+            "it was. Everything that you typed is still here."_s.arg(name, utf8(cause)),
+            answer);
     }
 
     void failsForTheFolder(Answer answer) { failsFor(utf8(kFile), "It is a folder.", answer); }
 
     void chooses(const char *typed, const char *proposed = "")
     {
-        dialogs.expect({utf8("."), utf8(proposed), utf8(typed)});
+        dialogs.expect({u"."_s, utf8(proposed), utf8(typed)});
     }
 
     void isAskedAbout(const char *name, Answer answer)
     {
-        boxes.expectQuestion(utf8("Stipulations Editor"),
-                             utf8("The file \"%1\" is there already.\n\nYes writes your list over "
-                                  "it, and what is in it now is lost. No lets you choose another "
-                                  "name.\n\nWrite over it?")
-                                 .arg(utf8(name)),
+        boxes.expectQuestion(u"Stipulations Editor"_s,
+                             u"The file \"%1\" is there already.\n\nYes writes your list over "
+                             "it, and what is in it now is lost. No lets you choose another "
+                             "name.\n\nWrite over it?"_s.arg(utf8(name)),
                              answer);
     }
 
@@ -83,7 +85,7 @@ TEST_F(StipulationElsewhere, ANewOneGoesToTheChosenFileWithAllOthersAndTheNextSa
     saveAtLast();
     EXPECT_EQ(readBack("other.tvd"), one + untouched("Cage"));
     EXPECT_EQ(listed(), (Texts{"Singles / One", "Singles / Cage"}));
-    EXPECT_EQ(namedFile(), utf8("other.tvd"));
+    EXPECT_EQ(namedFile(), u"other.tvd"_s);
     EXPECT_TRUE(QDir(utf8(kFile)).isEmpty());
 
     edit(0);
@@ -115,9 +117,9 @@ TEST_F(StipulationElsewhere, TheChosenFileIsTheOneThatIsWatchedForChanges)
     writeFile("other.tvd", two);
     edit(0);
     QString asked;
-    boxes.catchQuestion(utf8("Stipulations Editor"), &asked, Answer::No);
+    boxes.catchQuestion(u"Stipulations Editor"_s, &asked, Answer::No);
     press("Form3", "Command2");
-    EXPECT_TRUE(asked.startsWith(utf8("The file \"other.tvd\" was changed by another program")))
+    EXPECT_TRUE(asked.startsWith(u"The file \"other.tvd\" was changed by another program"_s))
         << asked.toStdString();
     EXPECT_EQ(readBack("other.tvd"), two);
 }
@@ -129,8 +131,8 @@ TEST_F(StipulationElsewhere, IsLeftByOkWithEverythingKept)
     for (const Answer answer : {Answer::Ok, Answer::Enter, Answer::Escape, Answer::Close}) {
         failsForTheFolder(answer);
         pressSave();
-        EXPECT_EQ(shown("stipulation"), utf8("Cage"));
-        EXPECT_EQ(shown("prominitials"), utf8("ABC"));
+        EXPECT_EQ(shown("stipulation"), u"Cage"_s);
+        EXPECT_EQ(shown("prominitials"), u"ABC"_s);
         EXPECT_EQ(namedFile(), utf8(kFile));
         EXPECT_EQ(folderContent(), kFile);
     }
@@ -142,9 +144,9 @@ TEST_F(StipulationElsewhere, IsLeftByACancelledDialogWithEverythingKept)
 {
     makeOneThatFails();
     failsForTheFolder(Answer::Elsewhere);
-    dialogs.expect({utf8("."), utf8(""), utf8("other.tvd"), /*saves=*/false});
+    dialogs.expect({u"."_s, u""_s, u"other.tvd"_s, /*saves=*/false});
     pressSave();
-    EXPECT_EQ(shown("stipulation"), utf8("Cage"));
+    EXPECT_EQ(shown("stipulation"), u"Cage"_s);
     EXPECT_EQ(namedFile(), utf8(kFile));
     EXPECT_EQ(folderContent(), kFile);
     cancel();
@@ -154,14 +156,14 @@ TEST_F(StipulationElsewhere, IsLeftByACancelledDialogWithEverythingKept)
 TEST_F(StipulationElsewhere, IsOfferedAgainWhenTheOtherFileFailsToo)
 {
     makeOneThatFails();
-    const QString second = QDir(folder.path()).canonicalPath() + utf8("/gone/x.tvd");
+    const QString second = QDir(folder.path()).canonicalPath() + u"/gone/x.tvd"_s;
     failsForTheFolder(Answer::Elsewhere);
     chooses("gone/x.tvd");
     failsFor(second, "No such file or directory", Answer::Elsewhere);
     chooses("other.tvd", "x.tvd");
     saveAtLast();
     EXPECT_EQ(readBack("other.tvd"), one + untouched("Cage"));
-    EXPECT_EQ(namedFile(), utf8("other.tvd"));
+    EXPECT_EQ(namedFile(), u"other.tvd"_s);
 }
 
 TEST_F(StipulationElsewhere, WritesOverAFileOnlyIfTheUserSaysSo)
@@ -188,7 +190,7 @@ TEST_F(StipulationElsewhere, LetsTheUserChooseAnewWhenAFileShallStay)
         EXPECT_EQ(readBack("other.tvd"), two);
         EXPECT_EQ(readBack("third.tvd"), one + untouched("Cage"));
         press("Form16", "Command3");
-        ASSERT_TRUE(QDir().rmdir(utf8(kFile)) && QFile::remove(utf8("third.tvd")));
+        ASSERT_TRUE(QDir().rmdir(utf8(kFile)) && QFile::remove(u"third.tvd"_s));
         editor.screens().setText({"Form1", "Text1"}, utf8(kFile));
     }
 }
@@ -200,7 +202,7 @@ TEST_F(StipulationElsewhere, ASaveThatIsGivenUpAtTheQuestionLeavesTheFile)
     failsForTheFolder(Answer::Elsewhere);
     chooses("other.tvd");
     isAskedAbout("other.tvd", Answer::No);
-    dialogs.expect({utf8("."), utf8("other.tvd"), utf8("x.tvd"), /*saves=*/false});
+    dialogs.expect({u"."_s, u"other.tvd"_s, u"x.tvd"_s, /*saves=*/false});
     pressSave();
     EXPECT_EQ(readBack("other.tvd"), two);
     EXPECT_EQ(namedFile(), utf8(kFile));
@@ -215,7 +217,7 @@ TEST_F(StipulationElsewhere, TheNameGetsTheEndThatTheListNeedsBeforeItIsAskedAbo
         chooses(typed);
         isAskedAbout("other.tvd", Answer::Yes);
         saveAtLast();
-        EXPECT_EQ(namedFile(), utf8("other.tvd"));
+        EXPECT_EQ(namedFile(), u"other.tvd"_s);
         EXPECT_EQ(readBack("other.tvd"), one + untouched("Cage"));
         press("Form16", "Command3");
         ASSERT_TRUE(QDir().rmdir(utf8(kFile)));

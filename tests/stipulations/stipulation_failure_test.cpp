@@ -8,6 +8,9 @@
 #include <functional>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Texts = std::vector<std::string>;
@@ -20,7 +23,7 @@ protected:
     QString failedSave()
     {
         QString told;
-        boxes.catchFailedSave(utf8("Stipulations Editor"), &told);
+        boxes.catchFailedSave(u"Stipulations Editor"_s, &told);
         press("Form3", "Command2");
         expectOnly("Form3");
         return told;
@@ -30,7 +33,7 @@ protected:
     QString refusedSave()
     {
         QString told;
-        boxes.catchNotice(utf8("Stipulations Editor"), &told);
+        boxes.catchNotice(u"Stipulations Editor"_s, &told);
         press("Form3", "Command2");
         expectOnly("Form3");
         return told;
@@ -56,9 +59,9 @@ TEST_F(StipulationFailure, NamesTheFileAndTheCauseAndKeepsWhatIsTyped)
     put("prominitials", "ABC");
     putAFolderInTheWay();
     const QString told = failedSave();
-    EXPECT_TRUE(told.contains(utf8(kFile)) && told.contains(utf8("folder"))) << told.toStdString();
-    EXPECT_EQ(shown("stipulation"), utf8("Cage"));
-    EXPECT_EQ(shown("prominitials"), utf8("ABC"));
+    EXPECT_TRUE(told.contains(utf8(kFile)) && told.contains(u"folder"_s)) << told.toStdString();
+    EXPECT_EQ(shown("stipulation"), u"Cage"_s);
+    EXPECT_EQ(shown("prominitials"), u"ABC"_s);
     EXPECT_EQ(folderContent(), kFile);
 }
 
@@ -127,7 +130,7 @@ TEST_F(StipulationFailure, OnAFullDiskLeavesTheOldFileAndNothingElse)
         const FileSizeLimit limit(rlim_t(one.size()) + 10);
         told = failedSave();
     }
-    EXPECT_TRUE(told.contains(utf8(kFile)) && told.contains(utf8("File too large")))
+    EXPECT_TRUE(told.contains(utf8(kFile)) && told.contains(u"File too large"_s))
         << told.toStdString();
     EXPECT_EQ(readBack(kFile), one);
     EXPECT_EQ(folderContent(), kFile);
@@ -164,13 +167,13 @@ protected:
     void answerTheQuestion(const char *kept, Answer answer)
     {
         boxes.expectQuestion(
-            utf8("Stipulations Editor"),
-            utf8("The file \"stipulations.tvd\" was changed by another program after this list was "
-                 "loaded.\n\nYes writes your list over it, and what the other program changed is "
-                 "lost. ") +
+            u"Stipulations Editor"_s,
+            u"The file \"stipulations.tvd\" was changed by another program after this list was "
+            "loaded.\n\nYes writes your list over it, and what the other program changed is "
+            "lost. "_s +
                 utf8(kept) +
-                utf8(" To see what was changed, open the list again from the main menu.\n\nWrite "
-                     "over it?"),
+                u" To see what was changed, open the list again from the main menu.\n\nWrite "
+                "over it?"_s,
             answer);
     }
 
@@ -189,7 +192,7 @@ TEST_F(StipulationsChangedByAnother, AreKeptWhenTheUserSaysNo)
         answerTheQuestion(kForm, answer);
         press("Form3", "Command2");
         expectOnly("Form3");
-        EXPECT_EQ(shown("stipulation"), utf8("Cage"));
+        EXPECT_EQ(shown("stipulation"), u"Cage"_s);
         EXPECT_EQ(readBack(kFile), one + two);
         cancel();
         EXPECT_EQ(listed(), Texts{"Singles / One"});
@@ -214,9 +217,9 @@ TEST_F(StipulationsChangedByAnother, AreKeptByADeleteWhenTheUserSaysNo)
     open(one);
     select(0);
     anotherProgramWrites();
-    boxes.expectQuestion(utf8("Delete Stipulation"),
-                         utf8("Are you sure you want to permanently delete the match stipulation:"
-                              "\r\n\r\nSingles / One\r\n"),
+    boxes.expectQuestion(u"Delete Stipulation"_s,
+                         u"Are you sure you want to permanently delete the match stipulation:"
+                         "\r\n\r\nSingles / One\r\n"_s,
                          Answer::Yes);
     answerTheQuestion(kList, Answer::No);
     press("Form16", "Command4");
@@ -229,9 +232,9 @@ TEST_F(StipulationsChangedByAnother, StandBehindTheQuestionAsTheyWereListed)
     open(one + two);
     select(0);
     writeFile(kFile, two);
-    boxes.expectQuestion(utf8("Delete Stipulation"),
-                         utf8("Are you sure you want to permanently delete the match stipulation:"
-                              "\r\n\r\nSingles / One\r\n"),
+    boxes.expectQuestion(u"Delete Stipulation"_s,
+                         u"Are you sure you want to permanently delete the match stipulation:"
+                         "\r\n\r\nSingles / One\r\n"_s,
                          Answer::Yes);
     answerTheQuestion(kList, Answer::No);
     Texts behind;
@@ -244,7 +247,7 @@ TEST_F(StipulationsChangedByAnother, AreNotMeantWhenTheListIsSavedUnderAnotherNa
 {
     open(one);
     writeFile("other.tvd", two);
-    screen("Form1").control<QLineEdit>("Text1").setText(utf8("other.tvd"));
+    screen("Form1").control<QLineEdit>("Text1").setText(u"other.tvd"_s);
     createNew();
     put("stipulation", "Cage");
     save();
@@ -284,11 +287,11 @@ TEST_P(CharacterThatNoFileHolds, IsRefusedByTheNameOfItsField)
     open(one);
     edit(0);
     put(GetParam().control, "");
-    paste(control("Form3", GetParam().control), utf8("a\u03A9b"));
+    paste(control("Form3", GetParam().control), u"a\u03A9b"_s);
     const QString told = refusedSave();
     EXPECT_TRUE(told.contains(utf8(GetParam().caption))) << told.toStdString();
-    EXPECT_TRUE(told.contains(utf8("\u03A9"))) << told.toStdString();
-    EXPECT_EQ(shown(GetParam().control), utf8("a\u03A9b"));
+    EXPECT_TRUE(told.contains(u"\u03A9"_s)) << told.toStdString();
+    EXPECT_EQ(shown(GetParam().control), u"a\u03A9b"_s);
     EXPECT_EQ(readBack(kFile), one);
     put(GetParam().control, "mended");
     save();

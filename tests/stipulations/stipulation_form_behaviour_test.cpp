@@ -9,6 +9,9 @@
 #include <QTest>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class StipulationFormBehaviour : public StipulationTest
@@ -153,8 +156,8 @@ TEST_F(StipulationFormBehaviour, ChoosingNotExclusiveEmptiesTheInitials)
 {
     open(stipulation("Singles", "One"));
     edit(0);
-    choose("Form3", "exclusive", utf8("No"));
-    EXPECT_EQ(shown("prominitials"), utf8(""));
+    choose("Form3", "exclusive", u"No"_s);
+    EXPECT_EQ(shown("prominitials"), u""_s);
     EXPECT_TRUE(control("Form3", "prominitials").isEnabled());
 }
 
@@ -164,8 +167,8 @@ TEST_F(StipulationFormBehaviour, ChoosingNotExclusiveByTheKeyboardEmptiesTheInit
     createNew();
     put("prominitials", "ABC");
     combo("Form3", "exclusive").setFocus();
-    pickByKeyboard(combo("Form3", "exclusive"), utf8("No"));
-    EXPECT_EQ(shown("prominitials"), utf8(""));
+    pickByKeyboard(combo("Form3", "exclusive"), u"No"_s);
+    EXPECT_EQ(shown("prominitials"), u""_s);
 }
 
 TEST_F(StipulationFormBehaviour, ChoosingExclusiveLeavesTheInitials)
@@ -173,8 +176,8 @@ TEST_F(StipulationFormBehaviour, ChoosingExclusiveLeavesTheInitials)
     open("");
     createNew();
     put("prominitials", "ABC");
-    choose("Form3", "exclusive", utf8("Yes"));
-    EXPECT_EQ(shown("prominitials"), utf8("ABC"));
+    choose("Form3", "exclusive", u"Yes"_s);
+    EXPECT_EQ(shown("prominitials"), u"ABC"_s);
 }
 
 TEST_F(StipulationFormBehaviour, TypingNotExclusiveLeavesTheInitials)
@@ -183,7 +186,7 @@ TEST_F(StipulationFormBehaviour, TypingNotExclusiveLeavesTheInitials)
     edit(0);
     put("exclusive", "No");
     QTest::keyClick(screen("Form3").windowHandle(), Qt::Key_Tab);
-    EXPECT_EQ(shown("prominitials"), utf8("ABC"));
+    EXPECT_EQ(shown("prominitials"), u"ABC"_s);
     save();
     EXPECT_EQ(readBack(kFile), stipulation("Singles", "One", {{17, "No"}}));
 }
@@ -210,7 +213,7 @@ TEST_F(StipulationFormBehaviour, CancelAfterEditLeavesTheFileUntouched)
     expectOnly("Form16");
     EXPECT_EQ(readBack(kFile), old);
     edit(0);
-    EXPECT_EQ(shown("stipulation"), utf8("One"));
+    EXPECT_EQ(shown("stipulation"), u"One"_s);
 }
 
 TEST_F(StipulationFormBehaviour, ClosingTheWindowCancels)
@@ -274,8 +277,8 @@ TEST_F(StipulationFormBehaviour, EveryComboBoxIsNamedByALabelOfItsOwn)
     }
     EXPECT_EQ(names.size(), 15);
     EXPECT_EQ(names.removeDuplicates(), 0);
-    EXPECT_TRUE(names.contains(utf8("Match Draw Value: Current")));
-    EXPECT_TRUE(names.contains(utf8("Match Entertainment Value: Increase Daily By")));
+    EXPECT_TRUE(names.contains(u"Match Draw Value: Current"_s));
+    EXPECT_TRUE(names.contains(u"Match Entertainment Value: Increase Daily By"_s));
 }
 
 TEST_F(StipulationFormBehaviour, ItsWindowHasTheSizeOfTheOthersAndFitsASmallScreen)

@@ -6,6 +6,9 @@
 #include <QTest>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Control
@@ -45,7 +48,7 @@ TEST_F(StipulationForm, BearsItsCaptions)
 {
     open("");
     createNew();
-    EXPECT_EQ(screen("Form3").windowTitle(), utf8("Tarvold 1.3 Data Editor"));
+    EXPECT_EQ(screen("Form3").windowTitle(), u"Tarvold 1.3 Data Editor"_s);
     expectShown({{"Label1", "Connected With Match Type:"},
                  {"Label2", "Name Of Stipulation:"},
                  {"Label3", "Shows On Results Screen As:"},
@@ -64,9 +67,9 @@ TEST_F(StipulationForm, BearsItsCaptions)
                  {"Label17", "Rate Match Quality By:"},
                  {"Label18", "Does a title have to be on the line?:"}});
     EXPECT_EQ(screen("Form3").control<QAbstractButton>("Command1").text(),
-              utf8("Cancel And Return To Menu"));
+              u"Cancel And Return To Menu"_s);
     EXPECT_EQ(screen("Form3").control<QAbstractButton>("Command2").text(),
-              utf8("Save This Stipulation"));
+              u"Save This Stipulation"_s);
 }
 
 TEST_F(StipulationForm, OffersTheListsOfItsCombos)
@@ -74,16 +77,16 @@ TEST_F(StipulationForm, OffersTheListsOfItsCombos)
     open("");
     createNew();
     EXPECT_EQ(items("matchtype").join(u'|'),
-              utf8("Singles|Tag Team|Triple Threat|4 Way Dance|6 Way Dance|3 Way Tag Team|"
-                   "4 Way Tag Team|6 Man Tag|8 Man Tag|10 Man Tag|2 on 1 Handicap Match|"
-                   "Women's Match|Women's Tag Team|Women's Triple Threat|Women's 6 Person Tag|"
-                   "Intergender Match|Intergender Tag Team|Intergender 6 Person Tag|"
-                   "Battle Royal"));
+              u"Singles|Tag Team|Triple Threat|4 Way Dance|6 Way Dance|3 Way Tag Team|"
+              "4 Way Tag Team|6 Man Tag|8 Man Tag|10 Man Tag|2 on 1 Handicap Match|"
+              "Women's Match|Women's Tag Team|Women's Triple Threat|Women's 6 Person Tag|"
+              "Intergender Match|Intergender Tag Team|Intergender 6 Person Tag|"
+              "Battle Royal"_s);
     for (const char *name : {"dqposs", "usedefault", "runins", "exclusive", "titleneeded"}) {
-        EXPECT_EQ(items(name).join(u'|'), utf8("Yes|No")) << name;
+        EXPECT_EQ(items(name).join(u'|'), u"Yes|No"_s) << name;
     }
     EXPECT_EQ(items("matchquality").join(u'|'),
-              utf8("Just Standard Ability|Just Hardcore Ability|50% Standard, 50% Hardcore"));
+              u"Just Standard Ability|Just Hardcore Ability|50% Standard, 50% Hardcore"_s);
 }
 
 TEST_F(StipulationForm, OffersTheNumbersTo100AndNaWhereAValueMayStay)
@@ -97,7 +100,7 @@ TEST_F(StipulationForm, OffersTheNumbersTo100AndNaWhereAValueMayStay)
     for (const char *name : {"drawcurrent", "drawmax", "entcurrent", "entmax"}) {
         EXPECT_EQ(items(name), numbers) << name;
     }
-    numbers.prepend(utf8("NA"));
+    numbers.prepend(u"NA"_s);
     for (const char *name : {"drawdec", "drawinc", "entdec", "entinc"}) {
         EXPECT_EQ(items(name), numbers) << name;
     }
@@ -226,7 +229,7 @@ TEST_F(StipulationForm, KeepsATypedQualityForAnUnknownWord)
     put("matchquality", "By heart");
     cancel();
     edit(0);
-    EXPECT_EQ(shown("matchquality"), utf8("By heart"));
+    EXPECT_EQ(shown("matchquality"), u"By heart"_s);
 }
 
 TEST_F(StipulationForm, StartsInItsFirstFieldAndReachesAllOthersByTab)
@@ -242,7 +245,7 @@ TEST_F(StipulationForm, StartsInItsFirstFieldAndReachesAllOthersByTab)
         const auto *box = qobject_cast<const QComboBox *>(focused->parentWidget());
         const QString name = (box != nullptr ? box : focused)->objectName();
         if (step == 0) {
-            EXPECT_EQ(name, utf8("matchtype"));
+            EXPECT_EQ(name, u"matchtype"_s);
         }
         reached << name;
         QTest::keyClick(screen("Form3").windowHandle(), Qt::Key_Tab);

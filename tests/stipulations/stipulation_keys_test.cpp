@@ -5,6 +5,9 @@
 
 /// The keys and the double click of the list of stipulations, and the key that saves its form.
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class StipulationKeys : public StipulationTest
@@ -31,15 +34,15 @@ protected:
 
     void expectPleaseSelect()
     {
-        boxes.expectNotice(utf8("Stipulation Editor"),
-                           utf8("Please select a match stipulation from the list."));
+        boxes.expectNotice(u"Stipulation Editor"_s,
+                           u"Please select a match stipulation from the list."_s);
     }
 
     void expectDeleteQuestion(Answer answer)
     {
-        boxes.expectQuestion(utf8("Delete Stipulation"),
-                             utf8("Are you sure you want to permanently delete the match "
-                                  "stipulation:\r\n\r\nSingles / Two\r\n"),
+        boxes.expectQuestion(u"Delete Stipulation"_s,
+                             u"Are you sure you want to permanently delete the match "
+                             "stipulation:\r\n\r\nSingles / Two\r\n"_s,
                              answer);
     }
 
@@ -53,7 +56,7 @@ TEST_F(StipulationKeys, EnterEditsTheSelectedOne)
         select(1);
         hit("Form16", key);
         expectOnly("Form3");
-        EXPECT_EQ(shown("stipulation"), utf8("Two"));
+        EXPECT_EQ(shown("stipulation"), u"Two"_s);
         cancel();
     }
 }
@@ -73,7 +76,7 @@ TEST_F(StipulationKeys, EnterOnAButtonPressesThatButton)
     hit("Form16", Qt::Key_Return);
     expectOnly("Form3");
     EXPECT_EQ(shown("stipulation"), QString());
-    EXPECT_EQ(listPosition(), utf8("NEW"));
+    EXPECT_EQ(listPosition(), u"NEW"_s);
 }
 
 TEST_F(StipulationKeys, ADoubleClickEditsTheOneUnderIt)
@@ -81,7 +84,7 @@ TEST_F(StipulationKeys, ADoubleClickEditsTheOneUnderIt)
     select(0);
     mouse::doubleClick(middleOf(1));
     expectOnly("Form3");
-    EXPECT_EQ(shown("stipulation"), utf8("Two"));
+    EXPECT_EQ(shown("stipulation"), u"Two"_s);
 }
 
 TEST_F(StipulationKeys, ADoubleClickBesideTheEntriesDoesNothing)
@@ -96,7 +99,7 @@ TEST_F(StipulationKeys, DeleteAsksAndDeletesTheSelectedOne)
 {
     select(1);
     expectDeleteQuestion(Answer::Yes);
-    boxes.expectNotice(utf8("Delete"), utf8("Stipulation Deleted."));
+    boxes.expectNotice(u"Delete"_s, u"Stipulation Deleted."_s);
     hit("Form16", Qt::Key_Delete);
     EXPECT_EQ(bytesOf(utf8(kFile)), one);
 }
@@ -127,7 +130,7 @@ TEST_F(StipulationKeys, CtrlSSavesTheForm)
 {
     edit(1);
     put("stipulation", "Three");
-    boxes.expectNotice(utf8("Stipulations Editor"), utf8("Saved OK!"));
+    boxes.expectNotice(u"Stipulations Editor"_s, u"Saved OK!"_s);
     hit("Form3", Qt::Key_S, Qt::ControlModifier);
     expectOnly("Form16");
     EXPECT_EQ(listed(), (std::vector<std::string>{"Singles / One", "Singles / Three"}));
@@ -144,7 +147,7 @@ TEST_F(StipulationKeys, NoKeyLeavesTheFormAndLosesWhatWasTyped)
         hit("Form3", key, modifiers);
     }
     expectOnly("Form3");
-    EXPECT_EQ(shown("stipulation"), utf8("Three"));
+    EXPECT_EQ(shown("stipulation"), u"Three"_s);
 }
 
 } // namespace

@@ -1,6 +1,9 @@
 #include "stipulations/stipulation_test.h"
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Texts = std::vector<std::string>;
@@ -18,7 +21,7 @@ protected:
     QString refusal(const char *name)
     {
         QString told;
-        boxes.catchNotice(utf8("Stipulations Editor"), &told);
+        boxes.catchNotice(u"Stipulations Editor"_s, &told);
         enterFile(name);
         expectOnly("Form1");
         EXPECT_TRUE(told.contains(utf8(name))) << told.toStdString();
@@ -34,8 +37,8 @@ class UnfitStipulationsName : public EntryToTheStipulations,
 TEST_P(UnfitStipulationsName, IsRefusedOnTheMenu)
 {
     boxes.expectNotice(
-        utf8("Filename Error"),
-        utf8("Please enter the name of the file you want to edit, including the .tvd extension."));
+        u"Filename Error"_s,
+        u"Please enter the name of the file you want to edit, including the .tvd extension."_s);
     enterFile(GetParam());
     expectOnly("Form1");
     EXPECT_EQ(folderContent(), "");
@@ -96,16 +99,16 @@ TEST_F(EntryToTheStipulations, TellsHowManyLinesAFileHasThatEndsInsideARecord)
     const QByteArray cut = stipulation("Singles", "One") + "Singles\r\nTwo\r\n";
     writeFile("cut.tvd", cut);
     const QString told = refusal("cut.tvd");
-    EXPECT_TRUE(told.contains(utf8("lines found: 21"))) << told.toStdString();
-    EXPECT_TRUE(told.contains(utf8("each stipulation takes 19"))) << told.toStdString();
+    EXPECT_TRUE(told.contains(u"lines found: 21"_s)) << told.toStdString();
+    EXPECT_TRUE(told.contains(u"each stipulation takes 19"_s)) << told.toStdString();
     EXPECT_EQ(readBack("cut.tvd"), cut);
     EXPECT_EQ(folderContent(), "cut.tvd");
 }
 
 TEST_F(EntryToTheStipulations, TellsThatTheNameIsAFolder)
 {
-    ASSERT_TRUE(QDir().mkdir(utf8("folder.tvd")));
-    EXPECT_TRUE(refusal("folder.tvd").contains(utf8("folder")));
+    ASSERT_TRUE(QDir().mkdir(u"folder.tvd"_s));
+    EXPECT_TRUE(refusal("folder.tvd").contains(u"folder"_s));
     EXPECT_EQ(folderContent(), "folder.tvd");
 }
 

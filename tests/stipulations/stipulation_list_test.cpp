@@ -5,6 +5,9 @@
 #include <QTest>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Texts = std::vector<std::string>;
@@ -30,9 +33,9 @@ protected:
 TEST_F(StipulationList, BearsItsCaptions)
 {
     open("");
-    EXPECT_EQ(screen("Form16").windowTitle(), utf8("Tarvold 1.3 Data Editor"));
-    EXPECT_EQ(text("Form16", "Label3"), utf8("Stipulations Editor"));
-    EXPECT_EQ(text("Form16", "Label4"), utf8("Choose a Stipulation to edit or create new..."));
+    EXPECT_EQ(screen("Form16").windowTitle(), u"Tarvold 1.3 Data Editor"_s);
+    EXPECT_EQ(text("Form16", "Label3"), u"Stipulations Editor"_s);
+    EXPECT_EQ(text("Form16", "Label4"), u"Choose a Stipulation to edit or create new..."_s);
     const std::pair<const char *, const char *> captions[] = {{"Command1", "Create New"},
                                                               {"Command2", "Edit"},
                                                               {"Command4", "Delete"},
@@ -117,7 +120,7 @@ TEST_F(StipulationList, KeepsTheWordNewWhileOneIsCreated)
     open(one);
     createNew();
     expectOnly("Form3");
-    EXPECT_EQ(listPosition(), utf8("NEW"));
+    EXPECT_EQ(listPosition(), u"NEW"_s);
 }
 
 TEST_F(StipulationList, KeepsItsPositionWhenItIsEnteredAgain)
@@ -127,15 +130,15 @@ TEST_F(StipulationList, KeepsItsPositionWhenItIsEnteredAgain)
     cancel();
     press("Form16", "Command3");
     press("Form1", "Command1");
-    EXPECT_EQ(listPosition(), utf8("19"));
+    EXPECT_EQ(listPosition(), u"19"_s);
 }
 
 TEST_F(StipulationList, OpensTheLaterOfTwoRecordsThatLookTheSame)
 {
     open(one + two + stipulation("Singles", "One", {{3, "Later"}}));
     edit(0);
-    EXPECT_EQ(listPosition(), utf8("38"));
-    EXPECT_EQ(shown("matchshowsas"), utf8("Later"));
+    EXPECT_EQ(listPosition(), u"38"_s);
+    EXPECT_EQ(shown("matchshowsas"), u"Later"_s);
 }
 
 TEST_F(StipulationList, CopiesAllThatLookTheSameSoThatAnUnknownQualityKeepsTheEarlierOne)
@@ -165,8 +168,8 @@ TEST_F(StipulationList, EditsARecordWithoutMatchTypeAndNameAsAnyOther)
 {
     open(stipulation("", "", {{3, "Nameless"}}) + one);
     edit(0);
-    EXPECT_EQ(listPosition(), utf8("0"));
-    EXPECT_EQ(shown("matchshowsas"), utf8("Nameless"));
+    EXPECT_EQ(listPosition(), u"0"_s);
+    EXPECT_EQ(shown("matchshowsas"), u"Nameless"_s);
     put("matchtype", "Lucha");
     put("stipulation", "Named");
     save();
@@ -181,7 +184,7 @@ TEST_F(StipulationList, KeepsItsSelectionAfterTheFormWasCancelled)
     EXPECT_TRUE(list().selectionModel()->isRowSelected(1));
     press("Form16", "Command2");
     expectOnly("Form3");
-    EXPECT_EQ(shown("stipulation"), utf8("Two"));
+    EXPECT_EQ(shown("stipulation"), u"Two"_s);
 }
 
 TEST_F(StipulationList, HasNoSelectionAfterASave)
@@ -206,7 +209,7 @@ TEST_F(StipulationList, IsDrivenByTheKeyboardAlone)
     ASSERT_TRUE(button.hasFocus());
     QTest::keyClick(&button, Qt::Key_Space);
     expectOnly("Form3");
-    EXPECT_EQ(shown("stipulation"), utf8("Two"));
+    EXPECT_EQ(shown("stipulation"), u"Two"_s);
 }
 
 TEST_F(StipulationList, GoesBackToTheMenuWithoutAQuestion)

@@ -1,6 +1,9 @@
 #include "stipulations/stipulation_test.h"
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Texts = std::vector<std::string>;
@@ -43,12 +46,12 @@ TEST_F(StipulationRuns, CreateEditAndDeleteInOneFile)
 
     nextRun();
     EXPECT_EQ(listed(), (Texts{"Singles / One", "Singles / Changed", "Singles / Three"}));
-    remove(0, utf8("Singles / One"));
+    remove(0, u"Singles / One"_s);
     EXPECT_EQ(readBack(kFile), untouched("Changed") + untouched("Three"));
 
     nextRun();
-    remove(1, utf8("Singles / Three"));
-    remove(0, utf8("Singles / Changed"));
+    remove(1, u"Singles / Three"_s);
+    remove(0, u"Singles / Changed"_s);
     EXPECT_EQ(readBack(kFile), "");
 
     nextRun();
@@ -64,7 +67,7 @@ TEST_F(StipulationRuns, ChangeOneFileManyTimesInOneRun)
     edit(0);
     put("stipulation", "Uno");
     save();
-    remove(1, utf8("Singles / Two"));
+    remove(1, u"Singles / Two"_s);
     make("Three");
     edit(1);
     put("matchtype", "Lucha");
@@ -98,7 +101,7 @@ TEST_P(StrangeStipulation, IsShownAsItIsInListFormAndQuestion)
     edit(0);
     EXPECT_EQ(shown("stipulation"), QString::fromLatin1(name));
     cancel();
-    remove(0, utf8("Singles / ") + QString::fromLatin1(name));
+    remove(0, u"Singles / "_s + QString::fromLatin1(name));
     EXPECT_EQ(readBack(kFile), "");
 }
 

@@ -1,6 +1,9 @@
 #include "stipulations/stipulation_test.h"
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class StipulationSave : public StipulationTest
@@ -35,7 +38,7 @@ TEST_F(StipulationSave, WritesEveryControlInItsLine)
     for (const auto &[name, text] : typed) {
         put(name, text);
     }
-    choose("Form3", "matchquality", utf8("50% Standard, 50% Hardcore"));
+    choose("Form3", "matchquality", u"50% Standard, 50% Hardcore"_s);
     save();
     EXPECT_EQ(readBack(kFile),
               stipulation("Lucha", "One",
@@ -64,8 +67,8 @@ TEST_F(StipulationSave, WritesARiskOfFiveAsTheDigitAndShowsItWithThePercentSign)
     save();
     EXPECT_TRUE(readBack(kFile).contains("Yes\r\n5\r\n50\r\n"));
     edit(0);
-    EXPECT_EQ(shown("risk"), utf8("5%"));
-    EXPECT_EQ(shown("HScroll1"), utf8("5"));
+    EXPECT_EQ(shown("risk"), u"5%"_s);
+    EXPECT_EQ(shown("HScroll1"), u"5"_s);
 }
 
 TEST_F(StipulationSave, PutsANewRecordAtTheEnd)
@@ -87,7 +90,7 @@ TEST_F(StipulationSave, KeepsTheEditedRecordInItsPlace)
     EXPECT_EQ(readBack(kFile), one + stipulation("Singles", "Other") + three);
     EXPECT_EQ(listed(),
               (std::vector<std::string>{"Singles / One", "Singles / Other", "Tag Team / Three"}));
-    EXPECT_EQ(listPosition(), utf8("19"));
+    EXPECT_EQ(listPosition(), u"19"_s);
 }
 
 TEST_F(StipulationSave, WritesAlwaysNoIntoTheReservedLine)
@@ -162,7 +165,7 @@ TEST_F(StipulationSave, LeavesTheBytesOfAnOddRecordThatIsSavedUnchanged)
 TEST_F(StipulationSave, GoesToTheFileThatTheMenuNamesByNow)
 {
     open(one);
-    editor.screens().setText({"Form1", "Text1"}, utf8("other.tvd"));
+    editor.screens().setText({"Form1", "Text1"}, u"other.tvd"_s);
     edit(0);
     save();
     EXPECT_EQ(readBack("other.tvd"), one);

@@ -6,6 +6,8 @@
 
 namespace tarvold::testing {
 
+using namespace Qt::StringLiterals;
+
 QByteArray untouched(const QByteArray &name)
 {
     return "Singles\r\n" + name +
@@ -69,12 +71,12 @@ void StipulationTest::remove(int row, const QString &shown, Answer answer)
 {
     select(row);
     boxes.expectQuestion(
-        utf8("Delete Stipulation"),
-        utf8("Are you sure you want to permanently delete the match stipulation:\r\n\r\n") + shown +
-            utf8("\r\n"),
+        u"Delete Stipulation"_s,
+        u"Are you sure you want to permanently delete the match stipulation:\r\n\r\n"_s + shown +
+            u"\r\n"_s,
         answer);
     if (answer == Answer::Yes) {
-        boxes.expectNotice(utf8("Delete"), utf8("Stipulation Deleted."));
+        boxes.expectNotice(u"Delete"_s, u"Stipulation Deleted."_s);
     }
     press("Form16", "Command4");
     expectOnly("Form16");
@@ -82,7 +84,7 @@ void StipulationTest::remove(int row, const QString &shown, Answer answer)
 
 void StipulationTest::save()
 {
-    boxes.expectNotice(utf8("Stipulations Editor"), utf8("Saved OK!"));
+    boxes.expectNotice(u"Stipulations Editor"_s, u"Saved OK!"_s);
     press("Form3", "Command2");
     expectOnly("Form16");
 }

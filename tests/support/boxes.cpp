@@ -11,6 +11,9 @@
 #include <gtest/gtest.h>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr char kElsewhere[] = "Save To Another File...";
@@ -83,34 +86,32 @@ Boxes::Boxes()
 
 void Boxes::expectNotice(const QString &title, const QString &text, Answer answer)
 {
-    m_awaited.push_back({{title, text, {QStringLiteral("OK")}, answer}});
+    m_awaited.push_back({{title, text, {u"OK"_s}, answer}});
 }
 
 void Boxes::expectQuestion(const QString &title, const QString &text, Answer answer)
 {
-    m_awaited.push_back({{title, text, {QStringLiteral("No"), QStringLiteral("Yes")}, answer}});
+    m_awaited.push_back({{title, text, {u"No"_s, u"Yes"_s}, answer}});
 }
 
 void Boxes::expectFailedSave(const QString &title, const QString &text, Answer answer)
 {
-    m_awaited.push_back(
-        {{title, text, {QStringLiteral("OK"), QLatin1StringView(kElsewhere)}, answer}});
+    m_awaited.push_back({{title, text, {u"OK"_s, QLatin1StringView(kElsewhere)}, answer}});
 }
 
 void Boxes::catchFailedSave(const QString &title, QString *text, Answer answer)
 {
-    m_awaited.push_back(
-        {{title, {}, {QStringLiteral("OK"), QLatin1StringView(kElsewhere)}, answer}, text});
+    m_awaited.push_back({{title, {}, {u"OK"_s, QLatin1StringView(kElsewhere)}, answer}, text});
 }
 
 void Boxes::catchNotice(const QString &title, QString *text)
 {
-    m_awaited.push_back({{title, {}, {QStringLiteral("OK")}, Answer::Ok}, text});
+    m_awaited.push_back({{title, {}, {u"OK"_s}, Answer::Ok}, text});
 }
 
 void Boxes::catchQuestion(const QString &title, QString *text, Answer answer)
 {
-    m_awaited.push_back({{title, {}, {QStringLiteral("No"), QStringLiteral("Yes")}, answer}, text});
+    m_awaited.push_back({{title, {}, {u"No"_s, u"Yes"_s}, answer}, text});
 }
 
 void Boxes::beforeItsAnswer(const std::function<void(QMessageBox &)> &action)
@@ -163,7 +164,7 @@ void Boxes::check(const QMessageBox &box, const Awaited &awaited)
     EXPECT_TRUE(box.informativeText().isEmpty());
     EXPECT_NE(box.parentWidget(), nullptr);
     EXPECT_TRUE(box.isModal());
-    const auto *label = box.findChild<QLabel *>(QStringLiteral("qt_msgbox_label"));
+    const auto *label = box.findChild<QLabel *>(u"qt_msgbox_label"_s);
     ASSERT_NE(label, nullptr);
     EXPECT_EQ(label->text(), box.text());
     EXPECT_EQ(label->textFormat(), Qt::PlainText);

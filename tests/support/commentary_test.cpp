@@ -4,6 +4,9 @@
 #include <QPushButton>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr const char *kLines[] = {"Text1", "Text2", "Text3", "Text4", "Text5",
@@ -43,12 +46,12 @@ void CommentaryTest::expectRefusal(const RefusalRow &refusal)
 void CommentaryTest::expectFixedTexts(const char *heading, const char *instructions,
                                       const char *addCaption)
 {
-    EXPECT_EQ(screen(m_screen).windowTitle(), QStringLiteral("Tarvold 1.3 Data Editor"));
+    EXPECT_EQ(screen(m_screen).windowTitle(), u"Tarvold 1.3 Data Editor"_s);
     EXPECT_EQ(text(m_screen, "Label1"), QLatin1StringView(heading));
     EXPECT_EQ(text(m_screen, "Label3"), QLatin1StringView(instructions));
     EXPECT_EQ(screen(m_screen).control<QPushButton>("Command1").text(),
               QLatin1StringView(addCaption));
-    EXPECT_EQ(screen(m_screen).control<QPushButton>("Command2").text(), QStringLiteral("<<"));
+    EXPECT_EQ(screen(m_screen).control<QPushButton>("Command2").text(), u"<<"_s);
     EXPECT_FALSE(control(m_screen, "hiddenlabel").isVisible());
     EXPECT_EQ(pending(), QString());
     for (const char *name : kLines) {
@@ -115,7 +118,7 @@ void CommentaryTest::expectRememberedWhenNothingIsMarked(const TagRow &first, co
 
 void CommentaryTest::expectEmptyFirstLineIsRefused()
 {
-    typeLine("Text2", QStringLiteral("Only the second line."));
+    typeLine("Text2", u"Only the second line."_s);
     boxes.expectNotice(title(), QLatin1StringView(m_flow.missing));
     press(m_screen, "Command1");
     expectOnly(m_screen);
@@ -124,18 +127,18 @@ void CommentaryTest::expectEmptyFirstLineIsRefused()
 
 void CommentaryTest::expectNoWritesNothing()
 {
-    typeLine("Text1", QStringLiteral("The end."));
+    typeLine("Text1", u"The end."_s);
     boxes.expectQuestion(title(), QLatin1StringView(m_flow.question), Answer::No);
     press(m_screen, "Command1");
     expectOnly(m_screen);
-    EXPECT_EQ(line("Text1"), QStringLiteral("The end."));
+    EXPECT_EQ(line("Text1"), u"The end."_s);
     EXPECT_TRUE(isYellow(control(m_screen, "Text1")));
     EXPECT_TRUE(QDir().isEmpty());
 }
 
 void CommentaryTest::expectOneSpaceIsSaved()
 {
-    typeLine("Text1", QStringLiteral(" "));
+    typeLine("Text1", u" "_s);
     save(m_flow);
     const QByteArray commentary = "\r\n " + QByteArray("\r\n-BLANK-").repeated(9) + "\r\n";
     EXPECT_TRUE(bytesOf(QLatin1StringView(m_flow.file)).endsWith(commentary));
@@ -143,23 +146,23 @@ void CommentaryTest::expectOneSpaceIsSaved()
 
 void CommentaryTest::expectNothingIsClearedByASave()
 {
-    typeLine("Text1", QStringLiteral("The end."));
-    typeLine("Text10", QStringLiteral("Really."));
+    typeLine("Text1", u"The end."_s);
+    typeLine("Text10", u"Really."_s);
     chooseTag(combo(m_screen, "Combo1").itemText(0).toUtf8().constData());
     const QString tag = pending();
     save(m_flow);
-    EXPECT_EQ(line("Text1"), QStringLiteral("The end."));
-    EXPECT_EQ(line("Text10"), QStringLiteral("Really.") + tag);
+    EXPECT_EQ(line("Text1"), u"The end."_s);
+    EXPECT_EQ(line("Text10"), u"Really."_s + tag);
     EXPECT_TRUE(isYellow(control(m_screen, "Text10")));
     EXPECT_EQ(pending(), tag);
 }
 
 void CommentaryTest::expectTheFileBoxCountsWhenSaving()
 {
-    typeLine("Text1", QStringLiteral("The end."));
-    given("Form1", m_flow.fileBox, QStringLiteral("a name of my own.txt"));
+    typeLine("Text1", u"The end."_s);
+    given("Form1", m_flow.fileBox, u"a name of my own.txt"_s);
     save(m_flow);
-    EXPECT_EQ(QDir().entryList(QDir::Files), QStringList{QStringLiteral("a name of my own.txt")});
+    EXPECT_EQ(QDir().entryList(QDir::Files), QStringList{u"a name of my own.txt"_s});
 }
 
 } // namespace tarvold::testing

@@ -4,6 +4,8 @@
 
 namespace tarvold::testing {
 
+using namespace Qt::StringLiterals;
+
 /// The normal match ending flow, from the main menu to its commentary.
 class EndingTest : public EditorTest
 {
@@ -33,7 +35,7 @@ protected:
     void save()
     {
         boxes.expectQuestion(title(), kSaveQuestion, Answer::Yes);
-        boxes.expectNotice(title(), QStringLiteral("Saved OK."));
+        boxes.expectNotice(title(), u"Saved OK."_s);
         press("Form7", "Command1");
     }
 
@@ -47,9 +49,9 @@ protected:
         leave();
     }
 
-    const QString kReturnQuestion = QStringLiteral(
-        "This will return you to the main menu and lose any changes you haven't saved. Continue?");
-    const QString kSaveQuestion = QStringLiteral("Add this finish to the file?");
+    const QString kReturnQuestion =
+        u"This will return you to the main menu and lose any changes you haven't saved. Continue?"_s;
+    const QString kSaveQuestion = u"Add this finish to the file?"_s;
 };
 
 } // namespace tarvold::testing

@@ -11,6 +11,9 @@
 #include <gtest/gtest.h>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QStringList itemsOf(const QWidget &control)
@@ -33,7 +36,7 @@ QStringList texts(const std::vector<const char *> &items)
     return result;
 }
 
-const QString kBefore = QStringLiteral("what was shown before");
+const QString kBefore = u"what was shown before"_s;
 
 } // namespace
 

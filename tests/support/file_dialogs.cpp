@@ -11,17 +11,20 @@
 #include <gtest/gtest.h>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QLineEdit &nameBoxOf(const QFileDialog &dialog)
 {
-    return *dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+    return *dialog.findChild<QLineEdit *>(u"fileNameEdit"_s);
 }
 
 void check(const QFileDialog &dialog, const FileAnswer &expected)
 {
-    EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Save To Another File"));
-    EXPECT_EQ(dialog.nameFilters(), QStringList{QStringLiteral("Data files (*.tvd)")});
+    EXPECT_EQ(dialog.windowTitle(), u"Save To Another File"_s);
+    EXPECT_EQ(dialog.nameFilters(), QStringList{u"Data files (*.tvd)"_s});
     EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptSave);
     EXPECT_EQ(dialog.directory().canonicalPath(), QDir(expected.folder).canonicalPath());
     EXPECT_EQ(nameBoxOf(dialog).text(), expected.proposed);

@@ -5,6 +5,9 @@
 #include <QScrollBar>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr char kMissingFinish[] = "You haven't written the match finish!";
@@ -71,7 +74,7 @@ void FlowTest::leave(const FlowPath &flow)
 void FlowTest::save(const FlowPath &flow)
 {
     boxes.expectQuestion(title(), QLatin1StringView(flow.question), Answer::Yes);
-    boxes.expectNotice(title(), QStringLiteral("Saved OK."));
+    boxes.expectNotice(title(), u"Saved OK."_s);
     press(flow.screens.back(), "Command1");
     expectOnly("Form1");
 }
@@ -122,8 +125,8 @@ void FlowTest::expectStops(const char *screen, const std::vector<const char *> &
 void FlowTest::expectReturnQuestion(Answer answer)
 {
     boxes.expectQuestion(title(),
-                         QStringLiteral("This will return you to the main menu and lose any "
-                                        "changes you haven't saved. Continue?"),
+                         u"This will return you to the main menu and lose any "
+                         "changes you haven't saved. Continue?"_s,
                          answer);
 }
 

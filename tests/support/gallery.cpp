@@ -15,6 +15,8 @@
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 constexpr const char *kScreens[] = {"Form1",  "Form4",  "Form5",  "Form6",  "Form7",  "Form8",
                                     "Form9",  "Form10", "Form11", "Form12", "Form13", "Form14",
                                     "Form15", "Form16", "Form17", "Form2",  "Form3"};
@@ -28,7 +30,7 @@ void prepare(tarvold::Screens &screens)
     }
     segmentflow::enterInterview(screens);
     segmentflow::enterTalkShow(screens);
-    screens.setText({"Form7", "Text1"}, QStringLiteral("<att1fullname> wins it."));
+    screens.setText({"Form7", "Text1"}, u"<att1fullname> wins it."_s);
     screens.get<Form7>().control<CommentaryLine>("Text2").setMarked(true);
     screens.get<Form3>().showDefaults(StipulationTable());
 }
@@ -41,17 +43,17 @@ int main(int argc, char *argv[])
 
     QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments();
-    if (const qsizetype at = arguments.indexOf(QStringLiteral("--points")); at >= 0) {
+    if (const qsizetype at = arguments.indexOf(u"--points"_s); at >= 0) {
         QFont font = QApplication::font();
         font.setPointSizeF(arguments.value(at + 1).toDouble());
         QApplication::setFont(font);
     }
     look::apply();
-    if (arguments.contains(QStringLiteral("--dark"))) {
+    if (arguments.contains(u"--dark"_s)) {
         testing::useDarkPalette();
     }
 
-    const QDir folder(arguments.value(1, QStringLiteral(".")));
+    const QDir folder(arguments.value(1, u"."_s));
     Editor editor;
     editor.start();
     prepare(editor.screens());
@@ -62,7 +64,7 @@ int main(int argc, char *argv[])
             return EXIT_FAILURE;
         }
         QTest::qWait(50);
-        screen.grab().save(folder.filePath(screen.objectName() + QStringLiteral(".png")));
+        screen.grab().save(folder.filePath(screen.objectName() + u".png"_s));
         screen.hide();
     }
     return EXIT_SUCCESS;

@@ -12,6 +12,8 @@
 
 namespace tarvold::testing {
 
+using namespace Qt::StringLiterals;
+
 /// A window of the test's own, to try single controls in: what `add` puts into it, and below that
 /// an ordinary text box to go to from there.
 class WindowTest : public ::testing::Test
@@ -19,10 +21,10 @@ class WindowTest : public ::testing::Test
 public:
     WindowTest()
     {
-        window.setObjectName(QStringLiteral("window"));
+        window.setObjectName(u"window"_s);
         m_column = new QVBoxLayout(&window);
         m_column->addWidget(&elsewhere);
-        elsewhere.setObjectName(QStringLiteral("elsewhere"));
+        elsewhere.setObjectName(u"elsewhere"_s);
     }
     ~WindowTest() override { boxes.checkAllCame(); }
 
@@ -37,7 +39,7 @@ protected:
         control.setFocus(Qt::OtherFocusReason);
     }
 
-    static QString title() { return QStringLiteral("Tarvold Data Editor"); }
+    static QString title() { return u"Tarvold Data Editor"_s; }
 
     Boxes boxes;
     QWidget window;

@@ -14,6 +14,9 @@
 /// What is pasted into the fields of match endings and segments reaches the file byte by byte, or
 /// is refused by name before anything is written.
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Kind
@@ -133,7 +136,7 @@ TEST_P(Characters, ThatNoFileHoldsAreToldWithTheirFieldInEveryField)
         const texts::Refused odd = texts::refusedAt(line);
         EXPECT_EQ(refusal(), texts::toldOf(QString::fromUtf8(field.caption), odd.told));
         EXPECT_EQ(editor.screens().text(field.source), odd.text);
-        given(field.source.screen, field.source.control, QStringLiteral("mended"));
+        given(field.source.screen, field.source.control, u"mended"_s);
     }
     save(flow());
     EXPECT_EQ(std::size_t(bytesOf(QLatin1StringView(flow().file)).count("\r\n")), layout().size());
@@ -142,11 +145,10 @@ TEST_P(Characters, ThatNoFileHoldsAreToldWithTheirFieldInEveryField)
 TEST_P(Characters, OfALineEndFromAnAssistingProgramAreRefused)
 {
     goToCommentary(flow());
-    type(last(), "Text1", QStringLiteral("The end."));
+    type(last(), "Text1", u"The end."_s);
     QAccessibleInterface *box = QAccessible::queryAccessibleInterface(&control(last(), "Text2"));
-    box->setText(QAccessible::Value, QStringLiteral("one\r\ntwo"));
-    EXPECT_EQ(refusal(),
-              texts::toldOf(QStringLiteral("Commentary line 2"), QStringLiteral("U+000D")));
+    box->setText(QAccessible::Value, u"one\r\ntwo"_s);
+    EXPECT_EQ(refusal(), texts::toldOf(u"Commentary line 2"_s, u"U+000D"_s));
 }
 
 } // namespace

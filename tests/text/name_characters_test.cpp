@@ -6,6 +6,9 @@
 
 /// File names are no data: they may hold any character that a file's name can hold.
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class NameCharacters : public FlowTest
@@ -37,14 +40,13 @@ protected:
     void saveInterview()
     {
         goToCommentary(kInterviewPath);
-        type("Form13", "Text1", QStringLiteral("The end."));
+        type("Form13", "Text1", u"The end."_s);
         save(kInterviewPath);
     }
 
     void expectRefused(const QString &told)
     {
-        EXPECT_TRUE(told.contains(
-            QStringLiteral("The file name holds a character that no file name can have.")))
+        EXPECT_TRUE(told.contains(u"The file name holds a character that no file name can have."_s))
             << told.toStdString();
     }
 };
@@ -56,7 +58,7 @@ TEST_F(NameCharacters, MayBeAnyForASaveAndAnImport)
     pasteOver("Form1", "Text6", saved);
     saveInterview();
     goToImport(imported);
-    boxes.expectNotice(QStringLiteral("Import"), QStringLiteral("Import Complete."));
+    boxes.expectNotice(u"Import"_s, u"Import Complete."_s);
     press("Form2", "Command8");
     QStringList names = {saved, imported};
     names.sort();
@@ -68,18 +70,18 @@ TEST_F(NameCharacters, ThatNoNameCanHoldAreToldAndNothingIsWrittenElsewhere)
 {
     saveInterview();
     const QStringList before = folderEntries();
-    const QStringList odds = {QStringLiteral("nul") + QChar(0) + QStringLiteral(".tvd"),
-                              QStringLiteral("half") + QChar(0xD83E) + QStringLiteral(".tvd")};
+    const QStringList odds = {u"nul"_s + QChar(0) + u".tvd"_s,
+                              u"half"_s + QChar(0xD83E) + u".tvd"_s};
     for (const QString &odd : odds) {
         QString told;
         pasteOver("Form1", "Text1", odd);
-        boxes.catchNotice(QStringLiteral("Stipulations Editor"), &told);
+        boxes.catchNotice(u"Stipulations Editor"_s, &told);
         press("Form1", "Command1");
         expectRefused(told);
 
         pasteOver("Form1", "Text6", odd);
         goToCommentary(kInterviewPath);
-        type("Form13", "Text1", QStringLiteral("The end."));
+        type("Form13", "Text1", u"The end."_s);
         boxes.expectQuestion(title(), QLatin1StringView(kInterviewPath.question), Answer::Yes);
         boxes.catchFailedSave(title(), &told);
         press("Form13", "Command1");
@@ -87,7 +89,7 @@ TEST_F(NameCharacters, ThatNoNameCanHoldAreToldAndNothingIsWrittenElsewhere)
         goBack(kInterviewPath);
 
         goToImport(odd);
-        boxes.catchNotice(QStringLiteral("Import"), &told);
+        boxes.catchNotice(u"Import"_s, &told);
         press("Form2", "Command8");
         expectRefused(told);
         press("Form2", "Command9");

@@ -9,6 +9,9 @@
 /// What is pasted into the fields of a stipulation reaches the file byte by byte, or is refused by
 /// name before anything is written.
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class StipulationCharacters : public StipulationTest
@@ -35,7 +38,7 @@ protected:
         for (const stipulationform::PlainLine &plain : stipulationform::kPlainLines) {
             pasteOver(plain.control, text);
         }
-        pasteOver("exclusive", QStringLiteral("Yes"));
+        pasteOver("exclusive", u"Yes"_s);
         pasteOver("prominitials", text);
     }
 
@@ -72,7 +75,7 @@ protected:
     {
         const QString name = control("Form3", field).accessibleName();
         EXPECT_FALSE(name.isEmpty());
-        boxes.expectNotice(QStringLiteral("Stipulations Editor"), texts::toldOf(name, character));
+        boxes.expectNotice(u"Stipulations Editor"_s, texts::toldOf(name, character));
         press("Form3", "Command2");
         expectOnly("Form3");
         EXPECT_EQ(readBack(kFile), file);
@@ -142,7 +145,7 @@ TEST_F(StipulationCharacters, ThatNoFileHoldsAreToldWithTheirFieldInEveryField)
     for (const stipulationform::PlainLine &plain : stipulationform::kPlainLines) {
         pasteOver(plain.control, texts::refusedAt(place++).text);
     }
-    pasteOver("exclusive", QStringLiteral("Yes"));
+    pasteOver("exclusive", u"Yes"_s);
     pasteOver("prominitials", texts::refusedAt(place).text);
     place = 0;
     for (const stipulationform::PlainLine &plain : stipulationform::kPlainLines) {
@@ -197,7 +200,7 @@ TEST_F(StipulationCharacters, ThatBreakLinesAreRefusedBesideThoseThatCameWithAnE
     editFrom(file);
     const QString came = shown("matchshowsas");
     putByAssistance("matchshowsas", came + u'!');
-    expectRefused("matchshowsas", utf8("U+000D"), file);
+    expectRefused("matchshowsas", u"U+000D"_s, file);
     putByAssistance("matchshowsas", came);
     save();
     EXPECT_EQ(readBack(kFile), file);

@@ -10,6 +10,8 @@
 /// What an author may type or paste, and what becomes of it.
 namespace tarvold::testing::texts {
 
+using namespace Qt::StringLiterals;
+
 /// A text and the bytes that it must be in a file.
 struct Taken
 {
@@ -40,8 +42,8 @@ inline Taken wholePage()
 /// Every kind of line break, which are blanks, and what looks like one and is none.
 inline Taken lineBreaks()
 {
-    const QString breaks = QStringLiteral("a\r\nb\rc\nd") + QChar(0x2028) + u'e' + QChar(0x2029) +
-                           u'f' + QChar(0x85) + QStringLiteral("g\th\vi\fj") + QChar(0) + u'k';
+    const QString breaks = u"a\r\nb\rc\nd"_s + QChar(0x2028) + u'e' + QChar(0x2029) + u'f' +
+                           QChar(0x85) + u"g\th\vi\fj"_s + QChar(0) + u'k';
     return {"LineBreaks", breaks, QByteArray("a b c d e f g\th\vi\fj\0k", 21)};
 }
 
@@ -61,14 +63,14 @@ inline std::array<Refused, 12> refused()
         {QString::fromUtf8("\u65E5\u672C"), QString::fromUtf8("\"\u65E5\" (U+65E5)")},
         {QString::fromUtf8("\U0001F93C wins"), QString::fromUtf8("\"\U0001F93C\" (U+1F93C)")},
         {QString::fromUtf8("c\u0301"), QString::fromUtf8("\"\u0107\" (U+0107)")},
-        {QString::fromUtf8("q\u0301"), QStringLiteral("U+0301")},
+        {QString::fromUtf8("q\u0301"), u"U+0301"_s},
         {QString::fromUtf8("\u05D0bc"), QString::fromUtf8("\"\u05D0\" (U+05D0)")},
-        {QString::fromUtf8("a\u202Eb"), QStringLiteral("U+202E")},
-        {QString::fromUtf8("a\u200Fb"), QStringLiteral("U+200F")},
-        {QString::fromUtf8("a\u200Bb"), QStringLiteral("U+200B")},
-        {QChar(0xFEFF) + QStringLiteral("a"), QStringLiteral("U+FEFF")},
-        {QStringLiteral("a") + QChar(0xD83E), QStringLiteral("U+D83E")},
-        {QChar(0xDD3C) + QStringLiteral("a"), QStringLiteral("U+DD3C")},
+        {QString::fromUtf8("a\u202Eb"), u"U+202E"_s},
+        {QString::fromUtf8("a\u200Fb"), u"U+200F"_s},
+        {QString::fromUtf8("a\u200Bb"), u"U+200B"_s},
+        {QChar(0xFEFF) + u"a"_s, u"U+FEFF"_s},
+        {u"a"_s + QChar(0xD83E), u"U+D83E"_s},
+        {QChar(0xDD3C) + u"a"_s, u"U+DD3C"_s},
     }};
 }
 
@@ -82,10 +84,9 @@ inline Refused refusedAt(std::size_t place)
 /// What the user is told of a character that no file holds.
 inline QString toldOf(const QString &field, const QString &character)
 {
-    return QStringLiteral("The field \"%1\" holds the character %2, which the data files cannot "
-                          "hold.\n\nNothing was written, and everything that you typed is still "
-                          "here.")
-        .arg(field, character);
+    return u"The field \"%1\" holds the character %2, which the data files cannot "
+           "hold.\n\nNothing was written, and everything that you typed is still "
+           "here."_s.arg(field, character);
 }
 
 /// The lines of a file, each of which must have its end.

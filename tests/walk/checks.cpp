@@ -15,6 +15,9 @@
 #include <map>
 
 namespace tarvold::testing::checks {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString nameOf(const QWidget &control)
@@ -38,7 +41,7 @@ QString lists(const Screen &screen)
     for (const QComboBox *combo : screen.findChildren<ComboBox *>()) {
         const auto [first, isNew] = known.try_emplace(nameOf(*combo), itemsOf(*combo));
         if (!isNew && first->second != itemsOf(*combo)) {
-            return nameOf(*combo) + QStringLiteral(" has other items");
+            return nameOf(*combo) + u" has other items"_s;
         }
     }
     return {};
@@ -47,13 +50,13 @@ QString lists(const Screen &screen)
 /// A field is one line. On the stipulation form it may hold what the file held.
 QString fields(const Screen &screen)
 {
-    static const QRegularExpression lineBreak(QStringLiteral("[\\r\\n\\x{85}\\x{2028}\\x{2029}]"));
-    if (screen.objectName() == QStringLiteral("Form3")) {
+    static const QRegularExpression lineBreak(u"[\\r\\n\\x{85}\\x{2028}\\x{2029}]"_s);
+    if (screen.objectName() == u"Form3"_s) {
         return {};
     }
     for (const QLineEdit *field : screen.findChildren<QLineEdit *>()) {
         if (field->text().contains(lineBreak)) {
-            return nameOf(*field) + QStringLiteral(" holds a line break");
+            return nameOf(*field) + u" holds a line break"_s;
         }
     }
     return {};
@@ -64,14 +67,14 @@ QString marks(const Screen &screen)
     const auto lines = screen.findChildren<CommentaryLine *>();
     const auto marked = std::count_if(lines.begin(), lines.end(),
                                       [](const CommentaryLine *line) { return line->isMarked(); });
-    return marked > 1 ? QStringLiteral("more than one line is marked") : QString();
+    return marked > 1 ? u"more than one line is marked"_s : QString();
 }
 
 QString buttons(const Screen &screen)
 {
     for (const QPushButton *button : screen.findChildren<QPushButton *>()) {
         if (!button->isEnabled() || button->isDown()) {
-            return nameOf(*button) + QStringLiteral(" is disabled or stays down");
+            return nameOf(*button) + u" is disabled or stays down"_s;
         }
     }
     return {};
@@ -81,7 +84,7 @@ QString bars(const Screen &screen)
 {
     for (const QScrollBar *bar : screen.findChildren<ScrollBar *>()) {
         if (bar->value() < 1 || bar->value() > 100) {
-            return nameOf(*bar) + QStringLiteral(" is out of its range");
+            return nameOf(*bar) + u" is out of its range"_s;
         }
     }
     return {};
@@ -94,8 +97,8 @@ QString focus(const Screen &screen)
     }
     const QWidget *focused = QApplication::focusWidget();
     if (focused == nullptr || focused->window() != &screen || !focused->isVisible()) {
-        return screen.objectName() + QStringLiteral(" has lost the focus to ") +
-               (focused == nullptr ? QStringLiteral("nothing") : nameOf(*focused));
+        return screen.objectName() + u" has lost the focus to "_s +
+               (focused == nullptr ? u"nothing"_s : nameOf(*focused));
     }
     return {};
 }
@@ -127,14 +130,14 @@ QString windows()
         }
     }
     if (seen.size() != 1 || visibleScreen() == nullptr) {
-        return QStringLiteral("the windows to be seen are: ") + seen.join(u' ');
+        return u"the windows to be seen are: "_s + seen.join(u' ');
     }
     if (QApplication::activeModalWidget() != nullptr || QApplication::overrideCursor() != nullptr) {
-        return QStringLiteral("the window cannot be used");
+        return u"the window cannot be used"_s;
     }
-    return visibleScreen()->windowTitle() == QStringLiteral("Tarvold 1.3 Data Editor")
+    return visibleScreen()->windowTitle() == u"Tarvold 1.3 Data Editor"_s
                ? QString()
-               : QStringLiteral("the window has another caption");
+               : u"the window has another caption"_s;
 }
 
 QString controls(const Screen &screen)

@@ -14,6 +14,8 @@
 
 namespace tarvold::testing {
 
+using namespace Qt::StringLiterals;
+
 // clang-format off
 const Day::Action Day::kActions[] = {
     {"press a button",      26, &Day::pressButton},
@@ -40,13 +42,13 @@ const Day::Action Day::kActions[] = {
 Day::Day(unsigned seed) : m_dice(seed), m_oldFolder(QDir::currentPath())
 {
     // A folder inside a folder, so that names that lead out of it are watched as well.
-    const QString day = m_folder.filePath(QStringLiteral("day"));
-    QDir().mkpath(day + QStringLiteral("/sub"));
+    const QString day = m_folder.filePath(u"day"_s);
+    QDir().mkpath(day + u"/sub"_s);
     QDir::setCurrent(day);
-    QFile::link(QStringLiteral("normreports.tvd"), QStringLiteral("link.tvd"));
-    QFile::link(QStringLiteral("loop.tvd"), QStringLiteral("loop.tvd"));
+    QFile::link(u"normreports.tvd"_s, u"link.tvd"_s);
+    QFile::link(u"loop.tvd"_s, u"loop.tvd"_s);
     static_cast<void>(::mkfifo("pipe.tvd", 0600));
-    QFile locked(QStringLiteral("locked.tvd"));
+    QFile locked(u"locked.tvd"_s);
     static_cast<void>(locked.open(QIODevice::WriteOnly));
     locked.setPermissions(QFileDevice::Permissions());
     m_ledger = std::make_unique<Ledger>(m_folder.path());
@@ -67,8 +69,8 @@ void Day::start()
     m_editor = std::make_unique<Editor>(&mouse::now);
     connect(m_editor.get(), &Editor::exitRequested, this, [this] {
         m_wantsEnd = true;
-        if (screen().objectName() != QStringLiteral("Form1")) {
-            blame(QStringLiteral("the program ended from ") + screen().objectName());
+        if (screen().objectName() != u"Form1"_s) {
+            blame(u"the program ended from "_s + screen().objectName());
         }
     });
     m_editor->start();
@@ -86,7 +88,7 @@ void Day::blame(const QString &what)
 {
     if (m_wrong.isEmpty()) {
         m_wrong = what;
-        trace::note(QStringLiteral("WRONG: ") + what);
+        trace::note(u"WRONG: "_s + what);
     }
 }
 
@@ -144,8 +146,7 @@ void Day::step()
 
 QString Day::wrongWithFolder()
 {
-    const bool hasLoaded =
-        m_shown == QStringLiteral("Form1") && screen().objectName() == QStringLiteral("Form16");
+    const bool hasLoaded = m_shown == u"Form1"_s && screen().objectName() == u"Form16"_s;
     m_shown = screen().objectName();
     return hasLoaded ? m_ledger->checkLoaded(nameIn(rowOf(DataFileKind::Stipulations).nameBox))
                      : m_ledger->checkUnchanged();

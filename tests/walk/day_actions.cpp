@@ -18,6 +18,9 @@
 #include <QWindow>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Keys
@@ -70,7 +73,7 @@ constexpr int kLongestTyped = 300; ///< longer texts are pasted
 QString nameOf(const QWidget &control)
 {
     const QWidget &named =
-        control.objectName().startsWith(QStringLiteral("qt_")) || control.objectName().isEmpty()
+        control.objectName().startsWith(u"qt_"_s) || control.objectName().isEmpty()
             ? *control.parentWidget()
             : control;
     return control.window()->objectName() + u'.' + named.objectName();
@@ -84,7 +87,7 @@ QString usualNameIn(const QLineEdit &field)
             return QLatin1StringView(kind.defaultName);
         }
     }
-    return QStringLiteral("mine.tvd");
+    return u"mine.tvd"_s;
 }
 
 /// Whether the widget's own menu keeps everything waiting until it is answered, this walk included.
@@ -97,7 +100,7 @@ QString inShort(const QString &text)
 {
     constexpr qsizetype kMost = 60;
     return u'"' + QString::fromUtf8(text.left(kMost).toUtf8().toPercentEncoding(" <>%\"")) + u'"' +
-           (text.size() > kMost ? QStringLiteral(" (%1 characters)").arg(text.size()) : QString());
+           (text.size() > kMost ? u" (%1 characters)"_s.arg(text.size()) : QString());
 }
 
 } // namespace
@@ -115,10 +118,9 @@ QPushButton *Day::someButton()
     const auto buttons = shown<QPushButton>();
     QPushButton *button = m_dice.pick(buttons);
     // Most of the time the way on: a day of leaving screens would see few saves.
-    static const QStringList leaving = {QStringLiteral("Exit"), QStringLiteral("<<"),
-                                        QStringLiteral("Back"), QStringLiteral("Back To Menu"),
-                                        QStringLiteral("Cancel")};
-    const int stays = m_shown == QStringLiteral("Form2") ? 20 : 75;
+    static const QStringList leaving = {u"Exit"_s, u"<<"_s, u"Back"_s, u"Back To Menu"_s,
+                                        u"Cancel"_s};
+    const int stays = m_shown == u"Form2"_s ? 20 : 75;
     return leaving.contains(button->text()) && m_dice.chance(stays) ? m_dice.pick(buttons) : button;
 }
 
@@ -136,7 +138,7 @@ void Day::key(int code, Qt::KeyboardModifiers modifiers, const QString &text)
 bool Day::pressButton()
 {
     const QPushButton *button = someButton();
-    trace::note(QStringLiteral("press ") + nameOf(*button) + u' ' + button->text());
+    trace::note(u"press "_s + nameOf(*button) + u' ' + button->text());
     mouse::click(somePlace(*button));
     return true;
 }
@@ -144,10 +146,10 @@ bool Day::pressButton()
 bool Day::pressByKeyboard()
 {
     QPushButton *button = someButton();
-    trace::note(QStringLiteral("press by keyboard ") + nameOf(*button) + u' ' + button->text());
+    trace::note(u"press by keyboard "_s + nameOf(*button) + u' ' + button->text());
     button->setFocus(Qt::TabFocusReason);
     const bool isSpace = m_dice.chance(50);
-    key(isSpace ? Qt::Key_Space : Qt::Key_Return, {}, QStringLiteral(" "));
+    key(isSpace ? Qt::Key_Space : Qt::Key_Return, {}, u" "_s);
     return true;
 }
 
@@ -155,7 +157,7 @@ bool Day::doubleClick()
 {
     const bool isButton = m_dice.chance(50);
     const QPoint place = isButton ? mouse::middleOf(*someButton()) : somePlace(screen());
-    trace::note(QStringLiteral("double click at %1,%2").arg(place.x()).arg(place.y()));
+    trace::note(u"double click at %1,%2"_s.arg(place.x()).arg(place.y()));
     mouse::doubleClick(place);
     return true;
 }
@@ -168,8 +170,7 @@ bool Day::clickAnywhere()
     const Qt::MouseButton drawn = m_dice.pick(kButtons);
     const bool waits = hasWaitingMenu(QApplication::widgetAt(place));
     const Qt::MouseButton button = waits ? Qt::LeftButton : drawn;
-    trace::note(
-        QStringLiteral("click at %1,%2 with %3").arg(place.x()).arg(place.y()).arg(int(button)));
+    trace::note(u"click at %1,%2 with %3"_s.arg(place.x()).arg(place.y()).arg(int(button)));
     mouse::click(place, button);
     return true;
 }
@@ -180,13 +181,13 @@ void Day::putText(QLineEdit &field, const QString &text)
     if (m_dice.chance(60)) {
         key(Qt::Key_A, Qt::ControlModifier);
     }
-    trace::note(QStringLiteral("into ") + nameOf(field) + u' ' + inShort(text));
+    trace::note(u"into "_s + nameOf(field) + u' ' + inShort(text));
 }
 
 bool Day::type()
 {
     const auto fields = shown<QLineEdit>();
-    const bool isMenu = m_shown == QStringLiteral("Form1"); // its names have an action of their own
+    const bool isMenu = m_shown == u"Form1"_s; // its names have an action of their own
     if (fields.isEmpty() || (isMenu && m_dice.chance(90))) {
         return false;
     }
@@ -202,7 +203,7 @@ bool Day::type()
 bool Day::paste()
 {
     const auto fields = shown<QLineEdit>();
-    const bool isMenu = m_shown == QStringLiteral("Form1"); // its names have an action of their own
+    const bool isMenu = m_shown == u"Form1"_s; // its names have an action of their own
     if (fields.isEmpty() || (isMenu && m_dice.chance(90))) {
         return false;
     }
@@ -220,7 +221,7 @@ bool Day::compose()
         return false;
     }
     const QString text = samples::text(m_dice);
-    trace::note(QStringLiteral("compose ") + inShort(text));
+    trace::note(u"compose "_s + inShort(text));
     QInputMethodEvent begun(text.left(3), {});
     QApplication::sendEvent(QApplication::focusWidget(), &begun);
     QInputMethodEvent committed;
@@ -242,7 +243,7 @@ bool Day::pickByMouse()
     const QRect arrow = combo->style()->subControlRect(QStyle::CC_ComboBox, &option,
                                                        QStyle::SC_ComboBoxArrow, combo);
     const QModelIndex item = combo->model()->index(m_dice.below(combo->count()), 0);
-    trace::note(QStringLiteral("pick in ") + nameOf(*combo) + u' ' + item.data().toString());
+    trace::note(u"pick in "_s + nameOf(*combo) + u' ' + item.data().toString());
     mouse::click(combo->mapToGlobal(arrow.center()));
     QAbstractItemView *list = combo->view();
     if (list->isVisible() && m_dice.chance(90)) {
@@ -259,7 +260,7 @@ bool Day::pickByKeyboard()
         return false;
     }
     ComboBox *combo = m_dice.pick(combos);
-    trace::note(QStringLiteral("pick by keyboard in ") + nameOf(*combo));
+    trace::note(u"pick by keyboard in "_s + nameOf(*combo));
     combo->setFocus(Qt::TabFocusReason);
     key(m_dice.chance(50) ? Qt::Key_F4 : Qt::Key_Down);
     for (int more = m_dice.below(6); more > 0; --more) {
@@ -276,10 +277,8 @@ bool Day::pressKeys()
         if (keys.code == Qt::Key_Menu && hasWaitingMenu(QApplication::focusWidget())) {
             continue;
         }
-        trace::note(QStringLiteral("key ") +
-                    QKeySequence(keys.code | int(keys.modifiers.toInt())).toString());
-        key(keys.code, keys.modifiers,
-            keys.code == Qt::Key_Space ? QStringLiteral(" ") : QString());
+        trace::note(u"key "_s + QKeySequence(keys.code | int(keys.modifiers.toInt())).toString());
+        key(keys.code, keys.modifiers, keys.code == Qt::Key_Space ? u" "_s : QString());
     }
     return true;
 }
@@ -290,7 +289,7 @@ bool Day::turnTheWheel()
     if (widget == nullptr) {
         return false;
     }
-    trace::note(QStringLiteral("wheel"));
+    trace::note(u"wheel"_s);
     turnWheel(*widget, m_dice.chance(50) ? 1 : -3);
     return true;
 }
@@ -299,11 +298,7 @@ bool Day::drag()
 {
     const QPoint from = somePlace(screen());
     const QPoint to = somePlace(screen());
-    trace::note(QStringLiteral("drag from %1,%2 to %3,%4")
-                    .arg(from.x())
-                    .arg(from.y())
-                    .arg(to.x())
-                    .arg(to.y()));
+    trace::note(u"drag from %1,%2 to %3,%4"_s.arg(from.x()).arg(from.y()).arg(to.x()).arg(to.y()));
     mouse::drag(from, to);
     return true;
 }
@@ -316,7 +311,7 @@ bool Day::selectInList()
     }
     ListBox *list = lists.front();
     const int row = m_dice.below(list->model()->rowCount());
-    trace::note(QStringLiteral("select in ") + nameOf(*list) + u' ' + QString::number(row));
+    trace::note(u"select in "_s + nameOf(*list) + u' ' + QString::number(row));
     const QModelIndex index = list->model()->index(row, 0);
     list->scrollTo(index);
     mouse::click(list->viewport()->mapToGlobal(list->visualRect(index).center()));
@@ -325,14 +320,14 @@ bool Day::selectInList()
 
 bool Day::closeWindow()
 {
-    trace::note(QStringLiteral("close ") + screen().objectName());
+    trace::note(u"close "_s + screen().objectName());
     screen().close();
     return true;
 }
 
 bool Day::resize()
 {
-    trace::note(QStringLiteral("resize"));
+    trace::note(u"resize"_s);
     if (m_dice.chance(20)) {
         screen().showMaximized();
     } else {
@@ -347,14 +342,14 @@ bool Day::writeFirstLine()
     if (qobject_cast<CommentaryScreen *>(&screen()) == nullptr) {
         return false;
     }
-    putText(screen().control<QLineEdit>("Text1"), QStringLiteral("The end."));
-    key(Qt::Key_unknown, {}, QStringLiteral("The end."));
+    putText(screen().control<QLineEdit>("Text1"), u"The end."_s);
+    key(Qt::Key_unknown, {}, u"The end."_s);
     return true;
 }
 
 bool Day::nameFile()
 {
-    static const QStringList screens = {QStringLiteral("Form1"), QStringLiteral("Form2")};
+    static const QStringList screens = {u"Form1"_s, u"Form2"_s};
     const auto fields = shown<QLineEdit>();
     if (!screens.contains(screen().objectName()) || fields.isEmpty()) {
         return false;

@@ -17,6 +17,9 @@
 #include <array>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// A screen whose "Saved OK." tells of a new record.
@@ -72,11 +75,10 @@ void Day::look()
 void Day::meet(QMessageBox &box)
 {
     ++m_figures.boxes[kindOf(box)];
-    trace::note(QStringLiteral("box ") + box.windowTitle() + QStringLiteral(": ") +
-                box.text().left(300).simplified());
+    trace::note(u"box "_s + box.windowTitle() + u": "_s + box.text().left(300).simplified());
     const Screen *behind = checks::visibleScreen();
     if (behind == nullptr || box.parentWidget() == nullptr || !box.parentWidget()->isVisible()) {
-        blame(QStringLiteral("the message box stands alone"));
+        blame(u"the message box stands alone"_s);
     }
     if (const QString wrong = judge(box); !wrong.isEmpty()) {
         blame(wrong);
@@ -87,11 +89,11 @@ void Day::meet(QMessageBox &box)
 /// For a save that failed.
 void Day::chooseFile(QFileDialog &dialog)
 {
-    auto &field = *dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+    auto &field = *dialog.findChild<QLineEdit *>(u"fileNameEdit"_s);
     const QString name =
         samples::fileName(m_dice).remove(QChar::Null); // of which Qt's own dialog would complain
     const bool saves = m_dice.chance(70);
-    trace::note(QStringLiteral("other file %1, saves %2").arg(name).arg(saves));
+    trace::note(u"other file %1, saves %2"_s.arg(name).arg(saves));
     field.setText(name);
     QTest::keyClick(&field, saves ? Qt::Key_Return : Qt::Key_Escape);
     ++m_figures.answers[dialog.isVisible() || !saves ? "no file" : "a file"];
@@ -109,7 +111,7 @@ void Day::answer(QMessageBox &box)
     while (asked != nullptr && asked->isVisible()) {
         const auto buttons = asked->buttons();
         const int way = m_dice.below(10);
-        trace::note(QStringLiteral("answer %1").arg(way));
+        trace::note(u"answer %1"_s.arg(way));
         if (way == 0) {
             asked->close();
         } else if (way == 1) {
@@ -131,16 +133,16 @@ void Day::answer(QMessageBox &box)
 /// What the box says about the folder must be true.
 QString Day::judge(const QMessageBox &box)
 {
-    if (box.text() == QStringLiteral("Saved OK.")) {
+    if (box.text() == u"Saved OK."_s) {
         return judgeAdded();
     }
-    if (box.text() == QStringLiteral("Saved OK!")) {
+    if (box.text() == u"Saved OK!"_s) {
         return judgeStored();
     }
-    if (box.text() == QStringLiteral("Import Complete.")) {
+    if (box.text() == u"Import Complete."_s) {
         return judgeImported();
     }
-    if (box.text() == QStringLiteral("Stipulation Deleted.")) {
+    if (box.text() == u"Stipulation Deleted."_s) {
         return m_ledger->checkDeleted(nameIn(rowOf(DataFileKind::Stipulations).nameBox),
                                       nameIn({"Form16", "listpos"}).toInt());
     }
@@ -154,7 +156,7 @@ QString Day::judgeAdded()
             return screen().objectName() == QLatin1StringView(row.screen);
         });
     if (saving == std::end(kSavings)) {
-        return QStringLiteral("this screen saves nothing");
+        return u"this screen saves nothing"_s;
     }
     const DataFileKindRow &kind = rowOf(saving->kind);
     int lines = kind.linesPerRecord;
@@ -168,7 +170,7 @@ QString Day::judgeAdded()
     for (int line = 1; line <= 10; ++line) {
         const QByteArray box = "Text" + QByteArray::number(line);
         const QString text = screen().text(box.constData());
-        commentary << (text.isEmpty() ? QStringLiteral("-BLANK-") : text);
+        commentary << (text.isEmpty() ? u"-BLANK-"_s : text);
     }
     return m_ledger->checkAdded(nameIn(kind.nameBox), lines, commentary);
 }
@@ -176,7 +178,7 @@ QString Day::judgeAdded()
 QString Day::judgeStored()
 {
     const QString position = nameIn({"Form16", "listpos"});
-    const bool isNew = position == QStringLiteral("NEW");
+    const bool isNew = position == u"NEW"_s;
     const bool rates =
         isOneOf(nameIn({"Form3", "matchquality"}),
                 {"Just Standard Ability", "Just Hardcore Ability", "50% Standard, 50% Hardcore"});
@@ -195,7 +197,7 @@ QString Day::judgeImported()
         std::find_if(std::begin(kImports), std::end(kImports),
                      [&chosen](const auto &row) { return chosen == QLatin1StringView(row.first); });
     if (rows.isEmpty() || import == std::end(kImports)) {
-        return QStringLiteral("nothing was to be imported");
+        return u"nothing was to be imported"_s;
     }
     return m_ledger->checkImported(rows.front().data().toString(), nameIn({"Form2", "Text1"}),
                                    import->second);

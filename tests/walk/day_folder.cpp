@@ -5,6 +5,9 @@
 #include <QFile>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr qsizetype kMuch = 300'000; ///< bytes in the folder, above which it is tidied
@@ -25,7 +28,7 @@ bool Day::changeFolder()
     const DataFileKindRow &kind = m_dice.pick(kDataFileKinds);
     const QString name = QLatin1StringView(kind.defaultName);
     const int what = m_dice.below(6);
-    trace::note(QStringLiteral("from outside: %1 at ").arg(what) + name);
+    trace::note(u"from outside: %1 at "_s.arg(what) + name);
     switch (what) {
     case 0:
         QFile::remove(name);

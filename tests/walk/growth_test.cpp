@@ -14,6 +14,9 @@
 /// later ones. A save that kept so much as one record, which is about 500 bytes, would show as more
 /// than the bound in every stretch; so one that stays below it proves that none did.
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// How many saves a stretch has; for a longer look, set TARVOLD_SAVES.
@@ -62,7 +65,7 @@ protected:
     {
         goToCommentary(flow);
         expectNone([this, &flow] {
-            type(flow.screens.back(), "Text1", QStringLiteral("The end."));
+            type(flow.screens.back(), "Text1", u"The end."_s);
             save(flow);
             goToCommentary(flow);
         });
@@ -112,15 +115,15 @@ TEST_F(Growth, StaysAwayFromStipulationsThatAreMadeAndDeleted)
     press("Form1", "Command1");
     expectNone([this] {
         press("Form16", "Command1");
-        type("Form3", "stipulation", QStringLiteral("Ladder Match"));
-        boxes.expectNotice(QStringLiteral("Stipulations Editor"), QStringLiteral("Saved OK!"));
+        type("Form3", "stipulation", u"Ladder Match"_s);
+        boxes.expectNotice(u"Stipulations Editor"_s, u"Saved OK!"_s);
         press("Form3", "Command2");
         select();
-        boxes.expectQuestion(QStringLiteral("Delete Stipulation"),
-                             QStringLiteral("Are you sure you want to permanently delete the match "
-                                            "stipulation:\r\n\r\nSingles / Ladder Match\r\n"),
+        boxes.expectQuestion(u"Delete Stipulation"_s,
+                             u"Are you sure you want to permanently delete the match "
+                             "stipulation:\r\n\r\nSingles / Ladder Match\r\n"_s,
                              Answer::Yes);
-        boxes.expectNotice(QStringLiteral("Delete"), QStringLiteral("Stipulation Deleted."));
+        boxes.expectNotice(u"Delete"_s, u"Stipulation Deleted."_s);
         press("Form16", "Command4");
         press("Form16", "Command3");
         press("Form1", "Command1");
@@ -129,24 +132,24 @@ TEST_F(Growth, StaysAwayFromStipulationsThatAreMadeAndDeleted)
 
 TEST_F(Growth, StaysAwayFromStipulationsThatAreEditedWithoutLeavingTheList)
 {
-    putBytes(QStringLiteral("stipulations.tvd"), recordOf(19));
+    putBytes(u"stipulations.tvd"_s, recordOf(19));
     press("Form1", "Command1");
     expectNone([this] {
         select();
         press("Form16", "Command2");
-        boxes.expectNotice(QStringLiteral("Stipulations Editor"), QStringLiteral("Saved OK!"));
+        boxes.expectNotice(u"Stipulations Editor"_s, u"Saved OK!"_s);
         press("Form3", "Command2");
     });
 }
 
 TEST_F(Growth, StaysAwayFromImports)
 {
-    putBytes(QStringLiteral("a.tvd"), recordOf(36).repeated(50));
+    putBytes(u"a.tvd"_s, recordOf(36).repeated(50));
     press("Form1", "Command8");
     expectNone([this] {
         press("Form2", "Command2");
         QTest::keyClick(screen("Form2").windowHandle(), Qt::Key_Home); // not the target itself
-        boxes.expectNotice(QStringLiteral("Import"), QStringLiteral("Import Complete."));
+        boxes.expectNotice(u"Import"_s, u"Import Complete."_s);
         press("Form2", "Command8");
     });
 }

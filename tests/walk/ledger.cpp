@@ -9,6 +9,9 @@
 #include <utility>
 
 namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int kStipulationLines = 19;
@@ -103,26 +106,26 @@ QString Ledger::checkOnlyChanged(const QString &key)
     for (const auto &[path, bytes] : m_known) {
         const auto found = m_found.find(path);
         if (found == m_found.end()) {
-            return path + QStringLiteral(" is gone");
+            return path + u" is gone"_s;
         }
         if (path != key && found->second != bytes) {
-            return path + QStringLiteral(" has changed");
+            return path + u" has changed"_s;
         }
     }
     for (const auto &[path, bytes] : m_found) {
         if (path != key && !m_known.contains(path)) {
-            return path + QStringLiteral(" is new");
+            return path + u" is new"_s;
         }
     }
     if (!key.isEmpty() && !m_found.contains(key)) {
-        return key + QStringLiteral(" is not there");
+        return key + u" is not there"_s;
     }
     return {};
 }
 
 QString Ledger::keyOf(const QString &name) const
 {
-    const QString path = name.startsWith(u':') ? QStringLiteral("./") + name : name;
+    const QString path = name.startsWith(u':') ? u"./"_s + name : name;
     return QDir(m_folder).relativeFilePath(QFileInfo(path).canonicalFilePath());
 }
 
@@ -140,16 +143,16 @@ QString Ledger::checkAdded(const QString &name, int lines, const QStringList &co
     const QByteArray &before = m_known[key];
     const QByteArray &now = m_found[key];
     if (!now.startsWith(before)) {
-        return key + QStringLiteral(": the old records have changed");
+        return key + u": the old records have changed"_s;
     }
     const QByteArray added = now.sliced(before.size());
     const QByteArrayList record = linesOf(added);
     if (record.size() != lines || !added.endsWith("\r\n")) {
-        return QStringLiteral("%1: %2 lines were added in place of %3")
-            .arg(key, QString::number(record.size()), QString::number(lines));
+        return u"%1: %2 lines were added in place of %3"_s.arg(key, QString::number(record.size()),
+                                                               QString::number(lines));
     }
     if (!hold(record.last(commentary.size()), commentary)) {
-        return key + QStringLiteral(": the commentary is not what was to be seen");
+        return key + u": the commentary is not what was to be seen"_s;
     }
     m_known = std::move(m_found);
     return {};
@@ -164,7 +167,7 @@ QString Ledger::checkImported(const QString &source, const QString &target, Data
     const QByteArray &before = m_known[key];
     const QByteArray &now = m_found[key];
     if (!now.startsWith(before)) {
-        return key + QStringLiteral(": the old records have changed");
+        return key + u": the old records have changed"_s;
     }
     const int lines = rowOf(kind).linesPerRecord;
     const QByteArray added = now.sliced(before.size());
@@ -172,7 +175,7 @@ QString Ledger::checkImported(const QString &source, const QString &target, Data
     const QList<QByteArrayList> copied = recordsOf(added, lines);
     const bool isRight = kind == DataFileKind::Stipulations ? areAmong(copied, all) : copied == all;
     if (!isRight || (!added.isEmpty() && !added.endsWith("\r\n"))) {
-        return key + QStringLiteral(": what was imported are not the records of ") + source;
+        return key + u": what was imported are not the records of "_s + source;
     }
     m_known = std::move(m_found);
     return {};
@@ -187,8 +190,7 @@ QString Ledger::checkLoaded(const QString &name)
     }
     m_known = std::move(m_found);
     m_stipulations = linesOf(m_known[key]);
-    return !wasThere && !m_stipulations.isEmpty() ? key + QStringLiteral(" is not empty")
-                                                  : QString();
+    return !wasThere && !m_stipulations.isEmpty() ? key + u" is not empty"_s : QString();
 }
 
 QString Ledger::checkStored(const QString &name, std::optional<int> line, int lines,
@@ -206,10 +208,10 @@ QString Ledger::checkStored(const QString &name, std::optional<int> line, int li
                                now.first(start) == m_stipulations.first(start) &&
                                now.mid(start + setLines) == m_stipulations.mid(start + setLines);
     if (!othersAreSame || !m_found[key].endsWith("\r\n")) {
-        return key + QStringLiteral(": more than one stipulation has changed");
+        return key + u": more than one stipulation has changed"_s;
     }
     if (!hold(now.mid(start, 2), firstTwo)) {
-        return key + QStringLiteral(": the stipulation is not the one to be seen");
+        return key + u": the stipulation is not the one to be seen"_s;
     }
     m_known = std::move(m_found);
     m_stipulations = now;
@@ -224,7 +226,7 @@ QString Ledger::checkDeleted(const QString &name, int line)
     }
     const QByteArrayList now = linesOf(m_found[key]);
     if (now != m_stipulations.first(line) + m_stipulations.mid(line + kStipulationLines)) {
-        return key + QStringLiteral(": not just the one stipulation is gone");
+        return key + u": not just the one stipulation is gone"_s;
     }
     m_known = std::move(m_found);
     m_stipulations = now;

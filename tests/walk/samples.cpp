@@ -3,6 +3,9 @@
 #include "datafiles/code_page.h"
 
 namespace tarvold::testing::samples {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr const char *kPlain[] = {
@@ -70,13 +73,13 @@ QString oddText(Dice &dice)
         return codepage::decode(all);
     }
     case 1:
-        return QStringLiteral("x").repeated(1 + dice.below(40'000));
+        return u"x"_s.repeated(1 + dice.below(40'000));
     case 2:
-        return QStringLiteral("a") + QChar(0xD83E); // half of a pair
+        return u"a"_s + QChar(0xD83E); // half of a pair
     case 3:
-        return QChar(0xDD3C) + QStringLiteral("b");
+        return QChar(0xDD3C) + u"b"_s;
     case 4:
-        return QStringLiteral("a") + QChar(0) + QStringLiteral("b");
+        return u"a"_s + QChar(0) + u"b"_s;
     default:
         return QString::fromUtf8(dice.pick(kOdd));
     }
@@ -96,9 +99,9 @@ QString fileName(Dice &dice)
     }
     switch (dice.below(4)) {
     case 0:
-        return QStringLiteral("x").repeated(300) + QStringLiteral(".tvd");
+        return u"x"_s.repeated(300) + u".tvd"_s;
     case 1:
-        return QStringLiteral("nul") + QChar(0) + QStringLiteral(".tvd");
+        return u"nul"_s + QChar(0) + u".tvd"_s;
     default:
         return QString::fromUtf8(dice.pick(kUnfitNames));
     }

@@ -16,15 +16,16 @@
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 tarvold::testing::Day *dayInHand = nullptr;
 
 /// Nothing that the toolkit complains about is let pass, but for what windows without a display
 /// cannot do.
 void hear(QtMsgType type, const QMessageLogContext & /*context*/, const QString &message)
 {
-    const bool isOfThePlatform =
-        message.startsWith(QStringLiteral("This plugin does not support")) ||
-        message.startsWith(QStringLiteral("QStandardPaths: XDG_RUNTIME_DIR"));
+    const bool isOfThePlatform = message.startsWith(u"This plugin does not support"_s) ||
+                                 message.startsWith(u"QStandardPaths: XDG_RUNTIME_DIR"_s);
     if (isOfThePlatform) {
         return;
     }
@@ -33,7 +34,7 @@ void hear(QtMsgType type, const QMessageLogContext & /*context*/, const QString 
         abort();
     }
     if (dayInHand != nullptr) {
-        dayInHand->blame(QStringLiteral("the toolkit complains: ") + message);
+        dayInHand->blame(u"the toolkit complains: "_s + message);
     }
 }
 
@@ -68,9 +69,9 @@ int main(int argc, char *argv[])
     }
     QApplication application(argc, argv);
     QCommandLineParser options;
-    options.addOption({QStringLiteral("seed"), {}, QStringLiteral("N"), QStringLiteral("1")});
-    options.addOption({QStringLiteral("actions"), {}, QStringLiteral("N"), QStringLiteral("1000")});
-    options.addOption({QStringLiteral("talk"), {}});
+    options.addOption({u"seed"_s, {}, u"N"_s, u"1"_s});
+    options.addOption({u"actions"_s, {}, u"N"_s, u"1000"_s});
+    options.addOption({u"talk"_s, {}});
     options.process(application);
     QApplication::setQuitOnLastWindowClosed(false);
     // Clicks follow each other faster than any hand; only those meant to are a double click.
@@ -78,13 +79,13 @@ int main(int argc, char *argv[])
     tarvold::look::apply();
     qInstallMessageHandler(hear);
 
-    const unsigned seed = options.value(QStringLiteral("seed")).toUInt();
-    tarvold::testing::trace::start(seed, options.isSet(QStringLiteral("talk")));
+    const unsigned seed = options.value(u"seed"_s).toUInt();
+    tarvold::testing::trace::start(seed, options.isSet(u"talk"_s));
     QElapsedTimer clock;
     clock.start();
     tarvold::testing::Day day(seed);
     dayInHand = &day;
-    const bool isWell = day.walk(options.value(QStringLiteral("actions")).toInt());
+    const bool isWell = day.walk(options.value(u"actions"_s).toInt());
     dayInHand = nullptr;
     if (!isWell) {
         tarvold::testing::trace::tell();

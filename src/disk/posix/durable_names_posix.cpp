@@ -12,6 +12,9 @@
 #include <unistd.h>
 
 namespace tarvold::durable {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// A path with all links to its folder followed; as it is when the folder is not there.
@@ -60,7 +63,7 @@ bool canBeName(const QString &name)
 
 QString pathOf(const QString &name)
 {
-    return name.startsWith(u':') ? QStringLiteral("./") + name : name;
+    return name.startsWith(u':') ? u"./"_s + name : name;
 }
 
 Kind kindOf(const QString &path)

@@ -11,6 +11,9 @@
 #include <unistd.h>
 
 namespace tarvold::durable {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 qint64 nanoseconds(const timespec &time)
@@ -113,7 +116,7 @@ std::optional<QString> openOrdinary(QFile &file, const QString &path,
     struct stat state = {};
     if (handle < 0 || (::fstat(handle, &state) == 0 && !S_ISREG(state.st_mode))) {
         ::close(handle);
-        return QStringLiteral("It is not an ordinary file.");
+        return u"It is not an ordinary file."_s;
     }
     // The system cares for the end: told of it, the toolkit would look for it, and might fail.
     const auto access = appends ? QIODevice::WriteOnly : QIODevice::ReadOnly;

@@ -9,6 +9,9 @@
 #include <io.h>
 
 namespace tarvold::durable {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Which file an open one is.
@@ -138,7 +141,7 @@ std::optional<QString> openOrdinary(QFile &file, const QString &path,
         return causeOfRefusal(path);
     }
     if (isFile(handle.get()) == false) {
-        return QStringLiteral("It is not an ordinary file.");
+        return u"It is not an ordinary file."_s;
     }
     if (appends && isWriteProtected(handle.get())) {
         return writeProtected();

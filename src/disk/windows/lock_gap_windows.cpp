@@ -2,14 +2,16 @@
 #include "disk/lock_gap.h"
 
 namespace tarvold::durable {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The name of the mark for a file, by its number: it has many names. Empty if it has no number.
 std::wstring markOf(HANDLE file)
 {
     const auto known = informationOf(file);
-    return known ? QStringLiteral("Global\\tarvold-%1-%2-%3")
-                       .arg(known->dwVolumeSerialNumber, 0, 16)
+    return known ? u"Global\\tarvold-%1-%2-%3"_s.arg(known->dwVolumeSerialNumber, 0, 16)
                        .arg(known->nFileIndexHigh, 0, 16)
                        .arg(known->nFileIndexLow, 0, 16)
                        .toStdWString()

@@ -10,6 +10,9 @@
 #include <utility>
 
 namespace tarvold::durable {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using namespace std::chrono_literals;
@@ -107,12 +110,12 @@ QString causeOfRefusal(const QString &path)
 
 QString heldByAnother()
 {
-    return QStringLiteral("Another program has it open.");
+    return u"Another program has it open."_s;
 }
 
 QString writeProtected()
 {
-    return QStringLiteral("It is write-protected.");
+    return u"It is write-protected."_s;
 }
 
 std::optional<BY_HANDLE_FILE_INFORMATION> informationOf(HANDLE handle)

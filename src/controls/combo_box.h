@@ -14,8 +14,8 @@ class TextBox;
 /// changes a closed one.
 ///
 /// A pick can be undone in the box, which brings back what was typed there; neither undo nor redo
-/// is a choice. The current index is always that of the item that the box shows, -1 for any other
-/// text.
+/// is a choice. The current index follows what the user types, picks and undoes, and what setText()
+/// shows: it is that of the item with this text, -1 for any other.
 class ComboBox : public QComboBox
 {
     Q_OBJECT

@@ -14,7 +14,7 @@ namespace {
 using std::chrono::milliseconds;
 
 constexpr milliseconds kSeen{200};
-constexpr milliseconds kGlimpsed{100}; // if the last press is long enough ago
+constexpr milliseconds kGlimpsed{100}; // on a screen, if the last press is long enough ago
 constexpr milliseconds kUnhurried{225};
 constexpr milliseconds kBurst{1000};
 
@@ -171,8 +171,11 @@ bool DoubleClickGuard::isSeen(const Press &press) const
     if (paintedAt == m_paintedAt.constEnd()) {
         return false;
     }
-    const bool isUnhurried = press.stamp - m_last.stamp >= kUnhurried;
-    return press.time - std::max(*paintedAt, m_uncoveredAt) >= (isUnhurried ? kGlimpsed : kSeen);
+    // A wrong answer costs more than a screen too far, from which "<<" leads back.
+    const bool isGlimpseEnough =
+        press.stamp - m_last.stamp >= kUnhurried && !press.control->window()->isModal();
+    const auto seenFor = press.time - std::max(*paintedAt, m_uncoveredAt);
+    return seenFor >= (isGlimpseEnough ? kGlimpsed : kSeen);
 }
 
 } // namespace tarvold

@@ -23,8 +23,9 @@ namespace tarvold {
 /// opens under the pointer would be answered. But who clicks through screens that they know well
 /// means every click, and is often faster than the double click time of the desktop. What tells the
 /// two apart is how long the user has seen what is under the pointer: a press counts if that is
-/// 200 ms or longer, however fast the clicks come. 100 ms are enough if the last press is 225 ms
-/// ago: a screen comes when the button is let go, so at four clicks a second it is seen no longer.
+/// 200 ms or longer, however fast the clicks come. On a screen, not in a message box, 100 ms are
+/// enough if the last press is 225 ms ago: a screen comes when the button is let go, so at four
+/// clicks a second it is seen no longer.
 ///
 /// "Seen" starts once the control was painted after it was shown, and no window above it has gone
 /// since. Left alone are a press elsewhere than the one before it, one on the control that the one

@@ -28,7 +28,8 @@ public:
     Q_DISABLE_COPY_MOVE(Replacement)
 
     /// Makes the new file with the rights and attributes of the old one, and brings all its bytes
-    /// to the disk. \return what went wrong, in words
+    /// to the disk.
+    /// \return what went wrong, in words
     [[nodiscard]] std::optional<QString> write(QByteArrayView bytes);
 
     /// Lets the new file take the name in one step.

@@ -20,7 +20,8 @@ namespace tarvold {
 /// control list and other extended attributes as far as this user may set them, see
 /// copyAttributes(). At no instant may anybody do more with the new file than with the old one; if
 /// a list cannot be kept, that is a failure. It is a new file all the same: another hard link keeps
-/// the old content. \param name as the user typed it; a relative one starts at the current folder
+/// the old content.
+/// \param name as the user typed it; a relative one starts at the current folder
 /// \param known what the file held when it was last read or written. When it holds anything else,
 ///        another program changed it: it is left as it is, and the error says `outdated`. A file
 ///        that is gone has nothing to lose and is made anew. This is looked at in the last moment,

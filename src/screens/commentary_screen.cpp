@@ -16,6 +16,7 @@
 
 #include <QGridLayout>
 #include <QLabel>
+#include <QShowEvent>
 
 namespace tarvold {
 
@@ -97,6 +98,14 @@ QWidget *CommentaryScreen::firstField() const
     return m_tags;
 }
 
+void CommentaryScreen::showEvent(QShowEvent *event)
+{
+    Screen::showEvent(event);
+    if (!event->spontaneous()) {
+        goToMarkedLine(); // it looks ready, so what is typed has to go there
+    }
+}
+
 void CommentaryScreen::whitenboxes()
 {
     for (CommentaryLine *line : m_lines) {
@@ -139,6 +148,7 @@ void CommentaryScreen::goToMarkedLine()
     for (CommentaryLine *line : m_lines) {
         if (line->isMarked()) {
             line->setFocus(Qt::OtherFocusReason);
+            line->end(false);
         }
     }
 }

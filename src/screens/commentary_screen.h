@@ -68,6 +68,7 @@ public:
 
 protected:
     QWidget *firstField() const override;
+    void showEvent(QShowEvent *event) override;
 
 private:
     void addTagList();
@@ -76,7 +77,7 @@ private:
     void addButtons();
     void mark(CommentaryLine &line);
     void insertTag();
-    /// Gives the marked line the focus, so that the user can type on behind the tag.
+    /// Gives the marked line, if there is one, the focus, so that the user can type on at its end.
     void goToMarkedLine();
     /// Whether the tag can be inserted now; tells the user when it cannot.
     bool accepts(const CommentaryTag &tag);

@@ -78,8 +78,14 @@ std::optional<QString> chosenPath(const FailedSave &failed, const QString &name)
     // What is added to is not lost. Over what is written over, this program asks itself, for only
     // it knows the name with its end.
     dialog->setOption(QFileDialog::DontConfirmOverwrite);
+    // Qt's own dialog would offer to delete and rename files.
+    dialog->setOption(QFileDialog::ReadOnly);
     startAt(*dialog, name, failed.kind);
-    if (dialog->exec() != QDialog::Accepted || dialog->selectedFiles().isEmpty()) {
+    // That of Windows changes the current folder, from which all names on the main menu start.
+    const QString folder = QDir::currentPath();
+    const int answer = dialog->exec();
+    QDir::setCurrent(folder);
+    if (answer != QDialog::Accepted || dialog->selectedFiles().isEmpty()) {
         return std::nullopt;
     }
     return dialog->selectedFiles().constFirst();
@@ -107,6 +113,16 @@ QString withExtension(QString name, DataFileKind kind)
     return name + extension;
 }
 
+/// Whether two names mean one file that is there.
+bool areSame(const QString &one, const QString &other)
+{
+    if (!fileExists(one) || !fileExists(other)) {
+        return false;
+    }
+    const QFileInfo first(durable::pathOf(one));
+    return first.canonicalFilePath() == QFileInfo(durable::pathOf(other)).canonicalFilePath();
+}
+
 bool mayBeWritten(const FailedSave &failed, const QString &name)
 {
     return !replacesFile(failed.kind) || !fileExists(name) ||
@@ -115,14 +131,19 @@ bool mayBeWritten(const FailedSave &failed, const QString &name)
 }
 
 /// The name of the file that the user chooses.
-std::optional<QString> chosenName(const FailedSave &failed, QString name)
+/// \param before what the save failed with: who chooses the same file again wants another try
+std::optional<QString> chosenName(const FailedSave &failed, const QString &before)
 {
+    QString name = before;
     do {
         const auto path = chosenPath(failed, name);
         if (!path) {
             return std::nullopt;
         }
         name = withExtension(nameOf(*path), failed.kind);
+        if (areSame(name, before)) {
+            return before;
+        }
     } while (!mayBeWritten(failed, name));
     return name;
 }

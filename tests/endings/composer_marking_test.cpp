@@ -122,7 +122,7 @@ TEST_F(Marking, TheMarkStaysThroughBackAndNext)
     press("Form6", "Command2");
     expectActive(screen("Form7"));
     EXPECT_EQ(yellowLines(), QList<int>{7});
-    EXPECT_TRUE(control("Form7", "Combo1").hasFocus());
+    EXPECT_TRUE(lineBox(7).hasFocus());
 }
 
 TEST_F(Marking, ComingBackToTheScreenMarksNothing)
@@ -131,6 +131,7 @@ TEST_F(Marking, ComingBackToTheScreenMarksNothing)
     press("Form6", "Command2");
     expectActive(screen("Form7"));
     EXPECT_EQ(yellowLines(), QList<int>());
+    EXPECT_TRUE(control("Form7", "Combo1").hasFocus());
 }
 
 TEST_F(Marking, WhitenboxesWhitensAllLines)

@@ -104,6 +104,18 @@ TEST_P(TagLists, AfterEscapeTheFocusStaysWhereItWas)
     EXPECT_TRUE(list().hasFocus());
 }
 
+TEST_P(TagLists, LeaveTheFocusToTheYellowLineWhenTheScreenComesBack)
+{
+    EXPECT_TRUE(list().hasFocus());
+    type(name(), "Text3", u"By "_s);
+    press(name(), "Command2");
+    press(flow().screens.end()[-2], "Command2");
+    expectActive(screen(name()));
+    expectWritingIn("Text3", u"By "_s);
+    write(u"himself"_s);
+    expectWritingIn("Text3", u"By himself"_s);
+}
+
 TEST_P(TagLists, TakeNoText)
 {
     const QString shown = list().currentText();

@@ -108,6 +108,36 @@ TEST_F(StipulationElsewhere, AnEditedOneGoesToTheChosenFileInItsPlace)
     EXPECT_EQ(listed(), (Texts{"Singles / First", "Singles / Two"}));
 }
 
+TEST_F(StipulationElsewhere, TheSameFileChosenAgainIsAnotherTryWithoutAQuestion)
+{
+    makeOneThatFails();
+    failsForTheFolder(Answer::Elsewhere);
+    boxes.beforeItsAnswer([this](QMessageBox &) {
+        ASSERT_TRUE(QDir().rmdir(utf8(kFile)));
+        writeFile(kFile, one);
+    });
+    chooses(kFile, kFile);
+    saveAtLast();
+    EXPECT_EQ(readBack(kFile), one + untouched("Cage"));
+    EXPECT_EQ(namedFile(), utf8(kFile));
+}
+
+TEST_F(StipulationElsewhere, TheSameFileChosenAgainIsStillWatchedForChanges)
+{
+    makeOneThatFails();
+    failsForTheFolder(Answer::Elsewhere);
+    boxes.beforeItsAnswer([this](QMessageBox &) {
+        ASSERT_TRUE(QDir().rmdir(utf8(kFile)));
+        writeFile(kFile, two);
+    });
+    chooses(kFile, kFile);
+    QString asked;
+    boxes.catchQuestion(u"Stipulations Editor"_s, &asked, Answer::No);
+    pressSave();
+    EXPECT_TRUE(asked.contains(u"was changed by another program"_s)) << asked.toStdString();
+    EXPECT_EQ(readBack(kFile), two);
+}
+
 TEST_F(StipulationElsewhere, TheChosenFileIsTheOneThatIsWatchedForChanges)
 {
     makeOneThatFails();

@@ -34,7 +34,9 @@ QStringList itemsOf(const QComboBox &combo)
     return items;
 }
 
-/// The lists never change: nothing that is typed is put into them.
+constexpr auto kExactly = Qt::MatchExactly | Qt::MatchCaseSensitive;
+
+/// The lists never change: nothing that is typed is put into them. Their index follows the text.
 QString lists(const Screen &screen)
 {
     static std::map<QString, QStringList> known;
@@ -42,6 +44,9 @@ QString lists(const Screen &screen)
         const auto [first, isNew] = known.try_emplace(nameOf(*combo), itemsOf(*combo));
         if (!isNew && first->second != itemsOf(*combo)) {
             return nameOf(*combo) + u" has other items"_s;
+        }
+        if (combo->currentIndex() != combo->findText(combo->currentText(), kExactly)) {
+            return nameOf(*combo) + QStringLiteral(" has the index of another text");
         }
     }
     return {};
@@ -85,6 +90,9 @@ QString bars(const Screen &screen)
     for (const QScrollBar *bar : screen.findChildren<ScrollBar *>()) {
         if (bar->value() < 1 || bar->value() > 100) {
             return nameOf(*bar) + u" is out of its range"_s;
+        }
+        if (bar->sliderPosition() != bar->value() || bar->isSliderDown()) {
+            return nameOf(*bar) + QStringLiteral(" has its thumb apart from its value");
         }
     }
     return {};

@@ -15,8 +15,6 @@
 #include <QLabel>
 #include <QScrollBar>
 
-#include <ranges>
-
 namespace tarvold {
 namespace {
 
@@ -163,8 +161,8 @@ void Form3::showExclusive(const QString &line)
 void Form3::showQuality(const std::vector<int> &indexes)
 {
     // Backwards, to set the box once: a hand-made file may have thousands that look the same.
-    for (const int index : indexes | std::views::reverse) {
-        if (const char *item = qualityItem(m_table->line(index + 17))) {
+    for (auto index = indexes.rbegin(); index != indexes.rend(); ++index) {
+        if (const char *item = qualityItem(m_table->line(*index + 17))) {
             setText("matchquality", QLatin1StringView(item));
             return;
         }

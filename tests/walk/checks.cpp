@@ -31,7 +31,9 @@ QStringList itemsOf(const QComboBox &combo)
     return items;
 }
 
-/// The lists never change: nothing that is typed is put into them.
+constexpr auto kExactly = Qt::MatchExactly | Qt::MatchCaseSensitive;
+
+/// The lists never change: nothing that is typed is put into them. Their index follows the text.
 QString lists(const Screen &screen)
 {
     static std::map<QString, QStringList> known;
@@ -39,6 +41,9 @@ QString lists(const Screen &screen)
         const auto [first, isNew] = known.try_emplace(nameOf(*combo), itemsOf(*combo));
         if (!isNew && first->second != itemsOf(*combo)) {
             return nameOf(*combo) + QStringLiteral(" has other items");
+        }
+        if (combo->currentIndex() != combo->findText(combo->currentText(), kExactly)) {
+            return nameOf(*combo) + QStringLiteral(" has the index of another text");
         }
     }
     return {};
@@ -82,6 +87,9 @@ QString bars(const Screen &screen)
     for (const QScrollBar *bar : screen.findChildren<ScrollBar *>()) {
         if (bar->value() < 1 || bar->value() > 100) {
             return nameOf(*bar) + QStringLiteral(" is out of its range");
+        }
+        if (bar->sliderPosition() != bar->value() || bar->isSliderDown()) {
+            return nameOf(*bar) + QStringLiteral(" has its thumb apart from its value");
         }
     }
     return {};

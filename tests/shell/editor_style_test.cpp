@@ -24,9 +24,27 @@ TEST(EditorStyle, WhatIsChosenLooksTheSameInAListThatIsNotInUse)
     EXPECT_EQ(palette.color(QPalette::Active, QPalette::Highlight), QColor(0, 0x54, 0x90));
 }
 
+namespace {
+
+/// A desktop that gives the buttons of its dialogs icons.
+class StyleWithIcons : public QProxyStyle
+{
+public:
+    int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                  QStyleHintReturn *returned) const override
+    {
+        return hint == SH_DialogButtonBox_ButtonsHaveIcons
+                   ? 1
+                   : QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+};
+
+} // namespace
+
 TEST(EditorStyle, ButtonsOfDialogsShowWordsOnly)
 {
     EditorStyle style;
+    style.setBaseStyle(new StyleWithIcons);
     QDialogButtonBox box;
     box.setStyle(&style);
     for (const auto button : {QDialogButtonBox::Ok, QDialogButtonBox::Save}) {

@@ -15,7 +15,7 @@
 #include <QLabel>
 #include <QScrollBar>
 
-#include <ranges>
+#include <algorithm>
 
 namespace tarvold {
 
@@ -165,12 +165,11 @@ void Form3::showExclusive(const QString &line)
 
 void Form3::showQuality(const std::vector<int> &indexes)
 {
+    const auto itemOf = [this](int index) { return qualityItem(m_table->line(index + 17)); };
     // Backwards, to set the box once: a hand-made file may have thousands that look the same.
-    for (const int index : indexes | std::views::reverse) {
-        if (const char *item = qualityItem(m_table->line(index + 17))) {
-            setText("matchquality", QLatin1StringView(item));
-            return;
-        }
+    const auto last = std::find_if(indexes.rbegin(), indexes.rend(), itemOf);
+    if (last != indexes.rend()) {
+        setText("matchquality", QLatin1StringView(itemOf(*last)));
     }
 }
 

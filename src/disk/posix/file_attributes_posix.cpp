@@ -93,7 +93,8 @@ void narrow(QByteArray &list)
 mode_t narrowed(mode_t mode)
 {
     const mode_t common = (mode >> kBitsPerClass) & mode & S_IRWXO;
-    return (mode & ~(kRights & ~S_IRWXU)) | (common << kBitsPerClass) | common;
+    constexpr mode_t kNarrowed = S_IRWXG | S_IRWXO;
+    return (mode & ~kNarrowed) | (common << kBitsPerClass) | common;
 }
 
 /// Copies the access control list. The new file may have one from its folder, which goes if the old

@@ -83,7 +83,7 @@ QByteArray nameIt(int handle, const QByteArray &path)
 {
     const QByteArray link = "/proc/self/fd/" + QByteArray::number(handle);
     for (int count = 0; count < kMostTries; ++count) {
-        const QByteArray name = nameBeside(path);
+        QByteArray name = nameBeside(path);
         if (::linkat(AT_FDCWD, link.constData(), AT_FDCWD, name.constData(), AT_SYMLINK_FOLLOW) ==
             0) {
             return name;

@@ -18,6 +18,7 @@ namespace tarvold::saveelsewhere {
 namespace {
 
 constexpr char kExtension[] = ".tvd";
+constexpr char kButtonCaption[] = "&Save To Another File...";
 
 /// Whether a save writes the file whole instead of adding to it.
 bool replacesFile(DataFileKind kind)
@@ -112,7 +113,7 @@ std::optional<QString> chosenName(const FailedSave &failed, QString name)
 bool offer(Screens &screens, const FailedSave &failed)
 {
     if (!messagebox::offer(failed.asking, failed.title, failed.text,
-                           QStringLiteral("&Save To Another File..."))) {
+                           QLatin1StringView(kButtonCaption))) {
         return false;
     }
     const ControlRef box = rowOf(failed.kind).nameBox;

@@ -78,9 +78,9 @@ bool isSentence(const QString &text)
 /// the one cause of a failure that is asked about instead of told.
 bool isNoMessage(const Literal &literal)
 {
-    static const QRegularExpression other(
-        QStringLiteral(R"((?:\.(?:help|caption|instructions) =|(?:Help|Instructions|Prompt)\[\] =|)"
-                       R"(kChanged =|newLabel\("\w+",|setText\(kHelp, QStringLiteral\()$)"));
+    static const QRegularExpression other(QStringLiteral(
+        R"((?:\.(?:help|caption|instructions) =|(?:Help|Instructions|Prompt|Caption)\[\] =|)"
+        R"(kChanged =|newLabel\("\w+",|setText\(kHelp, QStringLiteral\()$)"));
     static const QRegularExpression layout(QStringLiteral(R"((?:AsShown\},|return \{) \{$)"));
     return literal.before.contains(other) || literal.before.contains(layout);
 }

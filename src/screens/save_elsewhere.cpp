@@ -22,6 +22,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr char kExtension[] = ".tvd";
+constexpr char kButtonCaption[] = "&Save To Another File...";
 
 /// Whether a save writes the file whole instead of adding to it.
 bool replacesFile(DataFileKind kind)
@@ -153,7 +154,7 @@ std::optional<QString> chosenName(const FailedSave &failed, const QString &befor
 bool offer(Screens &screens, const FailedSave &failed)
 {
     if (!messagebox::offer(failed.asking, failed.title, failed.text,
-                           u"&Save To Another File..."_s)) {
+                           QLatin1StringView(kButtonCaption))) {
         return false;
     }
     const ControlRef box = rowOf(failed.kind).nameBox;

@@ -83,7 +83,7 @@ bool isSentence(const QString &text)
 bool isNoMessage(const Literal &literal)
 {
     static const QRegularExpression other(
-        uR"((?:\.(?:help|caption|instructions) =|(?:Help|Instructions|Prompt)\[\] =|)"
+        uR"((?:\.(?:help|caption|instructions) =|(?:Help|Instructions|Prompt|Caption)\[\] =|)"
         R"(kChanged =|newLabel\("\w+",|setText\(kHelp,)$)"_s);
     static const QRegularExpression layout(uR"((?:AsShown\},|return \{) \{$)"_s);
     return literal.before.contains(other) || literal.before.contains(layout);

@@ -115,10 +115,12 @@ class Program:
         """Opens the list that has the focus with Alt+Down, goes to the item and presses Enter."""
         self.keys("alt+Down")
         self._wait(f'"{item}" in the list of "{name}"', lambda: self._open_item(name, item))
-        self.keys("Home")
         names = [each.get_name() for each in walk(self._field(name))
                  if each.get_role_name() == "list item"]
-        self.keys(*["Down"] * names.index(item), "Return")
+        self.keys("Home", *["Down"] * names.index(item))
+        self._wait(f'the keys to lead to "{item}" in "{name}"',
+                   lambda: self._is_selected(name, item))
+        self.keys("Return")
         self._wait_closed(name)
 
     def active_window(self):
@@ -214,6 +216,10 @@ class Program:
             if each.get_role_name() == "list item" and each.get_name() == item:
                 return each
         return None
+
+    def _is_selected(self, name, item):
+        return any(each.get_name() == item and has(each, "SELECTED")
+                   for each in walk(open_list(self._field(name))))
 
     def _wait_closed(self, name):
         self._wait(f'the list of "{name}" to close', lambda: not open_list(self._field(name)))

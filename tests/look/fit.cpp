@@ -29,8 +29,9 @@ void expectRoom(const Scene &scene, const QWidget &part, const QSize &room, cons
 void expectButton(const Scene &scene, const QPushButton &button)
 {
     constexpr int kPadding = 6; // on each side, so that the caption does not touch the outline
-    const QSize text(button.fontMetrics().horizontalAdvance(button.text()) + 2 * kPadding,
-                     button.fontMetrics().height() + 4);
+    const QFontMetrics metrics = button.fontMetrics();
+    const QSize text(metrics.size(Qt::TextShowMnemonic, button.text()).width() + 2 * kPadding,
+                     metrics.height() + 4);
     expectRoom(scene, button, button.size(), text);
 }
 

@@ -46,7 +46,7 @@ QString lists(const Screen &screen)
             return nameOf(*combo) + u" has other items"_s;
         }
         if (combo->currentIndex() != combo->findText(combo->currentText(), kExactly)) {
-            return nameOf(*combo) + QStringLiteral(" has the index of another text");
+            return nameOf(*combo) + u" has the index of another text"_s;
         }
     }
     return {};
@@ -92,7 +92,7 @@ QString bars(const Screen &screen)
             return nameOf(*bar) + u" is out of its range"_s;
         }
         if (bar->sliderPosition() != bar->value() || bar->isSliderDown()) {
-            return nameOf(*bar) + QStringLiteral(" has its thumb apart from its value");
+            return nameOf(*bar) + u" has its thumb apart from its value"_s;
         }
     }
     return {};

@@ -56,7 +56,7 @@ void ComboBox::listenToList()
     const QObject *list = view()->parentWidget();
     const char *picked = SIGNAL(itemSelected(QModelIndex));
     m_isListening = disconnect(list, picked, this, nullptr) &&
-                    connect(list, picked, this, SLOT(choose(QModelIndex)));
+                    bool(connect(list, picked, this, SLOT(choose(QModelIndex))));
     if (!m_isListening) {
         qFatal("Qt %s has no signal itemSelected() of a combo box's list, so picks can't be heard",
                qVersion());

@@ -13,7 +13,7 @@ END = re.compile(r"(\d+) +\+\+\+ (?:exited|killed)")
 WRITING = re.compile(r"O_(?:WRONLY|RDWR|CREAT|TRUNC|APPEND)")
 QUOTED = re.compile(r'"([^"]*)"')
 DATA_FILE = re.compile(r"[^/]*\.tvd")
-DATA_FILE_IN_THE_MAKING = re.compile(r"[^/]*\.tvd\.[A-Za-z]{6}")  # as the toolkit names it
+DATA_FILE_IN_THE_MAKING = re.compile(r"[^/]*\.tvd\.[0-9a-z]{6}")
 NO_WHOLE_FILE_YET = re.compile(r"/proc/self/fd/\d+")
 ELSEWHERE = re.compile(r'(?:^|, )\d+, "[^/]')  # a path relative to an open folder
 UNFINISHED = re.compile(r"(\d+) +(.*) <unfinished \.\.\.>")
@@ -54,8 +54,8 @@ def both(arguments):
 
 def may_link(folder, arguments):
     source, target = both(arguments)
-    return NO_WHOLE_FILE_YET.fullmatch(source) is not None and (
-        folder.holds(target, DATA_FILE) or folder.holds(target, DATA_FILE_IN_THE_MAKING))
+    is_nameless = NO_WHOLE_FILE_YET.fullmatch(source) is not None
+    return is_nameless and folder.holds(target, DATA_FILE_IN_THE_MAKING)
 
 
 def may_rename(folder, arguments):

@@ -32,7 +32,7 @@ constexpr char kMissingFolder[] = "No such file or directory";
 
 class SaveElsewhere : public FlowTest, public ::testing::WithParamInterface<SavingFlow>
 {
-protected:
+public:
     SaveElsewhere()
     {
         goToCommentary(flow());
@@ -42,6 +42,7 @@ protected:
     }
     ~SaveElsewhere() override { dialogs.checkAllCame(); }
 
+protected:
     static const FlowPath &flow() { return *GetParam().flow; }
 
     void nameFile(const QString &name) { given("Form1", flow().fileBox, name); }

@@ -13,9 +13,10 @@ using Texts = std::vector<std::string>;
 
 class StipulationElsewhere : public StipulationTest
 {
-protected:
+public:
     ~StipulationElsewhere() override { dialogs.checkAllCame(); }
 
+protected:
     /// Goes to the form of a new stipulation, "Cage", that its file will not take.
     void makeOneThatFails()
     {

@@ -43,10 +43,21 @@ int openOld(const QByteArray &path)
     return static_cast<int>(TEMP_FAILURE_RETRY(::open(path.constData(), kFlags)));
 }
 
-/// A name beside a file that is most likely free.
+/// A name beside a file that is most likely free: a dot and six digits or small letters behind it.
 QByteArray nameBeside(const QByteArray &path)
 {
-    return path + '.' + QByteArray::number(QRandomGenerator::global()->generate(), 36);
+    constexpr int kLength = 6;
+    constexpr int kBase = 36;
+    constexpr quint32 kNumbers = 2'176'782'336; // so many numbers have that length
+    const quint32 number = QRandomGenerator::global()->generate() % kNumbers;
+    return path + '.' + QByteArray::number(number, kBase).rightJustified(kLength, '0');
+}
+
+/// The folder of a file.
+QByteArray folderOf(const QByteArray &path)
+{
+    const qsizetype slash = path.lastIndexOf('/');
+    return slash > 0 ? path.first(slash) : QByteArray(slash == 0 ? "/" : ".");
 }
 
 /// Makes a file that has no name yet, so that nothing of it is left if the program ends. A negative
@@ -56,8 +67,7 @@ int createNameless(const QByteArray &path, mode_t mode)
     if (::access("/proc/self/fd", X_OK) != 0) {
         return -1;
     }
-    const QByteArray folder = path.first(path.lastIndexOf('/') + 1) + '.';
-    return ::open(folder.constData(), O_TMPFILE | O_WRONLY | O_CLOEXEC, mode);
+    return ::open(folderOf(path).constData(), O_TMPFILE | O_WRONLY | O_CLOEXEC, mode);
 }
 
 /// Makes a file of a new name beside another one.

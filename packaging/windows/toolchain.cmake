@@ -16,5 +16,5 @@ set(CMAKE_FIND_ROOT_PATH /usr/${prefix})
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
-# The toolkit's programs that run during a build (moc, rcc) are those of the build machine.
+# Qt's programs that run during a build (moc, rcc) are those of the build machine.
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE BOTH)

@@ -7,7 +7,7 @@ namespace tarvold {
 /// Tells those who hear the screen what others see: takes no room and shows nothing.
 ///
 /// It is a notification to assistive technology, which reads out its name each time that it is
-/// shown anew; the toolkit has no announcements of its own before version 6.8.
+/// shown anew; Qt has no announcements of its own before version 6.8.
 class Announcement : public QWidget
 {
     Q_OBJECT

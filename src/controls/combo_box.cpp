@@ -80,7 +80,7 @@ void ComboBox::showPopup()
     const int row = findText(currentText(), Qt::MatchExactly | Qt::MatchCaseSensitive);
     view()->setCurrentIndex(model()->index(row, modelColumn()));
     if (row >= 0) {
-        // The toolkit names the list alone to those who hear it.
+        // Qt names the list alone to those who hear it.
         QAccessibleEvent item(view(), QAccessible::Focus);
         item.setChild(row);
         QAccessible::updateAccessibility(&item);
@@ -89,7 +89,7 @@ void ComboBox::showPopup()
 
 void ComboBox::choose(const QModelIndex &item)
 {
-    // While assistive technology listens, the toolkit sends each key twice: the accessibility bus
+    // While assistive technology listens, Qt sends each key twice: the accessibility bus
     // is asked first. The list, closed already, would tell the same choice again.
     if (!std::exchange(m_isListOpen, false)) {
         return;

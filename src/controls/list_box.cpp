@@ -19,7 +19,7 @@ std::optional<int> ListBox::selectedRow() const
 
 QModelIndex ListBox::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
 {
-    // With no row to start from, the toolkit would go to the first one whatever the key.
+    // With no row to start from, Qt would go to the first one whatever the key.
     if (action == MoveEnd && !currentIndex().isValid() && model() != nullptr) {
         return model()->index(model()->rowCount() - 1, 0);
     }

@@ -8,7 +8,7 @@ namespace tarvold {
 
 /// The list box of all screens: one row can be selected, none need be, and length does not matter.
 ///
-/// Nothing looks selected until the user selects it; the toolkit would mark the first row as soon
+/// Nothing looks selected until the user selects it; Qt would mark the first row as soon
 /// as the list has the focus.
 class ListBox : public QListView
 {

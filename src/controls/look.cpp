@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 void apply()
 {
-    // The application owns the style, but the analyzer does not see into the toolkit.
+    // The application owns the style, but the analyzer does not see into Qt.
     QApplication::setStyle(new EditorStyle); // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks)
     const QString labels = u"Arial"_s;
     const QString buttons = u"MS Sans Serif"_s;

@@ -39,7 +39,7 @@ QSize sizeOf(const QString &text, const QWidget &box, int width)
     return box.fontMetrics().boundingRect(room, Qt::TextWordWrap, text).size();
 }
 
-/// A message may quote a line of a file, which can be of any length: the toolkit would lay out some
+/// A message may quote a line of a file, which can be of any length: Qt would lay out some
 /// megabytes for minutes, and show the buttons below the display.
 QString fitted(const QString &text, const QWidget &box)
 {

@@ -24,7 +24,7 @@ ScrollPane::ScrollPane(QWidget *parent) : QScrollArea(parent)
     });
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) {
         if (now != nullptr && widget()->isAncestorOf(now)) {
-            // The toolkit's own way looks at the caret alone, and leaves boxes cut.
+            // Qt's own way looks at the caret alone, and leaves boxes cut.
             const QPoint middle = now->mapTo(widget(), now->rect().center());
             ensureVisible(middle.x(), middle.y(), 0, now->height() / 2 + kRowGap);
         }

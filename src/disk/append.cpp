@@ -122,7 +122,7 @@ bool Try::takeBack()
         return true;
     }
     const bool isCut = cut();
-    // What has the name now may be a copy that was made in the midst of the write.
+    // What has the name now may be a copy that was made during the write.
     return isThis == false ? m_written == 0 : isCut && !m_created;
 }
 

@@ -38,7 +38,7 @@ private:
 [[nodiscard]] bool canBeName(const QString &name);
 
 /// The path for a name that the user typed, so that every name means a file: a leading colon is
-/// no mark for the toolkit's built-in resources.
+/// no mark for Qt's built-in resources.
 QString pathOf(const QString &name);
 
 /// What a path may mean, when links are followed.

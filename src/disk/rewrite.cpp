@@ -100,7 +100,7 @@ std::optional<FileError> rewriteFile(const QString &name, QByteArrayView bytes,
     if (auto unfit = whyNotOrdinary(name)) {
         return unfit;
     }
-    // Followed here, because the toolkit takes a link that it cannot look up for a plain file.
+    // Followed here, because Qt takes a link that it cannot look up for a plain file.
     const std::optional<QString> path = durable::realPathOf(durable::pathOf(name));
     if (!path) {
         return FileError{qt_error_string()};

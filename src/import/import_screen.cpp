@@ -153,7 +153,7 @@ void Form2::refreshFiles()
 {
     const QString selected = selectedFile();
     QStringList names = QDir().entryList(QDir::Files | QDir::Hidden, QDir::Name);
-    // The toolkit takes a link to a pipe or a device for a file.
+    // Qt takes a link to a pipe or a device for a file.
     names.removeIf([](const QString &name) { return !isTvdName(name) || whyNotOrdinary(name); });
     m_names->setStringList(names);
     if (const qsizetype row = names.indexOf(selected); row >= 0) {

@@ -78,7 +78,7 @@ QString noSource()
 QString notImported(const QString &name, const FileError &error)
 {
     const QString state =
-        error.unchanged ? u"Nothing was imported. Mend the file or choose another one, then "
+        error.unchanged ? u"Nothing was imported. Correct the file or choose another one, then "
                           "import again."_s
                         : u"Part of the records may be in the file and could not be taken out "
                           "again."_s;

@@ -154,7 +154,7 @@ std::vector<int> Form16::locate(const QByteArray &entry)
 
 bool Form16::fitsTheForm()
 {
-    // The toolkit lays out every character of a box, each time it changes.
+    // Qt lays out every character of a box, each time it changes.
     constexpr qsizetype kMostCharacters = 1'000'000;
     constexpr int kNeverShown = 6;
     for (int number = 1; number <= StipulationTable::kLinesPerRecord; ++number) {

@@ -32,7 +32,7 @@ int StipulationListModel::rowCount(const QModelIndex &parent) const
 
 QVariant StipulationListModel::data(const QModelIndex &index, int role) const
 {
-    // Far more than fits in; to measure a text of some megabytes takes the toolkit seconds.
+    // Far more than fits in; to measure a text of some megabytes takes Qt seconds.
     constexpr qsizetype kMostShown = 5000;
     // The view also asks for no row: when the user copies from a list in which none is selected.
     if (role != Qt::DisplayRole || !index.isValid()) {

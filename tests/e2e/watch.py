@@ -1,6 +1,6 @@
 """Watches what the program asks of the system, and tells what it should not have asked.
 
-The program may show itself on the display, read what the toolkit reads, and write data files. It
+The program may show itself on the display, read what Qt reads, and write data files. It
 opens no network connection, starts no process and writes no other file.
 """
 
@@ -72,7 +72,7 @@ def may_start(_, arguments):
 
 
 def may_ask_for_folder(_, arguments):
-    return "EEXIST" in arguments  # the toolkit makes sure so that the user's runtime folder exists
+    return "EEXIST" in arguments  # Qt makes sure so that the user's runtime folder exists
 
 
 def never(*_):

@@ -116,7 +116,7 @@ TEST_F(ImportLeaving, ACutShortFileIsNamedWithLineAndRecordAndCanBeMended)
     type("Form2", "Text1", u"mine.tvd"_s);
     const QString said = failure();
     for (const char *part :
-         {"\"cut.tvd\"", "line 24", "record 2", "Nothing was imported.", "Mend"}) {
+         {"\"cut.tvd\"", "line 24", "record 2", "Nothing was imported.", "Correct"}) {
         EXPECT_TRUE(said.contains(QLatin1StringView(part))) << part << " in " << said.toStdString();
     }
     EXPECT_EQ(text("Form2", "Text1"), u"mine.tvd"_s);

@@ -124,7 +124,7 @@ QRect textOf(const QPushButton &button)
 
 QRect roomOf(const QLineEdit &box)
 {
-    constexpr int kInner = 2; // what the toolkit leaves free before and behind a text
+    constexpr int kInner = 2; // what Qt leaves free before and behind a text
     QStyleOptionFrame option;
     option.initFrom(&box);
     option.lineWidth =

@@ -8,7 +8,7 @@
 class QWidget;
 
 /// The mouse as the desktop reports it: each event goes to the window that is under the pointer at
-/// that moment, with a time, and the toolkit makes double clicks of it.
+/// that moment, with a time, and Qt makes double clicks of it.
 namespace tarvold::testing::mouse {
 
 /// What time it is for the program. It stands still but for the clicks, each of which comes after a

@@ -17,7 +17,7 @@ inline QPalette darkPalette()
     return palette;
 }
 
-/// Takes the dark palette as the toolkit takes one from the desktop: past the program's style,
+/// Takes the dark palette as Qt takes one from the desktop: past the program's style,
 /// which mends what could not be told apart.
 inline void useDarkPalette()
 {

@@ -45,7 +45,7 @@ bool isBefore(const QWidget *one, const QWidget *other)
 
 QString spokenName(QWidget &control)
 {
-    // The toolkit tells what a combo box shows for its name, and its label or own name beside it.
+    // Qt tells what a combo box shows for its name, and its label or own name beside it.
     if (!control.accessibleName().isEmpty()) {
         return control.accessibleName();
     }

@@ -10,7 +10,7 @@
 /// Memory does not grow with the number of saves.
 ///
 /// The heap in use is compared after one stretch of many saves and the next. What the first ones
-/// make (screens, fonts, caches of the toolkit) stays, and now and then a cache grows in one of the
+/// make (screens, fonts, caches of Qt) stays, and now and then a cache grows in one of the
 /// later ones. A save that kept so much as one record, which is about 500 bytes, would show as more
 /// than the bound in every stretch; so one that stays below it proves that none did.
 namespace tarvold::testing {
@@ -27,7 +27,7 @@ int savesPerStretch()
                : 60;
 }
 
-constexpr qint64 kBytesPerSave = 200; ///< what the caches of the toolkit may still take
+constexpr qint64 kBytesPerSave = 200; ///< what the caches of Qt may still take
 constexpr int kStretches = 5;         ///< how often they may grow
 
 qint64 heapInUse()

@@ -20,7 +20,7 @@ using namespace Qt::StringLiterals;
 
 tarvold::testing::Day *dayInHand = nullptr;
 
-/// Nothing that the toolkit complains about is let pass, but for what windows without a display
+/// Nothing that Qt complains about is let pass, but for what windows without a display
 /// cannot do.
 void hear(QtMsgType type, const QMessageLogContext & /*context*/, const QString &message)
 {
@@ -34,7 +34,7 @@ void hear(QtMsgType type, const QMessageLogContext & /*context*/, const QString 
         abort();
     }
     if (dayInHand != nullptr) {
-        dayInHand->blame(u"the toolkit complains: "_s + message);
+        dayInHand->blame(u"Qt complains: "_s + message);
     }
 }
 

@@ -118,7 +118,7 @@ std::optional<QString> openOrdinary(QFile &file, const QString &path,
         ::close(handle);
         return u"It is not an ordinary file."_s;
     }
-    // The system cares for the end: told of it, the toolkit would look for it, and might fail.
+    // The system cares for the end: told of it, Qt would look for it, and might fail.
     const auto access = appends ? QIODevice::WriteOnly : QIODevice::ReadOnly;
     if (!file.open(handle, access | QIODevice::Unbuffered, QFileDevice::AutoCloseHandle)) {
         ::close(handle);

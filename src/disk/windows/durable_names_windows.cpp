@@ -37,7 +37,7 @@ std::optional<QString> realPathOfMissing(const QString &path)
            QString::fromStdWString(native.substr(nameStart));
 }
 
-/// Names such as ":x" are no built-in resources here, as the toolkit opens none of them by name.
+/// Names such as ":x" are no built-in resources here, as Qt opens none of them by name.
 bool isOfNoName(QChar character)
 {
     return character < u' ' || QStringView(u"<>:\"|?*").contains(character);

@@ -87,7 +87,7 @@ bool isDenied()
 
 QString causeOf(const QFileDevice &file)
 {
-    // The toolkit knows only the few causes that the C library tells apart.
+    // Qt knows only the few causes that the C library tells apart.
     const unsigned long code = file.error() == QFileDevice::ReadError ? _doserrno : 0;
     return code != 0 ? qt_error_string(int(code)) : file.errorString();
 }

@@ -29,7 +29,8 @@ namespace tarvold {
 ///
 /// "Seen" starts once the control was painted after it was shown, and no window above it has gone
 /// since. Left alone are a press elsewhere than the one before it, one on the control that the one
-/// before it pressed, all presses while a list or menu is open, and the keyboard.
+/// before it pressed, all presses while a list or menu is open, and the keyboard. A press on what
+/// is hidden by now never counts.
 ///
 /// A press that counts, on another control than the one before it, comes to the control as a press,
 /// even where Qt takes it for the second of a double click: a text box puts the cursor there and

@@ -56,7 +56,7 @@ QString fitted(const QString &text, const QWidget &box)
 }
 
 /// A message box that is as wide as its text needs, up to a line length that can be read; the
-/// toolkit's own lets words run out of it. A key that was down before it came does not answer it.
+/// one of Qt lets words run out of it. A key that was down before it came does not answer it.
 class Box : public QMessageBox
 {
 public:

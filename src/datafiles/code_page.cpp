@@ -8,7 +8,7 @@ namespace tarvold::codepage {
 namespace {
 
 /// The code points of a text. Half of a surrogate pair without the other counts as one, where the
-/// toolkit would put a stand-in.
+/// converters of Qt put a stand-in.
 QList<char32_t> codePointsOf(const QString &text)
 {
     QList<char32_t> characters;

@@ -47,9 +47,9 @@ struct CommentaryTable
 /// A screen with ten lines of commentary, a list of tags to insert into them, "Add ..." (Command1),
 /// which appends the record of the whole flow to its file, and "<<" (Command2).
 ///
-/// The line that receives tags is the one whose background is yellow, and after a pick it has the
-/// focus; the tag that was last accepted is the text of `hiddenlabel`. Neither is stored anywhere
-/// else.
+/// The line that receives tags is the one whose background is yellow; the tag that was last
+/// accepted is the text of `hiddenlabel`. Neither is stored anywhere else. The yellow line has the
+/// focus after each pick and whenever the screen comes back.
 class CommentaryScreen : public Screen
 {
     Q_OBJECT

@@ -26,7 +26,7 @@ constexpr char kAccessList[] = "system.posix_acl_access";
 /// One entry of an access control list, as acl(5) describes them.
 struct Entry
 {
-    enum Tag : quint16 { Owner = 1, User = 2, OwningGroup = 4, Mask = 16, Others = 32 };
+    enum Tag : quint16 { Owner = 1, User = 2, OwningGroup = 4, Group = 8, Mask = 16, Others = 32 };
     Tag tag;
     quint16 rights;
     quint32 user = ~0U;
@@ -188,6 +188,24 @@ TEST_F(RewriteKeeps, OfAForeignGroupsListTheUsersThatItNames)
     EXPECT_TRUE(holdsForOrdinaryUser(rewrite));
     EXPECT_EQ(attributeOf(kFile, kAccessList), listFor(kNobody, 4, 4));
     EXPECT_EQ(rightsOf(kFile), "65534:65534 0674");
+}
+
+TEST_F(RewriteKeeps, OfAForeignGroupsListNobodyInWhomANamedGroupKeepsOut)
+{
+    NEEDS(isSuperuser() && hasLists())
+    const auto list = [](quint16 ofGroup) {
+        constexpr quint32 kKeptOut = 2000;
+        return accessList({{Entry::Owner, 6},
+                           {Entry::User, 6, kNobody},
+                           {Entry::OwningGroup, ofGroup},
+                           {Entry::Group, 0, kKeptOut},
+                           {Entry::Mask, 6},
+                           {Entry::Others, 4}});
+    };
+    own(kOwner, kGroup, 0660);
+    ASSERT_TRUE(setAttribute(kFile, kAccessList, list(4)));
+    EXPECT_TRUE(holdsForOrdinaryUser(rewrite));
+    EXPECT_EQ(attributeOf(kFile, kAccessList), list(0));
 }
 
 TEST_F(RewriteKeeps, AFileWithoutAListEvenIfItsFolderGivesOne)

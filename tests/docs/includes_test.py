@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Every folder of the sources includes only itself and the folders below it.
+"""Every folder of the sources includes only itself and the folders that it builds on.
 
 Usage: includes_test.py SOURCES
 """
@@ -46,5 +46,5 @@ def complaints(sources):
 
 
 found = list(complaints(sys.argv[1]))
-print("\n".join(found) or "Every include leads to a folder below.")
+print("\n".join(found) or "Every include leads to a folder that it may.")
 sys.exit(bool(found))

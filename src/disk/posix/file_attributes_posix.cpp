@@ -24,7 +24,7 @@ constexpr int kBitsPerClass = 3;
 constexpr qsizetype kHeaderSize = 4;
 constexpr qsizetype kEntrySize = 8;
 constexpr qsizetype kRightsOffset = 2;
-enum Tag : quint16 { OwningGroup = 0x04, Mask = 0x10, Others = 0x20 };
+enum Tag : quint16 { OwningGroup = 0x04, NamedGroup = 0x08, Mask = 0x10, Others = 0x20 };
 
 bool isUnsupported()
 {
@@ -71,20 +71,26 @@ bool setAttribute(int handle, const QByteArray &name, const QByteArray &value)
 }
 
 /// Leaves group and others of a list only the rights that both have: the file's group is another
-/// one, so its members were others before, and those of the old group are others now.
+/// one, so its members were others before, and those of the old group are others now. A named group
+/// may keep some of the new group's members out; with what the group gets they would get in.
 void narrow(QByteArray &list)
 {
     quint16 common = kRights;
+    quint16 ofNamedGroups = kRights;
     for (qsizetype at = kHeaderSize; at + kEntrySize <= list.size(); at += kEntrySize) {
         const auto tag = qFromLittleEndian<quint16>(list.constData() + at);
+        const auto rights = qFromLittleEndian<quint16>(list.constData() + at + kRightsOffset);
         if (tag == OwningGroup || tag == Mask || tag == Others) {
-            common &= qFromLittleEndian<quint16>(list.constData() + at + kRightsOffset);
+            common &= rights;
+        } else if (tag == NamedGroup) {
+            ofNamedGroups &= rights;
         }
     }
     for (qsizetype at = kHeaderSize; at + kEntrySize <= list.size(); at += kEntrySize) {
         const auto tag = qFromLittleEndian<quint16>(list.constData() + at);
         if (tag == OwningGroup || tag == Others) {
-            qToLittleEndian(common, list.data() + at + kRightsOffset);
+            const auto left = quint16(tag == OwningGroup ? common & ofNamedGroups : common);
+            qToLittleEndian(left, list.data() + at + kRightsOffset);
         }
     }
 }
@@ -181,8 +187,8 @@ bool copyAttributes(int from, int to)
 {
     struct stat model = {};
     struct stat state = {};
-    // The owner goes first, for a change of it takes away some of the rest, and the mode last, for
-    // until then nobody else may do anything with the file.
+    // The owner goes first, for a change of it takes away some of the rest, and the mode last: until
+    // the list or the mode is set, nobody else may do anything with the file.
     if (::fstat(from, &model) != 0 || !copyOwner(model, to) || ::fstat(to, &state) != 0) {
         return false;
     }

@@ -187,8 +187,8 @@ bool copyAttributes(int from, int to)
 {
     struct stat model = {};
     struct stat state = {};
-    // The owner goes first, for a change of it takes away some of the rest, and the mode last: until
-    // the list or the mode is set, nobody else may do anything with the file.
+    // The owner goes first, for a change of it takes away some of the rest, and the mode last:
+    // until the list or the mode is set, nobody else may do anything with the file.
     if (::fstat(from, &model) != 0 || !copyOwner(model, to) || ::fstat(to, &state) != 0) {
         return false;
     }

@@ -18,13 +18,15 @@ namespace {
 
 struct ScreenCase
 {
-    const char *heading; ///< in the guide
+    const char *heading; ///< of the table in the guide
+    const char *ending;  ///< in the table's column "In"; null for a table of this screen alone
     const char *screen;
 };
 
 constexpr ScreenCase kScreens[] = {
-    {"Normal endings", "Form7"}, {"Run-ins", "Form9"},     {"Turns", "Form11"},
-    {"Interviews", "Form13"},    {"Talk shows", "Form15"},
+    {"Match endings", "normal", "Form7"}, {"Match endings", "run-in", "Form9"},
+    {"Match endings", "turn", "Form11"},  {"Interviews", nullptr, "Form13"},
+    {"Talk shows", nullptr, "Form15"},
 };
 
 /// A refusal as the guide tells it.
@@ -56,11 +58,30 @@ protected:
         return {};
     }
 
-    std::vector<QStringList> tagRows(const char *heading)
+    std::vector<QStringList> endingRows()
     {
-        return rowsUnder(QLatin1StringView(heading),
-                         {u"Tag in the list"_s, u"Puts in"_s, u"Refusal"_s});
+        return rowsUnder(u"Match endings"_s,
+                         {u"Tag in the list"_s, u"Puts in"_s, u"In"_s, u"Refusal"_s});
     }
+
+    /// The guide's rows for a screen in order: tag in the list, what it puts in, refusal.
+    std::vector<QStringList> tagRows(const ScreenCase &test)
+    {
+        if (test.ending == nullptr) {
+            return rowsUnder(QLatin1StringView(test.heading),
+                             {u"Tag in the list"_s, u"Puts in"_s, u"Refusal"_s});
+        }
+        std::vector<QStringList> rows;
+        for (const QStringList &row : endingRows()) {
+            if (endingsOf(row).contains(QLatin1StringView(test.ending))) {
+                rows.push_back({row[0], row[1], row[3]});
+            }
+        }
+        return rows;
+    }
+
+    /// The kinds of endings that a row of the endings' table names.
+    static QStringList endingsOf(const QStringList &row) { return row[2].split(u", "_s); }
 
     std::span<const CommentaryTag> tagsOf(const char *name)
     {
@@ -104,17 +125,30 @@ protected:
     std::map<QString, GuideRefusal> refusals;
 };
 
-TEST_F(GuideTags, EveryTableIsTheListOfItsScreen)
+TEST_F(GuideTags, EveryScreenOffersTheTagsOfItsTable)
 {
     for (const ScreenCase &test : kScreens) {
-        SCOPED_TRACE(test.heading);
+        SCOPED_TRACE(test.screen);
         std::vector<QStringList> expected;
         for (const CommentaryTag &tag : tagsOf(test.screen)) {
             const QString code = u'`' + QString(QLatin1StringView(tag.tag)) + u'`';
             expected.push_back({QLatin1StringView(tag.item), code, nameOf(tag.refusal)});
         }
-        EXPECT_EQ(tagRows(test.heading), expected);
+        EXPECT_EQ(tagRows(test), expected);
     }
+}
+
+TEST_F(GuideTags, EveryEndingTagIsPrintedOnceAndNamesOnlyKindsOfEndings)
+{
+    const QStringList kinds = {u"normal"_s, u"run-in"_s, u"turn"_s};
+    std::set<QString> tags;
+    for (const QStringList &row : endingRows()) {
+        EXPECT_TRUE(tags.insert(row[1]).second) << row[1].toStdString();
+        for (const QString &kind : endingsOf(row)) {
+            EXPECT_TRUE(kinds.contains(kind)) << row[1].toStdString() << kind.toStdString();
+        }
+    }
+    EXPECT_FALSE(tags.empty());
 }
 
 TEST_F(GuideTags, EveryRefusalIsThatOfATagAndToldWithItsCondition)

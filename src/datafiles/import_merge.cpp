@@ -66,12 +66,12 @@ std::optional<FileError> leaveOutDuplicates(ImportTable &table, const QString &t
 
 std::optional<ImportFailure> importRecords(const ImportRequest &request, const TellDuplicate &tell)
 {
-    FileContent source = readFile(request.source);
-    if (source.error) {
-        return ImportFailure{request.source, *source.error};
+    Result<QByteArray> source = readFile(request.source);
+    if (!source) {
+        return ImportFailure{request.source, source.error()};
     }
     ImportTable table;
-    if (auto error = table.load(std::move(source.bytes), rowOf(request.kind).linesPerRecord)) {
+    if (auto error = table.load(std::move(*source), rowOf(request.kind).linesPerRecord)) {
         return ImportFailure{request.source, *error};
     }
     if (request.kind == DataFileKind::Stipulations) {
@@ -79,8 +79,8 @@ std::optional<ImportFailure> importRecords(const ImportRequest &request, const T
             return ImportFailure{request.target, *error};
         }
     }
-    if (auto error = appendToFile(request.target, table.takeWritten())) {
-        return ImportFailure{request.target, *error};
+    if (const auto appended = appendToFile(request.target, table.takeWritten()); !appended) {
+        return ImportFailure{request.target, appended.error()};
     }
     return std::nullopt;
 }

@@ -25,12 +25,12 @@ std::optional<FileError> ImportTarget::refresh()
         return std::nullopt;
     }
     const bool trusted = state && !durable::mayChangeUnseen(*state);
-    const FileContent content = readFile(m_name);
-    if (content.error) {
-        return content.error;
+    const Result<QByteArray> bytes = readFile(m_name);
+    if (!bytes) {
+        return bytes.error();
     }
     m_state = trusted ? state : std::nullopt;
-    index(content.bytes);
+    index(*bytes);
     return std::nullopt;
 }
 

@@ -78,34 +78,32 @@ QByteArray joined(const StipulationTable::Snapshot &lines, QByteArrayView file)
 std::optional<FileError> StipulationTable::load(const QString &name)
 {
     const bool wasMissing = !name.isEmpty() && !fileExists(name);
-    auto error = wasMissing ? appendToFile(name, {}) : std::nullopt;
-    if (!error) {
-        error = read(name);
-    }
+    const auto made = wasMissing ? appendToFile(name, {}) : Result<void>();
+    auto error = made ? read(name) : std::optional(made.error());
     if (error && wasMissing && fileExists(name)) {
-        error->unchanged = false;
+        error->outcome = FileOutcome::MaybeChanged;
     }
     return error;
 }
 
 std::optional<FileError> StipulationTable::read(const QString &name)
 {
-    FileContent content = readFile(name);
-    if (content.error) {
-        return content.error;
+    Result<QByteArray> bytes = readFile(name);
+    if (!bytes) {
+        return bytes.error();
     }
     Snapshot lines;
-    lines.reserve(countLineFeeds(content.bytes) + 1);
-    LineReader reader(content.bytes);
+    lines.reserve(countLineFeeds(*bytes) + 1);
+    LineReader reader(*bytes);
     while (!reader.atEnd()) {
         lines.push_back(reader.readLine());
     }
-    if (auto error = whyNotWhole(content.bytes, qsizetype(lines.size()), kLinesPerRecord,
-                                 u"stipulation"_s)) {
+    if (auto error =
+            whyNotWhole(*bytes, qsizetype(lines.size()), kLinesPerRecord, u"stipulation"_s)) {
         return error;
     }
     m_name = name;
-    m_file = std::move(content.bytes);
+    m_file = std::move(*bytes);
     m_edited.clear();
     stipulations = std::move(lines);
     return std::nullopt;
@@ -116,13 +114,13 @@ std::optional<FileError> StipulationTable::writeBack(const QString &name, IfChan
     QByteArray bytes = joined(stipulations, m_file);
     const bool isOther = !m_name.isEmpty() && name != m_name;
     const bool refuses = ifChanged == IfChanged::Refuse && !isOther;
-    auto error =
+    const auto written =
         rewriteFile(name, bytes, refuses ? std::optional(QByteArrayView(m_file)) : std::nullopt);
-    if (!error || error->inPlace) {
+    if (written || written.error().outcome == FileOutcome::Unconfirmed) {
         m_name = name;
         moveInto(std::move(bytes));
     }
-    return error;
+    return written ? std::nullopt : std::optional(written.error());
 }
 
 void StipulationTable::moveInto(QByteArray file)

@@ -27,8 +27,8 @@ public:
     /// Whether the name means a file with the bytes in it, after they were appended.
     bool isThere() const { return m_isThere; }
 
-    /// Takes back what was written. `true` when the file that the name means has nothing of it.
-    bool takeBack();
+    /// Undoes what was written. `true` when the file that the name means has nothing of it.
+    bool undo();
 
     /// Takes the appended bytes out of a file that lost its name to another one. `false` when the
     /// file kept its name, and may have a part of them.
@@ -110,7 +110,7 @@ bool Try::cut()
     return m_written == 0 || (size && *size <= oldEnd);
 }
 
-bool Try::takeBack()
+bool Try::undo()
 {
     if (!m_file.isOpen()) {
         return true;
@@ -128,23 +128,25 @@ bool Try::takeBack()
 
 } // namespace
 
-std::optional<FileError> appendToFile(const QString &name, QByteArrayView bytes)
+Result<void> appendToFile(const QString &name, QByteArrayView bytes)
 {
-    bool unchanged = true;
+    auto outcome = FileOutcome::Unchanged;
     for (int count = 0; count < kMostTries; ++count) {
-        if (const auto unfit = whyNotOrdinary(name)) {
-            return FileError{unfit->cause, unchanged};
+        if (const auto ordinary = checkOrdinary(name); !ordinary) {
+            return failure(ordinary.error().cause, outcome);
         }
         Try attempt(durable::pathOf(name));
-        if (const auto failure = attempt.append(bytes)) {
-            return FileError{*failure, attempt.takeBack() && unchanged};
+        if (const auto cause = attempt.append(bytes)) {
+            return failure(*cause, attempt.undo() ? outcome : FileOutcome::MaybeChanged);
         }
         if (attempt.isThere()) {
-            return std::nullopt;
+            return {};
         }
-        unchanged = attempt.takeOutOfOldFile() && unchanged;
+        if (!attempt.takeOutOfOldFile()) {
+            outcome = FileOutcome::MaybeChanged;
+        }
     }
-    return FileError{u"Another program changes it again and again."_s, unchanged};
+    return failure(u"Another program changes it again and again."_s, outcome);
 }
 
 } // namespace tarvold

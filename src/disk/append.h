@@ -5,13 +5,11 @@
 #include <QByteArrayView>
 #include <QString>
 
-#include <optional>
-
 namespace tarvold {
 
 /// Appends whole records to a data file, creating it when it is missing.
 ///
-/// All or nothing: when it returns no error, the bytes are on the disk, together, in the file that
+/// All or nothing: when it succeeds, the bytes are on the disk, together, in the file that
 /// the name meant at the end; else the file has its old length, or is gone again when it was
 /// created here (and if even that failed, the error says so).
 ///
@@ -38,6 +36,6 @@ namespace tarvold {
 /// This needs a failure first: an append that succeeds cuts and removes nothing, except in a file
 /// that lost its name to another one.
 /// \param name as the user typed it; a relative one starts at the current folder
-[[nodiscard]] std::optional<FileError> appendToFile(const QString &name, QByteArrayView bytes);
+[[nodiscard]] Result<void> appendToFile(const QString &name, QByteArrayView bytes);
 
 } // namespace tarvold

@@ -6,23 +6,23 @@ namespace tarvold {
 
 using namespace Qt::StringLiterals;
 
-std::optional<FileError> whyNotOrdinary(const QString &name)
+Result<void> checkOrdinary(const QString &name)
 {
     if (name.isEmpty()) {
-        return FileError{u"The file name is empty."_s};
+        return failure(u"The file name is empty."_s);
     }
     if (!durable::canBeName(name)) {
-        return FileError{u"The file name holds a character that no file name can "
-                         "have."_s};
+        return failure(u"The file name holds a character that no file name can "
+                       "have."_s);
     }
     const durable::Kind kind = durable::kindOf(durable::pathOf(name));
     if (kind == durable::Kind::Folder) {
-        return FileError{u"It is a folder."_s};
+        return failure(u"It is a folder."_s);
     }
     if (kind == durable::Kind::Other) {
-        return FileError{u"It is not an ordinary file."_s};
+        return failure(u"It is not an ordinary file."_s);
     }
-    return std::nullopt;
+    return {};
 }
 
 } // namespace tarvold

@@ -12,14 +12,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-FileContent tooLarge()
+tl::unexpected<FileError> tooLarge()
 {
-    return {{}, FileError{u"It is larger than 1 GB."_s}};
+    return failure(u"It is larger than 1 GB."_s);
 }
 
 /// Reads to the end. A read that runs short is no end: only the next one tells why it did. Some
 /// files that the system makes up tell no size and never end.
-FileContent readToEnd(QFile &file)
+Result<QByteArray> readToEnd(QFile &file)
 {
     constexpr qsizetype kLeastRoom = 4096;
     constexpr qsizetype kMostRoom = 1'073'741'824 + kLeastRoom;
@@ -31,11 +31,11 @@ FileContent readToEnd(QFile &file)
     while (true) {
         const qint64 read = file.read(bytes.data() + length, bytes.size() - length);
         if (read < 0) {
-            return {{}, FileError{durable::causeOf(file)}};
+            return failure(durable::causeOf(file));
         }
         if (read == 0) {
             bytes.truncate(length);
-            return {std::move(bytes), std::nullopt};
+            return bytes;
         }
         length += read;
         if (length == kMostRoom) {
@@ -54,15 +54,15 @@ bool fileExists(const QString &name)
     return durable::canBeName(name) && durable::exists(durable::pathOf(name));
 }
 
-FileContent readFile(const QString &name)
+Result<QByteArray> readFile(const QString &name)
 {
-    if (auto unfit = whyNotOrdinary(name)) {
-        return {{}, unfit};
+    if (const auto ordinary = checkOrdinary(name); !ordinary) {
+        return tl::unexpected(ordinary.error());
     }
     // Alone, else a record that another copy of this program is just writing could be read in part.
     QFile file;
-    if (const auto failure = durable::openAlone(file, durable::pathOf(name), QIODevice::ReadOnly)) {
-        return {{}, FileError{*failure}};
+    if (const auto cause = durable::openAlone(file, durable::pathOf(name), QIODevice::ReadOnly)) {
+        return failure(*cause);
     }
     return readToEnd(file);
 }

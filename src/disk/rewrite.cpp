@@ -40,7 +40,8 @@ std::optional<FileError> compare(QFile &file, QByteArrayView known)
             return std::nullopt;
         }
         if (read == 0 || !known.startsWith(QByteArrayView(block.data(), read))) {
-            return FileError{.cause = kChanged.toString(), .outdated = true};
+            return FileError{.cause = kChanged.toString(),
+                             .outcome = FileOutcome::ChangedByAnother};
         }
         known = known.sliced(read);
     }
@@ -64,7 +65,7 @@ std::optional<FileError> whyNotAsKnown(const QString &name, const QString &path,
     file.close(); // now, to keep the time between the last look and the commit short
     // Comparing takes time, in which the file may be replaced.
     if (durable::realPathOf(durable::pathOf(name)) != path || durable::stateOf(path) != state) {
-        return FileError{.cause = kChanged.toString(), .outdated = true};
+        return FileError{.cause = kChanged.toString(), .outcome = FileOutcome::ChangedByAnother};
     }
     return std::nullopt;
 }
@@ -94,32 +95,32 @@ std::optional<FileError> replace(const QString &name, const QString &path, QFile
 
 } // namespace
 
-std::optional<FileError> rewriteFile(const QString &name, QByteArrayView bytes,
-                                     std::optional<QByteArrayView> known)
+Result<void> rewriteFile(const QString &name, QByteArrayView bytes,
+                         std::optional<QByteArrayView> known)
 {
-    if (auto unfit = whyNotOrdinary(name)) {
-        return unfit;
+    if (auto ordinary = checkOrdinary(name); !ordinary) {
+        return ordinary;
     }
     // Followed here, because Qt takes a link that it cannot look up for a plain file.
     const std::optional<QString> path = durable::realPathOf(durable::pathOf(name));
     if (!path) {
-        return FileError{qt_error_string()};
+        return failure(qt_error_string());
     }
     QFile old; // keeps its lock until the new file has taken its place
     if (auto unfit = claim(old, *path)) {
-        return unfit;
+        return tl::unexpected(*unfit);
     }
     durable::Replacement file(*path);
-    if (const auto failure = file.write(bytes)) {
-        return FileError{*failure};
+    if (const auto cause = file.write(bytes)) {
+        return failure(*cause);
     }
-    if (auto failure = replace(name, *path, old, file, known)) {
-        return failure;
+    if (auto error = replace(name, *path, old, file, known)) {
+        return tl::unexpected(*error);
     }
-    if (const auto failure = file.syncName()) {
-        return FileError{*failure, false, true};
+    if (const auto cause = file.syncName()) {
+        return failure(*cause, FileOutcome::Unconfirmed);
     }
-    return std::nullopt;
+    return {};
 }
 
 } // namespace tarvold

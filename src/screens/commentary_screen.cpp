@@ -203,15 +203,19 @@ bool CommentaryScreen::write()
         return false;
     }
     const auto fileName = [this] { return m_screens.text(rowOf(m_table.kind).nameBox); };
-    while (const auto error = appendToFile(fileName(), record.bytes)) {
-        if (!saveelsewhere::offer(m_screens, {.asking = this,
-                                              .title = QLatin1StringView(messagebox::kTitle),
-                                              .text = failures::notSaved(fileName(), *error),
-                                              .kind = m_table.kind})) {
+    while (true) {
+        const auto appended = appendToFile(fileName(), record.bytes);
+        if (appended) {
+            return true;
+        }
+        if (!saveelsewhere::offer(m_screens,
+                                  {.asking = this,
+                                   .title = QLatin1StringView(messagebox::kTitle),
+                                   .text = failures::notSaved(fileName(), appended.error()),
+                                   .kind = m_table.kind})) {
             return false;
         }
     }
-    return true;
 }
 
 } // namespace tarvold

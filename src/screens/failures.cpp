@@ -17,20 +17,25 @@ QString shown(char32_t character)
     return canBeSeen ? u"\"%1\" (%2)"_s.arg(QString::fromUcs4(&character, 1), number) : number;
 }
 
+bool isUnchanged(const FileError &error)
+{
+    return error.outcome == FileOutcome::Unchanged;
+}
+
 } // namespace
 
 QString notSaved(const QString &name, const FileError &error)
 {
     const QString state =
-        error.unchanged ? u"Nothing was written, and everything that you typed is still here."_s
-                        : u"Part of the record may be in the file and could not be taken out "
-                          "again. Everything that you typed is still here."_s;
+        isUnchanged(error) ? u"Nothing was written, and everything that you typed is still here."_s
+                           : u"Part of the record may be in the file and could not be taken out "
+                             "again. Everything that you typed is still here."_s;
     return u"The file \"%1\" could not be written.\n\n%2\n\n%3"_s.arg(name, error.cause, state);
 }
 
 QString notRewritten(const QString &name, const FileError &error, const QString &kept)
 {
-    if (error.inPlace) {
+    if (error.outcome == FileOutcome::Unconfirmed) {
         return u"The file \"%1\" was written, but the disk did not confirm it.\n\n%2\n\n"
                "The change is in the file. Should the computer stop before the disk "
                "has caught up, it may be lost."_s.arg(name, error.cause);
@@ -56,7 +61,7 @@ QString inTheWay(const QString &name)
 
 QString notLoaded(const QString &name, const FileError &error)
 {
-    const QString state = error.unchanged
+    const QString state = isUnchanged(error)
                               ? u"Nothing was changed."_s
                               : u"The file was missing, and an empty one may be there now."_s;
     return u"The file \"%1\" could not be loaded.\n\n%2\n\n%3"_s.arg(name, error.cause, state);
@@ -78,10 +83,10 @@ QString noSource()
 QString notImported(const QString &name, const FileError &error)
 {
     const QString state =
-        error.unchanged ? u"Nothing was imported. Correct the file or choose another one, then "
-                          "import again."_s
-                        : u"Part of the records may be in the file and could not be taken out "
-                          "again."_s;
+        isUnchanged(error) ? u"Nothing was imported. Correct the file or choose another one, then "
+                             "import again."_s
+                           : u"Part of the records may be in the file and could not be taken out "
+                             "again."_s;
     return u"The file \"%1\" kept the import from being done.\n\n%2\n\n%3"_s.arg(name, error.cause,
                                                                                  state);
 }

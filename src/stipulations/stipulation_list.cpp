@@ -28,6 +28,16 @@ namespace {
 
 constexpr char kTitle[] = "Stipulations Editor";
 
+bool isChangedByAnother(const std::optional<FileError> &error)
+{
+    return error && error->outcome == FileOutcome::ChangedByAnother;
+}
+
+bool isUnconfirmed(const std::optional<FileError> &error)
+{
+    return error && error->outcome == FileOutcome::Unconfirmed;
+}
+
 } // namespace
 
 Form16::Form16(Screens &screens)
@@ -203,7 +213,7 @@ void Form16::remove()
         std::move(before), {this, u"No deletes nothing, and the list stays as you see it."_s});
     if (!error) {
         messagebox::notice(this, u"Delete"_s, u"Stipulation Deleted."_s);
-    } else if (!error->outdated) {
+    } else if (!isChangedByAnother(error)) {
         messagebox::notice(
             this, QLatin1StringView(kTitle),
             failures::notRewritten(fileName(), *error, u"The stipulation is still in the list."_s));
@@ -213,13 +223,13 @@ void Form16::remove()
 void Form16::store(const StipulationTable::Record &record)
 {
     std::optional<FileError> error = tryToStore(record);
-    while (error && !error->outdated && !error->inPlace) {
+    while (error && !isChangedByAnother(error) && !isUnconfirmed(error)) {
         if (!goesElsewhere(*error)) {
             return;
         }
         error = tryToStore(record);
     }
-    if (error && error->outdated) {
+    if (isChangedByAnother(error)) {
         return;
     }
     messagebox::notice(&form(), QLatin1StringView(kTitle),
@@ -262,7 +272,7 @@ std::optional<FileError> Form16::writeBackOr(StipulationTable::Snapshot before,
         return m_stipulations.writeBack(fileName(), ifChanged);
     };
     auto error = write(IfChanged::Refuse);
-    if (error && error->outdated) {
+    if (isChangedByAnother(error)) {
         // What the list shows behind the question is still in the table.
         StipulationTable::Snapshot after = m_stipulations.snapshot();
         m_stipulations.restore(before);
@@ -274,7 +284,7 @@ std::optional<FileError> Form16::writeBackOr(StipulationTable::Snapshot before,
         m_stipulations.restore(std::move(after));
         error = write(IfChanged::Overwrite);
     }
-    if (error && !error->inPlace) {
+    if (error && !isUnconfirmed(error)) {
         m_stipulations.restore(std::move(before));
     } else {
         m_model->show(m_stipulations.namedRecords());

@@ -30,7 +30,7 @@ protected:
             return {};
         }
         EXPECT_EQ(failure->file, file);
-        EXPECT_TRUE(failure->error.unchanged);
+        EXPECT_EQ(failure->error.outcome, FileOutcome::Unchanged);
         EXPECT_FALSE(failure->error.cause.isEmpty());
         return failure->error.cause;
     }

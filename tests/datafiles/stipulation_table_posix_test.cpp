@@ -40,7 +40,7 @@ TEST_F(StipulationTableRights, TellsThatItMadeAFileThatItMayNotRead)
     EXPECT_TRUE(holdsForOrdinaryUser([] {
         umask(0444);
         const auto error = StipulationTable().load(u"a.tvd"_s);
-        return error && !error->unchanged;
+        return error && error->outcome == FileOutcome::MaybeChanged;
     }));
     EXPECT_EQ(folderContent(), "a.tvd");
 }

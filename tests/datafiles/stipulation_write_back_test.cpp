@@ -179,8 +179,7 @@ TEST_F(TwoStipulationTables, KeepWhatTheOtherOneWrote)
 {
     const auto error = table.writeBack(path());
     ASSERT_TRUE(error);
-    EXPECT_TRUE(error->outdated);
-    EXPECT_TRUE(error->unchanged);
+    EXPECT_EQ(error->outcome, FileOutcome::ChangedByAnother);
     EXPECT_EQ(content(), others);
 }
 

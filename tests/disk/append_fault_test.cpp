@@ -42,7 +42,7 @@ class AppendFault : public FolderTest
 {
 protected:
     /// Appends too much under a limit, so that the write stops half-way.
-    static std::optional<FileError> appendTooMuch(const QString &name)
+    static Result<void> appendTooMuch(const QString &name)
     {
         const SizeLimit limit(kLimit);
         return appendToFile(name, kTooMuch);
@@ -52,34 +52,34 @@ protected:
 TEST_F(AppendFault, AWriteThatStopsHalfWayLeavesTheOldBytes)
 {
     put(u"old.tvd"_s, "old\r\n");
-    const std::optional<FileError> error = appendTooMuch(u"old.tvd"_s);
-    ASSERT_TRUE(error.has_value());
-    EXPECT_TRUE(error->unchanged);
-    EXPECT_FALSE(error->cause.isEmpty());
+    const auto saved = appendTooMuch(u"old.tvd"_s);
+    ASSERT_FALSE(saved);
+    EXPECT_EQ(saved.error().outcome, FileOutcome::Unchanged);
+    EXPECT_FALSE(saved.error().cause.isEmpty());
     EXPECT_EQ(bytesOf(u"old.tvd"_s), QByteArray("old\r\n"));
 }
 
 TEST_F(AppendFault, AWriteThatStopsHalfWayTakesAwayTheFileItCreated)
 {
-    const std::optional<FileError> error = appendTooMuch(u"new.tvd"_s);
-    ASSERT_TRUE(error.has_value());
-    EXPECT_TRUE(error->unchanged);
+    const auto saved = appendTooMuch(u"new.tvd"_s);
+    ASSERT_FALSE(saved);
+    EXPECT_EQ(saved.error().outcome, FileOutcome::Unchanged);
     EXPECT_EQ(entries(), QStringList());
 }
 
 TEST_F(AppendFault, AnEmptyFileThatWasThereStays)
 {
     put(u"empty.tvd"_s, {});
-    ASSERT_TRUE(appendTooMuch(u"empty.tvd"_s).has_value());
+    ASSERT_FALSE(appendTooMuch(u"empty.tvd"_s));
     EXPECT_EQ(bytesOf(u"empty.tvd"_s), QByteArray());
 }
 
 TEST_F(AppendFault, ThroughALinkToAMissingFileTheLinkStaysAndTheFileGoes)
 {
     ASSERT_EQ(::symlink("real.tvd", "link.tvd"), 0);
-    const std::optional<FileError> error = appendTooMuch(u"link.tvd"_s);
-    ASSERT_TRUE(error.has_value());
-    EXPECT_TRUE(error->unchanged);
+    const auto saved = appendTooMuch(u"link.tvd"_s);
+    ASSERT_FALSE(saved);
+    EXPECT_EQ(saved.error().outcome, FileOutcome::Unchanged);
     EXPECT_EQ(entries(), QStringList{u"link.tvd"_s});
 }
 
@@ -87,15 +87,15 @@ TEST_F(AppendFault, AFileThatIsFullFromTheStartStays)
 {
     const QByteArray old(qsizetype(kLimit), 'o');
     put(u"full.tvd"_s, old);
-    ASSERT_TRUE(appendTooMuch(u"full.tvd"_s).has_value());
+    ASSERT_FALSE(appendTooMuch(u"full.tvd"_s));
     EXPECT_EQ(bytesOf(u"full.tvd"_s), old);
 }
 
 TEST_F(AppendFault, ASecondTryWithRoomSucceeds)
 {
     put(u"old.tvd"_s, "old\r\n");
-    ASSERT_TRUE(appendTooMuch(u"old.tvd"_s).has_value());
-    EXPECT_FALSE(appendToFile(u"old.tvd"_s, "a\r\n").has_value());
+    ASSERT_FALSE(appendTooMuch(u"old.tvd"_s));
+    EXPECT_TRUE(appendToFile(u"old.tvd"_s, "a\r\n"));
     EXPECT_EQ(bytesOf(u"old.tvd"_s), QByteArray("old\r\na\r\n"));
 }
 
@@ -113,8 +113,11 @@ bool becomeOrdinary()
     if (!becomeOrdinary()) {
         ::_exit(2);
     }
-    const std::optional<FileError> error = appendToFile(name, "a\r\n");
-    ::_exit(error && error->unchanged && !error->cause.isEmpty() ? 0 : 1);
+    const auto saved = appendToFile(name, "a\r\n");
+    ::_exit(!saved && saved.error().outcome == FileOutcome::Unchanged &&
+                    !saved.error().cause.isEmpty()
+                ? 0
+                : 1);
 }
 
 class AppendFaultDeathTest : public AppendFault

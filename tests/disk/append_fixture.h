@@ -12,23 +12,23 @@ protected:
     /// Appends and fails the test on an error.
     static void append(const QString &name, const QByteArray &bytes)
     {
-        const std::optional<FileError> error = appendToFile(name, bytes);
-        EXPECT_FALSE(error.has_value()) << error->cause.toStdString();
+        const auto saved = appendToFile(name, bytes);
+        EXPECT_TRUE(saved) << saved.error().cause.toStdString();
     }
 
     /// Appends, expects an error that left everything as it was, and gives its cause.
     static QString refused(const QString &name)
     {
         const QStringList before = entries();
-        const std::optional<FileError> error = appendToFile(name, "bytes\r\n");
+        const auto saved = appendToFile(name, "bytes\r\n");
         EXPECT_EQ(entries(), before);
-        if (!error) {
+        if (saved) {
             ADD_FAILURE() << "the append was not refused";
             return {};
         }
-        EXPECT_TRUE(error->unchanged);
-        EXPECT_FALSE(error->cause.isEmpty());
-        return error->cause;
+        EXPECT_EQ(saved.error().outcome, FileOutcome::Unchanged);
+        EXPECT_FALSE(saved.error().cause.isEmpty());
+        return saved.error().cause;
     }
 };
 

@@ -110,12 +110,11 @@ protected:
         EXPECT_FALSE(isSyncToFail || isMadeByAnother || arriving) << "nothing failed";
     }
 
-    static void expectRefused(const std::optional<FileError> &refusal)
+    static void expectRefused(const Result<void> &saved)
     {
-        ASSERT_TRUE(refusal);
-        EXPECT_EQ(refusal->cause, qt_error_string(int(kError)));
-        EXPECT_TRUE(refusal->unchanged);
-        EXPECT_FALSE(refusal->inPlace);
+        ASSERT_FALSE(saved);
+        EXPECT_EQ(saved.error().cause, qt_error_string(int(kError)));
+        EXPECT_EQ(saved.error().outcome, FileOutcome::Unchanged);
     }
 };
 
@@ -146,11 +145,11 @@ TEST_F(Fault, ARewriteThatMayNotTakeTheNameTellsAtOnce)
 {
     isRenameDenied = true;
     const auto start = std::chrono::steady_clock::now();
-    const auto refusal = rewriteFile(kFile, kNew, kOld);
+    const auto saved = rewriteFile(kFile, kNew, kOld);
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
-    ASSERT_TRUE(refusal);
-    EXPECT_EQ(refusal->cause, qt_error_string(ERROR_ACCESS_DENIED));
-    EXPECT_TRUE(refusal->unchanged);
+    ASSERT_FALSE(saved);
+    EXPECT_EQ(saved.error().cause, qt_error_string(ERROR_ACCESS_DENIED));
+    EXPECT_EQ(saved.error().outcome, FileOutcome::Unchanged);
     EXPECT_EQ(bytesIn(kFile), kOld);
     EXPECT_EQ(folderContent(), "data.tvd");
 }
@@ -181,18 +180,18 @@ TEST_F(Fault, HalfARecordThatCannotBeTakenBackIsTold)
 {
     arriving = kHalf;
     isSyncToFail = true;
-    const auto refusal = appendToFile(kFile, kNew);
-    ASSERT_TRUE(refusal);
-    EXPECT_FALSE(refusal->unchanged);
+    const auto saved = appendToFile(kFile, kNew);
+    ASSERT_FALSE(saved);
+    EXPECT_EQ(saved.error().outcome, FileOutcome::MaybeChanged);
 }
 
 TEST_F(Fault, WhatAnotherProgramWroteInsteadStaysAndIsTold)
 {
     theirs = "their\r\n";
     arriving = DWORD(theirs.size());
-    const auto refusal = appendToFile(kFile, kNew);
-    ASSERT_TRUE(refusal);
-    EXPECT_FALSE(refusal->unchanged);
+    const auto saved = appendToFile(kFile, kNew);
+    ASSERT_FALSE(saved);
+    EXPECT_EQ(saved.error().outcome, FileOutcome::MaybeChanged);
     EXPECT_EQ(bytesIn(kFile), kOld + theirs);
 }
 
@@ -200,10 +199,10 @@ TEST_F(Fault, AWriteOfNothingIsAFailure)
 {
     arriving = 0;
     answer = TRUE;
-    const auto refusal = appendToFile(kFile, kNew);
-    ASSERT_TRUE(refusal);
-    EXPECT_EQ(refusal->cause, qt_error_string(ERROR_WRITE_FAULT));
-    EXPECT_TRUE(refusal->unchanged);
+    const auto saved = appendToFile(kFile, kNew);
+    ASSERT_FALSE(saved);
+    EXPECT_EQ(saved.error().cause, qt_error_string(ERROR_WRITE_FAULT));
+    EXPECT_EQ(saved.error().outcome, FileOutcome::Unchanged);
     EXPECT_EQ(bytesIn(kFile), kOld);
 }
 

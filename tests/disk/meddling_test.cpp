@@ -59,14 +59,14 @@ protected:
         };
     }
 
-    static std::optional<FileError> appendDuring(const std::function<void()> &meddle)
+    static Result<void> appendDuring(const std::function<void()> &meddle)
     {
         meddleOnce(meddle);
         return appendToFile(kFile, kNew);
     }
 
-    static std::optional<FileError> rewriteDuring(const std::function<void()> &meddle,
-                                                  const QString &name = kFile)
+    static Result<void> rewriteDuring(const std::function<void()> &meddle,
+                                      const QString &name = kFile)
     {
         meddleOnce(meddle);
         return rewriteFile(name, kNew, kOld);
@@ -78,43 +78,43 @@ using RewriteMeddling = Meddling;
 
 TEST_F(AppendMeddling, AFileThatReplacesTheOldOneGetsTheRecord)
 {
-    EXPECT_FALSE(appendDuring([] { replaceBy(kTheirs); }));
+    EXPECT_TRUE(appendDuring([] { replaceBy(kTheirs); }));
     EXPECT_EQ(bytesIn(kFile), kTheirs + kNew);
 }
 
 TEST_F(AppendMeddling, ACopyThatAlreadyHasTheRecordDoesNotGetItTwice)
 {
-    EXPECT_FALSE(appendDuring([] { replaceBy(bytesIn(kFile)); }));
+    EXPECT_TRUE(appendDuring([] { replaceBy(bytesIn(kFile)); }));
     EXPECT_EQ(bytesIn(kFile), kOld + kNew);
 }
 
 TEST_F(AppendMeddling, ARemovedFileIsMadeAnewWithTheRecord)
 {
-    EXPECT_FALSE(appendDuring([] { QFile::remove(kFile); }));
+    EXPECT_TRUE(appendDuring([] { QFile::remove(kFile); }));
     EXPECT_EQ(bytesIn(kFile), kNew);
 }
 
 TEST_F(AppendMeddling, AFileThatIsWrittenAnewInPlaceGetsTheRecord)
 {
-    EXPECT_FALSE(appendDuring([] { putBytes(kFile, kTheirs); }));
+    EXPECT_TRUE(appendDuring([] { putBytes(kFile, kTheirs); }));
     EXPECT_EQ(bytesIn(kFile), kTheirs + kNew);
 }
 
 TEST_F(AppendMeddling, ARecordThatWasMovedInsideTheFileDoesNotStandThereTwice)
 {
-    EXPECT_FALSE(appendDuring([] { putBytes(kFile, kTheirs + bytesIn(kFile)); }));
+    EXPECT_TRUE(appendDuring([] { putBytes(kFile, kTheirs + bytesIn(kFile)); }));
     EXPECT_EQ(bytesIn(kFile), kTheirs + kOld + kNew);
 }
 
 TEST_F(AppendMeddling, TheEndOfALongerLineIsNoRecord)
 {
-    EXPECT_FALSE(appendDuring([] { putBytes(kFile, "re" + kNew); }));
+    EXPECT_TRUE(appendDuring([] { putBytes(kFile, "re" + kNew); }));
     EXPECT_EQ(bytesIn(kFile), "re" + kNew + kNew);
 }
 
 TEST_F(AppendMeddling, TheOldFileUnderItsNewNameDoesNotKeepTheRecord)
 {
-    EXPECT_FALSE(appendDuring([] {
+    EXPECT_TRUE(appendDuring([] {
         ASSERT_EQ(::rename("data.tvd", "data.tvd~"), 0);
         putBytes(kFile, kTheirs);
     }));
@@ -124,7 +124,7 @@ TEST_F(AppendMeddling, TheOldFileUnderItsNewNameDoesNotKeepTheRecord)
 
 TEST_F(AppendMeddling, WhatWasWrittenBehindTheRecordMeanwhileStays)
 {
-    EXPECT_FALSE(appendDuring([] {
+    EXPECT_TRUE(appendDuring([] {
         QFile file(kFile);
         ASSERT_TRUE(file.open(QIODevice::Append));
         ASSERT_EQ(file.write(kTheirs), kTheirs.size());
@@ -134,13 +134,13 @@ TEST_F(AppendMeddling, WhatWasWrittenBehindTheRecordMeanwhileStays)
 
 TEST_F(AppendMeddling, AFolderInThePlaceOfTheFileIsToldAndNothingIsSaved)
 {
-    const auto error = appendDuring([] {
+    const auto saved = appendDuring([] {
         QFile::remove(kFile);
         ASSERT_EQ(::mkdir("data.tvd", 0700), 0);
     });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->cause, u"It is a folder."_s);
-    EXPECT_TRUE(error->unchanged);
+    ASSERT_FALSE(saved);
+    EXPECT_EQ(saved.error().cause, u"It is a folder."_s);
+    EXPECT_EQ(saved.error().outcome, FileOutcome::Unchanged);
 }
 
 TEST_F(AppendMeddling, AFileThatIsReplacedEachTimeIsGivenUp)
@@ -151,10 +151,10 @@ TEST_F(AppendMeddling, AFileThatIsReplacedEachTimeIsGivenUp)
             replaceBy(kTheirs);
         }
     };
-    const auto error = appendToFile(kFile, kNew);
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->cause, u"Another program changes it again and again."_s);
-    EXPECT_TRUE(error->unchanged);
+    const auto saved = appendToFile(kFile, kNew);
+    ASSERT_FALSE(saved);
+    EXPECT_EQ(saved.error().cause, u"Another program changes it again and again."_s);
+    EXPECT_EQ(saved.error().outcome, FileOutcome::Unchanged);
     EXPECT_EQ(bytesIn(kFile), kTheirs);
     EXPECT_LT(times, 100);
 }
@@ -162,32 +162,32 @@ TEST_F(AppendMeddling, AFileThatIsReplacedEachTimeIsGivenUp)
 TEST_F(AppendMeddling, AFileThatMayNotBeReadIsTrustedForItsSize)
 {
     EXPECT_TRUE(::chmod(".", 0777) == 0 && ::chmod("data.tvd", 0222) == 0);
-    EXPECT_TRUE(holdsForOrdinaryUser([] { return !appendToFile(kFile, kNew); }));
+    EXPECT_TRUE(holdsForOrdinaryUser([] { return appendToFile(kFile, kNew).has_value(); }));
     EXPECT_EQ(bytesIn(kFile), kOld + kNew);
 }
 
 TEST_F(RewriteMeddling, ARemovedFileIsMadeAnew)
 {
-    EXPECT_FALSE(rewriteDuring([] { QFile::remove(kFile); }));
+    EXPECT_TRUE(rewriteDuring([] { QFile::remove(kFile); }));
     EXPECT_EQ(bytesIn(kFile), kNew);
 }
 
 TEST_F(RewriteMeddling, AFileThatIsRemovedBehindALinkedFolderIsMadeAnew)
 {
     ASSERT_EQ(::symlink(".", "link"), 0);
-    EXPECT_FALSE(rewriteDuring([] { QFile::remove(kFile); }, u"link/"_s + kFile));
+    EXPECT_TRUE(rewriteDuring([] { QFile::remove(kFile); }, u"link/"_s + kFile));
     EXPECT_EQ(bytesIn(kFile), kNew);
 }
 
 TEST_F(RewriteMeddling, APipeInThePlaceOfTheFileIsToldAndNotWaitedFor)
 {
-    const auto error = rewriteDuring([] {
+    const auto saved = rewriteDuring([] {
         QFile::remove(kFile);
         ASSERT_EQ(::mkfifo("data.tvd", 0600), 0);
     });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->cause, u"It is not an ordinary file."_s);
-    EXPECT_TRUE(error->unchanged);
+    ASSERT_FALSE(saved);
+    EXPECT_EQ(saved.error().cause, u"It is not an ordinary file."_s);
+    EXPECT_EQ(saved.error().outcome, FileOutcome::Unchanged);
     EXPECT_FALSE(QFileInfo(kFile).isFile());
 }
 

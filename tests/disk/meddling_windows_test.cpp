@@ -62,13 +62,13 @@ protected:
     void SetUp() override { putBytes(kFile, kOld); }
     void TearDown() override { EXPECT_FALSE(duringSync) << "nothing was synced"; }
 
-    static std::optional<FileError> appendDuring(const std::function<void()> &meddle)
+    static Result<void> appendDuring(const std::function<void()> &meddle)
     {
         duringSync = meddle;
         return appendToFile(kFile, kNew);
     }
 
-    static std::optional<FileError> rewriteDuring(const std::function<void()> &meddle)
+    static Result<void> rewriteDuring(const std::function<void()> &meddle)
     {
         duringSync = meddle;
         return rewriteFile(kFile, kNew, kOld);
@@ -83,14 +83,14 @@ void writeInPlace(const QByteArray &bytes)
 
 TEST_F(Meddling, ARecordThatIsOverwrittenIsAppendedAgain)
 {
-    EXPECT_FALSE(appendDuring([] { writeInPlace(kTheirs); }));
+    EXPECT_TRUE(appendDuring([] { writeInPlace(kTheirs); }));
     EXPECT_EQ(bytesIn(kFile), kTheirs + kNew);
 }
 
 TEST_F(Meddling, AFileThatIsRemovedIsMadeAnew)
 {
     bool isStillToBeSeen = false;
-    EXPECT_FALSE(appendDuring([&isStillToBeSeen] {
+    EXPECT_TRUE(appendDuring([&isStillToBeSeen] {
         ASSERT_TRUE(::DeleteFileW(nativeName(kFile).c_str()));
         isStillToBeSeen = QFile(kFile).open(QIODevice::ReadOnly);
     }));
@@ -102,7 +102,7 @@ TEST_F(Meddling, AFileThatIsRemovedIsMadeAnew)
 
 TEST_F(Meddling, AFileThatIsRenamedDoesNotKeepTheRecord)
 {
-    EXPECT_FALSE(appendDuring([] {
+    EXPECT_TRUE(appendDuring([] {
         ASSERT_TRUE(::MoveFileW(L"data.tvd", L"data.old"));
         putBytes(kFile, kTheirs);
     }));
@@ -112,36 +112,36 @@ TEST_F(Meddling, AFileThatIsRenamedDoesNotKeepTheRecord)
 
 TEST_F(Meddling, ARecordThatWasMovedInsideTheFileDoesNotStandThereTwice)
 {
-    EXPECT_FALSE(appendDuring([] { writeInPlace(kTheirs + bytesIn(kFile)); }));
+    EXPECT_TRUE(appendDuring([] { writeInPlace(kTheirs + bytesIn(kFile)); }));
     EXPECT_EQ(bytesIn(kFile), kTheirs + kOld + kNew);
 }
 
 TEST_F(Meddling, AFileThatChangesDuringARewriteStays)
 {
-    const auto error = rewriteDuring([] { writeInPlace(kTheirs); });
-    ASSERT_TRUE(error);
-    EXPECT_TRUE(error->outdated);
+    const auto saved = rewriteDuring([] { writeInPlace(kTheirs); });
+    ASSERT_FALSE(saved);
+    EXPECT_EQ(saved.error().outcome, FileOutcome::ChangedByAnother);
     EXPECT_EQ(bytesIn(kFile), kTheirs);
     EXPECT_EQ(folderContent(), "data.tvd");
 }
 
 TEST_F(Meddling, ACopyThatComesBeforeTheNewFileHasTheNameLosesNoRecord)
 {
-    std::optional<FileError> refusal;
-    beforeRename = [&refusal] { refusal = appendToFile(kFile, kTheirs); };
-    EXPECT_FALSE(rewriteFile(kFile, kNew, kOld));
+    Result<void> saved;
+    beforeRename = [&saved] { saved = appendToFile(kFile, kTheirs); };
+    EXPECT_TRUE(rewriteFile(kFile, kNew, kOld));
     EXPECT_EQ(bytesIn(kFile), kNew);
     if (std::exchange(beforeRename, nullptr)) {
         GTEST_SKIP() << "this system replaces open files, so that the lock is kept all the time";
     }
-    ASSERT_TRUE(refusal);
-    EXPECT_EQ(refusal->cause, u"Another program is writing to it."_s);
-    EXPECT_TRUE(refusal->unchanged);
+    ASSERT_FALSE(saved);
+    EXPECT_EQ(saved.error().cause, u"Another program is writing to it."_s);
+    EXPECT_EQ(saved.error().outcome, FileOutcome::Unchanged);
 }
 
 TEST_F(Meddling, AFileThatIsRemovedDuringARewriteIsMadeAnew)
 {
-    EXPECT_FALSE(rewriteDuring([] { ASSERT_TRUE(::DeleteFileW(nativeName(kFile).c_str())); }));
+    EXPECT_TRUE(rewriteDuring([] { ASSERT_TRUE(::DeleteFileW(nativeName(kFile).c_str())); }));
     EXPECT_EQ(bytesIn(kFile), kNew);
 }
 

@@ -11,21 +11,20 @@ using Read = FolderTest;
 
 TEST_F(Read, GivesAllBytes)
 {
-    const QByteArray bytes("a\0\r\n\xFF", 5);
-    writeFile("a.tvd", bytes);
-    const FileContent content = readFile(u"a.tvd"_s);
-    EXPECT_FALSE(content.error);
-    EXPECT_EQ(content.bytes, bytes);
+    const QByteArray all("a\0\r\n\xFF", 5);
+    writeFile("a.tvd", all);
+    const auto bytes = readFile(u"a.tvd"_s);
+    ASSERT_TRUE(bytes);
+    EXPECT_EQ(*bytes, all);
 }
 
 TEST_F(Read, RefusesWhatIsNoOrdinaryFile)
 {
     ASSERT_TRUE(QDir().mkdir(u"folder"_s));
     for (const char *unfit : {"", "folder", "missing"}) {
-        const FileContent content = readFile(QString::fromLatin1(unfit));
-        ASSERT_TRUE(content.error) << unfit;
-        EXPECT_FALSE(content.error->cause.isEmpty());
-        EXPECT_TRUE(content.bytes.isEmpty());
+        const auto bytes = readFile(QString::fromLatin1(unfit));
+        ASSERT_FALSE(bytes) << unfit;
+        EXPECT_FALSE(bytes.error().cause.isEmpty());
     }
 }
 

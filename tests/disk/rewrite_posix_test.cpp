@@ -29,7 +29,7 @@ TEST_F(Rewrite, LetsWhoReadsTheOldFileReadItToItsEnd)
     writeFile("a.tvd", "old");
     QFile reader(name());
     ASSERT_TRUE(reader.open(QIODevice::ReadOnly | QIODevice::Unbuffered));
-    EXPECT_FALSE(rewriteFile(name(), "new"));
+    EXPECT_TRUE(rewriteFile(name(), "new"));
     EXPECT_EQ(reader.readAll(), "old");
 }
 
@@ -38,7 +38,7 @@ TEST_F(Rewrite, KeepsTheModeOfTheFile)
     for (const mode_t mode : {0600U, 0640U, 0664U, 0755U}) {
         writeFile("a.tvd", "old");
         ASSERT_EQ(chmod("a.tvd", mode), 0);
-        EXPECT_FALSE(rewriteFile(name(), "new"));
+        EXPECT_TRUE(rewriteFile(name(), "new"));
         EXPECT_EQ(modeOf("a.tvd"), mode);
     }
 }
@@ -48,7 +48,7 @@ TEST_F(Rewrite, WritesThroughASymbolicLink)
     ASSERT_TRUE(QDir().mkdir(u"elsewhere"_s));
     writeFile("elsewhere/target", "old");
     ASSERT_EQ(symlink("elsewhere/target", "a.tvd"), 0);
-    EXPECT_FALSE(rewriteFile(name(), "new"));
+    EXPECT_TRUE(rewriteFile(name(), "new"));
     EXPECT_TRUE(QFileInfo(name()).isSymLink());
     EXPECT_EQ(readBack("elsewhere/target"), "new");
     EXPECT_EQ(folderContent(), "a.tvd elsewhere");
@@ -59,7 +59,7 @@ TEST_F(Rewrite, WritesThroughLinksThatLeadToNoFileYet)
     ASSERT_TRUE(QDir().mkdir(u"elsewhere"_s));
     ASSERT_EQ(symlink("elsewhere/second", "a.tvd"), 0);
     ASSERT_EQ(symlink("../target", "elsewhere/second"), 0);
-    EXPECT_FALSE(rewriteFile(name(), "new"));
+    EXPECT_TRUE(rewriteFile(name(), "new"));
     EXPECT_TRUE(QFileInfo(name()).isSymLink());
     EXPECT_TRUE(QFileInfo(u"elsewhere/second"_s).isSymLink());
     EXPECT_EQ(readBack("target"), "new");
@@ -68,7 +68,7 @@ TEST_F(Rewrite, WritesThroughLinksThatLeadToNoFileYet)
 
 TEST_F(Rewrite, TakesANameThatStartsWithAColonAsAnOrdinaryOne)
 {
-    EXPECT_FALSE(rewriteFile(u":a.tvd"_s, "new"));
+    EXPECT_TRUE(rewriteFile(u":a.tvd"_s, "new"));
     EXPECT_EQ(folderContent(), ":a.tvd");
 }
 
@@ -78,8 +78,9 @@ TEST_F(Rewrite, LeavesAFileThatMustNotBeRead)
     ASSERT_EQ(chmod("a.tvd", 0222), 0);
     ASSERT_EQ(chmod(".", 0777), 0);
     EXPECT_TRUE(holdsForOrdinaryUser([] {
-        const auto error = rewriteFile(name(), "new", QByteArrayView("old"));
-        return error && error->unchanged && !error->outdated && !error->cause.isEmpty();
+        const auto saved = rewriteFile(name(), "new", QByteArrayView("old"));
+        return !saved && saved.error().outcome == FileOutcome::Unchanged &&
+               !saved.error().cause.isEmpty();
     }));
     EXPECT_EQ(readBack("a.tvd"), "old");
 }
@@ -87,14 +88,14 @@ TEST_F(Rewrite, LeavesAFileThatMustNotBeRead)
 TEST_F(Rewrite, LeavesTheOldFileWhenTheNewOneDoesNotFit)
 {
     writeFile("a.tvd", "old");
-    std::optional<FileError> error;
+    Result<void> saved;
     {
         const FileSizeLimit limit(1000);
-        error = rewriteFile(name(), QByteArray(100000, 'x'));
+        saved = rewriteFile(name(), QByteArray(100000, 'x'));
     }
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->cause.toStdString(), "File too large");
-    EXPECT_TRUE(error->unchanged);
+    ASSERT_FALSE(saved);
+    EXPECT_EQ(saved.error().cause.toStdString(), "File too large");
+    EXPECT_EQ(saved.error().outcome, FileOutcome::Unchanged);
     EXPECT_EQ(readBack("a.tvd"), "old");
     EXPECT_EQ(folderContent(), "a.tvd");
 }
@@ -105,8 +106,9 @@ TEST_F(Rewrite, LeavesTheOldFileInAFolderThatTakesNoFiles)
     ASSERT_EQ(chmod("a.tvd", 0666), 0);
     ASSERT_EQ(chmod(".", 0555), 0);
     EXPECT_TRUE(holdsForOrdinaryUser([] {
-        const auto error = rewriteFile(name(), "new");
-        return error && error->unchanged && !error->cause.isEmpty();
+        const auto saved = rewriteFile(name(), "new");
+        return !saved && saved.error().outcome == FileOutcome::Unchanged &&
+               !saved.error().cause.isEmpty();
     }));
     ASSERT_EQ(chmod(".", 0755), 0);
     EXPECT_EQ(readBack("a.tvd"), "old");
@@ -119,8 +121,9 @@ TEST_F(Rewrite, RefusesAFileThatMustNotBeWritten)
     ASSERT_EQ(chmod("a.tvd", 0444), 0);
     ASSERT_EQ(chmod(".", 0777), 0);
     EXPECT_TRUE(holdsForOrdinaryUser([] {
-        const auto error = rewriteFile(name(), "new");
-        return error && error->unchanged && !error->cause.isEmpty();
+        const auto saved = rewriteFile(name(), "new");
+        return !saved && saved.error().outcome == FileOutcome::Unchanged &&
+               !saved.error().cause.isEmpty();
     }));
     EXPECT_EQ(readBack("a.tvd"), "old");
     EXPECT_EQ(folderContent(), "a.tvd");
@@ -129,10 +132,10 @@ TEST_F(Rewrite, RefusesAFileThatMustNotBeWritten)
 TEST_F(Rewrite, RefusesAPipeWithoutWaitingForIt)
 {
     ASSERT_EQ(mkfifo("pipe", 0600), 0);
-    const auto error = rewriteFile(u"pipe"_s, "new");
-    ASSERT_TRUE(error);
-    EXPECT_TRUE(error->unchanged);
-    EXPECT_EQ(error->cause, u"It is not an ordinary file."_s);
+    const auto saved = rewriteFile(u"pipe"_s, "new");
+    ASSERT_FALSE(saved);
+    EXPECT_EQ(saved.error().outcome, FileOutcome::Unchanged);
+    EXPECT_EQ(saved.error().cause, u"It is not an ordinary file."_s);
     EXPECT_EQ(folderContent(), "pipe");
 }
 

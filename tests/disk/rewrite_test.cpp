@@ -16,23 +16,23 @@ using Rewrite = FolderTest;
 
 TEST_F(Rewrite, CreatesAMissingFile)
 {
-    EXPECT_FALSE(rewriteFile(name(), "new"));
+    EXPECT_TRUE(rewriteFile(name(), "new"));
     EXPECT_EQ(readBack("a.tvd"), "new");
 }
 
 TEST_F(Rewrite, PutsTheNewBytesInPlaceOfTheOldOnes)
 {
     writeFile("a.tvd", "old and longer");
-    EXPECT_FALSE(rewriteFile(name(), "new"));
+    EXPECT_TRUE(rewriteFile(name(), "new"));
     EXPECT_EQ(readBack("a.tvd"), "new");
-    EXPECT_FALSE(rewriteFile(name(), ""));
+    EXPECT_TRUE(rewriteFile(name(), ""));
     EXPECT_EQ(readBack("a.tvd"), "");
 }
 
 TEST_F(Rewrite, LeavesNoTemporaryFile)
 {
     writeFile("a.tvd", "old");
-    EXPECT_FALSE(rewriteFile(name(), "new"));
+    EXPECT_TRUE(rewriteFile(name(), "new"));
     EXPECT_EQ(folderContent(), "a.tvd");
 }
 
@@ -41,7 +41,7 @@ TEST_F(Rewrite, ReplacesAFileThatHoldsWhatIsKnown)
     for (const qsizetype size : {0, 1, 65535, 65536, 65537, 200000}) { // around whole blocks
         const QByteArray old(size, 'x');
         writeFile("a.tvd", old);
-        EXPECT_FALSE(rewriteFile(name(), "new", old)) << size;
+        EXPECT_TRUE(rewriteFile(name(), "new", old)) << size;
         EXPECT_EQ(readBack("a.tvd"), "new") << size;
     }
 }
@@ -54,11 +54,10 @@ TEST_F(Rewrite, LeavesAFileThatHoldsAnythingElse)
     const QByteArrayList others = {other, old + 'x', old.chopped(1), QByteArray()};
     for (const QByteArray &known : others) {
         writeFile("a.tvd", old);
-        const auto error = rewriteFile(name(), "new", known);
-        ASSERT_TRUE(error);
-        EXPECT_TRUE(error->outdated);
-        EXPECT_TRUE(error->unchanged);
-        EXPECT_EQ(error->cause.toStdString(), "Another program changed it.");
+        const auto saved = rewriteFile(name(), "new", known);
+        ASSERT_FALSE(saved);
+        EXPECT_EQ(saved.error().outcome, FileOutcome::ChangedByAnother);
+        EXPECT_EQ(saved.error().cause.toStdString(), "Another program changed it.");
         EXPECT_EQ(readBack("a.tvd"), old);
         EXPECT_EQ(folderContent(), "a.tvd");
     }
@@ -66,7 +65,7 @@ TEST_F(Rewrite, LeavesAFileThatHoldsAnythingElse)
 
 TEST_F(Rewrite, MakesAFileAnewThatIsGone)
 {
-    EXPECT_FALSE(rewriteFile(name(), "new", QByteArrayView("old")));
+    EXPECT_TRUE(rewriteFile(name(), "new", QByteArrayView("old")));
     EXPECT_EQ(readBack("a.tvd"), "new");
 }
 
@@ -74,10 +73,10 @@ TEST_F(Rewrite, RefusesWhatIsNoOrdinaryFile)
 {
     ASSERT_TRUE(QDir().mkdir(u"folder"_s));
     for (const char *unfit : {"", "folder", "missing/a.tvd"}) {
-        const auto error = rewriteFile(QString::fromLatin1(unfit), "new");
-        ASSERT_TRUE(error) << unfit;
-        EXPECT_TRUE(error->unchanged);
-        EXPECT_FALSE(error->cause.isEmpty());
+        const auto saved = rewriteFile(QString::fromLatin1(unfit), "new");
+        ASSERT_FALSE(saved) << unfit;
+        EXPECT_EQ(saved.error().outcome, FileOutcome::Unchanged);
+        EXPECT_FALSE(saved.error().cause.isEmpty());
     }
     EXPECT_EQ(folderContent(), "folder");
 }

@@ -38,12 +38,11 @@ using Rewrite = FolderTest;
 
 const auto kFile = u"a.tvd"_s;
 
-void expectRefused(const std::optional<FileError> &error, const QString &cause)
+void expectRefused(const Result<void> &saved, const QString &cause)
 {
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->cause, cause);
-    EXPECT_TRUE(error->unchanged);
-    EXPECT_FALSE(error->inPlace);
+    ASSERT_FALSE(saved);
+    EXPECT_EQ(saved.error().cause, cause);
+    EXPECT_EQ(saved.error().outcome, FileOutcome::Unchanged);
     EXPECT_EQ(bytesIn(kFile), "old");
     EXPECT_EQ(folderContent(), "a.tvd");
 }
@@ -64,7 +63,7 @@ TEST_F(Rewrite, WaitsForAProgramThatHasTheFileOpen)
         std::this_thread::sleep_for(300ms);
         other.reset();
     });
-    EXPECT_FALSE(rewriteFile(kFile, "new", QByteArrayView("old")));
+    EXPECT_TRUE(rewriteFile(kFile, "new", QByteArrayView("old")));
     release.join();
     EXPECT_EQ(bytesIn(kFile), "new");
     EXPECT_EQ(folderContent(), "a.tvd");
@@ -81,10 +80,10 @@ TEST_F(Rewrite, SeesWhatTheProgramThatItWaitsForWrites)
             100ms); // so that it is surely looked at before it may be replaced
         other.reset();
     });
-    const auto error = rewriteFile(kFile, "new", QByteArrayView("old"));
+    const auto saved = rewriteFile(kFile, "new", QByteArrayView("old"));
     release.join();
-    ASSERT_TRUE(error);
-    EXPECT_TRUE(error->outdated);
+    ASSERT_FALSE(saved);
+    EXPECT_EQ(saved.error().outcome, FileOutcome::ChangedByAnother);
     EXPECT_EQ(bytesIn(kFile), "odd");
     EXPECT_EQ(folderContent(), "a.tvd");
 }
@@ -93,10 +92,10 @@ TEST_F(Rewrite, LetsAProgramThatSharesAllReadTheOldFileToItsEnd)
 {
     put(kFile, "old");
     OtherProgram other(kFile, kSharesAll);
-    const auto error = rewriteFile(kFile, "new");
+    const auto saved = rewriteFile(kFile, "new");
     EXPECT_EQ(other.read(), "old");
-    if (error) {
-        expectRefused(error, u"Another program has it open."_s);
+    if (!saved) {
+        expectRefused(saved, u"Another program has it open."_s);
         GTEST_SKIP() << "this system replaces no open file, so the rewrite was refused";
     }
     EXPECT_EQ(bytesIn(kFile), "new");
@@ -126,7 +125,7 @@ TEST_F(Rewrite, KeepsTheAttributesOfTheFile)
     if ((attributesOf(kFile) & FILE_ATTRIBUTE_HIDDEN) == 0) {
         GTEST_SKIP() << "this file system has no hidden files";
     }
-    EXPECT_FALSE(rewriteFile(kFile, "new"));
+    EXPECT_TRUE(rewriteFile(kFile, "new"));
     EXPECT_TRUE(attributesOf(kFile) & FILE_ATTRIBUTE_HIDDEN);
 }
 
@@ -153,7 +152,7 @@ TEST_F(Rewrite, KeepsTheRightsThatTheFileWasGiven)
     ::LocalFree(everybodys);
     const QByteArray given = rightsOf(kFile);
     ASSERT_NE(given, ofTheFolder);
-    EXPECT_FALSE(rewriteFile(kFile, "new"));
+    EXPECT_TRUE(rewriteFile(kFile, "new"));
     EXPECT_EQ(rightsOf(kFile), given);
 }
 
@@ -163,14 +162,14 @@ TEST_F(Rewrite, AsksForTheOldTimeOfCreation)
     WIN32_FILE_ATTRIBUTE_DATA before = {};
     ASSERT_TRUE(::GetFileAttributesExW(nativeName(kFile).c_str(), GetFileExInfoStandard, &before));
     creationAskedFor = {};
-    EXPECT_FALSE(rewriteFile(kFile, "new"));
+    EXPECT_TRUE(rewriteFile(kFile, "new"));
     EXPECT_EQ(::CompareFileTime(&creationAskedFor, &before.ftCreationTime), 0);
 }
 
 TEST_F(Rewrite, KeepsTheNameAsItWasWritten)
 {
     put(kFile, "old");
-    EXPECT_FALSE(rewriteFile(u"A.TVD"_s, "new"));
+    EXPECT_TRUE(rewriteFile(u"A.TVD"_s, "new"));
     EXPECT_EQ(folderContent(), "a.tvd");
     EXPECT_EQ(bytesIn(kFile), "new");
 }
@@ -183,8 +182,8 @@ TEST_F(Rewrite, APathMayBeLong)
     }
     ASSERT_TRUE(QDir().mkpath(deep));
     const QString file = deep + u'/' + kFile;
-    EXPECT_FALSE(rewriteFile(file, "new"));
-    EXPECT_FALSE(rewriteFile(file, "newer", QByteArrayView("new")));
+    EXPECT_TRUE(rewriteFile(file, "new"));
+    EXPECT_TRUE(rewriteFile(file, "newer", QByteArrayView("new")));
     EXPECT_EQ(bytesIn(file), "newer");
     EXPECT_EQ(QDir(deep).entryList(QDir::Files), QStringList(kFile));
 }

@@ -41,7 +41,7 @@ protected:
         return start([records] {
             bool allSaved = true;
             for (int number = 0; number < records; ++number) {
-                allSaved = !appendToFile(kTarget, numbered("appended", number)) && allSaved;
+                allSaved = appendToFile(kTarget, numbered("appended", number)) && allSaved;
             }
             return allSaved;
         });
@@ -96,7 +96,8 @@ void saveEdits(int edits)
         record[1] = QByteArray::number(edit);
         table.replace(0, record);
         const auto error = table.writeBack(kTarget);
-        ASSERT_TRUE(!error || error->outdated) << error->cause.toStdString();
+        ASSERT_TRUE(!error || error->outcome == FileOutcome::ChangedByAnother)
+            << error->cause.toStdString();
         edit += error ? 0 : 1;
     }
 }

@@ -133,15 +133,15 @@ TEST(GuideMessages, EveryTextOfTheProgramStandsInTheGuide)
 TEST(GuideMessages, FailuresAreToldWhole)
 {
     const FileError unchanged = {.cause = kWhy};
-    const FileError changed = {.cause = kWhy, .unchanged = false};
-    const FileError inPlace = {.cause = kWhy, .unchanged = false, .inPlace = true};
+    const FileError changed = {.cause = kWhy, .outcome = FileOutcome::MaybeChanged};
+    const FileError unconfirmed = {.cause = kWhy, .outcome = FileOutcome::Unconfirmed};
     const QString stays = u"Everything that you typed is still here."_s;
     const QStringList guide = guideMessages();
     for (const QString &message : {
              failures::notSaved(kName, unchanged),
              failures::notSaved(kName, changed),
              failures::notRewritten(kName, unchanged, stays),
-             failures::notRewritten(kName, inPlace, stays),
+             failures::notRewritten(kName, unconfirmed, stays),
              failures::notLoaded(kName, unchanged),
              failures::notLoaded(kName, changed),
              failures::noSource(),

@@ -24,6 +24,7 @@ namespace {
 using namespace Qt::StringLiterals;
 
 using tarvold::FileError;
+using tarvold::FileOutcome;
 using tarvold::StipulationTable;
 
 enum Outcome { Saved = 0, Unchanged = 1, PossiblyChanged = 2, WrongUse = 3 };
@@ -56,9 +57,11 @@ Outcome report(const std::optional<FileError> &error)
         std::puts("ok");
         return Saved;
     }
-    std::printf("%s: %s\n", error->unchanged ? "unchanged" : "possibly changed",
+    const bool isUnchanged =
+        error->outcome == FileOutcome::Unchanged || error->outcome == FileOutcome::ChangedByAnother;
+    std::printf("%s: %s\n", isUnchanged ? "unchanged" : "possibly changed",
                 qPrintable(error->cause));
-    return error->unchanged ? Unchanged : PossiblyChanged;
+    return isUnchanged ? Unchanged : PossiblyChanged;
 }
 
 } // namespace
@@ -78,15 +81,16 @@ int main(int argc, char *argv[])
     if (operation == "stipulations"_L1) {
         return report(import(tarvold::DataFileKind::Stipulations, file, other));
     }
-    const tarvold::FileContent record = tarvold::readFile(other);
-    if (record.error) {
+    const auto record = tarvold::readFile(other);
+    if (!record) {
         return WrongUse;
     }
     if (operation == "append"_L1) {
-        return report(tarvold::appendToFile(file, record.bytes));
+        const auto appended = tarvold::appendToFile(file, *record);
+        return report(appended ? std::nullopt : std::optional(appended.error()));
     }
     if (operation == "rewrite"_L1) {
-        return report(rewrite(file, record.bytes));
+        return report(rewrite(file, *record));
     }
     return WrongUse;
 }

@@ -57,7 +57,8 @@ void checkMerge(const Pair &pair)
     const auto failure = importRecords({source, target, pair.kind},
                                        [&](const QString &message) { messages << message; });
     require(!failure == expected.succeeded, "the import is done exactly when it can be");
-    require(!failure || (failure->error.unchanged && !failure->error.cause.isEmpty()),
+    require(!failure || (failure->error.outcome == FileOutcome::Unchanged &&
+                         !failure->error.cause.isEmpty()),
             "a failure has a cause and leaves the target as it was");
     require(messages == expected.messages, "the duplicates told are those of the plain import");
     require(bytesIfThere(target) == expected.target, "the target is that of the plain import");

@@ -59,7 +59,8 @@ private:
         if (!m_isKnown) {
             const auto before = bytesIfThere(m_file);
             const auto error = m_table.writeBack(m_file);
-            require(error && error->outdated, "a file that another program changed is not lost");
+            require(error && error->outcome == FileOutcome::ChangedByAnother,
+                    "a file that another program changed is not lost");
             require(bytesIfThere(m_file) == before, "a refused file is as it was");
         }
         using IfChanged = StipulationTable::IfChanged;

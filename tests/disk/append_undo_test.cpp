@@ -52,7 +52,7 @@ private:
     int m_handle;
 };
 
-class AppendTakeBack : public ::testing::Test
+class AppendUndo : public ::testing::Test
 {
 protected:
     QString path() const { return folder.filePath(u"data.tvd"_s); }
@@ -95,39 +95,39 @@ void expectAllRecordsOfBoth(const QByteArray &file, int records)
     EXPECT_EQ(next[1], records);
 }
 
-TEST_F(AppendTakeBack, ARecordThatDoesNotFitIsTakenBackAtEverySize)
+TEST_F(AppendUndo, ARecordThatDoesNotFitIsTakenBackAtEverySize)
 {
     const QByteArray old("old\r\n");
     const QByteArray record(300, 'x');
     for (qsizetype size = old.size(); size < old.size() + record.size(); ++size) {
         write(old);
         const FileSizeLimit limit(static_cast<rlim_t>(size));
-        const auto error = appendToFile(path(), record);
-        ASSERT_TRUE(error) << size;
-        ASSERT_TRUE(error->unchanged) << size;
+        const auto saved = appendToFile(path(), record);
+        ASSERT_FALSE(saved) << size;
+        ASSERT_EQ(saved.error().outcome, FileOutcome::Unchanged) << size;
         ASSERT_EQ(content(), old) << size;
     }
 }
 
-TEST_F(AppendTakeBack, AShortWriteTellsItsOwnCause)
+TEST_F(AppendUndo, AShortWriteTellsItsOwnCause)
 {
     write("old\r\n");
     const FileSizeLimit limit(10);
-    const auto error = appendToFile(path(), QByteArray(300, 'x'));
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->cause, u"File too large"_s);
+    const auto saved = appendToFile(path(), QByteArray(300, 'x'));
+    ASSERT_FALSE(saved);
+    EXPECT_EQ(saved.error().cause, u"File too large"_s);
 }
 
-TEST_F(AppendTakeBack, AMissingFileIsGoneAgainAfterAShortWrite)
+TEST_F(AppendUndo, AMissingFileIsGoneAgainAfterAShortWrite)
 {
     const FileSizeLimit limit(10);
-    const auto error = appendToFile(path(), QByteArray(300, 'x'));
-    ASSERT_TRUE(error);
-    EXPECT_TRUE(error->unchanged);
+    const auto saved = appendToFile(path(), QByteArray(300, 'x'));
+    ASSERT_FALSE(saved);
+    EXPECT_EQ(saved.error().outcome, FileOutcome::Unchanged);
     EXPECT_FALSE(QFileInfo::exists(path()));
 }
 
-TEST_F(AppendTakeBack, AFolderThatCannotBeListedTakesNewFilesAndRewrites)
+TEST_F(AppendUndo, AFolderThatCannotBeListedTakesNewFilesAndRewrites)
 {
     const QByteArray folderName = QFile::encodeName(folder.path());
     if (geteuid() == 0) { // rights do not bind the superuser
@@ -136,14 +136,14 @@ TEST_F(AppendTakeBack, AFolderThatCannotBeListedTakesNewFilesAndRewrites)
     ASSERT_EQ(chmod(folderName.constData(), 0300), 0);
     const pid_t process = start([this] {
         const bool isBound = geteuid() != 0 || setuid(kNobody) == 0;
-        return isBound && !appendToFile(path(), "first\r\n") && !rewriteFile(path(), "second\r\n");
+        return isBound && appendToFile(path(), "first\r\n") && rewriteFile(path(), "second\r\n");
     });
     EXPECT_TRUE(succeeds(process));
     ASSERT_EQ(chmod(folderName.constData(), 0700), 0);
     EXPECT_EQ(content(), "second\r\n");
 }
 
-TEST_F(AppendTakeBack, AnAppendWaitsForAnotherProgramToFinish)
+TEST_F(AppendUndo, AnAppendWaitsForAnotherProgramToFinish)
 {
     write("old\r\n");
     auto holder = std::make_unique<LockHolder>(path());
@@ -152,13 +152,13 @@ TEST_F(AppendTakeBack, AnAppendWaitsForAnotherProgramToFinish)
         holder.reset();
     });
     const auto start = std::chrono::steady_clock::now();
-    EXPECT_FALSE(appendToFile(path(), "new\r\n"));
+    EXPECT_TRUE(appendToFile(path(), "new\r\n"));
     EXPECT_GE(std::chrono::steady_clock::now() - start, 90ms);
     release.join();
     EXPECT_EQ(content(), "old\r\nnew\r\n");
 }
 
-TEST_F(AppendTakeBack, ARecordThatAnotherProgramIsWritingIsReadWhole)
+TEST_F(AppendUndo, ARecordThatAnotherProgramIsWritingIsReadWhole)
 {
     write("first ");
     auto holder = std::make_unique<LockHolder>(path());
@@ -167,24 +167,24 @@ TEST_F(AppendTakeBack, ARecordThatAnotherProgramIsWritingIsReadWhole)
         write("first half, second half\r\n");
         holder.reset();
     });
-    const FileContent content = readFile(path());
+    const auto bytes = readFile(path());
     finish.join();
-    EXPECT_FALSE(content.error);
-    EXPECT_EQ(content.bytes, "first half, second half\r\n");
+    ASSERT_TRUE(bytes);
+    EXPECT_EQ(*bytes, "first half, second half\r\n");
 }
 
-TEST_F(AppendTakeBack, AProgramThatNeverFinishesIsNamedAsTheCause)
+TEST_F(AppendUndo, AProgramThatNeverFinishesIsNamedAsTheCause)
 {
     write("old\r\n");
     const LockHolder holder(path());
-    const auto error = appendToFile(path(), "new\r\n");
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->cause, u"Another program is writing to it."_s);
-    EXPECT_TRUE(error->unchanged);
+    const auto saved = appendToFile(path(), "new\r\n");
+    ASSERT_FALSE(saved);
+    EXPECT_EQ(saved.error().cause, u"Another program is writing to it."_s);
+    EXPECT_EQ(saved.error().outcome, FileOutcome::Unchanged);
     EXPECT_EQ(content(), "old\r\n");
 }
 
-TEST_F(AppendTakeBack, AFileThatVanishesDuringTheWaitIsMadeAnew)
+TEST_F(AppendUndo, AFileThatVanishesDuringTheWaitIsMadeAnew)
 {
     auto holder = std::make_unique<LockHolder>(path());
     std::thread takeBack([this, &holder] {
@@ -192,12 +192,12 @@ TEST_F(AppendTakeBack, AFileThatVanishesDuringTheWaitIsMadeAnew)
         QFile::remove(path());
         holder.reset();
     });
-    EXPECT_FALSE(appendToFile(path(), "new\r\n"));
+    EXPECT_TRUE(appendToFile(path(), "new\r\n"));
     takeBack.join();
     EXPECT_EQ(content(), "new\r\n");
 }
 
-TEST_F(AppendTakeBack, AFileThatIsMadeAnewAfterTheWaitIsGoneAgainAfterAShortWrite)
+TEST_F(AppendUndo, AFileThatIsMadeAnewAfterTheWaitIsGoneAgainAfterAShortWrite)
 {
     auto holder = std::make_unique<LockHolder>(path());
     std::thread takeBack([this, &holder] {
@@ -206,54 +206,55 @@ TEST_F(AppendTakeBack, AFileThatIsMadeAnewAfterTheWaitIsGoneAgainAfterAShortWrit
         holder.reset();
     });
     const FileSizeLimit limit(10);
-    const auto error = appendToFile(path(), QByteArray(300, 'x'));
+    const auto saved = appendToFile(path(), QByteArray(300, 'x'));
     takeBack.join();
-    ASSERT_TRUE(error);
-    EXPECT_TRUE(error->unchanged);
+    ASSERT_FALSE(saved);
+    EXPECT_EQ(saved.error().outcome, FileOutcome::Unchanged);
     EXPECT_FALSE(QFileInfo::exists(path()));
 }
 
-TEST_F(AppendTakeBack, ARewriteLeavesAFileThatAnotherProgramWritesTo)
+TEST_F(AppendUndo, ARewriteLeavesAFileThatAnotherProgramWritesTo)
 {
     write("old\r\n");
     const LockHolder holder(path());
-    const auto error = rewriteFile(path(), "new\r\n", QByteArrayView("old\r\n"));
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->cause, u"Another program is writing to it."_s);
-    EXPECT_TRUE(error->unchanged);
+    const auto saved = rewriteFile(path(), "new\r\n", QByteArrayView("old\r\n"));
+    ASSERT_FALSE(saved);
+    EXPECT_EQ(saved.error().cause, u"Another program is writing to it."_s);
+    EXPECT_EQ(saved.error().outcome, FileOutcome::Unchanged);
     EXPECT_EQ(content(), "old\r\n");
 }
 
-TEST_F(AppendTakeBack, ProgramsThatAppendAndOneThatRewritesLoseNoRecord)
+TEST_F(AppendUndo, ProgramsThatAppendAndOneThatRewritesLoseNoRecord)
 {
     constexpr int kRecords = 300;
     write({});
     const pid_t appending = start([this] {
         bool allSaved = true;
         for (int number = 0; number < kRecords; ++number) {
-            allSaved = !appendToFile(path(), recordOf('a', number)) && allSaved;
+            allSaved = appendToFile(path(), recordOf('a', number)) && allSaved;
         }
         return allSaved;
     });
     for (int number = 0; number < kRecords;) {
         const QByteArray old = content();
         const QByteArray grown = old + recordOf('b', number);
-        const auto error = rewriteFile(path(), grown, old);
-        ASSERT_TRUE(!error || error->outdated) << error->cause.toStdString();
-        number += error ? 0 : 1;
+        const auto saved = rewriteFile(path(), grown, old);
+        ASSERT_TRUE(saved || saved.error().outcome == FileOutcome::ChangedByAnother)
+            << saved.error().cause.toStdString();
+        number += saved ? 1 : 0;
     }
     EXPECT_TRUE(succeeds(appending));
     expectAllRecordsOfBoth(content(), kRecords);
 }
 
-TEST_F(AppendTakeBack, TwoProgramsAppendAThousandRecordsEachAndNoneIsLost)
+TEST_F(AppendUndo, TwoProgramsAppendAThousandRecordsEachAndNoneIsLost)
 {
     constexpr int kRecords = 1000;
     const auto appendAll = [this](char writer) {
         return start([this, writer] {
             bool allSaved = true;
             for (int number = 0; number < kRecords; ++number) {
-                allSaved = !appendToFile(path(), recordOf(writer, number)) && allSaved;
+                allSaved = appendToFile(path(), recordOf(writer, number)) && allSaved;
             }
             return allSaved;
         });
@@ -265,7 +266,7 @@ TEST_F(AppendTakeBack, TwoProgramsAppendAThousandRecordsEachAndNoneIsLost)
     expectAllRecordsOfBoth(content(), kRecords);
 }
 
-TEST_F(AppendTakeBack, AProgramThatTakesItsRecordsBackCutsNoneOfAnother)
+TEST_F(AppendUndo, AProgramThatTakesItsRecordsBackCutsNoneOfAnother)
 {
     constexpr int kRecords = 300;
     const pid_t failing = start([this] {
@@ -273,15 +274,16 @@ TEST_F(AppendTakeBack, AProgramThatTakesItsRecordsBackCutsNoneOfAnother)
         for (int number = 0; number < kRecords; ++number) {
             const QFileInfo file(path());
             const FileSizeLimit limit(static_cast<rlim_t>(file.size() + 20)); // in the midst of it
-            const auto error = appendToFile(path(), QByteArray(100'000, 'x'));
-            allTakenBack = error && error->unchanged && allTakenBack;
+            const auto saved = appendToFile(path(), QByteArray(100'000, 'x'));
+            allTakenBack =
+                !saved && saved.error().outcome == FileOutcome::Unchanged && allTakenBack;
         }
         return allTakenBack;
     });
     QByteArray expected;
     for (int number = 0; number < kRecords; ++number) {
         const QByteArray record = recordOf('a', number);
-        ASSERT_FALSE(appendToFile(path(), record));
+        ASSERT_TRUE(appendToFile(path(), record));
         expected += record;
     }
     EXPECT_TRUE(succeeds(failing));

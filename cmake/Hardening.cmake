@@ -1,12 +1,11 @@
-# What a release asks of compiler and linker against damage from a bug: a program that the system
-# loads at random addresses, guarded stacks, checked library calls, and, where the format of programs
-# knows it, linkage that is resolved and made read-only before the first statement runs. The test
-# "hardening" looks whether it got it.
+# Hardening of release builds: position-independent executable, stack protection, checked library
+# calls and, for ELF, full RELRO (all symbols are resolved at startup, then the tables become
+# read-only). The test "hardening" checks the result.
 add_compile_options(-fstack-protector-strong -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
 add_compile_definitions(_GLIBCXX_ASSERTIONS)
 
 if(WIN32)
-    # Every large step of the stack is probed there anyway.
+    # Windows always probes large stack allocations.
     add_link_options(-fstack-protector-strong
                      -Wl,--dynamicbase,--high-entropy-va,--nxcompat)
     return()

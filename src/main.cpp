@@ -10,7 +10,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// Tells the desktop which of its menu entries this is, and gives all windows the icon of that.
+/// Links the windows to the desktop entry, and sets its icon for all windows.
 void applyDesktopEntry()
 {
     const QString name = u"org.example.tarvold.editor"_s;
@@ -27,12 +27,12 @@ void applyDesktopEntry()
 int main(int argc, char *argv[])
 {
 #ifdef SIGXFSZ
-    // A file that reaches a size limit is an error to be told, and no reason to end.
+    // Report a file size limit as an error instead of ending the program.
     std::signal(SIGXFSZ, SIG_IGN);
 #endif
     QApplication application(argc, argv);
     QApplication::setApplicationName(u"tarvold-editor"_s);
-    // Windows hide and show as the user moves on; only the main menu ends the program.
+    // Screens are hidden and shown as the user moves on; only the main menu quits.
     QApplication::setQuitOnLastWindowClosed(false);
     applyDesktopEntry();
     tarvold::look::apply();

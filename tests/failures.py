@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Prints what each failed test of a result file said last.
+"""Prints the last output lines of each failed test in a result file.
 
 Usage: failures.py RESULTS   (as "ctest --output-junit" writes them)
 """
@@ -13,8 +13,8 @@ LINES = 20
 def main():
     for test in xml.etree.ElementTree.parse(sys.argv[1]).iter("testcase"):
         if test.find("failure") is not None:
-            said = (test.findtext("system-out") or "").splitlines()
-            print(f'\n{test.get("name")} failed:', *said[-LINES:], sep="\n")
+            output = (test.findtext("system-out") or "").splitlines()
+            print(f'\n{test.get("name")} failed:', *output[-LINES:], sep="\n")
 
 
 if __name__ == "__main__":

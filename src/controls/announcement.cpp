@@ -17,7 +17,7 @@ QAccessibleInterface *newNotification(const QString & /*className*/, QObject *ob
 
 Announcement::Announcement(QWidget *parent) : QWidget(parent)
 {
-    QAccessible::installFactory(newNotification); // once is enough, and more often does no harm
+    QAccessible::installFactory(newNotification); // repeated calls do no harm
     setFixedSize(0, 0);
     hide();
 }
@@ -26,12 +26,12 @@ void Announcement::tell(const QString &text)
 {
     setAccessibleName(text);
     hide();
-    show(); // tells assistive technology by itself
+    show(); // Qt notifies assistive technology of this
 }
 
 void Announcement::hideEvent(QHideEvent *event)
 {
-    hide(); // else it would be shown with its window, and read out, the next time
+    hide(); // or it would be shown, and read out again, with its window
     QWidget::hideEvent(event);
 }
 

@@ -4,17 +4,17 @@
 
 namespace tarvold {
 
-/// Tells those who hear the screen what others see: takes no room and shows nothing.
+/// Announces text to screen readers. Takes no room and shows nothing.
 ///
-/// It is a notification to assistive technology, which reads out its name each time that it is
-/// shown anew; Qt has no announcements of its own before version 6.8.
+/// It is a notification to assistive technology, which reads out its name whenever it is shown. Qt
+/// has no announcements of its own before version 6.8.
 class Announcement : public QWidget
 {
     Q_OBJECT
 public:
     explicit Announcement(QWidget *parent = nullptr);
 
-    /// Has a text read out.
+    /// Makes screen readers read out a text.
     void tell(const QString &text);
 
 protected:

@@ -4,7 +4,7 @@
 
 namespace tarvold {
 
-/// Shows that the program is at work, for as long as it lives.
+/// Shows the wait cursor for as long as it lives.
 class BusyCursor
 {
 public:

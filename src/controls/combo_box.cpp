@@ -19,7 +19,7 @@ class ComboBox::Items : public QStandardItemModel
 public:
     using QStandardItemModel::QStandardItemModel;
 
-    /// Makes whoever keeps this index keep none.
+    /// Invalidates all persistent copies of this index.
     void forget(const QModelIndex &index) { changePersistentIndex(index, {}); }
 };
 
@@ -35,30 +35,30 @@ ComboBox::ComboBox(QWidget *parent)
     setInsertPolicy(NoInsert);
     setMaxVisibleItems(25);
     setItemDelegate(new ListRows(this));
-    setFocusPolicy(Qt::StrongFocus); // not by the wheel, which is for scrolling past
+    setFocusPolicy(Qt::StrongFocus); // no focus by wheel: the user may just be scrolling past
     setMinimumContentsLength(1);
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
 }
 
 void ComboBox::checkQt()
 {
-    ComboBox().listenToList();
+    ComboBox().connectToList();
 }
 
-void ComboBox::listenToList()
+void ComboBox::connectToList()
 {
-    if (m_isListening) {
+    if (m_isListConnected) {
         return;
     }
-    // Only the list's own signal tells a choice apart from a typed text that equals an item:
-    // activated() comes for both. Qt's own answer to it would end what can be undone in the box.
-    // The signal is private, and another Qt may not have it.
+    // Only this signal tells a pick from typed text that equals an item: Qt emits activated() for
+    // both. Qt's own handler is disconnected because it would clear the undo history. The signal is
+    // private, so another Qt version may lack it.
     const QObject *list = view()->parentWidget();
     const char *picked = SIGNAL(itemSelected(QModelIndex));
-    m_isListening = disconnect(list, picked, this, nullptr) &&
+    m_isListConnected = disconnect(list, picked, this, nullptr) &&
                     bool(connect(list, picked, this, SLOT(choose(QModelIndex))));
-    if (!m_isListening) {
-        qFatal("Qt %s has no signal itemSelected() of a combo box's list, so picks can't be heard",
+    if (!m_isListConnected) {
+        qFatal("Qt %s has no signal itemSelected() of a combo box's list, so picks can't be detected",
                qVersion());
     }
 }
@@ -71,16 +71,15 @@ void ComboBox::setText(const QString &text)
 
 void ComboBox::showPopup()
 {
-    listenToList();
+    connectToList();
     m_isListOpen = true;
     QComboBox::showPopup();
-    // The list opens on the item that the box shows, and on none for a text of the user's own. Only
-    // the list is told: setting the box, be it to the same text, would end what can be undone
-    // there.
+    // Select the item that the box shows, or none if its text is not in the list. This must not set
+    // the box's text, even to the same text, as that would clear its undo history.
     const int row = findText(currentText(), Qt::MatchExactly | Qt::MatchCaseSensitive);
     view()->setCurrentIndex(model()->index(row, modelColumn()));
     if (row >= 0) {
-        // Qt names the list alone to those who hear it.
+        // Qt announces only the list, not its current item.
         QAccessibleEvent item(view(), QAccessible::Focus);
         item.setChild(row);
         QAccessible::updateAccessibility(&item);
@@ -89,8 +88,8 @@ void ComboBox::showPopup()
 
 void ComboBox::choose(const QModelIndex &item)
 {
-    // While assistive technology listens, Qt sends each key twice: the accessibility bus
-    // is asked first. The list, closed already, would tell the same choice again.
+    // While assistive technology listens, Qt delivers each key twice, as it asks the accessibility
+    // bus first. Without this check the closed list would report the same pick again.
     if (!std::exchange(m_isListOpen, false)) {
         return;
     }
@@ -105,9 +104,9 @@ void ComboBox::followText()
 {
     const int row = findText(currentText(), Qt::MatchExactly | Qt::MatchCaseSensitive);
     if (row >= 0) {
-        setCurrentIndex(row); // the box shows its text already, so what can be undone there stays
+        setCurrentIndex(row); // the box already shows this text, so its undo history is kept
     } else if (currentIndex() >= 0) {
-        // Setting it to -1 would empty the box.
+        // setCurrentIndex(-1) would clear the text.
         m_items->forget(m_items->index(currentIndex(), modelColumn()));
     }
 }

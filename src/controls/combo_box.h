@@ -8,25 +8,25 @@ class TextBox;
 
 /// The combo box of all screens: a fixed list beside a box that accepts any text.
 ///
-/// What is typed stays exactly as typed; nothing completes, corrects or stores it. Picking an item
-/// in the opened list, by mouse or keyboard, is the only choice, and picking the item that is
-/// already shown is one too. Down, F4 and Alt+Down open the list; no other key and no wheel turn
-/// changes a closed one.
+/// Typed text stays exactly as typed; nothing completes, corrects or stores it. Only picking an
+/// item in the opened list, by mouse or keyboard, counts as a choice, even if the box already shows
+/// that item. Down, F4 and Alt+Down open the list; no other key and no wheel turn changes the text
+/// while the list is closed.
 ///
-/// A pick can be undone in the box, which brings back what was typed there; neither undo nor redo
-/// is a choice. The current index follows what the user types, picks and undoes, and what setText()
-/// shows: it is that of the item with this text, -1 for any other.
+/// Undo after a pick restores the typed text; neither undo nor redo counts as a choice. The current
+/// index follows what the user types, picks and undoes, and what setText() shows: it is the index
+/// of the item with this text, or -1 if there is none.
 class ComboBox : public QComboBox
 {
     Q_OBJECT
 public:
     explicit ComboBox(QWidget *parent = nullptr);
 
-    /// Ends the program with a message if its Qt does not tell picks from typed text. Call it at
-    /// the start: later, a list that nobody hears would lose what the user picks.
+    /// Ends the program with a message if this Qt version cannot tell picks from typed text. Call
+    /// it at startup: otherwise picks would be lost without notice later.
     static void checkQt();
 
-    /// Shows a text, be it in the list or not. This is not a choice, and can't be undone.
+    /// Shows a text, whether or not it is in the list. This is not a choice, and can't be undone.
     void setText(const QString &text);
 
     void showPopup() override;
@@ -40,19 +40,19 @@ protected:
     void wheelEvent(QWheelEvent *event) override;
 
 private slots:
-    /// Takes the list's word for a choice, once each time that the list was opened.
+    /// Emits chosen() once per opened list.
     void choose(const QModelIndex &item);
 
 private:
     class Items;
 
-    void listenToList();
-    /// Makes the current index that of the item with the text of the box.
+    void connectToList();
+    /// Sets the current index to the item whose text the box shows, or to none.
     void followText();
 
     Items *m_items;
     TextBox *m_box;
-    bool m_isListening = false;
+    bool m_isListConnected = false;
     bool m_isListOpen = false;
 };
 

@@ -61,7 +61,8 @@ QLineEdit *textBoxOf(QWidget &control)
 
 void describe(QWidget &control, const QString &name, const QString &purpose)
 {
-    // A combo box speaks its text in place of its name, so the box inside it bears both as well.
+    // Screen readers read the text of a combo box instead of its name, so the box inside it gets
+    // both as well.
     for (QWidget *spoken : {&control, static_cast<QWidget *>(textBoxOf(control))}) {
         if (spoken != nullptr) {
             spoken->setAccessibleName(name);

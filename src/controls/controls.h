@@ -5,24 +5,24 @@
 class QLineEdit;
 class QWidget;
 
-/// The one value that each kind of control holds, as text.
+/// The value of a control, as text.
 namespace tarvold::controls {
 
 /// The text of a text box, combo box or label; the value of a scroll bar in plain decimal digits.
 QString textOf(const QWidget &control);
 
-/// The numeric value of a text: its leading digits, none counting as 0. What is beyond the whole
-/// numbers of the type counts as the nearest one.
+/// The numeric value of a text: its leading whole number, or 0 if there is none. Values outside the
+/// range of int are clamped.
 int numericValue(const QString &text);
 
-/// Puts a text into a text box, combo box or label, or a value given in digits into a scroll bar.
-/// This is never a choice of the user's: no tag is inserted by it.
+/// Sets the text of a text box, combo box or label, or the value, given in digits, of a scroll bar.
+/// This never counts as a choice by the user: it inserts no tag.
 void setTextOf(QWidget &control, const QString &text);
 
-/// The box that the user types into: the control itself or the one inside a combo box; else none.
+/// The text box: the control itself or the one inside a combo box; null for other controls.
 QLineEdit *textBoxOf(QWidget &control);
 
-/// Tells assistive technology what the control is called and, if it is given, what it is for.
+/// Sets the name and, if given, the purpose of a control for assistive technology.
 void describe(QWidget &control, const QString &name, const QString &purpose = {});
 
 } // namespace tarvold::controls

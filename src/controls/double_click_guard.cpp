@@ -14,11 +14,11 @@ namespace {
 using std::chrono::milliseconds;
 
 constexpr milliseconds kSeen{200};
-constexpr milliseconds kGlimpsed{100}; // on a screen, if the last press is long enough ago
+constexpr milliseconds kGlimpsed{100}; // on a screen, if the previous press is old enough
 constexpr milliseconds kUnhurried{225};
 constexpr milliseconds kBurst{1000};
 
-/// What the user sees at a place of a window.
+/// The control at a position in a window.
 QWidget *controlAt(const QWindow &window, const QPoint &place)
 {
     QWidget *shown = QWidget::find(window.winId());
@@ -33,7 +33,7 @@ bool isNear(const QPoint &one, const QPoint &other)
            QGuiApplication::styleHints()->mouseDoubleClickDistance();
 }
 
-/// Hands a double click to a control as the press that it was meant to be.
+/// Delivers a double click to a control as the single press that the user meant.
 void sendAsPress(QWidget &control, const QMouseEvent &event)
 {
     QMouseEvent press(QEvent::MouseButtonPress, event.position(), event.scenePosition(),
@@ -60,8 +60,8 @@ bool DoubleClickGuard::eventFilter(QObject *watched, QEvent *event)
 
 bool DoubleClickGuard::filterWindow(const QWindow &window, QEvent &event)
 {
-    // Windows hear of the mouse before their controls do. The second press comes to them twice, as
-    // a press and then as a double click; Qt hands only the latter on.
+    // Windows get mouse events before their controls do. They get the second press twice, as a
+    // press and then as a double click; Qt forwards only the latter.
     switch (event.type()) {
     case QEvent::MouseButtonPress:
         judge(window, static_cast<QMouseEvent &>(event));
@@ -84,7 +84,7 @@ bool DoubleClickGuard::filterControl(QWidget &control, QEvent &event)
     switch (event.type()) {
     case QEvent::Show:
     case QEvent::Hide:
-        // What the desktop hides, and shows again, keeps its picture.
+        // A window that the desktop hides and shows again keeps its picture.
         if (!event.spontaneous()) {
             m_paintedAt.remove(&control);
             noteWhenGone(control);
@@ -106,7 +106,7 @@ bool DoubleClickGuard::filterControl(QWidget &control, QEvent &event)
 
 void DoubleClickGuard::noteWhenGone(const QWidget &control)
 {
-    // Tooltips go at every press, and are never under the pointer.
+    // Tooltips close at every press, and are never under the pointer.
     if (control.isWindow() && control.isHidden() && control.windowType() != Qt::ToolTip) {
         m_uncoveredAt = m_clock();
     }
@@ -117,7 +117,8 @@ void DoubleClickGuard::noteWhenPainted(QWidget &control)
     if (m_paintedAt.contains(&control)) {
         return;
     }
-    // It is on the display once the whole window is painted, and then events are handled again.
+    // The control is visible once its whole window is painted, which is when events are handled
+    // again.
     const auto note = [this, painted = QPointer<QWidget>(&control)] {
         if (painted != nullptr && painted->isVisible() && !m_paintedAt.contains(painted.data())) {
             m_paintedAt.insert(painted.data(), m_clock());
@@ -142,9 +143,9 @@ void DoubleClickGuard::judge(const QWindow &window, const QMouseEvent &event)
     m_strayDown.setFlag(event.button(), !press.counts);
 }
 
-/// A press that was made while the program was busy comes late. The clock of the display can't be
-/// compared with ours, but two of its times can: the press was made no later than so long after
-/// the one before it. Over more than a burst of clicks the two clocks would drift apart.
+/// A press made while the program was busy arrives late. The display's clock can't be compared with
+/// ours, but two of its timestamps can: this press came no later than their difference after the
+/// previous press. Beyond a burst of clicks the two clocks would drift apart.
 DoubleClickGuard::Time DoubleClickGuard::timeOf(milliseconds stamp) const
 {
     const milliseconds apart = stamp - m_last.stamp;
@@ -158,9 +159,10 @@ bool DoubleClickGuard::counts(const Press &press) const
         return true;
     }
     if (!press.control->isVisible()) {
-        return false; // it was hidden while the press was on its way
+        return false; // hidden after the press was made
     }
-    // A press that closed a list comes once more, with the same time, to what is below it.
+    // A press that closed a list is delivered once more, with the same timestamp, to what is below
+    // it.
     return !press.isNewHere || press.stamp == m_last.stamp || !isNear(press.place, m_last.place) ||
            isSeen(press);
 }
@@ -171,7 +173,7 @@ bool DoubleClickGuard::isSeen(const Press &press) const
     if (paintedAt == m_paintedAt.constEnd()) {
         return false;
     }
-    // A wrong answer costs more than a screen too far, from which "<<" leads back.
+    // A wrong answer in a message box costs more than going one screen too far, as "<<" leads back.
     const bool isGlimpseEnough =
         press.stamp - m_last.stamp >= kUnhurried && !press.control->window()->isModal();
     const auto seenFor = press.time - std::max(*paintedAt, m_uncoveredAt);

@@ -15,35 +15,35 @@ class QWindow;
 
 namespace tarvold {
 
-/// Keeps a stray press, such as the second one of a double click, from a button that the user can't
-/// have seen yet.
+/// Ignores a stray press, such as the second one of a double click, on a control that the user
+/// can't have seen yet.
 ///
-/// Buttons stay in their places from screen to screen, so a double click on one would press the
-/// next screen's button too, and a screen would be skipped that nobody saw; a message box that
-/// opens under the pointer would be answered. But who clicks through screens that they know well
-/// means every click, and is often faster than the double click time of the desktop. What tells the
-/// two apart is how long the user has seen what is under the pointer: a press counts if that is
-/// 200 ms or longer, however fast the clicks come. On a screen, not in a message box, 100 ms are
-/// enough if the last press is 225 ms ago: a screen comes when the button is let go, so at four
-/// clicks a second it is seen no longer.
+/// Buttons keep their places from screen to screen, so a double click on one would also press the
+/// next screen's button and skip a screen that nobody saw, or answer a message box that opens under
+/// the pointer. But users who click quickly through screens that they know mean every click, and
+/// are often faster than the desktop's double click time. The difference is how long the control
+/// under the pointer has been visible: a press counts after 200 ms, however fast the clicks are. On
+/// a screen, though not in a message box, 100 ms are enough if the previous press is at least 225
+/// ms old: the next screen appears when the button is released, so at four clicks per second it
+/// can't be visible longer.
 ///
-/// "Seen" starts once the control was painted after it was shown, and no window above it has gone
-/// since. Left alone are a press elsewhere than the one before it, one on the control that the one
-/// before it pressed, all presses while a list or menu is open, and the keyboard. A press on what
-/// is hidden by now never counts.
+/// The time starts when the control has been painted after it was shown, and no window above it has
+/// closed since. These presses always count: a press elsewhere than the previous one, one on the
+/// control of the previous press, and any press while a list or menu is open. The keyboard is not
+/// affected. A press on a control that has been hidden meanwhile never counts.
 ///
-/// A press that counts, on another control than the one before it, comes to the control as a press,
-/// even where Qt takes it for the second of a double click: a text box puts the cursor there and
-/// selects no word, a list selects a row and edits nothing.
+/// A press that counts, on another control than the previous one, reaches the control as a single
+/// press, even if Qt takes it for the second press of a double click: a text box puts the cursor
+/// there and selects no word, a list selects a row and edits nothing.
 class DoubleClickGuard : public QObject
 {
     Q_OBJECT
 public:
     using Time = std::chrono::steady_clock::time_point;
-    /// Tells what time it is; never goes back.
+    /// Returns the current time; must be monotonic.
     using Clock = std::function<Time()>;
 
-    /// Watches all windows of the program. There must be a QApplication, which outlives it.
+    /// Watches all windows of the program. The QApplication must exist and outlive this object.
     explicit DoubleClickGuard(Clock clock = &std::chrono::steady_clock::now);
 
 protected:
@@ -54,8 +54,8 @@ private:
     {
         QPointer<QWidget> control;
         QPoint place;                    ///< on the desktop
-        std::chrono::milliseconds stamp; ///< by the clock of the display
-        Time time;                       ///< by ours: never earlier than it was made
+        std::chrono::milliseconds stamp; ///< by the display's clock
+        Time time;                       ///< by our clock; not before the press was made
         bool counts;
         bool isNewHere; ///< the press before it was on another control, or did not count
     };

@@ -27,7 +27,7 @@ bool isList(const QWidget *widget)
     return qobject_cast<const QAbstractItemView *>(widget) != nullptr;
 }
 
-/// The mark of the row that has the focus; a button shows it along its edge.
+/// Marks the focused row of a list. Buttons show the focus on their outline instead.
 void drawFocusRect(const QStyleOption &option, QPainter &painter, const QWidget *widget)
 {
     if (!isList(widget)) {
@@ -43,7 +43,7 @@ void drawFocusRect(const QStyleOption &option, QPainter &painter, const QWidget 
     painter.restore();
 }
 
-/// The colour of a button at rest, under the mouse or pressed.
+/// The colour of a button: normal, hovered or pressed.
 QColor buttonColour(const QStyleOption &option)
 {
     const QColor rest = option.palette.color(QPalette::Button);
@@ -53,7 +53,7 @@ QColor buttonColour(const QStyleOption &option)
     return option.state.testFlag(QStyle::State_MouseOver) ? rest.lighter(112) : rest.lighter(105);
 }
 
-/// Whether this is a combo box, or the opened list of one, into which nothing can be typed.
+/// Whether this is a combo box that takes no text, or its opened list.
 bool takesNoText(const QWidget *widget)
 {
     const auto *combo = qobject_cast<const QComboBox *>(widget);
@@ -85,7 +85,7 @@ EditorStyle::EditorStyle() : QProxyStyle(u"Fusion"_s) {}
 void EditorStyle::polish(QPalette &palette)
 {
     QProxyStyle::polish(palette);
-    // Some systems make what is chosen in a list that is not in use nearly as pale as the list.
+    // Some desktops show the selection of an inactive list nearly as pale as the list.
     const QColor letters = palette.color(QPalette::Active, QPalette::HighlightedText);
     const QColor behind = contrast::visible(palette.color(QPalette::Active, QPalette::Highlight),
                                             {letters}, contrast::kText);
@@ -99,7 +99,7 @@ int EditorStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWi
                            QStyleHintReturn *returned) const
 {
     if (hint == SH_DialogButtonBox_ButtonsHaveIcons) {
-        return 0; // some desktops draw a tick and a cross that say nothing
+        return 0; // some desktops add tick and cross icons that say nothing new
     }
     return QProxyStyle::styleHint(hint, option, widget, returned);
 }

@@ -6,10 +6,10 @@ namespace tarvold {
 
 /// The style of all windows: flat, the same on every desktop, in the desktop's own colours.
 ///
-/// What tells a control from its surroundings, and what marks the focus, contrasts at least 3 to 1
-/// with what is around it, selected text 4.5 to 1, and whatever can be aimed at is at least as
-/// large as sizes.h says. A combo box that takes no text is all arrow for the mouse. The focus is
-/// marked whether it came by mouse or keyboard.
+/// Outlines of controls and focus marks have a contrast ratio of at least 3 to 1 with what is
+/// around them, selected text has 4.5 to 1, and every click target has at least the size given in
+/// sizes.h. A combo box that takes no text opens its list wherever it is clicked. The focus mark is
+/// shown whether the focus came by mouse or keyboard.
 class EditorStyle : public QProxyStyle
 {
     Q_OBJECT

@@ -19,7 +19,7 @@ std::optional<int> ListBox::selectedRow() const
 
 QModelIndex ListBox::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
 {
-    // With no row to start from, Qt would go to the first one whatever the key.
+    // Without a current row, Qt would go to the first row on any key.
     if (action == MoveEnd && !currentIndex().isValid() && model() != nullptr) {
         return model()->index(model()->rowCount() - 1, 0);
     }
@@ -32,7 +32,7 @@ void ListBox::focusInEvent(QFocusEvent *event)
     if (selectionModel() != nullptr && !selectionModel()->hasSelection()) {
         selectionModel()->clearCurrentIndex();
     }
-    update(); // the mark of the focus is on the frame
+    update(); // repaint the frame, which shows the focus mark
 }
 
 void ListBox::focusOutEvent(QFocusEvent *event)

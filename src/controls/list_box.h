@@ -6,17 +6,17 @@
 
 namespace tarvold {
 
-/// The list box of all screens: one row can be selected, none need be, and length does not matter.
+/// The list box of all screens: at most one row is selected, and the list may be of any length.
 ///
-/// Nothing looks selected until the user selects it; Qt would mark the first row as soon
-/// as the list has the focus.
+/// Nothing looks selected until the user selects it; Qt would mark the first row as soon as the
+/// list gets the focus.
 class ListBox : public QListView
 {
     Q_OBJECT
 public:
     explicit ListBox(QWidget *parent = nullptr);
 
-    /// The selected row, if there is one.
+    /// The selected row, or nothing.
     std::optional<int> selectedRow() const;
 
 protected:

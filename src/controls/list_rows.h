@@ -4,7 +4,7 @@
 
 namespace tarvold {
 
-/// The rows of all lists: they tell their whole text where it does not fit.
+/// Draws the rows of all lists, and shows the text of a row that is too wide as a tooltip.
 class ListRows : public QStyledItemDelegate
 {
     Q_OBJECT

@@ -2,13 +2,13 @@
 
 #include <QString>
 
-/// Texts that come from files or names, and can be of any length, made fit to be shown.
+/// Shortens and wraps text from files and file names, which may be of any length.
 namespace tarvold::longtext {
 
-/// The text, or its beginning and end with at most so many characters.
+/// The text, or if it is longer than `most` characters, its beginning and end.
 QString quoted(const QString &text, qsizetype most);
 
-/// A text that can be wrapped anywhere in its longest words, such as the name of a file.
+/// Adds invisible break points so that very long words, such as file names, can wrap.
 QString breakable(QString text);
 
 } // namespace tarvold::longtext

@@ -1,11 +1,11 @@
 #pragma once
 
-/// How all windows look.
+/// The look of all windows.
 namespace tarvold::look {
 
-/// Takes the program's own style, Arial everywhere and MS Sans Serif on buttons, at the size that
-/// the user has set on the desktop, with look-alikes where a system lacks them. The desktop's
-/// colours stay, but for those that could not be told apart. Call once, before the first window.
+/// Applies the program's style and fonts: Arial everywhere and MS Sans Serif on buttons, or similar
+/// fonts where a system lacks them, at the text size set on the desktop. The desktop's colours are
+/// kept, unless their contrast is too low. Call it once, before the first window is created.
 void apply();
 
 } // namespace tarvold::look

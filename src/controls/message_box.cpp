@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// What a message may take of a display, given what stands around its text.
+/// The space that a message may take on a display, apart from buttons and margins.
 struct Room
 {
     int width;
@@ -25,7 +25,7 @@ struct Room
 
 Room roomFor(const QWidget &box)
 {
-    constexpr int kAround = 160; // margins, buttons, and what the desktop draws around the box
+    constexpr int kAround = 160; // margins, buttons and window frame
     constexpr int kMostCharacters = 90;
     const QSize display = box.screen()->availableSize();
     return {
@@ -39,8 +39,8 @@ QSize sizeOf(const QString &text, const QWidget &box, int width)
     return box.fontMetrics().boundingRect(room, Qt::TextWordWrap, text).size();
 }
 
-/// A message may quote a line of a file, which can be of any length: Qt would lay out some
-/// megabytes for minutes, and show the buttons below the display.
+/// A message may quote a line of a file, which can be of any length: Qt would need minutes to lay
+/// out megabytes, and the buttons would end up below the display.
 QString fitted(const QString &text, const QWidget &box)
 {
     constexpr qsizetype kMostTried = 5000;
@@ -55,8 +55,9 @@ QString fitted(const QString &text, const QWidget &box)
     return shown;
 }
 
-/// A message box that is as wide as its text needs, up to a line length that can be read; the
-/// one of Qt lets words run out of it. A key that was down before it came does not answer it.
+/// A message box that is as wide as its text needs, up to a readable line length; QMessageBox lets
+/// long words run out of the box. Auto-repeat of a key that was already held when the box opened
+/// does not answer it.
 class Box : public QMessageBox
 {
 public:
@@ -68,7 +69,9 @@ public:
     }
 
     /// Shows the box with the buttons that were added.
-    /// \return the one that was pressed, by the Enter or the Escape key too
+    /// \param enter the button that Enter presses
+    /// \param escape the button that Escape presses
+    /// \return the button that was pressed
     QAbstractButton *ask(QPushButton *enter, QPushButton *escape)
     {
         setDefaultButton(enter);
@@ -90,7 +93,7 @@ protected:
         return handled;
     }
 
-    /// The buttons take Enter before the box does.
+    /// Buttons get Enter before the box does.
     bool eventFilter(QObject *watched, QEvent *event) override
     {
         return (event->type() == QEvent::KeyPress &&

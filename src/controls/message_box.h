@@ -10,18 +10,18 @@ namespace tarvold::messagebox {
 /// The title on the match-ending and segment screens.
 inline constexpr char kTitle[] = "Tarvold Data Editor";
 
-/// Tells something; returns once the user pressed OK.
+/// Shows a message; returns when the user has pressed OK.
 void notice(QWidget *parent, const QString &title, const QString &text);
 
-/// Tells something and offers to do something about it; `true` when the user wants that. Enter,
-/// Escape and the box's own close button mean OK.
-/// \param action the caption of the button beside OK; an "&" makes the next letter its key
+/// Shows a message and offers an action; returns `true` if the user chose it. Enter, Escape and
+/// closing the box mean OK.
+/// \param action the caption of the button beside OK; "&" marks its mnemonic
 bool offer(QWidget *parent, const QString &title, const QString &text, const QString &action);
 
-/// What the Enter key answers: Yes where Yes saves, No where Yes loses something.
+/// What Enter answers: Yes where Yes saves, No where Yes discards something.
 enum class EnterMeans { Yes, No };
 
-/// Asks something; `true` for Yes. Escape and the box's own close button mean No.
+/// Asks a question; returns `true` for Yes. Escape and closing the box mean No.
 bool question(QWidget *parent, const QString &title, const QString &text, EnterMeans enter);
 
 } // namespace tarvold::messagebox

@@ -18,10 +18,10 @@ PushButton::PushButton(const QString &caption, QWidget *parent) : QPushButton(ca
 void PushButton::setKeys(const QKeySequence &keys, const QString &name)
 {
     auto *shortcut = new QShortcut(keys, this, this, &QPushButton::click);
-    shortcut->setAutoRepeat(false); // held keys would run through all screens
+    shortcut->setAutoRepeat(false); // a held key would run through all screens
     const QString shown = keys.toString(QKeySequence::NativeText);
     setAccessibleName(name);
-    setAccessibleDescription(shown); // the hint would tell the name once more
+    setAccessibleDescription(shown); // by default the tooltip, which repeats the name
     setToolTip(name.isEmpty() ? shown : u"%1 (%2)"_s.arg(name, shown));
 }
 

@@ -4,18 +4,17 @@
 
 namespace tarvold {
 
-/// The button of all screens. Enter presses the one that has the focus, once however long it is
-/// held.
+/// The button of all screens. Enter presses the focused button, once per key press even if held.
 class PushButton : public QPushButton
 {
     Q_OBJECT
 public:
     explicit PushButton(const QString &caption, QWidget *parent = nullptr);
 
-    /// Lets keys press the button from anywhere on its screen, once however long they are held; it
-    /// does not wait for an animation, as Qt's own shortcuts of buttons do. A hint shows
-    /// them to the mouse, and assistive technology tells them. \param name what the button does,
-    /// for a caption that is no word; else empty
+    /// Sets a shortcut that presses the button from anywhere on its screen, once per key press even
+    /// if held. It acts at once, without the animation of Qt's own button shortcuts. The tooltip
+    /// shows the keys, and assistive technology announces them.
+    /// \param name what the button does, if its caption is not a word; else empty
     void setKeys(const QKeySequence &keys, const QString &name = {});
 
 protected:

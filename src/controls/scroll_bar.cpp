@@ -21,7 +21,7 @@ ScrollBar::ScrollBar(int minimum, int maximum, QWidget *parent) : QScrollBar(Qt:
 
 bool ScrollBar::event(QEvent *event)
 {
-    // No release will come: it goes to another window.
+    // The release event goes to another window, so end the drag here.
     if (event->type() == QEvent::Hide || event->type() == QEvent::WindowBlocked) {
         cancelDrag();
     }
@@ -32,7 +32,7 @@ void ScrollBar::cancelDrag()
 {
     setSliderPosition(value());
     setSliderDown(false);
-    QHideEvent hidden; // what the base class lets go of its parts for
+    QHideEvent hidden; // makes the base class release its pressed part
     QScrollBar::hideEvent(&hidden);
     update();
 }
@@ -62,7 +62,7 @@ void ScrollBar::wheelEvent(QWheelEvent *event)
         event->ignore();
         return;
     }
-    // Touchpads turn by fractions of a notch.
+    // Touchpads report fractions of a notch.
     m_turned += turn;
     const int notches = m_turned / QWheelEvent::DefaultDeltasPerStep;
     m_turned %= QWheelEvent::DefaultDeltasPerStep;

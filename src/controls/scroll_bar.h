@@ -6,16 +6,16 @@ namespace tarvold {
 
 /// The horizontal scroll bar of all screens, a control for whole numbers.
 ///
-/// It is reached by Tab. Right, Up and Page Up raise the value by one, Left, Down and Page Down
-/// lower it. During a drag sliderMoved() tells where the thumb is; valueChanged() comes when it is
-/// let go. When the bar is hidden or blocked by a message box before that, the thumb goes back to
-/// the value, and sliderMoved() tells so. A notch of the wheel turns it by one, and only while it
-/// has the focus.
+/// Tab reaches it. Right, Up and Page Up raise the value by one, Left, Down and Page Down lower it.
+/// During a drag sliderMoved() reports the position; valueChanged() is emitted on release. If the
+/// bar is hidden or blocked by a message box during a drag, the thumb returns to the value, and
+/// sliderMoved() is emitted. Each notch of the wheel changes the value by one, but only while the
+/// bar has the focus.
 class ScrollBar : public QScrollBar
 {
     Q_OBJECT
 public:
-    /// A bar for the values from `minimum` to `maximum`.
+    /// Creates a bar for the values from `minimum` to `maximum`, both included.
     ScrollBar(int minimum, int maximum, QWidget *parent = nullptr);
 
 protected:
@@ -26,7 +26,7 @@ protected:
 private:
     void cancelDrag();
 
-    int m_turned = 0; ///< by the wheel since the last whole notch, in its own units
+    int m_turned = 0; ///< wheel angle since the last whole notch, in eighths of a degree
 };
 
 } // namespace tarvold

@@ -18,13 +18,13 @@ ScrollPane::ScrollPane(QWidget *parent) : QScrollArea(parent)
     m_column->setContentsMargins({});
     m_column->setSpacing(kGap);
     setWidget(content);
-    // A bar that appears does not touch what it scrolls.
+    // Keeps a gap between the scroll bar and the content.
     connect(verticalScrollBar(), &QScrollBar::rangeChanged, this, [this](int least, int most) {
         m_column->setContentsMargins(0, 0, most > least ? kRowGap : 0, 0);
     });
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) {
         if (now != nullptr && widget()->isAncestorOf(now)) {
-            // Qt's own way looks at the caret alone, and leaves boxes cut.
+            // Qt only keeps the cursor visible, which leaves boxes cut off.
             const QPoint middle = now->mapTo(widget(), now->rect().center());
             ensureVisible(middle.x(), middle.y(), 0, now->height() / 2 + kRowGap);
         }

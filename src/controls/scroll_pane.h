@@ -6,17 +6,17 @@ class QVBoxLayout;
 
 namespace tarvold {
 
-/// The part of a screen that scrolls where the display is too small for it, and nowhere else.
+/// The part of a screen that scrolls if the display is too small for it.
 ///
-/// It asks for as much room as its content, is no stop for the Tab key itself, and keeps the
-/// control that has the focus in sight.
+/// Its size hint is the size of its content, it is not a Tab stop itself, and it scrolls to keep
+/// the focused control visible.
 class ScrollPane : public QScrollArea
 {
     Q_OBJECT
 public:
     explicit ScrollPane(QWidget *parent = nullptr);
 
-    /// The column that all of its content stands in.
+    /// The layout that holds the content.
     QVBoxLayout &column() { return *m_column; }
 
     QSize sizeHint() const override;

@@ -4,10 +4,10 @@
 #include <QPalette>
 #include <QRect>
 
-/// What the controls of the program's style are drawn from.
+/// Drawing functions for the parts of controls.
 namespace tarvold::styleparts {
 
-/// Draws in antialiased lines while it lives, and leaves the painter as it was.
+/// Turns on antialiasing while it lives, then restores the painter.
 class SmoothPainter
 {
 public:
@@ -24,17 +24,18 @@ private:
     QPainter &m_painter;
 };
 
-/// The outline of a control that is filled with the colour `fill`.
+/// The colour of the outline of a control that is filled with the colour `fill`.
 QColor outline(const QPalette &palette, const QColor &fill);
 
-/// The mark of the control that has the focus.
+/// The colour of the focus mark around a control that is filled with the colour `fill`.
 QColor focusMark(const QPalette &palette, const QColor &fill);
 
-/// A filled shape with rounded corners and its outline, or the focus mark in the outline's place.
+/// Draws a filled rectangle with rounded corners and its outline, or the focus mark instead of the
+/// outline.
 void drawShape(QPainter &painter, const QRect &rect, const QPalette &palette, const QBrush &fill,
                bool hasFocus);
 
-/// The arrow of a list or scroll bar, in the middle of a rectangle.
+/// Draws the arrow of a combo box or scroll bar in the centre of a rectangle.
 void drawArrow(QPainter &painter, const QRect &rect, Qt::ArrowType direction, const QColor &colour);
 
 } // namespace tarvold::styleparts

@@ -49,7 +49,7 @@ void TextBox::pasteFrom(QClipboard::Mode mode)
 
 void TextBox::insertAsOneStep(const QString &text)
 {
-    if (!hasSelectedText()) { // a selection must stay to be replaced, and starts a step itself
+    if (!hasSelectedText()) { // replacing a selection starts an undo step by itself
         endUndoStep();
     }
     insert(text);
@@ -58,7 +58,7 @@ void TextBox::insertAsOneStep(const QString &text)
 
 void TextBox::endUndoStep()
 {
-    // Nothing but a move of the cursor ends one.
+    // Only moving the cursor ends an undo step.
     const int place = cursorPosition();
     home(false);
     end(false);
@@ -74,8 +74,8 @@ void TextBox::keyPressEvent(QKeyEvent *event)
         event->accept();
         return;
     }
-    // A key may bear a text of its own, even one of several characters. One that starts with a
-    // control character types nothing, and must not be made to.
+    // A key event may carry text of several characters. If it starts with a control character, it
+    // types nothing, and must stay so.
     const QString text = event->text();
     const QString oneLine = onOneLine(text);
     if (oneLine == text || !text.front().isPrint()) {
@@ -108,7 +108,7 @@ void TextBox::dropEvent(QDropEvent *event)
         QLineEdit::dropEvent(event);
         return;
     }
-    // The base class takes the text from the event itself, so it gets an event with a clean text.
+    // The base class reads the text from the event, so pass it an event with clean text.
     QMimeData mimeData;
     mimeData.setText(oneLine);
     QDropEvent clean(event->position(), event->possibleActions(), &mimeData, event->buttons(),
@@ -120,7 +120,7 @@ void TextBox::dropEvent(QDropEvent *event)
 
 void TextBox::inputMethodEvent(QInputMethodEvent *event)
 {
-    if (isReadOnly()) { // the base class would insert the text
+    if (isReadOnly()) { // the base class would insert the text anyway
         event->ignore();
         return;
     }

@@ -19,14 +19,14 @@ public:
         combo.addItems({u"Any"_s, u"Apple"_s, u"Apple Pie"_s});
         add(combo);
     }
-    // The window must not delete a control that belongs to the test.
+    // Keeps the window from deleting a control that the fixture owns.
     ~ComboBoxTest() override { combo.setParent(nullptr); }
 
 protected:
     bool isOpen() const { return combo.view()->isVisible(); }
 
-    /// Offscreen, a list may become the active window after it was closed.
-    void letListGo()
+    /// Offscreen, a closed list may become the active window.
+    void reactivateWindow()
     {
         QCoreApplication::processEvents();
         window.activateWindow();
@@ -36,7 +36,7 @@ protected:
     void undo() { QTest::keyClick(&combo, Qt::Key_Z, Qt::ControlModifier); }
     void redo() { QTest::keyClick(&combo, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier); }
 
-    void typeOverIt(const QString &text) { typeOver(combo, text); }
+    void typeIn(const QString &text) { typeOver(combo, text); }
 
     ComboBox combo;
     QSignalSpy chosen{&combo, &ComboBox::chosen};
@@ -48,7 +48,7 @@ TEST_F(ComboBoxTest, TypedTextStaysAfterTab)
 {
     for (const char *typed : kTyped) {
         SCOPED_TRACE(typed);
-        typeOverIt(QLatin1StringView(typed));
+        typeIn(QLatin1StringView(typed));
         QTest::keyClick(&combo, Qt::Key_Tab);
         EXPECT_TRUE(elsewhere.hasFocus());
         EXPECT_EQ(combo.currentText(), QLatin1StringView(typed));
@@ -60,7 +60,7 @@ TEST_F(ComboBoxTest, TypedTextStaysAfterEnter)
 {
     for (const char *typed : kTyped) {
         SCOPED_TRACE(typed);
-        typeOverIt(QLatin1StringView(typed));
+        typeIn(QLatin1StringView(typed));
         QTest::keyClick(&combo, Qt::Key_Return);
         QTest::keyClick(&combo, Qt::Key_Enter);
         EXPECT_EQ(combo.currentText(), QLatin1StringView(typed));
@@ -72,7 +72,7 @@ TEST_F(ComboBoxTest, TypedTextStaysAfterAClickElsewhere)
 {
     for (const char *typed : kTyped) {
         SCOPED_TRACE(typed);
-        typeOverIt(QLatin1StringView(typed));
+        typeIn(QLatin1StringView(typed));
         click(elsewhere);
         EXPECT_TRUE(elsewhere.hasFocus());
         EXPECT_EQ(combo.currentText(), QLatin1StringView(typed));
@@ -82,15 +82,15 @@ TEST_F(ComboBoxTest, TypedTextStaysAfterAClickElsewhere)
 
 TEST_F(ComboBoxTest, TypingAddsNoItems)
 {
-    typeOverIt(u"mine"_s);
+    typeIn(u"mine"_s);
     QTest::keyClick(&combo, Qt::Key_Return);
     QTest::keyClick(&combo, Qt::Key_Tab);
     EXPECT_EQ(combo.count(), 3);
 }
 
-TEST_F(ComboBoxTest, AKeyThatTheToolkitSendsTwiceIsOneChoice)
+TEST_F(ComboBoxTest, AKeyDeliveredTwiceIsOneChoice)
 {
-    // As it comes while a screen reader listens: once before the bus was asked, once after.
+    // With a screen reader, Qt delivers each key before and after asking the accessibility bus.
     QTest::keyClick(&combo, Qt::Key_Down);
     ASSERT_TRUE(isOpen());
     for (int time = 0; time < 2; ++time) {
@@ -124,7 +124,7 @@ TEST_F(ComboBoxTest, PickingByKeyboardIsAChoice)
     EXPECT_FALSE(isOpen());
 }
 
-TEST_F(ComboBoxTest, PickingTheItemAlreadyShownIsAChoiceToo)
+TEST_F(ComboBoxTest, PickingTheShownItemIsAChoice)
 {
     pick(combo, u"Apple"_s);
     pick(combo, u"Apple"_s);
@@ -135,27 +135,27 @@ TEST_F(ComboBoxTest, PickingTheItemAlreadyShownIsAChoiceToo)
 
 TEST_F(ComboBoxTest, PickingReplacesTypedText)
 {
-    typeOverIt(u"apple"_s);
+    typeIn(u"apple"_s);
     pick(combo, u"Apple"_s);
     EXPECT_EQ(chosen.count(), 1);
     EXPECT_EQ(combo.currentText(), u"Apple"_s);
 }
 
-TEST_F(ComboBoxTest, TypingAnItemIsNoChoiceAfterAPickEither)
+TEST_F(ComboBoxTest, TypingAnItemAfterAPickIsNotAChoice)
 {
     pick(combo, u"Any"_s);
-    typeOverIt(u"Apple"_s);
+    typeIn(u"Apple"_s);
     QTest::keyClick(&combo, Qt::Key_Return);
     QTest::keyClick(&combo, Qt::Key_Tab);
     EXPECT_EQ(combo.currentText(), u"Apple"_s);
     EXPECT_EQ(chosen.count(), 1);
 }
 
-TEST_F(ComboBoxTest, EscapeInTheListIsNoChoiceAndKeepsTypedText)
+TEST_F(ComboBoxTest, EscapeInTheListIsNotAChoiceAndKeepsTypedText)
 {
     for (const char *typed : kTyped) {
         SCOPED_TRACE(typed);
-        typeOverIt(QLatin1StringView(typed));
+        typeIn(QLatin1StringView(typed));
         QTest::keyClick(&combo, Qt::Key_F4);
         ASSERT_TRUE(isOpen());
         QTest::keyClick(combo.view(), Qt::Key_Down);
@@ -170,7 +170,7 @@ TEST_F(ComboBoxTest, OpeningTheListKeepsTypedText)
 {
     for (const char *typed : kTyped) {
         SCOPED_TRACE(typed);
-        typeOverIt(QLatin1StringView(typed));
+        typeIn(QLatin1StringView(typed));
         combo.showPopup();
         EXPECT_EQ(combo.currentText(), QLatin1StringView(typed));
         combo.hidePopup();
@@ -179,9 +179,9 @@ TEST_F(ComboBoxTest, OpeningTheListKeepsTypedText)
     EXPECT_EQ(chosen.count(), 0);
 }
 
-TEST_F(ComboBoxTest, TheListOpensOnTheItemThatIsShown)
+TEST_F(ComboBoxTest, TheListOpensOnTheShownItem)
 {
-    typeOverIt(u"Apple"_s);
+    typeIn(u"Apple"_s);
     combo.showPopup();
     EXPECT_EQ(combo.view()->currentIndex().row(), 1);
 }
@@ -203,13 +203,13 @@ TEST_F(ComboBoxTest, WheelTurnsChangeNothing)
     EXPECT_EQ(chosen.count(), 0);
 }
 
-TEST_F(ComboBoxTest, TabAndClicksGiveItTheFocusAndTheWheelDoesNot)
+TEST_F(ComboBoxTest, TabAndClicksFocusItButTheWheelDoesNot)
 {
     EXPECT_EQ(combo.focusPolicy(), Qt::StrongFocus);
     EXPECT_FALSE(combo.lineEdit()->focusPolicy() & ~Qt::StrongFocus);
 }
 
-TEST_F(ComboBoxTest, KeysOnAClosedListChangeNothing)
+TEST_F(ComboBoxTest, OtherKeysOnAClosedListChangeNothing)
 {
     for (const char *shown : {"Apple", "ap"}) {
         combo.setText(QLatin1StringView(shown));
@@ -245,9 +245,9 @@ TEST_F(ComboBoxTest, DownF4AndAltDownOpenTheList)
     EXPECT_EQ(chosen.count(), 0);
 }
 
-TEST_F(ComboBoxTest, OpeningAndLeavingTheListKeepsWhatCanBeUndone)
+TEST_F(ComboBoxTest, OpeningAndClosingTheListKeepsTheUndoHistory)
 {
-    typeOverIt(u"My own"_s);
+    typeIn(u"My own"_s);
     for (const Qt::Key key : {Qt::Key_F4, Qt::Key_Escape}) {
         QTest::keyClick(isOpen() ? static_cast<QWidget *>(combo.view()) : &combo, key);
     }
@@ -256,7 +256,7 @@ TEST_F(ComboBoxTest, OpeningAndLeavingTheListKeepsWhatCanBeUndone)
     EXPECT_TRUE(combo.lineEdit()->isUndoAvailable());
 }
 
-TEST_F(ComboBoxTest, F4WithAnotherKeyOpensNothing)
+TEST_F(ComboBoxTest, F4WithAModifierDoesNotOpenTheList)
 {
     for (const Qt::KeyboardModifier modifier :
          {Qt::AltModifier, Qt::ControlModifier, Qt::ShiftModifier, Qt::MetaModifier}) {
@@ -266,15 +266,15 @@ TEST_F(ComboBoxTest, F4WithAnotherKeyOpensNothing)
     }
 }
 
-TEST_F(ComboBoxTest, UndoAfterAPickBringsTypedTextBackAndRedoThePick)
+TEST_F(ComboBoxTest, UndoAfterAPickRestoresTypedTextAndRedoThePick)
 {
     int picks = 0;
     for (const auto &pickBy : {pick, pickByKeyboard}) {
         for (const char *typed : {"something of my own", "Any", "x"}) {
             SCOPED_TRACE(typed);
-            typeOverIt(QLatin1StringView(typed));
+            typeIn(QLatin1StringView(typed));
             pickBy(combo, u"Apple"_s);
-            letListGo();
+            reactivateWindow();
             EXPECT_EQ(combo.currentText(), u"Apple"_s);
             EXPECT_EQ(combo.currentIndex(), 1);
             undo();
@@ -288,13 +288,13 @@ TEST_F(ComboBoxTest, UndoAfterAPickBringsTypedTextBackAndRedoThePick)
     }
 }
 
-TEST_F(ComboBoxTest, EveryPickAndWhatWasTypedBetweenIsAnUndoStepOfItsOwn)
+TEST_F(ComboBoxTest, EveryPickAndTheTypingBetweenIsOneUndoStep)
 {
     combo.setText(u"Any"_s);
     QTest::keyClick(&combo, Qt::Key_End);
     QTest::keyClicks(&combo, u" one"_s);
     pickByKeyboard(combo, u"Apple"_s);
-    pickByKeyboard(combo, u"Apple"_s); // changes nothing, so there is nothing to undo
+    pickByKeyboard(combo, u"Apple"_s); // changes nothing, so adds no undo step
     QTest::keyClicks(&combo, u" two"_s);
     pickByKeyboard(combo, u"Apple Pie"_s);
     const QStringList steps = {u"Any"_s, u"Any one"_s, u"Apple"_s, u"Apple two"_s, u"Apple Pie"_s};
@@ -310,11 +310,11 @@ TEST_F(ComboBoxTest, EveryPickAndWhatWasTypedBetweenIsAnUndoStepOfItsOwn)
     }
 }
 
-TEST_F(ComboBoxTest, ATextThatTheProgramSetsCannotBeUndone)
+TEST_F(ComboBoxTest, SettingATextCannotBeUndone)
 {
     for (const char *text : {"Apple", "Any", "not in the list"}) {
         SCOPED_TRACE(text);
-        typeOverIt(u"mine"_s);
+        typeIn(u"mine"_s);
         pick(combo, u"Any"_s);
         combo.setText(QLatin1StringView(text));
         EXPECT_FALSE(combo.lineEdit()->isUndoAvailable());
@@ -324,12 +324,12 @@ TEST_F(ComboBoxTest, ATextThatTheProgramSetsCannotBeUndone)
     }
 }
 
-TEST_F(ComboBoxTest, TheIndexIsThatOfTheTextAndNoneForATextOfTheUsersOwn)
+TEST_F(ComboBoxTest, TheIndexFollowsTheTextAndIsMinusOneForOtherTexts)
 {
     for (const char *typed : kTyped) {
         SCOPED_TRACE(typed);
         pick(combo, u"Apple Pie"_s);
-        typeOverIt(QLatin1StringView(typed));
+        typeIn(QLatin1StringView(typed));
         const int row = combo.findText(QLatin1StringView(typed), Qt::MatchExactly);
         EXPECT_EQ(combo.currentIndex(), row);
         QTest::keyClick(&combo, Qt::Key_Return);
@@ -339,14 +339,14 @@ TEST_F(ComboBoxTest, TheIndexIsThatOfTheTextAndNoneForATextOfTheUsersOwn)
     }
 }
 
-TEST_F(ComboBoxTest, AQtThatDoesNotTellPicksEndsTheProgramWithWords)
+TEST_F(ComboBoxTest, MissingPickSignalEndsTheProgramWithAMessage)
 {
-    QWidget other; // no container of Qt's own, so it has not the signal
+    QWidget other; // not Qt's popup container, so it lacks the signal
     combo.view()->setParent(&other);
     EXPECT_DEATH(combo.showPopup(), "has no signal itemSelected\\(\\) of a combo box's list");
 }
 
-TEST_F(ComboBoxTest, SettingATextIsNoChoice)
+TEST_F(ComboBoxTest, SettingATextIsNotAChoice)
 {
     for (const char *text : {"Apple", "Apple Pie", "not in the list", "", "apple"}) {
         SCOPED_TRACE(text);
@@ -359,9 +359,9 @@ TEST_F(ComboBoxTest, SettingATextIsNoChoice)
     EXPECT_EQ(combo.count(), 3);
 }
 
-TEST_F(ComboBoxTest, PastedLineBreaksBecomeBlanks)
+TEST_F(ComboBoxTest, PastedLineBreaksBecomeSpaces)
 {
-    typeOverIt(QString());
+    typeIn(QString());
     paste(combo, u"one\r\ntwo"_s);
     EXPECT_EQ(combo.currentText(), u"one two"_s);
 }

@@ -16,8 +16,8 @@ using namespace std::chrono_literals;
 const FlowPath *const kFlows[] = {&kNormalPath, &kRunInPath, &kTurnPath, &kInterviewPath,
                                   &kTalkShowPath};
 
-/// Double clicks as the desktop reports them: the second press goes to whatever window the first
-/// one has brought under the pointer.
+/// Double clicks as the desktop reports them: the second press goes to whatever window is then
+/// under the pointer.
 class DoubleClick : public FlowTest
 {
 protected:
@@ -34,7 +34,7 @@ protected:
     }
 };
 
-TEST_F(DoubleClick, OnNextGoesOnByOneScreen)
+TEST_F(DoubleClick, OnNextGoesForwardOneScreen)
 {
     for (const FlowPath *flow : kFlows) {
         press("Form1", flow->button);
@@ -46,7 +46,7 @@ TEST_F(DoubleClick, OnNextGoesOnByOneScreen)
     }
 }
 
-TEST_F(DoubleClick, OnBackGoesBackByOneScreen)
+TEST_F(DoubleClick, OnBackGoesBackOneScreen)
 {
     goToCommentary(kTurnPath);
     doubleClick("Form11", "Command2");
@@ -57,10 +57,10 @@ TEST_F(DoubleClick, OnBackGoesBackByOneScreen)
     expectOnly("Form5");
 }
 
-TEST_F(DoubleClick, OnCancelOfTheImportStaysOnTheImportScreen)
+TEST_F(DoubleClick, OnCancelInTheImportStaysOnTheImportScreen)
 {
     press("Form1", "Command8");
-    mouse::pass(1s); // the buttons that come back were seen before
+    mouse::pass(1s); // the buttons that reappear have been visible long enough
     press("Form2", "Command3");
     ASSERT_TRUE(control("Form2", "Command9").isVisible());
     doubleClick("Form2", "Command9");
@@ -68,14 +68,14 @@ TEST_F(DoubleClick, OnCancelOfTheImportStaysOnTheImportScreen)
     EXPECT_TRUE(control("Form2", "Command1").isVisible());
 }
 
-TEST_F(DoubleClick, DoesNotAnswerTheQuestionThatItAsks)
+TEST_F(DoubleClick, DoesNotAnswerTheQuestionThatItBringsUp)
 {
     goTo(kNormalPath, "Form4");
     const QPoint back = placeOf("Form4", "Command1");
     bool stayed = false;
     expectReturnQuestion(Answer::No);
     boxes.beforeItsAnswer([&](QMessageBox &box) {
-        // The box stands so that "Yes" lies right where "<<" was pressed.
+        // Put "Yes" exactly where "<<" was clicked.
         QAbstractButton *yes = box.button(QMessageBox::Yes);
         box.move(box.pos() + back - mouse::middleOf(*yes));
         QCoreApplication::processEvents();
@@ -89,11 +89,11 @@ TEST_F(DoubleClick, DoesNotAnswerTheQuestionThatItAsks)
     expectOnly("Form4");
 }
 
-TEST_F(DoubleClick, AnswersAQuestionThatHasBeenSeen)
+TEST_F(DoubleClick, AClickAnswersAQuestionThatHasBeenVisible)
 {
     goTo(kNormalPath, "Form4");
     const QPoint back = placeOf("Form4", "Command1");
-    expectReturnQuestion(Answer::Close); // it is closed already
+    expectReturnQuestion(Answer::Close); // already closed by the click below
     boxes.beforeItsAnswer([&](QMessageBox &box) {
         box.move(box.pos() + back - mouse::middleOf(*box.button(QMessageBox::Yes)));
         QCoreApplication::processEvents();
@@ -131,7 +131,7 @@ TEST_F(DoubleClick, ClicksBackToScreensShownBeforeAllCount)
     expectOnly("Form4");
 }
 
-TEST_F(DoubleClick, AHandThatHoldsTheButtonCountsAsFast)
+TEST_F(DoubleClick, ClicksWithLongPressesAllCount)
 {
     goTo(kRunInPath, "Form4");
     const QPoint next = placeOf("Form4", "Command2");
@@ -147,22 +147,22 @@ TEST_F(DoubleClick, AHandThatHoldsTheButtonCountsAsFast)
     expectOnly("Form9");
 }
 
-TEST_F(DoubleClick, ATripleClickGoesOnByOneScreen)
+TEST_F(DoubleClick, ATripleClickGoesForwardOneScreen)
 {
     goTo(kRunInPath, "Form4");
     const QPoint next = placeOf("Form4", "Command2");
     mouse::click(next);
     for (int more = 0; more < 2; ++more) {
-        mouse::pass(97ms); // with the press and its release that is less than 100
+        mouse::pass(97ms); // just under 100 ms with the press and release
         mouse::clickAgain(next);
         expectOnly("Form5");
     }
-    mouse::pass(10ms); // now it was there for 200
+    mouse::pass(10ms); // now it has been visible for 200 ms
     mouse::clickAgain(next);
     expectOnly("Form6");
 }
 
-TEST_F(DoubleClick, APressFromBeforeTheScreenCameDoesNotCountThoughItComesLate)
+TEST_F(DoubleClick, ALatePressMadeBeforeTheScreenWasShownDoesNotCount)
 {
     goTo(kRunInPath, "Form4");
     const QPoint next = placeOf("Form4", "Command2");
@@ -177,7 +177,7 @@ TEST_F(DoubleClick, APressFromBeforeTheScreenCameDoesNotCountThoughItComesLate)
     expectOnly("Form6");
 }
 
-TEST_F(DoubleClick, OnCancelOfTheImportAndThenBackLeavesIt)
+TEST_F(DoubleClick, ClickingCancelThenBackLeavesTheImport)
 {
     press("Form1", "Command8");
     press("Form2", "Command3");
@@ -192,7 +192,7 @@ TEST_F(DoubleClick, OnCancelOfTheImportAndThenBackLeavesIt)
     expectOnly("Form1");
 }
 
-TEST_F(DoubleClick, AThirdPressIsAClickOfItsOwn)
+TEST_F(DoubleClick, AClickAfterADoubleClickCounts)
 {
     goTo(kRunInPath, "Form4");
     const QPoint next = placeOf("Form4", "Command2");
@@ -201,7 +201,7 @@ TEST_F(DoubleClick, AThirdPressIsAClickOfItsOwn)
     expectOnly("Form6");
 }
 
-TEST_F(DoubleClick, ClicksThatAreNoneAllCount)
+TEST_F(DoubleClick, SlowClicksAllCount)
 {
     goTo(kRunInPath, "Form4");
     const QPoint next = placeOf("Form4", "Command2");
@@ -235,7 +235,7 @@ TEST_F(DoubleClick, StillPressesOneButtonTwice)
 {
     press("Form1", "Command1");
     int pressed = 0;
-    auto &button = screen("Form16").control<QPushButton>("Command2"); // brings a notice each time
+    auto &button = screen("Form16").control<QPushButton>("Command2"); // shows a notice each time
     QObject::connect(&button, &QPushButton::clicked, &button, [&pressed] { ++pressed; });
     boxes.expectNotice(u"Stipulation Editor"_s,
                        u"Please select a match stipulation from the list."_s);

@@ -8,7 +8,7 @@
 
 namespace tarvold::testing {
 
-TEST(EditorStyle, WhatIsChosenLooksTheSameInAListThatIsNotInUse)
+TEST(EditorStyle, SelectionLooksTheSameInAnInactiveList)
 {
     QPalette palette;
     palette.setColor(QPalette::Active, QPalette::Highlight, QColor(0, 0x54, 0x90));
@@ -26,7 +26,7 @@ TEST(EditorStyle, WhatIsChosenLooksTheSameInAListThatIsNotInUse)
 
 namespace {
 
-/// A desktop that gives the buttons of its dialogs icons.
+/// A desktop style that shows icons on dialog buttons.
 class StyleWithIcons : public QProxyStyle
 {
 public:
@@ -41,7 +41,7 @@ public:
 
 } // namespace
 
-TEST(EditorStyle, ButtonsOfDialogsShowWordsOnly)
+TEST(EditorStyle, DialogButtonsHaveNoIcons)
 {
     EditorStyle style;
     style.setBaseStyle(new StyleWithIcons);

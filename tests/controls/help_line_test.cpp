@@ -45,7 +45,7 @@ TEST_F(HelpLineTest, StartsEmpty)
     EXPECT_EQ(help.text(), QString());
 }
 
-TEST_F(HelpLineTest, ShowsTheHelpOfTheFieldThatGotTheFocus)
+TEST_F(HelpLineTest, ShowsTheHelpOfTheFocusedField)
 {
     name.setFocus(Qt::TabFocusReason);
     EXPECT_EQ(help.text(), kShort);
@@ -53,14 +53,14 @@ TEST_F(HelpLineTest, ShowsTheHelpOfTheFieldThatGotTheFocus)
     EXPECT_EQ(help.text(), kLong);
 }
 
-TEST_F(HelpLineTest, KeepsWhatItShowsWhenAFieldWithoutHelpGetsTheFocus)
+TEST_F(HelpLineTest, KeepsItsTextWhenAFieldWithoutHelpGetsTheFocus)
 {
     name.setFocus(Qt::TabFocusReason);
     elsewhere.setFocus(Qt::TabFocusReason);
     EXPECT_EQ(help.text(), kShort);
 }
 
-TEST_F(HelpLineTest, AClickShowsHelpOnlyWhereItIsAskedFor)
+TEST_F(HelpLineTest, AClickShowsHelpOnlyWithFocusAndClick)
 {
     for (TextBox *box : {&name, &elsewhere}) {
         box->setFocus();
@@ -74,7 +74,7 @@ TEST_F(HelpLineTest, AClickShowsHelpOnlyWhereItIsAskedFor)
     EXPECT_EQ(help.text(), kLong);
 }
 
-TEST_F(HelpLineTest, IsAsTallWhateverItShows)
+TEST_F(HelpLineTest, KeepsItsHeightForAnyText)
 {
     const QRect before = help.geometry();
     const QRect nameBefore = name.geometry();
@@ -95,12 +95,12 @@ TEST_F(HelpLineTest, HasRoomForItsLongestHelp)
     EXPECT_GE(room.height(), needed.height());
 }
 
-TEST_F(HelpLineTest, ShowsTextAsItIs)
+TEST_F(HelpLineTest, ShowsPlainText)
 {
     EXPECT_EQ(help.textFormat(), Qt::PlainText);
 }
 
-TEST_F(HelpLineTest, TellsTheHelpToAssistiveTechnologyToo)
+TEST_F(HelpLineTest, SetsTheAccessibleDescription)
 {
     EXPECT_EQ(name.accessibleDescription(), kShort);
     EXPECT_EQ(combo.accessibleDescription(), kLong);

@@ -48,7 +48,7 @@ protected:
         return makeOffer();
     }
 
-    /// The one beside OK.
+    /// The button beside OK.
     static QAbstractButton &otherButton(const QMessageBox &shown)
     {
         const auto buttons = shown.buttons();
@@ -59,7 +59,7 @@ protected:
     TextBox box;
 };
 
-TEST_F(MessageBoxTest, TextsAreShownAsTheyAre)
+TEST_F(MessageBoxTest, TextsAreShownVerbatim)
 {
     for (const char *text : {"The <table> is set", "a & b", "<b>bold</b>", "&File", "100%1",
                              "two\nlines", "Saved OK."}) {
@@ -100,12 +100,12 @@ TEST_F(MessageBoxTest, TheTitleIsAsGiven)
     messagebox::notice(&window, u"Filename Error"_s, u"Oh."_s);
 }
 
-TEST_F(MessageBoxTest, TheUsualTitleHasNoVersionNumber)
+TEST_F(MessageBoxTest, TheDefaultTitleHasNoVersionNumber)
 {
     EXPECT_STREQ(messagebox::kTitle, "Tarvold Data Editor");
 }
 
-TEST_F(MessageBoxTest, ANoticeGoesAwayByEveryWay)
+TEST_F(MessageBoxTest, EveryAnswerClosesANotice)
 {
     for (const Answer answer : {Answer::Ok, Answer::Enter, Answer::Escape, Answer::Close}) {
         boxes.expectNotice(title(), u"Saved OK."_s, answer);
@@ -114,7 +114,7 @@ TEST_F(MessageBoxTest, ANoticeGoesAwayByEveryWay)
     }
 }
 
-TEST_F(MessageBoxTest, AnOfferIsTakenByItsButtonOnly)
+TEST_F(MessageBoxTest, OnlyItsButtonAcceptsAnOffer)
 {
     EXPECT_TRUE(offer(Answer::Elsewhere));
     for (const Answer answer : {Answer::Ok, Answer::Enter, Answer::Escape, Answer::Close}) {
@@ -134,7 +134,7 @@ TEST_F(MessageBoxTest, AnOfferIsWideEnoughForItsButtons)
     makeOffer();
 }
 
-TEST_F(MessageBoxTest, AnOfferIsReachedByTabAndByTheKeyOfItsCaption)
+TEST_F(MessageBoxTest, TabAndTheMnemonicReachTheOfferButton)
 {
     awaitOffer(Answer::Enter);
     boxes.beforeItsAnswer([](QMessageBox &shown) {
@@ -143,7 +143,7 @@ TEST_F(MessageBoxTest, AnOfferIsReachedByTabAndByTheKeyOfItsCaption)
         QTest::keyClick(shown.windowHandle(), Qt::Key_Tab);
         EXPECT_EQ(QApplication::focusWidget(), &otherButton(shown));
     });
-    EXPECT_TRUE(makeOffer()) << "Enter presses the button that has the focus";
+    EXPECT_TRUE(makeOffer()) << "Enter did not press the focused button";
 
     awaitOffer(Answer::Ok);
     bool isPressed = false;
@@ -157,7 +157,7 @@ TEST_F(MessageBoxTest, AnOfferIsReachedByTabAndByTheKeyOfItsCaption)
     EXPECT_TRUE(isPressed);
 }
 
-TEST_F(MessageBoxTest, AnOfferIsReadByItsCaption)
+TEST_F(MessageBoxTest, TheOfferButtonHasItsCaptionAsAccessibleName)
 {
     awaitOffer(Answer::Ok);
     boxes.beforeItsAnswer([](QMessageBox &shown) {
@@ -169,7 +169,7 @@ TEST_F(MessageBoxTest, AnOfferIsReadByItsCaption)
     makeOffer();
 }
 
-TEST_F(MessageBoxTest, AQuestionThatSavesTakesEnterForYes)
+TEST_F(MessageBoxTest, EnterMeansYesInAQuestionThatSaves)
 {
     EXPECT_TRUE(ask(EnterMeans::Yes, Answer::Yes));
     EXPECT_FALSE(ask(EnterMeans::Yes, Answer::No));
@@ -178,7 +178,7 @@ TEST_F(MessageBoxTest, AQuestionThatSavesTakesEnterForYes)
     EXPECT_FALSE(ask(EnterMeans::Yes, Answer::Close));
 }
 
-TEST_F(MessageBoxTest, AQuestionThatLosesSomethingTakesEnterForNo)
+TEST_F(MessageBoxTest, EnterMeansNoInAQuestionThatDiscards)
 {
     EXPECT_TRUE(ask(EnterMeans::No, Answer::Yes));
     EXPECT_FALSE(ask(EnterMeans::No, Answer::No));

@@ -48,7 +48,7 @@ protected:
         QApplication::sendEvent(&bar, &move);
     }
 
-    /// Presses the thumb and moves it to the right, without letting it go.
+    /// Presses the thumb and moves it to the right, without releasing it.
     void drag(QPoint start)
     {
         QTest::mousePress(&bar, Qt::LeftButton, {}, start);
@@ -56,7 +56,8 @@ protected:
         EXPECT_GT(bar.sliderPosition(), 50) << "the thumb was not dragged";
     }
 
-    /// Fails the test unless thumb and value are there and the mouse, still down, moves nothing.
+    /// Fails the test unless thumb and value are at `value`, and moving the mouse, whose button is
+    /// still down, does nothing.
     void expectNoDragAt(int value, QPoint start)
     {
         EXPECT_EQ(bar.value(), value);
@@ -111,7 +112,7 @@ TEST_F(ScrollBarTest, KeysStopAtTheEnds)
     EXPECT_EQ(bar.value(), 0);
 }
 
-TEST_F(ScrollBarTest, EveryKeyTellsItsValueAtOnce)
+TEST_F(ScrollBarTest, EveryKeyEmitsValueChangedAtOnce)
 {
     const QSignalSpy changed(&bar, &QScrollBar::valueChanged);
     key(Qt::Key_Right);
@@ -119,7 +120,7 @@ TEST_F(ScrollBarTest, EveryKeyTellsItsValueAtOnce)
     EXPECT_EQ(changed.front().front().toInt(), 51);
 }
 
-TEST_F(ScrollBarTest, TheWheelTurnsItByOneWhileItHasTheFocus)
+TEST_F(ScrollBarTest, AWheelNotchChangesAFocusedBarByOne)
 {
     turnWheel(bar, 1);
     EXPECT_EQ(bar.value(), 51);
@@ -127,7 +128,7 @@ TEST_F(ScrollBarTest, TheWheelTurnsItByOneWhileItHasTheFocus)
     EXPECT_EQ(bar.value(), 50);
 }
 
-TEST_F(ScrollBarTest, ATouchpadTurnsItByOneForAWholeNotch)
+TEST_F(ScrollBarTest, ATouchpadChangesItByOnePerWholeNotch)
 {
     for (int part = 0; part < 15; ++part) {
         EXPECT_EQ(bar.value(), 50) << part;
@@ -138,7 +139,7 @@ TEST_F(ScrollBarTest, ATouchpadTurnsItByOneForAWholeNotch)
     EXPECT_EQ(bar.value(), 49);
 }
 
-TEST_F(ScrollBarTest, TheWheelDoesNothingWithoutTheFocus)
+TEST_F(ScrollBarTest, TheWheelDoesNothingWithoutFocus)
 {
     elsewhere.setFocus();
     turnWheel(bar, 1);
@@ -147,7 +148,7 @@ TEST_F(ScrollBarTest, TheWheelDoesNothingWithoutTheFocus)
     EXPECT_EQ(bar.value(), 50);
 }
 
-TEST_F(ScrollBarTest, ADragTellsWhereTheThumbIsAndItsValueOnlyWhenLetGo)
+TEST_F(ScrollBarTest, ADragEmitsSliderMovedAndValueChangedOnlyOnRelease)
 {
     const QSignalSpy changed(&bar, &QScrollBar::valueChanged);
     const QSignalSpy moved(&bar, &QScrollBar::sliderMoved);
@@ -164,7 +165,7 @@ TEST_F(ScrollBarTest, ADragTellsWhereTheThumbIsAndItsValueOnlyWhenLetGo)
     EXPECT_EQ(bar.value(), place);
 }
 
-TEST_F(ScrollBarTest, ADragThatHidingInterruptsEndsAtTheValue)
+TEST_F(ScrollBarTest, HidingTheBarDuringADragRestoresTheValue)
 {
     const QSignalSpy moved(&bar, &QScrollBar::sliderMoved);
     const QPoint start = thumb();
@@ -177,7 +178,7 @@ TEST_F(ScrollBarTest, ADragThatHidingInterruptsEndsAtTheValue)
     expectNoDragAt(50, start);
 }
 
-TEST_F(ScrollBarTest, ADragThatAMessageBoxInterruptsEndsAtTheValue)
+TEST_F(ScrollBarTest, AMessageBoxDuringADragRestoresTheValue)
 {
     const QPoint start = thumb();
     drag(start);
@@ -186,17 +187,17 @@ TEST_F(ScrollBarTest, ADragThatAMessageBoxInterruptsEndsAtTheValue)
     expectNoDragAt(50, start);
 }
 
-TEST_F(ScrollBarTest, AnArrowThatIsHeldDownStopsWhenTheBarIsHidden)
+TEST_F(ScrollBarTest, AHeldArrowStopsWhenTheBarIsHidden)
 {
     QTest::mousePress(&bar, Qt::LeftButton, {}, QPoint(bar.width() - 5, bar.height() / 2));
     const int value = bar.value();
     EXPECT_EQ(value, 51);
     window.hide();
-    QTest::qWait(700); // longer than it takes an arrow to repeat itself
+    QTest::qWait(700); // longer than the auto-repeat delay of the arrow
     EXPECT_EQ(bar.value(), value);
 }
 
-TEST_F(ScrollBarTest, AHiddenBarThatNobodyDragsStaysAsItIs)
+TEST_F(ScrollBarTest, HidingABarThatIsNotDraggedChangesNothing)
 {
     const QSignalSpy moved(&bar, &QScrollBar::sliderMoved);
     const QSignalSpy changed(&bar, &QScrollBar::valueChanged);
@@ -216,7 +217,7 @@ TEST_F(ScrollBarTest, TabReachesIt)
     EXPECT_TRUE(elsewhere.hasFocus());
 }
 
-TEST_F(ScrollBarTest, ItsFocusCanBeSeen)
+TEST_F(ScrollBarTest, ItsFocusIsVisible)
 {
     const QImage focused = bar.grab().toImage();
     elsewhere.setFocus();

@@ -30,7 +30,7 @@ protected:
         expectActive(window);
     }
 
-    bool isWhollySeen(const QWidget &box)
+    bool isFullyVisible(const QWidget &box)
     {
         const QRect place(box.mapTo(pane.viewport(), QPoint()), box.size());
         return pane.viewport()->rect().contains(place);
@@ -41,40 +41,40 @@ protected:
     std::array<TextBox *, 12> boxes{};
 };
 
-TEST_F(ScrollPaneTest, ShowsAllWhereThereIsRoom)
+TEST_F(ScrollPaneTest, ShowsEverythingIfThereIsRoom)
 {
     showAt(window.sizeHint().height());
     EXPECT_FALSE(pane.verticalScrollBar()->isVisible());
-    EXPECT_TRUE(isWhollySeen(*boxes.front()));
-    EXPECT_TRUE(isWhollySeen(*boxes.back()));
+    EXPECT_TRUE(isFullyVisible(*boxes.front()));
+    EXPECT_TRUE(isFullyVisible(*boxes.back()));
 }
 
-TEST_F(ScrollPaneTest, ShowsABarWhereThereIsNone)
+TEST_F(ScrollPaneTest, ShowsAScrollBarIfThereIsNoRoom)
 {
     showAt(200);
     EXPECT_TRUE(pane.verticalScrollBar()->isVisible());
     EXPECT_FALSE(pane.horizontalScrollBar()->isVisible());
-    EXPECT_FALSE(isWhollySeen(*boxes.back()));
+    EXPECT_FALSE(isFullyVisible(*boxes.back()));
 }
 
-TEST_F(ScrollPaneTest, KeepsWhatTabReachesInSight)
+TEST_F(ScrollPaneTest, ScrollsToWhatTabReaches)
 {
     showAt(200);
     boxes.front()->setFocus();
     for (const TextBox *box : boxes) {
         EXPECT_TRUE(box->hasFocus());
-        EXPECT_TRUE(isWhollySeen(*box));
+        EXPECT_TRUE(isFullyVisible(*box));
         QTest::keyClick(window.windowHandle(), Qt::Key_Tab);
     }
-    EXPECT_TRUE(boxes.front()->hasFocus()) << "the pane or its bar is a stop of its own";
-    EXPECT_TRUE(isWhollySeen(*boxes.front()));
+    EXPECT_TRUE(boxes.front()->hasFocus()) << "Tab stops at the pane or its scroll bar";
+    EXPECT_TRUE(isFullyVisible(*boxes.front()));
 }
 
-TEST_F(ScrollPaneTest, KeepsInSightWhatGetsTheFocusOtherwise)
+TEST_F(ScrollPaneTest, ScrollsToWhatGetsTheFocusOtherwise)
 {
     showAt(200);
     boxes.back()->setFocus(Qt::OtherFocusReason);
-    EXPECT_TRUE(isWhollySeen(*boxes.back()));
+    EXPECT_TRUE(isFullyVisible(*boxes.back()));
 }
 
 } // namespace

@@ -26,7 +26,7 @@ using namespace std::chrono_literals;
 
 constexpr QRect kPlace(100, 100, 300, 60);
 
-/// A window that one control fills, always at the same place.
+/// A window filled by one control, always at the same position.
 class Window : public QWidget
 {
 public:
@@ -42,7 +42,7 @@ private:
     QWidget &m_control;
 };
 
-/// Takes its time to show itself.
+/// A button whose paint event takes 60 ms.
 class SlowButton : public QPushButton
 {
 protected:
@@ -53,7 +53,7 @@ protected:
     }
 };
 
-/// A first window whose button a user presses, and what that brings.
+/// A first window with a button, and a second window that the button shows.
 class StrayPress : public ::testing::Test
 {
 public:
@@ -65,8 +65,8 @@ public:
     }
 
 protected:
-    /// The button brings the window in its place.
-    void bring(QWidget &next)
+    /// Makes the button replace the first window with `next`.
+    void buttonShows(QWidget &next)
     {
         QObject::connect(&button, &QPushButton::clicked, &next, [this, &next] {
             next.show();
@@ -90,15 +90,15 @@ TEST_F(StrayPress, CountsFrom200MillisecondsAfterThePaint)
         QObject::connect(&stray, &QPushButton::clicked, &stray, [&count] { ++count; });
         first.show();
         QCoreApplication::processEvents();
-        bring(next);
-        mouse::click(place); // a millisecond for each press and release
+        buttonShows(next);
+        mouse::click(place); // press and release take 1 ms each
         mouse::pass(isEnough ? 199ms : 198ms);
         mouse::clickAgain(place);
         EXPECT_EQ(count, isEnough ? 1 : 0);
     }
 }
 
-TEST_F(StrayPress, AtFourClicksASecondCountsOnAScreenAndNotInAMessageBox)
+TEST_F(StrayPress, CountsAtFourClicksPerSecondOnAScreenButNotInAMessageBox)
 {
     for (const bool isBox : {false, true}) {
         QPushButton stray;
@@ -108,7 +108,7 @@ TEST_F(StrayPress, AtFourClicksASecondCountsOnAScreenAndNotInAMessageBox)
         QObject::connect(&stray, &QPushButton::clicked, &stray, [&count] { ++count; });
         first.show();
         QCoreApplication::processEvents();
-        bring(next);
+        buttonShows(next);
         mouse::press(place);
         mouse::pass(80ms);
         mouse::release(place);
@@ -121,14 +121,14 @@ TEST_F(StrayPress, AtFourClicksASecondCountsOnAScreenAndNotInAMessageBox)
     }
 }
 
-TEST_F(StrayPress, DoesNotCountOnAScreenThatIsNotPaintedYet)
+TEST_F(StrayPress, DoesNotCountBeforeTheScreenIsPainted)
 {
     QPushButton stray;
     Window next(stray);
     int count = 0;
     QObject::connect(&stray, &QPushButton::clicked, &stray, [&count] { ++count; });
     next.setUpdatesEnabled(false);
-    bring(next);
+    buttonShows(next);
     mouse::click(place);
     mouse::pass(250ms);
     mouse::clickAgain(place);
@@ -150,14 +150,14 @@ TEST_F(StrayPress, CountsFromTheEndOfThePaint)
     Window next(stray);
     int count = 0;
     QObject::connect(&stray, &QPushButton::clicked, &stray, [&count] { ++count; });
-    bring(next);
+    buttonShows(next);
     mouse::click(place);
     mouse::pass(150ms);
     mouse::clickAgain(place);
     EXPECT_EQ(count, 0);
 }
 
-TEST_F(StrayPress, DoesNotCountOnWhatAClosedWindowUncovers)
+TEST_F(StrayPress, DoesNotCountOnAWindowThatWasJustUncovered)
 {
     QPushButton ok;
     Window over(ok);
@@ -173,31 +173,31 @@ TEST_F(StrayPress, DoesNotCountOnWhatAClosedWindowUncovers)
     EXPECT_EQ(pressed, 1);
 }
 
-TEST_F(StrayPress, DoesNotCountOnAWindowThatIsHiddenMeanwhile)
+TEST_F(StrayPress, DoesNotCountOnAHiddenWindow)
 {
     first.hide();
     QTest::mouseClick(first.windowHandle(), Qt::LeftButton, {}, QPoint(5, 5));
     EXPECT_EQ(pressed, 0);
 }
 
-TEST_F(StrayPress, CountsElsewhere)
+TEST_F(StrayPress, CountsAtAnotherPosition)
 {
     QPushButton elsewhere;
     Window next(elsewhere);
     int count = 0;
     QObject::connect(&elsewhere, &QPushButton::clicked, &elsewhere, [&count] { ++count; });
-    bring(next);
+    buttonShows(next);
     mouse::click(place);
     mouse::clickAgain(place + QPoint(40, 0));
     EXPECT_EQ(count, 1);
 }
 
-TEST_F(StrayPress, PutsTheCursorIntoATextBoxWhereItWasMeant)
+TEST_F(StrayPress, PutsTheCursorWhereATextBoxWasClicked)
 {
     TextBox box;
     Window next(box);
     box.setText(u"Ladder Match and quite some more words"_s);
-    bring(next);
+    buttonShows(next);
     mouse::click(place);
     expectActive(next);
     box.clearFocus();
@@ -208,7 +208,7 @@ TEST_F(StrayPress, PutsTheCursorIntoATextBoxWhereItWasMeant)
     EXPECT_FALSE(box.hasSelectedText());
 }
 
-TEST_F(StrayPress, SelectsARowAndOnlyADoubleClickThereEditsIt)
+TEST_F(StrayPress, SelectsARowThatOnlyADoubleClickEdits)
 {
     ListBox list;
     QStringListModel rows(QStringList(10, u"Singles / Ladder Match"_s));
@@ -216,14 +216,15 @@ TEST_F(StrayPress, SelectsARowAndOnlyADoubleClickThereEditsIt)
     Window next(list);
     int edits = 0;
     QObject::connect(&list, &QListView::doubleClicked, &list, [&edits] { ++edits; });
-    bring(next);
+    buttonShows(next);
     mouse::click(place);
     mouse::pass(250ms);
     mouse::clickAgain(place);
     EXPECT_TRUE(list.selectedRow());
     EXPECT_EQ(edits, 0);
 
-    // The list keeps which row was pressed last; coming back to it is no double click either.
+    // The list remembers the row that was pressed last; returning to it is not a double click
+    // either.
     next.hide();
     first.show();
     QCoreApplication::processEvents();
@@ -240,7 +241,7 @@ TEST_F(StrayPress, OpensAList)
     ComboBox combo;
     combo.addItems({u"Any"_s, u"None"_s});
     Window next(combo);
-    bring(next);
+    buttonShows(next);
     const QPoint arrow(kPlace.right() - 5, place.y());
     mouse::click(arrow);
     mouse::pass(250ms);
@@ -248,7 +249,7 @@ TEST_F(StrayPress, OpensAList)
     EXPECT_TRUE(combo.view()->isVisible());
 }
 
-TEST_F(StrayPress, ThatClosesAMenuCountsOnWhatIsBelow)
+TEST_F(StrayPress, ThatClosesAMenuCountsOnTheControlBelow)
 {
     QMenu menu;
     menu.addAction(u"Copy"_s);
@@ -257,7 +258,7 @@ TEST_F(StrayPress, ThatClosesAMenuCountsOnWhatIsBelow)
     ASSERT_TRUE(menu.isVisible());
     mouse::press(place);
     EXPECT_FALSE(menu.isVisible());
-    // On some systems Qt then hands the press on.
+    // On some systems Qt then delivers the press to the window below.
     QMouseEvent again(QEvent::MouseButtonPress, kPlace.center() - kPlace.topLeft(), place,
                       Qt::LeftButton, Qt::LeftButton, {});
     again.setTimestamp(static_cast<quint64>(QTest::lastMouseTimestamp));
@@ -266,7 +267,7 @@ TEST_F(StrayPress, ThatClosesAMenuCountsOnWhatIsBelow)
     EXPECT_EQ(pressed, 1);
 }
 
-TEST_F(StrayPress, OfTheRealClockCountsAfterAPauseOnly)
+TEST_F(StrayPress, WithTheRealClockCountsOnlyAfterAPause)
 {
     for (const int pause : {0, 250}) {
         DoubleClickGuard real;
@@ -276,11 +277,11 @@ TEST_F(StrayPress, OfTheRealClockCountsAfterAPauseOnly)
         QObject::connect(&stray, &QPushButton::clicked, &stray, [&count] { ++count; });
         first.show();
         QCoreApplication::processEvents();
-        bring(next);
+        buttonShows(next);
         mouse::click(place);
         QTest::qWait(pause);
         mouse::pass(pause > 0 ? 250ms
-                              : 210ms); // in the times of the presses, and for the other guard
+                              : 210ms); // advances the event timestamps and the clock of the other guard
         mouse::clickAgain(place);
         EXPECT_EQ(count, pause > 0 ? 1 : 0);
     }

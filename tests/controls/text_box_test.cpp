@@ -25,7 +25,7 @@ struct Broken
     QString oneLine;
 };
 
-/// Texts with every kind of line break, each of which is one blank in a field.
+/// Texts with every kind of line break, each of which becomes one space.
 QList<Broken> brokenTexts()
 {
     return {{u"a\r\nb"_s, u"a b"_s},
@@ -45,23 +45,23 @@ public:
     ~TextBoxTest() override { box.setParent(nullptr); }
 
 protected:
-    /// Brings every broken text into the box between "<" and ">", and checks that it came in one
-    /// line and that undoing it brings back what was there.
-    void expectOneLine(const std::function<void(const QString &)> &bringIn)
+    /// Inserts every text with line breaks between "<" and ">", and checks that it becomes one line
+    /// and that one undo removes it.
+    void expectOneLine(const std::function<void(const QString &)> &insert)
     {
         for (const Broken &row : brokenTexts()) {
             SCOPED_TRACE(::testing::PrintToString(row.text.toUtf8().toPercentEncoding()));
             box.setText(u"<>"_s);
             box.setFocus();
             box.setCursorPosition(1);
-            bringIn(row.text);
+            insert(row.text);
             EXPECT_EQ(box.text(), QString(u'<' + row.oneLine + u'>'));
             QTest::keySequence(window.windowHandle(), QKeySequence::Undo);
             EXPECT_EQ(box.text(), u"<>"_s);
         }
     }
 
-    /// Where the cursor is to be seen in the box.
+    /// The position of the cursor in the box.
     QPoint cursorPlace() const
     {
         return box.inputMethodQuery(Qt::ImCursorRectangle).toRect().center();
@@ -70,12 +70,12 @@ protected:
     TextBox box;
 };
 
-TEST_F(TextBoxTest, PasteByKeyTurnsBreaksIntoBlanks)
+TEST_F(TextBoxTest, PasteByKeyTurnsLineBreaksIntoSpaces)
 {
     expectOneLine([this](const QString &text) { paste(box, text); });
 }
 
-TEST_F(TextBoxTest, PasteByShiftInsertTurnsBreaksIntoBlanks)
+TEST_F(TextBoxTest, PasteByShiftInsertTurnsLineBreaksIntoSpaces)
 {
     expectOneLine([this](const QString &text) {
         QApplication::clipboard()->setText(text);
@@ -83,7 +83,7 @@ TEST_F(TextBoxTest, PasteByShiftInsertTurnsBreaksIntoBlanks)
     });
 }
 
-TEST_F(TextBoxTest, PasteByTheContextMenuTurnsBreaksIntoBlanks)
+TEST_F(TextBoxTest, PasteByTheContextMenuTurnsLineBreaksIntoSpaces)
 {
     expectOneLine([this](const QString &text) {
         QApplication::clipboard()->setText(text);
@@ -97,7 +97,7 @@ TEST_F(TextBoxTest, PasteByTheContextMenuTurnsBreaksIntoBlanks)
     });
 }
 
-TEST_F(TextBoxTest, PasteByTheMiddleButtonTurnsBreaksIntoBlanks)
+TEST_F(TextBoxTest, PasteByTheMiddleButtonTurnsLineBreaksIntoSpaces)
 {
     if (!QApplication::clipboard()->supportsSelection()) {
         GTEST_SKIP() << "this platform has no selection to paste with the middle button";
@@ -108,7 +108,7 @@ TEST_F(TextBoxTest, PasteByTheMiddleButtonTurnsBreaksIntoBlanks)
     });
 }
 
-TEST_F(TextBoxTest, DroppedBreaksBecomeBlanks)
+TEST_F(TextBoxTest, DroppedLineBreaksBecomeSpaces)
 {
     expectOneLine([this](const QString &text) {
         QMimeData data;
@@ -123,17 +123,17 @@ TEST_F(TextBoxTest, DroppedBreaksBecomeBlanks)
     });
 }
 
-TEST_F(TextBoxTest, BreaksInTheTextOfAKeyBecomeBlanks)
+TEST_F(TextBoxTest, LineBreaksInTheTextOfAKeyBecomeSpaces)
 {
     expectOneLine([this](const QString &text) {
-        // A first character that cannot be seen makes a key one that types nothing.
+        // A key whose text starts with a non-printing character types nothing.
         const QString typed = text.front().isPrint() ? text : u' ' + text.mid(2);
         QTest::sendKeyEvent(QTest::Click, window.windowHandle(), Qt::Key_unknown, typed,
                             Qt::NoModifier);
     });
 }
 
-TEST_F(TextBoxTest, KeysThatBearAControlCharacterLeaveTheTextAlone)
+TEST_F(TextBoxTest, KeysWithAControlCharacterTypeNothing)
 {
     for (const char control : {'\r', '\n', '\t', '\x1b', '\x0b'}) {
         box.setText(u"hello"_s);
@@ -145,7 +145,7 @@ TEST_F(TextBoxTest, KeysThatBearAControlCharacterLeaveTheTextAlone)
     }
 }
 
-TEST_F(TextBoxTest, BreaksFromAnInputMethodBecomeBlanks)
+TEST_F(TextBoxTest, LineBreaksFromAnInputMethodBecomeSpaces)
 {
     expectOneLine([this](const QString &text) {
         QInputMethodEvent event;
@@ -154,7 +154,7 @@ TEST_F(TextBoxTest, BreaksFromAnInputMethodBecomeBlanks)
     });
 }
 
-TEST_F(TextBoxTest, PasteReplacesWhatIsSelected)
+TEST_F(TextBoxTest, PasteReplacesTheSelection)
 {
     box.setText(u"old"_s);
     box.selectAll();
@@ -184,7 +184,7 @@ TEST_F(TextBoxTest, UndoingWhatWasTypedAfterAPasteKeepsThePaste)
     EXPECT_EQ(box.text(), u"<pasted>"_s);
 }
 
-TEST_F(TextBoxTest, AReadOnlyBoxTakesNoPasteAndNothingFromAnInputMethod)
+TEST_F(TextBoxTest, AReadOnlyBoxIgnoresPasteAndInputMethods)
 {
     box.setText(u"fixed"_s);
     box.setReadOnly(true);
@@ -197,7 +197,7 @@ TEST_F(TextBoxTest, AReadOnlyBoxTakesNoPasteAndNothingFromAnInputMethod)
     EXPECT_EQ(box.text(), u"fixed"_s);
 }
 
-TEST_F(TextBoxTest, AVeryLongTextStaysWhole)
+TEST_F(TextBoxTest, AVeryLongTextIsKeptWhole)
 {
     const QString longText = QString(39'999, u'x') + u'!';
     box.setText(longText);
@@ -207,7 +207,7 @@ TEST_F(TextBoxTest, AVeryLongTextStaysWhole)
     EXPECT_EQ(box.text(), longText);
 }
 
-TEST_F(TextBoxTest, TabsAndNulsStay)
+TEST_F(TextBoxTest, TabsAndNulsAreKept)
 {
     const QString odd = u"a\tb"_s + QChar(0) + u'c';
     box.setText(odd);

@@ -70,7 +70,7 @@ void answer(QMessageBox &box, Answer answer)
     }
 }
 
-/// Where the words of a text are too long for a box, it may hold places to wrap that nobody sees.
+/// Removes the zero-width spaces that a message box adds to long words so that they can wrap.
 QString withoutBreaks(QString text)
 {
     return text.remove(QChar(0x200B));
@@ -122,7 +122,7 @@ void Boxes::beforeItsAnswer(const std::function<void(QMessageBox &)> &action)
 void Boxes::checkAllCame()
 {
     for (const Awaited &awaited : m_awaited) {
-        ADD_FAILURE() << "the message box did not come: " << awaited.title.toStdString() << ": "
+        ADD_FAILURE() << "the message box was not shown: " << awaited.title.toStdString() << ": "
                       << awaited.text.toStdString();
     }
     m_awaited.clear();
@@ -144,13 +144,13 @@ void Boxes::look()
     m_awaited.pop_front();
     check(*box, awaited);
     if (awaited.before) {
-        m_timer.stop(); // the action may let events through
+        m_timer.stop(); // the action may process events
         awaited.before(*box);
         m_timer.start(1);
     }
     answer(*box, awaited.answer);
     if (box->isVisible()) {
-        ADD_FAILURE() << "the message box stayed open after its answer";
+        ADD_FAILURE() << "the message box stayed open after it was answered";
         box->reject();
     }
 }

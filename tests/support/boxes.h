@@ -32,37 +32,37 @@ struct ExpectedBox
     Answer answer;
 };
 
-/// Answers message boxes from inside their event loop, in the order in which a test expects them,
-/// checking title, text, buttons, the missing icon and the plain text format. A box that no test
-/// expects is closed and fails the test.
+/// Answers message boxes from inside their event loop, in the expected order, and checks their
+/// title, text, buttons, plain text format and that there is no icon. An unexpected box is closed
+/// and fails the test.
 class Boxes : public QObject
 {
     Q_OBJECT
 public:
     Boxes();
 
-    /// A notice with OK only.
+    /// Expects a notice with only OK.
     void expectNotice(const QString &title, const QString &text, Answer answer = Answer::Ok);
 
-    /// A question with Yes and No.
+    /// Expects a question with Yes and No.
     void expectQuestion(const QString &title, const QString &text, Answer answer);
 
-    /// A notice whose text is not fixed: returns what the next notice said through `text`.
+    /// Expects a notice whose text is not fixed, and stores its text in `text`.
     void catchNotice(const QString &title, QString *text);
 
-    /// The message of a failed save, with "Save To Another File..." beside OK.
+    /// Expects the message about a failed save, with "Save To Another File..." beside OK.
     void expectFailedSave(const QString &title, const QString &text, Answer answer = Answer::Ok);
 
-    /// The same for one whose text is not fixed, as catchNotice().
+    /// Expects a failed save as expectFailedSave(), and stores the text in `text`.
     void catchFailedSave(const QString &title, QString *text, Answer answer = Answer::Ok);
 
-    /// The same for a question.
+    /// Expects a question, and stores its text in `text`.
     void catchQuestion(const QString &title, QString *text, Answer answer);
 
-    /// Does something with the box that was expected last, before it is answered.
+    /// Runs `action` on the box that was expected last, before it is answered.
     void beforeItsAnswer(const std::function<void(QMessageBox &)> &action);
 
-    /// Fails the test if an expected box has not come. Call it after the event that brings it.
+    /// Fails the test if an expected box has not been shown. Call it after the event that shows it.
     void checkAllCame();
 
 private:

@@ -12,8 +12,8 @@ struct RefusalRow
     ControlRef box; ///< the field that decides
     const char *message;
     const char *title;
-    QStringList refused;  ///< texts of that field with which the tag is refused
-    QStringList accepted; ///< and others with which it is accepted
+    QStringList refused;  ///< texts of that field for which the tag is refused
+    QStringList accepted; ///< texts for which it is accepted
 };
 
 /// An item of a tag list.
@@ -21,10 +21,10 @@ struct TagRow
 {
     const char *item;
     const char *tag;
-    const RefusalRow *refusal = nullptr; ///< none: never refused
+    const RefusalRow *refusal = nullptr; ///< null if never refused
 };
 
-/// The program on the commentary screen of a flow.
+/// The program, showing the commentary screen of a flow.
 class CommentaryTest : public FlowTest
 {
 protected:
@@ -32,7 +32,7 @@ protected:
 
     void chooseTag(const char *item);
 
-    /// Empties the first line, marks it, chooses the tag, and gives what the line then holds.
+    /// Clears the first line, marks it, chooses the tag, and returns the new text of the line.
     QString insertedBy(const char *item);
 
     QString line(const char *name) { return text(m_screen, name); }
@@ -43,17 +43,18 @@ protected:
     void expectFixedTexts(const char *heading, const char *instructions, const char *addCaption);
     void expectList(std::span<const TagRow> tags);
 
-    /// Chooses every tag, with every text of the deciding field that allows it.
+    /// Chooses every tag, with every text of the deciding field that allows it, and expects it to
+    /// be inserted.
     void expectEveryTagInserted(std::span<const TagRow> tags);
 
-    /// Chooses every tag that can be refused, with every text that excludes it: the message comes,
-    /// and the tag that was accepted before is inserted again.
+    /// Chooses every tag that can be refused, with every text that excludes it: the message is
+    /// shown, and the tag that was accepted before is inserted again.
     void expectEveryRefusal(std::span<const TagRow> tags);
 
-    /// Fails the test unless a tag that is chosen while no line is marked is only remembered.
+    /// Fails the test unless a tag chosen while no line is marked is only remembered.
     void expectRememberedWhenNothingIsMarked(const TagRow &first, const TagRow &second);
 
-    /// The way to a record: the first line, the question, the record, the success, the main menu.
+    /// Saving: the first line, the question, the record, the success message, the main menu.
     void expectEmptyFirstLineIsRefused();
     void expectNoWritesNothing();
     void expectOneSpaceIsSaved();

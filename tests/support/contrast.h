@@ -5,13 +5,13 @@
 #include <algorithm>
 #include <cmath>
 
-/// How well two colours can be told apart, by WCAG 2.2 (https://www.w3.org/TR/WCAG22/).
+/// Contrast of two colours by WCAG 2.2 (https://www.w3.org/TR/WCAG22/).
 namespace tarvold::testing::contrast {
 
-/// What WCAG asks of text at least (success criterion 1.4.3).
+/// The minimum that WCAG requires for text (success criterion 1.4.3).
 inline constexpr double kText = 4.5;
 
-/// What it asks of controls and of focus marks at least (1.4.11 and 2.4.13).
+/// The minimum that it requires for controls and focus marks (1.4.11 and 2.4.13).
 inline constexpr double kControl = 3.0;
 
 /// The relative luminance of a colour, 0 for black to 1 for white; WCAG 2.2, "relative luminance".

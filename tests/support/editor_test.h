@@ -28,22 +28,22 @@ protected:
     QWidget &control(const char *screen, const char *name);
     ComboBox &combo(const char *screen, const char *name);
 
-    /// What the control shows now.
+    /// The text that the control shows now.
     QString text(const char *screen, const char *name);
 
-    /// Clicks a control and then fails unless every expected message box came.
+    /// Clicks a control and fails the test unless every expected message box was shown.
     void press(const char *screen, const char *name);
 
     void type(const char *screen, const char *name, const QString &text);
     void choose(const char *screen, const char *name, const QString &item);
 
-    /// Fails the test unless this screen is the only window to be seen.
+    /// Fails the test unless this screen is the only visible window.
     static void expectOnly(const char *screen);
 
-    /// Fails the test unless this control is among its screen's widgets under its own name.
+    /// Fails the test unless the screen has a widget with this name and control() returns it.
     void expectOnItsScreen(ControlRef ref);
 
-    /// The bytes of a file in the test's folder; an absent one fails the test.
+    /// The bytes of a file in the test's folder; a missing one fails the test.
     static QByteArray bytesOf(const QString &file) { return bytesIn(file); }
 
     static QString title() { return QLatin1StringView(messagebox::kTitle); }

@@ -12,7 +12,7 @@ class EndingTest : public EditorTest
 protected:
     static constexpr const char *kFlow[] = {"Form4", "Form5", "Form6", "Form7"};
 
-    /// Starts the flow and goes on with ">>" to the given one of its screens.
+    /// Starts the flow and presses ">>" until the given screen is shown.
     void goTo(const char *screen)
     {
         press("Form1", "Command3");
@@ -31,7 +31,7 @@ protected:
         press("Form4", "Command1");
     }
 
-    /// Presses "Add This Finish", says Yes and acknowledges the success.
+    /// Presses "Add This Finish", answers Yes and confirms the success message.
     void save()
     {
         boxes.expectQuestion(title(), kSaveQuestion, Answer::Yes);
@@ -39,7 +39,7 @@ protected:
         press("Form7", "Command1");
     }
 
-    /// Brings up every screen of the flow and comes back to the main menu.
+    /// Shows every screen of the flow and returns to the main menu.
     void createAllScreens()
     {
         goTo("Form7");

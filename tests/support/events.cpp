@@ -44,10 +44,10 @@ void expectReachable(const QWidget &control)
 void expectActive(QWidget &window)
 {
     if (!window.isActiveWindow()) {
-        // A window manager gives the focus back after a message box; offscreen there is none.
+        // A window manager would restore the focus after a message box; offscreen there is none.
         window.activateWindow();
     }
-    // Qt's own wait is content with a dialog whose parent is active.
+    // qWaitForWindowActive() also accepts a dialog whose parent is active.
     ASSERT_TRUE(QTest::qWaitFor([&window] { return QApplication::activeWindow() == &window; }));
 }
 

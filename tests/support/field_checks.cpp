@@ -73,7 +73,7 @@ void expectHelpOnFocus(Screen &screen, const char *helpLabel, const ExpectedFiel
         if (!screen.control(field.control).isVisible()) {
             continue;
         }
-        // From the field itself one full round, so that Tab really brings the focus to it.
+        // Go to another control first, so that Tab really moves the focus to the field.
         tabTo(screen, "Command1");
         screen.setText(helpLabel, kBefore);
         tabTo(screen, field.control);

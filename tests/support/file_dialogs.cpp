@@ -35,7 +35,7 @@ void check(const QFileDialog &dialog, const FileAnswer &expected)
 void type(QFileDialog &dialog, const QString &name)
 {
     QLineEdit &box = nameBoxOf(dialog);
-    box.selectAll(); // an emptied box would mean the folder, which Qt keeps chosen beside the name
+    box.selectAll(); // not cleared: with an empty box Qt would keep the folder selected
     QTest::keyClicks(&box, name);
     EXPECT_EQ(box.text(), name);
 }
@@ -51,7 +51,7 @@ FileDialogs::FileDialogs()
 void FileDialogs::checkAllCame()
 {
     for (const FileAnswer &awaited : m_awaited) {
-        ADD_FAILURE() << "the file dialog did not come: " << awaited.typed.toStdString();
+        ADD_FAILURE() << "the file dialog was not shown: " << awaited.typed.toStdString();
     }
     m_awaited.clear();
 }
@@ -69,14 +69,14 @@ void FileDialogs::look()
     }
     const FileAnswer answer = m_awaited.front();
     m_awaited.pop_front();
-    m_timer.stop(); // waiting lets events through
+    m_timer.stop(); // waiting processes events
     expectActive(*dialog);
     m_timer.start(1);
     check(*dialog, answer);
     type(*dialog, answer.typed);
     QTest::keyClick(&nameBoxOf(*dialog), answer.saves ? Qt::Key_Return : Qt::Key_Escape);
     if (dialog->isVisible()) {
-        ADD_FAILURE() << "the file dialog stayed open after its answer";
+        ADD_FAILURE() << "the file dialog stayed open after it was answered";
         dialog->reject();
     }
 }

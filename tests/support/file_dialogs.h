@@ -13,24 +13,24 @@ namespace tarvold::testing {
 /// How a test answers a file dialog.
 struct FileAnswer
 {
-    QString folder;    ///< that the dialog must show at first
-    QString proposed;  ///< the name that must stand there at first
-    QString typed;     ///< over that name
-    bool saves = true; ///< by the Enter key; else Escape cancels
+    QString folder;    ///< that the dialog must show initially
+    QString proposed;  ///< the name that the dialog must propose
+    QString typed;     ///< over the proposed name
+    bool saves = true; ///< true presses Enter, false presses Escape
 };
 
-/// Answers the dialog that asks for another file from inside its event loop: Qt's own, as there is
-/// no desktop that has one.
+/// Answers the dialog for saving to another file from inside its event loop. It is Qt's own dialog,
+/// as no desktop provides one here.
 class FileDialogs : public QObject
 {
     Q_OBJECT
 public:
     FileDialogs();
 
-    /// Answers the next dialog.
+    /// Expects a dialog and answers it so.
     void expect(const FileAnswer &answer) { m_awaited.push_back(answer); }
 
-    /// Fails the test if an expected dialog has not come.
+    /// Fails the test if an expected dialog has not been shown.
     void checkAllCame();
 
 private:

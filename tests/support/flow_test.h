@@ -6,14 +6,14 @@
 
 namespace tarvold::testing {
 
-/// A flow of the program, from the main menu's button to the screen with the commentary.
+/// A flow of the program, from the main menu's button to the commentary screen.
 struct FlowPath
 {
     const char *button;                ///< on the main menu
-    std::vector<const char *> screens; ///< in their order, the commentary screen last
+    std::vector<const char *> screens; ///< in order, the commentary screen last
     const char *fileBox;               ///< on the main menu
-    const char *file;                  ///< what that box holds at first
-    const char *missing;               ///< told when the first line is empty
+    const char *file;                  ///< the initial text of that box
+    const char *missing;               ///< shown when the first line is empty
     const char *question;              ///< asked before the record is written
 };
 
@@ -30,42 +30,42 @@ struct Entry
     QString value;
 };
 
-/// The whole program, to be walked through along its flows.
+/// The whole program, with functions that go through its flows.
 class FlowTest : public EditorTest
 {
 protected:
-    /// Starts the flow and goes on with ">>" to the given one of its screens.
+    /// Starts the flow and presses ">>" until the given screen is shown.
     void goTo(const FlowPath &flow, const char *screen);
 
-    /// Starts the flow and goes on to its commentary.
+    /// Starts the flow and goes on to its commentary screen.
     void goToCommentary(const FlowPath &flow) { goTo(flow, flow.screens.back()); }
 
-    /// Goes back with "<<" from the commentary to the main menu.
+    /// Goes back with "<<" from the commentary screen to the main menu.
     void goBack(const FlowPath &flow);
 
-    /// Leaves the first screen of the flow for the main menu.
+    /// Leaves the flow from its first screen for the main menu.
     void leave(const FlowPath &flow);
 
-    /// Presses the button that adds the record, says Yes and acknowledges the success.
+    /// Presses the button that adds the record, answers Yes and confirms the success message.
     void save(const FlowPath &flow);
 
-    /// Puts values into the screen that is to be seen: types into boxes, picks in lists and steps
-    /// scroll bars with the keyboard.
+    /// Enters values on the visible screen: types into boxes, picks from lists and moves scroll
+    /// bars with the keyboard.
     void fill(const char *screen, const std::vector<Entry> &entries);
 
-    /// Fails the test unless the controls hold these values.
+    /// Fails the test unless the controls have these values.
     void expectTexts(const char *screen, const std::vector<Entry> &expected);
 
-    /// Fails the test unless Tab goes through exactly these controls, which stand below each other
-    /// but for the two buttons.
+    /// Fails the test unless Tab stops at exactly these controls, which are stacked vertically
+    /// except for the two buttons.
     void expectStops(const char *screen, const std::vector<const char *> &names);
 
     void expectReturnQuestion(Answer answer);
 
-    /// What a control holds from now on; never a choice of the user's.
+    /// Sets the text of a control as the program does, not as a choice by the user.
     void given(const char *screen, const char *control, const QString &text);
 
-    /// The lines of a file, each ended by CR LF.
+    /// The content of a file with these lines, each ended by CR LF.
     static QByteArray asFile(const std::vector<QByteArray> &lines);
 };
 

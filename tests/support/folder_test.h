@@ -11,7 +11,7 @@
 
 namespace tarvold::testing {
 
-/// Writes a file whole.
+/// Creates or replaces a file.
 inline void putBytes(const QString &file, const QByteArray &bytes)
 {
     QFile opened(file);
@@ -19,15 +19,15 @@ inline void putBytes(const QString &file, const QByteArray &bytes)
     ASSERT_EQ(opened.write(bytes), bytes.size()) << file.toStdString();
 }
 
-/// The bytes of a file; an absent one fails the test.
+/// The bytes of a file; a missing one fails the test.
 inline QByteArray bytesIn(const QString &file)
 {
     QFile opened(file);
-    EXPECT_TRUE(opened.open(QIODevice::ReadOnly)) << file.toStdString() << " is not there";
+    EXPECT_TRUE(opened.open(QIODevice::ReadOnly)) << file.toStdString() << " does not exist";
     return opened.readAll();
 }
 
-/// Files in the current folder, by names that are written out in a test.
+/// putBytes() and bytesIn() for UTF-8 names in the current folder.
 inline void writeFile(const char *name, const QByteArray &bytes)
 {
     putBytes(QString::fromUtf8(name), bytes);
@@ -38,20 +38,21 @@ inline QByteArray readBack(const char *name)
     return bytesIn(QString::fromUtf8(name));
 }
 
-/// The names of everything in the current folder, links that lead nowhere included, sorted.
+/// The sorted names of everything in the current folder, including dangling links.
 inline QStringList folderEntries()
 {
     const auto all = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
     return QDir().entryList(all, QDir::Name);
 }
 
-/// The same joined by blanks.
+/// The same, joined by spaces.
 inline std::string folderContent()
 {
     return folderEntries().join(u' ').toStdString();
 }
 
-/// A record of any kind: the given lines, then numbered ones up to its length.
+/// A record with the given lines first, filled up with numbered lines.
+/// \param lines the length of the record
 inline QByteArray recordOf(int lines, const QByteArrayList &given = {"Any"})
 {
     QByteArray bytes;
@@ -62,10 +63,10 @@ inline QByteArray recordOf(int lines, const QByteArrayList &given = {"Any"})
     return bytes;
 }
 
-/// Names the tests of a table after the `name` of its rows.
+/// Names parameterised tests after the `name` of their row.
 inline constexpr auto kNameOfRow = [](const auto &row) { return std::string(row.param.name); };
 
-/// A test in an empty folder of its own, which is the current folder while it runs.
+/// A test in an empty temporary folder, which is the current folder while the test runs.
 class FolderTest : public ::testing::Test
 {
 public:

@@ -1,4 +1,4 @@
-// Makes a picture of every screen, to be looked at: gallery FOLDER [--dark] [--points SIZE]
+// Saves a picture of every screen: gallery FOLDER [--dark] [--points SIZE]
 
 #include "controls/look.h"
 #include "editor.h"
@@ -21,7 +21,7 @@ constexpr const char *kScreens[] = {"Form1",  "Form4",  "Form5",  "Form6",  "For
                                     "Form9",  "Form10", "Form11", "Form12", "Form13", "Form14",
                                     "Form15", "Form16", "Form17", "Form2",  "Form3"};
 
-/// Gives the screens something to show.
+/// Fills the screens with sample content.
 void prepare(tarvold::Screens &screens)
 {
     using namespace tarvold;

@@ -8,7 +8,7 @@ class QScrollBar;
 
 namespace tarvold::testing {
 
-/// The program on a screen with a feud heat bar, HScroll1, which Label8 tells of.
+/// The program, showing a screen with a feud heat bar, HScroll1, whose value Label8 shows.
 class HeatTest : public FlowTest
 {
 protected:
@@ -17,21 +17,21 @@ protected:
     QScrollBar &bar();
     QString shown() { return text(m_screen, "Label8"); }
 
-    /// Presses a key on the bar, which has the focus.
+    /// Presses a key on the bar, which must have the focus.
     void key(Qt::Key key);
 
-    /// The middle of the thumb.
+    /// The centre of the thumb.
     QPoint thumb();
 
-    /// Drags the thumb to the right end without letting it go; gives the place it was dragged from.
+    /// Drags the thumb to the right end without releasing it; returns where the drag started.
     QPoint startDrag();
 
-    /// Drags the thumb to the right end and lets it go, with what the label is to show before
-    /// and after that.
+    /// Drags the thumb to the right end and releases it. The label must show `before` until then
+    /// and `after` from then on.
     void expectLabelFollowsOnlyWhenLetGo(const QString &before, const QString &after);
 
-    /// Fails the test unless Tab reaches the bar, each key and wheel turn moves it by one, and so
-    /// do its arrows and its trough.
+    /// Fails the test unless Tab reaches the bar and every key, wheel notch, arrow click and trough
+    /// click changes it by one.
     void expectStepsOfOne();
 
     /// Fails the test unless the value stays between 1 and 100.

@@ -8,10 +8,10 @@
 #include <unistd.h>
 #include <vector>
 
-/// What keeps a program from writing its files, made on purpose.
+/// Ways to make writing a file fail.
 namespace tarvold::testing {
 
-/// While it lives, no file can grow beyond a number of bytes.
+/// Limits the size of files that this process writes while it lives, in bytes.
 class FileSizeLimit
 {
 public:
@@ -34,9 +34,10 @@ private:
     void (*m_oldAction)(int);
 };
 
-/// Whether something holds in a process whose user the system's permissions bind; for the
-/// superuser they mean nothing, so then the process becomes that of the user "nobody".
-/// \param groups further groups of that user
+/// Runs a check in a child process as an ordinary user, as permissions do not apply to the
+/// superuser: a superuser's child becomes the user "nobody".
+/// \param groups supplementary groups of that user
+/// \return whether the check returned `true`
 inline bool holdsForOrdinaryUser(const std::function<bool()> &check,
                                  const std::vector<gid_t> &groups = {})
 {

@@ -10,13 +10,13 @@
 namespace tarvold::testing::mouse {
 namespace {
 
-/// Longer than any pause between two events of a test, shorter than the pause between two clicks
-/// that are none.
+/// Longer than any pause within a test, and half the pause between two separate clicks.
 constexpr int kInterval = 10'000;
 
 std::chrono::milliseconds lateness{0};
 
-/// Who gets an event at a place: an open list or menu wherever it is, else what is in front there.
+/// The window that gets an event: an open list or menu anywhere, else the front window at that
+/// position.
 QWindow *windowAt(const QPoint &place)
 {
     if (const QWidget *popup = QApplication::activePopupWidget()) {
@@ -44,7 +44,7 @@ void send(const QPoint &place, Qt::MouseButton button, QEvent::Type type)
     }
 }
 
-/// A window that has come is first painted, and then known as painted.
+/// A new window is painted first; the double click guard notes that in a later round.
 void settle()
 {
     constexpr int kRounds = 3;
@@ -70,7 +70,7 @@ void pass(std::chrono::milliseconds pause)
 void keepBusy(std::chrono::milliseconds late)
 {
     const int less = static_cast<int>((lateness - late).count());
-    QTest::lastMouseTimestamp += std::max(less, 0); // time never goes back
+    QTest::lastMouseTimestamp += std::max(less, 0); // the clock must be monotonic
     lateness = late;
 }
 
@@ -116,7 +116,7 @@ void doubleClick(const QPoint &place, Qt::MouseButton button)
 
 void drag(const QPoint &from, const QPoint &to)
 {
-    // All at once: a drag of text has an event loop of its own, which only the release ends.
+    // Send all events at once: a drag of text runs its own event loop, which only the release ends.
     QTest::lastMouseTimestamp += 2 * kInterval;
     send(from, Qt::LeftButton, QEvent::MouseButtonPress);
     send((from + to) / 2, Qt::LeftButton, QEvent::MouseMove);

@@ -7,44 +7,45 @@
 
 class QWidget;
 
-/// The mouse as the desktop reports it: each event goes to the window that is under the pointer at
-/// that moment, with a time, and Qt makes double clicks of it.
+/// Simulates the mouse as the desktop reports it: each event goes to the window that is under the
+/// pointer at that moment, with a timestamp, and Qt detects double clicks.
 namespace tarvold::testing::mouse {
 
-/// What time it is for the program. It stands still but for the clicks, each of which comes after a
-/// pause, and for `pass` and `keepBusy`.
+/// The simulated time that the program sees. It advances only by clicks, each of which comes after
+/// a pause, and by pass() and keepBusy().
 std::chrono::steady_clock::time_point now();
 
-/// Lets time pass. The program does meanwhile what it has to do.
+/// Lets time pass while the program handles its events.
 void pass(std::chrono::milliseconds pause);
 
-/// From here on what the user does comes to the program so late, with the time at which it was
-/// done. With 0 the program has caught up.
+/// Simulates a busy program: from now on, events arrive this much later than their timestamps. 0
+/// means that the program has caught up.
 void keepBusy(std::chrono::milliseconds late);
 
-/// Presses and releases a button at a place of the desktop.
+/// Clicks at a position on the desktop.
 void click(const QPoint &place, Qt::MouseButton button = Qt::LeftButton);
 
-/// Presses a button of the mouse, after a pause that makes it no second click, and holds it.
+/// Presses and holds a mouse button, after a pause so long that it is no double click.
 void press(const QPoint &place, Qt::MouseButton button = Qt::LeftButton);
 
-/// The same, but as the second of a double click, given the same place.
+/// Presses and holds a mouse button so that it is the second press of a double click, if the
+/// position is the same.
 void pressAgain(const QPoint &place, Qt::MouseButton button = Qt::LeftButton);
 
-/// Lets go of a button.
+/// Releases a mouse button.
 void release(const QPoint &place, Qt::MouseButton button = Qt::LeftButton);
 
-/// Clicks once more, at once or after what `pass` let pass: Qt takes it for the second click of a
-/// double click, given the same place.
+/// Clicks again, at once or after pass(), so that Qt takes it for the second click of a double
+/// click, if the position is the same.
 void clickAgain(const QPoint &place, Qt::MouseButton button = Qt::LeftButton);
 
-/// Clicks twice, so fast that it is a double click wherever windows allow it to be one.
+/// Clicks twice within the double click interval.
 void doubleClick(const QPoint &place, Qt::MouseButton button = Qt::LeftButton);
 
-/// Presses at one place and releases at another, with a move between.
+/// Drags from one position to another.
 void drag(const QPoint &from, const QPoint &to);
 
-/// The middle of a control on the desktop.
+/// The centre of a control, in desktop coordinates.
 QPoint middleOf(const QWidget &control);
 
 } // namespace tarvold::testing::mouse

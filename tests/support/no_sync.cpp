@@ -1,4 +1,4 @@
-// Linked into a test program, spares it the wait for the disk.
+// Replaces fsync() in a test program, so that it need not wait for the disk.
 
 #include <unistd.h>
 

@@ -5,10 +5,10 @@
 #include <QPalette>
 #include <QStyle>
 
-/// The palettes that the pictures and the tests of the look are made with.
+/// The palettes for pictures and for the tests of the look.
 namespace tarvold::testing {
 
-/// A dark palette such as desktops bring: light text on grey, and on nearly black in boxes.
+/// A typical dark palette of a desktop: light text on grey, and on nearly black in boxes.
 inline QPalette darkPalette()
 {
     QPalette palette(QColor(0x35, 0x35, 0x35), QColor(0x2A, 0x2A, 0x2A));
@@ -17,8 +17,8 @@ inline QPalette darkPalette()
     return palette;
 }
 
-/// Takes the dark palette as Qt takes one from the desktop: past the program's style,
-/// which mends what could not be told apart.
+/// Applies the dark palette as Qt applies the desktop's: after the program's style has polished it,
+/// which fixes low contrast.
 inline void useDarkPalette()
 {
     QPalette palette = darkPalette();

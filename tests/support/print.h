@@ -6,19 +6,19 @@
 
 #include <ostream>
 
-/// Lets GoogleTest show texts as text.
+/// Prints a QString as text.
 inline void PrintTo(const QString &text, std::ostream *out)
 {
     *out << '"' << text.toStdString() << '"';
 }
 
-/// Lets GoogleTest show places as place and size.
+/// Prints a QRect as position and size.
 inline void PrintTo(const QRect &place, std::ostream *out)
 {
     *out << place.x() << ',' << place.y() << ' ' << place.width() << 'x' << place.height();
 }
 
-/// Lets GoogleTest show bytes with every control character to be seen.
+/// Prints bytes, with control and non-ASCII characters as {code}.
 inline void PrintTo(const QByteArray &bytes, std::ostream *out)
 {
     for (const char byte : bytes) {

@@ -4,11 +4,12 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-/// Tasks that run at the same time, each in a program of its own.
+/// Tasks that run at the same time, each in a child process.
 namespace tarvold::testing {
 
-/// Starts a task in a process of its own.
+/// Starts a task in a child process.
 /// \param task returns whether it succeeded; see succeeds()
+/// \return its process id
 template <class Task>
 pid_t start(const Task &task)
 {
@@ -19,7 +20,7 @@ pid_t start(const Task &task)
     return process;
 }
 
-/// Waits for a started task and tells whether it returned `true`.
+/// Waits for a started task; returns whether it returned `true`.
 inline bool succeeds(pid_t process)
 {
     int status = 0;
@@ -27,8 +28,7 @@ inline bool succeeds(pid_t process)
            WEXITSTATUS(status) == EXIT_SUCCESS;
 }
 
-/// Whether a started task is still at it. One that is not was waited for, so ask it only once more
-/// through the status that it left.
+/// Whether a started task is still running. Leaves its exit status for succeeds() to collect.
 inline bool isRunning(pid_t process)
 {
     siginfo_t info = {};

@@ -16,8 +16,8 @@
 namespace tarvold::testing {
 namespace {
 
-/// Text boxes inside a combo box are part of it, and so are the parts of its list.
-bool isInsideOfAnother(const QWidget &control)
+/// The text box and the list of a combo box are part of it.
+bool isInsideComboBox(const QWidget &control)
 {
     for (const QWidget *outer = control.parentWidget(); outer != nullptr;
          outer = outer->parentWidget()) {
@@ -28,7 +28,7 @@ bool isInsideOfAnother(const QWidget &control)
     return false;
 }
 
-/// Where a control stands in its window, be it in a box of its own there.
+/// The position of a control in its window, even if other widgets contain it.
 QRect placeOf(const QWidget *control)
 {
     return {control->mapTo(control->window(), QPoint()), control->size()};
@@ -45,7 +45,7 @@ bool isBefore(const QWidget *one, const QWidget *other)
 
 QString spokenName(QWidget &control)
 {
-    // Qt tells what a combo box shows for its name, and its label or own name beside it.
+    // For a combo box, Qt reports its text as its name, so use the accessible name if there is one.
     if (!control.accessibleName().isEmpty()) {
         return control.accessibleName();
     }
@@ -57,7 +57,7 @@ QList<QWidget *> focusableControls(const QWidget &window)
 {
     QList<QWidget *> controls;
     for (QWidget *control : window.findChildren<QWidget *>()) {
-        if ((control->focusPolicy() & Qt::TabFocus) != 0 && !isInsideOfAnother(*control)) {
+        if ((control->focusPolicy() & Qt::TabFocus) != 0 && !isInsideComboBox(*control)) {
             controls << control;
         }
     }
@@ -70,10 +70,10 @@ void expectOwnNames(const QWidget &window)
     for (QWidget *control : focusableControls(window)) {
         const QString name = spokenName(*control);
         EXPECT_FALSE(name.trimmed().isEmpty()) << control->objectName().toStdString();
-        EXPECT_FALSE(names.contains(name)) << name.toStdString() << " is the name of two";
+        EXPECT_FALSE(names.contains(name)) << name.toStdString() << " is the name of two controls";
         names << name;
         if (const auto *combo = qobject_cast<QComboBox *>(control)) {
-            // Within an editable combo box the focus lies on this box, so it is what is spoken.
+            // In an editable combo box this text box has the focus, so its name is spoken.
             EXPECT_EQ(spokenName(*combo->lineEdit()), name);
         }
     }

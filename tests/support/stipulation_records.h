@@ -7,11 +7,11 @@
 
 namespace tarvold::testing {
 
-/// Lines that differ from those of an ordinary record, by their number from 1.
+/// Replacement lines of a record, by line number, starting at 1.
 using OtherLines = std::map<int, QByteArray>;
 
-/// The 19 lines of a stipulation. All that a form can show differ from its defaults and, where
-/// possible, from each other, so that two lines that changed places are noticed.
+/// The 19 lines of a stipulation. Values that the form shows differ from its defaults and, where
+/// possible, from each other, so that swapped lines are noticed.
 inline std::array<QByteArray, 19>
 stipulationLines(const QByteArray &matchType, const QByteArray &name, const OtherLines &others = {})
 {

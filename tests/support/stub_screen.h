@@ -8,7 +8,7 @@
 
 namespace tarvold::testing {
 
-/// A screen with one text box, in the place of a real one. Its name is "Form" and the digits.
+/// A stand-in for a real screen, with one text box. Its name is "Form" and the digits.
 template <char... Digits>
 class StubScreen : public Screen
 {

@@ -4,7 +4,7 @@
 
 namespace tarvold::testing {
 
-/// A call of Windows as its own library has it, for tests that put another one in its place.
+/// The original Windows function, for tests that replace it with their own.
 template <typename Call>
 Call systemCall(const char *name)
 {

@@ -14,8 +14,8 @@ namespace tarvold::testing {
 
 using namespace Qt::StringLiterals;
 
-/// A window of the test's own, to try single controls in: what `add` puts into it, and below that
-/// an ordinary text box to go to from there.
+/// A window for testing a single control: the control that add() puts into it, and below that an
+/// ordinary text box, `elsewhere`.
 class WindowTest : public ::testing::Test
 {
 public:

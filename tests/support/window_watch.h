@@ -4,16 +4,17 @@
 
 namespace tarvold::testing {
 
-/// Watches the windows of the program while it lives: there must always be one to see.
+/// Watches the screens of the program while it lives: at least one must always be visible.
 class WindowWatch : public QObject
 {
 public:
     WindowWatch();
 
-    /// Whether there was a moment without any window to see.
+    /// Whether no screen was visible at some moment.
     bool sawNone() const { return m_sawNone; }
 
-    /// Whether two windows were seen at once, as when the next one comes before the other goes.
+    /// Whether two screens were visible at once, as when the next one is shown before the previous
+    /// one is hidden.
     bool sawTwo() const { return m_sawTwo; }
 
 protected:

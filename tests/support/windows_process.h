@@ -7,15 +7,15 @@
 #include <string>
 #include <windows.h>
 
-/// Tasks that run at the same time on Windows, each in a program of its own.
+/// Tasks that run at the same time on Windows, each in a process of its own.
 namespace tarvold::testing {
 
-/// This test program, started once more for one of its tests in the current folder. That test is
-/// disabled, so that it runs in no other way.
+/// Starts this test program again in the current folder, to run one of its tests. That test is
+/// disabled, so that it does not run otherwise.
 class Task
 {
 public:
-    /// \param test suite and name of it, such as "Task.DISABLED_Appends"
+    /// \param test suite and name, such as "Task.DISABLED_Appends"
     explicit Task(const std::string &test)
     {
         std::array<char, MAX_PATH> program{};
@@ -36,7 +36,7 @@ public:
 
     bool isRunning() const { return ::WaitForSingleObject(m_process.hProcess, 0) == WAIT_TIMEOUT; }
 
-    /// Waits for its end and tells whether the test passed.
+    /// Waits for the process to end; returns whether the test passed.
     bool succeeds() const
     {
         DWORD code = 1;

@@ -7,7 +7,7 @@
 #include <string>
 #include <windows.h>
 
-/// What another program does with a file on Windows, seen from this one.
+/// Simulates what another program does with a file on Windows.
 namespace tarvold::testing {
 
 inline std::wstring nativeName(const QString &file)
@@ -15,11 +15,11 @@ inline std::wstring nativeName(const QString &file)
     return QDir::toNativeSeparators(file).toStdWString();
 }
 
-/// Another program that has a file open for reading and writing.
+/// Another program that has opened a file for reading and writing.
 class OtherProgram
 {
 public:
-    /// \param sharing what it lets others do meanwhile, such as FILE_SHARE_READ
+    /// \param sharing what other programs may do meanwhile, such as FILE_SHARE_READ
     OtherProgram(const QString &file, DWORD sharing)
         : m_handle(::CreateFileW(nativeName(file).c_str(), GENERIC_READ | GENERIC_WRITE, sharing,
                                  nullptr, OPEN_ALWAYS, 0, nullptr))
@@ -29,7 +29,7 @@ public:
     ~OtherProgram() { ::CloseHandle(m_handle); }
     Q_DISABLE_COPY_MOVE(OtherProgram)
 
-    /// Takes the lock of the file, as a copy of the program does.
+    /// Locks the file as a copy of the program does.
     void lock()
     {
         OVERLAPPED place = {};
@@ -37,7 +37,7 @@ public:
         EXPECT_TRUE(::LockFileEx(m_handle, LOCKFILE_EXCLUSIVE_LOCK, 0, 1, 0, &place));
     }
 
-    /// The first bytes of the file, as many as a test writes.
+    /// The first bytes of the file, more than any test writes.
     QByteArray read()
     {
         constexpr DWORD kMost = 100;

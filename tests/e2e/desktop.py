@@ -1,4 +1,4 @@
-"""A virtual display of our own, with a window manager and an accessibility bus."""
+"""A private virtual display with a window manager and an accessibility bus."""
 
 import os
 import select
@@ -8,21 +8,21 @@ import tempfile
 WIDTH, HEIGHT = 1366, 768
 
 FONTS = os.path.join(os.path.dirname(os.path.abspath(__file__)), "fonts.conf")
-# What a user's session tells programs of style, size, colours and language.
+# Variables by which a user's session sets style, size, colours and language.
 TASTES = ("QT_", "XDG_CURRENT_DESKTOP", "XDG_CONFIG", "XDG_DATA", "DESKTOP_SESSION", "KDE_",
           "GNOME_", "GTK", "LANG", "LC_", "XMODIFIERS", "RESOURCE_NAME")
 
 
 def plain_environment():
-    """An environment in which the program looks the same on every machine."""
+    """Returns an environment in which the program looks the same on every machine."""
     kept = {name: value for name, value in os.environ.items() if not name.startswith(TASTES)}
     return {**kept, "LC_ALL": "C.UTF-8", "FONTCONFIG_FILE": FONTS, "QT_QPA_PLATFORM": "xcb",
             "QT_FONT_DPI": "96", "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}
 
 
 class Desktop:
-    """Lives as long as its `with` block; inside it DISPLAY, the bus address and a runtime folder are
-    set, as in a session that a user logged into."""
+    """A context manager. Inside its `with` block DISPLAY, the bus address and the runtime folder are
+    set, as in a login session."""
 
     def __init__(self, log):
         self._log = log
@@ -53,8 +53,8 @@ class Desktop:
         return process
 
     def _start_display(self):
-        # The server itself picks a number that is free and tells it once it is ready. No key repeats
-        # itself because a busy machine holds it down for long.
+        # The server picks a free display number and reports it once it is ready. Auto-repeat is off,
+        # as a busy machine may hold keys down for long.
         reader, writer = os.pipe()
         self._start("Xvfb", "-displayfd", str(writer), "-nolisten", "tcp",
                     "-dpi", "96", "-wr", "-r", "-screen", "0", f"{WIDTH}x{HEIGHT}x24", pass_fds=[writer])
@@ -63,7 +63,7 @@ class Desktop:
             return ":" + answer.readline().strip()
 
     def _start_window_manager(self):
-        # A window that asks to be shown while the manager starts would never appear.
+        # A window shown while the window manager starts would never appear.
         reader, writer = os.pipe()
         command = f"/bin/sh -c 'echo ready > /proc/{os.getpid()}/fd/{writer}'"
         self._start("openbox", "--sm-disable", "--startup", command, stdout=self._log)
@@ -74,7 +74,7 @@ class Desktop:
             raise RuntimeError("the window manager did not start")
 
     def _park_pointer(self):
-        # Where it is at first, windows open under it.
+        # At its initial position, windows would open under it.
         subprocess.run(["xdotool", "mousemove", "--sync", str(WIDTH - 1), str(HEIGHT - 1)],
                        stderr=self._log, check=True)
 

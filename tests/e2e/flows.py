@@ -1,7 +1,7 @@
-"""What the tour does in each flow, and the bytes that the data file must then hold.
+"""What the tour does in each flow, and the expected content of the data file.
 
-A flow is a function that takes a driver on the main menu and brings it back there. FLOWS lists each
-with the file that it writes and the lines that must be in it.
+A flow is a function that takes a driver on the main menu and returns to the main menu. FLOWS lists
+each flow with the file that it writes and the expected lines.
 """
 
 import segment_flows
@@ -72,7 +72,7 @@ def commentary(driver):
 
 
 def refused_tag(driver):
-    """A refused tag leaves the one chosen before to be put in once more; the author undoes that."""
+    """Choosing a refused tag inserts the previous tag again; the author undoes that."""
     driver.choose(TAG_LIST, "Receiver's Manager Name")
     driver.wait_box(NO_MANAGER)
     driver.picture("refused-tag")
@@ -84,7 +84,7 @@ def refused_tag(driver):
     driver.wait_value("Commentary line 3", "Three! <recshortname>")
 
 
-# What the function above typed and chose, line by line; the rest is what the screens start with.
+# What the function above typed and chose, line by line; the other lines have default values.
 NORMAL_ENDING = [
     # match criteria
     "Tag Team", "Ladder Match", "Yes", "N/A", "Normal", "N/A",

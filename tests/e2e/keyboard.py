@@ -1,4 +1,4 @@
-"""Drives the program by keys alone: there is no mouse here, and none is imported."""
+"""Drives the program by keyboard alone."""
 
 from functools import cached_property
 
@@ -6,7 +6,7 @@ from program import BOX_TITLE, Program, TourError
 from steps import TAG_LIST
 from things import LIST, SIMPLE, extents, has, name_of, walk
 
-# What else than Enter on the button does the same, and is quicker.
+# Shortcuts for buttons, by name.
 SHORTCUTS = {
     "Back": "alt+Left",
     "Back To Menu": "alt+Left",
@@ -21,7 +21,7 @@ SHORTCUTS = {
 
 
 class Stop:
-    """A control on which the focus can rest. Its name is asked for when it is first wanted."""
+    """A Tab stop. Its name is fetched when first needed."""
 
     def __init__(self, thing):
         self.thing = thing
@@ -51,7 +51,7 @@ class Keyboard(Program):
         self._wait(f'the focus in the box "{title}"', self._stops_with_focus)
 
     def press(self, button):
-        """Presses a button by its shortcut, or goes there and presses Enter."""
+        """Presses a button by its shortcut, or moves to it and presses Enter."""
         self._wait("the focus", self._stops_with_focus)
         shortcut = SHORTCUTS.get(button)
         if not shortcut:
@@ -65,28 +65,28 @@ class Keyboard(Program):
         while stop.name != name:
             stop = self.leave(stop, "Tab", stops)
             if stop is first:
-                raise TourError(f'Tab comes round without reaching "{name}"')
+                raise TourError(f'Tab has come round without reaching "{name}"')
 
     def leave(self, stop, key, stops):
-        """Presses a key that leads away from a control, and returns which of the stops it leads to."""
+        """Presses a key that moves the focus away from a stop, and returns the newly focused stop."""
         self.keys(key)
         others = [each for each in stops if each is not stop]
-        return self._wait(f'{key} to lead on from "{stop.name}"', lambda: focused(others))
+        return self._wait(f'{key} to move the focus from "{stop.name}"', lambda: focused(others))
 
     def fill(self, name, text):
-        """Types over what is in a box."""
+        """Types over the text of a box."""
         self.go_to(name)
         self.keys("ctrl+a", "Delete")
         self.type(name, text)
 
     def choose(self, name, item, picture=None):
-        """Picks an item from a field's list; from the list of tags, without leaving the line."""
+        """Picks an item from a field's list, or from the list of tags without leaving the line."""
         if name != TAG_LIST:
             self.go_to(name)
         self.choose_by_keys(name, item)
 
     def select(self, item):
-        """Goes to a row of the screen's list box."""
+        """Moves to a row of the screen's list box."""
         stop = next(each for each in self.stops() if each.role == LIST)
         self.go_to(stop.name)
         rows = [each for each in walk(stop.thing) if each.get_role_name() == "list item"]
@@ -95,7 +95,7 @@ class Keyboard(Program):
         self._wait(f'the row "{item}"', lambda: has(rows[names.index(item)], "SELECTED"))
 
     def stops(self):
-        """The controls of the active window that are shown and take the focus."""
+        """The visible controls of the active window that can get the focus."""
         return [Stop(each) for each in walk(self.active_window(), (*SIMPLE, LIST))
                 if has(each, "FOCUSABLE", "SHOWING")]
 
@@ -105,5 +105,5 @@ class Keyboard(Program):
 
 
 def focused(stops):
-    """The one that has the focus, if any has."""
+    """The focused stop, or None."""
     return next((stop for stop in stops if stop.has("FOCUSED")), None)

@@ -1,4 +1,4 @@
-"""A user who sees nothing: what the program tells to assistive technology must be enough."""
+"""A user with a screen reader: what the program reports to assistive technology must be enough."""
 
 from flows import NO_MANAGER
 from keyboard import Keyboard, focused
@@ -12,20 +12,20 @@ BOXES = ("alert", "dialog")
 EVENTS = ("object:state-changed:focused", "object:state-changed:showing",
           "object:property-change:accessible-name", "window:activate")
 
-# The screens whose fields are explained by a line of help, one at a time.
+# The screens that explain the focused field in a help line.
 WITH_HELP = ("GENERAL DETAILS", "ATTACKER DETAILS", "RECEIVER DETAILS", "FEUD DETAILS",
              "TURN DETAILS", "INTERVIEW SEGMENT DETAILS", "TALK SHOW SEGMENT DETAILS")
 COMPOSER = "THE MATCH FINISH"
-# What is spoken of a screen, where it is not the label by which the flows know it.
+# Spoken names of screens that differ from the heading in the flows.
 SPOKEN = {
     FORM: "Match Stipulation",
     "What would you like to import?": "Import",
     "Which file would you like to import from?": "Import",
 }
 
-# The message boxes of the commentary screens, and what is told without one, in this order.
+# The message boxes and other announcements of the commentary screens, in order.
 ENDING = ("Add this finish to the file?", "Saved OK.")
-TOLD = [
+ANNOUNCED = [
     NO_MANAGER, "Tag refused. Nothing was inserted.",
     "No line is marked, so nothing was inserted.",
     "Inserted <att2fullname> into line 1.",
@@ -39,15 +39,15 @@ TOLD = [
 
 
 class Listener(Keyboard):
-    """Fails where a control, a screen or a message would be silent or could be mistaken."""
+    """Fails if a control, a screen or a message is not announced, or ambiguously."""
 
     def __init__(self, *arguments):
-        self._heard = []  # since the last key: what happened, to which role, its name or description
-        self._told = []
+        self._heard = []  # since the last key: (event, role, name or description)
+        self._announced = []
         self._met = []
         Atspi.init()
         self._ear = Atspi.EventListener.new(self._hear)
-        for event in EVENTS:  # the program sends what somebody listens to when it starts
+        for event in EVENTS:  # the program only sends events that had a listener when it started
             self._ear.register(event)
         super().__init__(*arguments)
 
@@ -59,9 +59,9 @@ class Listener(Keyboard):
             return stops
         self._met.append(screen)
         expect(window.get_name() == f"{SPOKEN.get(heading, heading)} - {SCREEN_TITLE}",
-               f'the window of "{heading}" is spoken as "{window.get_name()}"')
+               f'the window of "{heading}" is announced as "{window.get_name()}"')
         expect_clear(heading, stops)
-        if heading == COMPOSER and not self._told:
+        if heading == COMPOSER and not self._announced:
             self._insert_nowhere()
         if heading in WITH_HELP:
             self._listen_to_help(heading, stops)
@@ -77,15 +77,15 @@ class Listener(Keyboard):
         self._wait(f'the box "{title}" to be announced',
                    lambda: ("window", window.get_role_name(), title) in self._heard)
         if title == BOX_TITLE:
-            self._told.append(text)
+            self._announced.append(text)
 
     def keys(self, *keys):
         self._heard.clear()
         super().keys(*keys)
 
     def finish(self):
-        self._wait("the last message", lambda: len(self._told) >= len(TOLD))
-        expect(self._told == TOLD, f"the program told {self._told} and not {TOLD}")
+        self._wait("the last message", lambda: len(self._announced) >= len(ANNOUNCED))
+        expect(self._announced == ANNOUNCED, f"the program announced {self._announced} and not {ANNOUNCED}")
 
     def _insert_nowhere(self):
         """Tries to insert tags while no line is marked."""
@@ -96,8 +96,8 @@ class Listener(Keyboard):
         self.choose_by_keys(TAG_LIST, "Attacker 1 Full Name")
 
     def _listen_to_help(self, heading, stops):
-        """Goes round by Tab: each field is described by what the line of help then shows, and both
-        are told."""
+        """Tabs through all fields. The description of each must be the text that the help line
+        then shows, and both must be announced."""
         first = stop = focused(stops)
         line = self._wait(f'the help of "{heading}"',
                           lambda: self._find("label", first.thing.get_description()))
@@ -116,7 +116,7 @@ class Listener(Keyboard):
         wanted = {("focus", stop.role, text)}
         if text != shown:
             wanted.add(("name", "label", text))
-        self._wait(f'the help of "{stop.name}" to be told', lambda: wanted <= set(self._heard))
+        self._wait(f'the help of "{stop.name}" to be announced', lambda: wanted <= set(self._heard))
 
     def _hear(self, event):
         try:
@@ -129,20 +129,20 @@ class Listener(Keyboard):
                 self._heard.append(("focus", role, event.source.get_description()))
             elif event.type == "object:state-changed:showing" and event.detail1:
                 if role == "notification":
-                    self._told.append(event.source.get_name())
+                    self._announced.append(event.source.get_name())
         except GLib.Error:
-            pass  # what has happened to something that is gone by now is of no use
+            pass  # the object no longer exists
 
 
 def expect_clear(heading, stops):
-    """Every control has a role that says how to use it, and a name that no other control has."""
+    """Expects every control to have a role that says how to use it, and a unique name."""
     names = [stop.name for stop in stops]
     for stop in stops:
         place = f'on "{heading}", the {stop.role} "{stop.name}"'
         expect(stop.role in (*FIELDS, LIST, BUTTON, BAR), f"{place} has an unknown role")
         expect(stop.name.strip(), f"{place} has no name")
         expect(names.count(stop.name) == 1, f"{place} is not the only one with this name")
-        expect("<<" not in stop.name and ">>" not in stop.name, f"{place} is named by signs")
+        expect("<<" not in stop.name and ">>" not in stop.name, f"{place} has a symbol as its name")
         if stop.role == BAR:
             expect_value(place, stop.thing.get_value_iface())
     if heading in WITH_HELP:
@@ -152,7 +152,7 @@ def expect_clear(heading, stops):
 def expect_value(place, bar):
     low, value, high = (bar.get_minimum_value(), bar.get_current_value(), bar.get_maximum_value())
     expect((low, high) == (1, 100) and low <= value <= high,
-           f"{place} tells {value} between {low} and {high}")
+           f"{place} reports {value} between {low} and {high}")
 
 
 def expect(holds, complaint):

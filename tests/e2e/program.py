@@ -1,8 +1,8 @@
-"""Runs the program and looks at what it shows.
+"""Runs the program and reads what it shows.
 
-What is on the screen is read from the accessibility bus, by the role and name that a screen reader
-would speak; keys come from xdotool. Every step waits for what it needs to see and fails in plain
-words when that does not come.
+Controls are found on the accessibility bus by role and name, as a screen reader finds them; keys are
+sent by xdotool. Every step waits for what it expects, with a timeout, and then fails with a clear
+message.
 """
 
 import os
@@ -18,8 +18,8 @@ warnings.filterwarnings("ignore", category=DeprecationWarning)
 
 BOX_TITLE = "Tarvold Data Editor"
 SCREEN_TITLE = "Tarvold 1.3 Data Editor"
-PLACE = (100, 30)  # for windows: at the edge of the display a part of one may not be seen
-LOOKS = 20  # at one thing that may change under the look
+PLACE = (100, 30)  # of windows, away from the edge of the display
+RETRIES = 20  # for reading something that may change meanwhile
 
 
 class TourError(RuntimeError):
@@ -27,30 +27,30 @@ class TourError(RuntimeError):
 
 
 class Program:
-    """One run of the program in a folder, with pictures going to another."""
+    """One run of the program in a folder, with screenshots saved in another."""
 
     def __init__(self, command, folder, pictures, timeout, log):
         self.folder = folder
         self._timeout = timeout
         self._pictures = pictures
         self._picture_count = 0
-        self._corner = None  # of all screens, once the first one was moved
-        Atspi.init()  # starts the accessibility bus, which the program looks for when it starts
+        self._corner = None  # top left corner of all screens, once the first one was moved
+        Atspi.init()  # starts the accessibility bus, which the program needs at startup
         self._process = subprocess.Popen(command, cwd=folder, env=plain_environment(), stderr=log)
 
-    # What is on the screen
+    # What the program shows
 
     def wait_screen(self, heading):
-        """Waits until the screen with this heading is the only one, where those before it stood."""
+        """Waits until the screen with this heading is the only one and has the usual position."""
         self._wait(f'the screen "{heading}"',
                    lambda: len(self._windows(SCREEN_TITLE)) == 1 and self._find("label", heading))
         if self._corner:
-            self._wait(f'the screen "{heading}" in the place of the one before',
+            self._wait(f'the screen "{heading}" at the position of the one before',
                        lambda: self._corner_of_screen() == self._corner)
         self._wait_active(SCREEN_TITLE)
 
     def wait_box(self, text, title=BOX_TITLE):
-        """Waits until a message box with this title and text is there."""
+        """Waits until a message box with this title and text is shown."""
         self._wait(f'the message box "{text}"', lambda: self._windows(title)
                    and self._find("label", text))
         self._wait_active(title)
@@ -64,7 +64,7 @@ class Program:
         self._wait(f'"{text}" in "{name}"', lambda: value_of(self._field(name)) == text)
 
     def wait_end(self):
-        """Waits until the program has ended and fails unless it ended well."""
+        """Waits until the program has ended and fails unless its exit status is 0."""
         try:
             code = self._process.wait(self._timeout)
         except subprocess.TimeoutExpired:
@@ -73,37 +73,37 @@ class Program:
             raise TourError(f"the program ended with status {code}")
 
     def stop(self):
-        """Ends a program that a failed tour left behind."""
+        """Kills the program if a failed tour left it running."""
         if self._process.poll() is None:
             self._process.kill()
         self._process.wait()
 
     def finish(self):
-        """Judges the whole tour, on the main menu at its end."""
+        """Called on the main menu at the end of the tour, for checks of the whole tour."""
 
     def picture(self, name):
-        """A moment worth a picture, for those that take any."""
+        """Takes a screenshot, in subclasses that do so."""
 
     def picture_of_all(self, name):
-        """Saves the whole display."""
+        """Saves a screenshot of the whole display."""
         self._save_picture(name, "root")
 
     # What a user does
 
     def move_window(self):
-        """Drags the front window away from the edge of the display; the next ones appear there too."""
+        """Moves the front window away from the edge of the display; later windows follow."""
         window, = self._windows(SCREEN_TITLE)
         xdotool("windowmove", "--sync", window, *map(str, PLACE))
-        self._corner = self._wait("the place of the screen", self._corner_of_screen)
+        self._corner = self._wait("the position of the screen", self._corner_of_screen)
 
     def type(self, name, text, shows=None):
-        """Types at the cursor of the box that has the focus and waits until the box shows it: the
-        text alone, or with what was there before."""
+        """Types at the cursor of the focused box and waits until the box shows `shows`, by default
+        just the typed text."""
         xdotool("type", "--delay", "2", text)
         self.wait_value(name, shows or text)
 
     def paste(self, name, text):
-        """Pastes at the cursor of the box that has the focus, and waits until the box shows it."""
+        """Pastes at the cursor of the focused box and waits until the box shows just that text."""
         copy(text)
         self.keys("ctrl+v")
         self.wait_value(name, text)
@@ -112,35 +112,35 @@ class Program:
         xdotool("key", "--clearmodifiers", *keys)
 
     def choose_by_keys(self, name, item):
-        """Opens the list that has the focus with Alt+Down, goes to the item and presses Enter."""
+        """Opens the list of the focused field with Alt+Down, moves to the item and presses Enter."""
         self.keys("alt+Down")
         self._wait(f'"{item}" in the list of "{name}"', lambda: self._open_item(name, item))
         names = [each.get_name() for each in walk(self._field(name))
                  if each.get_role_name() == "list item"]
         self.keys("Home", *["Down"] * names.index(item))
-        self._wait(f'the keys to lead to "{item}" in "{name}"',
+        self._wait(f'the keys to select "{item}" in "{name}"',
                    lambda: self._is_selected(name, item))
         self.keys("Return")
         self._wait_closed(name)
 
     def active_window(self):
-        """The window that the keys go to, if it is one of the program's."""
+        """The active window, if it belongs to the program."""
         return next((each for each in self._shown_windows() if has(each, "ACTIVE")), None)
 
-    # How it is done
+    # Implementation
 
     def _wait_active(self, title):
-        """Waits until the keys go to the window: it is there a little before it gets them."""
-        self._wait(f'the keys to go to "{title}"', lambda: any(
+        """Waits until the window is active, which happens a little after it appears."""
+        self._wait(f'"{title}" to become active', lambda: any(
             has(each, "ACTIVE") and each.get_name().endswith(title)
             for each in self._shown_windows()))
 
     def _corner_of_screen(self):
-        """Where the screen stands; nothing while one gives way to another."""
+        """The position of the screen; empty while one screen replaces another."""
         windows = self._windows(SCREEN_TITLE)
-        told = subprocess.run(["xdotool", "getwindowgeometry", "--shell", *windows[:1]],
-                              check=False, capture_output=True, text=True).stdout
-        return [line for line in told.splitlines() if line.startswith(("X=", "Y="))]
+        output = subprocess.run(["xdotool", "getwindowgeometry", "--shell", *windows[:1]],
+                                check=False, capture_output=True, text=True).stdout
+        return [line for line in output.splitlines() if line.startswith(("X=", "Y="))]
 
     def _wait(self, what, condition):
         end = time.monotonic() + self._timeout
@@ -150,12 +150,12 @@ class Program:
             try:
                 found = condition()
             except GLib.Error:
-                found = None  # what we looked at went away in between
+                found = None  # the object went away meanwhile
             if found:
                 return found
             time.sleep(0.02)
             while GLib.MainContext.default().iteration(False):
-                pass  # lets the accessibility bus tell us what has changed
+                pass  # handles events of the accessibility bus
         raise TourError(f"waited {self._timeout} seconds for {what}")
 
     def _windows(self, title):
@@ -163,14 +163,14 @@ class Program:
         return self._search("--name", f"^{title}$")
 
     def _search(self, *what):
-        """The visible windows of this kind. A search ends early, with nothing but a complaint,
-        when any window of the display goes away under it, so it is repeated then."""
-        for _ in range(LOOKS):
+        """The visible windows that match. If any window closes during a search, it fails, so retry
+        then."""
+        for _ in range(RETRIES):
             listed = subprocess.run(["xdotool", "search", "--onlyvisible", *what],
                                     capture_output=True, text=True, check=False)
             if not listed.stderr:
                 return listed.stdout.split()
-        raise TourError(f"no search for windows came to its end: {listed.stderr}")
+        raise TourError(f"every search for windows failed: {listed.stderr}")
 
     def _application(self):
         desktop = Atspi.get_desktop(0)
@@ -184,8 +184,8 @@ class Program:
         return None
 
     def _shown(self):
-        """What the shown windows hold. The others, and the lists of closed boxes, hold by far the
-        most of all that there is, and asking for each takes time."""
+        """The contents of visible windows. Hidden windows and closed lists are left out: they hold
+        most of the objects, and fetching each takes time."""
         for window in self._shown_windows():
             yield from walk(window, SIMPLE)
 
@@ -225,15 +225,15 @@ class Program:
         self._wait(f'the list of "{name}" to close', lambda: not open_list(self._field(name)))
 
     def _save_picture(self, name, window, part=None):
-        """Saves a window or a part of the display, once it has stopped changing."""
+        """Saves a screenshot of a window or a part of the display, once it has stopped changing."""
         self._picture_count += 1
         path = os.path.join(self._pictures, f"{self._picture_count:02}-{name}.png")
-        # Nothing may look different because the mouse lies over it.
-        xdotool("mousemove", str(WIDTH - 1), str(HEIGHT - 1))  # --sync would wait for it to leave there
+        # Nothing may look hovered.
+        xdotool("mousemove", str(WIDTH - 1), str(HEIGHT - 1))  # no --sync: it waits for a movement
         crop = ["-crop", part, "+repage"] if part else []
         dateless = ["-strip", "-define", "png:exclude-chunks=date,time"]
         before = None
-        for _ in range(LOOKS):
+        for _ in range(RETRIES):
             subprocess.run(["import", "-window", window, *crop, *dateless, path], check=True)
             with open(path, "rb") as file:
                 now = file.read()

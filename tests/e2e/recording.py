@@ -1,15 +1,15 @@
-"""What a user without a mouse does, written down so that it can be done again without looking.
+"""Records what a user without a mouse does, so that it can be replayed.
 
-A recording is a list of entries in the order in which they happened, kept as JSON:
+A recording is a JSON list of entries in the order in which they happened:
 
     ["keys", KEY...]         keys pressed one after the other
     ["text", TEXT]           text typed
     ["copy", TEXT]           text put on the clipboard, for the keys that paste it
-    ["list", "open", NAME]   a list has opened, worth a picture if there is a name
-    ["list", "closed"]       it is gone again
-    ["screen", HEADING, N]   a screen has come up, or is there still: the Nth of all that came up
-    ["box", TITLE, TEXT]     a message box has come up
-    ["picture", NAME]        a moment worth a picture
+    ["list", "open", NAME]   a list has opened; with a NAME, take a screenshot
+    ["list", "closed"]       it has closed
+    ["screen", HEADING, N]   a screen is shown: the Nth different one
+    ["box", TITLE, TEXT]     a message box is shown
+    ["picture", NAME]        take a screenshot
     ["end"]                  the program has ended
 """
 
@@ -20,14 +20,14 @@ from program import BOX_TITLE, SCREEN_TITLE
 
 
 class Recorder(Keyboard):
-    """A user without a mouse who writes down what they do and what comes of it."""
+    """A user without a mouse who records their actions and the results."""
 
     def __init__(self, *arguments, recording):
         super().__init__(*arguments)
         self._recording = recording
         self._entries = []
-        self._list_picture = []  # the name of the one wanted of the list that opens next, if any
-        self._screens = []  # by their windows, in the order in which they came up
+        self._list_picture = []  # the name for a screenshot of the next list, if any
+        self._screens = []  # their windows, in the order in which they were first shown
 
     def wait_screen(self, heading):
         stops = super().wait_screen(heading)

@@ -1,8 +1,8 @@
-"""Plays a recording to a program whose windows can be told apart only by title and number.
+"""Replays a recording to a program whose windows are known only by title and number.
 
-That is all that the display knows of a program that is on no accessibility bus, such as one made for
-another system. Keys reach the window that has the focus in the order in which they are sent, so
-nothing needs to be waited for but windows: screens, message boxes and opened lists.
+That is all that the display knows of a program without an accessibility bus, such as one for another
+system. Keys reach the focused window in the order in which they are sent, so the replay only needs
+to wait for windows: screens, message boxes and opened lists.
 """
 
 import json
@@ -13,26 +13,26 @@ from things import copy, xdotool
 
 
 class Replay(Program):
-    """A user who sees nothing but windows, and does what the recording tells."""
+    """A user who sees only windows, and follows the recording."""
 
     def __init__(self, *arguments, recording):
         with open(recording, encoding="utf-8") as file:
             self._entries = json.load(file)
-        self._screens = {}  # the windows of the screens, by the number they have in the recording
+        self._screens = {}  # the windows of the screens, by their number in the recording
         self._boxes = set()  # the windows of all message boxes so far
-        self._before = set()  # all windows that were to be seen before the last keys were sent
-        self._list = set()  # what came up as a list
+        self._before = set()  # all windows visible before the last keys were sent
+        self._list = set()  # the windows of the opened list
         self._front = None
         self._held = None  # the key that was sent last, while it is still down
         super().__init__(*arguments)
 
-    # Where a flow waits, the recording is played up to there.
+    # Where a flow waits, replay the recording up to that point.
 
     def wait_screen(self, heading):
         number, = self._play("screen", heading)
         self._front = self._wait(f'the screen "{heading}"', lambda: self._screen(number))
         self._screens[number] = self._front
-        self._expect_in_place(heading)
+        self._expect_position(heading)
 
     def wait_box(self, text, title=BOX_TITLE):
         self._play("box", title, text)
@@ -44,14 +44,14 @@ class Replay(Program):
         super().wait_end()
         self._release()
         if self._entries:
-            raise TourError(f"the recording goes on with {self._entries[0]}")
+            raise TourError(f"the recording continues with {self._entries[0]}")
 
     def picture(self, name):
         self._play("picture", name)
         self._release()
         self._save_picture(name, self._front)
 
-    # What a flow wants done and looked at in between is left to the recording, and to the files.
+    # Actions come from the recording; the data files show whether they worked.
 
     def _nothing(self, *what, picture=None, shows=None):
         pass
@@ -59,10 +59,10 @@ class Replay(Program):
     press = go_to = select = fill = type = paste = choose = choose_by_keys = keys = _nothing
     wait_label = wait_value = _nothing
 
-    # How it is done
+    # Implementation
 
     def _play(self, *mark):
-        """Does all that comes before this mark in the recording; returns what else the mark holds."""
+        """Replays all entries up to this mark; returns the remaining fields of the mark."""
         while self._entries:
             kind, *what = self._entries.pop(0)
             if [kind, *what][:len(mark)] == list(mark):
@@ -70,11 +70,12 @@ class Replay(Program):
             if kind not in INPUTS:
                 break
             INPUTS[kind](self, *what)
-        raise TourError(f"the recording was made of other flows: no {mark} in its place")
+        raise TourError(f"the recording is of other flows: it lacks {mark} here")
 
     def _send_keys(self, *keys):
-        """The last key goes up only once it has had its effect: while one window gives way to another
-        nobody has the keys, and a program that is not told of a key going up takes it for held."""
+        """Presses keys, but releases the last one only after it has taken effect: while one window
+        replaces another, none has the focus, and a program that misses the release takes the key
+        for held."""
         self._release()
         self._before = self._on_display()
         if keys[:-1]:
@@ -103,7 +104,7 @@ class Replay(Program):
             self._wait("the list to close", lambda: not self._on_display() & self._list)
 
     def _screen(self, number):
-        """The window of a screen once it is the only one and has the focus."""
+        """The window of a screen, or None until it is the only one and has the focus."""
         windows = self._windows(SCREEN_TITLE)
         if len(windows) != 1 or not self._has_focus(windows[0]):
             return None
@@ -112,24 +113,24 @@ class Replay(Program):
         return windows[0] if windows[0] == known or not known and windows[0] not in others else None
 
     def _new_box(self, title):
-        """The window of a message box that was not there before, once it has the focus."""
+        """The window of a new message box, or None until it has the focus."""
         for window in self._windows(title):
             if window not in self._boxes and self._has_focus(window):
                 return window
         return None
 
     def _on_display(self):
-        """The windows on the display itself: frames, and what has none, such as opened lists."""
+        """The windows at the top level of the display: frames, and frameless ones such as lists."""
         return set(self._search("--maxdepth", "1", "--name", ""))
 
     def _has_focus(self, window):
-        told = subprocess.run(["xdotool", "getwindowfocus"], capture_output=True, text=True,
-                              check=False)
-        return told.stdout.split() == [window]
+        found = subprocess.run(["xdotool", "getwindowfocus"], capture_output=True, text=True,
+                               check=False)
+        return found.stdout.split() == [window]
 
-    def _expect_in_place(self, heading):
+    def _expect_position(self, heading):
         if self._corner:
-            self._wait(f'the screen "{heading}" in the place of the one before',
+            self._wait(f'the screen "{heading}" at the position of the one before',
                        lambda: self._corner_of_screen() == self._corner)
 
 

@@ -1,4 +1,4 @@
-"""A user without a mouse who, on each screen, first goes round by Tab and looks where it leads."""
+"""A user without a mouse who first checks the Tab order of each screen."""
 
 from keyboard import Keyboard, focused
 from program import TourError
@@ -6,7 +6,7 @@ from things import extents, open_list, value_of
 
 
 class Walker(Keyboard):
-    """Fails where a control is passed over, comes out of turn, holds the focus or hides it."""
+    """Fails if Tab skips a control, leaves the order, gets stuck or reaches a hidden control."""
 
     def __init__(self, *arguments):
         super().__init__(*arguments)
@@ -24,7 +24,7 @@ class Walker(Keyboard):
     def finish(self):
         screens = {id(window) for window, _, _ in self._walked}
         if len(screens) != 16:
-            raise TourError(f"the tour came to {len(screens)} screens instead of 16")
+            raise TourError(f"the tour reached {len(screens)} screens instead of 16")
 
     def _walk(self, heading, stops):
         order = reading_order(stops)
@@ -34,19 +34,19 @@ class Walker(Keyboard):
         self._follow("shift+Tab", order[::-1], order[0])
 
     def _follow(self, key, expected, start, at_each=lambda stop: None):
-        """Presses the key from control to control and fails unless they come as expected."""
+        """Presses the key from control to control and fails unless they are in the expected order."""
         stop = start
         at_each(stop)
         for wanted in expected:
             stop = self.leave(stop, key, expected)
             if stop is not wanted:
                 raise TourError(f'{key} leads to "{stop.name}" before "{wanted.name}"')
-            self._expect_in_sight(stop)
+            self._expect_visible(stop)
             if wanted is not start:
                 at_each(stop)
 
     def _open_and_leave(self, stop):
-        """Opens a control's list and closes it with Esc, which must lead back to the control."""
+        """Opens a control's list and closes it with Esc, which must return the focus to it."""
         if stop.role != "combo box":
             return
         before = value_of(stop.thing)
@@ -58,16 +58,16 @@ class Walker(Keyboard):
         if value_of(stop.thing) != before:
             raise TourError(f'Esc in the list changed "{stop.name}"')
 
-    def _expect_in_sight(self, stop):
+    def _expect_visible(self, stop):
         inner, outer = stop.place(), extents(self.active_window())
         if not (stop.has("SHOWING") and inner.width > 0 and inner.height > 0
                 and inner.x >= outer.x and inner.x + inner.width <= outer.x + outer.width
                 and inner.y >= outer.y and inner.y + inner.height <= outer.y + outer.height):
-            raise TourError(f'"{stop.name}" has the focus out of sight')
+            raise TourError(f'"{stop.name}" has the focus but is not visible')
 
 
 def reading_order(stops):
-    """Row by row from the top, and each row from the left."""
+    """The stops row by row from the top, and each row from the left."""
     rows = []
     for stop in sorted(stops, key=lambda each: each.place().y):
         place = stop.place()

@@ -45,7 +45,7 @@ def talk_show(driver):
     finish(driver, "Add This Talk Show Segment", "Add this talk show segment to the file?")
 
 
-# Characters that few keyboards have come by way of the clipboard.
+# Pasted, as few keyboards have these characters.
 PASTED = "“¡Señor Müller!” – 5 € für ein Œuvre…"
 
 TALK_SHOW = [

@@ -1,11 +1,11 @@
-"""What several flows of the tour have in common."""
+"""Steps that several flows of the tour share."""
 
 MENU = "Tarvold 1.3 - Matches Editor"
 TAG_LIST = "Commentary tag"
 
 
 def finish(driver, button, question):
-    """Saves from a commentary screen and comes back to the main menu."""
+    """Saves from a commentary screen and returns to the main menu."""
     driver.press(button)
     driver.wait_box(question)
     driver.picture("question")

@@ -55,7 +55,7 @@ def save(driver):
 
 
 def change_outside(driver):
-    """A deletion that would undo what another program did is asked about; No shows that first."""
+    """Asks for confirmation if a deletion would overwrite changes of another program; answers No."""
     with open(os.path.join(driver.folder, FILE), "ab") as file:
         file.write("".join(line + "\r\n" for line in ADDED_OUTSIDE).encode("cp1252"))
     ask_to_delete(driver)
@@ -101,7 +101,7 @@ STIPULATIONS = [
 
 
 def import_interviews(driver):
-    """Copies the interviews written before into a new file."""
+    """Imports the interviews written before into a new file."""
     driver.press("Import")
     driver.wait_screen("What would you like to import?")
     driver.picture("import-kinds")

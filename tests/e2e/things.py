@@ -1,4 +1,4 @@
-"""The things on the screen as assistive technology sees them, and the keyboard."""
+"""Access to accessible objects, the keyboard and the clipboard."""
 
 import subprocess
 
@@ -10,11 +10,11 @@ from gi.repository import Atspi, GLib  # noqa: E402, F401
 FIELDS = ("text", "combo box")
 BUTTON = "push button"
 LIST = "list"
-SIMPLE = (*FIELDS, BUTTON, "label", "scroll bar")  # what is inside these is not looked for
+SIMPLE = (*FIELDS, BUTTON, "label", "scroll bar")  # roles whose children are not searched
 
 
 def walk(root, closed=()):
-    """The thing and everything inside it, but for what is in things of the closed roles."""
+    """Yields an object and everything inside it, except the children of objects with a closed role."""
     if root is None:
         return
     yield root
@@ -28,8 +28,8 @@ def has(thing, *states):
 
 
 def name_of(control):
-    """What is spoken as its name: that of its label, else its own. A combo box bears its text for a
-    name of its own, so it needs a label."""
+    """The spoken name: that of the label, else its own. The own name of a combo box is its text, so
+    it needs a label."""
     for relation in control.get_relation_set():
         if relation.get_relation_type() == Atspi.RelationType.LABELLED_BY:
             return relation.get_target(0).get_name()
@@ -37,7 +37,7 @@ def name_of(control):
 
 
 def open_list(field):
-    """The list of a combo box while it is open."""
+    """The opened list of a combo box, or None."""
     for each in walk(field, (LIST,)):
         if each.get_role_name() == LIST and has(each, "SHOWING"):
             return each
@@ -58,5 +58,6 @@ def xdotool(*arguments):
 
 def copy(text):
     """Puts a text on the clipboard."""
+    # It keeps running, and would print an error when the display closes.
     subprocess.run(["xclip", "-selection", "clipboard"], input=text.encode(),
-                   stderr=subprocess.DEVNULL, check=True)  # it lives on, and would complain in the end
+                   stderr=subprocess.DEVNULL, check=True)

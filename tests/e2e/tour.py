@@ -5,18 +5,18 @@ Usage: tour.py PROGRAM [FOLDER] [--by USER] [--timeout SECONDS] [--watch]
                [--pictures renew|check] [--recording FILE] [--wine DISK]
                [--like FOLDER]
 
-Pictures of every screen, the data files written and a log land in FOLDER. The files must hold,
-byte for byte, what the typed values give; any difference, timeout or crash ends the tour with a
-plain message and a status other than zero. With --watch the program's system calls are traced into
-FOLDER as well, and any that it should not make is a failure; where the machine does not let one
-program trace another, the tour goes without and its last line says "skipped". With --pictures the
-pictures that README and the guide show are renewed, or the tour fails when they are out of date.
+Writes screenshots of every screen, the data files and a log to FOLDER. The data files must match the
+entered values byte for byte; any difference, timeout or crash ends the tour with a message and a
+non-zero exit status. With --watch the program's system calls are traced to FOLDER as well, and any
+forbidden call is a failure; where the machine does not allow tracing, the tour runs without it and
+its last line says "skipped". With --pictures the screenshots in README and the guide are updated, or
+the tour fails if they are out of date.
 
-By default the user has a mouse; "keys" has none, and "ear" has none and does not look. These two
-also judge each screen that they come to, and take no pictures. "recorder" has no mouse either, and
-writes into the FILE what it does; "replay" does that again without looking at anything but windows,
-and takes pictures. With --wine, PROGRAM is one for Windows and runs under Wine, with the folder DISK
-for a disk. With --like, the files must be the same as those that another tour left in that FOLDER.
+By default the user has a mouse. "keys" uses only the keyboard, and "ear" a screen reader as well;
+both also check each screen that they reach, and take no screenshots. "recorder" uses the keyboard
+and writes its actions to FILE; "replay" repeats them, seeing only windows, and takes screenshots.
+With --wine, PROGRAM is a Windows program that runs under Wine, with the folder DISK as its disk.
+With --like, the data files must be equal to those that another tour left in that FOLDER.
 """
 
 import argparse
@@ -55,12 +55,12 @@ def main():
     parser.add_argument("folder", nargs="?", default="build/tour")
     parser.add_argument("--by", choices=USERS, default="mouse", help="who uses the program")
     parser.add_argument("--timeout", type=float, default=60, help="seconds to wait for each step")
-    parser.add_argument("--recording", metavar="FILE", help="what recorder writes and replay reads")
-    parser.add_argument("--wine", metavar="DISK", help="run a program for Windows, on this disk")
-    parser.add_argument("--like", metavar="FOLDER", help="compare with what another tour left")
+    parser.add_argument("--recording", metavar="FILE", help="the recording to write or replay")
+    parser.add_argument("--wine", metavar="DISK", help="run a Windows program, with this folder as its disk")
+    parser.add_argument("--like", metavar="FOLDER", help="compare with the files of another tour")
     parser.add_argument("--watch", action="store_true", help="trace the program's system calls")
     parser.add_argument("--pictures", choices=("renew", "check"),
-                        help="what to do with the pictures of README and the guide")
+                        help="update or check the screenshots in README and the guide")
     arguments = parser.parse_args()
     if bool(arguments.recording) != (arguments.by in ("recorder", "replay")):
         parser.error("--recording is for recorder and replay, and they need it")
@@ -73,13 +73,13 @@ def main():
         except (RuntimeError, OSError, subprocess.SubprocessError) as error:
             log.flush()
             sys.exit(f"The tour failed: {error}.\nSee {log.name}.")
-    print(f"The tour is done; what it left is in {arguments.folder}.")
+    print(f"The tour is done; its files are in {arguments.folder}.")
     if refused:
-        print(f"skipped: the watch over the program's system calls: {refused}")
+        print(f"skipped: the trace of the program's system calls: {refused}")
 
 
 def clear(folder):
-    """Removes what an earlier tour left, and nothing else: an author's data files stay."""
+    """Removes the files of an earlier tour, but refuses to remove an author's data files."""
     os.makedirs(folder, exist_ok=True)
     names = os.listdir(folder)
     if LOG not in names and any(name.endswith(".tvd") for name in names):
@@ -128,41 +128,41 @@ def tour(arguments, log):
 
 
 def check_files(work):
-    """Fails unless the folder holds just the files of the flows, byte for byte as expected."""
+    """Fails unless the folder contains exactly the files of the flows, byte for byte."""
     names = sorted(name for _, name, _ in FLOWS)
     if sorted(os.listdir(work)) != names:
-        raise TourError(f"the program wrote {sorted(os.listdir(work))} and not {names}")
+        raise TourError(f"the program wrote {sorted(os.listdir(work))}, not {names}")
     for _, name, lines in FLOWS:
         with open(os.path.join(work, name), "rb") as file:
             compare(name, file.read(), "".join(line + "\r\n" for line in lines).encode("cp1252"))
 
 
 def check_same(work, other):
-    """Fails unless two folders hold the same data files, byte for byte."""
+    """Fails unless two folders contain equal data files, byte for byte."""
     names = sorted(name for _, name, _ in FLOWS)
     same, *_ = filecmp.cmpfiles(work, other, names, shallow=False)
     if same != names:
-        raise TourError(f"{sorted(set(names) - set(same))} are not the same in {other}")
-    print(f"All {len(names)} data files are, byte for byte, those in {other}.")
+        raise TourError(f"{sorted(set(names) - set(same))} differ in {other}")
+    print(f"All {len(names)} data files are equal to those in {other}.")
 
 
 def check_calls(trace, work):
-    """Fails unless the program wrote the data files under watch, and did nothing that it may not."""
+    """Fails unless the trace shows the data files being written, and no forbidden call."""
     lines = watch.lines_of(trace)
     unseen = {name for _, name, _ in FLOWS} - watch.data_files(lines)
     if unseen:
-        raise TourError(f"the watch did not see {unseen} being written")
+        raise TourError(f"the trace does not show {unseen} being written")
     complaints = watch.complaints(lines, work)
     if complaints:
-        raise TourError("the program should not have asked the system for:\n" +
+        raise TourError("the program made forbidden system calls:\n" +
                         "\n".join(complaints) + "\n")
 
 
 def check_pictures(folder):
-    """Fails unless the documents show the program as it looks now."""
+    """Fails if a screenshot in the documents is out of date."""
     complaints = pictures.complaints(folder)
     if complaints:
-        raise TourError("./run --pictures renews what the documents no longer show as it is:\n" +
+        raise TourError("these screenshots are out of date; ./run --pictures updates them:\n" +
                         "\n".join(complaints) + "\n")
 
 

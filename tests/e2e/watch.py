@@ -1,7 +1,7 @@
-"""Watches what the program asks of the system, and tells what it should not have asked.
+"""Traces the program's system calls, and reports those that it must not make.
 
-The program may show itself on the display, read what Qt reads, and write data files. It
-opens no network connection, starts no process and writes no other file.
+The program may use the display, read what Qt reads, and write data files. It must not open network
+connections, start processes or write other files.
 """
 
 import os
@@ -13,8 +13,8 @@ END = re.compile(r"(\d+) +\+\+\+ (?:exited|killed)")
 WRITING = re.compile(r"O_(?:WRONLY|RDWR|CREAT|TRUNC|APPEND)")
 QUOTED = re.compile(r'"([^"]*)"')
 DATA_FILE = re.compile(r"[^/]*\.tvd")
-DATA_FILE_IN_THE_MAKING = re.compile(r"[^/]*\.tvd\.[0-9a-z]{6}")
-NO_WHOLE_FILE_YET = re.compile(r"/proc/self/fd/\d+")
+TEMPORARY_FILE = re.compile(r"[^/]*\.tvd\.[0-9a-z]{6}")
+UNNAMED_FILE = re.compile(r"/proc/self/fd/\d+")
 ELSEWHERE = re.compile(r'(?:^|, )\d+, "[^/]')  # a path relative to an open folder
 UNFINISHED = re.compile(r"(\d+) +(.*) <unfinished \.\.\.>")
 RESUMED = re.compile(r"(\d+) +<\.\.\. \w+ resumed>(.*)")
@@ -22,12 +22,12 @@ FLUSH_SECONDS = 30
 
 
 class Folder:
-    """The folder in which the program was started, and the names it may use there."""
+    """The folder in which the program was started."""
 
     def __init__(self, path):
         self._path = os.path.realpath(path)
 
-    def is_it(self, path):
+    def is_same(self, path):
         return os.path.join(self._path, path) == self._path
 
     def holds(self, path, name):
@@ -43,24 +43,24 @@ def may_open(folder, arguments):
         return False
     path = path[1]
     if "O_TMPFILE" in arguments:
-        return folder.is_it(path)
+        return folder.is_same(path)
     return folder.holds(path, DATA_FILE)
 
 
 def both(arguments):
-    """The two paths of a call; names of nothing when the tracer could not read them."""
+    """The two paths of a call; empty if the tracer could not read them."""
     return (QUOTED.findall(arguments) + ["", ""])[:2]
 
 
 def may_link(folder, arguments):
     source, target = both(arguments)
-    is_nameless = NO_WHOLE_FILE_YET.fullmatch(source) is not None
-    return is_nameless and folder.holds(target, DATA_FILE_IN_THE_MAKING)
+    is_unnamed = UNNAMED_FILE.fullmatch(source) is not None
+    return is_unnamed and folder.holds(target, TEMPORARY_FILE)
 
 
 def may_rename(folder, arguments):
     source, target = both(arguments)
-    return folder.holds(source, DATA_FILE_IN_THE_MAKING) and folder.holds(target, DATA_FILE)
+    return folder.holds(source, TEMPORARY_FILE) and folder.holds(target, DATA_FILE)
 
 
 def may_connect(_, arguments):
@@ -72,15 +72,15 @@ def may_start(_, arguments):
 
 
 def may_ask_for_folder(_, arguments):
-    return "EEXIST" in arguments  # Qt makes sure so that the user's runtime folder exists
+    return "EEXIST" in arguments  # how Qt checks that the runtime folder exists
 
 
 def never(*_):
     return False
 
 
-# Each call that reaches out of the program, and when it may be made. What works on open files is
-# left out: it reaches nothing that was not opened, and reading the display takes a million calls.
+# The rule for each traced call. Calls on open files are not traced: they reach nothing that was not
+# opened, and using the display takes a million of them.
 RULES = {
     **dict.fromkeys(("open", "openat"), may_open),
     **dict.fromkeys(("link", "linkat"), may_link),
@@ -99,13 +99,13 @@ RULES = {
 
 
 def command(trace, program):
-    """The command line that runs the program as a direct child and keeps its calls in a file."""
+    """The command line that runs the program as a direct child and writes its calls to a file."""
     return ["strace", "-D", "-f", "--seccomp-bpf", "-s", "4096", "-e", "signal=none",
             "-e", "trace=" + ",".join("?" + call for call in RULES), "-o", trace, program]
 
 
 def lines_of(trace):
-    """The lines of a trace; waits until the tracer has told that the program ended."""
+    """The lines of a trace; waits until the tracer has reported the end of the program."""
     deadline = time.monotonic() + FLUSH_SECONDS
     while time.monotonic() < deadline:
         with open(trace, encoding="utf-8", errors="replace") as file:
@@ -114,11 +114,11 @@ def lines_of(trace):
         if end and end[1] == CALL.match(lines[0])[1]:
             return lines
         time.sleep(0.1)
-    raise RuntimeError(f"{trace} does not tell that the program ended")
+    raise RuntimeError(f"{trace} does not report the end of the program")
 
 
 def whole(lines):
-    """The lines with the calls put together that others came between."""
+    """The lines, with interrupted calls joined."""
     begun = {}
     for line in lines:
         unfinished, resumed = UNFINISHED.match(line), RESUMED.match(line)
@@ -132,7 +132,7 @@ def whole(lines):
 
 
 def complaints(lines, folder):
-    """The calls that the program should not have made. The first line is its start."""
+    """The forbidden calls. The first line is the start of the program."""
     folder = Folder(folder)
     calls = [CALL.match(line) for line in whole(lines[1:])]
     return [call[0] for call in calls
@@ -140,6 +140,6 @@ def complaints(lines, folder):
 
 
 def data_files(lines):
-    """The names of the data files that were opened to be written."""
+    """The names of the data files that were opened for writing."""
     opened = [line for line in lines if " openat(" in line and "O_CREAT" in line]
     return {os.path.basename(QUOTED.search(line)[1]) for line in opened}

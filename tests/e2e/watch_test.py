@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Tests that the watch lets pass what the program may do and nothing else."""
+"""Tests that the watch allows what the program may do and nothing else."""
 
 import unittest
 
@@ -47,20 +47,20 @@ FORBIDDEN = (
 
 
 class WatchTest(unittest.TestCase):
-    def test_lets_pass_what_the_program_may_do(self):
+    def test_allows_what_the_program_may_do(self):
         self.assertEqual(watch.complaints([START, *ALLOWED], "/home/a"), [])
 
-    def test_names_everything_else(self):
+    def test_reports_everything_else(self):
         for line in FORBIDDEN:
             with self.subTest(line):
                 self.assertEqual(watch.complaints([START, *ALLOWED, line], "/home/a"), [line])
 
-    def test_names_a_call_that_another_one_interrupted(self):
+    def test_reports_an_interrupted_call(self):
         lines = [START, '7 mkdir("/home/a/x", 0700 <unfinished ...>', *ALLOWED,
                  "7 <... mkdir resumed>) = 0"]
         self.assertEqual(watch.complaints(lines, "/home/a"), ['7 mkdir("/home/a/x", 0700) = 0'])
 
-    def test_has_a_rule_against_each_call_that_it_traces(self):
+    def test_has_a_rule_for_each_traced_call(self):
         for call in watch.RULES:
             with self.subTest(call):
                 line = f'7 {call}("/etc/x", "/etc/y", O_WRONLY) = 0'

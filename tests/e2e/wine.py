@@ -1,4 +1,4 @@
-"""Runs programs for Windows under Wine."""
+"""Runs Windows programs under Wine."""
 
 import os
 import subprocess
@@ -6,22 +6,22 @@ import subprocess
 HERE = os.path.dirname(os.path.abspath(__file__))
 WITH_WINE = os.path.join(HERE, "..", "windows", "with_wine")
 
-# What the tour tells a program for X11 of where and how it shows its windows.
+# Variables for X11 programs, which a Windows program must not get.
 OF_X11 = ("QT_QPA_PLATFORM", "QT_FONT_DPI", "QT_LINUX_ACCESSIBILITY_ALWAYS_ON")
 
-# As Windows has it. With what Wine has, "I" and "!" may be missing in the pictures.
+# The default of Windows. With that of Wine, "I" and "!" may be missing in screenshots.
 SMOOTH_LETTERS = (r"HKCU\Control Panel\Desktop", "/v", "FontSmoothingType", "/t", "REG_DWORD",
                   "/d", "2", "/f")
 
 
 def command(disk, *words):
-    """What runs wine, or a command that comes with it, with this folder for a disk."""
+    """The command line that runs wine, or one of its tools, with this folder as its disk."""
     without = [word for name in OF_X11 for word in ("-u", name)]
     return ["env", *without, WITH_WINE, os.path.abspath(disk), *words]
 
 
 def prepare(disk, log):
-    """Makes the disk if there is none yet, after ending what another display left running on it."""
+    """Creates the disk if it is missing, after ending what an earlier run left running on it."""
     os.makedirs(disk, exist_ok=True)
     subprocess.run(command(disk, "wineserver", "-k"), stderr=log, check=False)
     for step in (["wineboot", "--init"], ["wine", "reg", "add", *SMOOTH_LETTERS]):

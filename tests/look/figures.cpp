@@ -28,7 +28,7 @@ std::map<Key, Worst> &all()
     return figures;
 }
 
-/// The rows "| sort | asked | light | dark | where |" of docs/look.md.
+/// Parses the rows "| sort | asked | light | dark | where |" of docs/look.md.
 std::map<Key, double> figuresOfDocument()
 {
     QFile document(QStringLiteral(TARVOLD_LOOK_DOCUMENT));
@@ -47,8 +47,8 @@ std::map<Key, double> figuresOfDocument()
     return figures;
 }
 
-/// When all tests have run: writes the worst of each sort, one on a line, into the file that the
-/// environment names, and holds what the document says against them.
+/// After all tests, writes the worst measurement of each kind to the file named by
+/// TARVOLD_LOOK_FIGURES, one per line, and compares them with docs/look.md.
 class Report : public ::testing::Environment
 {
 public:
@@ -76,7 +76,7 @@ private:
         }
     }
 
-    /// The document shows the worst of all screens, scales and sizes, so this run may be better.
+    /// The document shows the worst of all screens, scales and sizes; a single run may be better.
     static void compareWithDocument()
     {
         constexpr double kRounding = 0.005;
@@ -88,7 +88,7 @@ private:
                               << key.second.toStdString();
             } else {
                 EXPECT_LE(found->second, worst.measured + kRounding)
-                    << "docs/look.md says better than is measured: " << key.first.toStdString()
+                    << "docs/look.md claims more than was measured: " << key.first.toStdString()
                     << ", " << key.second.toStdString() << ", " << worst.place.toStdString();
             }
         }
@@ -102,7 +102,7 @@ const ::testing::Environment *const kReport = ::testing::AddGlobalTestEnvironmen
 void expectAtLeast(const Scene &scene, const char *sort, const QString &part, double measured,
                    double asked)
 {
-    // A menu's caption has a tab before its keys.
+    // The caption of a menu item has a tab before its shortcut.
     const QString place = QString(scene.name + u' ' + part).simplified();
     EXPECT_GE(measured, asked) << sort << ": " << place.toStdString() << ", "
                                << scene.palette.toStdString();

@@ -4,23 +4,24 @@
 
 class QWidget;
 
-/// What was measured of the look: each measurement is held against what is asked, and the worst of
-/// each sort is kept for docs/look.md.
+/// Measurements of the look: each is compared with the required minimum, and the worst of each kind
+/// is kept for docs/look.md.
 namespace tarvold::testing {
 
-/// A window as a test has set it up.
+/// A window in the state that a test has set up.
 struct Scene
 {
-    QString name;    ///< the window, and the state that it is in
+    QString name;    ///< of the window and its state
     QString palette; ///< "light" or "dark"
     QWidget &window;
 };
 
 namespace figures {
 
-/// Fails the test if what was measured is less than what is asked, and names the place.
-/// \param sort what is measured, as docs/look.md calls it
+/// Fails the test, naming the control, if a measurement is below the minimum.
+/// \param sort the kind of measurement, as docs/look.md calls it
 /// \param part which control of the window
+/// \param asked the minimum
 void expectAtLeast(const Scene &scene, const char *sort, const QString &part, double measured,
                    double asked);
 

@@ -28,7 +28,7 @@ void expectRoom(const Scene &scene, const QWidget &part, const QSize &room, cons
 
 void expectButton(const Scene &scene, const QPushButton &button)
 {
-    constexpr int kPadding = 6; // on each side, so that the caption does not touch the outline
+    constexpr int kPadding = 6; // on each side, so that the caption stays clear of the outline
     const QFontMetrics metrics = button.fontMetrics();
     const QSize text(metrics.size(Qt::TextShowMnemonic, button.text()).width() + 2 * kPadding,
                      metrics.height() + 4);
@@ -48,7 +48,7 @@ void expectBox(const Scene &scene, const QLineEdit &box)
                {width, metrics.ascent() + metrics.descent()});
 }
 
-/// The scroll area whose content the part is, if there is one.
+/// The scroll area that contains the part, or null.
 const QWidget *areaOf(const QWidget &part)
 {
     for (const QWidget *above = part.parentWidget(); above != nullptr;
@@ -87,7 +87,7 @@ void expectNothingCut(const Scene &scene)
 
 void expectAllOnScreen(const Scene &scene)
 {
-    constexpr int kFrame = 30; // what a desktop's title bar takes
+    constexpr int kFrame = 30; // height of a title bar
     const QSize screen = scene.window.screen()->availableGeometry().size();
     EXPECT_LE(scene.window.width(), screen.width()) << scene.name.toStdString() << " is too wide";
     EXPECT_LE(scene.window.height() + kFrame, screen.height())
@@ -95,7 +95,7 @@ void expectAllOnScreen(const Scene &scene)
     for (QWidget *part : parts::items(scene.window)) {
         parts::reveal(*part);
         EXPECT_EQ(part->visibleRegion().boundingRect(), part->rect())
-            << at(scene, *part) << " can't be seen whole";
+            << at(scene, *part) << " is not fully visible";
     }
 }
 
@@ -103,7 +103,7 @@ void expectInScreen(const Scene &popup)
 {
     const QRect place = popup.window.geometry();
     EXPECT_EQ(place & popup.window.screen()->availableGeometry(), place)
-        << popup.name.toStdString() << " is not all on the screen";
+        << popup.name.toStdString() << " is partly off the screen";
 }
 
 void expectNoOverlaps(const Scene &scene)
@@ -111,7 +111,7 @@ void expectNoOverlaps(const Scene &scene)
     const QList<QWidget *> items = parts::items(scene.window);
     for (qsizetype one = 0; one < items.size(); ++one) {
         for (qsizetype other = one + 1; other < items.size(); ++other) {
-            // What is scrolled lies behind the edge of its area, not over what is beside that.
+            // Scrolled content is clipped by its area, so it does not overlap what is outside.
             if (areaOf(*items[one]) == areaOf(*items[other])) {
                 EXPECT_FALSE(parts::placeOf(*items[one]).intersects(parts::placeOf(*items[other])))
                     << at(scene, *items[one]) << " and "

@@ -8,7 +8,7 @@
 namespace tarvold::testing {
 namespace {
 
-/// Sizes of controls, and whether there is room for everything.
+/// Sizes of controls, and whether everything fits.
 class FitLookTest : public LookTest
 {
 };
@@ -23,10 +23,10 @@ TEST_P(FitLookTest, EveryTargetIsLargeEnough)
     }
 }
 
-TEST_P(FitLookTest, NoTextIsCut)
+TEST_P(FitLookTest, NoTextIsCutOff)
 {
     for (ScrollBar *bar : parts::visible<ScrollBar>(shown())) {
-        bar->setValue(bar->maximum()); // so that the label beside it shows its longest text
+        bar->setValue(bar->maximum()); // so that its label shows its longest text
     }
     checks::expectNothingCut(scene());
 }

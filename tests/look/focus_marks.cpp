@@ -12,7 +12,7 @@
 namespace tarvold::testing::checks {
 namespace {
 
-void takeFocusAway(const QWidget &window)
+void clearFocus(const QWidget &window)
 {
     if (QWidget *focused = window.focusWidget()) {
         focused->clearFocus();
@@ -20,7 +20,7 @@ void takeFocusAway(const QWidget &window)
     QCoreApplication::processEvents();
 }
 
-/// Gives a control the focus, without the selection that Tab makes: a box may be empty.
+/// Focuses a control. Undoes the selection that Tab makes, as it would change pixels too.
 void giveFocus(QWidget &control)
 {
     control.setFocus(Qt::TabFocusReason);
@@ -32,12 +32,12 @@ void giveFocus(QWidget &control)
     QCoreApplication::processEvents();
 }
 
-/// The contrast that is reached by as many pixels as a line of one device-independent pixel around
-/// the control has.
+/// The contrast between unfocused and focused, reached by as many pixels as a line of one
+/// device-independent pixel around the control has; 1 if fewer pixels change.
 double contrastOfMark(const Scene &scene, QWidget &control)
 {
-    constexpr int kMost = 4; // a mark may lie just outside of its control
-    takeFocusAway(scene.window);
+    constexpr int kMost = 4; // pixels around the control that a mark may use
+    clearFocus(scene.window);
     parts::reveal(control);
     const QRect place = parts::placeOf(control).adjusted(-kMost, -kMost, kMost, kMost);
     const Picture before(scene.window, place);

@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The rows of the two screens that have a list, and the tool tips that tell long ones in full.
+/// The rows of the two screens with a list, and the tool tips of long rows.
 class ListLookTest : public LookTest
 {
 protected:
@@ -48,7 +48,7 @@ TEST_P(ListLookTest, RowsCanBeRead)
     checks::expectReadableRow(scene(), "Text: selected rows, inactive window", list(), 1);
 }
 
-TEST_P(ListLookTest, ToolTipsOfLongRowsCanBeRead)
+TEST_P(ListLookTest, ToolTipsOfLongRowsAreReadable)
 {
     const QPoint place = list().visualRect(list().model()->index(0, 0)).center();
     QHelpEvent event(QEvent::ToolTip, place, list().viewport()->mapToGlobal(place));

@@ -17,11 +17,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The menu of a text box, one on a form and one that is yellow.
+/// The context menu of text boxes, one of them yellow.
 class MenuLookTest : public LookTest
 {
 protected:
-    /// Opens the context menu of the first text box with all of its actions enabled.
+    /// Opens the context menu of the first text box, with all actions enabled.
     QMenu *openMenu()
     {
         QLineEdit &box = *parts::visible<QLineEdit>(shown()).front();
@@ -46,7 +46,7 @@ void expectReadableAction(const Scene &scene, const char *sort, const QMenu &men
 
 } // namespace
 
-TEST_P(MenuLookTest, ItemsCanBeReadAndHit)
+TEST_P(MenuLookTest, ItemsAreReadableAndLargeEnough)
 {
     QMenu *menu = openMenu();
     ASSERT_NE(menu, nullptr);
@@ -58,7 +58,7 @@ TEST_P(MenuLookTest, ItemsCanBeReadAndHit)
         const QSize size = menu->actionGeometry(action).size();
         figures::expectAtLeast(scene, "Target: items of menus", action->text(),
                                std::min(size.width(), size.height()), 24);
-        if (action->isEnabled()) { // what can't be used need not stand out
+        if (action->isEnabled()) { // disabled items may have a low contrast
             menu->setActiveAction(nullptr);
             expectReadableAction(scene, "Text: items of menus", *menu, action);
             menu->setActiveAction(action);

@@ -9,12 +9,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The message boxes, over the main menu: they are the same everywhere.
+/// Message boxes, shown over the main menu, as they look the same everywhere.
 class MessageBoxLookTest : public LookTest
 {
 protected:
-    /// Shows a notice and measures it.
-    void expectGoodNotice(const QString &what, const QString &text)
+    /// Shows a notice and runs all checks on it.
+    void checkNotice(const QString &what, const QString &text)
     {
         boxes.expectNotice(title(), text);
         boxes.beforeItsAnswer([&what](QMessageBox &box) { measure(box, what); });
@@ -38,27 +38,27 @@ protected:
 
 } // namespace
 
-TEST_P(MessageBoxLookTest, AShortNoticeIsGood)
+TEST_P(MessageBoxLookTest, AShortNoticeLooksRight)
 {
-    expectGoodNotice(u"short notice"_s, u"Saved OK."_s);
+    checkNotice(u"short notice"_s, u"Saved OK."_s);
 }
 
-TEST_P(MessageBoxLookTest, ANoticeOfSomeSentencesIsGood)
+TEST_P(MessageBoxLookTest, ANoticeOfSeveralSentencesLooksRight)
 {
-    expectGoodNotice(
+    checkNotice(
         u"long notice"_s,
         u"The file can't be written, and nothing of it was changed. "_s.repeated(8).trimmed());
 }
 
-TEST_P(MessageBoxLookTest, ANoticeOfALongNameIsGood)
+TEST_P(MessageBoxLookTest, ANoticeWithALongNameLooksRight)
 {
-    expectGoodNotice(u"notice with a long name"_s,
+    checkNotice(u"notice with a long name"_s,
                      u"There is no file "_s + QString(240, u'w') + u'.');
 }
 
-TEST_P(MessageBoxLookTest, TheLongestNoticeIsGood)
+TEST_P(MessageBoxLookTest, TheLongestNoticeLooksRight)
 {
-    // A small display shows its beginning and its end.
+    // On a small display only the beginning and the end are shown.
     const QString sentence = u"A line of the file that somebody wrote "_s;
     QString told;
     boxes.catchNotice(title(), &told);
@@ -69,7 +69,7 @@ TEST_P(MessageBoxLookTest, TheLongestNoticeIsGood)
     EXPECT_TRUE(told.endsWith(sentence.repeated(3)));
 }
 
-TEST_P(MessageBoxLookTest, AFailedSaveIsGood)
+TEST_P(MessageBoxLookTest, AFailedSaveLooksRight)
 {
     const QString text =
         u"The file \"%1\" could not be written.\n\nPermission denied\n\nNothing was "
@@ -82,7 +82,7 @@ TEST_P(MessageBoxLookTest, AFailedSaveIsGood)
     }
 }
 
-TEST_P(MessageBoxLookTest, AQuestionIsGood)
+TEST_P(MessageBoxLookTest, AQuestionLooksRight)
 {
     const QString text = u"This will return you to the main menu and lose any "
                          "changes you haven't saved. Continue?"_s;

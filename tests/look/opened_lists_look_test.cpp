@@ -9,7 +9,7 @@
 namespace tarvold::testing {
 namespace {
 
-/// Opens the list of each combo box, does something with it, and closes it.
+/// Runs an action on the opened list of each combo box.
 class OpenedListsLookTest : public LookTest
 {
 protected:
@@ -28,14 +28,14 @@ protected:
     }
 };
 
-/// The same for what no palette changes.
+/// The same, for checks that do not depend on the palette.
 class OpenedListsFitLookTest : public OpenedListsLookTest
 {
 };
 
 } // namespace
 
-TEST_P(OpenedListsLookTest, ItemsAndScrollBarsCanBeSeen)
+TEST_P(OpenedListsLookTest, ItemsAndScrollBarsAreVisible)
 {
     withEachList([](const Scene &scene, QAbstractItemView &list) {
         const int last = std::min(list.model()->rowCount(), 5) - 1;
@@ -49,13 +49,13 @@ TEST_P(OpenedListsLookTest, ItemsAndScrollBarsCanBeSeen)
     });
 }
 
-TEST_P(OpenedListsFitLookTest, ItemsAreLargeEnoughAndNotCut)
+TEST_P(OpenedListsFitLookTest, ItemsAreLargeEnoughAndNotCutOff)
 {
     withEachList([](const Scene &scene, QAbstractItemView &list) {
         checks::expectLargeRows(scene, "Target: items of opened lists", list);
         checks::expectLargeTargets(scene);
-        const bool areToldInFull = list.model()->index(0, 0).data(Qt::ToolTipRole).isValid();
-        EXPECT_TRUE(areToldInFull || list.sizeHintForColumn(0) <= list.viewport()->width())
+        const bool haveToolTips = list.model()->index(0, 0).data(Qt::ToolTipRole).isValid();
+        EXPECT_TRUE(haveToolTips || list.sizeHintForColumn(0) <= list.viewport()->width())
             << scene.name.toStdString() << " is " << list.viewport()->width() << " wide, its items "
             << list.sizeHintForColumn(0);
         checks::expectInScreen(scene);

@@ -24,7 +24,7 @@ bool isInsideAnother(const QWidget &widget)
            (parent != nullptr && parent->inherits("QComboBoxPrivateContainer"));
 }
 
-/// A text of this size in the middle of a place, from its left edge on or centred.
+/// The rectangle of a text of this size, vertically centred in `place`.
 QRect textIn(const QRect &place, const QSize &text, Qt::Alignment across = Qt::AlignLeft)
 {
     return QStyle::alignedRect(Qt::LeftToRight, across | Qt::AlignVCenter,
@@ -124,7 +124,7 @@ QRect textOf(const QPushButton &button)
 
 QRect roomOf(const QLineEdit &box)
 {
-    constexpr int kInner = 2; // what Qt leaves free before and behind a text
+    constexpr int kInner = 2; // space that Qt leaves on each side of the text
     QStyleOptionFrame option;
     option.initFrom(&box);
     option.lineWidth =
@@ -135,7 +135,7 @@ QRect roomOf(const QLineEdit &box)
 
 QRect textOf(const QLineEdit &box)
 {
-    // Well inside a selection, which is as large as the text, and without the cursor behind it.
+    // Smaller than the text and so than a selection, and without the cursor.
     const QRect text = textIn(roomOf(box), sizeOfLine(box, box.displayText()));
     return placeOf(box, text.adjusted(1, 2, -3, -2));
 }

@@ -12,8 +12,8 @@ class QLineEdit;
 class QPushButton;
 class QScrollBar;
 
-/// What a window consists of, and where it is. All places are in the window's own
-/// device-independent pixels.
+/// Finds the parts of a window and their positions. Positions are in device-independent pixels of
+/// the window, unless stated otherwise.
 namespace tarvold::testing::parts {
 
 /// The visible widgets of a type, in no particular order.
@@ -25,33 +25,34 @@ QList<T *> visible(const QWidget &window)
     return found;
 }
 
-/// What a user gets to by Tab.
+/// The Tab stops of a window.
 QList<QWidget *> focusable(const QWidget &window);
 
-/// What a user reads or uses, whole: labels, boxes, scroll bars of forms, buttons, lists.
+/// The parts that a user reads or uses: labels, boxes, scroll bars of forms, buttons, lists. Parts
+/// of such parts are left out.
 QList<QWidget *> items(const QWidget &window);
 
-/// A name for messages: the object's own, or what it is.
+/// A name for messages: the object name, or a description.
 QString nameOf(const QWidget &widget);
 
-/// Scrolls the window, if it can be, until the widget can be seen.
+/// Scrolls the window, if necessary, until the widget is visible.
 void reveal(QWidget &widget);
 
-/// Where a widget is in its window.
+/// The rectangle of a widget in its window.
 QRect placeOf(const QWidget &widget);
 
-/// Where a place in a widget is in the window.
+/// The rectangle in the window of a rectangle `inside` a widget.
 QRect placeOf(const QWidget &widget, const QRect &inside);
 
-/// Where the text of it is drawn: as much of it as is to be seen, without what is around it.
+/// The rectangle in the window of the visible text.
 QRect textOf(const QLabel &label);
 QRect textOf(const QPushButton &button);
 QRect textOf(const QLineEdit &box);
 
-/// The room that a box has for its text, in the box's own pixels.
+/// The rectangle for the text of a box, in its own pixels.
 QRect roomOf(const QLineEdit &box);
 
-/// Where the text of a row of a list is drawn.
+/// The rectangle in the window of the text of a list row.
 QRect rowTextOf(const QAbstractItemView &list, int row);
 
 /// A part of a combo box, in its own pixels.

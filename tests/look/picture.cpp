@@ -16,12 +16,12 @@ Picture::Picture(QWidget &window, const QRect &place)
     : m_place(place & window.rect())
     , m_scale(window.devicePixelRatioF())
 {
-    // Pixels of the picture must be those of the screen at 125 % and 150 % too.
+    // Align with whole screen pixels at scales of 125 % and 150 % too.
     constexpr int kGrid = 4;
     m_place.setTopLeft(
         {m_place.left() - m_place.left() % kGrid, m_place.top() - m_place.top() % kGrid});
     if (m_place.isEmpty()) {
-        ADD_FAILURE() << "nothing of it is in the window";
+        ADD_FAILURE() << "the area is outside of the window";
         m_image = QImage(1, 1, QImage::Format_RGB32);
         m_image.fill(Qt::black);
         return;
@@ -76,8 +76,8 @@ double Picture::strongest(const QRect &place, const QColor &against) const
 
 double Picture::lineAcross(const QPointF &edge, const QPointF &outward) const
 {
-    constexpr double kOutside = 2.5; // what is around the control, and none of its neighbours yet
-    constexpr double kInside = 4;    // its outline, and none of its text yet
+    constexpr double kOutside = 2.5; // beside the control, but not on a neighbour
+    constexpr double kInside = 4;    // on its outline, but not on its text
     const QColor outside = at(edge + outward * kOutside);
     double best = 1;
     for (double depth = 0.25; depth < kInside; depth += 0.5) {

@@ -10,38 +10,36 @@ class QWidget;
 
 namespace tarvold::testing {
 
-/// A picture of a part of a window, as it is drawn. Places are in the window's device-independent
-/// pixels, whatever the scale of the screen; what is outside of the window is not in the picture.
+/// A rendered part of a window. Positions are in device-independent pixels of the window, at any
+/// screen scale; the picture is clipped to the window.
 class Picture
 {
 public:
-    /// Draws the part of the window now. A place that is not in the window at all makes a picture
-    /// of nothing.
+    /// Renders the area now. Fails the test if it is outside of the window.
     Picture(QWidget &window, const QRect &place);
 
-    /// The colour at a place; at the nearest one where the place is not in the picture.
+    /// The colour at a position, or at the nearest position in the picture.
     QColor at(const QPointF &place) const;
 
-    /// The colour of most pixels of a place: of a text's rectangle, what the text is drawn on.
+    /// The most frequent colour of an area; for the rectangle of a text, its background.
     QColor commonest(const QRect &place) const;
 
-    /// The greatest contrast of any pixel of the place with a colour.
+    /// The highest contrast of any pixel in the area with a colour.
     double strongest(const QRect &place, const QColor &against) const;
 
-    /// The contrast of a text with what it is drawn on. Its own colour is the extreme against the
-    /// commonest one: the edges of letters are mixed from both, and can only lie between.
+    /// The contrast of a text with its background, the most frequent colour. The text colour is the
+    /// one with the highest contrast: antialiased edges are between the two.
     double textContrast(const QRect &place) const { return strongest(place, commonest(place)); }
 
-    /// How well the outline, or the fill, of a control can be told from what is around it: on three
-    /// lines across each side, the best contrast near the edge with the colour just outside; the
-    /// worst of these lines.
+    /// The contrast of the outline, or the fill, of a control with its surroundings: on three lines
+    /// across each side, the best contrast near the edge with the colour just outside; the result
+    /// is the worst of these lines.
     double edgeContrast(const QRect &control) const;
 
-    /// The contrasts of all pixels with those of another picture of the same place, the greatest
-    /// first.
+    /// The contrasts of all changed pixels with another picture of the same area, highest first.
     std::vector<double> changesTo(const Picture &other) const;
 
-    /// How many pixels of the screen a device-independent pixel is wide.
+    /// Screen pixels per device-independent pixel.
     double scale() const { return m_scale; }
 
 private:

@@ -13,7 +13,8 @@ namespace {
 const QColor kGrey(0x76, 0x76, 0x76);
 const QRect kBox(20, 20, 40, 30);
 
-/// White, with a box that has a grey outline of one pixel but for its gap, and a word in it.
+/// A white widget with a box that has a grey outline, one pixel wide, with an optional gap, and a
+/// word in it.
 class Drawing : public QWidget
 {
 public:
@@ -36,7 +37,7 @@ protected:
 
 } // namespace
 
-TEST(ContrastTest, IsThatOfTheGuidelines)
+TEST(ContrastTest, MatchesTheGuidelines)
 {
     EXPECT_DOUBLE_EQ(contrast::ratio(Qt::white, Qt::black), 21);
     EXPECT_DOUBLE_EQ(contrast::ratio(Qt::black, Qt::white), 21);
@@ -45,7 +46,7 @@ TEST(ContrastTest, IsThatOfTheGuidelines)
     EXPECT_NEAR(contrast::ratio(QColor(0x77, 0x77, 0x77), Qt::white), 4.48, 0.005);
 }
 
-TEST(PictureTest, TextIsTheExtremeAgainstTheCommonestColour)
+TEST(PictureTest, TextContrastIsTheHighestWithTheMostFrequentColour)
 {
     Drawing drawing;
     drawing.word = kGrey;
@@ -55,7 +56,7 @@ TEST(PictureTest, TextIsTheExtremeAgainstTheCommonestColour)
     EXPECT_NEAR(picture.textContrast(inside), 4.54, 0.005);
 }
 
-TEST(PictureTest, AnOutlineCountsOnlyIfItIsOnAllSides)
+TEST(PictureTest, AnOutlineMustBeOnAllSides)
 {
     Drawing drawing;
     EXPECT_NEAR(Picture(drawing, drawing.rect()).edgeContrast(kBox), 4.54, 0.005);
@@ -66,7 +67,7 @@ TEST(PictureTest, AnOutlineCountsOnlyIfItIsOnAllSides)
     }
 }
 
-TEST(PictureTest, ChangesAreCountedInPixelsOfTheScreen)
+TEST(PictureTest, ChangesAreCountedInScreenPixels)
 {
     Drawing drawing;
     const Picture before(drawing, drawing.rect());

@@ -17,16 +17,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Where something begins or ends, and what does.
+/// By x position, the names of what begins or ends there.
 using Column = std::map<int, std::string>;
 
-/// The columns of a screen: captions and controls of its rows, other than those of the commentary.
+/// The columns of a screen: captions and controls of its rows, and commentary lines.
 struct Columns
 {
     Column labels;
     Column controls;
     Column lines;       ///< of commentary
-    Column lineNumbers; ///< their right edges, as numbers are written
+    Column lineNumbers; ///< right edges, as numbers are right-aligned
     int numberedLines = 0;
 };
 
@@ -67,11 +67,11 @@ void expectOneOfEach(const Columns &columns)
                                        {"commentary lines", columns.lines},
                                        {"numbers of commentary lines", columns.lineNumbers}}) {
         EXPECT_LE(column.size(), 1U)
-            << "columns of " << what << ", by their x: " << ::testing::PrintToString(column);
+            << "columns of " << what << ", by x position: " << ::testing::PrintToString(column);
     }
 }
 
-/// The places of all widgets within their parents, but for what a scroll area moves.
+/// The geometry of all widgets within their parents, except scroll positions.
 std::map<const QWidget *, QRect> placesIn(const QWidget &window)
 {
     std::map<const QWidget *, QRect> places;
@@ -92,14 +92,14 @@ class HelpLookTest : public LookTest
 {
 };
 
-/// What must be where it was when one screen of a flow takes the place of another.
+/// What must not move when one screen of a flow replaces another.
 struct Fixed
 {
     QString screen;
     QRect window;
-    QRect help; ///< none on a commentary screen
+    QRect help; ///< null on a commentary screen
     QRect back;
-    QRect next; ///< or the button that adds the record, which is of another width
+    QRect next; ///< or the button that adds the record, which has another width
 };
 
 class FlowPlacesLookTest : public FlowTest, public ::testing::WithParamInterface<FlowPath>
@@ -119,17 +119,17 @@ protected:
 
 } // namespace
 
-TEST_P(PlacesLookTest, CaptionsStandInOneColumnAndControlsInAnother)
+TEST_P(PlacesLookTest, CaptionsAndControlsAreInOneColumnEach)
 {
     Columns columns;
     collect(shown(), columns);
     expectOneOfEach(columns);
 }
 
-TEST_P(PlacesLookTest, NothingMovesWhenTheFocusDoes)
+TEST_P(PlacesLookTest, NothingMovesWithTheFocus)
 {
     expectActive(shown());
-    QTest::qWait(50); // until all layouts have settled
+    QTest::qWait(50); // until all layouts are done
     const auto before = placesIn(shown());
     for (QWidget *control : parts::focusable(shown())) {
         control->setFocus(Qt::TabFocusReason);
@@ -144,7 +144,7 @@ TEST_P(PlacesLookTest, NothingMovesWhenTheFocusDoes)
     }
 }
 
-TEST_P(HelpLookTest, EveryHelpFitsItsBox)
+TEST_P(HelpLookTest, EveryHelpTextFitsItsBox)
 {
     const auto *help = shown().findChild<HelpLine *>();
     ASSERT_NE(help, nullptr);
@@ -170,7 +170,7 @@ INSTANTIATE_TEST_SUITE_P(All, HelpLookTest,
                                                       "Form12", "Form14", "Form17"})),
                          nameOf);
 
-TEST_P(FlowPlacesLookTest, ItsScreensFeelLikeOneWindow)
+TEST_P(FlowPlacesLookTest, WindowButtonsAndHelpStayInPlace)
 {
     press("Form1", GetParam().button);
     const Fixed first = look(GetParam().screens.front());
@@ -195,7 +195,7 @@ INSTANTIATE_TEST_SUITE_P(All, FlowPlacesLookTest,
                                            kTalkShowPath),
                          [](const auto &row) { return std::string(row.param.button); });
 
-TEST_F(FlowTest, AllScreensOfDetailsHaveTheSameColumns)
+TEST_F(FlowTest, AllDetailsScreensHaveTheSameColumns)
 {
     Columns columns;
     const auto collectNow = [this, &columns](const char *name) {

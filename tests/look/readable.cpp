@@ -69,7 +69,7 @@ void expectReadableSelections(const Scene &scene)
 {
     for (QLineEdit *box : parts::visible<QLineEdit>(scene.window)) {
         box->setFocus(Qt::TabFocusReason);
-        box->selectAll(); // one after the other, as there is one selection on a desktop
+        box->selectAll(); // one at a time, as X has a single selection
         expectBox(scene, *box);
         box->deselect();
     }

@@ -11,12 +11,12 @@ class ScreensLookTest : public LookTest
 
 } // namespace
 
-TEST_P(ScreensLookTest, EveryTextCanBeRead)
+TEST_P(ScreensLookTest, EveryTextIsReadable)
 {
     checks::expectReadable(scene());
 }
 
-TEST_P(ScreensLookTest, EveryTextCanBeReadInAWindowThatIsNotActive)
+TEST_P(ScreensLookTest, EveryTextIsReadableInAnInactiveWindow)
 {
     QWidget other;
     other.show();
@@ -24,7 +24,7 @@ TEST_P(ScreensLookTest, EveryTextCanBeReadInAWindowThatIsNotActive)
     checks::expectReadable(scene());
 }
 
-TEST_P(ScreensLookTest, SelectedTextsCanBeRead)
+TEST_P(ScreensLookTest, SelectedTextIsReadable)
 {
     checks::expectReadableSelections(scene());
     QWidget other;
@@ -33,12 +33,12 @@ TEST_P(ScreensLookTest, SelectedTextsCanBeRead)
     checks::expectReadableSelections(scene());
 }
 
-TEST_P(ScreensLookTest, EveryControlCanBeSeen)
+TEST_P(ScreensLookTest, EveryControlIsVisible)
 {
     checks::expectVisibleControls(scene());
 }
 
-TEST_P(ScreensLookTest, TheFocusCanBeSeenEverywhere)
+TEST_P(ScreensLookTest, EveryControlHasAFocusMark)
 {
     checks::expectFocusMarks(scene());
 }

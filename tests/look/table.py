@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""Fills the table of docs/look.md with what the runs of look_test measured.
+"""Fills the table of docs/look.md with the measurements of look_test.
 
     table.py DOCUMENT FIGURES...
 
-FIGURES are the files look-*.tsv of the build folder; the worst of all of them counts. Give all of
-them: one run alone may be better than the others.
+FIGURES are the files look-*.tsv of the build folder. The worst measurements count, so give all of
+them.
 """
 
 import pathlib
@@ -14,7 +14,7 @@ HEAD = "| What | Asked | Light | Dark | Worst at |\n|---|---|---|---|---|\n"
 
 
 def worst_figures(files):
-    """By sort, then palette: the least that was measured, what is asked, and where it was."""
+    """By sort, then palette: the lowest measurement, the minimum asked, and where it was."""
     worst = {}
     for file in files:
         run = file.stem.removeprefix("look-")

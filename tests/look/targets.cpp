@@ -67,7 +67,7 @@ void expectLargeTargets(const Scene &scene)
 
 void expectLargeRows(const Scene &scene, const char *sort, const QAbstractItemView &list)
 {
-    constexpr int kMost = 50; // of the long lists, whose rows are all alike
+    constexpr int kMost = 50; // rows of long lists, which are all equal
     for (int row = 0; row < std::min(kMost, list.model()->rowCount()); ++row) {
         const QSize size = list.visualRect(list.model()->index(row, 0)).size();
         expectTarget(scene, sort, parts::nameOf(list) + u" row "_s + QString::number(row), size);

@@ -123,7 +123,7 @@ PaletteGuard::~PaletteGuard()
 LookTest::LookTest() : PaletteGuard(GetParam().colours)
 {
     writeFile("stipulations.tvd", manyStipulations());
-    if (std::string_view(GetParam().view.screen) == "Form2") { // no other one lists files
+    if (std::string_view(GetParam().view.screen) == "Form2") { // only this screen lists files
         writeManyFiles();
     }
 }
@@ -145,14 +145,14 @@ void LookTest::SetUp()
             press(button.screen, button.control);
         }
         if (!shown().isVisible()) {
-            shown().replace(screen("Form1")); // no button leads to it
+            shown().replace(screen("Form1")); // no button opens it
         }
     }
     expectOnly(view.screen);
     expectActive(shown());
     fillEmptyBoxes();
     if (auto *line = shown().findChild<CommentaryLine *>(u"Text2"_s)) {
-        click(*line); // which turns yellow
+        click(*line); // turns it yellow
     }
 }
 

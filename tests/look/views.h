@@ -7,41 +7,41 @@
 
 namespace tarvold::testing {
 
-/// A screen in one of the states that change what is to be seen on it.
+/// A screen in a state that changes its look.
 struct View
 {
     const char *name;
     const char *screen;
-    const FlowPath *flow; ///< the flow that leads to it; none: `press` does, or no button at all
-    std::vector<ControlRef> press = {}; ///< what to press one after the other, from the main menu
+    const FlowPath *flow; ///< the flow that leads to it, or null
+    std::vector<ControlRef> press = {}; ///< buttons to press in turn, from the main menu
 };
 
-/// All of them.
+/// All views.
 extern const std::vector<View> kViews;
 
 enum class Colours { Light, Dark };
 
-/// A view in a palette.
+/// A view with a palette.
 struct Look
 {
     View view;
     Colours colours;
 };
 
-/// The name of the row in test output, such as "Form4OfATurn_dark".
+/// The name in test output, such as "Form4OfATurn_dark".
 std::string nameOf(const ::testing::TestParamInfo<Look> &row);
 void PrintTo(const Look &look, std::ostream *out);
 
 /// All views in both palettes.
 std::vector<Look> allLooks();
 
-/// All views in one palette, for what no palette changes: sizes and places.
+/// All views in one palette, for checks that do not depend on it, such as sizes.
 std::vector<Look> looksIn(Colours colours);
 
 /// Some views in both palettes.
 std::vector<Look> looksOf(const std::vector<std::string> &views);
 
-/// Gives the program a palette, and the desktop's own one back.
+/// Sets a palette for as long as it lives, then restores the default one.
 class PaletteGuard
 {
 public:
@@ -49,21 +49,21 @@ public:
     ~PaletteGuard();
 };
 
-/// Shows a view in a palette, opened as a user opens it, and with something in every text box. The
-/// folder has files to import and stipulations to list: so many that the thumbs of the lists are as
-/// short as can be, and the first of each with a long name.
+/// Shows a view in a palette, opened as a user would, with text in every text box. The folder has
+/// so many files to import and stipulations to list that the thumbs of the lists have their minimum
+/// size; the first of each has a long name.
 class LookTest : public ::testing::WithParamInterface<Look>, private PaletteGuard, public FlowTest
 {
 public:
     LookTest();
 
 protected:
-    /// The screen of the view, shown.
+    /// The screen of the view, which is visible.
     Screen &shown() { return screen(GetParam().view.screen); }
 
     Scene scene() { return sceneOf(shown()); }
 
-    /// Another window of this view: a list, a menu or a message box that belongs to it.
+    /// The scene of the screen or of another window of this view: a list, a menu or a message box.
     static Scene sceneOf(QWidget &window, const QString &what = {});
 
     void SetUp() override;

@@ -12,7 +12,7 @@
 namespace tarvold::testing::checks {
 namespace {
 
-constexpr int kAround = 4; ///< how much of what is around a control is in its picture
+constexpr int kAround = 4; ///< pixels around a control in its picture
 
 Picture pictureOf(const Scene &scene, const QRect &place)
 {
@@ -36,8 +36,8 @@ const char *sortOf(const QWidget &control)
     return "Control: text boxes";
 }
 
-/// A sign on a part of a control, such as an arrow, against what it is drawn on.
-void expectSign(const Scene &scene, const char *sort, const QWidget &control, const QRect &part)
+/// A symbol on a part of a control, such as an arrow, against its background.
+void expectSymbol(const Scene &scene, const char *sort, const QWidget &control, const QRect &part)
 {
     const QRect place = parts::placeOf(control, part.adjusted(3, 3, -3, -3));
     const Picture picture = pictureOf(scene, place);
@@ -45,7 +45,7 @@ void expectSign(const Scene &scene, const char *sort, const QWidget &control, co
                            picture.strongest(place, picture.commonest(place)), contrast::kControl);
 }
 
-/// The thumb against the groove that it moves in, at both of its ends.
+/// The thumb against its groove.
 void expectThumb(const Scene &scene, const QScrollBar &bar)
 {
     const QRect thumb = parts::placeOf(bar, parts::partOf(bar, QStyle::SC_ScrollBarSlider));
@@ -53,7 +53,7 @@ void expectThumb(const Scene &scene, const QScrollBar &bar)
     const Picture picture = pictureOf(scene, groove);
     const bool isHorizontal = bar.orientation() == Qt::Horizontal;
     const QRect inner = isHorizontal ? thumb.adjusted(0, 4, 0, -4) : thumb.adjusted(4, 0, -4, 0);
-    // What is left of the groove beside the thumb, but for the groove's own outline.
+    // The groove beside the thumb, without its outline.
     const QRect rest = isHorizontal
                            ? QRect(thumb.right() + 3, groove.top() + 3,
                                    groove.right() - thumb.right() - 5, groove.height() - 6)
@@ -71,7 +71,7 @@ void expectBar(const Scene &scene, QScrollBar &bar)
     figures::expectAtLeast(scene, sortOf(bar), parts::nameOf(bar),
                            pictureOf(scene, place).edgeContrast(place), contrast::kControl);
     for (const auto arrow : {QStyle::SC_ScrollBarAddLine, QStyle::SC_ScrollBarSubLine}) {
-        expectSign(scene, "Control: arrows of scroll bars", bar, parts::partOf(bar, arrow));
+        expectSymbol(scene, "Control: arrows of scroll bars", bar, parts::partOf(bar, arrow));
     }
     expectThumb(scene, bar);
 }
@@ -90,7 +90,7 @@ void expectVisibleControls(const Scene &scene)
         figures::expectAtLeast(scene, sortOf(*control), parts::nameOf(*control),
                                pictureOf(scene, place).edgeContrast(place), contrast::kControl);
         if (auto *combo = qobject_cast<QComboBox *>(control)) {
-            expectSign(scene, "Control: arrows of combo boxes", *combo,
+            expectSymbol(scene, "Control: arrows of combo boxes", *combo,
                        parts::partOf(*combo, QStyle::SC_ComboBoxArrow));
         }
     }

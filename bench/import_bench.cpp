@@ -1,9 +1,9 @@
-// Time and memory of an import, beside public tools that append the same bytes.
+// Time and memory of an import, compared with cat and sync on the same bytes.
 //
-// Each import runs in a process of its own, for an author imports once: memory that a process has
-// used before is faster. So the program starts itself again: as `import_bench --import-run-ins` or
-// `--import-stipulations` it imports, as `--idle` it does nothing, and then tells time and memory.
-// Runs in random order keep what else goes on from hitting one side alone, see `bench/run`.
+// Each import runs in a fresh process, as in normal use: memory that a process has used before is
+// faster. So the program starts itself: with `--import-run-ins` or `--import-stipulations` it
+// imports, with `--idle` it does nothing, and then it prints time and memory. Runs are in random
+// order, so that background load does not affect one side only; see `bench/run`.
 
 #include "datafiles/import_merge.h"
 
@@ -35,7 +35,7 @@ const auto kImportRunIns = u"--import-run-ins"_s;
 const auto kImportStipulations = u"--import-stipulations"_s;
 const auto kIdle = u"--idle"_s;
 
-/// Every record has a name of its own, so that none is a duplicate.
+/// Records with unique names, so that none is a duplicate.
 QByteArray records(int count, int lines, const QByteArray &name)
 {
     const QByteArray rest = QByteArray("Some text of a usual length.\r\n").repeated(lines - 2);
@@ -61,8 +61,8 @@ void runOrDie(const QString &program, const QStringList &arguments)
     }
 }
 
-/// The time before is not to be paid for by what is measured.
-void emptyWriteBuffers()
+/// Keeps earlier writes from slowing down what is measured.
+void flushWriteBuffers()
 {
     runOrDie(u"sync"_s, {});
 }
@@ -70,7 +70,7 @@ void emptyWriteBuffers()
 void importOrDie(DataFileKind kind)
 {
     const auto failure = tarvold::importRecords({kSource, kTarget, kind}, [](const QString &) {
-        qFatal("a record was taken for a duplicate");
+        qFatal("a record was reported as a duplicate");
     });
     if (failure) {
         qFatal("the import failed");
@@ -84,11 +84,11 @@ double secondsOf(const std::function<void()> &task)
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
-/// What a run of this program tells of itself.
+/// The measurements that a child process prints.
 struct Run
 {
-    double seconds; ///< that the import took, without the start of the program
-    double memory;  ///< the most that it ever held, in bytes
+    double seconds; ///< duration of the import, without program startup
+    double memory;  ///< peak resident memory, in bytes
 };
 
 Run runAgain(const QString &task)
@@ -96,20 +96,20 @@ Run runAgain(const QString &task)
     QProcess process;
     process.start(QCoreApplication::applicationFilePath(), {task});
     if (!process.waitForFinished(-1) || process.exitCode() != 0) {
-        qFatal("the import in a process of its own failed");
+        qFatal("the import in a child process failed");
     }
     const QList<QByteArray> figures = process.readAllStandardOutput().split(' ');
     return {figures.value(0).toDouble(), figures.value(1).toDouble() * kBytesPerKilobyte};
 }
 
-/// Runs `append`, which gives the seconds that it took, on a fresh target.
+/// Runs `append`, which returns its time in seconds, on a fresh target.
 void measure(benchmark::State &state, const QByteArray &source, const QByteArray &target,
              const std::function<double()> &append)
 {
     for (auto _ : state) {
         put(kSource, source);
         put(kTarget, target);
-        emptyWriteBuffers();
+        flushWriteBuffers();
         state.SetIterationTime(append());
     }
 }
@@ -185,22 +185,22 @@ BENCHMARK(reportMemory)->Iterations(1);
 BENCHMARK(stipulationsByCat)->Apply(asGrowing);
 BENCHMARK(stipulationsByImport)->Apply(asGrowing);
 
-/// The most memory that this process ever held, in kilobytes.
+/// The peak resident memory of this process, in kilobytes.
 QByteArray peakMemory()
 {
     QFile status(u"/proc/self/status"_s);
     if (!status.open(QIODevice::ReadOnly)) {
-        qFatal("this system tells no memory figures");
+        qFatal("this system has no memory figures");
     }
     for (const QByteArray &line : status.readAll().split('\n')) {
         if (line.startsWith("VmHWM:")) {
             return line.mid(6).trimmed().split(' ').front();
         }
     }
-    qFatal("this system tells no peak of memory");
+    qFatal("this system has no peak memory figure");
 }
 
-int beChild(const QString &task)
+int runAsChild(const QString &task)
 {
     const bool hasStipulations = task == kImportStipulations;
     const auto kind = hasStipulations ? DataFileKind::Stipulations : DataFileKind::RunInEndings;
@@ -216,7 +216,7 @@ int main(int argc, char *argv[])
     const QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments().mid(1);
     if (!arguments.isEmpty() && !arguments.front().startsWith(u"--benchmark"_s)) {
-        return beChild(arguments.front());
+        return runAsChild(arguments.front());
     }
     const QTemporaryDir folder;
     QDir::setCurrent(folder.path());

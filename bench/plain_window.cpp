@@ -1,5 +1,4 @@
-// The measure for the editor's start-up: a plain window with as many plain controls as its main
-// menu.
+// The baseline for startup time: a plain window with as many plain controls as the main menu.
 
 #include <QApplication>
 #include <QGridLayout>

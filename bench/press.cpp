@@ -9,7 +9,7 @@
 namespace tarvold::bench {
 namespace {
 
-/// Tells whether a widget has been painted.
+/// Notes when a widget has been painted.
 class PaintWatch : public QObject
 {
 public:
@@ -22,7 +22,7 @@ public:
     }
 };
 
-/// The widget that shows what a control holds.
+/// The widget that paints the content of a control.
 QWidget *surfaceOf(QWidget &control)
 {
     auto *area = qobject_cast<QAbstractScrollArea *>(&control);
@@ -34,7 +34,7 @@ QWidget *surfaceOf(QWidget &control)
 void settle(Screen &screen)
 {
     if (!QTest::qWaitForWindowExposed(&screen)) {
-        qFatal("a screen did not appear");
+        qFatal("a screen was not shown");
     }
     QCoreApplication::processEvents();
 }

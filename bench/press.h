@@ -5,14 +5,14 @@ class Editor;
 class Screen;
 } // namespace tarvold
 
-/// What the benchmarks do with the editor's screens.
+/// Functions for benchmarks of screens.
 namespace tarvold::bench {
 
-/// Waits until a screen is on the display and has nothing left to do.
+/// Waits until a screen is exposed, and handles all pending events.
 void settle(Screen &screen);
 
 /// Presses a button of a screen and returns once the next screen is painted.
-/// \param part the control of the next screen that has to be painted; none for the screen itself
+/// \param part the control of the next screen that must be painted; null for the screen itself
 void pressUntilPainted(Editor &editor, const char *from, const char *button, const char *next,
                        const char *part = nullptr);
 

@@ -1,4 +1,4 @@
-// Time from the press of a button to the next screen painted.
+// Time from a button press until the next screen is painted.
 
 #include "controls/look.h"
 #include "editor.h"
@@ -14,7 +14,7 @@ using tarvold::Editor;
 using tarvold::bench::pressUntilPainted;
 using tarvold::bench::settle;
 
-/// The first press of the menu's button makes four screens; the first of them is then painted.
+/// The first press of a menu button: creates four screens, and paints the first of them.
 void enterFlowFirstTime(benchmark::State &state)
 {
     for (auto _ : state) {
@@ -30,7 +30,7 @@ void enterFlowFirstTime(benchmark::State &state)
     }
 }
 
-/// A screen that was made when the flow was entered and is shown for the first time.
+/// Shows a screen that already exists for the first time.
 void nextFirstTime(benchmark::State &state)
 {
     for (auto _ : state) {
@@ -48,7 +48,7 @@ void nextFirstTime(benchmark::State &state)
     }
 }
 
-/// A screen that has been shown before.
+/// Shows a screen that has been shown before.
 void nextAgain(benchmark::State &state)
 {
     Editor editor;

@@ -1,6 +1,6 @@
-// Time from process start to the window on the screen, and resident memory, of the editor and of a
-// plain window, as seen from outside: startup_bench EDITOR PLAIN_WINDOW [RUNNER], under an X
-// display. RUNNER is a program that runs the other two, if they are not programs of this system.
+// Time from process start until the window is mapped, and resident memory, of the editor and of a
+// plain window, measured from outside: startup_bench EDITOR PLAIN_WINDOW [RUNNER]. Needs an X
+// display. RUNNER is a program that runs the other two, such as wine.
 
 #include <benchmark/benchmark.h>
 #include <chrono>
@@ -21,14 +21,14 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-/// Tells when a program's window comes up on the display.
+/// Waits for windows of a program on the display.
 class Display
 {
 public:
     Display() : m_connection(xcb_connect(nullptr, nullptr))
     {
         if (xcb_connection_has_error(m_connection) != 0) {
-            throw std::runtime_error("there is no display");
+            throw std::runtime_error("no display");
         }
         const xcb_screen_t *screen = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data;
         const uint32_t events = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
@@ -41,7 +41,7 @@ public:
     Display &operator=(Display &&) = delete;
     ~Display() { xcb_disconnect(m_connection); }
 
-    /// Forgets what happened so far.
+    /// Discards all events so far.
     void drain()
     {
         while (std::unique_ptr<xcb_generic_event_t, decltype(&std::free)> event{
@@ -49,8 +49,8 @@ public:
         }
     }
 
-    /// Returns once a top-level window has come up. One that the window manager is told to leave
-    /// alone does not count: a runner has such windows of its own.
+    /// Waits until a top-level window is mapped. Override-redirect windows do not count: a runner
+    /// has such windows of its own.
     void waitForWindow()
     {
         constexpr uint8_t kTypeBits = 0x7F;
@@ -92,13 +92,13 @@ void measure(benchmark::State &state, std::vector<char *> command)
         const auto start = Clock::now();
         if (posix_spawnp(&process, command.front(), nullptr, nullptr, command.data(), environ) !=
             0) {
-            state.SkipWithError("the program does not start");
+            state.SkipWithError("the program did not start");
             return;
         }
         display.waitForWindow();
         const std::chrono::duration<double> taken = Clock::now() - start;
         state.SetIterationTime(taken.count());
-        std::this_thread::sleep_for(std::chrono::milliseconds(300)); // until it has settled
+        std::this_thread::sleep_for(std::chrono::milliseconds(300)); // until startup is complete
         resident += residentMegabytes(process);
         kill(process, SIGKILL);
         waitpid(process, nullptr, 0);

@@ -1,5 +1,4 @@
-// The stipulations editor with 100,000 stipulations, beside what the system's own tools take for
-// the same file.
+// The stipulations editor with 100,000 stipulations, compared with system tools on the same file.
 
 #include "controls/look.h"
 #include "datafiles/stipulation_table.h"
@@ -31,7 +30,7 @@ using tarvold::StipulationTable;
 constexpr int kStipulations = 100'000;
 constexpr int kMiddle = kStipulations / 2 * StipulationTable::kLinesPerRecord;
 
-/// The lines of a stipulation as a writer would fill them in.
+/// The lines of a typical stipulation.
 StipulationTable::Record stipulation(int number)
 {
     constexpr std::array kMatchTypes = {"Singles", "Tag Team", "Triple Threat", "Battle Royal"};
@@ -62,7 +61,7 @@ StipulationTable::Record stipulation(int number)
             "No"};
 }
 
-/// A folder on a disk with the file that all benchmarks work on.
+/// A temporary folder on disk with the file that all benchmarks use.
 class Workplace
 {
 public:
@@ -102,7 +101,7 @@ StipulationTable &loaded()
     return table;
 }
 
-/// Runs a program of the system's with its output thrown away; `false` when it failed.
+/// Runs a system tool and discards its output; returns whether it succeeded.
 bool runs(std::vector<std::string> arguments)
 {
     posix_spawn_file_actions_t quiet;
@@ -156,7 +155,7 @@ void load(benchmark::State &state)
     }
 }
 
-/// From the press of the menu's button to the list painted, in a program that was just started.
+/// From pressing the menu button until the list is painted, in a freshly started program.
 void loadToListShown(benchmark::State &state)
 {
     for (auto _ : state) {
@@ -173,7 +172,7 @@ void loadToListShown(benchmark::State &state)
     }
 }
 
-/// What follows every change: the list anew.
+/// Rebuilds the list, as after every change.
 void rebuild(benchmark::State &state)
 {
     StipulationListModel model(loaded(), nullptr);
@@ -209,7 +208,8 @@ void save(benchmark::State &state)
     }
 }
 
-/// What an edit does beside saving and listing: find the entry, keep the lines, replace.
+/// An edit, without saving and rebuilding the list: find the entry, take a snapshot, replace the
+/// record.
 void edit(benchmark::State &state)
 {
     StipulationTable table;
@@ -225,7 +225,8 @@ void edit(benchmark::State &state)
     }
 }
 
-/// What a delete does beside saving and listing: find the entry, keep the lines, remove.
+/// A delete, without saving and rebuilding the list: find the entry, take a snapshot, remove the
+/// record.
 void remove(benchmark::State &state)
 {
     StipulationTable table;
@@ -274,7 +275,7 @@ int main(int argc, char *argv[])
     const QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     tarvold::look::apply();
-    loaded(); // makes the file before the first measurement
+    loaded(); // creates the file before the first measurement
     registerAll();
     benchmark::RunSpecifiedBenchmarks();
     return EXIT_SUCCESS;

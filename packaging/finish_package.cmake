@@ -1,5 +1,5 @@
-# Run by cpack on the files that go into the package. Folders get their usual rights whatever the
-# umask is; of the program, what nobody needs at run time is left out.
+# Run by cpack on the files of the package. Sets the usual permissions of folders, whatever the
+# umask, and removes sections of the program that are not needed at run time.
 set(everyone OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 file(CHMOD_RECURSE ${CPACK_TEMPORARY_INSTALL_DIRECTORY} DIRECTORY_PERMISSIONS ${everyone})
 execute_process(COMMAND ${CPACK_STRIP_PROGRAM} --remove-section=.comment --remove-section=.note

@@ -1,5 +1,5 @@
-# For CMake: Debian's cross compiler for Windows on 64-bit PCs, in the variant with POSIX threads,
-# which the C++ library's own threads need.
+# CMake toolchain file for the cross compiler of Debian for 64-bit Windows, in the variant with
+# POSIX threads, which std::thread needs.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 
@@ -8,13 +8,13 @@ set(CMAKE_C_COMPILER ${prefix}-gcc-posix)
 set(CMAKE_CXX_COMPILER ${prefix}-g++-posix)
 set(CMAKE_RC_COMPILER ${prefix}-windres)
 
-# One file is all that a user copies: no program links a library that Windows does not have. The
-# static Qt has guarded stacks, so all that links it needs what they call.
+# Link statically, so that the program is a single file. The static Qt libraries need the stack
+# protector library.
 set(CMAKE_EXE_LINKER_FLAGS_INIT "-static -fstack-protector-strong")
 
 set(CMAKE_FIND_ROOT_PATH /usr/${prefix})
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
-# Qt's programs that run during a build (moc, rcc) are those of the build machine.
+# Qt's build tools (moc, rcc) are those of the build machine.
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE BOTH)

@@ -56,10 +56,11 @@ void ComboBox::connectToList()
     const QObject *list = view()->parentWidget();
     const char *picked = SIGNAL(itemSelected(QModelIndex));
     m_isListConnected = disconnect(list, picked, this, nullptr) &&
-                    bool(connect(list, picked, this, SLOT(choose(QModelIndex))));
+                        bool(connect(list, picked, this, SLOT(choose(QModelIndex))));
     if (!m_isListConnected) {
-        qFatal("Qt %s has no signal itemSelected() of a combo box's list, so picks can't be detected",
-               qVersion());
+        qFatal(
+            "Qt %s has no signal itemSelected() of a combo box's list, so picks can't be detected",
+            qVersion());
     }
 }
 

@@ -280,8 +280,9 @@ TEST_F(StrayPress, WithTheRealClockCountsOnlyAfterAPause)
         buttonShows(next);
         mouse::click(place);
         QTest::qWait(pause);
-        mouse::pass(pause > 0 ? 250ms
-                              : 210ms); // advances the event timestamps and the clock of the other guard
+        mouse::pass(pause > 0
+                        ? 250ms
+                        : 210ms); // advances the event timestamps and the clock of the other guard
         mouse::clickAgain(place);
         EXPECT_EQ(count, pause > 0 ? 1 : 0);
     }

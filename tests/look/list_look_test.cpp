@@ -34,7 +34,7 @@ QWidget *toolTip()
 
 } // namespace
 
-TEST_P(ListLookTest, RowsCanBeRead)
+TEST_P(ListLookTest, RowsAreReadable)
 {
     checks::expectReadableRow(scene(), "Text: rows of lists", list(), 0);
     list().setCurrentIndex(list().model()->index(1, 0));

@@ -52,8 +52,7 @@ TEST_P(MessageBoxLookTest, ANoticeOfSeveralSentencesLooksRight)
 
 TEST_P(MessageBoxLookTest, ANoticeWithALongNameLooksRight)
 {
-    checkNotice(u"notice with a long name"_s,
-                     u"There is no file "_s + QString(240, u'w') + u'.');
+    checkNotice(u"notice with a long name"_s, u"There is no file "_s + QString(240, u'w') + u'.');
 }
 
 TEST_P(MessageBoxLookTest, TheLongestNoticeLooksRight)

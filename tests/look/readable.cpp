@@ -69,7 +69,7 @@ void expectReadableSelections(const Scene &scene)
 {
     for (QLineEdit *box : parts::visible<QLineEdit>(scene.window)) {
         box->setFocus(Qt::TabFocusReason);
-        box->selectAll(); // one at a time, as X has a single selection
+        box->selectAll(); // one at a time, as the desktop has a single selection
         expectBox(scene, *box);
         box->deselect();
     }

@@ -12,7 +12,7 @@ struct View
 {
     const char *name;
     const char *screen;
-    const FlowPath *flow; ///< the flow that leads to it, or null
+    const FlowPath *flow;               ///< the flow that leads to it, or null
     std::vector<ControlRef> press = {}; ///< buttons to press in turn, from the main menu
 };
 

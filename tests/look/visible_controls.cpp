@@ -91,7 +91,7 @@ void expectVisibleControls(const Scene &scene)
                                pictureOf(scene, place).edgeContrast(place), contrast::kControl);
         if (auto *combo = qobject_cast<QComboBox *>(control)) {
             expectSymbol(scene, "Control: arrows of combo boxes", *combo,
-                       parts::partOf(*combo, QStyle::SC_ComboBoxArrow));
+                         parts::partOf(*combo, QStyle::SC_ComboBoxArrow));
         }
     }
     for (QScrollBar *bar : parts::visible<QScrollBar>(scene.window)) {

@@ -1,4 +1,4 @@
-// Files that hold odd bytes and line ends, on the screens.
+// Tests of the screens with files that contain unusual bytes and line ends.
 
 #include "import/import_test.h"
 #include "stipulations/stipulation_test.h"
@@ -15,7 +15,7 @@ namespace {
 
 constexpr qsizetype kHundredMegabytes = 100'000'000;
 
-/// All 256 bytes, in an order in which no CR stands before a LF.
+/// All 256 bytes, in an order without CR LF.
 QByteArray everyByte()
 {
     QByteArray bytes;
@@ -25,7 +25,7 @@ QByteArray everyByte()
     return bytes;
 }
 
-/// A stipulation of which every line that takes any text holds every byte.
+/// A stipulation in which every free-text line contains every byte.
 QByteArray oddStipulation()
 {
     OtherLines lines;
@@ -38,7 +38,7 @@ QByteArray oddStipulation()
 class OddBytesInStipulations : public StipulationTest
 {
 protected:
-    /// Enters with a file that is no table; gives what the message on the menu said.
+    /// Opens a file that is not a stipulation table; returns the message on the menu.
     QString refusal(const QByteArray &bytes)
     {
         writeFile(kFile, bytes);
@@ -53,7 +53,7 @@ protected:
     const QByteArray plain = stipulation("Singles", "Plain");
 };
 
-TEST_F(OddBytesInStipulations, AreKeptWhenOtherStipulationsAreMadeEditedAndDeleted)
+TEST_F(OddBytesInStipulations, AreKeptWhenOthersAreCreatedEditedAndDeleted)
 {
     const QByteArray odd = oddStipulation();
     open(odd + plain + odd);
@@ -69,7 +69,7 @@ TEST_F(OddBytesInStipulations, AreKeptWhenOtherStipulationsAreMadeEditedAndDelet
     EXPECT_EQ(readBack(kFile), odd + odd + untouched("New"));
 }
 
-TEST_F(OddBytesInStipulations, AreKeptWhenTheirOwnStipulationIsSavedAgain)
+TEST_F(OddBytesInStipulations, AreKeptWhenTheirStipulationIsSavedAgain)
 {
     open(plain + oddStipulation());
     edit(1);
@@ -77,21 +77,21 @@ TEST_F(OddBytesInStipulations, AreKeptWhenTheirOwnStipulationIsSavedAgain)
     EXPECT_EQ(readBack(kFile), plain + oddStipulation());
 }
 
-TEST_F(OddBytesInStipulations, OfABareLineFeedAtEveryLineAreToldAsThat)
+TEST_F(OddBytesInStipulations, LineFeedsAloneHaveTheirOwnMessage)
 {
     QByteArray bytes = plain + plain;
     bytes.replace("\r\n", "\n");
     EXPECT_TRUE(refusal(bytes).contains(u"Its lines do not end with CR LF."_s));
 }
 
-TEST_F(OddBytesInStipulations, OfABareCarriageReturnAtEveryLineAreToldAsThat)
+TEST_F(OddBytesInStipulations, CarriageReturnsAloneHaveTheirOwnMessage)
 {
     QByteArray bytes = plain + plain;
     bytes.replace("\r\n", "\r");
     EXPECT_TRUE(refusal(bytes).contains(u"Its lines end with CR alone, not with CR LF."_s));
 }
 
-TEST_F(OddBytesInStipulations, WithoutTheLastLineEndLoseNothingAndGetOne)
+TEST_F(OddBytesInStipulations, MissingLastLineEndIsAddedWithoutLoss)
 {
     QByteArray bytes = plain + stipulation("Singles", "Last");
     bytes.chop(2);
@@ -118,7 +118,7 @@ private:
     QElapsedTimer m_timer;
 };
 
-TEST_F(HundredMegabytesInALine, IsToldWhenThatIsAllThereIs)
+TEST_F(HundredMegabytesInALine, IsRefusedAsAFileOfOneLine)
 {
     writeFile(kFile, longLine());
     QString told;
@@ -145,7 +145,7 @@ TEST_F(HundredMegabytesInALine, CanBeListedAndDeletedButNotEdited)
     boxes.catchQuestion(u"Delete Stipulation"_s, &asked, Answer::Yes);
     boxes.expectNotice(u"Delete"_s, u"Stipulation Deleted."_s);
     press("Form16", "Command4");
-    // As much of it as the display has room for.
+    // As much of it as fits on the display.
     const QRegularExpression question(
         u"^Are you sure you want to permanently delete the match stipulation:\r\n\r\n"
         "Singles / x{200,} \\[\\.\\.\\.\\] x{200,}\r\n$"_s);
@@ -180,7 +180,7 @@ protected:
         import();
     }
 
-    /// Imports and gives what the user is told of the one duplicate.
+    /// Imports and returns the message about the single duplicate.
     QString duplicateAtImport()
     {
         chooseFiles("Command4");
@@ -202,7 +202,7 @@ protected:
     }
 };
 
-TEST_F(OddBytesAtImport, AreCopiedAsTheyAre)
+TEST_F(OddBytesAtImport, AreCopiedUnchanged)
 {
     const QByteArray odd = recordOf(19, QByteArrayList(19, everyByte()));
     writeFile("x.tvd", odd + odd);
@@ -210,7 +210,7 @@ TEST_F(OddBytesAtImport, AreCopiedAsTheyAre)
     EXPECT_EQ(readBack("target.tvd"), odd + odd);
 }
 
-TEST_F(OddBytesAtImport, AreComparedAsTheyAre)
+TEST_F(OddBytesAtImport, AreComparedUnchanged)
 {
     const QByteArray odd = oddStipulation();
     writeFile("x.tvd", odd + stipulation("Singles", everyByte()));
@@ -220,20 +220,20 @@ TEST_F(OddBytesAtImport, AreComparedAsTheyAre)
     EXPECT_EQ(readBack("target.tvd"), odd + stipulation("Singles", everyByte()));
 }
 
-TEST_F(OddBytesAtImport, OfABareLineFeedAtEveryLineAreToldAsThat)
+TEST_F(OddBytesAtImport, LineFeedsAloneHaveTheirOwnMessage)
 {
     writeFile("x.tvd", recordOf(19).replace("\r\n", "\n"));
     EXPECT_TRUE(failedImport("Command6").contains(u"Its lines do not end with CR LF."_s));
 }
 
-TEST_F(OddBytesAtImport, OfABareCarriageReturnAtEveryLineAreToldAsThat)
+TEST_F(OddBytesAtImport, CarriageReturnsAloneHaveTheirOwnMessage)
 {
     writeFile("x.tvd", recordOf(19).replace("\r\n", "\r"));
     EXPECT_TRUE(
         failedImport("Command6").contains(u"Its lines end with CR alone, not with CR LF."_s));
 }
 
-TEST_F(OddBytesAtImport, WithoutTheLastLineEndAreCopiedWithIt)
+TEST_F(OddBytesAtImport, MissingLastLineEndIsAdded)
 {
     QByteArray bytes = recordOf(19);
     bytes.chop(2);
@@ -242,20 +242,20 @@ TEST_F(OddBytesAtImport, WithoutTheLastLineEndAreCopiedWithIt)
     EXPECT_EQ(readBack("target.tvd"), recordOf(19));
 }
 
-TEST_F(OddBytesAtImport, OfNoBytesMakeAnEmptyTarget)
+TEST_F(OddBytesAtImport, EmptySourceCreatesAnEmptyTarget)
 {
     writeFile("x.tvd", {});
     importAll("Command4");
     EXPECT_EQ(readBack("target.tvd"), "");
 }
 
-TEST_F(OddBytesAtImport, OfOneLineOfAHundredMegabytesAreTold)
+TEST_F(OddBytesAtImport, OneLineOfAHundredMegabytesIsRefused)
 {
     writeFile("x.tvd", QByteArray(kHundredMegabytes, 'x'));
     EXPECT_TRUE(failedImport("Command4").contains(u"lines found: 1"_s));
 }
 
-TEST_F(OddBytesAtImport, OfAHundredMegabytesInAKeyAreToldShortlyWhenItIsThere)
+TEST_F(OddBytesAtImport, ADuplicateKeyOfAHundredMegabytesHasAShortMessage)
 {
     const QByteArray odd = stipulation("Singles", QByteArray(kHundredMegabytes, 'x'));
     writeFile("x.tvd", odd);
@@ -268,7 +268,7 @@ TEST_F(OddBytesAtImport, OfAHundredMegabytesInAKeyAreToldShortlyWhenItIsThere)
 
 using OddBytesAtSave = FlowTest;
 
-TEST_F(OddBytesAtSave, InTheFileStayAndTheRecordStandsRightBehindThem)
+TEST_F(OddBytesAtSave, InTheFileAreKeptAndTheRecordIsAppended)
 {
     goToCommentary(kInterviewPath);
     type(kInterviewPath.screens.back(), "Text1", u"The end."_s);

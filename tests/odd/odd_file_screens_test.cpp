@@ -1,4 +1,5 @@
-// What is no data file, met on the screens: told with its name and its cause, and nothing changes.
+// Tests of the screens with what is not a data file: an error names the file and the cause, and
+// nothing changes.
 
 #include "import/import_test.h"
 #include "odd/odd_files.h"
@@ -23,7 +24,7 @@ class OddFileOnScreens : public ImportTest, public ::testing::WithParamInterface
 public:
     OddFileOnScreens()
     {
-        ::alarm(60); // opening a pipe or reading a device could wait for ever
+        ::alarm(60); // opening a pipe or reading a device could block forever
         EXPECT_TRUE(odd.make());
         putBytes(source(), recordOf(19));
         before = wholeFolder();
@@ -35,7 +36,7 @@ protected:
 
     void name(ControlRef box) { editor.screens().setText(box, odd.file); }
 
-    /// Presses a button, expects to be told of the odd file there, and that nothing changed.
+    /// Presses a button and expects an error message about the odd file, and no changes.
     void expectRefusal(ControlRef button, const QString &title)
     {
         QString told;
@@ -44,7 +45,7 @@ protected:
         expectNothingChanged(button.screen, told);
     }
 
-    /// Fails unless the user was told of the odd file.
+    /// Fails unless the message names the odd file and its cause and nothing has changed.
     void expectNothingChanged(const char *screen, const QString &told)
     {
         EXPECT_TRUE(told.contains(u'"' + odd.file + u'"') || told.contains(u"[...]"_s))
@@ -60,7 +61,7 @@ protected:
         expectRefusal({"Form1", "Command1"}, u"Stipulations Editor"_s);
     }
 
-    /// Also expects that it is not listed as a file to import from.
+    /// Also expects that the file is not listed as an import source.
     void expectRefusalAsImportTarget(const char *kind)
     {
         enter();
@@ -92,7 +93,7 @@ protected:
     std::string before;
 };
 
-TEST_P(OddFileOnScreens, IsToldInEveryUseAndNothingChanges)
+TEST_P(OddFileOnScreens, IsRefusedInEveryUseAndNothingChanges)
 {
     expectRefusalAsStipulationsFile();
     expectRefusalAsImportTarget("Command4");
@@ -104,7 +105,7 @@ INSTANTIATE_TEST_SUITE_P(, OddFileOnScreens, ::testing::ValuesIn(oddFiles()), kN
 
 using FileOnScreens = ImportTest;
 
-TEST_F(FileOnScreens, ThatAPipeReplacedSinceItWasListedIsTold)
+TEST_F(FileOnScreens, ThatAPipeReplacedAfterListingIsRefused)
 {
     putBytes(u"x.tvd"_s, recordOf(19));
     enter();
@@ -121,7 +122,7 @@ TEST_F(FileOnScreens, ThatAPipeReplacedSinceItWasListedIsTold)
     EXPECT_EQ(folderContent(), "x.tvd");
 }
 
-TEST_F(FileOnScreens, WithANulPastedIntoItsNameIsToldAndNotTheShorterNameUsed)
+TEST_F(FileOnScreens, WithANulInItsNameIsRefusedAndTheShorterNameNotUsed)
 {
     putBytes(u"x"_s, "not to be touched");
     const std::string before = wholeFolder();
@@ -139,7 +140,7 @@ TEST_F(FileOnScreens, WithANulPastedIntoItsNameIsToldAndNotTheShorterNameUsed)
     EXPECT_EQ(wholeFolder(), before);
 }
 
-TEST_F(FileOnScreens, WhoseNameIsNoTextIsNotListed)
+TEST_F(FileOnScreens, WithAnUndecodableNameIsNotListed)
 {
     putBytes(u"x.tvd"_s, recordOf(19));
     ASSERT_EQ(::rename("x.tvd", "\xE9.tvd"), 0);
@@ -149,7 +150,7 @@ TEST_F(FileOnScreens, WhoseNameIsNoTextIsNotListed)
     EXPECT_EQ(::remove("\xE9.tvd"), 0);
 }
 
-TEST_F(FileOnScreens, ThatMustNotBeReadIsToldOnTheMenuAndAtTheImport)
+TEST_F(FileOnScreens, WithoutReadPermissionIsRefusedOnTheMenuAndAtTheImport)
 {
     putBytes(u"x.tvd"_s, recordOf(19));
     ASSERT_EQ(::chmod(".", 0777), 0);

@@ -33,7 +33,7 @@ bool makeSocket()
     return made;
 }
 
-/// A file that a name with a NUL, or with what takes its place, would wrongly lead to.
+/// A file that a name with a NUL would wrongly refer to if it were truncated.
 bool makeBystander()
 {
     writeFile("x", "not to be touched");

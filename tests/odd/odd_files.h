@@ -8,21 +8,21 @@
 
 namespace tarvold::testing {
 
-/// Something that a name can lead to and that is no data file.
+/// Something that a file name can refer to but that is not a data file.
 struct OddFile
 {
-    const char *name;  ///< of its tests
-    QString file;      ///< ends in the extension, as the stipulations and the import require it
-    bool (*make)();    ///< puts it in the current folder; `false` when it could not
-    const char *cause; ///< a part of what the user is told
+    const char *name;  ///< of its test
+    QString file;      ///< with the extension that the stipulations and the import require
+    bool (*make)();    ///< creates it in the current folder; `false` on failure
+    const char *cause; ///< a part of the error message
 };
 
 void PrintTo(const OddFile &odd, std::ostream *out);
 
-/// All that no use of a data file accepts.
+/// Everything that no use of a data file accepts.
 const std::vector<OddFile> &oddFiles();
 
-/// Everything about what is in the current folder: names, types, modes, times, links, bytes.
+/// The state of the current folder: names, types, modes, inodes, times, links and bytes.
 std::string wholeFolder();
 
 } // namespace tarvold::testing

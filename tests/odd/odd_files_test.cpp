@@ -1,4 +1,4 @@
-// What is no data file, under every name and in every use of the file layer.
+// Tests every use of the file layer with unusual names and with what is not a data file.
 
 #include "datafiles/import_merge.h"
 #include "datafiles/stipulation_table.h"
@@ -31,7 +31,7 @@ std::optional<FileError> errorOf(const auto &result)
     return result ? std::nullopt : std::optional(result.error());
 }
 
-/// Something that is done with a data file.
+/// A use of a data file.
 struct Use
 {
     const char *name;
@@ -54,7 +54,7 @@ const Use kUses[] = {
 class OddFiles : public FolderTest, public ::testing::WithParamInterface<OddFile>
 {
 public:
-    OddFiles() { ::alarm(60); } // opening a pipe or reading a device could wait for ever
+    OddFiles() { ::alarm(60); } // opening a pipe or reading a device could block forever
     ~OddFiles() override { ::alarm(0); }
 };
 
@@ -78,7 +78,7 @@ INSTANTIATE_TEST_SUITE_P(, OddFiles, ::testing::ValuesIn(oddFiles()), kNameOfRow
 
 struct OddName
 {
-    const char *name; ///< of its tests
+    const char *name; ///< of its test
     QString file;
 };
 
@@ -91,7 +91,7 @@ class OddNames : public FolderTest, public ::testing::WithParamInterface<OddName
 {
 };
 
-TEST_P(OddNames, MeanTheFileOfExactlyThatNameInEveryUse)
+TEST_P(OddNames, ReferToTheFileOfExactlyThatNameInEveryUse)
 {
     const QString &file = GetParam().file;
     const QByteArray record = recordOf(19, {"Any", "Cage"});
@@ -124,7 +124,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 using FileSystem = FolderTest;
 
-TEST_F(FileSystem, ANameWithASlashBehindItMeansNoFile)
+TEST_F(FileSystem, ANameWithATrailingSlashIsRefused)
 {
     put(kSource, recordOf(19));
     put(u"x.tvd"_s, recordOf(19));
@@ -141,7 +141,7 @@ TEST_F(FileSystem, ANameWithASlashBehindItMeansNoFile)
     }
 }
 
-TEST_F(FileSystem, ALinkThatLeadsNowhereIsAMissingFile)
+TEST_F(FileSystem, ADanglingLinkIsAMissingFile)
 {
     put(kSource, recordOf(19));
     ASSERT_EQ(::symlink("real.tvd", "x.tvd"), 0);
@@ -160,7 +160,7 @@ TEST_F(FileSystem, ALinkThatLeadsNowhereIsAMissingFile)
     EXPECT_TRUE(QFileInfo(x).isSymLink());
 }
 
-TEST_F(FileSystem, AFileThatMustNotBeReadIsNeitherImportedNorComparedWith)
+TEST_F(FileSystem, AFileWithoutReadPermissionIsNeitherImportedNorCompared)
 {
     put(kSource, recordOf(19));
     put(u"x.tvd"_s, recordOf(19));
@@ -181,7 +181,7 @@ TEST_F(FileSystem, AFileThatMustNotBeReadIsNeitherImportedNorComparedWith)
     EXPECT_EQ(wholeFolder(), before);
 }
 
-TEST_F(FileSystem, AFileThatMustNotBeReadCanBeAddedTo)
+TEST_F(FileSystem, AFileWithoutReadPermissionCanBeAppendedTo)
 {
     put(u"x.tvd"_s, recordOf(19));
     ASSERT_EQ(::chmod(".", 0755), 0);
@@ -191,9 +191,9 @@ TEST_F(FileSystem, AFileThatMustNotBeReadCanBeAddedTo)
     EXPECT_EQ(bytesOf(u"x.tvd"_s), recordOf(19) + recordOf(19, {"new"}));
 }
 
-TEST_F(FileSystem, AFileOfMoreThanAGigabyteIsNotReadButCanBeAddedTo)
+TEST_F(FileSystem, AFileOfMoreThanAGigabyteIsNotReadButCanBeAppendedTo)
 {
-    constexpr qint64 kSize = 1'000'000'000'000; // a hole, which takes no space
+    constexpr qint64 kSize = 1'000'000'000'000; // sparse, so it takes no space
     put(kSource, recordOf(19));
     QFile file(u"x.tvd"_s);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.resize(kSize));
@@ -211,7 +211,7 @@ TEST_F(FileSystem, AFileOfMoreThanAGigabyteIsNotReadButCanBeAddedTo)
     EXPECT_EQ(file.size(), kSize + 7);
 }
 
-TEST_F(FileSystem, AFileThatTellsNoSizeAndDoesNotEndIsNotRead)
+TEST_F(FileSystem, AnEndlessFileWithoutASizeIsNotRead)
 {
     const QString endless = u"/proc/self/pagemap"_s;
     ASSERT_EQ(QFileInfo(endless).size(), 0);

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Looks whether the pictures of the icon are those of its drawing.
+"""Checks that the PNG files of the icon match its SVG file.
 
     icons_test.py packaging/icons
 """
@@ -15,7 +15,7 @@ import unittest
 class Icons(unittest.TestCase):
     folder = ""
 
-    def test_pictures_show_the_drawing(self):
+    def test_png_files_match_the_svg_file(self):
         names = sorted(os.path.basename(each) for each in glob.glob(self.folder + "/*.png"))
         self.assertEqual(len(names), 3)
         with tempfile.TemporaryDirectory() as fresh:
@@ -25,7 +25,7 @@ class Icons(unittest.TestCase):
                 self.assertEqual(self.differing(name, fresh), 0, f"{name}: run {self.folder}/render")
 
     def differing(self, name, fresh):
-        """The number of pixels that differ by more than another renderer's rounding."""
+        """The number of pixels that differ by more than rounding errors of a renderer."""
         compared = subprocess.run(["compare", "-metric", "AE", "-fuzz", "2%",
                                    os.path.join(self.folder, name), os.path.join(fresh, name),
                                    "null:"], capture_output=True, text=True, check=False)

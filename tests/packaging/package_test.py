@@ -1,9 +1,9 @@
 #!/usr/bin/python3
-"""Builds the Debian package of a release build and puts it through what a user's machine would.
+"""Builds the Debian package of a release build, checks it, and installs and removes it.
 
     package_test.py SOURCE_FOLDER BUILD_FOLDER VERSION
 
-Everything happens in BUILD_FOLDER/tests/packaging; this machine is not changed.
+All files are written to BUILD_FOLDER/tests/packaging; the system is not changed.
 """
 
 import configparser
@@ -36,7 +36,7 @@ LINK = re.compile(r"\]\(([^)\s#]+)[^)]*\)")
 
 
 def run(*command, **options):
-    """Runs a command that must succeed and gives what it said."""
+    """Runs a command that must succeed and returns its output."""
     done = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
                           check=False, **options)
     if done.returncode != 0:
@@ -45,7 +45,7 @@ def run(*command, **options):
 
 
 def setUpModule():
-    """Builds the package, under a umask that a careful user may have, and unpacks it."""
+    """Builds the package, with a restrictive umask, and unpacks it."""
     shutil.rmtree(Package.work, ignore_errors=True)
     os.makedirs(Package.work)
     run("cpack", "-G", "DEB", "-B", Package.work, cwd=Package.build, umask=0o077)
@@ -54,7 +54,7 @@ def setUpModule():
 
 
 class Package(unittest.TestCase):
-    """What the tests share: where things are."""
+    """Paths that the tests share."""
 
     maxDiff = None
     source = build = version = work = tree = file = ""
@@ -68,10 +68,10 @@ class Package(unittest.TestCase):
         return entry["Desktop Entry"]
 
     def expected(self):
-        """Rights by path, of files and folders, as the list and the documents say."""
+        """The expected permissions of files and folders, by path."""
         with open(os.path.join(HERE, "files.txt"), encoding="utf-8") as listed:
             lines = [line.split() for line in listed if not line.startswith("#")]
-        files = {path: rights for rights, path in lines}
+        files = {path: mode for mode, path in lines}
         docs = os.path.join(self.source, "docs")
         for pattern in ("*.md", "*/*.png"):
             for file in glob.glob(os.path.join(docs, pattern)):
@@ -85,7 +85,7 @@ class Package(unittest.TestCase):
 
 class Contents(Package):
 
-    def test_has_just_the_listed_files_with_their_rights(self):
+    def test_has_exactly_the_listed_files_and_permissions(self):
         with subprocess.Popen(["dpkg-deb", "--fsys-tarfile", self.file],
                               stdout=subprocess.PIPE) as reader:
             entries = list(tarfile.open(fileobj=reader.stdout, mode="r|"))
@@ -99,11 +99,11 @@ class Contents(Package):
         installed = {}
         for folder, folders, names in os.walk(prefix):
             for path in (os.path.join(folder, name) for name in folders + names):
-                rights = stat.S_IMODE(os.lstat(path).st_mode)
-                installed["/usr" + path[len(prefix):]] = f"{rights:o}"
+                mode = stat.S_IMODE(os.lstat(path).st_mode)
+                installed["/usr" + path[len(prefix):]] = f"{mode:o}"
         self.assertEqual(installed | {"/usr": "755"}, self.expected())
 
-    def test_links_of_documents_lead_to_files_of_the_package(self):
+    def test_links_in_documents_lead_to_packaged_files(self):
         documents = glob.glob(self.unpacked(DOCUMENTS) + "/*.md")
         links = 0
         for document in documents:
@@ -115,7 +115,7 @@ class Contents(Package):
                 links += 1
         self.assertGreater(links, 0)
 
-    def test_paths_in_the_man_page_are_those_of_the_package(self):
+    def test_paths_in_the_man_page_are_packaged(self):
         with gzip.open(self.unpacked(PAGE), "rt", encoding="utf-8") as page:
             text = page.read().replace("\\-", "-")
         paths = [path.rstrip(".") for path in re.findall(r"/usr/share/\S+", text)]
@@ -123,20 +123,20 @@ class Contents(Package):
         for path in paths + [f"{DOCUMENTS}/{name}" for name in re.findall(r"[\w-]+\.md", text)]:
             self.assertTrue(os.path.exists(self.unpacked(path)), path)
 
-    def test_the_pictures_of_the_metainfo_are_those_of_the_documents(self):
+    def test_screenshots_in_the_metainfo_are_packaged(self):
         with open(self.unpacked(METAINFO), encoding="utf-8") as text:
             pictures = re.findall(r"<image type=\"source\">\S+/(pictures/\S+)</image>", text.read())
         self.assertGreater(len(pictures), 1)
         for picture in pictures:
             self.assertTrue(os.path.exists(self.unpacked(f"{DOCUMENTS}/{picture}")), picture)
 
-    def test_the_desktop_entry_leads_to_the_program_and_its_icon(self):
+    def test_program_and_icon_of_the_desktop_entry_are_packaged(self):
         entry = self.desktop_entry()
         self.assertTrue(os.access(self.unpacked("/usr/bin/" + entry["Exec"]), os.X_OK))
         icons = glob.glob(self.unpacked(f"/usr/share/icons/hicolor/*/apps/{entry['Icon']}.*"))
         self.assertEqual(len(icons), 4)
 
-    def test_all_tell_the_version_of_the_program(self):
+    def test_all_files_have_the_version_of_the_program(self):
         told = {"the package": run("dpkg-deb", "--field", self.file, "Version").strip()}
         for path, pattern in ((PAGE, r'"Tarvold ([\d.]+)"'),
                               (f"{DOCUMENTS}/changelog.gz", r"^tarvold-editor \(([\d.]+)\)")):
@@ -146,7 +146,7 @@ class Contents(Package):
             told[METAINFO] = re.search(r'<release version="([\d.]+)"', text.read())[1]
         self.assertEqual(told, dict.fromkeys(told, self.version))
 
-    def test_the_packed_program_is_hardened(self):
+    def test_the_packaged_program_is_hardened(self):
         hardening = os.path.join(HERE, "..", "hardening", "hardening_test.py")
         run(sys.executable, "-B", hardening, self.unpacked(f"/usr/bin/{NAME}"))
 
@@ -189,7 +189,7 @@ class Installation(Package):
         cls.system.dpkg("--purge", NAME)
         left = cls.system.files() - cls.before
         if left:
-            raise AssertionError(f"removing the package leaves {sorted(left)}")
+            raise AssertionError(f"removing the package leaves behind {sorted(left)}")
 
     def test_installs_all_files(self):
         self.assertEqual(self.system.files() - self.before, set(self.expected()))
@@ -210,7 +210,7 @@ class Installation(Package):
         self.assertEqual(os.listdir(folder), [])
 
     def check_window(self, window_class):
-        """The desktop knows whose window it is, and has the icon in both sizes."""
+        """Expects the window to have the class of the desktop entry, and the icon in both sizes."""
         window = run("xdotool", "search", "--onlyvisible", "--name", f"^{SCREEN_TITLE}$").strip()
         told = run("xprop", "-id", window, "WM_CLASS", "_NET_WM_ICON")
         self.assertIn(f'"{window_class}"', told)

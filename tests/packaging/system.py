@@ -1,4 +1,4 @@
-"""A folder that serves dpkg as a whole system: what is installed there touches nothing else."""
+"""A folder that dpkg uses as its root: installing there does not change the real system."""
 
 import glob
 import os
@@ -9,8 +9,8 @@ DATABASE = "var/lib/dpkg"
 
 
 class ScratchSystem:
-    """It counts as installed whatever is on this machine, so that dpkg itself judges dependencies,
-    and it owns no file of that. Works with and without root rights."""
+    """A root folder whose package database is a copy of this machine's, so that dpkg can check
+    dependencies, but lists no files. Works with and without root permissions."""
 
     def __init__(self, root):
         self.root = root
@@ -22,7 +22,7 @@ class ScratchSystem:
             open(os.path.join(self._database, "info", os.path.basename(listed)), "wb").close()
 
     def _copy_status(self):
-        """A package of ours that is on this machine is left out: the test installs its own."""
+        """Copies the database without this program's package, which the test installs itself."""
         with open(f"/{DATABASE}/status", encoding="utf-8") as status:
             packages = status.read().split("\n\n")
         with open(os.path.join(self._database, "status"), "w", encoding="utf-8") as status:
@@ -33,11 +33,11 @@ class ScratchSystem:
             shutil.copy(foreign, self._database)
 
     def path(self, path):
-        """Where a path of this system is on the machine."""
+        """The real path of a path in this system."""
         return self.root + path
 
     def files(self):
-        """All that is there, folders too, but for dpkg's own notes."""
+        """The paths of all files and folders, except the dpkg database."""
         found = set()
         for folder, folders, names in os.walk(self.root):
             if folder == self._database:
@@ -47,8 +47,8 @@ class ScratchSystem:
         return found
 
     def dpkg(self, *what):
-        """Runs dpkg; its warnings are errors. A machine that leaves documents out does not here."""
-        # What dpkg looks for on its way is not on every user's search path.
+        """Runs dpkg; warnings are errors. Installs documents even if the machine is set to skip them."""
+        # Not every user has the tools that dpkg calls on PATH.
         environment = dict(os.environ, LC_ALL="C.UTF-8", HOME=self.root,
                            PATH="/usr/sbin:/sbin:" + os.environ["PATH"])
         run = subprocess.run(["dpkg", "--root=" + self.root, "--force-not-root", "--log=/dev/null",

@@ -11,8 +11,8 @@
 #include <algorithm>
 #include <functional>
 
-/// What is pasted into the fields of match endings and segments reaches the file byte by byte, or
-/// is refused by name before anything is written.
+/// Text pasted into the fields of match endings and segments reaches the file byte for byte, or a
+/// message names the character that cannot be saved and nothing is written.
 namespace tarvold::testing {
 
 using namespace Qt::StringLiterals;
@@ -44,7 +44,7 @@ protected:
     static const char *last() { return flow().screens.back(); }
     static const RecordLayout &layout() { return GetParam().layout(); }
 
-    /// Whether a user can put any text into the field, and finds it in the record as it is.
+    /// Whether a user can enter any text into the field and it is saved unchanged.
     bool takesText(const RecordField &field)
     {
         return field.coding != Coding::FinisherType && boxOf(field) != nullptr &&
@@ -58,8 +58,8 @@ protected:
         return box != nullptr ? box->lineEdit() : qobject_cast<QLineEdit *>(&widget);
     }
 
-    /// Goes through the whole flow and pastes a text into every field that takes one.
-    /// \param textAt gives the text for a line of the record, from 0
+    /// Goes through the whole flow and pastes text into every field that accepts any.
+    /// \param textAt returns the text for a line of the record, from 0
     void pasteEverywhere(const std::function<QString(std::size_t)> &textAt)
     {
         press("Form1", flow().button);
@@ -95,7 +95,7 @@ protected:
         }
     }
 
-    /// Tries to save and gives what the user is told.
+    /// Tries to save and returns the message.
     QString refusal()
     {
         QString told;
@@ -112,22 +112,22 @@ protected:
 
 INSTANTIATE_TEST_SUITE_P(Kinds, Characters, ::testing::ValuesIn(kKinds), kNameOfRow);
 
-TEST_P(Characters, OfTheWholePageReachTheFileFromEveryField)
+TEST_P(Characters, TheWholeCodePageIsSavedFromEveryField)
 {
     expectEverywhere(texts::wholePage());
 }
 
-TEST_P(Characters, ThatBreakLinesAreBlanksInEveryField)
+TEST_P(Characters, LineBreaksBecomeSpacesInEveryField)
 {
     expectEverywhere(texts::lineBreaks());
 }
 
-TEST_P(Characters, OfALetterAndItsMarkAreOneInEveryField)
+TEST_P(Characters, LettersWithCombiningMarksAreComposedInEveryField)
 {
     expectEverywhere(texts::marks());
 }
 
-TEST_P(Characters, ThatNoFileHoldsAreToldWithTheirFieldInEveryField)
+TEST_P(Characters, UnsupportedCharactersAreRefusedInEveryField)
 {
     pasteEverywhere([](std::size_t line) { return texts::refusedAt(line).text; });
     for (const std::size_t line : m_pasted) {
@@ -136,13 +136,13 @@ TEST_P(Characters, ThatNoFileHoldsAreToldWithTheirFieldInEveryField)
         const texts::Refused odd = texts::refusedAt(line);
         EXPECT_EQ(refusal(), texts::toldOf(QString::fromUtf8(field.caption), odd.told));
         EXPECT_EQ(editor.screens().text(field.source), odd.text);
-        given(field.source.screen, field.source.control, u"mended"_s);
+        given(field.source.screen, field.source.control, u"fixed"_s);
     }
     save(flow());
     EXPECT_EQ(std::size_t(bytesOf(QLatin1StringView(flow().file)).count("\r\n")), layout().size());
 }
 
-TEST_P(Characters, OfALineEndFromAnAssistingProgramAreRefused)
+TEST_P(Characters, ALineEndFromAssistiveTechnologyIsRefused)
 {
     goToCommentary(flow());
     type(last(), "Text1", u"The end."_s);

@@ -4,7 +4,7 @@
 #include <QDir>
 #include <QLineEdit>
 
-/// File names are no data: they may hold any character that a file's name can hold.
+/// File names are not limited to the code page: any character valid in a file name is allowed.
 namespace tarvold::testing {
 
 using namespace Qt::StringLiterals;
@@ -28,7 +28,7 @@ protected:
         return this->screen(screen).control<QLineEdit>(box);
     }
 
-    /// Goes to the import of interviews and selects the first file.
+    /// Opens the import of interviews and selects the first file.
     void goToImport(const QString &target)
     {
         press("Form1", "Command8");
@@ -51,7 +51,7 @@ protected:
     }
 };
 
-TEST_F(NameCharacters, MayBeAnyForASaveAndAnImport)
+TEST_F(NameCharacters, AnyAreAllowedForASaveAndAnImport)
 {
     const QString saved = QString::fromUtf8("\u65E5\u672C \U0001F93C \u202E.tvd");
     const QString imported = QString::fromUtf8("e\u0301 \u0142\u200B&<b>%1.tvd");
@@ -66,7 +66,7 @@ TEST_F(NameCharacters, MayBeAnyForASaveAndAnImport)
     EXPECT_EQ(bytesOf(imported), bytesOf(saved));
 }
 
-TEST_F(NameCharacters, ThatNoNameCanHoldAreToldAndNothingIsWrittenElsewhere)
+TEST_F(NameCharacters, InvalidOnesAreRefusedAndNothingIsWritten)
 {
     saveInterview();
     const QStringList before = folderEntries();

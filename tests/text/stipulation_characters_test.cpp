@@ -6,8 +6,8 @@
 #include <QAccessible>
 #include <QLineEdit>
 
-/// What is pasted into the fields of a stipulation reaches the file byte by byte, or is refused by
-/// name before anything is written.
+/// Text pasted into the fields of a stipulation reaches the file byte for byte, or a message names
+/// the character that cannot be saved and nothing is written.
 namespace tarvold::testing {
 
 using namespace Qt::StringLiterals;
@@ -32,7 +32,7 @@ protected:
         paste(field, text);
     }
 
-    /// Pastes a text into every field that is shown in the file as it is.
+    /// Pastes text into every field that is saved unchanged.
     void pasteEverywhere(const QString &text)
     {
         for (const stipulationform::PlainLine &plain : stipulationform::kPlainLines) {
@@ -54,15 +54,16 @@ protected:
         EXPECT_EQ(lines[16], row.bytes);
     }
 
-    /// Puts a text into a field as assistive technology does, past all that a text box stops.
-    void putByAssistance(const char *field, const QString &text)
+    /// Sets the text of a field as assistive technology does, which bypasses the filters of a text
+    /// box.
+    void setByAssistiveTechnology(const char *field, const QString &text)
     {
         QAccessible::queryAccessibleInterface(controls::textBoxOf(control("Form3", field)))
             ->setText(QAccessible::Value, text);
         EXPECT_EQ(shown(field), text);
     }
 
-    /// Goes on with a stipulation of the file, whose lines may hold anything.
+    /// Loads a file, whose lines may contain anything, and edits its first stipulation.
     void editFrom(const QByteArray &file)
     {
         cancel();
@@ -81,8 +82,8 @@ protected:
         EXPECT_EQ(readBack(kFile), file);
     }
 
-    /// Puts a break into each field in turn, expects it to be refused, and then puts another text
-    /// in.
+    /// Puts line breaks into each field in turn, expects them to be refused, and then fixes the
+    /// field.
     void expectBreaksRefusedEverywhere(const QByteArray &file)
     {
         for (const stipulationform::PlainLine &plain : stipulationform::kPlainLines) {
@@ -99,37 +100,37 @@ protected:
                                          {"one\ntwo", "U+000A"},
                                          {"one\r", "U+000D"},
                                          {"one\r\ntwo", "U+000D"}}) {
-            putByAssistance(field, utf8(text));
+            setByAssistiveTechnology(field, utf8(text));
             expectRefused(field, utf8(told), file);
         }
-        put(field, "mended");
+        put(field, "fixed");
     }
 
-    void expectRefusedAndMend(const char *field, const texts::Refused &odd)
+    void expectRefusedAndFix(const char *field, const texts::Refused &odd)
     {
         SCOPED_TRACE(field);
         expectRefused(field, odd.told);
         EXPECT_EQ(shown(field), odd.text);
-        put(field, "mended");
+        put(field, "fixed");
     }
 };
 
-TEST_F(StipulationCharacters, OfTheWholePageReachTheFileFromEveryField)
+TEST_F(StipulationCharacters, TheWholeCodePageIsSavedFromEveryField)
 {
     expectEverywhere(texts::wholePage());
 }
 
-TEST_F(StipulationCharacters, ThatBreakLinesAreBlanksInEveryField)
+TEST_F(StipulationCharacters, LineBreaksBecomeSpacesInEveryField)
 {
     expectEverywhere(texts::lineBreaks());
 }
 
-TEST_F(StipulationCharacters, OfALetterAndItsMarkAreOneInEveryField)
+TEST_F(StipulationCharacters, LettersWithCombiningMarksAreComposedInEveryField)
 {
     expectEverywhere(texts::marks());
 }
 
-TEST_F(StipulationCharacters, ComeBackToTheFormAsTheyWere)
+TEST_F(StipulationCharacters, AreShownUnchangedInTheForm)
 {
     const texts::Taken page = texts::wholePage();
     expectEverywhere(page);
@@ -139,7 +140,7 @@ TEST_F(StipulationCharacters, ComeBackToTheFormAsTheyWere)
     }
 }
 
-TEST_F(StipulationCharacters, ThatNoFileHoldsAreToldWithTheirFieldInEveryField)
+TEST_F(StipulationCharacters, UnsupportedCharactersAreRefusedInEveryField)
 {
     std::size_t place = 0;
     for (const stipulationform::PlainLine &plain : stipulationform::kPlainLines) {
@@ -149,31 +150,31 @@ TEST_F(StipulationCharacters, ThatNoFileHoldsAreToldWithTheirFieldInEveryField)
     pasteOver("prominitials", texts::refusedAt(place).text);
     place = 0;
     for (const stipulationform::PlainLine &plain : stipulationform::kPlainLines) {
-        expectRefusedAndMend(plain.control, texts::refusedAt(place++));
+        expectRefusedAndFix(plain.control, texts::refusedAt(place++));
     }
-    expectRefusedAndMend("prominitials", texts::refusedAt(place));
+    expectRefusedAndFix("prominitials", texts::refusedAt(place));
     save();
-    EXPECT_EQ(texts::linesOf(readBack(kFile)).count("mended"), 16);
+    EXPECT_EQ(texts::linesOf(readBack(kFile)).count("fixed"), 16);
 }
 
-TEST_F(StipulationCharacters, ThatBreakLinesAreRefusedInANewOneEvenFromAnAssistingProgram)
+TEST_F(StipulationCharacters, LineBreaksFromAssistiveTechnologyAreRefusedInANewStipulation)
 {
     put("stipulation", "Ladder Match");
     expectBreaksRefusedEverywhere({});
     save();
-    EXPECT_EQ(texts::linesOf(readBack(kFile)).count("mended"), 16);
+    EXPECT_EQ(texts::linesOf(readBack(kFile)).count("fixed"), 16);
 }
 
-TEST_F(StipulationCharacters, ThatBreakLinesAreRefusedInEveryFieldOfAnEditedOneThatWasChanged)
+TEST_F(StipulationCharacters, LineBreaksAreRefusedInEveryChangedFieldOfAnEditedStipulation)
 {
     const QByteArray file = stipulation("Singles", "One");
     editFrom(file);
     expectBreaksRefusedEverywhere(file);
     save();
-    EXPECT_EQ(texts::linesOf(readBack(kFile)).count("mended"), 16);
+    EXPECT_EQ(texts::linesOf(readBack(kFile)).count("fixed"), 16);
 }
 
-/// The lines of a stipulation that has a break in each field.
+/// The lines of a stipulation with line breaks in each field.
 OtherLines brokenLines()
 {
     OtherLines lines;
@@ -184,7 +185,7 @@ OtherLines brokenLines()
     return lines;
 }
 
-TEST_F(StipulationCharacters, ThatBreakLinesGoBackAsTheyCameFromAnEditedOneWhereNobodyChangedThem)
+TEST_F(StipulationCharacters, UnchangedLineBreaksOfAnEditedStipulationAreKept)
 {
     OtherLines lines = brokenLines();
     editFrom(stipulation({}, {}, lines));
@@ -194,14 +195,14 @@ TEST_F(StipulationCharacters, ThatBreakLinesGoBackAsTheyCameFromAnEditedOneWhere
     EXPECT_EQ(readBack(kFile), stipulation({}, {}, lines));
 }
 
-TEST_F(StipulationCharacters, ThatBreakLinesAreRefusedBesideThoseThatCameWithAnEditedOne)
+TEST_F(StipulationCharacters, NewLineBreaksAreRefusedBesideExistingOnes)
 {
     const QByteArray file = stipulation({}, {}, brokenLines());
     editFrom(file);
-    const QString came = shown("matchshowsas");
-    putByAssistance("matchshowsas", came + u'!');
+    const QString loaded = shown("matchshowsas");
+    setByAssistiveTechnology("matchshowsas", loaded + u'!');
     expectRefused("matchshowsas", u"U+000D"_s, file);
-    putByAssistance("matchshowsas", came);
+    setByAssistiveTechnology("matchshowsas", loaded);
     save();
     EXPECT_EQ(readBack(kFile), file);
 }

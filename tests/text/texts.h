@@ -7,12 +7,12 @@
 
 #include <array>
 
-/// What an author may type or paste, and what becomes of it.
+/// Sample texts that an author may type or paste, and the expected result.
 namespace tarvold::testing::texts {
 
 using namespace Qt::StringLiterals;
 
-/// A text and the bytes that it must be in a file.
+/// A text and the expected bytes in the file.
 struct Taken
 {
     const char *name; ///< of its tests
@@ -20,15 +20,14 @@ struct Taken
     QByteArray bytes;
 };
 
-/// A text and the character that it must be refused for, as the user is told.
+/// A text that must be refused, and the character named by the message.
 struct Refused
 {
     QString text;
     QString told;
 };
 
-/// All 256 characters of the code page. The line break and the lone halves of one come in as
-/// blanks.
+/// All 256 characters of the code page. CR and LF become spaces.
 inline Taken wholePage()
 {
     QByteArray bytes;
@@ -39,7 +38,8 @@ inline Taken wholePage()
     return {"WholePage", text, bytes.replace('\r', ' ').replace('\n', ' ')};
 }
 
-/// Every kind of line break, which are blanks, and what looks like one and is none.
+/// Every kind of line break, each of which becomes a space, and characters that look like one but
+/// are kept.
 inline Taken lineBreaks()
 {
     const QString breaks = u"a\r\nb\rc\nd"_s + QChar(0x2028) + u'e' + QChar(0x2029) + u'f' +
@@ -47,7 +47,7 @@ inline Taken lineBreaks()
     return {"LineBreaks", breaks, QByteArray("a b c d e f g\th\vi\fj\0k", 21)};
 }
 
-/// Letters with their marks as characters of their own.
+/// Letters followed by combining marks.
 inline Taken marks()
 {
     return {"Marks", QString::fromUtf8("Cafe\u0301 Mu\u0308ller A\u030Arhus C\u0327a s\u030C"),
@@ -55,7 +55,7 @@ inline Taken marks()
                        "a \x9A")};
 }
 
-/// A text of each class that no file can hold.
+/// A text of each class that no data file can contain.
 inline std::array<Refused, 12> refused()
 {
     return {{
@@ -74,14 +74,14 @@ inline std::array<Refused, 12> refused()
     }};
 }
 
-/// One of them after the other, over and over.
+/// The refused texts in rotation.
 inline Refused refusedAt(std::size_t place)
 {
     static const auto all = refused();
     return all.at(place % all.size());
 }
 
-/// What the user is told of a character that no file holds.
+/// The message about a character that no data file can contain.
 inline QString toldOf(const QString &field, const QString &character)
 {
     return u"The field \"%1\" holds the character %2, which the data files cannot "
@@ -89,7 +89,7 @@ inline QString toldOf(const QString &field, const QString &character)
            "here."_s.arg(field, character);
 }
 
-/// The lines of a file, each of which must have its end.
+/// The lines of a file, without their CR LF.
 inline QByteArrayList linesOf(const QByteArray &bytes)
 {
     QByteArrayList lines;

@@ -36,23 +36,23 @@ QStringList itemsOf(const QComboBox &combo)
 
 constexpr auto kExactly = Qt::MatchExactly | Qt::MatchCaseSensitive;
 
-/// The lists never change: nothing that is typed is put into them. Their index follows the text.
+/// The items never change, as typed text is not added. The index follows the text.
 QString lists(const Screen &screen)
 {
     static std::map<QString, QStringList> known;
     for (const QComboBox *combo : screen.findChildren<ComboBox *>()) {
         const auto [first, isNew] = known.try_emplace(nameOf(*combo), itemsOf(*combo));
         if (!isNew && first->second != itemsOf(*combo)) {
-            return nameOf(*combo) + u" has other items"_s;
+            return nameOf(*combo) + u" has changed its items"_s;
         }
         if (combo->currentIndex() != combo->findText(combo->currentText(), kExactly)) {
-            return nameOf(*combo) + u" has the index of another text"_s;
+            return nameOf(*combo) + u" has the wrong index for its text"_s;
         }
     }
     return {};
 }
 
-/// A field is one line. On the stipulation form it may hold what the file held.
+/// A field is one line. On the stipulation form it may hold what was in the file.
 QString fields(const Screen &screen)
 {
     static const QRegularExpression lineBreak(u"[\\r\\n\\x{85}\\x{2028}\\x{2029}]"_s);
@@ -92,7 +92,7 @@ QString bars(const Screen &screen)
             return nameOf(*bar) + u" is out of its range"_s;
         }
         if (bar->sliderPosition() != bar->value() || bar->isSliderDown()) {
-            return nameOf(*bar) + u" has its thumb apart from its value"_s;
+            return nameOf(*bar) + u" has its thumb off its value"_s;
         }
     }
     return {};
@@ -111,7 +111,7 @@ QString focus(const Screen &screen)
     return {};
 }
 
-bool mayBeBeside(const QWidget &window)
+bool isPopup(const QWidget &window)
 {
     return window.windowType() == Qt::Popup || window.windowType() == Qt::ToolTip;
 }
@@ -133,19 +133,19 @@ QString windows()
 {
     QStringList seen;
     for (const QWidget *window : QApplication::topLevelWidgets()) {
-        if (window->isVisible() && !mayBeBeside(*window)) {
+        if (window->isVisible() && !isPopup(*window)) {
             seen << window->objectName();
         }
     }
     if (seen.size() != 1 || visibleScreen() == nullptr) {
-        return u"the windows to be seen are: "_s + seen.join(u' ');
+        return u"the visible windows are: "_s + seen.join(u' ');
     }
     if (QApplication::activeModalWidget() != nullptr || QApplication::overrideCursor() != nullptr) {
         return u"the window cannot be used"_s;
     }
     return visibleScreen()->windowTitle() == u"Tarvold 1.3 Data Editor"_s
                ? QString()
-               : u"the window has another caption"_s;
+               : u"the window has the wrong title"_s;
 }
 
 QString controls(const Screen &screen)

@@ -6,17 +6,17 @@ namespace tarvold {
 class Screen;
 }
 
-/// What must hold whenever the program waits for the user.
+/// Invariants that must hold whenever the program waits for the user. Each function returns an
+/// error message, or an empty text.
 namespace tarvold::testing::checks {
 
-/// Exactly one window of the program is to be seen and can be used. Gives what is wrong, in words,
-/// or an empty text.
+/// Exactly one window of the program is visible, and can be used.
 QString windows();
 
-/// The controls of the screen that is to be seen are in a state that they may be in.
+/// The controls of the visible screen are in a valid state.
 QString controls(const Screen &screen);
 
-/// The window of the program that is to be seen, if there is one.
+/// The visible screen, or null.
 Screen *visibleScreen();
 
 } // namespace tarvold::testing::checks

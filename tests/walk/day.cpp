@@ -41,7 +41,7 @@ const Day::Action Day::kActions[] = {
 
 Day::Day(unsigned seed) : m_dice(seed), m_oldFolder(QDir::currentPath())
 {
-    // A folder inside a folder, so that names that lead out of it are watched as well.
+    // Use a subfolder, so that names that lead out of it are checked as well.
     const QString day = m_folder.filePath(u"day"_s);
     QDir().mkpath(day + u"/sub"_s);
     QDir::setCurrent(day);
@@ -53,8 +53,8 @@ Day::Day(unsigned seed) : m_dice(seed), m_oldFolder(QDir::currentPath())
     locked.setPermissions(QFileDevice::Permissions());
     m_ledger = std::make_unique<Ledger>(m_folder.path());
 
-    connect(&m_lookout, &QTimer::timeout, this, &Day::look);
-    m_lookout.start(1);
+    connect(&m_dialogTimer, &QTimer::timeout, this, &Day::handleDialogs);
+    m_dialogTimer.start(1);
     start();
 }
 
@@ -70,7 +70,7 @@ void Day::start()
     connect(m_editor.get(), &Editor::exitRequested, this, [this] {
         m_wantsEnd = true;
         if (screen().objectName() != u"Form1"_s) {
-            blame(u"the program ended from "_s + screen().objectName());
+            fail(u"the program ended from "_s + screen().objectName());
         }
     });
     m_editor->start();
@@ -79,29 +79,29 @@ void Day::start()
 
 void Day::end()
 {
-    ++m_figures.ends;
+    ++m_counts.ends;
     m_editor.reset();
     start();
 }
 
-void Day::blame(const QString &what)
+void Day::fail(const QString &what)
 {
-    if (m_wrong.isEmpty()) {
-        m_wrong = what;
+    if (m_error.isEmpty()) {
+        m_error = what;
         trace::note(u"WRONG: "_s + what);
     }
 }
 
 bool Day::walk(int actions)
 {
-    for (int number = 1; number <= actions && m_wrong.isEmpty(); ++number) {
+    for (int number = 1; number <= actions && m_error.isEmpty(); ++number) {
         trace::begin(number);
         step();
     }
-    return m_wrong.isEmpty();
+    return m_error.isEmpty();
 }
 
-const Day::Action &Day::someAction()
+const Day::Action &Day::randomAction()
 {
     static const int sum =
         std::accumulate(std::begin(kActions), std::end(kActions), 0,
@@ -118,33 +118,33 @@ const Day::Action &Day::someAction()
 void Day::step()
 {
     m_shown = screen().objectName();
-    ++m_figures.windows[m_shown.toStdString()];
-    const Action *action = &someAction();
+    ++m_counts.windows[m_shown.toStdString()];
+    const Action *action = &randomAction();
     while (!(this->*action->act)()) {
-        action = &someAction();
+        action = &randomAction();
     }
-    ++m_figures.actions[action->name];
+    ++m_counts.actions[action->name];
     QCoreApplication::processEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     if (m_wantsEnd) {
         end();
     }
     if (const QString wrong = checks::windows(); !wrong.isEmpty()) {
-        blame(wrong);
+        fail(wrong);
         return;
     }
     if (QApplication::activePopupWidget() == nullptr && !screen().isActiveWindow()) {
-        screen().activateWindow(); // as a window manager does once a message box is gone
+        screen().activateWindow(); // as a window manager does after a message box
         QCoreApplication::processEvents();
     }
-    for (const QString &wrong : {checks::controls(screen()), wrongWithFolder()}) {
+    for (const QString &wrong : {checks::controls(screen()), checkFolder()}) {
         if (!wrong.isEmpty()) {
-            blame(wrong);
+            fail(wrong);
         }
     }
 }
 
-QString Day::wrongWithFolder()
+QString Day::checkFolder()
 {
     const bool hasLoaded = m_shown == u"Form1"_s && screen().objectName() == u"Form16"_s;
     m_shown = screen().objectName();

@@ -20,35 +20,35 @@ class QPushButton;
 
 namespace tarvold::testing {
 
-/// How much was done.
-struct Figures
+/// Statistics of a walk.
+struct Counts
 {
     std::map<std::string, int> actions;
-    std::map<std::string, int> answers; ///< to message boxes, by what they were told
-    std::map<std::string, int> boxes;   ///< message boxes, by their first words
-    std::map<std::string, int> windows; ///< after how many actions each was to be seen
-    int ends = 0;                       ///< how often the program was ended and started again
+    std::map<std::string, int> answers; ///< to dialogs, by button
+    std::map<std::string, int> boxes;   ///< message boxes, by the beginning of their text
+    std::map<std::string, int> windows; ///< how many actions started on each
+    int ends = 0;                       ///< how often the program was restarted
 };
 
-/// A long day at the program: anything that a user could do, in any order, and after each action a
-/// look at the windows, the controls and the folder.
+/// A simulated day at the program: random user actions, and after each of them checks of the
+/// windows, the controls and the folder.
 class Day : public QObject
 {
 public:
-    /// Starts the program in a folder of its own.
+    /// Starts the program in a temporary folder.
     explicit Day(unsigned seed);
     ~Day() override;
 
-    /// Does so many actions, or fewer when something goes wrong. `true` when nothing did.
+    /// Runs a number of actions, or fewer if a check fails. Returns whether all checks passed.
     bool walk(int actions);
 
-    const Figures &figures() const { return m_figures; }
+    const Counts &counts() const { return m_counts; }
 
-    /// Something is wrong; the walk ends.
-    void blame(const QString &what);
+    /// Reports a failed check, which ends the walk.
+    void fail(const QString &what);
 
 private:
-    /// Something to do; `false` when it can't be done now.
+    /// An action. `act` returns `false` if it is not possible now.
     struct Action
     {
         const char *name;
@@ -59,7 +59,7 @@ private:
 
     void start();
     void end();
-    const Action &someAction();
+    const Action &randomAction();
     void step();
 
     bool pressButton();
@@ -81,25 +81,25 @@ private:
     bool writeFirstLine();
     bool changeFolder();
 
-    void look();
-    void meet(QMessageBox &box);
+    void handleDialogs();
+    void handleBox(QMessageBox &box);
     void answer(QMessageBox &box);
-    void chooseFile(QFileDialog &dialog);
-    QString judge(const QMessageBox &box);
-    QString judgeAdded();
-    QString judgeStored();
-    QString judgeImported();
+    void handleFileDialog(QFileDialog &dialog);
+    QString checkMessageBox(const QMessageBox &box);
+    QString checkAdded();
+    QString checkStored();
+    QString checkImported();
 
     Screen &screen() const;
     template <class T>
     QList<T *> shown() const;
-    QPushButton *someButton();
-    QPoint somePlace(const QWidget &widget);
+    QPushButton *randomButton();
+    QPoint randomPosition(const QWidget &widget);
     void putText(QLineEdit &field, const QString &text);
     void key(int code, Qt::KeyboardModifiers modifiers = {}, const QString &text = {});
 
-    /// Nothing may have changed but by what leads from one window to the next.
-    QString wrongWithFolder();
+    /// Expects that nothing has changed except what opening the next window changes.
+    QString checkFolder();
     QString nameIn(ControlRef box) { return m_editor->screens().text(box); }
 
     Dice m_dice;
@@ -107,10 +107,10 @@ private:
     QString m_oldFolder;
     std::unique_ptr<Ledger> m_ledger;
     std::unique_ptr<Editor> m_editor;
-    QTimer m_lookout;
-    Figures m_figures;
-    QString m_wrong;
-    QString m_shown; ///< the window that was to be seen before this action
+    QTimer m_dialogTimer;
+    Counts m_counts;
+    QString m_error;
+    QString m_shown; ///< the window that was visible before this action
     bool m_wantsEnd = false;
 };
 

@@ -79,8 +79,8 @@ QString nameOf(const QWidget &control)
     return control.window()->objectName() + u'.' + named.objectName();
 }
 
-/// What a box on the main menu holds at first.
-QString usualNameIn(const QLineEdit &field)
+/// The initial text of a file name box.
+QString defaultNameOf(const QLineEdit &field)
 {
     for (const DataFileKindRow &kind : kDataFileKinds) {
         if (field.objectName() == QLatin1StringView(kind.nameBox.control)) {
@@ -90,13 +90,13 @@ QString usualNameIn(const QLineEdit &field)
     return u"mine.tvd"_s;
 }
 
-/// Whether the widget's own menu keeps everything waiting until it is answered, this walk included.
-bool hasWaitingMenu(const QWidget *widget)
+/// Whether the widget's context menu runs its own event loop, which would block this walk.
+bool hasBlockingMenu(const QWidget *widget)
 {
     return qobject_cast<const QScrollBar *>(widget) != nullptr;
 }
 
-QString inShort(const QString &text)
+QString abbreviated(const QString &text)
 {
     constexpr qsizetype kMost = 60;
     return u'"' + QString::fromUtf8(text.left(kMost).toUtf8().toPercentEncoding(" <>%\"")) + u'"' +
@@ -113,18 +113,18 @@ QList<T *> Day::shown() const
     return controls;
 }
 
-QPushButton *Day::someButton()
+QPushButton *Day::randomButton()
 {
     const auto buttons = shown<QPushButton>();
     QPushButton *button = m_dice.pick(buttons);
-    // Most of the time the way on: a day of leaving screens would see few saves.
+    // Mostly pick a button that goes forward: otherwise few walks would reach a save.
     static const QStringList leaving = {u"Exit"_s, u"<<"_s, u"Back"_s, u"Back To Menu"_s,
                                         u"Cancel"_s};
     const int stays = m_shown == u"Form2"_s ? 20 : 75;
     return leaving.contains(button->text()) && m_dice.chance(stays) ? m_dice.pick(buttons) : button;
 }
 
-QPoint Day::somePlace(const QWidget &widget)
+QPoint Day::randomPosition(const QWidget &widget)
 {
     return widget.mapToGlobal(QPoint(m_dice.below(widget.width()), m_dice.below(widget.height())));
 }
@@ -137,15 +137,15 @@ void Day::key(int code, Qt::KeyboardModifiers modifiers, const QString &text)
 
 bool Day::pressButton()
 {
-    const QPushButton *button = someButton();
+    const QPushButton *button = randomButton();
     trace::note(u"press "_s + nameOf(*button) + u' ' + button->text());
-    mouse::click(somePlace(*button));
+    mouse::click(randomPosition(*button));
     return true;
 }
 
 bool Day::pressByKeyboard()
 {
-    QPushButton *button = someButton();
+    QPushButton *button = randomButton();
     trace::note(u"press by keyboard "_s + nameOf(*button) + u' ' + button->text());
     button->setFocus(Qt::TabFocusReason);
     const bool isSpace = m_dice.chance(50);
@@ -156,7 +156,7 @@ bool Day::pressByKeyboard()
 bool Day::doubleClick()
 {
     const bool isButton = m_dice.chance(50);
-    const QPoint place = isButton ? mouse::middleOf(*someButton()) : somePlace(screen());
+    const QPoint place = isButton ? mouse::middleOf(*randomButton()) : randomPosition(screen());
     trace::note(u"double click at %1,%2"_s.arg(place.x()).arg(place.y()));
     mouse::doubleClick(place);
     return true;
@@ -166,9 +166,9 @@ bool Day::clickAnywhere()
 {
     static constexpr Qt::MouseButton kButtons[] = {Qt::LeftButton, Qt::LeftButton, Qt::RightButton,
                                                    Qt::MiddleButton};
-    const QPoint place = somePlace(screen());
+    const QPoint place = randomPosition(screen());
     const Qt::MouseButton drawn = m_dice.pick(kButtons);
-    const bool waits = hasWaitingMenu(QApplication::widgetAt(place));
+    const bool waits = hasBlockingMenu(QApplication::widgetAt(place));
     const Qt::MouseButton button = waits ? Qt::LeftButton : drawn;
     trace::note(u"click at %1,%2 with %3"_s.arg(place.x()).arg(place.y()).arg(int(button)));
     mouse::click(place, button);
@@ -181,13 +181,13 @@ void Day::putText(QLineEdit &field, const QString &text)
     if (m_dice.chance(60)) {
         key(Qt::Key_A, Qt::ControlModifier);
     }
-    trace::note(u"into "_s + nameOf(field) + u' ' + inShort(text));
+    trace::note(u"into "_s + nameOf(field) + u' ' + abbreviated(text));
 }
 
 bool Day::type()
 {
     const auto fields = shown<QLineEdit>();
-    const bool isMenu = m_shown == u"Form1"_s; // its names have an action of their own
+    const bool isMenu = m_shown == u"Form1"_s; // nameFile() handles its boxes
     if (fields.isEmpty() || (isMenu && m_dice.chance(90))) {
         return false;
     }
@@ -203,7 +203,7 @@ bool Day::type()
 bool Day::paste()
 {
     const auto fields = shown<QLineEdit>();
-    const bool isMenu = m_shown == u"Form1"_s; // its names have an action of their own
+    const bool isMenu = m_shown == u"Form1"_s; // nameFile() handles its boxes
     if (fields.isEmpty() || (isMenu && m_dice.chance(90))) {
         return false;
     }
@@ -221,7 +221,7 @@ bool Day::compose()
         return false;
     }
     const QString text = samples::text(m_dice);
-    trace::note(u"compose "_s + inShort(text));
+    trace::note(u"compose "_s + abbreviated(text));
     QInputMethodEvent begun(text.left(3), {});
     QApplication::sendEvent(QApplication::focusWidget(), &begun);
     QInputMethodEvent committed;
@@ -274,7 +274,7 @@ bool Day::pressKeys()
 {
     for (int more = 1 + m_dice.below(4); more > 0; --more) {
         const Keys &keys = m_dice.pick(kKeys);
-        if (keys.code == Qt::Key_Menu && hasWaitingMenu(QApplication::focusWidget())) {
+        if (keys.code == Qt::Key_Menu && hasBlockingMenu(QApplication::focusWidget())) {
             continue;
         }
         trace::note(u"key "_s + QKeySequence(keys.code | int(keys.modifiers.toInt())).toString());
@@ -285,7 +285,7 @@ bool Day::pressKeys()
 
 bool Day::turnTheWheel()
 {
-    QWidget *widget = QApplication::widgetAt(somePlace(screen()));
+    QWidget *widget = QApplication::widgetAt(randomPosition(screen()));
     if (widget == nullptr) {
         return false;
     }
@@ -296,8 +296,8 @@ bool Day::turnTheWheel()
 
 bool Day::drag()
 {
-    const QPoint from = somePlace(screen());
-    const QPoint to = somePlace(screen());
+    const QPoint from = randomPosition(screen());
+    const QPoint to = randomPosition(screen());
     trace::note(u"drag from %1,%2 to %3,%4"_s.arg(from.x()).arg(from.y()).arg(to.x()).arg(to.y()));
     mouse::drag(from, to);
     return true;
@@ -355,7 +355,7 @@ bool Day::nameFile()
         return false;
     }
     QLineEdit *field = m_dice.pick(fields);
-    const QString name = m_dice.chance(40) ? usualNameIn(*field) : samples::fileName(m_dice);
+    const QString name = m_dice.chance(40) ? defaultNameOf(*field) : samples::fileName(m_dice);
     putText(*field, name);
     key(Qt::Key_A, Qt::ControlModifier);
     key(Qt::Key_Delete);

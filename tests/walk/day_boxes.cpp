@@ -22,12 +22,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A screen whose "Saved OK." tells of a new record.
+/// A screen whose "Saved OK." means a new record.
 struct Saving
 {
     const char *screen;
     DataFileKind kind;
-    std::array<const char *, 3> finishers = {}; ///< screens whose "Combo7" may give no line
+    std::array<const char *, 3> finishers = {}; ///< screens whose "Combo7" may write no line
 };
 
 constexpr Saving kSavings[] = {
@@ -49,7 +49,7 @@ bool isOneOf(const QString &text, std::initializer_list<const char *> words)
                        [&text](const char *word) { return text == QLatin1StringView(word); });
 }
 
-/// What the box is about, to be counted; without names of files.
+/// The kind of a box for the statistics: its text without file names.
 std::string kindOf(const QMessageBox &box)
 {
     return box.text().section(u'"', 0, 0).section(u'\n', 0, 0).left(56).trimmed().toStdString();
@@ -57,55 +57,55 @@ std::string kindOf(const QMessageBox &box)
 
 } // namespace
 
-void Day::look()
+void Day::handleDialogs()
 {
     auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
     if (dialog != nullptr && QApplication::activeWindow() == dialog) {
-        chooseFile(*dialog);
+        handleFileDialog(*dialog);
         return;
     }
     auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
     if (box != nullptr && box->isVisible()) {
-        m_lookout.stop(); // what follows lets events through
-        meet(*box);
-        m_lookout.start(1);
+        m_dialogTimer.stop(); // the following processes events
+        handleBox(*box);
+        m_dialogTimer.start(1);
     }
 }
 
-void Day::meet(QMessageBox &box)
+void Day::handleBox(QMessageBox &box)
 {
-    ++m_figures.boxes[kindOf(box)];
+    ++m_counts.boxes[kindOf(box)];
     trace::note(u"box "_s + box.windowTitle() + u": "_s + box.text().left(300).simplified());
     const Screen *behind = checks::visibleScreen();
     if (behind == nullptr || box.parentWidget() == nullptr || !box.parentWidget()->isVisible()) {
-        blame(u"the message box stands alone"_s);
+        fail(u"the message box has no visible parent"_s);
     }
-    if (const QString wrong = judge(box); !wrong.isEmpty()) {
-        blame(wrong);
+    if (const QString wrong = checkMessageBox(box); !wrong.isEmpty()) {
+        fail(wrong);
     }
     answer(box);
 }
 
-/// For a save that failed.
-void Day::chooseFile(QFileDialog &dialog)
+/// Answers the file dialog after a failed save.
+void Day::handleFileDialog(QFileDialog &dialog)
 {
     auto &field = *dialog.findChild<QLineEdit *>(u"fileNameEdit"_s);
     const QString name =
-        samples::fileName(m_dice).remove(QChar::Null); // of which Qt's own dialog would complain
+        samples::fileName(m_dice).remove(QChar::Null); // which Qt's dialog would warn about
     const bool saves = m_dice.chance(70);
     trace::note(u"other file %1, saves %2"_s.arg(name).arg(saves));
     field.setText(name);
     QTest::keyClick(&field, saves ? Qt::Key_Return : Qt::Key_Escape);
-    ++m_figures.answers[dialog.isVisible() || !saves ? "no file" : "a file"];
+    ++m_counts.answers[dialog.isVisible() || !saves ? "no file" : "a file"];
     if (dialog.isVisible()) {
-        dialog.reject(); // it does not take every name
+        dialog.reject(); // it refuses some names
     }
 }
 
 void Day::answer(QMessageBox &box)
 {
     if (m_dice.chance(10)) {
-        mouse::click(somePlace(*box.parentWidget())); // it is blocked
+        mouse::click(randomPosition(*box.parentWidget())); // blocked by the box
     }
     const QPointer<QMessageBox> asked(&box);
     while (asked != nullptr && asked->isVisible()) {
@@ -127,29 +127,29 @@ void Day::answer(QMessageBox &box)
         }
     }
     const QAbstractButton *pressed = asked->clickedButton();
-    ++m_figures.answers[pressed != nullptr ? pressed->text().remove(u'&').toStdString() : "none"];
+    ++m_counts.answers[pressed != nullptr ? pressed->text().remove(u'&').toStdString() : "none"];
 }
 
-/// What the box says about the folder must be true.
-QString Day::judge(const QMessageBox &box)
+/// Checks that what the box says about the folder is true.
+QString Day::checkMessageBox(const QMessageBox &box)
 {
     if (box.text() == u"Saved OK."_s) {
-        return judgeAdded();
+        return checkAdded();
     }
     if (box.text() == u"Saved OK!"_s) {
-        return judgeStored();
+        return checkStored();
     }
     if (box.text() == u"Import Complete."_s) {
-        return judgeImported();
+        return checkImported();
     }
     if (box.text() == u"Stipulation Deleted."_s) {
         return m_ledger->checkDeleted(nameIn(rowOf(DataFileKind::Stipulations).nameBox),
                                       nameIn({"Form16", "listpos"}).toInt());
     }
-    return wrongWithFolder();
+    return checkFolder();
 }
 
-QString Day::judgeAdded()
+QString Day::checkAdded()
 {
     const auto *saving =
         std::find_if(std::begin(kSavings), std::end(kSavings), [this](const Saving &row) {
@@ -175,7 +175,7 @@ QString Day::judgeAdded()
     return m_ledger->checkAdded(nameIn(kind.nameBox), lines, commentary);
 }
 
-QString Day::judgeStored()
+QString Day::checkStored()
 {
     const QString position = nameIn({"Form16", "listpos"});
     const bool isNew = position == u"NEW"_s;
@@ -188,7 +188,7 @@ QString Day::judgeStored()
         {nameIn({"Form3", "matchtype"}), nameIn({"Form3", "stipulation"})});
 }
 
-QString Day::judgeImported()
+QString Day::checkImported()
 {
     const auto *list = screen().findChild<ListBox *>();
     const QModelIndexList rows = list->selectionModel()->selectedIndexes();
@@ -197,7 +197,7 @@ QString Day::judgeImported()
         std::find_if(std::begin(kImports), std::end(kImports),
                      [&chosen](const auto &row) { return chosen == QLatin1StringView(row.first); });
     if (rows.isEmpty() || import == std::end(kImports)) {
-        return u"nothing was to be imported"_s;
+        return u"no import was selected"_s;
     }
     return m_ledger->checkImported(rows.front().data().toString(), nameIn({"Form2", "Text1"}),
                                    import->second);

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qsizetype kMuch = 300'000; ///< bytes in the folder, above which it is tidied
+constexpr qsizetype kTidyAbove = 300'000; ///< bytes in the folder above which files are removed
 
 void write(const QString &name, const QByteArray &bytes, QIODevice::OpenMode mode)
 {
@@ -22,7 +22,7 @@ void write(const QString &name, const QByteArray &bytes, QIODevice::OpenMode mod
 
 } // namespace
 
-/// What other programs do while this one runs.
+/// Changes a file as another program might.
 bool Day::changeFolder()
 {
     const DataFileKindRow &kind = m_dice.pick(kDataFileKinds);
@@ -44,7 +44,7 @@ bool Day::changeFolder()
         QFile::setPermissions(name, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
         write(name, samples::fileContent(m_dice, kind.linesPerRecord), QIODevice::WriteOnly);
     }
-    if (m_ledger->size() > kMuch) {
+    if (m_ledger->size() > kTidyAbove) {
         for (const DataFileKindRow &row : kDataFileKinds) {
             QFile::remove(QLatin1StringView(row.defaultName));
         }

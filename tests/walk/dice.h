@@ -5,18 +5,18 @@
 
 namespace tarvold::testing {
 
-/// Chance that a seed repeats.
+/// A random number generator whose sequence depends only on the seed.
 class Dice
 {
 public:
     explicit Dice(unsigned seed) : m_engine(seed) {}
 
-    /// A number from 0 up to, but not including, the limit.
+    /// A number from 0 to `limit` - 1.
     int below(int limit) { return static_cast<int>(m_engine() % static_cast<unsigned>(limit)); }
 
     bool chance(int percent) { return below(100) < percent; }
 
-    /// One of some things, of which there is at least one.
+    /// A random element of a non-empty container.
     template <class Things>
     const auto &pick(const Things &things)
     {

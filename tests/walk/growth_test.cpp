@@ -7,28 +7,28 @@
 #include <limits>
 #include <malloc.h>
 
-/// Memory does not grow with the number of saves.
+/// Checks that memory does not grow with the number of saves.
 ///
-/// The heap in use is compared after one stretch of many saves and the next. What the first ones
-/// make (screens, fonts, caches of Qt) stays, and now and then a cache grows in one of the
-/// later ones. A save that kept so much as one record, which is about 500 bytes, would show as more
-/// than the bound in every stretch; so one that stays below it proves that none did.
+/// Compares the heap in use after series of many saves. The first series creates screens, fonts and
+/// caches of Qt, and a cache may still grow in a later one. But a leak of even one record per save,
+/// about 500 bytes, would exceed the limit in every series; so one series below the limit proves
+/// that there is none.
 namespace tarvold::testing {
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// How many saves a stretch has; for a longer look, set TARVOLD_SAVES.
-int savesPerStretch()
+/// The number of saves in a series; set TARVOLD_SAVES for a longer one.
+int savesPerSeries()
 {
     return qEnvironmentVariableIsSet("TARVOLD_SAVES")
                ? qEnvironmentVariableIntValue("TARVOLD_SAVES")
                : 60;
 }
 
-constexpr qint64 kBytesPerSave = 200; ///< what the caches of Qt may still take
-constexpr int kStretches = 5;         ///< how often they may grow
+constexpr qint64 kBytesPerSave = 200; ///< limit, leaves room for Qt's caches
+constexpr int kSeries = 5;            ///< at most, until one is below the limit
 
 qint64 heapInUse()
 {
@@ -36,29 +36,30 @@ qint64 heapInUse()
     return qint64(info.uordblks) + qint64(info.hblkhd);
 }
 
-class Growth : public FlowTest
+class MemoryGrowth : public FlowTest
 {
 protected:
     template <class Save>
     void expectNone(Save save)
     {
-        ASSERT_GT(savesPerStretch(), 0);
-        const auto stretch = [&save] {
-            for (int count = savesPerStretch(); count > 0; --count) {
+        ASSERT_GT(savesPerSeries(), 0);
+        const auto series = [&save] {
+            for (int count = savesPerSeries(); count > 0; --count) {
                 save();
             }
             return heapInUse();
         };
-        qint64 before = stretch();
+        qint64 before = series();
         qint64 least = std::numeric_limits<qint64>::max();
-        const qint64 most = kBytesPerSave * savesPerStretch();
-        for (int count = kStretches; count > 0 && least > most; --count) {
-            const qint64 after = stretch();
+        const qint64 most = kBytesPerSave * savesPerSeries();
+        for (int count = kSeries; count > 0 && least > most; --count) {
+            const qint64 after = series();
             least = std::min(least, after - before);
             before = after;
         }
         RecordProperty("bytes", std::to_string(least));
-        EXPECT_LE(least, most) << "more after each " << savesPerStretch() << " saves";
+        EXPECT_LE(least, most) << "bytes more after each series of " << savesPerSeries()
+                               << " saves";
     }
 
     void expectNoneByRecords(const FlowPath &flow)
@@ -85,32 +86,32 @@ protected:
     }
 };
 
-TEST_F(Growth, StaysAwayFromNormalEndings)
+TEST_F(MemoryGrowth, NoneWithNormalEndings)
 {
     expectNoneByRecords(kNormalPath);
 }
 
-TEST_F(Growth, StaysAwayFromRunInEndings)
+TEST_F(MemoryGrowth, NoneWithRunInEndings)
 {
     expectNoneByRecords(kRunInPath);
 }
 
-TEST_F(Growth, StaysAwayFromTurnEndings)
+TEST_F(MemoryGrowth, NoneWithTurnEndings)
 {
     expectNoneByRecords(kTurnPath);
 }
 
-TEST_F(Growth, StaysAwayFromInterviews)
+TEST_F(MemoryGrowth, NoneWithInterviews)
 {
     expectNoneByRecords(kInterviewPath);
 }
 
-TEST_F(Growth, StaysAwayFromTalkShows)
+TEST_F(MemoryGrowth, NoneWithTalkShows)
 {
     expectNoneByRecords(kTalkShowPath);
 }
 
-TEST_F(Growth, StaysAwayFromStipulationsThatAreMadeAndDeleted)
+TEST_F(MemoryGrowth, NoneWithCreatedAndDeletedStipulations)
 {
     press("Form1", "Command1");
     expectNone([this] {
@@ -130,7 +131,7 @@ TEST_F(Growth, StaysAwayFromStipulationsThatAreMadeAndDeleted)
     });
 }
 
-TEST_F(Growth, StaysAwayFromStipulationsThatAreEditedWithoutLeavingTheList)
+TEST_F(MemoryGrowth, NoneWithStipulationsEditedWithoutLeavingTheList)
 {
     putBytes(u"stipulations.tvd"_s, recordOf(19));
     press("Form1", "Command1");
@@ -142,7 +143,7 @@ TEST_F(Growth, StaysAwayFromStipulationsThatAreEditedWithoutLeavingTheList)
     });
 }
 
-TEST_F(Growth, StaysAwayFromImports)
+TEST_F(MemoryGrowth, NoneWithImports)
 {
     putBytes(u"a.tvd"_s, recordOf(36).repeated(50));
     press("Form1", "Command8");

@@ -23,7 +23,7 @@ QByteArray whatIsAt(const QFileInfo &entry)
     }
     QFile file(entry.filePath());
     const bool isPlain = entry.isFile() && file.open(QIODevice::ReadOnly);
-    return isPlain ? file.readAll() : QByteArray("neither to be read nor written");
+    return isPlain ? file.readAll() : QByteArray("not a readable file");
 }
 
 Content contentOf(const QString &folder)
@@ -38,7 +38,7 @@ Content contentOf(const QString &folder)
     return content;
 }
 
-/// The lines of a file, without their ends; what follows the last end is a line too.
+/// The lines of a file, without line ends; text after the last line end is a line too.
 QByteArrayList linesOf(const QByteArray &bytes)
 {
     QByteArrayList lines;
@@ -51,7 +51,7 @@ QByteArrayList linesOf(const QByteArray &bytes)
     return lines;
 }
 
-/// The records of a file that an import copies: those whose first line is not empty.
+/// The records that an import copies: those whose first line is not empty.
 QList<QByteArrayList> recordsOf(const QByteArray &bytes, int linesPerRecord)
 {
     QList<QByteArrayList> records;
@@ -64,8 +64,8 @@ QList<QByteArrayList> recordsOf(const QByteArray &bytes, int linesPerRecord)
     return records;
 }
 
-/// Whether each of some records comes in the others, in the same order.
-bool areAmong(const QList<QByteArrayList> &records, const QList<QByteArrayList> &all)
+/// Whether all `records` occur in `all`, in the same order.
+bool isSubsequence(const QList<QByteArrayList> &records, const QList<QByteArrayList> &all)
 {
     qsizetype place = 0;
     for (const QByteArrayList &record : records) {
@@ -118,7 +118,7 @@ QString Ledger::checkOnlyChanged(const QString &key)
         }
     }
     if (!key.isEmpty() && !m_found.contains(key)) {
-        return key + u" is not there"_s;
+        return key + u" is missing"_s;
     }
     return {};
 }
@@ -148,11 +148,11 @@ QString Ledger::checkAdded(const QString &name, int lines, const QStringList &co
     const QByteArray added = now.sliced(before.size());
     const QByteArrayList record = linesOf(added);
     if (record.size() != lines || !added.endsWith("\r\n")) {
-        return u"%1: %2 lines were added in place of %3"_s.arg(key, QString::number(record.size()),
-                                                               QString::number(lines));
+        return u"%1: %2 lines were added instead of %3"_s.arg(key, QString::number(record.size()),
+                                                              QString::number(lines));
     }
     if (!hold(record.last(commentary.size()), commentary)) {
-        return key + u": the commentary is not what was to be seen"_s;
+        return key + u": the commentary differs from the screen"_s;
     }
     m_known = std::move(m_found);
     return {};
@@ -173,9 +173,10 @@ QString Ledger::checkImported(const QString &source, const QString &target, Data
     const QByteArray added = now.sliced(before.size());
     const QList<QByteArrayList> all = recordsOf(m_known[keyOf(source)], lines);
     const QList<QByteArrayList> copied = recordsOf(added, lines);
-    const bool isRight = kind == DataFileKind::Stipulations ? areAmong(copied, all) : copied == all;
+    const bool isRight =
+        kind == DataFileKind::Stipulations ? isSubsequence(copied, all) : copied == all;
     if (!isRight || (!added.isEmpty() && !added.endsWith("\r\n"))) {
-        return key + u": what was imported are not the records of "_s + source;
+        return key + u": the imported records differ from those of "_s + source;
     }
     m_known = std::move(m_found);
     return {};
@@ -211,7 +212,7 @@ QString Ledger::checkStored(const QString &name, std::optional<int> line, int li
         return key + u": more than one stipulation has changed"_s;
     }
     if (!hold(now.mid(start, 2), firstTwo)) {
-        return key + u": the stipulation is not the one to be seen"_s;
+        return key + u": the stipulation differs from the form"_s;
     }
     m_known = std::move(m_found);
     m_stipulations = now;
@@ -226,7 +227,7 @@ QString Ledger::checkDeleted(const QString &name, int line)
     }
     const QByteArrayList now = linesOf(m_found[key]);
     if (now != m_stipulations.first(line) + m_stipulations.mid(line + kStipulationLines)) {
-        return key + u": not just the one stipulation is gone"_s;
+        return key + u": more than one stipulation was removed"_s;
     }
     m_known = std::move(m_found);
     m_stipulations = now;

@@ -11,46 +11,48 @@
 
 namespace tarvold::testing {
 
-/// Everything in a folder and below: files as their bytes, by their paths from the folder.
+/// Everything below a folder: the bytes of each file, by relative path.
 using Content = std::map<QString, QByteArray>;
 
-/// What the walk knows of the folder, and so what each save must have made of it.
+/// Tracks the expected content of the folder, and checks what each save has changed.
 ///
-/// All checks give what is wrong, in words, or an empty text; then what was found is what is known.
+/// Each check returns an error message, or an empty text; in that case the new content becomes the
+/// expected one.
 class Ledger
 {
 public:
-    /// \param folder holds everything that the program may write to
+    /// \param folder contains everything that the program may write to
     explicit Ledger(const QString &folder);
 
-    /// Takes what is there now for right: the walk itself has changed it.
+    /// Makes the current content the expected one, after a change by the walk itself.
     void accept();
 
-    /// Nothing may have changed.
+    /// Expects no changes.
     QString checkUnchanged();
 
-    /// One record must have come to the end of a file.
-    /// \param lines how many lines it has
-    /// \param commentary its last ten lines, as texts
+    /// Expects one record to have been appended to a file.
+    /// \param lines its length
+    /// \param commentary its last ten lines, decoded
     QString checkAdded(const QString &name, int lines, const QStringList &commentary);
 
-    /// The records of one file must have come to the end of another, except for those that may be
-    /// left out.
+    /// Expects the records of one file to have been appended to another, except duplicate
+    /// stipulations.
     QString checkImported(const QString &source, const QString &target, DataFileKind kind);
 
-    /// The stipulations were read from a file, which was made if it was missing.
+    /// Expects that the stipulations were loaded from a file, which was created if missing.
     QString checkLoaded(const QString &name);
 
-    /// The file must be the stipulations that were read, with one more, or with another one in
-    /// place of the one that starts at a line.
+    /// Expects the loaded stipulations with one more, or with one replaced.
+    /// \param line the first line of the replaced stipulation; empty for a new one
     /// \param lines how many lines the record sets
+    /// \param firstTwo its first two lines, decoded
     QString checkStored(const QString &name, std::optional<int> line, int lines,
                         const QStringList &firstTwo);
 
-    /// The file must be the stipulations that were read, without the one that starts at a line.
+    /// Expects the loaded stipulations without the one that starts at `line`.
     QString checkDeleted(const QString &name, int line);
 
-    /// How many bytes there are in the folder.
+    /// The number of bytes in the folder.
     qsizetype size() const;
 
 private:

@@ -39,7 +39,7 @@ constexpr const char *kPlain[] = {
     "Women's Match",
 };
 
-/// Each of these is refused, made one with its neighbour, or made a blank.
+/// Each of these is refused, composed with its neighbour, or replaced by a space.
 constexpr const char *kOdd[] = {
     "e\u0301", "q\u0301",  "\u0301",   "\u65E5\u672C", "\U0001F93C", "\u200E\u200F",
     "\u202Ex", "\u200B",   "\uFEFF",   "\u0142",       "a\nb",       "a\r\nb\r\n",
@@ -118,7 +118,7 @@ QByteArray fileContent(Dice &dice, int linesPerRecord)
         }
     }
     if (dice.chance(10)) {
-        bytes.chop(dice.below(30)); // breaks off somewhere
+        bytes.chop(dice.below(30)); // truncated
     }
     if (dice.chance(5)) {
         bytes.replace("\r\n", "\n");

@@ -5,16 +5,16 @@
 #include <QByteArray>
 #include <QString>
 
-/// What the walk types, and what it puts into the folder.
+/// Random input for the walk.
 namespace tarvold::testing::samples {
 
-/// What an author might type, or might not: every so often odd characters and long texts.
+/// Text that an author might type; sometimes unusual characters or very long text.
 QString text(Dice &dice);
 
-/// A name for a data file: most are good, some name what is missing, forbidden or no file at all.
+/// A file name: mostly valid, but some are missing, forbidden or not an ordinary file.
 QString fileName(Dice &dice);
 
-/// What another program might leave in a data file: mostly whole records of so many lines.
+/// Content that another program might write to a data file: mostly whole records.
 QByteArray fileContent(Dice &dice, int linesPerRecord);
 
 } // namespace tarvold::testing::samples

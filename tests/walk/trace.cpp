@@ -9,24 +9,24 @@
 #include <cstdlib>
 #include <unistd.h>
 
-// The sanitizers' own hook; without them it is not there.
+// A hook of the sanitizers; null without them.
 extern "C" void __sanitizer_set_death_callback(void (*callback)()) __attribute__((weak));
 
 namespace tarvold::testing::trace {
 namespace {
 
-constexpr unsigned kLongestAction = 300; ///< in seconds, on however busy a machine
+constexpr unsigned kTimeout = 300; ///< timeout in seconds, even on a busy machine
 constexpr std::size_t kKept = 40;
 
 std::array<QByteArray, kKept> notes;
 std::size_t noted = 0;
-unsigned seedInUse = 0;
-int actionInHand = 0;
-bool talks = false;
+unsigned currentSeed = 0;
+int currentAction = 0;
+bool isVerbose = false;
 
-void tellAndEnd(int signal)
+void printAndExit(int signal)
 {
-    tell();
+    print();
     std::fprintf(stderr, "ended by signal %d\n", signal);
     std::_Exit(1);
 }
@@ -35,43 +35,43 @@ void tellAndEnd(int signal)
 
 void start(unsigned seed, bool talk)
 {
-    seedInUse = seed;
-    actionInHand = 0;
-    talks = talk;
+    currentSeed = seed;
+    currentAction = 0;
+    isVerbose = talk;
     noted = 0;
     for (const int signal : {SIGABRT, SIGALRM, SIGFPE}) {
-        static_cast<void>(std::signal(signal, tellAndEnd));
+        static_cast<void>(std::signal(signal, printAndExit));
     }
     if (__sanitizer_set_death_callback != nullptr) {
-        __sanitizer_set_death_callback(tell);
+        __sanitizer_set_death_callback(print);
     } else {
-        static_cast<void>(std::signal(SIGSEGV, tellAndEnd));
+        static_cast<void>(std::signal(SIGSEGV, printAndExit));
     }
 }
 
 void begin(int number)
 {
-    actionInHand = number;
-    alarm(kLongestAction);
+    currentAction = number;
+    alarm(kTimeout);
 }
 
 void note(const QString &text)
 {
-    const QByteArray line = QByteArray::number(actionInHand) + ": " + text.toUtf8();
+    const QByteArray line = QByteArray::number(currentAction) + ": " + text.toUtf8();
     notes.at(noted++ % kKept) = line;
-    if (talks) {
+    if (isVerbose) {
         std::fprintf(stderr, "%s\n", line.constData());
     }
 }
 
-void tell()
+void print()
 {
-    std::fprintf(stderr, "\nseed %u, action %d; what was done last:\n", seedInUse, actionInHand);
+    std::fprintf(stderr, "\nseed %u, action %d; last actions:\n", currentSeed, currentAction);
     for (std::size_t kept = noted < kKept ? 0 : noted - kKept; kept < noted; ++kept) {
         std::fprintf(stderr, "  %s\n", notes.at(kept % kKept).constData());
     }
-    std::fprintf(stderr, "to do it again: walk --seed %u --actions %d --talk\n", seedInUse,
-                 actionInHand);
+    std::fprintf(stderr, "to repeat it: walk --seed %u --actions %d --talk\n", currentSeed,
+                 currentAction);
 }
 
 } // namespace tarvold::testing::trace

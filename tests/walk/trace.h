@@ -2,21 +2,21 @@
 
 #include <QString>
 
-/// What the walk did last, to be told when something goes wrong, be it the end of the program.
+/// Remembers the last actions of the walk, and prints them if something goes wrong, even a crash.
 namespace tarvold::testing::trace {
 
-/// From now on, a crash, an assertion and an action that never ends are told as well.
+/// From now on, prints the last actions on a crash, a failed assertion or a timeout of an action.
 /// \param seed of the walk
-/// \param talk whether every action is told at once
+/// \param talk whether to print every action at once
 void start(unsigned seed, bool talk);
 
-/// The next action begins.
+/// Starts the next action and its timeout.
 void begin(int number);
 
-/// What is done, in words.
+/// Records what is done.
 void note(const QString &text);
 
-/// Tells the seed, the number of the action and the last actions.
-void tell();
+/// Prints the seed, the number of the action and the last actions.
+void print();
 
 } // namespace tarvold::testing::trace

@@ -1,4 +1,4 @@
-// A long day at the program, at random: see Day. The same seed gives the same day.
+// A random walk through the program: see Day. The same seed repeats the same walk.
 //
 //     walk [--seed N] [--actions N] [--talk]
 
@@ -18,32 +18,31 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-tarvold::testing::Day *dayInHand = nullptr;
+tarvold::testing::Day *currentDay = nullptr;
 
-/// Nothing that Qt complains about is let pass, but for what windows without a display
-/// cannot do.
-void hear(QtMsgType type, const QMessageLogContext & /*context*/, const QString &message)
+/// Makes every message from Qt a failure, except about what windows without a display cannot do.
+void handleMessage(QtMsgType type, const QMessageLogContext & /*context*/, const QString &message)
 {
-    const bool isOfThePlatform = message.startsWith(u"This plugin does not support"_s) ||
-                                 message.startsWith(u"QStandardPaths: XDG_RUNTIME_DIR"_s);
-    if (isOfThePlatform) {
+    const bool isFromThePlatform = message.startsWith(u"This plugin does not support"_s) ||
+                                   message.startsWith(u"QStandardPaths: XDG_RUNTIME_DIR"_s);
+    if (isFromThePlatform) {
         return;
     }
     std::fprintf(stderr, "%s\n", qPrintable(message));
     if (type == QtFatalMsg) {
         abort();
     }
-    if (dayInHand != nullptr) {
-        dayInHand->blame(u"Qt complains: "_s + message);
+    if (currentDay != nullptr) {
+        currentDay->fail(u"Qt reports: "_s + message);
     }
 }
 
-/// For the superuser permissions mean nothing; files without rights are part of the day.
-void becomeOrdinary()
+/// Permissions do not apply to the superuser, but the walk needs files without permissions.
+void dropSuperuser()
 {
     constexpr uid_t kNobody = 65534;
     if (geteuid() == 0 && setgid(kNobody) == 0 && setuid(kNobody) == 0) {
-        prctl(PR_SET_DUMPABLE, 1); // else no leak could be looked for
+        prctl(PR_SET_DUMPABLE, 1); // needed for leak detection
     }
 }
 
@@ -63,7 +62,7 @@ void print(const char *title, const std::map<std::string, int> &counts)
 
 int main(int argc, char *argv[])
 {
-    becomeOrdinary();
+    dropSuperuser();
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
@@ -74,29 +73,28 @@ int main(int argc, char *argv[])
     options.addOption({u"talk"_s, {}});
     options.process(application);
     QApplication::setQuitOnLastWindowClosed(false);
-    // Clicks follow each other faster than any hand; only those meant to are a double click.
+    // Consecutive clicks are never a double click, unless meant to be one.
     QApplication::setDoubleClickInterval(0);
     tarvold::look::apply();
-    qInstallMessageHandler(hear);
+    qInstallMessageHandler(handleMessage);
 
     const unsigned seed = options.value(u"seed"_s).toUInt();
     tarvold::testing::trace::start(seed, options.isSet(u"talk"_s));
     QElapsedTimer clock;
     clock.start();
     tarvold::testing::Day day(seed);
-    dayInHand = &day;
-    const bool isWell = day.walk(options.value(u"actions"_s).toInt());
-    dayInHand = nullptr;
-    if (!isWell) {
-        tarvold::testing::trace::tell();
+    currentDay = &day;
+    const bool passed = day.walk(options.value(u"actions"_s).toInt());
+    currentDay = nullptr;
+    if (!passed) {
+        tarvold::testing::trace::print();
         return 1;
     }
-    const auto &figures = day.figures();
-    print("actions", figures.actions);
-    print("windows", figures.windows);
-    print("message boxes", figures.boxes);
-    print("answers", figures.answers);
-    std::printf("ended and started again: %d\nseconds: %.1f\n", figures.ends,
-                double(clock.elapsed()) / 1000);
+    const auto &counts = day.counts();
+    print("actions", counts.actions);
+    print("windows", counts.windows);
+    print("message boxes", counts.boxes);
+    print("answers", counts.answers);
+    std::printf("restarts: %d\nseconds: %.1f\n", counts.ends, double(clock.elapsed()) / 1000);
     return 0;
 }

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Tests the archive of the program for Windows, above all that its notices follow from what is linked.
+"""Tests the archive of the Windows program, above all that its notices cover all linked libraries.
 
     archive_test.py FOLDER VERSION   (FOLDER is the one in which packaging/windows/build works)
 """
@@ -14,7 +14,7 @@ import zipfile
 
 ROOT = os.path.normpath(os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", ".."))
 LINK = re.compile(r"\]\(([^)\s#:]+)(?:#[^)]*)?\)")
-# A work in the program, and words of its licence or of the notice that this asks for.
+# Libraries in the program, with words of their licence or of the notice that it requires.
 LINKED = {
     "Qt": "GNU LESSER GENERAL PUBLIC LICENSE",
     "Freetype 2": "The FreeType Project (www.freetype.org)",
@@ -42,13 +42,13 @@ class Archive(unittest.TestCase):
         self.files = {os.path.relpath(path, name): archive.read(path)
                       for path in archive.namelist() if not path.endswith("/")}
 
-    def test_has_the_program_and_what_goes_with_it(self):
+    def test_has_the_program_and_its_documents(self):
         top = {path.split("/")[0] for path in self.files}
         self.assertEqual(top, {"tarvold-editor.exe", "LICENSE.txt", "NOTICES.txt", "docs", "examples"})
         with open(os.path.join(self.folder, "tarvold-editor.exe"), "rb") as program:
             self.assertEqual(self.files["tarvold-editor.exe"], program.read())
 
-    def test_has_all_that_its_documents_link_to(self):
+    def test_has_all_files_that_its_documents_link_to(self):
         documents = [path for path in self.files if path.endswith(".md")]
         self.assertIn("docs/guide.md", documents)
         for document in documents:
@@ -57,7 +57,7 @@ class Archive(unittest.TestCase):
                     place = os.path.normpath(os.path.join(os.path.dirname(document), target))
                     self.assertIn(place, self.files)
 
-    def test_has_notices_that_plain_editors_show(self):
+    def test_has_notices_with_crlf_line_ends(self):
         notices = self.files["NOTICES.txt"]
         self.assertEqual(notices.count(b"\n"), notices.count(b"\r\n"))
 
@@ -65,8 +65,8 @@ class Archive(unittest.TestCase):
 class Notices(unittest.TestCase):
     folder = ""
 
-    def write(self, change):
-        """Has notices written from the map after a change, and gives how it went, and the parts."""
+    def write_notices(self, change):
+        """Writes the notices from a changed map; returns the finished process and the parts."""
         map_text = read(os.path.join(self.folder, "packaging", "windows", "tarvold-editor.map"))
         with tempfile.TemporaryDirectory() as scratch:
             paths = [os.path.join(scratch, name) for name in ("map", "NOTICES.txt")]
@@ -78,8 +78,8 @@ class Notices(unittest.TestCase):
             text = read(paths[1]) if done.returncode == 0 else ""
         return done, {part.strip().splitlines()[0]: part for part in text.split("=" * 78) if text}
 
-    def test_tell_of_all_that_is_linked(self):
-        done, parts = self.write(lambda text: text)
+    def test_cover_all_linked_libraries(self):
+        done, parts = self.write_notices(lambda text: text)
         self.assertEqual(done.returncode, 0, done.stderr)
         self.assertLessEqual(set(LINKED), set(parts))
         for name, words in LINKED.items():
@@ -87,16 +87,16 @@ class Notices(unittest.TestCase):
                 self.assertIn(words, "\n".join(parts.values()) if name in ("Qt", "Freetype 2")
                               else parts[name])
 
-    def test_tell_of_nothing_that_is_not(self):
+    def test_cover_only_linked_libraries(self):
         compiler = "PCRE2 - Stack-less Just-In-Time Compiler"
-        _, parts = self.write(lambda text: text)
+        _, parts = self.write_notices(lambda text: text)
         self.assertIn(compiler, list(parts))
-        _, parts = self.write(lambda text: re.sub(r"(?m)^\S*BundledPcre2\.a.*$", "", text))
+        _, parts = self.write_notices(lambda text: re.sub(r"(?m)^\S*BundledPcre2\.a.*$", "", text))
         self.assertNotIn(compiler, list(parts))
         self.assertIn("HarfBuzz-NG", list(parts))
 
-    def test_are_refused_for_a_library_that_nobody_wrote_one_for(self):
-        done, _ = self.write(lambda text: "/opt/somebody/libnew.a(new.o)\n" + text)
+    def test_fail_for_an_unknown_library(self):
+        done, _ = self.write_notices(lambda text: "/opt/somebody/libnew.a(new.o)\n" + text)
         self.assertNotEqual(done.returncode, 0)
         self.assertIn("/opt/somebody/libnew.a", done.stderr)
 

@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
-"""Looks whether the program for Windows is the one file that it should be.
+"""Checks the file of the Windows program: size, dependencies, hardening and resources.
 
     program_test.py PROGRAM VERSION OBJDUMP
 
-Reads the program itself, for what compiler and linker were asked for says little.
+Reads the program itself, as a compiler or linker flag that gets lost goes unnoticed.
 """
 
 import os
@@ -15,24 +15,24 @@ import unittest
 
 MOST_BYTES = 20_000_000
 
-# What comes with Windows 10 and later. No runtime library of the compiler, and no toolkit.
+# The libraries of Windows 10 and later. No compiler runtime, and no Qt.
 OF_WINDOWS = {
     "advapi32", "authz", "comdlg32", "d2d1", "d3d11", "d3d9", "dwmapi", "dwrite", "dxgi", "gdi32",
     "imm32", "kernel32", "mpr", "msvcrt", "netapi32", "ole32", "oleaut32", "rpcrt4", "setupapi",
     "shcore", "shell32", "shlwapi", "user32", "userenv", "uxtheme", "version", "winmm", "ws2_32",
     "wtsapi32",
 }
-PARTS_OF_WINDOWS = "api-ms-win-core-"  # names that stand for some of those
+PARTS_OF_WINDOWS = "api-ms-win-core-"  # aliases of some of those
 
-# A program that Windows loads at a random address of 64 bits, and whose data it never runs.
+# Address space layout randomization with 64 bits, and non-executable data.
 CHARACTERISTICS = {"HIGH_ENTROPY_VA", "DYNAMIC_BASE", "NX_COMPAT"}
 
-ICONS, ICON, VERSION, MANIFEST = 14, 3, 16, 24  # the numbers that Windows gives kinds of resources
+ICONS, ICON, VERSION, MANIFEST = 14, 3, 16, 24  # resource types of Windows
 RESOURCE_DIRECTORY = struct.Struct("<12x2H")
 RESOURCE_ENTRY = struct.Struct("<2I")
 IS_DIRECTORY = 1 << 31
 FIXED_VERSION_MARK = struct.pack("<I", 0xFEEF04BD)
-FIXED_VERSION = struct.Struct("<8x4H")  # behind the mark's layout version: file, minor part first
+FIXED_VERSION = struct.Struct("<8x4H")  # after the mark and the structure version: file version, minor part first
 
 
 class WindowsProgram(unittest.TestCase):
@@ -56,25 +56,25 @@ class WindowsProgram(unittest.TestCase):
     def test_is_small(self):
         self.assertLessEqual(os.path.getsize(self.program), MOST_BYTES)
 
-    def test_needs_nothing_that_windows_does_not_have(self):
+    def test_needs_only_libraries_of_windows(self):
         names = re.findall(r"DLL Name: (\S+)\.(?:dll|drv)$", self.headers, re.MULTILINE | re.I)
         self.assertIn("kernel32", [name.lower() for name in names])
         self.assertEqual(len(names), self.headers.count("DLL Name:"))
         others = {name.lower() for name in names} - OF_WINDOWS
         self.assertEqual([name for name in others if not name.startswith(PARTS_OF_WINDOWS)], [])
 
-    def test_is_for_64_bits(self):
+    def test_is_a_64_bit_program(self):
         self.assertEqual(re.search(r"file format (\S+)", self.headers)[1], "pei-x86-64")
 
     def test_opens_no_console(self):
         self.assertEqual(re.search(r"^Subsystem\s+\w+\s+\((.*)\)", self.headers, re.MULTILINE)[1],
                          "Windows GUI")
 
-    def test_is_hard_to_exploit(self):
+    def test_has_aslr_and_nx(self):
         flags = re.search(r"DllCharacteristics\s+\w+\n((?:\t+\w+\n)*)", self.headers)[1]
         self.assertLessEqual(CHARACTERISTICS, set(flags.split()))
 
-    def test_can_be_moved_to_a_random_address(self):
+    def test_has_relocations(self):
         self.assertEqual(re.findall("relocations stripped", self.headers), [])
         self.assertIn(".reloc", self.sections)
 
@@ -82,13 +82,13 @@ class WindowsProgram(unittest.TestCase):
         self.assertEqual(len(self.resources_of(ICONS)), 1)
         self.assertGreaterEqual(len(self.resources_of(ICON)), 4)
 
-    def test_says_how_it_wants_to_be_run(self):
+    def test_has_a_manifest(self):
         self.assertEqual(len(self.resources_of(MANIFEST)), 1)
         self.assertTrue(b"PerMonitorV2" in self.resources)
-        # The system's own code page is wanted for the text in files.
+        # Data files need the system's own code page.
         self.assertFalse(b"<activeCodePage" in self.resources)
 
-    def test_tells_its_version(self):
+    def test_has_its_version(self):
         self.assertEqual(len(self.resources_of(VERSION)), 1)
         wanted = [*map(int, self.version.split(".")), 0]
         minor, major, build, patch = FIXED_VERSION.unpack_from(
@@ -101,11 +101,11 @@ class WindowsProgram(unittest.TestCase):
     def text_of_version(self, name):
         key = name.encode("utf-16-le") + b"\0\0"
         start = self.resources.index(key) + len(key)
-        start += start % 4  # values stand at multiples of four bytes
+        start += start % 4  # values are aligned to four bytes
         return self.resources[start:].decode("utf-16-le", "replace").lstrip("\0").split("\0")[0]
 
     def resources_of(self, kind):
-        """The places of all resources of a kind, in the tree that the section starts with."""
+        """The entries of all resources of a type, from the directory at the start of the section."""
         kinds = dict(self.entries(0)) if self.resources else {}
         return list(self.entries(kinds[kind] & ~IS_DIRECTORY)) if kind in kinds else []
 

@@ -50,17 +50,16 @@ void ComboBox::connectToList()
     if (m_isListConnected) {
         return;
     }
-    // Only this signal tells a pick from typed text that equals an item: Qt emits activated() for
-    // both. Qt's own handler is disconnected because it would clear the undo history. The signal is
-    // private, so another Qt version may lack it.
+    // Only this signal distinguishes a pick from typed text that equals an item: Qt emits
+    // activated() for both. Qt's own handler is disconnected because it would clear the undo
+    // history. The signal is private, so another Qt version may lack it.
     const QObject *list = view()->parentWidget();
     const char *picked = SIGNAL(itemSelected(QModelIndex));
     m_isListConnected = disconnect(list, picked, this, nullptr) &&
                         bool(connect(list, picked, this, SLOT(choose(QModelIndex))));
     if (!m_isListConnected) {
-        qFatal(
-            "Qt %s has no signal itemSelected() of a combo box's list, so picks can't be detected",
-            qVersion());
+        qFatal("Qt %s has no signal itemSelected() of a combo box's list, so picks would be lost",
+               qVersion());
     }
 }
 

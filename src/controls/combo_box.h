@@ -22,8 +22,8 @@ class ComboBox : public QComboBox
 public:
     explicit ComboBox(QWidget *parent = nullptr);
 
-    /// Ends the program with a message if this Qt version cannot tell picks from typed text. Call
-    /// it at startup: otherwise picks would be lost without notice later.
+    /// Ends the program with a message if this Qt version cannot distinguish picks from typed text.
+    /// Call it at startup: otherwise picks would be lost without notice later.
     static void checkQt();
 
     /// Shows a text, whether or not it is in the list. This is not a choice, and can't be undone.

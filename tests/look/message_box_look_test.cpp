@@ -59,13 +59,13 @@ TEST_P(MessageBoxLookTest, TheLongestNoticeLooksRight)
 {
     // On a small display only the beginning and the end are shown.
     const QString sentence = u"A line of the file that somebody wrote "_s;
-    QString told;
-    boxes.catchNotice(title(), &told);
+    QString message;
+    boxes.catchNotice(title(), &message);
     boxes.beforeItsAnswer([](QMessageBox &box) { measure(box, u"longest notice"_s); });
     messagebox::notice(&shown(), title(), sentence.repeated(125));
     boxes.checkAllCame();
-    EXPECT_TRUE(told.startsWith(sentence.repeated(3)));
-    EXPECT_TRUE(told.endsWith(sentence.repeated(3)));
+    EXPECT_TRUE(message.startsWith(sentence.repeated(3)));
+    EXPECT_TRUE(message.endsWith(sentence.repeated(3)));
 }
 
 TEST_P(MessageBoxLookTest, AFailedSaveLooksRight)

@@ -42,12 +42,12 @@ protected:
     QString refusal(const QByteArray &bytes)
     {
         writeFile(kFile, bytes);
-        QString told;
-        boxes.catchNotice(u"Stipulations Editor"_s, &told);
+        QString message;
+        boxes.catchNotice(u"Stipulations Editor"_s, &message);
         press("Form1", "Command1");
         expectOnly("Form1");
         EXPECT_EQ(readBack(kFile), bytes);
-        return told;
+        return message;
     }
 
     const QByteArray plain = stipulation("Singles", "Plain");
@@ -121,10 +121,10 @@ private:
 TEST_F(HundredMegabytesInALine, IsRefusedAsAFileOfOneLine)
 {
     writeFile(kFile, longLine());
-    QString told;
-    boxes.catchNotice(u"Stipulations Editor"_s, &told);
+    QString message;
+    boxes.catchNotice(u"Stipulations Editor"_s, &message);
     press("Form1", "Command1");
-    EXPECT_TRUE(told.contains(u"lines found: 1"_s)) << told.toStdString();
+    EXPECT_TRUE(message.contains(u"lines found: 1"_s)) << message.toStdString();
     expectOnly("Form1");
     EXPECT_EQ(QFileInfo(utf8(kFile)).size(), kHundredMegabytes);
 }
@@ -135,12 +135,12 @@ TEST_F(HundredMegabytesInALine, CanBeListedAndDeletedButNotEdited)
     EXPECT_EQ(listed().front().substr(0, 12), "Singles / xx");
     EXPECT_LT(listed().front().size(), 6000U);
     select(0);
-    QString told;
-    boxes.catchNotice(u"Stipulations Editor"_s, &told);
+    QString message;
+    boxes.catchNotice(u"Stipulations Editor"_s, &message);
     press("Form16", "Command2");
     expectOnly("Form16");
-    EXPECT_TRUE(told.startsWith(u"Line 2 of this stipulation has 100000000 characters."_s))
-        << told.toStdString();
+    EXPECT_TRUE(message.startsWith(u"Line 2 of this stipulation has 100000000 characters."_s))
+        << message.toStdString();
     QString asked;
     boxes.catchQuestion(u"Delete Stipulation"_s, &asked, Answer::Yes);
     boxes.expectNotice(u"Delete"_s, u"Stipulation Deleted."_s);
@@ -184,21 +184,21 @@ protected:
     QString duplicateAtImport()
     {
         chooseFiles("Command4");
-        QString told;
-        boxes.catchNotice(u"Match Duplication"_s, &told);
+        QString message;
+        boxes.catchNotice(u"Match Duplication"_s, &message);
         import();
-        return told;
+        return message;
     }
 
     QString failedImport(const char *kind)
     {
         chooseFiles(kind);
-        QString told;
-        boxes.catchNotice(u"Import"_s, &told);
+        QString message;
+        boxes.catchNotice(u"Import"_s, &message);
         press("Form2", "Command8");
         expectStage2();
         EXPECT_EQ(folderContent(), "x.tvd");
-        return told;
+        return message;
     }
 };
 
@@ -215,8 +215,8 @@ TEST_F(OddBytesAtImport, AreComparedUnchanged)
     const QByteArray odd = oddStipulation();
     writeFile("x.tvd", odd + stipulation("Singles", everyByte()));
     writeFile("target.tvd", odd);
-    const QString told = duplicateAtImport();
-    EXPECT_TRUE(told.startsWith(u"The combination of match type: 1"_s)) << told.toStdString();
+    const QString message = duplicateAtImport();
+    EXPECT_TRUE(message.startsWith(u"The combination of match type: 1"_s)) << message.toStdString();
     EXPECT_EQ(readBack("target.tvd"), odd + stipulation("Singles", everyByte()));
 }
 
@@ -260,9 +260,9 @@ TEST_F(OddBytesAtImport, ADuplicateKeyOfAHundredMegabytesHasAShortMessage)
     const QByteArray odd = stipulation("Singles", QByteArray(kHundredMegabytes, 'x'));
     writeFile("x.tvd", odd);
     writeFile("target.tvd", odd);
-    const QString told = duplicateAtImport();
-    EXPECT_LT(told.size(), 6000);
-    EXPECT_TRUE(told.endsWith(u"already in the file target.tvd so will not be imported."_s));
+    const QString message = duplicateAtImport();
+    EXPECT_LT(message.size(), 6000);
+    EXPECT_TRUE(message.endsWith(u"already in the file target.tvd so will not be imported."_s));
     EXPECT_EQ(QFileInfo(u"target.tvd"_s).size(), odd.size());
 }
 

@@ -39,18 +39,18 @@ protected:
     /// Presses a button and expects an error message about the odd file, and no changes.
     void expectRefusal(ControlRef button, const QString &title)
     {
-        QString told;
-        boxes.catchNotice(title, &told);
+        QString message;
+        boxes.catchNotice(title, &message);
         press(button.screen, button.control);
-        expectNothingChanged(button.screen, told);
+        expectNothingChanged(button.screen, message);
     }
 
     /// Fails unless the message names the odd file and its cause and nothing has changed.
-    void expectNothingChanged(const char *screen, const QString &told)
+    void expectNothingChanged(const char *screen, const QString &message)
     {
-        EXPECT_TRUE(told.contains(u'"' + odd.file + u'"') || told.contains(u"[...]"_s))
-            << told.toStdString();
-        EXPECT_TRUE(told.contains(utf8(odd.cause))) << told.toStdString();
+        EXPECT_TRUE(message.contains(u'"' + odd.file + u'"') || message.contains(u"[...]"_s))
+            << message.toStdString();
+        EXPECT_TRUE(message.contains(utf8(odd.cause))) << message.toStdString();
         expectOnly(screen);
         EXPECT_EQ(wholeFolder(), before);
     }
@@ -82,10 +82,10 @@ protected:
         press("Form12", "Command2");
         type("Form13", "Text1", u"The end."_s);
         boxes.expectQuestion(title(), utf8(kInterviewPath.question), Answer::Yes);
-        QString told;
-        boxes.catchFailedSave(title(), &told);
+        QString message;
+        boxes.catchFailedSave(title(), &message);
         press("Form13", "Command1");
-        expectNothingChanged("Form13", told);
+        expectNothingChanged("Form13", message);
         EXPECT_EQ(text("Form13", "Text1"), u"The end."_s);
     }
 
@@ -114,11 +114,11 @@ TEST_F(FileOnScreens, ThatAPipeReplacedAfterListingIsRefused)
     ASSERT_TRUE(QFile::remove(u"x.tvd"_s));
     ASSERT_EQ(::mkfifo("x.tvd", 0600), 0);
     ::alarm(60);
-    QString told;
-    boxes.catchNotice(u"Import"_s, &told);
+    QString message;
+    boxes.catchNotice(u"Import"_s, &message);
     press("Form2", "Command8");
     ::alarm(0);
-    EXPECT_TRUE(told.contains(u"It is not an ordinary file."_s)) << told.toStdString();
+    EXPECT_TRUE(message.contains(u"It is not an ordinary file."_s)) << message.toStdString();
     EXPECT_EQ(folderContent(), "x.tvd");
 }
 
@@ -133,10 +133,10 @@ TEST_F(FileOnScreens, WithANulInItsNameIsRefusedAndTheShorterNameNotUsed)
     box.selectAll();
     QTest::keySequence(&box, QKeySequence::Paste);
     EXPECT_EQ(box.text(), name);
-    QString told;
-    boxes.catchNotice(u"Stipulations Editor"_s, &told);
+    QString message;
+    boxes.catchNotice(u"Stipulations Editor"_s, &message);
     press("Form1", "Command1");
-    EXPECT_TRUE(told.contains(u"no file name can have"_s)) << told.toStdString();
+    EXPECT_TRUE(message.contains(u"no file name can have"_s)) << message.toStdString();
     EXPECT_EQ(wholeFolder(), before);
 }
 

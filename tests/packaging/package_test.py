@@ -137,14 +137,14 @@ class Contents(Package):
         self.assertEqual(len(icons), 4)
 
     def test_all_files_have_the_version_of_the_program(self):
-        told = {"the package": run("dpkg-deb", "--field", self.file, "Version").strip()}
+        versions = {"the package": run("dpkg-deb", "--field", self.file, "Version").strip()}
         for path, pattern in ((PAGE, r'"Tarvold ([\d.]+)"'),
                               (f"{DOCUMENTS}/changelog.gz", r"^tarvold-editor \(([\d.]+)\)")):
             with gzip.open(self.unpacked(path), "rt", encoding="utf-8") as text:
-                told[path] = re.search(pattern, text.read(), re.M)[1]
+                versions[path] = re.search(pattern, text.read(), re.M)[1]
         with open(self.unpacked(METAINFO), encoding="utf-8") as text:
-            told[METAINFO] = re.search(r'<release version="([\d.]+)"', text.read())[1]
-        self.assertEqual(told, dict.fromkeys(told, self.version))
+            versions[METAINFO] = re.search(r'<release version="([\d.]+)"', text.read())[1]
+        self.assertEqual(versions, dict.fromkeys(versions, self.version))
 
     def test_the_packaged_program_is_hardened(self):
         hardening = os.path.join(HERE, "..", "hardening", "hardening_test.py")
@@ -158,9 +158,9 @@ class Validators(Package):
 
     def test_the_metainfo_has_no_findings(self):
         for what in (("validate", self.unpacked(METAINFO)), ("validate-tree", self.tree)):
-            said = run("appstreamcli", what[0], "--no-net", "--pedantic", "--no-color", what[1])
-            self.assertNotRegex(said, r"(?m)^\s*[EWIP]:")
-            self.assertIn("Validation was successful.", said)
+            output = run("appstreamcli", what[0], "--no-net", "--pedantic", "--no-color", what[1])
+            self.assertNotRegex(output, r"(?m)^\s*[EWIP]:")
+            self.assertIn("Validation was successful.", output)
 
     def test_the_man_page_has_no_findings(self):
         environment = dict(os.environ, LC_ALL="C.UTF-8", MANROFFSEQ="", MANWIDTH="80")
@@ -171,9 +171,9 @@ class Validators(Package):
         self.assertIn("TARVOLD", done.stdout)
 
     def test_the_package_has_no_findings(self):
-        said = run("lintian", "--allow-root", "--pedantic", "--display-info",
+        output = run("lintian", "--allow-root", "--pedantic", "--display-info",
                    "--fail-on", "error,warning,info,pedantic", self.file)
-        self.assertEqual(said, "")
+        self.assertEqual(output, "")
 
 
 class Installation(Package):
@@ -212,9 +212,9 @@ class Installation(Package):
     def check_window(self, window_class):
         """Expects the window to have the class of the desktop entry, and the icon in both sizes."""
         window = run("xdotool", "search", "--onlyvisible", "--name", f"^{SCREEN_TITLE}$").strip()
-        told = run("xprop", "-id", window, "WM_CLASS", "_NET_WM_ICON")
-        self.assertIn(f'"{window_class}"', told)
-        self.assertEqual(set(re.findall(r"Icon \((\d+) x \d+\)", told)), {"48", "128"})
+        properties = run("xprop", "-id", window, "WM_CLASS", "_NET_WM_ICON")
+        self.assertIn(f'"{window_class}\"', properties)
+        self.assertEqual(set(re.findall(r"Icon \((\d+) x \d+\)", properties)), {"48", "128"})
 
     def test_man_finds_the_page(self):
         environment = dict(os.environ, LC_ALL="C.UTF-8", MANWIDTH="80",

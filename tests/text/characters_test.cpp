@@ -98,13 +98,13 @@ protected:
     /// Tries to save and returns the message.
     QString refusal()
     {
-        QString told;
+        QString message;
         boxes.expectQuestion(title(), QLatin1StringView(flow().question), Answer::Yes);
-        boxes.catchNotice(title(), &told);
+        boxes.catchNotice(title(), &message);
         press(last(), "Command1");
         expectOnly(last());
         EXPECT_TRUE(QDir().isEmpty());
-        return told;
+        return message;
     }
 
     std::vector<std::size_t> m_pasted; ///< the lines of the record
@@ -134,7 +134,7 @@ TEST_P(Characters, UnsupportedCharactersAreRefusedInEveryField)
         const RecordField &field = layout()[line];
         SCOPED_TRACE(field.caption);
         const texts::Refused odd = texts::refusedAt(line);
-        EXPECT_EQ(refusal(), texts::toldOf(QString::fromUtf8(field.caption), odd.told));
+        EXPECT_EQ(refusal(), texts::refusalOf(QString::fromUtf8(field.caption), odd.character));
         EXPECT_EQ(editor.screens().text(field.source), odd.text);
         given(field.source.screen, field.source.control, u"fixed"_s);
     }
@@ -148,7 +148,7 @@ TEST_P(Characters, ALineEndFromAssistiveTechnologyIsRefused)
     type(last(), "Text1", u"The end."_s);
     QAccessibleInterface *box = QAccessible::queryAccessibleInterface(&control(last(), "Text2"));
     box->setText(QAccessible::Value, u"one\r\ntwo"_s);
-    EXPECT_EQ(refusal(), texts::toldOf(u"Commentary line 2"_s, u"U+000D"_s));
+    EXPECT_EQ(refusal(), texts::refusalOf(u"Commentary line 2"_s, u"U+000D"_s));
 }
 
 } // namespace

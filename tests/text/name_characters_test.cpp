@@ -44,10 +44,11 @@ protected:
         save(kInterviewPath);
     }
 
-    void expectRefused(const QString &told)
+    void expectRefused(const QString &message)
     {
-        EXPECT_TRUE(told.contains(u"The file name holds a character that no file name can have."_s))
-            << told.toStdString();
+        EXPECT_TRUE(
+            message.contains(u"The file name holds a character that no file name can have."_s))
+            << message.toStdString();
     }
 };
 
@@ -73,25 +74,25 @@ TEST_F(NameCharacters, InvalidOnesAreRefusedAndNothingIsWritten)
     const QStringList odds = {u"nul"_s + QChar(0) + u".tvd"_s,
                               u"half"_s + QChar(0xD83E) + u".tvd"_s};
     for (const QString &odd : odds) {
-        QString told;
+        QString message;
         pasteOver("Form1", "Text1", odd);
-        boxes.catchNotice(u"Stipulations Editor"_s, &told);
+        boxes.catchNotice(u"Stipulations Editor"_s, &message);
         press("Form1", "Command1");
-        expectRefused(told);
+        expectRefused(message);
 
         pasteOver("Form1", "Text6", odd);
         goToCommentary(kInterviewPath);
         type("Form13", "Text1", u"The end."_s);
         boxes.expectQuestion(title(), QLatin1StringView(kInterviewPath.question), Answer::Yes);
-        boxes.catchFailedSave(title(), &told);
+        boxes.catchFailedSave(title(), &message);
         press("Form13", "Command1");
-        expectRefused(told);
+        expectRefused(message);
         goBack(kInterviewPath);
 
         goToImport(odd);
-        boxes.catchNotice(u"Import"_s, &told);
+        boxes.catchNotice(u"Import"_s, &message);
         press("Form2", "Command8");
-        expectRefused(told);
+        expectRefused(message);
         press("Form2", "Command9");
         press("Form2", "Command1");
         EXPECT_EQ(folderEntries(), before);

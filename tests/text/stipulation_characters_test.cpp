@@ -76,7 +76,7 @@ protected:
     {
         const QString name = control("Form3", field).accessibleName();
         EXPECT_FALSE(name.isEmpty());
-        boxes.expectNotice(u"Stipulations Editor"_s, texts::toldOf(name, character));
+        boxes.expectNotice(u"Stipulations Editor"_s, texts::refusalOf(name, character));
         press("Form3", "Command2");
         expectOnly("Form3");
         EXPECT_EQ(readBack(kFile), file);
@@ -96,12 +96,12 @@ protected:
     void expectBreaksRefused(const char *field, const QByteArray &file)
     {
         SCOPED_TRACE(field);
-        for (const auto &[text, told] : {std::pair("one\rtwo", "U+000D"),
-                                         {"one\ntwo", "U+000A"},
-                                         {"one\r", "U+000D"},
-                                         {"one\r\ntwo", "U+000D"}}) {
+        for (const auto &[text, character] : {std::pair("one\rtwo", "U+000D"),
+                                              {"one\ntwo", "U+000A"},
+                                              {"one\r", "U+000D"},
+                                              {"one\r\ntwo", "U+000D"}}) {
             setByAssistiveTechnology(field, utf8(text));
-            expectRefused(field, utf8(told), file);
+            expectRefused(field, utf8(character), file);
         }
         put(field, "fixed");
     }
@@ -109,7 +109,7 @@ protected:
     void expectRefusedAndFix(const char *field, const texts::Refused &odd)
     {
         SCOPED_TRACE(field);
-        expectRefused(field, odd.told);
+        expectRefused(field, odd.character);
         EXPECT_EQ(shown(field), odd.text);
         put(field, "fixed");
     }

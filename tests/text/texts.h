@@ -24,7 +24,7 @@ struct Taken
 struct Refused
 {
     QString text;
-    QString told;
+    QString character; ///< as the message shows it
 };
 
 /// All 256 characters of the code page. CR and LF become spaces.
@@ -82,7 +82,7 @@ inline Refused refusedAt(std::size_t place)
 }
 
 /// The message about a character that no data file can contain.
-inline QString toldOf(const QString &field, const QString &character)
+inline QString refusalOf(const QString &field, const QString &character)
 {
     return u"The field \"%1\" holds the character %2, which the data files cannot "
            "hold.\n\nNothing was written, and everything that you typed is still "

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/// Remembers the last actions of the walk, and prints them if something goes wrong, even a crash.
+/// Records the last actions of the walk, and prints them if something goes wrong, even on a crash.
 namespace tarvold::testing::trace {
 
 /// From now on, prints the last actions on a crash, a failed assertion or a timeout of an action.

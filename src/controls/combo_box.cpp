@@ -1,6 +1,6 @@
 #include "controls/combo_box.h"
 
-#include "controls/list_rows.h"
+#include "controls/list_box.h"
 #include "controls/text_box.h"
 
 #include <QAbstractItemView>

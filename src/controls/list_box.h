@@ -1,10 +1,22 @@
 #pragma once
 
 #include <QListView>
+#include <QStyledItemDelegate>
 
 #include <optional>
 
 namespace tarvold {
+
+/// Draws the rows of all lists, and shows the text of a row that is too wide as a tooltip.
+class ListRows : public QStyledItemDelegate
+{
+    Q_OBJECT
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
+                   const QModelIndex &index) override;
+};
 
 /// The list box of all screens: at most one row is selected, and the list may be of any length.
 ///

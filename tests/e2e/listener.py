@@ -85,7 +85,8 @@ class Listener(Keyboard):
 
     def finish(self):
         self._wait("the last message", lambda: len(self._announced) >= len(ANNOUNCED))
-        expect(self._announced == ANNOUNCED, f"the program announced {self._announced} and not {ANNOUNCED}")
+        expect(self._announced == ANNOUNCED,
+               f"the program announced {self._announced}, not {ANNOUNCED}")
 
     def _insert_nowhere(self):
         """Tries to insert tags while no line is marked."""

@@ -56,7 +56,7 @@ def main():
     parser.add_argument("--by", choices=USERS, default="mouse", help="who uses the program")
     parser.add_argument("--timeout", type=float, default=60, help="seconds to wait for each step")
     parser.add_argument("--recording", metavar="FILE", help="the recording to write or replay")
-    parser.add_argument("--wine", metavar="DISK", help="run a Windows program, with this folder as its disk")
+    parser.add_argument("--wine", metavar="DISK", help="run a Windows program on this disk folder")
     parser.add_argument("--like", metavar="FOLDER", help="compare with the files of another tour")
     parser.add_argument("--watch", action="store_true", help="trace the program's system calls")
     parser.add_argument("--pictures", choices=("renew", "check"),

@@ -213,7 +213,7 @@ class Installation(Package):
         """Expects the window to have the class of the desktop entry, and the icon in both sizes."""
         window = run("xdotool", "search", "--onlyvisible", "--name", f"^{SCREEN_TITLE}$").strip()
         properties = run("xprop", "-id", window, "WM_CLASS", "_NET_WM_ICON")
-        self.assertIn(f'"{window_class}\"', properties)
+        self.assertIn(f'"{window_class}"', properties)
         self.assertEqual(set(re.findall(r"Icon \((\d+) x \d+\)", properties)), {"48", "128"})
 
     def test_man_finds_the_page(self):

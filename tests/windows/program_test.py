@@ -32,7 +32,8 @@ RESOURCE_DIRECTORY = struct.Struct("<12x2H")
 RESOURCE_ENTRY = struct.Struct("<2I")
 IS_DIRECTORY = 1 << 31
 FIXED_VERSION_MARK = struct.pack("<I", 0xFEEF04BD)
-FIXED_VERSION = struct.Struct("<8x4H")  # after the mark and the structure version: file version, minor part first
+# After the mark and the structure version: the file version, minor part first.
+FIXED_VERSION = struct.Struct("<8x4H")
 
 
 class WindowsProgram(unittest.TestCase):

@@ -1,52 +1,8 @@
 #include "datafiles/record.h"
 
-#include <array>
-
 namespace tarvold {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-struct FinisherCode
-{
-    QLatin1StringView word;
-    QLatin1StringView code;
-};
-
-constexpr std::array<FinisherCode, 4> kFinisherCodes = {{
-    {"Any"_L1, "Any"_L1},
-    {"Pin"_L1, "p"_L1},
-    {"Submission"_L1, "s"_L1},
-    {"Top Rope"_L1, "t"_L1},
-}};
-
-/// Deliberate: a word outside the list gives no line, the record is one line short, and no default
-/// is made up for it.
-std::optional<QString> codedFinisher(const QString &text)
-{
-    for (const FinisherCode &row : kFinisherCodes) {
-        if (text == row.word) {
-            return row.code;
-        }
-    }
-    return std::nullopt;
-}
-
-std::optional<QString> lineOf(Coding coding, const QString &text)
-{
-    switch (coding) {
-    case Coding::FinisherType:
-        return codedFinisher(text);
-    case Coding::BlankIfEmpty:
-        return text.isEmpty() ? QLatin1StringView(kBlankLine) : text;
-    case Coding::AsShown:
-        break;
-    }
-    return text;
-}
-
-} // namespace
 
 std::optional<FileError> whyNotWhole(QByteArrayView bytes, qsizetype lines, int linesPerRecord,
                                      const QString &record)

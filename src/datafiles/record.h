@@ -1,6 +1,7 @@
 #pragma once
 
 #include "datafiles/code_page.h"
+#include "datafiles/coding.h"
 #include "disk/file_error.h"
 
 #include <QByteArray>
@@ -19,13 +20,6 @@ struct ControlRef
 {
     const char *screen;
     const char *control;
-};
-
-/// How a control's text becomes a line of a record.
-enum class Coding {
-    AsShown,      ///< the text, unchanged
-    FinisherType, ///< "Any", "p", "s" or "t"; no line at all for a text outside the list
-    BlankIfEmpty, ///< the text, or "-BLANK-" when it is exactly empty
 };
 
 /// One line of a record.
@@ -47,9 +41,6 @@ inline constexpr char kLineEnd[] = "\r\n";
 /// \param record what the user calls a record
 std::optional<FileError> whyNotWhole(QByteArrayView bytes, qsizetype lines, int linesPerRecord,
                                      const QString &record = u"record"_s);
-
-/// Stands for an empty commentary line 2 to 10.
-inline constexpr char kBlankLine[] = "-BLANK-";
 
 /// A character that no data file can hold, and the field that it was found in.
 struct MissingCharacter

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "datafiles/stipulation_format.h"
 #include "disk/file_error.h"
 
 #include <QByteArray>
@@ -20,7 +21,7 @@ namespace tarvold {
 class StipulationTable
 {
 public:
-    static constexpr int kLinesPerRecord = 19;
+    static constexpr int kLinesPerRecord = int(kStipulationFormat.size());
 
     /// The lines of one stipulation to be stored.
     using Record = std::array<std::optional<QByteArray>, kLinesPerRecord>;

@@ -1,9 +1,13 @@
 #include "stipulations/form_tables.h"
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
 namespace tarvold::stipulationform {
+
+using namespace stipulationfields;
+
 namespace {
 
 constexpr const char *kMatchTypes[] = {
@@ -28,30 +32,8 @@ constexpr const char *kMatchTypes[] = {
     "Battle Royal",
 };
 constexpr const char *kYesNo[] = {"Yes", "No"};
-constexpr const char *kQualityItems[] = {"Just Standard Ability", "Just Hardcore Ability",
-                                         "50% Standard, 50% Hardcore"};
-
-constexpr Bar kInjuryRisk = {
+constexpr Bar kRiskBar = {
     .valueLabel = "risk", .designText = "5%", .prefix = "", .followsDrag = true};
-
-// clang-format off
-constexpr Field kUpperFields[] = {
-    {.control = "matchtype",    .label = "Label1", .caption = "Connected With Match Type:",            .items = kMatchTypes},
-    {.control = "stipulation",  .label = "Label2", .caption = "Name Of Stipulation:"},
-    {.control = "matchshowsas", .label = "Label3", .caption = "Shows On Results Screen As:"},
-    {.control = "dqposs",       .label = "Label4", .caption = "Is DQ Possible In This Match?:",        .items = kYesNo},
-    {.control = "usedefault",   .label = "Label5", .caption = "Use Default Commentary Also?:",         .items = kYesNo},
-    {.control = "runins",       .label = "Label6", .caption = "Can There Be Run-Ins For This Match?:", .items = kYesNo},
-    {.control = "HScroll1",     .label = "Label7", .caption = "Injury Risk (5% = Normal)",             .bar = &kInjuryRisk},
-};
-
-constexpr Field kLowerFields[] = {
-    {.control = "exclusive",    .label = "Label15", .caption = "Exclusive To A Promotion?:",           .items = kYesNo},
-    {.control = "prominitials", .label = "Label16", .caption = "Promotion Initials:"},
-    {.control = "matchquality", .label = "Label17", .caption = "Rate Match Quality By:",               .items = kQualityItems},
-    {.control = "titleneeded",  .label = "Label18", .caption = "Does a title have to be on the line?:", .items = kYesNo},
-};
-// clang-format on
 
 /// "NA" and the numbers, kept for the whole run.
 const std::vector<const char *> &naAndNumbers()
@@ -75,48 +57,88 @@ const std::vector<const char *> &naAndNumbers()
     return items;
 }
 
+/// Kept for the whole run.
+const std::vector<const char *> &qualityItems()
+{
+    static const std::vector<const char *> items = [] {
+        std::vector<const char *> made;
+        for (const CodedText &quality : codedTexts(Coding::QualityWord)) {
+            made.push_back(quality.text);
+        }
+        return made;
+    }();
+    return items;
+}
+
 } // namespace
 
+// clang-format off
+constexpr std::array<FormLine, kStipulationFormat.size()> kLines = {{
+    {&kMatchType,         "matchtype",    "Singles"},
+    {&kName,              "stipulation",  ""},
+    {&kShownAs,           "matchshowsas", ""},
+    {&kDqPossible,        "dqposs",       "Yes"},
+    {&kDefaultCommentary, "usedefault",   "No"},
+    {&kReserved,          nullptr,        "No"},
+    {&kRunIns,            "runins",       "Yes"},
+    {&kInjuryRisk,        "HScroll1",     "5"},
+    {&kDrawCurrent,       "drawcurrent",  "50"},
+    {&kEntCurrent,        "entcurrent",   "50"},
+    {&kDrawMaximum,       "drawmax",      "50"},
+    {&kEntMaximum,        "entmax",       "50"},
+    {&kDrawDecrease,      "drawdec",      "NA"},
+    {&kEntDecrease,       "entdec",       "NA"},
+    {&kDrawIncrease,      "drawinc",      "NA"},
+    {&kEntIncrease,       "entinc",       "NA"},
+    {&kPromotion,         "prominitials", "No"},
+    {&kQuality,           "matchquality", "No"},
+    {&kTitleNeeded,       "titleneeded",  "No"},
+}};
+// clang-format on
+static_assert(std::equal(kLines.begin(), kLines.end(), kStipulationFormat.begin(),
+                         [](const FormLine &line, const StipulationField *field) {
+                             return line.field == field;
+                         }));
+
 const std::array<ValueColumn, 4> kValueColumns = {{
-    {"Label10", "Current", "drawcurrent", "entcurrent", false},
-    {"Label11", "Maximum", "drawmax", "entmax", false},
-    {"Label12", "When Used, Decrease By", "drawdec", "entdec", true},
-    {"Label13", "Increase Daily By", "drawinc", "entinc", true},
+    {"Label10", "Current", &kDrawCurrent, &kEntCurrent, false},
+    {"Label11", "Maximum", &kDrawMaximum, &kEntMaximum, false},
+    {"Label12", "When Used, Decrease By", &kDrawDecrease, &kEntDecrease, true},
+    {"Label13", "Increase Daily By", &kDrawIncrease, &kEntIncrease, true},
 }};
 
-/// Line 6 is always "No"; lines 8, 17 and 18 are not shown as they are.
-const std::array<PlainLine, 15> kPlainLines = {{
-    {1, "matchtype", "Singles"},
-    {2, "stipulation", ""},
-    {3, "matchshowsas", ""},
-    {4, "dqposs", "Yes"},
-    {5, "usedefault", "No"},
-    {7, "runins", "Yes"},
-    {9, "drawcurrent", "50"},
-    {10, "entcurrent", "50"},
-    {11, "drawmax", "50"},
-    {12, "entmax", "50"},
-    {13, "drawdec", "NA"},
-    {14, "entdec", "NA"},
-    {15, "drawinc", "NA"},
-    {16, "entinc", "NA"},
-    {19, "titleneeded", "No"},
-}};
-
-const std::array<QualityWord, 3> kQualities = {{
-    {"Just Standard Ability", "No"},
-    {"Just Hardcore Ability", "Yes"},
-    {"50% Standard, 50% Hardcore", "Both"},
-}};
-
+// clang-format off
 std::span<const Field> upperFields()
 {
-    return kUpperFields;
+    static constexpr Field kFields[] = {
+        {.control = "matchtype",    .label = "Label1", .caption = kMatchType.name,         .items = kMatchTypes},
+        {.control = "stipulation",  .label = "Label2", .caption = kName.name},
+        {.control = "matchshowsas", .label = "Label3", .caption = kShownAs.name},
+        {.control = "dqposs",       .label = "Label4", .caption = kDqPossible.name,        .items = kYesNo},
+        {.control = "usedefault",   .label = "Label5", .caption = kDefaultCommentary.name, .items = kYesNo},
+        {.control = "runins",       .label = "Label6", .caption = kRunIns.name,            .items = kYesNo},
+        {.control = "HScroll1",     .label = "Label7", .caption = kInjuryRisk.name,        .bar = &kRiskBar},
+    };
+    return kFields;
 }
 
 std::span<const Field> lowerFields()
 {
-    return kLowerFields;
+    static const Field kFields[] = {
+        {.control = "exclusive",    .label = "Label15", .caption = "Exclusive To A Promotion?:", .items = kYesNo},
+        {.control = "prominitials", .label = "Label16", .caption = kPromotion.name},
+        {.control = "matchquality", .label = "Label17", .caption = kQuality.name,                .items = qualityItems()},
+        {.control = "titleneeded",  .label = "Label18", .caption = kTitleNeeded.name,            .items = kYesNo},
+    };
+    return kFields;
+}
+// clang-format on
+
+const char *controlOf(const StipulationField &field)
+{
+    return std::find_if(kLines.begin(), kLines.end(),
+                        [&field](const FormLine &line) { return line.field == &field; })
+        ->control;
 }
 
 Items valueItems(bool offersNa)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "datafiles/stipulation_format.h"
 #include "screens/form_grid.h"
 
 #include <array>
@@ -12,35 +13,32 @@ namespace tarvold::stipulationform {
 std::span<const Field> upperFields();
 std::span<const Field> lowerFields();
 
+/// A line of a stipulation on the form.
+struct FormLine
+{
+    const StipulationField *field;
+    const char *control;  ///< where its text is shown; none for a line that the form does not show
+    const char *newValue; ///< the line that a new stipulation starts from
+};
+
+/// All lines, in the order of kStipulationFormat.
+extern const std::array<FormLine, kStipulationFormat.size()> kLines;
+
 /// A column of the table of values: its caption and its two combo boxes.
 struct ValueColumn
 {
     const char *label;
     const char *caption;
-    const char *draw;
-    const char *entertainment;
+    const StipulationField *draw;
+    const StipulationField *entertainment;
     bool offersNa; ///< "NA" stands before the numbers
 };
 extern const std::array<ValueColumn, 4> kValueColumns;
 
+/// The control of a field that the form shows.
+const char *controlOf(const StipulationField &field);
+
 /// "NA", "1" to "100", or the numbers alone.
 Items valueItems(bool offersNa);
-
-/// A line of a record that a control shows as it is.
-struct PlainLine
-{
-    int line; ///< from 1
-    const char *control;
-    const char *newValue; ///< what a new stipulation starts from
-};
-extern const std::array<PlainLine, 15> kPlainLines;
-
-/// What the quality combo box offers, and the words in the file.
-struct QualityWord
-{
-    const char *item;
-    const char *word;
-};
-extern const std::array<QualityWord, 3> kQualities;
 
 } // namespace tarvold::stipulationform

@@ -21,6 +21,9 @@ namespace tarvold {
 
 using namespace Qt::StringLiterals;
 
+using stipulationform::FormLine;
+using stipulationform::kLines;
+
 namespace {
 
 constexpr ControlRef kListPosition = {"Form16", "listpos"};
@@ -31,24 +34,13 @@ struct ValueRow
 {
     const char *label;
     const char *caption;
-    const char *stipulationform::ValueColumn::*control;
+    const StipulationField *stipulationform::ValueColumn::*field;
 };
 
 constexpr ValueRow kValueRows[] = {
     {"Label9", "Match Draw Value:", &stipulationform::ValueColumn::draw},
     {"Label14", "Match Entertainment Value:", &stipulationform::ValueColumn::entertainment},
 };
-
-/// What the quality combo box shows for a word of the file; nothing for an unknown one.
-const char *qualityItem(QByteArrayView word)
-{
-    for (const stipulationform::QualityWord &quality : stipulationform::kQualities) {
-        if (word == QByteArrayView(quality.word)) {
-            return quality.item;
-        }
-    }
-    return nullptr;
-}
 
 } // namespace
 
@@ -91,15 +83,14 @@ void Form3::addValueTable()
         grid->addWidget(newLabel(row.label, row.caption), line, 0);
         for (int place = 1; const stipulationform::ValueColumn &values : kValueColumns) {
             const Items items = stipulationform::valueItems(values.offersNa);
-            QWidget *combo = formgrid::newControl(*this, {.control = values.*row.control,
-                                                          .label = "",
-                                                          .caption = row.caption,
-                                                          .items = items});
-            const QString name =
-                QLatin1StringView(row.caption) + u' ' + QLatin1StringView(values.caption);
-            controls::describe(*combo, name);
+            const StipulationField &field = *(values.*row.field);
+            QWidget *combo =
+                formgrid::newControl(*this, {.control = stipulationform::controlOf(field),
+                                             .label = "",
+                                             .caption = field.name,
+                                             .items = items});
             // A combo box bears its text for a name; only a label of its own names it to all.
-            auto *spoken = new QLabel(name, column().parentWidget());
+            auto *spoken = new QLabel(QLatin1StringView(field.name), column().parentWidget());
             spoken->hide();
             spoken->setBuddy(combo);
             grid->addWidget(combo, line, place++);
@@ -127,60 +118,59 @@ QWidget *Form3::firstField() const
 void Form3::showDefaults(const StipulationTable &table)
 {
     m_table = &table;
-    for (const stipulationform::PlainLine &plain : stipulationform::kPlainLines) {
-        setText(plain.control, QLatin1StringView(plain.newValue));
+    for (const FormLine &line : kLines) {
+        show(line, line.newValue);
     }
-    showInjuryRisk(u"5"_s);
-    showExclusive(QLatin1StringView(kNo));
-    setText("matchquality", QLatin1StringView(stipulationform::kQualities.front().item));
 }
 
 void Form3::showRecords(const StipulationTable &table, const std::vector<int> &indexes)
 {
     m_table = &table;
-    const auto line = [&table, last = indexes.back()](int number) {
-        return codepage::decode(table.line(last + number - 1));
-    };
-    for (const stipulationform::PlainLine &plain : stipulationform::kPlainLines) {
-        setText(plain.control, line(plain.line));
-    }
-    showInjuryRisk(line(8));
-    showExclusive(line(17));
-    showQuality(indexes);
-}
-
-void Form3::showInjuryRisk(const QString &line)
-{
-    auto &bar = control<QScrollBar>("HScroll1");
-    bar.setValue(qBound(bar.minimum(), controls::numericValue(line), bar.maximum()));
-    setText("risk", line + u'%');
-}
-
-void Form3::showExclusive(const QString &line)
-{
-    const bool isExclusive = line != QLatin1StringView(kNo);
-    setText("exclusive", QLatin1StringView(isExclusive ? kYes : kNo));
-    setText("prominitials", isExclusive ? line : QString());
-}
-
-void Form3::showQuality(const std::vector<int> &indexes)
-{
-    const auto itemOf = [this](int index) { return qualityItem(m_table->line(index + 17)); };
-    // Backwards, to set the box once: a hand-made file may have thousands that look the same.
-    const auto last = std::find_if(indexes.rbegin(), indexes.rend(), itemOf);
-    if (last != indexes.rend()) {
-        setText("matchquality", QLatin1StringView(itemOf(*last)));
-    }
-}
-
-std::optional<QString> Form3::qualityLine() const
-{
-    for (const auto &[item, word] : stipulationform::kQualities) {
-        if (text("matchquality") == QLatin1StringView(item)) {
-            return QLatin1StringView(word);
+    for (int offset = 0; const FormLine &line : kLines) {
+        // What a stipulation cannot show stays as the one before it showed it. Backwards, to set
+        // each control once: a hand-made file may have thousands that look the same.
+        auto index = indexes.rbegin();
+        while (index != indexes.rend() && !show(line, table.line(*index + offset))) {
+            ++index;
         }
+        ++offset;
     }
-    return std::nullopt;
+}
+
+bool Form3::show(const FormLine &line, QByteArrayView bytes)
+{
+    const std::optional<QString> shown = textOf(line.field->coding, bytes);
+    if (!shown) {
+        return false;
+    }
+    const Coding coding = line.field->coding;
+    if (coding == Coding::Number) {
+        showNumber(line.control, *shown);
+    } else if (coding == Coding::NoOrText) {
+        const bool isNo = *shown == QLatin1StringView(kNo);
+        setText("exclusive", QLatin1StringView(isNo ? kNo : kYes));
+        setText(line.control, isNo ? QString() : *shown);
+    } else if (line.control != nullptr) {
+        setText(line.control, *shown);
+    }
+    return true;
+}
+
+void Form3::showNumber(const char *control, const QString &text)
+{
+    auto &bar = this->control<QScrollBar>(control);
+    bar.setValue(qBound(bar.minimum(), controls::numericValue(text), bar.maximum()));
+    setText("risk", text + u'%');
+}
+
+QString Form3::textFor(const FormLine &line) const
+{
+    if (line.control == nullptr) {
+        return {};
+    }
+    const bool isNo =
+        line.field->coding == Coding::NoOrText && text("exclusive") == QLatin1StringView(kNo);
+    return isNo ? QLatin1StringView(kNo) : text(line.control);
 }
 
 int Form3::countDuplicates() const
@@ -216,46 +206,37 @@ bool Form3::passesChecks()
     return passed;
 }
 
-std::optional<QByteArrayView> Form3::loadedLine(int number) const
+std::optional<QByteArrayView> Form3::loadedLine(int offset) const
 {
     const QString position = m_screens.text(kListPosition);
     if (position == QLatin1StringView(kNew)) {
         return std::nullopt;
     }
-    return m_table->line(controls::numericValue(position) + number - 1);
+    return m_table->line(controls::numericValue(position) + offset);
 }
 
-codepage::Encoded Form3::encoded(int number, const QString &text) const
+codepage::Encoded Form3::encoded(int offset, const QString &line) const
 {
-    const auto loaded = loadedLine(number);
-    const bool isUnchanged = loaded && text == codepage::decode(*loaded);
-    return isUnchanged ? codepage::Encoded{loaded->toByteArray(), {}} : encodeLine(text);
+    const auto loaded = loadedLine(offset);
+    const bool isUnchanged = loaded && line == codepage::decode(*loaded);
+    return isUnchanged ? codepage::Encoded{loaded->toByteArray(), {}} : encodeLine(line);
 }
 
 std::optional<StipulationTable::Record> Form3::composed()
 {
     StipulationTable::Record record;
-    std::optional<MissingCharacter> missing;
-    const auto put = [this, &record, &missing](int line, const char *control, const QString &text) {
-        const codepage::Encoded bytes = encoded(line, text);
-        if (bytes.missing && !missing) {
-            missing = {this->control(control).accessibleName(), *bytes.missing};
+    for (int offset = 0; const FormLine &line : kLines) {
+        if (const auto text = lineOf(line.field->coding, textFor(line))) {
+            const codepage::Encoded bytes = encoded(offset, *text);
+            if (bytes.missing) {
+                const MissingCharacter missing = {QLatin1StringView(line.field->name),
+                                                  *bytes.missing};
+                messagebox::notice(this, u"Stipulations Editor"_s, failures::cannotHold(missing));
+                return std::nullopt;
+            }
+            record.at(std::size_t(offset)) = bytes.bytes;
         }
-        record.at(std::size_t(line - 1)) = bytes.bytes;
-    };
-    for (const stipulationform::PlainLine &plain : stipulationform::kPlainLines) {
-        put(plain.line, plain.control, text(plain.control));
-    }
-    record.at(5) = kNo; // line 6 is reserved
-    put(8, "HScroll1", text("HScroll1"));
-    const bool isForAll = text("exclusive") == QLatin1StringView(kNo);
-    put(17, "prominitials", isForAll ? QString(QLatin1StringView(kNo)) : text("prominitials"));
-    if (const auto quality = qualityLine()) {
-        put(18, "matchquality", *quality);
-    }
-    if (missing) {
-        messagebox::notice(this, u"Stipulations Editor"_s, failures::cannotHold(*missing));
-        return std::nullopt;
+        ++offset;
     }
     return record;
 }

@@ -11,6 +11,10 @@ namespace tarvold {
 
 class Screens;
 
+namespace stipulationform {
+struct FormLine;
+}
+
 /// The form of one match stipulation.
 ///
 /// It shows and checks; the list opens it, keeps the table and stores what the form submits. Which
@@ -47,18 +51,20 @@ private:
     void addForm();
     void addValueTable();
     void addButtons();
-    void showInjuryRisk(const QString &line);
-    void showExclusive(const QString &line);
-    void showQuality(const std::vector<int> &indexes);
+    /// Shows a line of a record; `false` for one that its control cannot show.
+    bool show(const stipulationform::FormLine &line, QByteArrayView bytes);
+    void showNumber(const char *control, const QString &text);
+    /// What the form shows for a line.
+    QString textFor(const stipulationform::FormLine &line) const;
     void save();
     bool passesChecks();
     int countDuplicates() const;
-    std::optional<QString> qualityLine() const;
     /// A line of the edited stipulation, as it was loaded; none of a new one.
-    std::optional<QByteArrayView> loadedLine(int number) const;
-    /// A line as bytes. What nobody changed is what was loaded, be it something that no field
-    /// takes.
-    codepage::Encoded encoded(int number, const QString &text) const;
+    /// \param offset behind its first line
+    std::optional<QByteArrayView> loadedLine(int offset) const;
+    /// A line as bytes. What nobody changed is what was loaded, even if a field would refuse it.
+    codepage::Encoded encoded(int offset, const QString &line) const;
+    /// The record to store. Tells the user when it cannot be written.
     std::optional<StipulationTable::Record> composed();
 
     Screens &m_screens;

@@ -8,6 +8,7 @@
 #include "datafiles/code_page.h"
 #include "datafiles/data_file_kind.h"
 #include "datafiles/file_name.h"
+#include "datafiles/stipulation_format.h"
 #include "screens/failures.h"
 #include "screens/keys.h"
 #include "screens/main_menu.h"
@@ -166,17 +167,14 @@ bool Form16::fitsTheForm()
 {
     // Qt lays out every character of a box, each time it changes.
     constexpr qsizetype kMostCharacters = 1'000'000;
-    constexpr int kNeverShown = 6;
-    for (int number = 1; number <= StipulationTable::kLinesPerRecord; ++number) {
-        if (number == kNeverShown) {
-            continue;
-        }
+    for (int number = 1; const StipulationField *field : kStipulationFormat) {
         const qsizetype length = m_stipulations.line(listPosition() + number - 1).size();
-        if (length > kMostCharacters) {
+        if (length > kMostCharacters && field->coding != Coding::AlwaysNo) {
             messagebox::notice(this, QLatin1StringView(kTitle),
                                failures::tooLongToEdit(number, length, kMostCharacters));
             return false;
         }
+        ++number;
     }
     return true;
 }

@@ -22,10 +22,9 @@ QString valueWord(Coding coding)
         return u"finisher code"_s;
     case Coding::BlankIfEmpty:
         return u"`-BLANK-` if empty"_s;
-    case Coding::AsShown:
-        break;
+    default:
+        return u"as shown"_s;
     }
-    return u"as shown"_s;
 }
 
 /// The table that describes a layout.

@@ -5,8 +5,6 @@
 #include "support/editor_test.h"
 #include "support/print.h"
 
-#include <map>
-
 namespace tarvold::testing {
 
 using namespace Qt::StringLiterals;
@@ -14,6 +12,22 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr char kForm[] = "Form3";
+
+QString valueWord(Coding coding)
+{
+    switch (coding) {
+    case Coding::Number:
+        return u"the digits"_s;
+    case Coding::QualityWord:
+        return u"quality word"_s;
+    case Coding::NoOrText:
+        return u"`No` or the initials"_s;
+    case Coding::AlwaysNo:
+        return u"always `No`"_s;
+    default:
+        return u"as shown"_s;
+    }
+}
 
 class StipulationFormat : public EditorTest
 {
@@ -26,10 +40,14 @@ protected:
         }
     }
 
-    DocumentRow rowFor(int line, const char *control, const QString &value)
+    /// The row for a line of the form. One without a control has no field to be named by.
+    DocumentRow rowFor(int number, const stipulationform::FormLine &line)
     {
-        return {QString::number(line), this->control(kForm, control).accessibleName(),
-                u"Form3, "_s + QLatin1StringView(control), value};
+        if (line.control == nullptr) {
+            return {QString::number(number), u"none"_s, u"none"_s, valueWord(line.field->coding)};
+        }
+        return {QString::number(number), control(kForm, line.control).accessibleName(),
+                u"Form3, "_s + QLatin1StringView(line.control), valueWord(line.field->coding)};
     }
 
     std::vector<DocumentRow> rows;
@@ -37,20 +55,20 @@ protected:
 
 TEST_F(StipulationFormat, EveryRowIsALineOfTheForm)
 {
-    std::map<int, DocumentRow> expected;
-    for (const stipulationform::PlainLine &plain : stipulationform::kPlainLines) {
-        expected[plain.line] = rowFor(plain.line, plain.control, u"as shown"_s);
+    ASSERT_EQ(rows.size(), stipulationform::kLines.size());
+    for (int number = 1; const stipulationform::FormLine &line : stipulationform::kLines) {
+        EXPECT_EQ(rows.at(std::size_t(number - 1)), rowFor(number, line));
+        ++number;
     }
-    // These are not shown as they are.
-    expected[6] = {u"6"_s, u"none"_s, u"none"_s, u"always `No`"_s};
-    expected[8] = rowFor(8, "HScroll1", u"the digits"_s);
-    expected[17] = rowFor(17, "prominitials", u"`No` or the initials"_s);
-    expected[18] = rowFor(18, "matchquality", u"quality word"_s);
+}
 
-    ASSERT_EQ(rows.size(), expected.size());
-    std::size_t row = 0;
-    for (const auto &[line, expectedRow] : expected) {
-        EXPECT_EQ(rows[row++], expectedRow);
+TEST_F(StipulationFormat, EveryControlBearsTheNameOfItsField)
+{
+    for (const stipulationform::FormLine &line : stipulationform::kLines) {
+        if (line.control != nullptr) {
+            EXPECT_EQ(control(kForm, line.control).accessibleName(),
+                      QLatin1StringView(line.field->name));
+        }
     }
 }
 

@@ -69,10 +69,10 @@ void flushWriteBuffers()
 
 void importOrDie(DataFileKind kind)
 {
-    const auto failure = tarvold::importRecords({kSource, kTarget, kind}, [](const QString &) {
+    const auto imported = tarvold::importRecords({kSource, kTarget, kind}, [](const QString &) {
         qFatal("a record was reported as a duplicate");
     });
-    if (failure) {
+    if (!imported) {
         qFatal("the import failed");
     }
 }

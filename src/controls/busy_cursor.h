@@ -16,4 +16,17 @@ public:
     BusyCursor &operator=(BusyCursor &&) = delete;
 };
 
+/// Shows the usual cursor while a busy program waits for an answer, for as long as it lives. A
+/// BusyCursor has to live around it.
+class BusyCursorPause
+{
+public:
+    BusyCursorPause() { QApplication::restoreOverrideCursor(); }
+    ~BusyCursorPause() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    BusyCursorPause(const BusyCursorPause &) = delete;
+    BusyCursorPause &operator=(const BusyCursorPause &) = delete;
+    BusyCursorPause(BusyCursorPause &&) = delete;
+    BusyCursorPause &operator=(BusyCursorPause &&) = delete;
+};
+
 } // namespace tarvold

@@ -6,7 +6,6 @@
 #include <QString>
 
 #include <functional>
-#include <optional>
 
 namespace tarvold {
 
@@ -18,7 +17,7 @@ struct ImportRequest
     DataFileKind kind;
 };
 
-/// A file that kept an import from being done.
+/// Which file made an import fail, and why.
 struct ImportFailure
 {
     QString file;
@@ -29,9 +28,9 @@ struct ImportFailure
 ///
 /// Records whose first line is empty are left out. So are stipulations whose match type and name
 /// the target already has; `tellDuplicate` is called with a message for each match, in the order of
-/// the source and, within that, of the target, and may take its time. All or nothing: after a
-/// failure the target is as it was, unless the error says otherwise.
-[[nodiscard]] std::optional<ImportFailure>
+/// the source and, within that, of the target, and may block. Atomic: after a failure the
+/// target is as it was, unless the error says otherwise.
+[[nodiscard]] tl::expected<void, ImportFailure>
 importRecords(const ImportRequest &request,
               const std::function<void(const QString &)> &tellDuplicate);
 

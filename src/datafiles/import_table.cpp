@@ -8,23 +8,27 @@
 
 namespace tarvold {
 
-std::optional<FileError> ImportTable::load(QByteArray bytes, int linesPerRecord)
+Result<ImportTable> ImportTable::of(QByteArray bytes, int linesPerRecord)
 {
-    m_bytes = std::move(bytes);
-    m_starts.clear();
-    const qsizetype given = m_bytes.size();
-    if (!m_bytes.isEmpty() && !m_bytes.endsWith(kLineEnd)) {
-        m_bytes.append(kLineEnd); // the last line counts without its end, and is written with it
+    ImportTable table;
+    table.m_bytes = std::move(bytes);
+    const qsizetype given = table.m_bytes.size();
+    if (given > 0 && !table.m_bytes.endsWith(kLineEnd)) {
+        table.m_bytes.append(kLineEnd); // the last line counts without its end, and gets one
     }
     qsizetype lines = 0;
-    for (LineReader reader(m_bytes); !reader.atEnd(); ++lines) {
+    for (LineReader reader(table.m_bytes); !reader.atEnd(); ++lines) {
         const char *const line = reader.readLine().data();
         if (lines % linesPerRecord == 0) {
-            m_starts.push_back(line - m_bytes.constData());
+            table.m_starts.push_back(line - table.m_bytes.constData());
         }
     }
-    m_skipped.assign(m_starts.size(), false);
-    return whyNotWhole(QByteArrayView(m_bytes).first(given), lines, linesPerRecord);
+    table.m_skipped.assign(table.m_starts.size(), false);
+    if (auto error =
+            whyNotWhole(QByteArrayView(table.m_bytes).first(given), lines, linesPerRecord)) {
+        return tl::unexpected(*error);
+    }
+    return table;
 }
 
 QByteArrayView ImportTable::item(int list, int record) const
@@ -47,8 +51,7 @@ void ImportTable::skip(int record)
 
 QByteArray ImportTable::takeWritten()
 {
-    // The records move together inside the bytes: a second copy of a large file would be a
-    // waste.
+    // The records move together inside the bytes: a large file is not copied.
     char *const bytes = m_bytes.data();
     qsizetype size = 0;
     for (int record = 0; record < recordCount(); ++record) {

@@ -4,7 +4,6 @@
 
 #include <QByteArray>
 
-#include <optional>
 #include <vector>
 
 namespace tarvold {
@@ -12,13 +11,13 @@ namespace tarvold {
 /// The records of an import's source file, as a table of 44 lists, `import0` to `import43`: item i
 /// of list K is line K + 1 of record i.
 ///
-/// Only the file's bytes and where each record starts are stored; a list is a way to look at them.
+/// Only the file's bytes and where each record starts are stored; a list is a view of them.
 class ImportTable
 {
 public:
-    /// Takes a source file's bytes. An error tells where the file is cut short.
+    /// The table of a source file's bytes. The error says where the file is cut short.
     /// \param linesPerRecord how many lists are used
-    [[nodiscard]] std::optional<FileError> load(QByteArray bytes, int linesPerRecord);
+    [[nodiscard]] static Result<ImportTable> of(QByteArray bytes, int linesPerRecord);
 
     /// How many records the source has.
     int recordCount() const { return static_cast<int>(m_starts.size()); }

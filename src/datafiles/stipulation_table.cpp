@@ -16,6 +16,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+using Lines = std::vector<QByteArrayView>;
+
 constexpr char kSeparator[] = " / ";
 
 /// How many line feeds there are: what the table will need room for. Counts of short blocks fit
@@ -37,7 +39,7 @@ std::size_t countLineFeeds(QByteArrayView bytes)
 }
 
 /// How many bytes the lines take in a file.
-qsizetype sizeOf(const StipulationTable::Snapshot &lines)
+qsizetype sizeOf(const Lines &lines)
 {
     qsizetype size = 0;
     for (const QByteArrayView line : lines) {
@@ -46,7 +48,7 @@ qsizetype sizeOf(const StipulationTable::Snapshot &lines)
     return size;
 }
 
-/// Whether a line stands right behind another one in the bytes of the file that was read.
+/// Whether a line directly follows another one in the bytes of the file that was read.
 bool followsInFile(QByteArrayView line, QByteArrayView next, QByteArrayView file)
 {
     const auto isInFile = [file](const char *place) {
@@ -58,7 +60,7 @@ bool followsInFile(QByteArrayView line, QByteArrayView next, QByteArrayView file
 
 /// All lines as the bytes of a file. Lines that follow each other in the file that was read, which
 /// are nearly all, are copied in one go with the line ends between them.
-QByteArray joined(const StipulationTable::Snapshot &lines, QByteArrayView file)
+QByteArray joined(const Lines &lines, QByteArrayView file)
 {
     QByteArray bytes(sizeOf(lines), Qt::Uninitialized);
     char *to = bytes.data();
@@ -75,24 +77,24 @@ QByteArray joined(const StipulationTable::Snapshot &lines, QByteArrayView file)
 
 } // namespace
 
-std::optional<FileError> StipulationTable::load(const QString &name)
+Result<void> StipulationTable::load(const QString &name)
 {
     const bool wasMissing = !name.isEmpty() && !fileExists(name);
-    const auto made = wasMissing ? appendToFile(name, {}) : Result<void>();
-    auto error = made ? read(name) : std::optional(made.error());
-    if (error && wasMissing && fileExists(name)) {
-        error->outcome = FileOutcome::MaybeChanged;
+    const auto created = wasMissing ? appendToFile(name, {}) : Result<void>();
+    Result<void> loaded = created ? read(name) : created;
+    if (!loaded && wasMissing && fileExists(name)) {
+        loaded.error().outcome = FileOutcome::MaybeChanged;
     }
-    return error;
+    return loaded;
 }
 
-std::optional<FileError> StipulationTable::read(const QString &name)
+Result<void> StipulationTable::read(const QString &name)
 {
     Result<QByteArray> bytes = readFile(name);
     if (!bytes) {
-        return bytes.error();
+        return tl::unexpected(bytes.error());
     }
-    Snapshot lines;
+    Lines lines;
     lines.reserve(countLineFeeds(*bytes) + 1);
     LineReader reader(*bytes);
     while (!reader.atEnd()) {
@@ -100,27 +102,47 @@ std::optional<FileError> StipulationTable::read(const QString &name)
     }
     if (auto error =
             whyNotWhole(*bytes, qsizetype(lines.size()), kLinesPerRecord, u"stipulation"_s)) {
-        return error;
+        return tl::unexpected(*error);
     }
     m_name = name;
     m_file = std::move(*bytes);
     m_edited.clear();
     stipulations = std::move(lines);
-    return std::nullopt;
+    return {};
 }
 
-std::optional<FileError> StipulationTable::writeBack(const QString &name, IfChanged ifChanged)
+Result<void> StipulationTable::change(const QString &name, const Edit &edit,
+                                      const MayOverwrite &mayOverwrite)
+{
+    StipulationTable changed = *this;
+    edit(changed);
+    Result<void> written = changed.writeBack(name, mayOverwrite);
+    if (isInFile(written)) {
+        *this = std::move(changed);
+    }
+    return written;
+}
+
+bool StipulationTable::isInFile(const Result<void> &result)
+{
+    return result || result.error().outcome == FileOutcome::Unconfirmed;
+}
+
+Result<void> StipulationTable::writeBack(const QString &name, const MayOverwrite &mayOverwrite)
 {
     QByteArray bytes = joined(stipulations, m_file);
     const bool isOther = !m_name.isEmpty() && name != m_name;
-    const bool refuses = ifChanged == IfChanged::Refuse && !isOther;
-    const auto written =
-        rewriteFile(name, bytes, refuses ? std::optional(QByteArrayView(m_file)) : std::nullopt);
-    if (written || written.error().outcome == FileOutcome::Unconfirmed) {
+    Result<void> written =
+        rewriteFile(name, bytes, isOther ? std::nullopt : std::optional(QByteArrayView(m_file)));
+    if (!written && written.error().outcome == FileOutcome::ChangedByAnother && mayOverwrite &&
+        mayOverwrite()) {
+        written = rewriteFile(name, bytes);
+    }
+    if (isInFile(written)) {
         m_name = name;
         moveInto(std::move(bytes));
     }
-    return written ? std::nullopt : std::optional(written.error());
+    return written;
 }
 
 void StipulationTable::moveInto(QByteArray file)
@@ -131,7 +153,7 @@ void StipulationTable::moveInto(QByteArray file)
         line = QByteArrayView(start, line.size());
         start = line.end() + qstrlen(kLineEnd);
     }
-    m_edited.clear(); // else a long day of edits would fill the memory
+    m_edited.clear(); // or the memory for edited lines would only grow
 }
 
 QByteArrayView StipulationTable::line(int index) const

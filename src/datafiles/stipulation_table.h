@@ -8,8 +8,8 @@
 
 #include <array>
 #include <deque>
+#include <functional>
 #include <optional>
-#include <utility>
 #include <vector>
 
 namespace tarvold {
@@ -18,6 +18,7 @@ namespace tarvold {
 ///
 /// Lines are kept as the bytes that were read, so that what nobody edits is written back unchanged.
 /// A stipulation is known by the index of its first line. Reading past the end gives empty lines.
+/// A copy is independent, and cheap: both share the bytes of the file.
 class StipulationTable
 {
 public:
@@ -26,19 +27,34 @@ public:
     /// The lines of one stipulation to be stored.
     using Record = std::array<std::optional<QByteArray>, kLinesPerRecord>;
 
-    /// Replaces the table by a file's lines. A missing file is created empty. On an error the table
-    /// is as it was; a file that was missing is so still, unless the error says that it may not be.
-    /// \param name as the user typed it
-    [[nodiscard]] std::optional<FileError> load(const QString &name);
+    /// Changes a table by append(), replace() and remove().
+    using Edit = std::function<void(StipulationTable &)>;
 
-    /// What becomes of the file when another program changed it since it was loaded or written
-    /// back. A file of another name is always written over.
-    enum class IfChanged { Refuse, Overwrite };
+    /// Asked when another program changed the file since it was loaded or written back: whether to
+    /// overwrite it. A file of another name is overwritten without asking.
+    using MayOverwrite = std::function<bool()>;
+
+    /// Replaces the table by a file's lines. A missing file is created empty. On an error the table
+    /// is as it was; a file that was missing still is, unless the error says `MaybeChanged`.
+    /// \param name as the user typed it
+    [[nodiscard]] Result<void> load(const QString &name);
+
+    /// Makes a change and writes it to the file, or rolls both back. While `mayOverwrite` is asked,
+    /// this table is as it was before.
+    /// \param name as the user typed it
+    /// \return an error with `ChangedByAnother` if `mayOverwrite` said no. After `Unconfirmed` the
+    ///         change is in the file and in this table; after any other error both are as they were
+    [[nodiscard]] Result<void> change(const QString &name, const Edit &edit,
+                                      const MayOverwrite &mayOverwrite);
+
+    /// Whether the change that gave this result is in the file and in the table.
+    static bool isInFile(const Result<void> &result);
 
     /// Writes all lines back to a file, see rewriteFile().
     /// \param name as the user typed it
-    [[nodiscard]] std::optional<FileError> writeBack(const QString &name,
-                                                     IfChanged ifChanged = IfChanged::Refuse);
+    /// \param mayOverwrite without it, what another program changed is never overwritten
+    [[nodiscard]] Result<void> writeBack(const QString &name,
+                                         const MayOverwrite &mayOverwrite = {});
 
     /// How many lines there are.
     int lineCount() const { return static_cast<int>(stipulations.size()); }
@@ -50,7 +66,7 @@ public:
     QByteArray displayText(int index) const;
 
     /// The indexes of all stipulations that the list shows as `displayText`, in their order. None
-    /// of them is behind the last line.
+    /// of them is past the last line.
     std::vector<int> find(const QByteArray &displayText) const;
 
     /// What the list shows after loading: every stipulation.
@@ -59,30 +75,24 @@ public:
     /// What the list shows after a change: every stipulation whose first line is not empty.
     std::vector<int> namedRecords() const;
 
-    /// How often this match type and name stand one after the other, at any place in the table but
+    /// How often this match type and name follow each other, at any index of the table but
     /// `except`.
     int countKey(QByteArrayView matchType, QByteArrayView name, int except) const;
 
-    /// Adds a stipulation at the end. A line that is not there is left out.
+    /// Adds a stipulation at the end. A missing line is left out.
     void append(const Record &record);
 
-    /// Overwrites a stipulation. A line that is not there is left as it was.
+    /// Overwrites a stipulation. A missing line is left as it was.
     void replace(int index, const Record &record);
 
     /// Removes the stipulation that starts at an index.
     void remove(int index);
 
-    /// All lines as they are now, to go back to when they could not be written: it lasts until the
-    /// table is loaded or written back.
-    using Snapshot = std::vector<QByteArrayView>;
-    Snapshot snapshot() const { return stipulations; }
-
-    /// Goes back to a snapshot of this table.
-    void restore(Snapshot snapshot) { stipulations = std::move(snapshot); }
-
 private:
+    using Lines = std::vector<QByteArrayView>;
+
     /// Replaces the table by the lines of a file that is there. On an error it is as it was.
-    [[nodiscard]] std::optional<FileError> read(const QString &name);
+    [[nodiscard]] Result<void> read(const QString &name);
 
     /// Keeps the bytes of an edited line until the table is loaded or written back.
     QByteArrayView keep(const QByteArray &line);
@@ -93,7 +103,7 @@ private:
     QString m_name;                  ///< of the file that was last read or written back
     QByteArray m_file;               ///< what it held then
     std::deque<QByteArray> m_edited; ///< the bytes of lines that were edited since
-    Snapshot stipulations;           ///< all lines, in order: views of the one or the other
+    Lines stipulations;              ///< all lines, in order: views of the one or the other
 };
 
 } // namespace tarvold

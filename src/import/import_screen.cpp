@@ -13,7 +13,6 @@
 #include "screens/main_menu.h"
 #include "screens/screens.h"
 
-#include <QApplication>
 #include <QDir>
 #include <QLabel>
 #include <QStringListModel>
@@ -51,7 +50,7 @@ constexpr KindRow kKinds[] = {
     {"Command7", "Talk Show Segments", "Talk Shows", DataFileKind::TalkShows},
 };
 
-/// What can be seen in the first stage alone, and in the second alone.
+/// The controls that only the first stage shows, and those that only the second does.
 constexpr const char *kKindStage[] = {"Command1", "Command2", "Command3", "Command4",
                                       "Command5", "Command6", "Command7"};
 constexpr const char *kFileStage[] = {"File1", "Label2", "Text1", "Command8", "Command9"};
@@ -111,7 +110,7 @@ void Form2::addButtons()
     PushButton *cancel = newButton("Command9", "Cancel");
     PushButton *import = newButton("Command8", "Import");
     back->setKeys(keys::back());
-    cancel->setKeys(keys::back()); // of the two only one can be seen
+    cancel->setKeys(keys::back()); // only one of the two is visible
     addButtonRow({back, cancel}, {import});
     connect(back, &QPushButton::clicked, this, &Form2::back);
     connect(cancel, &QPushButton::clicked, this, &Form2::goToKinds);
@@ -153,7 +152,7 @@ void Form2::refreshFiles()
 {
     const QString selected = selectedFile();
     QStringList names = QDir().entryList(QDir::Files | QDir::Hidden, QDir::Name);
-    // Qt takes a link to a pipe or a device for a file.
+    // Qt lists a link to a pipe or a device as a file.
     names.removeIf([](const QString &name) { return !isTvdName(name) || !checkOrdinary(name); });
     m_names->setStringList(names);
     if (const qsizetype row = names.indexOf(selected); row >= 0) {
@@ -210,20 +209,18 @@ bool Form2::merge(const QString &source, const QString &target)
         messagebox::notice(this, QLatin1StringView(kTitle), failures::noSource());
         return false;
     }
-    std::optional<ImportFailure> failure;
-    {
+    const auto imported = [&] {
         const BusyCursor busy;
-        failure = importRecords({source, target, row->kind}, [this](const QString &message) {
-            QApplication::changeOverrideCursor(Qt::ArrowCursor);
+        return importRecords({source, target, row->kind}, [this](const QString &message) {
+            const BusyCursorPause pause;
             messagebox::notice(this, u"Match Duplication"_s, message);
-            QApplication::changeOverrideCursor(Qt::WaitCursor);
         });
-    }
-    if (failure) {
+    }();
+    if (!imported) {
         messagebox::notice(this, QLatin1StringView(kTitle),
-                           failures::notImported(failure->file, failure->error));
+                           failures::notImported(imported.error().file, imported.error().error));
     }
-    return !failure;
+    return imported.has_value();
 }
 
 } // namespace tarvold

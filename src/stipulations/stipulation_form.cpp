@@ -89,7 +89,8 @@ void Form3::addValueTable()
                                              .label = "",
                                              .caption = field.name,
                                              .items = items});
-            // A combo box bears its text for a name; only a label of its own names it to all.
+            // Assistive technology takes the text of a combo box for its name unless a label names
+            // it.
             auto *spoken = new QLabel(QLatin1StringView(field.name), column().parentWidget());
             spoken->hide();
             spoken->setBuddy(combo);

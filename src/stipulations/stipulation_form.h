@@ -17,15 +17,15 @@ struct FormLine;
 
 /// The form of one match stipulation.
 ///
-/// It shows and checks; the list opens it, keeps the table and stores what the form submits. Which
-/// stipulation is edited stands in the list's `listpos`.
+/// It shows and checks; the list opens it, keeps the table and stores what the form submits. The
+/// list's `listpos` says which stipulation is edited.
 class Form3 : public Screen
 {
     Q_OBJECT
 public:
     static constexpr char kName[] = "Form3";
 
-    /// Stands in the list's `listpos` while a new stipulation is made.
+    /// The text of the list's `listpos` while a new stipulation is created.
     static constexpr char kNew[] = "NEW";
 
     explicit Form3(Screens &screens);

@@ -29,16 +29,6 @@ namespace {
 
 constexpr char kTitle[] = "Stipulations Editor";
 
-bool isChangedByAnother(const std::optional<FileError> &error)
-{
-    return error && error->outcome == FileOutcome::ChangedByAnother;
-}
-
-bool isUnconfirmed(const std::optional<FileError> &error)
-{
-    return error && error->outcome == FileOutcome::Unconfirmed;
-}
-
 } // namespace
 
 Form16::Form16(Screens &screens)
@@ -121,17 +111,20 @@ void Form16::enter()
                            "including the .tvd extension."_s);
         return;
     }
-    std::optional<FileError> error;
-    {
-        const BusyCursor busy;
-        error = m_stipulations.load(name);
-    }
-    if (error) {
-        messagebox::notice(&menu, QLatin1StringView(kTitle), failures::notLoaded(name, *error));
+    const Result<void> loaded = load(name);
+    if (!loaded) {
+        messagebox::notice(&menu, QLatin1StringView(kTitle),
+                           failures::notLoaded(name, loaded.error()));
         return;
     }
     m_model->show(m_stipulations.allRecords());
     replace(menu);
+}
+
+Result<void> Form16::load(const QString &name)
+{
+    const BusyCursor busy;
+    return m_stipulations.load(name);
 }
 
 Form3 &Form16::form()
@@ -146,20 +139,14 @@ void Form16::createNew()
     form().replace(*this);
 }
 
-std::optional<QByteArray> Form16::selectedEntry()
+std::vector<int> Form16::findSelected()
 {
-    if (const auto row = m_list->selectedRow()) {
-        return m_model->entry(*row);
+    const auto row = m_list->selectedRow();
+    std::vector<int> found = row ? m_stipulations.find(m_model->entry(*row)) : std::vector<int>();
+    if (found.empty()) {
+        messagebox::notice(this, u"Stipulation Editor"_s,
+                           u"Please select a match stipulation from the list."_s);
     }
-    messagebox::notice(this, u"Stipulation Editor"_s,
-                       u"Please select a match stipulation from the list."_s);
-    return std::nullopt;
-}
-
-std::vector<int> Form16::locate(const QByteArray &entry)
-{
-    std::vector<int> found = m_stipulations.find(entry);
-    setText("listpos", QString::number(found.back())); // the list shows what the table holds
     return found;
 }
 
@@ -181,113 +168,94 @@ bool Form16::fitsTheForm()
 
 void Form16::edit()
 {
-    const auto entry = selectedEntry();
-    if (!entry) {
+    const std::vector<int> found = findSelected();
+    if (found.empty()) {
         return;
     }
-    const std::vector<int> found = locate(*entry);
-    if (!fitsTheForm()) {
-        return;
+    setText("listpos", QString::number(found.back()));
+    if (fitsTheForm()) {
+        form().showRecords(m_stipulations, found);
+        form().replace(*this);
     }
-    form().showRecords(m_stipulations, found);
-    form().replace(*this);
 }
 
 void Form16::remove()
 {
-    const auto entry = selectedEntry();
-    if (!entry) {
+    const std::vector<int> found = findSelected();
+    if (found.empty()) {
         return;
     }
-    const QString text = u"Are you sure you want to permanently delete the match stipulation:"
-                         "\r\n\r\n%1\r\n"_s.arg(codepage::decode(*entry));
-    if (!messagebox::question(this, u"Delete Stipulation"_s, text, messagebox::EnterMeans::No)) {
+    const int last = found.back();
+    const QString entry = codepage::decode(m_stipulations.displayText(last));
+    if (!messagebox::question(this, u"Delete Stipulation"_s,
+                              u"Are you sure you want to permanently delete the match stipulation:"
+                              "\r\n\r\n%1\r\n"_s.arg(entry),
+                              messagebox::EnterMeans::No)) {
         return;
     }
-    locate(*entry);
-    StipulationTable::Snapshot before = m_stipulations.snapshot();
-    m_stipulations.remove(listPosition());
-    const std::optional<FileError> error = writeBackOr(
-        std::move(before), {this, u"No deletes nothing, and the list stays as you see it."_s});
-    if (!error) {
+    setText("listpos", QString::number(last));
+    const Result<void> removed =
+        change(*this, u"No deletes nothing, and the list stays as you see it."_s,
+               [last](StipulationTable &table) { table.remove(last); });
+    if (removed) {
         messagebox::notice(this, u"Delete"_s, u"Stipulation Deleted."_s);
-    } else if (!isChangedByAnother(error)) {
-        messagebox::notice(
-            this, QLatin1StringView(kTitle),
-            failures::notRewritten(fileName(), *error, u"The stipulation is still in the list."_s));
+    } else if (removed.error().outcome != FileOutcome::ChangedByAnother) {
+        messagebox::notice(this, QLatin1StringView(kTitle),
+                           failures::notRewritten(fileName(), removed.error(),
+                                                  u"The stipulation is still in the list."_s));
     }
 }
 
 void Form16::store(const StipulationTable::Record &record)
 {
-    std::optional<FileError> error = tryToStore(record);
-    while (error && !isChangedByAnother(error) && !isUnconfirmed(error)) {
-        if (!goesElsewhere(*error)) {
+    const QString kept = u"No writes nothing, and everything that you typed stays here until you "
+                         "leave this form."_s;
+    while (true) {
+        const Result<void> stored =
+            change(form(), kept, [this, &record](StipulationTable &table) { put(record, table); });
+        const QString told =
+            stored ? u"Saved OK!"_s
+                   : failures::notRewritten(fileName(), stored.error(),
+                                            u"Everything that you typed is still here."_s);
+        if (StipulationTable::isInFile(stored)) {
+            messagebox::notice(&form(), QLatin1StringView(kTitle), told);
+            replace(form());
             return;
         }
-        error = tryToStore(record);
-    }
-    if (isChangedByAnother(error)) {
-        return;
-    }
-    messagebox::notice(&form(), QLatin1StringView(kTitle),
-                       error ? notStored(*error) : u"Saved OK!"_s);
-    replace(form());
-}
-
-std::optional<FileError> Form16::tryToStore(const StipulationTable::Record &record)
-{
-    StipulationTable::Snapshot before = m_stipulations.snapshot();
-    if (text("listpos") == QLatin1StringView(Form3::kNew)) {
-        m_stipulations.append(record);
-    } else {
-        m_stipulations.replace(listPosition(), record);
-    }
-    return writeBackOr(std::move(before),
-                       {&form(), u"No writes nothing, and everything that you typed "
-                                 "stays here until you leave this form."_s});
-}
-
-QString Form16::notStored(const FileError &error) const
-{
-    return failures::notRewritten(fileName(), error, u"Everything that you typed is still here."_s);
-}
-
-bool Form16::goesElsewhere(const FileError &error)
-{
-    return saveelsewhere::offer(m_screens, {.asking = &form(),
-                                            .title = QLatin1StringView(kTitle),
-                                            .text = notStored(error),
-                                            .kind = DataFileKind::Stipulations});
-}
-
-std::optional<FileError> Form16::writeBackOr(StipulationTable::Snapshot before,
-                                             const ChangedMeanwhile &changed)
-{
-    using IfChanged = StipulationTable::IfChanged;
-    const auto write = [this](IfChanged ifChanged) {
-        const BusyCursor busy;
-        return m_stipulations.writeBack(fileName(), ifChanged);
-    };
-    auto error = write(IfChanged::Refuse);
-    if (isChangedByAnother(error)) {
-        // What the list shows behind the question is still in the table.
-        StipulationTable::Snapshot after = m_stipulations.snapshot();
-        m_stipulations.restore(before);
-        if (!messagebox::question(changed.asking, QLatin1StringView(kTitle),
-                                  failures::outdated(fileName(), changed.kept),
-                                  messagebox::EnterMeans::No)) {
-            return error;
+        if (stored.error().outcome == FileOutcome::ChangedByAnother ||
+            !saveelsewhere::offer(m_screens, {.asking = &form(),
+                                              .title = QLatin1StringView(kTitle),
+                                              .text = told,
+                                              .kind = DataFileKind::Stipulations})) {
+            return;
         }
-        m_stipulations.restore(std::move(after));
-        error = write(IfChanged::Overwrite);
     }
-    if (error && !isUnconfirmed(error)) {
-        m_stipulations.restore(std::move(before));
+}
+
+void Form16::put(const StipulationTable::Record &record, StipulationTable &table) const
+{
+    if (text("listpos") == QLatin1StringView(Form3::kNew)) {
+        table.append(record);
     } else {
+        table.replace(listPosition(), record);
+    }
+}
+
+Result<void> Form16::change(QWidget &asking, const QString &kept,
+                            const StipulationTable::Edit &edit)
+{
+    const BusyCursor busy;
+    const auto mayOverwrite = [this, &asking, &kept] {
+        const BusyCursorPause pause;
+        return messagebox::question(&asking, QLatin1StringView(kTitle),
+                                    failures::outdated(fileName(), kept),
+                                    messagebox::EnterMeans::No);
+    };
+    Result<void> changed = m_stipulations.change(fileName(), edit, mayOverwrite);
+    if (StipulationTable::isInFile(changed)) {
         m_model->show(m_stipulations.namedRecords());
     }
-    return error;
+    return changed;
 }
 
 } // namespace tarvold

@@ -32,9 +32,9 @@ int StipulationListModel::rowCount(const QModelIndex &parent) const
 
 QVariant StipulationListModel::data(const QModelIndex &index, int role) const
 {
-    // Far more than fits in; to measure a text of some megabytes takes Qt seconds.
+    // Far more than fits in a row: Qt takes seconds to measure a text of some megabytes.
     constexpr qsizetype kMostShown = 5000;
-    // The view also asks for no row: when the user copies from a list in which none is selected.
+    // The view also asks for an invalid index, when the user copies and no row is selected.
     if (role != Qt::DisplayRole || !index.isValid()) {
         return {};
     }

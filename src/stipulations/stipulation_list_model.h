@@ -8,8 +8,8 @@ namespace tarvold {
 
 class StipulationTable;
 
-/// Shows stipulations as a list, each as its match type and name; makes texts only for the rows
-/// that are looked at, so that the length of the list does not matter.
+/// Shows stipulations as a list, each as its match type and name; makes texts only for the
+/// visible rows, so that the length of the list does not matter.
 class StipulationListModel : public QAbstractListModel
 {
     Q_OBJECT

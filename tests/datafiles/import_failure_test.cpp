@@ -1,4 +1,4 @@
-// What keeps an import from being done is told, and leaves the target as it was.
+// A failed import says why, and leaves the target as it was.
 
 #include "datafiles/import_fixture.h"
 
@@ -83,7 +83,7 @@ TEST_F(ImportFails, WhenTheTargetOfStipulationsVanishesDuringAMessage)
 {
     putBytes(kSource, recordOf(19, {"Any", "Cage"}) + recordOf(19, {"Any", "Ladder"}));
     putBytes(kTarget, recordOf(19, {"Any", "Cage"}));
-    QThread::msleep(50); // a file that was changed just now is read anew in any case
+    QThread::msleep(50); // a file that was changed just now is always read again
     duringMessage = [] { ASSERT_TRUE(QFile::remove(kTarget)); };
     causeOf(DataFileKind::Stipulations, kTarget);
     EXPECT_EQ(messages, 1);

@@ -19,20 +19,20 @@ protected:
     /// Imports, which must fail because of `file`, and returns the cause.
     QString causeOf(DataFileKind kind, const QString &file)
     {
-        const auto failure = importRecords({kSource, kTarget, kind}, [this](const QString &) {
+        const auto imported = importRecords({kSource, kTarget, kind}, [this](const QString &) {
             ++messages;
             if (duringMessage) {
                 duringMessage();
             }
         });
-        if (!failure) {
+        if (imported) {
             ADD_FAILURE() << "the import was done";
             return {};
         }
-        EXPECT_EQ(failure->file, file);
-        EXPECT_EQ(failure->error.outcome, FileOutcome::Unchanged);
-        EXPECT_FALSE(failure->error.cause.isEmpty());
-        return failure->error.cause;
+        EXPECT_EQ(imported.error().file, file);
+        EXPECT_EQ(imported.error().error.outcome, FileOutcome::Unchanged);
+        EXPECT_FALSE(imported.error().error.cause.isEmpty());
+        return imported.error().error.cause;
     }
 
     static void expectPlace(const QString &cause, int line, int record)

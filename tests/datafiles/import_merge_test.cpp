@@ -33,14 +33,14 @@ class ImportMerge : public FolderTest
 protected:
     void expectDone(DataFileKind kind, const QString &source, const QString &target)
     {
-        const auto failure = importRecords({source, target, kind}, [this](const QString &message) {
+        const auto imported = importRecords({source, target, kind}, [this](const QString &message) {
             messages << message;
             if (duringMessage) {
                 duringMessage();
             }
         });
-        EXPECT_FALSE(failure) << failure->file.toStdString() << ": "
-                              << failure->error.cause.toStdString();
+        EXPECT_TRUE(imported) << imported.error().file.toStdString() << ": "
+                              << imported.error().error.cause.toStdString();
     }
 
     void importStipulations() { expectDone(DataFileKind::Stipulations, kSource, kTarget); }
@@ -118,7 +118,7 @@ TEST_P(ImportIntoItself, DoublesInterviewsOnceAndEnds)
                                     recordOf(19, {"2"}));
 }
 
-TEST_P(ImportIntoItself, TellsOfEachStipulationAndWritesNothing)
+TEST_P(ImportIntoItself, ReportsEachStipulationAndWritesNothing)
 {
     const QByteArray bytes = stipulation("Singles", "Ladder") + stipulation("Any", "Cage");
     fillSource(bytes);
@@ -146,7 +146,7 @@ protected:
         letItGrowOld();
     }
 
-    /// A file that was changed just now is read anew in any case.
+    /// A file that was changed just now is always read again.
     static void letItGrowOld() { QThread::msleep(50); }
 };
 

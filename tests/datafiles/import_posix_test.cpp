@@ -1,4 +1,4 @@
-// What keeps an import from being done on systems with pipes in folders and limits of file sizes.
+// Why an import fails on systems with pipes in folders and limits of file sizes.
 
 #include "datafiles/import_fixture.h"
 #include "support/hindrances.h"
@@ -20,7 +20,7 @@ TEST_F(ImportFails, FromAPipeInsteadOfWaitingForIt)
     EXPECT_FALSE(QFileInfo::exists(kTarget));
 }
 
-TEST_F(ImportFails, HalfWayAndTakesBackWhatWasWritten)
+TEST_F(ImportFails, HalfWayAndUndoesWhatWasWritten)
 {
     putBytes(kSource, recordOf(44) + recordOf(44));
     putBytes(kTarget, recordOf(44, {"before"}));

@@ -62,9 +62,9 @@ private:
 MergeOutcome mergeFast(const QString &source, const QString &target, DataFileKind kind)
 {
     MergeOutcome outcome;
-    const auto failure = importRecords(
+    const auto imported = importRecords(
         {source, target, kind}, [&](const QString &message) { outcome.messages << message; });
-    outcome.succeeded = !failure;
+    outcome.succeeded = imported.has_value();
     outcome.target = bytesIfThere(target);
     return outcome;
 }

@@ -18,7 +18,7 @@ QList<QByteArray> linesOf(const QByteArray &bytes)
     return lines;
 }
 
-TEST(LineReader, LinesEndAtCrLfWhichIsTakenOff)
+TEST(LineReader, LinesEndAtCrLfWhichIsRemoved)
 {
     EXPECT_EQ(linesOf("Any\r\nN/A\r\n"), (QList<QByteArray>{"Any", "N/A"}));
 }

@@ -20,8 +20,8 @@ struct MergeOutcome
 };
 
 /// Imports step by step, as plainly and slowly as the rules are worded: one list per line of a
-/// record, and the whole target read anew for each record of the source. Writes nothing, only tells
-/// what would come of it.
+/// record, and the whole target read again for each record of the source. Writes nothing: it only
+/// says what would result.
 MergeOutcome mergeSlowly(const QString &source, const QString &target, DataFileKind kind);
 
 /// The bytes of a file, or none when it is not there.

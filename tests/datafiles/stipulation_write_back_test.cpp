@@ -58,12 +58,12 @@ protected:
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         ASSERT_EQ(file.write(bytes), bytes.size());
         file.close();
-        ASSERT_FALSE(table.load(path()));
+        ASSERT_TRUE(table.load(path()));
     }
 
     QByteArray writtenBack()
     {
-        EXPECT_FALSE(table.writeBack(path()));
+        EXPECT_TRUE(table.writeBack(path()));
         return content();
     }
 
@@ -101,7 +101,7 @@ TEST_F(StipulationWriteBack, ALastLineWithoutItsEndGetsOne)
     EXPECT_EQ(writtenBack(), fileOf(lines));
 }
 
-TEST_F(StipulationWriteBack, ARecordBehindALastLineWithoutItsEndStandsApart)
+TEST_F(StipulationWriteBack, ARecordAfterALastLineWithoutItsEndStartsANewLine)
 {
     Lines lines = linesOf(1);
     lines.last() = "No";
@@ -112,7 +112,7 @@ TEST_F(StipulationWriteBack, ARecordBehindALastLineWithoutItsEndStandsApart)
     EXPECT_EQ(writtenBack(), fileOf(lines + Lines(kLines, "new")));
 }
 
-TEST_F(StipulationWriteBack, OnlyTheChangedRecordIsAnother)
+TEST_F(StipulationWriteBack, OnlyTheChangedRecordDiffers)
 {
     Lines lines = linesOf(5);
     load(fileOf(lines));
@@ -146,14 +146,15 @@ TEST_F(StipulationWriteBack, AppendedRecordsStandAtTheEnd)
     EXPECT_EQ(writtenBack(), fileOf(lines + Lines(kLines, "new") + Lines(kLines, {})));
 }
 
-TEST_F(StipulationWriteBack, ATableGoneBackToASnapshotIsTheOldFile)
+TEST_F(StipulationWriteBack, ATableWhoseChangeFailedIsTheOldFile)
 {
     const QByteArray bytes = fileOf(linesOf(3));
     load(bytes);
-    StipulationTable::Snapshot before = table.snapshot();
-    table.replace(0, record("changed"));
-    table.remove(kLines);
-    table.restore(std::move(before));
+    const auto edit = [](StipulationTable &changed) {
+        changed.replace(0, record("changed"));
+        changed.remove(kLines);
+    };
+    EXPECT_FALSE(table.change(folder.filePath(u"missing/a.tvd"_s), edit, {}));
     EXPECT_EQ(writtenBack(), bytes);
 }
 
@@ -164,9 +165,9 @@ protected:
     TwoStipulationTables()
     {
         load(fileOf(linesOf(2)));
-        EXPECT_FALSE(other.load(path()));
+        EXPECT_TRUE(other.load(path()));
         other.append(record("other"));
-        EXPECT_FALSE(other.writeBack(path()));
+        EXPECT_TRUE(other.writeBack(path()));
         others = content();
         table.append(record("own"));
     }
@@ -177,24 +178,24 @@ protected:
 
 TEST_F(TwoStipulationTables, KeepWhatTheOtherOneWrote)
 {
-    const auto error = table.writeBack(path());
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->outcome, FileOutcome::ChangedByAnother);
+    const auto written = table.writeBack(path());
+    ASSERT_FALSE(written);
+    EXPECT_EQ(written.error().outcome, FileOutcome::ChangedByAnother);
     EXPECT_EQ(content(), others);
 }
 
 TEST_F(TwoStipulationTables, RefuseAgainUntilTheFileIsLoadedAgain)
 {
-    EXPECT_TRUE(table.writeBack(path()));
-    EXPECT_TRUE(table.writeBack(path()));
-    ASSERT_FALSE(table.load(path()));
+    EXPECT_FALSE(table.writeBack(path()));
+    EXPECT_FALSE(table.writeBack(path()));
+    ASSERT_TRUE(table.load(path()));
     table.append(record("own"));
     EXPECT_EQ(writtenBack(), others + fileOf(Lines(kLines, "own")));
 }
 
-TEST_F(TwoStipulationTables, WriteOverTheOtherOneWhenTold)
+TEST_F(TwoStipulationTables, OverwriteTheOtherOneWhenAllowed)
 {
-    EXPECT_FALSE(table.writeBack(path(), StipulationTable::IfChanged::Overwrite));
+    EXPECT_TRUE(table.writeBack(path(), [] { return true; }));
     EXPECT_EQ(content(), fileOf(linesOf(2) + Lines(kLines, "own")));
     table.append(record("next"));
     EXPECT_EQ(writtenBack(), fileOf(linesOf(2) + Lines(kLines, "own") + Lines(kLines, "next")));
@@ -204,7 +205,7 @@ TEST_F(StipulationWriteBack, ASecondOneKnowsWhatTheFirstOneWrote)
 {
     load(fileOf(linesOf(1)));
     table.append(record("first"));
-    EXPECT_FALSE(table.writeBack(path()));
+    EXPECT_TRUE(table.writeBack(path()));
     table.append(record("second"));
     EXPECT_EQ(writtenBack(), fileOf(linesOf(1) + Lines(kLines, "first") + Lines(kLines, "second")));
 }
@@ -243,7 +244,7 @@ TEST_F(StipulationWriteBack, AFileReplacedByTheSameBytesIsNotChanged)
     EXPECT_EQ(writtenBack(), bytes);
 }
 
-TEST_F(StipulationWriteBack, AFileThatVanishedIsMadeAnew)
+TEST_F(StipulationWriteBack, AFileThatVanishedIsCreatedAgain)
 {
     const QByteArray bytes = fileOf(linesOf(1));
     load(bytes);

@@ -23,44 +23,45 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-using tarvold::FileError;
 using tarvold::FileOutcome;
+using tarvold::Result;
 using tarvold::StipulationTable;
 
 enum Outcome { Saved = 0, Unchanged = 1, PossiblyChanged = 2, WrongUse = 3 };
 
-std::optional<FileError> rewrite(const QString &file, QByteArrayView lines)
+Result<void> rewrite(const QString &file, QByteArrayView lines)
 {
     StipulationTable table;
-    if (auto error = table.load(file)) {
-        return error;
+    if (auto loaded = table.load(file); !loaded) {
+        return loaded;
     }
     tarvold::LineReader reader(lines);
     StipulationTable::Record record;
     for (auto &line : record) {
         line = reader.readLine().toByteArray();
     }
-    table.replace(StipulationTable::kLinesPerRecord, record);
-    return table.writeBack(file);
+    const auto edit = [&record](StipulationTable &changed) {
+        changed.replace(StipulationTable::kLinesPerRecord, record);
+    };
+    return table.change(file, edit, {});
 }
 
-std::optional<FileError> import(tarvold::DataFileKind kind, const QString &file,
-                                const QString &source)
+Result<void> import(tarvold::DataFileKind kind, const QString &file, const QString &source)
 {
-    const auto failure = tarvold::importRecords({source, file, kind}, [](const QString &) {});
-    return failure ? std::optional(failure->error) : std::nullopt;
+    return tarvold::importRecords({source, file, kind}, [](const QString &) {})
+        .map_error([](const tarvold::ImportFailure &failure) { return failure.error; });
 }
 
-Outcome report(const std::optional<FileError> &error)
+Outcome report(const Result<void> &result)
 {
-    if (!error) {
+    if (result) {
         std::puts("ok");
         return Saved;
     }
-    const bool isUnchanged =
-        error->outcome == FileOutcome::Unchanged || error->outcome == FileOutcome::ChangedByAnother;
+    const bool isUnchanged = result.error().outcome == FileOutcome::Unchanged ||
+                             result.error().outcome == FileOutcome::ChangedByAnother;
     std::printf("%s: %s\n", isUnchanged ? "unchanged" : "possibly changed",
-                qPrintable(error->cause));
+                qPrintable(result.error().cause));
     return isUnchanged ? Unchanged : PossiblyChanged;
 }
 
@@ -86,8 +87,7 @@ int main(int argc, char *argv[])
         return WrongUse;
     }
     if (operation == "append"_L1) {
-        const auto appended = tarvold::appendToFile(file, *record);
-        return report(appended ? std::nullopt : std::optional(appended.error()));
+        return report(tarvold::appendToFile(file, *record));
     }
     if (operation == "rewrite"_L1) {
         return report(rewrite(file, *record));

@@ -54,11 +54,12 @@ void checkMerge(const Pair &pair)
     }
     const MergeOutcome expected = mergeSlowly(source, target, pair.kind);
     QStringList messages;
-    const auto failure = importRecords({source, target, pair.kind},
-                                       [&](const QString &message) { messages << message; });
-    require(!failure == expected.succeeded, "the import is done exactly when it can be");
-    require(!failure || (failure->error.outcome == FileOutcome::Unchanged &&
-                         !failure->error.cause.isEmpty()),
+    const auto imported = importRecords({source, target, pair.kind},
+                                        [&](const QString &message) { messages << message; });
+    require(imported.has_value() == expected.succeeded,
+            "the import is done exactly when it can be");
+    require(imported || (imported.error().error.outcome == FileOutcome::Unchanged &&
+                         !imported.error().error.cause.isEmpty()),
             "a failure has a cause and leaves the target as it was");
     require(messages == expected.messages, "the duplicates told are those of the plain import");
     require(bytesIfThere(target) == expected.target, "the target is that of the plain import");

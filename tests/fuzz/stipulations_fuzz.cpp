@@ -40,9 +40,9 @@ private:
     void load(const QByteArray &bytes)
     {
         FlatList list(bytes);
-        const auto error = m_table.load(m_file);
-        require(error.has_value() == !list.isWhole(), "whole records are loaded, and only they");
-        if (error) {
+        const auto loaded = m_table.load(m_file);
+        require(loaded.has_value() == list.isWhole(), "whole records are loaded, and only they");
+        if (!loaded) {
             m_isKnown = m_isKnown && bytes == m_saved;
             return;
         }
@@ -58,13 +58,16 @@ private:
         const QByteArray bytes = m_list.file();
         if (!m_isKnown) {
             const auto before = bytesIfThere(m_file);
-            const auto error = m_table.writeBack(m_file);
-            require(error && error->outcome == FileOutcome::ChangedByAnother,
+            const auto refused = m_table.writeBack(m_file);
+            require(!refused && refused.error().outcome == FileOutcome::ChangedByAnother,
                     "a file that another program changed is not lost");
             require(bytesIfThere(m_file) == before, "a refused file is as it was");
         }
-        using IfChanged = StipulationTable::IfChanged;
-        require(!m_table.writeBack(m_file, m_isKnown ? IfChanged::Refuse : IfChanged::Overwrite),
+        const auto mayOverwrite = [this] {
+            require(!m_isKnown, "nobody is asked about a file that the table knows");
+            return true;
+        };
+        require(m_table.writeBack(m_file, mayOverwrite).has_value(),
                 "the table can be written back");
         require(bytesIfThere(m_file) == bytes, "the file holds all lines and nothing else");
         m_saved = bytes;
@@ -132,11 +135,11 @@ private:
     void goBack()
     {
         if (const auto index = place()) {
-            StipulationTable::Snapshot before = m_table.snapshot();
+            const StipulationTable before = m_table;
             m_table.append(record());
             m_table.remove(*index);
             m_table.replace(*index, record());
-            m_table.restore(std::move(before));
+            m_table = before;
         }
     }
 

@@ -61,7 +61,7 @@ TEST_F(ImportFiles, AreThoseOfTheCurrentFolderOnly)
     EXPECT_EQ(listed(), QStringList());
 }
 
-TEST_F(ImportFiles, AreReadAnewWithEveryKind)
+TEST_F(ImportFiles, AreReadAgainForEveryKind)
 {
     putBytes(u"old.tvd"_s, {});
     chooseKind();

@@ -1,5 +1,5 @@
-// Records whose first line was left empty when they were written: nothing keeps them from being
-// saved, and the import leaves them out.
+// Records whose first line was left empty when they were written: they can be saved, and
+// the import leaves them out.
 
 #include "import/import_test.h"
 #include "support/flow_test.h"
@@ -45,7 +45,7 @@ protected:
     }
 };
 
-TEST_P(EmptiedFirstLine, IsSavedAndLeftOutOfAnImportWithoutAWord)
+TEST_P(EmptiedFirstLine, IsSavedAndSilentlyLeftOutOfAnImport)
 {
     const ImportKind &kind = GetParam().kind;
     const QString source = QLatin1StringView(kind.target);

@@ -6,8 +6,8 @@
 //
 //     kind BUTTON     presses a kind's button, which leads to the second stage
 //     select FILE     clicks a file in the list
-//     into FILE       types the target's name, "target.tvd" if it never comes
-//     box TITLE|TEXT  the next message box to come
+//     into FILE       types the target's name; without this step it is "target.tvd"
+//     box TITLE|TEXT  the next message box
 //     import          presses "Import" and expects the boxes before it
 
 #include "import/import_test.h"
@@ -35,7 +35,7 @@ constexpr const char *kCases[] = {
     "AnUpperCaseExtensionIsRefused",
     "NoExtensionIsRefused",
     "NormalEndingsTwiceAreThereTwice",
-    "StipulationsIntoThemselvesAreAllToldAndNotWritten",
+    "StipulationsIntoThemselvesAreAllReportedAndNotWritten",
     "TurnEndingsIntoThemselvesAreDoubled",
     "OtherLetterCaseOfTheMatchTypeIsNoDuplicate",
     "OtherLetterCaseOfTheNameIsNoDuplicate",
@@ -43,12 +43,12 @@ constexpr const char *kCases[] = {
     "SameNameWithOtherMatchTypeIsNoDuplicate",
     "SpacesMakeOtherStipulations",
     "ADuplicateOnlyInTheKeyIsLeftOut",
-    "AKeyTwiceInTheTargetIsToldOnce",
+    "AKeyTwiceInTheTargetIsReportedOnce",
     "AfterAMatchTheEmptiedTypeIsCompared",
-    "AnEmptyTypeBeforeTheMatchIsNotTold",
+    "AnEmptyTypeBeforeTheMatchIsNotReported",
     "AnEmptyFirstLineIsStillCompared",
     "TwinsInTheSourceAreBothWritten",
-    "TwinsInTheSourceAreBothToldOf",
+    "TwinsInTheSourceAreBothReported",
     "AnEmptyFirstLineSkipsANormalEnding",
     "AnEmptyFirstLineSkipsARunInEnding",
     "AnEmptyFirstLineSkipsATurnEnding",

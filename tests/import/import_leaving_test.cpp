@@ -1,4 +1,4 @@
-// The ways out of the import screen, and what keeps an import from being done.
+// The ways out of the import screen, and why an import fails.
 
 #include "import/import_test.h"
 
@@ -107,7 +107,7 @@ TEST_F(ImportLeaving, WithoutASelectedFileSaysSoAndKeepsWhatWasTyped)
     EXPECT_FALSE(QFileInfo::exists(u"mine.tvd"_s));
 }
 
-TEST_F(ImportLeaving, ACutShortFileIsNamedWithLineAndRecordAndCanBeMended)
+TEST_F(ImportLeaving, AFileThatBreaksOffIsNamedWithLineAndRecordAndCanBeFixed)
 {
     putBytes(u"cut.tvd"_s, recordOf(19) + recordOf(5));
     enter();

@@ -19,7 +19,7 @@ protected:
     }
 };
 
-TEST_F(ImportScreen, BearsTheProgramsCaption)
+TEST_F(ImportScreen, HasTheProgramsCaption)
 {
     enter();
     EXPECT_EQ(screen("Form2").windowTitle(), u"Tarvold 1.3 Data Editor"_s);

@@ -38,11 +38,11 @@ protected:
     /// Clicks a file in the list.
     void select(const QString &file);
 
-    /// Fails the test unless exactly the controls of this stage are to be seen.
+    /// Fails the test unless exactly the controls of this stage are visible.
     void expectStage1();
     void expectStage2();
 
-    /// Presses "Import" and expects it to be done.
+    /// Presses "Import" and expects it to succeed.
     void import();
 };
 

@@ -1,4 +1,4 @@
-// The import screen by keyboard, for assistive technology, and while it is at work.
+// The import screen by keyboard, for assistive technology, and while it is busy.
 
 #include "import/import_test.h"
 
@@ -13,7 +13,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// What the pointer looked like whenever a file was brought to the disk.
+/// The shape of the pointer at each fsync().
 QList<Qt::CursorShape> cursorsAtSync; // NOLINT(cppcoreguidelines-avoid-non-const-global-variables)
 
 Qt::CursorShape shownCursor()
@@ -24,7 +24,7 @@ Qt::CursorShape shownCursor()
 
 } // namespace
 
-/// Stands before the system's own: the one moment of a merge at which a test can look.
+/// Replaces the system's own: the one moment of a merge at which a test can look.
 int fsync(int handle) // NOLINT(readability-inconsistent-declaration-parameter-name)
 {
     cursorsAtSync << shownCursor();
@@ -142,7 +142,7 @@ TEST_F(ImportUse, AllControlsHaveNamesOfTheirOwn)
     expectDistinctNames();
 }
 
-TEST_F(ImportUse, AllControlsAreLargeEnoughToBeHit)
+TEST_F(ImportUse, AllControlsAreLargeEnoughToBeClicked)
 {
     putBytes(u"a.tvd"_s, {});
     enter();
@@ -167,7 +167,7 @@ TEST_F(ImportUse, MessagesShowMarkupAsText)
     import();
 }
 
-/// Notes what the pointer looks like while message boxes wait.
+/// Records the shape of the pointer while message boxes wait.
 class CursorAtBoxes : public QObject
 {
 public:

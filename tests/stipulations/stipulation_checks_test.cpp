@@ -21,7 +21,7 @@ protected:
     const QByteArray two = stipulation("Singles", "Two");
     const QByteArray three = stipulation("Tag Team", "Three");
 
-    /// Makes a new stipulation for singles matches up to its save.
+    /// Fills the form for a new stipulation of singles matches, up to its save.
     void make(const char *name)
     {
         createNew();
@@ -129,7 +129,7 @@ TEST_F(StipulationChecks, TakeTheLineAfterTheLastAsAnEmptyName)
     saveRefused({kDuplicate, kBlank});
 }
 
-TEST_F(StipulationChecks, CompareKeysByCase)
+TEST_F(StipulationChecks, CompareKeysCaseSensitively)
 {
     open(one + two);
     make("TWO");

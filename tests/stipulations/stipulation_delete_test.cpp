@@ -46,7 +46,7 @@ TEST_F(StipulationDelete, OfTheOnlyOneLeavesAnEmptyFileAndAnEmptyList)
     EXPECT_TRUE(listed().empty());
 }
 
-TEST_F(StipulationDelete, TakesTheLaterOfTwoThatLookTheSame)
+TEST_F(StipulationDelete, DeletesTheLaterOfTwoThatLookTheSame)
 {
     const QByteArray later = stipulation("Singles", "One", {{3, "Later"}});
     open(one + two + later);
@@ -55,7 +55,7 @@ TEST_F(StipulationDelete, TakesTheLaterOfTwoThatLookTheSame)
     EXPECT_EQ(listPosition(), u"38"_s);
 }
 
-TEST_F(StipulationDelete, OfOneWithoutMatchTypeAndNameTakesItOutOfTheFile)
+TEST_F(StipulationDelete, OfOneWithoutMatchTypeAndNameRemovesItFromTheFile)
 {
     open(one + stipulation("", "") + two);
     remove(1, u" / "_s);
@@ -92,7 +92,7 @@ TEST_F(StipulationDelete, DeclinedInAnyWayChangesNothing)
     }
 }
 
-/// Takes down how wide the widest message box was.
+/// Records the width of the widest message box.
 class BoxSizes : public QObject
 {
 public:
@@ -126,7 +126,7 @@ TEST_F(StipulationDelete, AsksInABoxThatFitsTheScreenHoweverLongTheNameIs)
     EXPECT_LE(sizes.largest.height(), display.height());
 }
 
-TEST_F(StipulationDelete, WritesTheFileThatTheMenuNamesByNow)
+TEST_F(StipulationDelete, WritesTheFileThatTheMenuNamesNow)
 {
     open(one + two);
     editor.screens().setText({"Form1", "Text1"}, u"other.tvd"_s);

@@ -1,4 +1,4 @@
-// Saving on a disk that takes the new file and then fails to confirm the folder's entry for it.
+// Saving on a disk that writes the new file, but fails to sync its folder.
 
 #include "stipulations/stipulation_test.h"
 
@@ -15,7 +15,7 @@ bool foldersFail = false;
 bool removalFails = false;
 } // namespace
 
-/// Linked into this program, stands for the disk.
+/// Replaces the system's fsync() in this program.
 int fsync(int handle) noexcept(noexcept(::fsync(0)))
 {
     struct stat state = {};
@@ -26,7 +26,7 @@ int fsync(int handle) noexcept(noexcept(::fsync(0)))
     return 0;
 }
 
-/// The same.
+/// Replaces the system's unlink() in this program.
 int unlink(const char *path) noexcept(noexcept(::unlink("")))
 {
     if (removalFails) {
@@ -41,10 +41,10 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-class StipulationsOnADoubtfulDisk : public StipulationTest
+class StipulationsOnAFailingDisk : public StipulationTest
 {
 protected:
-    StipulationsOnADoubtfulDisk()
+    StipulationsOnAFailingDisk()
     {
         open(one);
         foldersFail = true;
@@ -56,7 +56,7 @@ protected:
         StipulationTest::TearDown();
     }
 
-    void expectDoubt()
+    void expectWarning()
     {
         boxes.expectNotice(
             u"Stipulations Editor"_s,
@@ -68,35 +68,35 @@ protected:
     const QByteArray one = stipulation("Singles", "One");
 };
 
-TEST_F(StipulationsOnADoubtfulDisk, AreSavedAndTheDoubtIsTold)
+TEST_F(StipulationsOnAFailingDisk, AreSavedWithAWarning)
 {
     createNew();
     put("stipulation", "Cage");
-    expectDoubt();
+    expectWarning();
     press("Form3", "Command2");
     expectOnly("Form16");
     EXPECT_EQ(readBack(kFile), one + untouched("Cage"));
     EXPECT_EQ(listed(), (Texts{"Singles / One", "Singles / Cage"}));
 }
 
-TEST_F(StipulationsOnADoubtfulDisk, AreDeletedAndTheDoubtIsTold)
+TEST_F(StipulationsOnAFailingDisk, AreDeletedWithAWarning)
 {
     select(0);
     boxes.expectQuestion(u"Delete Stipulation"_s,
                          u"Are you sure you want to permanently delete the match stipulation:"
                          "\r\n\r\nSingles / One\r\n"_s,
                          Answer::Yes);
-    expectDoubt();
+    expectWarning();
     press("Form16", "Command4");
     EXPECT_EQ(readBack(kFile), "");
     EXPECT_TRUE(listed().empty());
 }
 
-TEST_F(StipulationsOnADoubtfulDisk, AreKnownToTheNextSave)
+TEST_F(StipulationsOnAFailingDisk, AreKnownToTheNextSave)
 {
     createNew();
     put("stipulation", "Cage");
-    expectDoubt();
+    expectWarning();
     press("Form3", "Command2");
     foldersFail = false;
     createNew();
@@ -105,8 +105,8 @@ TEST_F(StipulationsOnADoubtfulDisk, AreKnownToTheNextSave)
     EXPECT_EQ(readBack(kFile), one + untouched("Cage") + untouched("Ladder"));
 }
 
-/// Enters the list by the name of a file that is not there, and gives what is told instead.
-class StipulationsMissingOnADoubtfulDisk : public StipulationsOnADoubtfulDisk
+/// Opens the list with the name of a missing file, and expects this message instead.
+class StipulationsMissingOnAFailingDisk : public StipulationsOnAFailingDisk
 {
 protected:
     void expectRefusal(const char *state)
@@ -122,13 +122,13 @@ protected:
     }
 };
 
-TEST_F(StipulationsMissingOnADoubtfulDisk, AreNotChangedWhenTheNewFileIsRemoved)
+TEST_F(StipulationsMissingOnAFailingDisk, AreNotChangedWhenTheNewFileIsRemoved)
 {
     expectRefusal("Nothing was changed.");
     EXPECT_EQ(folderContent(), kFile);
 }
 
-TEST_F(StipulationsMissingOnADoubtfulDisk, MayBeThereWhenTheNewFileCannotBeRemoved)
+TEST_F(StipulationsMissingOnAFailingDisk, MayBeThereWhenTheNewFileCannotBeRemoved)
 {
     removalFails = true;
     expectRefusal("The file was missing, and an empty one may be there now.");

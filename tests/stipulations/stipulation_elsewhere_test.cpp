@@ -1,4 +1,4 @@
-// Stipulations whose file does not take them go to another one.
+// Stipulations whose file cannot be written are saved to another one.
 
 #include "stipulations/stipulation_test.h"
 #include "support/file_dialogs.h"
@@ -17,7 +17,7 @@ public:
     ~StipulationElsewhere() override { dialogs.checkAllCame(); }
 
 protected:
-    /// Goes to the form of a new stipulation, "Cage", that its file will not take.
+    /// Goes to the form of a new stipulation, "Cage", whose file cannot be written.
     void makeOneThatFails()
     {
         open(one);
@@ -109,7 +109,7 @@ TEST_F(StipulationElsewhere, AnEditedOneGoesToTheChosenFileInItsPlace)
     EXPECT_EQ(listed(), (Texts{"Singles / First", "Singles / Two"}));
 }
 
-TEST_F(StipulationElsewhere, TheSameFileChosenAgainIsAnotherTryWithoutAQuestion)
+TEST_F(StipulationElsewhere, TheSameFileChosenAgainIsARetryWithoutAQuestion)
 {
     makeOneThatFails();
     failsForTheFolder(Answer::Elsewhere);
@@ -123,7 +123,7 @@ TEST_F(StipulationElsewhere, TheSameFileChosenAgainIsAnotherTryWithoutAQuestion)
     EXPECT_EQ(namedFile(), utf8(kFile));
 }
 
-TEST_F(StipulationElsewhere, TheSameFileChosenAgainIsStillWatchedForChanges)
+TEST_F(StipulationElsewhere, TheSameFileChosenAgainIsStillCheckedForChanges)
 {
     makeOneThatFails();
     failsForTheFolder(Answer::Elsewhere);
@@ -139,7 +139,7 @@ TEST_F(StipulationElsewhere, TheSameFileChosenAgainIsStillWatchedForChanges)
     EXPECT_EQ(readBack(kFile), two);
 }
 
-TEST_F(StipulationElsewhere, TheChosenFileIsTheOneThatIsWatchedForChanges)
+TEST_F(StipulationElsewhere, TheChosenFileIsTheOneThatIsCheckedForChanges)
 {
     makeOneThatFails();
     failsForTheFolder(Answer::Elsewhere);
@@ -155,7 +155,7 @@ TEST_F(StipulationElsewhere, TheChosenFileIsTheOneThatIsWatchedForChanges)
     EXPECT_EQ(readBack("other.tvd"), two);
 }
 
-TEST_F(StipulationElsewhere, IsLeftByOkWithEverythingKept)
+TEST_F(StipulationElsewhere, OkKeepsEverything)
 {
     makeOneThatFails();
     put("prominitials", "ABC");
@@ -171,7 +171,7 @@ TEST_F(StipulationElsewhere, IsLeftByOkWithEverythingKept)
     EXPECT_EQ(listed(), Texts{"Singles / One"});
 }
 
-TEST_F(StipulationElsewhere, IsLeftByACancelledDialogWithEverythingKept)
+TEST_F(StipulationElsewhere, ACancelledDialogKeepsEverything)
 {
     makeOneThatFails();
     failsForTheFolder(Answer::Elsewhere);
@@ -197,7 +197,7 @@ TEST_F(StipulationElsewhere, IsOfferedAgainWhenTheOtherFileFailsToo)
     EXPECT_EQ(namedFile(), u"other.tvd"_s);
 }
 
-TEST_F(StipulationElsewhere, WritesOverAFileOnlyIfTheUserSaysSo)
+TEST_F(StipulationElsewhere, OverwritesAFileOnlyIfTheUserSaysSo)
 {
     makeOneThatFails();
     writeFile("other.tvd", two);
@@ -208,7 +208,7 @@ TEST_F(StipulationElsewhere, WritesOverAFileOnlyIfTheUserSaysSo)
     EXPECT_EQ(readBack("other.tvd"), one + untouched("Cage"));
 }
 
-TEST_F(StipulationElsewhere, LetsTheUserChooseAnewWhenAFileShallStay)
+TEST_F(StipulationElsewhere, LetsTheUserChooseAgainWhenAFileMustStay)
 {
     for (const Answer answer : {Answer::No, Answer::Enter, Answer::Escape, Answer::Close}) {
         makeOneThatFails();
@@ -226,7 +226,7 @@ TEST_F(StipulationElsewhere, LetsTheUserChooseAnewWhenAFileShallStay)
     }
 }
 
-TEST_F(StipulationElsewhere, ASaveThatIsGivenUpAtTheQuestionLeavesTheFile)
+TEST_F(StipulationElsewhere, ASaveCancelledAfterTheQuestionLeavesTheFile)
 {
     makeOneThatFails();
     writeFile("other.tvd", two);
@@ -239,7 +239,7 @@ TEST_F(StipulationElsewhere, ASaveThatIsGivenUpAtTheQuestionLeavesTheFile)
     EXPECT_EQ(namedFile(), utf8(kFile));
 }
 
-TEST_F(StipulationElsewhere, TheNameGetsTheEndThatTheListNeedsBeforeItIsAskedAbout)
+TEST_F(StipulationElsewhere, TheNameGetsItsExtensionBeforeTheQuestion)
 {
     for (const char *typed : {"other", "other.TVD", "other.tvd"}) {
         makeOneThatFails();

@@ -18,8 +18,8 @@ using Texts = std::vector<std::string>;
 class StipulationFailure : public StipulationTest
 {
 protected:
-    /// Presses save, expects that the file does not take it and the form is kept, and gives what
-    /// the user was told.
+    /// Presses save, expects that the file cannot be written and the form stays, and returns
+    /// the message.
     QString failedSave()
     {
         QString told;
@@ -29,7 +29,7 @@ protected:
         return told;
     }
 
-    /// The same, expecting that no file could take it.
+    /// The same for a record that no file can hold.
     QString refusedSave()
     {
         QString told;
@@ -65,7 +65,7 @@ TEST_F(StipulationFailure, NamesTheFileAndTheCauseAndKeepsWhatIsTyped)
     EXPECT_EQ(folderContent(), kFile);
 }
 
-TEST_F(StipulationFailure, OfANewOneIsMendedByASecondTryThatSavesItOnce)
+TEST_F(StipulationFailure, OfANewOneCanBeRetriedAndSavesItOnce)
 {
     open(one);
     createNew();
@@ -78,7 +78,7 @@ TEST_F(StipulationFailure, OfANewOneIsMendedByASecondTryThatSavesItOnce)
     EXPECT_EQ(listed(), (Texts{"Singles / One", "Singles / Cage"}));
 }
 
-TEST_F(StipulationFailure, OfAnEditedOneIsMendedByASecondTry)
+TEST_F(StipulationFailure, OfAnEditedOneCanBeRetried)
 {
     open(one + two);
     edit(1);
@@ -200,7 +200,7 @@ TEST_F(StipulationsChangedByAnother, AreKeptWhenTheUserSaysNo)
     }
 }
 
-TEST_F(StipulationsChangedByAnother, AreWrittenOverWhenTheUserSaysYes)
+TEST_F(StipulationsChangedByAnother, AreOverwrittenWhenTheUserSaysYes)
 {
     open(one);
     createNew();
@@ -227,7 +227,7 @@ TEST_F(StipulationsChangedByAnother, AreKeptByADeleteWhenTheUserSaysNo)
     EXPECT_EQ(listed(), Texts{"Singles / One"});
 }
 
-TEST_F(StipulationsChangedByAnother, StandBehindTheQuestionAsTheyWereListed)
+TEST_F(StipulationsChangedByAnother, StayListedBehindTheQuestion)
 {
     open(one + two);
     select(0);
@@ -243,7 +243,7 @@ TEST_F(StipulationsChangedByAnother, StandBehindTheQuestionAsTheyWereListed)
     EXPECT_EQ(behind, (Texts{"Singles / One", "Singles / Two"}));
 }
 
-TEST_F(StipulationsChangedByAnother, AreNotMeantWhenTheListIsSavedUnderAnotherName)
+TEST_F(StipulationsChangedByAnother, DoNotMatterWhenTheListIsSavedUnderAnotherName)
 {
     open(one);
     writeFile("other.tvd", two);
@@ -293,9 +293,9 @@ TEST_P(CharacterThatNoFileHolds, IsRefusedByTheNameOfItsField)
     EXPECT_TRUE(told.contains(u"\u03A9"_s)) << told.toStdString();
     EXPECT_EQ(shown(GetParam().control), u"a\u03A9b"_s);
     EXPECT_EQ(readBack(kFile), one);
-    put(GetParam().control, "mended");
+    put(GetParam().control, "fixed");
     save();
-    EXPECT_TRUE(readBack(kFile).contains("\r\nmended\r\n") || readBack(kFile).startsWith("mended"));
+    EXPECT_TRUE(readBack(kFile).contains("\r\nfixed\r\n") || readBack(kFile).startsWith("fixed"));
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -37,24 +37,24 @@ protected:
     }
 };
 
-/// Letters smaller than those that the form was drawn with, as some desktops have them.
-class SmallLetters
+/// A smaller font than the usual one, as some desktops have it.
+class SmallFont
 {
 protected:
-    SmallLetters()
+    SmallFont()
     {
         QFont font = m_usual;
         font.setPointSize(7);
         QApplication::setFont(font);
     }
-    ~SmallLetters() { QApplication::setFont(m_usual); }
-    Q_DISABLE_COPY_MOVE(SmallLetters)
+    ~SmallFont() { QApplication::setFont(m_usual); }
+    Q_DISABLE_COPY_MOVE(SmallFont)
 
 private:
     QFont m_usual = QApplication::font();
 };
 
-class SmallStipulationForm : private SmallLetters, public StipulationTest
+class SmallStipulationForm : private SmallFont, public StipulationTest
 {
 };
 
@@ -226,7 +226,7 @@ TEST_F(StipulationFormBehaviour, ClosingTheWindowCancels)
     EXPECT_EQ(readBack(kFile), "");
 }
 
-TEST_F(StipulationFormBehaviour, EveryControlHasASpokenNameOfItsOwn)
+TEST_F(StipulationFormBehaviour, EveryControlHasAnAccessibleNameOfItsOwn)
 {
     open("");
     createNew();
@@ -264,7 +264,7 @@ TEST_F(StipulationFormBehaviour, TheValuesStandInTwoRowsUnderTheirCaptions)
     EXPECT_LT(control("Form3", "drawcurrent").y(), control("Form3", "entcurrent").y());
 }
 
-TEST_F(StipulationFormBehaviour, EveryComboBoxIsNamedByALabelOfItsOwn)
+TEST_F(StipulationFormBehaviour, EveryComboBoxHasALabelOfItsOwn)
 {
     open("");
     createNew();

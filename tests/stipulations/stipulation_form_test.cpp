@@ -44,7 +44,7 @@ protected:
     }
 };
 
-TEST_F(StipulationForm, BearsItsCaptions)
+TEST_F(StipulationForm, HasItsCaptions)
 {
     open("");
     createNew();
@@ -89,7 +89,7 @@ TEST_F(StipulationForm, OffersTheListsOfItsCombos)
               u"Just Standard Ability|Just Hardcore Ability|50% Standard, 50% Hardcore"_s);
 }
 
-TEST_F(StipulationForm, OffersTheNumbersTo100AndNaWhereAValueMayStay)
+TEST_F(StipulationForm, OffersTheNumbersTo100AndNaWhereAValueNeedNotChange)
 {
     open("");
     createNew();
@@ -239,7 +239,7 @@ TEST_F(StipulationForm, StartsInItsFirstFieldAndReachesAllOthersByTab)
     expectReachable(control("Form3", "matchtype"));
     QSet<QString> reached;
     for (int step = 0; step < 30; ++step) {
-        // The box inside a combo box has the focus in its stead.
+        // The box inside a combo box has the focus instead.
         const QWidget *focused = QApplication::focusWidget();
         ASSERT_NE(focused, nullptr);
         const auto *box = qobject_cast<const QComboBox *>(focused->parentWidget());

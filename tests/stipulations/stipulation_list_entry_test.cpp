@@ -17,7 +17,7 @@ protected:
         press("Form1", "Command1");
     }
 
-    /// Enters with a file that is no table; gives what the message on the menu said.
+    /// Opens a file that is no table, and returns the message on the menu.
     QString refusal(const char *name)
     {
         QString told;
@@ -94,7 +94,7 @@ TEST_F(EntryToTheStipulations, OpensTheFileThatTheMenuNamesAndWritesNoOther)
     EXPECT_EQ(readBack(kFile), other);
 }
 
-TEST_F(EntryToTheStipulations, TellsHowManyLinesAFileHasThatEndsInsideARecord)
+TEST_F(EntryToTheStipulations, SaysHowManyLinesAFileHasThatEndsInsideARecord)
 {
     const QByteArray cut = stipulation("Singles", "One") + "Singles\r\nTwo\r\n";
     writeFile("cut.tvd", cut);
@@ -105,14 +105,14 @@ TEST_F(EntryToTheStipulations, TellsHowManyLinesAFileHasThatEndsInsideARecord)
     EXPECT_EQ(folderContent(), "cut.tvd");
 }
 
-TEST_F(EntryToTheStipulations, TellsThatTheNameIsAFolder)
+TEST_F(EntryToTheStipulations, SaysThatTheNameIsAFolder)
 {
     ASSERT_TRUE(QDir().mkdir(u"folder.tvd"_s));
     EXPECT_TRUE(refusal("folder.tvd").contains(u"folder"_s));
     EXPECT_EQ(folderContent(), "folder.tvd");
 }
 
-TEST_F(EntryToTheStipulations, TellsThatAFileCannotBeCreated)
+TEST_F(EntryToTheStipulations, SaysThatAFileCannotBeCreated)
 {
     refusal("missing/a.tvd");
     EXPECT_EQ(folderContent(), "");

@@ -30,7 +30,7 @@ protected:
     }
 };
 
-TEST_F(StipulationList, BearsItsCaptions)
+TEST_F(StipulationList, HasItsCaptions)
 {
     open("");
     EXPECT_EQ(screen("Form16").windowTitle(), u"Tarvold 1.3 Data Editor"_s);
@@ -95,7 +95,7 @@ TEST_F(StipulationList, AsksForASelectionBeforeItDeletes)
     EXPECT_EQ(readBack(kFile), one);
 }
 
-TEST_F(StipulationList, StaysWhenNothingIsSelectedToBeCopied)
+TEST_F(StipulationList, StaysWhenTheUserCopiesAndNothingIsSelected)
 {
     open(one);
     list().setFocus(Qt::TabFocusReason);
@@ -196,7 +196,7 @@ TEST_F(StipulationList, HasNoSelectionAfterASave)
     expectRefused("Command2");
 }
 
-TEST_F(StipulationList, IsDrivenByTheKeyboardAlone)
+TEST_F(StipulationList, WorksByKeyboardAlone)
 {
     open(one + two);
     expectReachable(list());
@@ -228,7 +228,7 @@ TEST_F(StipulationList, GoesBackToTheMenuWhenItsWindowIsClosed)
     EXPECT_EQ(readBack(kFile), one);
 }
 
-TEST_F(StipulationList, ReadsTheFileAnewOnEveryEntry)
+TEST_F(StipulationList, ReadsTheFileAgainOnEveryEntry)
 {
     open(one);
     press("Form16", "Command3");

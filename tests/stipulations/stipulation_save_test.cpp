@@ -162,7 +162,7 @@ TEST_F(StipulationSave, LeavesTheBytesOfAnOddRecordThatIsSavedUnchanged)
     EXPECT_EQ(readBack(kFile), odd + one);
 }
 
-TEST_F(StipulationSave, GoesToTheFileThatTheMenuNamesByNow)
+TEST_F(StipulationSave, GoesToTheFileThatTheMenuNamesNow)
 {
     open(one);
     editor.screens().setText({"Form1", "Text1"}, u"other.tvd"_s);

@@ -128,8 +128,8 @@ void Form3::showRecords(const StipulationTable &table, const std::vector<int> &i
 {
     m_table = &table;
     for (int offset = 0; const FormLine &line : kLines) {
-        // What a stipulation cannot show stays as the one before it showed it. Backwards, to set
-        // each control once: a hand-made file may have thousands that look the same.
+        // A line that cannot be shown leaves what the stipulation before it showed. Backwards, to
+        // set each control once: a hand-made file may have thousands that look the same.
         auto index = indexes.rbegin();
         while (index != indexes.rend() && !show(line, table.line(*index + offset))) {
             ++index;

@@ -35,9 +35,8 @@ public:
     void showDefaults(const StipulationTable &table);
 
     /// Copies the stipulations that start at these indexes of the table into the form, one after
-    /// the other: the last one is shown. Of those before it only the quality can remain, where the
-    /// later ones have none that is known.
-    /// \param indexes one at least
+    /// the other: the last one is shown. Of those before it only the quality can remain, if the
+    /// later ones have no known quality.
     void showRecords(const StipulationTable &table, const std::vector<int> &indexes);
 
 signals:

@@ -1,7 +1,6 @@
 #include "editor.h"
 
 #include "controls/combo_box.h"
-#include "endings/ending_entry.h"
 #include "endings/ending_flow.h"
 #include "import/import_screen.h"
 #include "screens/main_menu.h"
@@ -40,13 +39,13 @@ void Editor::begin(MenuEntry entry)
 {
     switch (entry) {
     case MenuEntry::NormalEndings:
-        endingentry::enter(m_screens, MatchEnding::Normal);
+        endingflow::enter(m_screens, MatchEnding::Normal);
         break;
     case MenuEntry::RunInEndings:
-        endingentry::enter(m_screens, MatchEnding::RunIn);
+        endingflow::enter(m_screens, MatchEnding::RunIn);
         break;
     case MenuEntry::TurnEndings:
-        endingentry::enter(m_screens, MatchEnding::Turn);
+        endingflow::enter(m_screens, MatchEnding::Turn);
         break;
     case MenuEntry::Interviews:
         segmentflow::enterInterview(m_screens);

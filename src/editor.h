@@ -15,7 +15,7 @@ class Editor : public QObject
 {
     Q_OBJECT
 public:
-    /// \param clock what the guard against stray presses goes by
+    /// \param clock the time for the guard against double clicks on buttons
     explicit Editor(DoubleClickGuard::Clock clock = &std::chrono::steady_clock::now);
 
     /// Shows the main menu. No other screen exists yet.

@@ -1,17 +1,94 @@
 #include "datafiles/data_file_kind.h"
 
+#include "datafiles/record_fields.h"
+#include "datafiles/stipulation_format.h"
+
 #include <algorithm>
+#include <array>
 
 namespace tarvold {
+namespace {
+
+using namespace fields;
+
+template <std::size_t size>
+using Lines = std::array<const RecordField *, size>;
+
+/// Joins groups of lines that formats share.
+template <std::size_t... sizes>
+constexpr Lines<(sizes + ...)> joined(const Lines<sizes> &...groups)
+{
+    Lines<(sizes + ...)> all{};
+    auto *end = all.begin();
+    ((end = std::copy(groups.begin(), groups.end(), end)), ...);
+    return all;
+}
+
+constexpr Lines<1> kAnyMatch = {&kMatchType};
+constexpr Lines<1> kBasicMatch = {&kBasicMatchType};
+constexpr Lines<5> kCriteria = {&kStipulation, &kTitleOnTheLine, &kTitleChangesHands, &kMatchFinish,
+                                &kDqPossible};
+
+constexpr Lines<20> kSides = {
+    &kAttackerNames,         &kAttackerDisposition,   &kAttackerRingStyle,
+    &kAttackerGender,        &kAttackerHoldsTitle,    &kAttackerManager,
+    &kAttackerManagerGender, &kAttackerManagerWorks,  &kAttackerFinisher,
+    &kAttackerStable,        &kReceiverName,          &kReceiverDisposition,
+    &kReceiverRingStyle,     &kReceiverGender,        &kReceiverHoldsTitle,
+    &kReceiverManager,       &kReceiverManagerGender, &kReceiverManagerWorks,
+    &kReceiverFinisher,      &kReceiverStable,
+};
+
+/// A turn has dispositions of its own, and leaves out managers and stables.
+constexpr Lines<10> kTurningSides = {
+    &kAttackerNames,      &kAttackerRingStyle, &kAttackerGender,    &kAttackerHoldsTitle,
+    &kAttackerFinisher,   &kReceiverName,      &kReceiverRingStyle, &kReceiverGender,
+    &kReceiverHoldsTitle, &kReceiverFinisher,
+};
+
+constexpr Lines<8> kFeud = {
+    &kForTelevisedShows, &kFeudType,        &kFeudingNames, &kFeudingDisposition,
+    &kFeudingRingStyle,  &kFeudingFinisher, &kFeudingWith,  &kHeatIncrease,
+};
+
+constexpr Lines<7> kTurn = {
+    &kWrestler1Disposition, &kWrestler2Disposition, &kWrestler3Disposition, &kWrestler4Disposition,
+    &kTurningSide,          &kAttackerTurns,        &kReceiverTurns,
+};
+
+constexpr Lines<9> kInterviewDetails = {
+    &kFeudType,   &kInterviewer, &kTelevised,     &kSide1Disposition, &kSide2Disposition,
+    &kSide1Names, &kSide2Names,  &kFeudingGender, &kHeatIncrease,
+};
+
+constexpr Lines<9> kTalkShowDetails = {
+    &kHost,       &kHostDisposition,   &kTalkShowName, &kGuest1Name,   &kGuest1Disposition,
+    &kGuest2Name, &kGuest2Disposition, &kGuestGender,  &kHeatIncrease,
+};
+
+constexpr Lines<10> kCommentaryLines = [] {
+    Lines<10> lines{};
+    std::transform(kCommentary.begin(), kCommentary.end(), lines.begin(),
+                   [](const RecordField &field) { return &field; });
+    return lines;
+}();
+
+constexpr auto kNormalLines = joined(kAnyMatch, kCriteria, kSides, kCommentaryLines);
+constexpr auto kRunInLines = joined(kBasicMatch, kCriteria, kSides, kFeud, kCommentaryLines);
+constexpr auto kTurnLines = joined(kBasicMatch, kCriteria, kTurningSides, kTurn, kCommentaryLines);
+constexpr auto kInterviewLines = joined(kInterviewDetails, kCommentaryLines);
+constexpr auto kTalkShowLines = joined(kTalkShowDetails, kCommentaryLines);
+
+} // namespace
 
 // clang-format off
 const std::array<DataFileKindRow, 6> kDataFileKinds = {{
-    {DataFileKind::NormalEndings, {"Form1", "Text3"}, "normreports.tvd",  "normal match endings",       36},
-    {DataFileKind::RunInEndings,  {"Form1", "Text4"}, "feudreports.tvd",  "match endings with run-ins", 44},
-    {DataFileKind::TurnEndings,   {"Form1", "Text5"}, "turnreports.tvd",  "match endings with turns",   33},
-    {DataFileKind::Interviews,    {"Form1", "Text6"}, "interviews.tvd",   "interview segments",         19},
-    {DataFileKind::TalkShows,     {"Form1", "Text7"}, "talkshow.tvd",     "talk show segments",         19},
-    {DataFileKind::Stipulations,  {"Form1", "Text1"}, "stipulations.tvd", "match stipulations",         19},
+    {DataFileKind::NormalEndings, "normreports.tvd",  "normal match endings",       kNormalLines},
+    {DataFileKind::RunInEndings,  "feudreports.tvd",  "match endings with run-ins", kRunInLines},
+    {DataFileKind::TurnEndings,   "turnreports.tvd",  "match endings with turns",   kTurnLines},
+    {DataFileKind::Interviews,    "interviews.tvd",   "interview segments",         kInterviewLines},
+    {DataFileKind::TalkShows,     "talkshow.tvd",     "talk show segments",         kTalkShowLines},
+    {DataFileKind::Stipulations,  "stipulations.tvd", "match stipulations",         kStipulationFormat},
 }};
 // clang-format on
 

@@ -20,10 +20,11 @@ enum class DataFileKind {
 struct DataFileKindRow
 {
     DataFileKind kind;
-    ControlRef nameBox;      ///< the main menu box that holds the file's name
-    const char *defaultName; ///< what that box holds when the program starts
-    const char *content;     ///< what the file holds, in words, to tell the boxes apart
-    int linesPerRecord;
+    const char *defaultName; ///< the name proposed for such a file
+    const char *content;     ///< what the file holds, in words
+    RecordFormat format;     ///< the lines of each record
+
+    int linesPerRecord() const { return static_cast<int>(format.size()); }
 };
 
 /// All kinds, a row each.

@@ -151,7 +151,7 @@ Result<void> addToTarget(ImportTable table, const ImportRequest &request, const 
 tl::expected<void, ImportFailure> importRecords(const ImportRequest &request,
                                                 const TellDuplicate &tellDuplicate)
 {
-    const int linesPerRecord = rowOf(request.kind).linesPerRecord;
+    const int linesPerRecord = rowOf(request.kind).linesPerRecord();
     Result<ImportTable> source =
         readFile(request.source).and_then([linesPerRecord](QByteArray bytes) {
             return ImportTable::of(std::move(bytes), linesPerRecord);

@@ -32,18 +32,18 @@ codepage::Encoded encodeLine(const QString &text)
     return codepage::encode(text);
 }
 
-ComposedRecord composeRecord(const RecordLayout &layout,
-                             const std::function<QString(ControlRef)> &textOf)
+ComposedRecord composeRecord(RecordFormat format,
+                             const std::function<QString(const RecordField &)> &textOf)
 {
     ComposedRecord record;
-    for (const RecordField &field : layout) {
-        const std::optional<QString> line = lineOf(field.coding, textOf(field.source));
+    for (const RecordField *field : format) {
+        const std::optional<QString> line = lineOf(field->coding, textOf(*field));
         if (!line) {
             continue;
         }
         const codepage::Encoded encoded = encodeLine(*line);
         if (encoded.missing) {
-            return {{}, MissingCharacter{QLatin1StringView(field.caption), *encoded.missing}};
+            return {{}, MissingCharacter{QLatin1StringView(field->name), *encoded.missing}};
         }
         record.bytes += encoded.bytes + kLineEnd;
     }

@@ -9,51 +9,44 @@
 
 #include <functional>
 #include <optional>
-#include <vector>
+#include <span>
 
 namespace tarvold {
 
 using namespace Qt::StringLiterals;
 
-/// The name of a control and of the screen that bears it, such as Form4, Combo3.
-struct ControlRef
-{
-    const char *screen;
-    const char *control;
-};
-
-/// One line of a record.
+/// One line of a record. Known by its address: a field that several kinds of record have is one
+/// object, which their formats share.
 struct RecordField
 {
-    const char *caption; ///< the field's label on its screen
-    ControlRef source;   ///< where its text is read when a record is saved
+    const char *name; ///< what the user knows it by: its caption on a screen
     Coding coding;
 };
 
-/// The lines of a record, in their order in the file.
-using RecordLayout = std::vector<RecordField>;
+/// The lines of a record, in their order in the file: line 1 is the first.
+using RecordFormat = std::span<const RecordField *const>;
 
 /// Ends every line of a data file.
 inline constexpr char kLineEnd[] = "\r\n";
 
-/// Tells why a file's lines are not a whole number of records.
+/// Says why a file's lines are not a whole number of records; nothing if they are.
 /// \param lines how many lines the file has
 /// \param record what the user calls a record
 std::optional<FileError> whyNotWhole(QByteArrayView bytes, qsizetype lines, int linesPerRecord,
                                      const QString &record = u"record"_s);
 
-/// A character that no data file can hold, and the field that it was found in.
+/// A character that no data file can hold, and the field it was found in.
 struct MissingCharacter
 {
     QString field;
     char32_t character;
 };
 
-/// Encodes what the user put into one field, which is one line: a CR or LF in it, even one alone,
-/// is refused. No text box lets one in, but assistive technology may put it there.
+/// Encodes what the user put into one field, which is one line: any CR or LF in it is refused. No
+/// text box accepts one, but assistive technology may put it there.
 codepage::Encoded encodeLine(const QString &text);
 
-/// What composing a record gives: all its bytes, or the character that stopped it.
+/// The result of composing a record: all its bytes, or the character that stopped it.
 struct ComposedRecord
 {
     QByteArray bytes;
@@ -61,26 +54,8 @@ struct ComposedRecord
 };
 
 /// Composes a new record for its file, each text encoded by encodeLine() and ended by CR LF.
-/// \param textOf gives the text that a control shows at this moment
-ComposedRecord composeRecord(const RecordLayout &layout,
-                             const std::function<QString(ControlRef)> &textOf);
-
-/// The ten commentary lines of a commentary screen, which end every record but a stipulation.
-RecordLayout commentaryLayout(const char *screen);
-
-/// The 36 lines of a normal match ending.
-const RecordLayout &normalEndingLayout();
-
-/// The 44 lines of a match ending with a run-in.
-const RecordLayout &runInEndingLayout();
-
-/// The 33 lines of a match ending with a turn.
-const RecordLayout &turnEndingLayout();
-
-/// The 19 lines of an interview segment.
-const RecordLayout &interviewLayout();
-
-/// The 19 lines of a talk show segment.
-const RecordLayout &talkShowLayout();
+/// \param textOf gives what the user put into a field
+ComposedRecord composeRecord(RecordFormat format,
+                             const std::function<QString(const RecordField &)> &textOf);
 
 } // namespace tarvold

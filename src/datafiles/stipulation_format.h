@@ -1,17 +1,13 @@
 #pragma once
 
-#include "datafiles/coding.h"
+#include "datafiles/record.h"
 
 #include <array>
 
 namespace tarvold {
 
 /// One line of a stipulation.
-struct StipulationField
-{
-    const char *name; ///< the caption of the field on the form
-    Coding coding;
-};
+using StipulationField = RecordField;
 
 /// The fields of a match stipulation.
 namespace stipulationfields {

@@ -16,7 +16,7 @@ public:
     explicit Form5(Screens &screens);
 };
 
-/// The receiver, who loses: the third screen of all match endings, where they part.
+/// The receiver, who loses: the third screen of all match endings, and the last that they share.
 class Form6 : public DetailsScreen
 {
     Q_OBJECT

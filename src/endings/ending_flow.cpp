@@ -1,23 +1,101 @@
 #include "endings/ending_flow.h"
 
 #include "endings/attacker_receiver.h"
+#include "endings/ending_commentary.h"
 #include "endings/feud_details.h"
 #include "endings/match_criteria.h"
-#include "endings/normal_commentary.h"
-#include "endings/run_in_commentary.h"
-#include "endings/turn_commentary.h"
 #include "endings/turn_details.h"
-#include "screens/screens.h"
+#include "screens/main_menu.h"
 
 namespace tarvold::endingflow {
+namespace {
+
+constexpr const char *kKept = nullptr;
+
+// clang-format off
+constexpr ValueRow kCriteriaValues[] = {
+    //          normal    run-in     turn
+    {"Combo3",  {"Any",    kKept,     kKept}},
+    {"Combo12", {kKept,    "Singles", "Singles"}},
+    {"Combo1",  {"N/A",    "N/A",     "N/A"}},
+    {"Combo2",  {"N/A",    "N/A",     "N/A"}},
+    {"Combo4",  {"Normal", "Normal",  "Normal"}},
+    {"Combo10", {"N/A",    "N/A",     "N/A"}},
+    {"Text2",   {"Any",    "Any",     "Any"}},
+};
+
+/// Names are kept for run-ins and turns, so that a name typed for one ending is offered again for
+/// the next. The hidden manager name of a turn is "Any".
+constexpr ValueRow kSideValues[] = {
+    //          normal run-in turn
+    {"Text1",   {"N/A", "N/A", "Any"}},
+    {"Text2",   {"Any", kKept, kKept}},
+    {"Combo3",  {"Any", "Any", kKept}},
+    {"Combo1",  {"Any", "Any", "Any"}},
+    {"Combo2",  {"Any", "Any", "Any"}},
+    {"Combo4",  {"N/A", "N/A", "N/A"}},
+    {"Combo5",  {"N/A", "N/A", kKept}},
+    {"Combo6",  {"N/A", "N/A", kKept}},
+    {"Combo7",  {"Any", "Any", "Any"}},
+    {"Text3",   {"N/A", "N/A", kKept}},
+};
+// clang-format on
+
+constexpr ScreenValues kValues[] = {
+    {"Form4", kCriteriaValues},
+    {"Form5", kSideValues},
+    {"Form6", kSideValues},
+};
+
+/// All three tag lists show the first tag of a normal ending, even where it is not their own first.
+constexpr char kFirstTag[] = "Attacker 1 Full Name";
+
+constexpr Preset kNormalValues[] = {
+    {{"Form7", "Combo1"}, kFirstTag},
+};
+constexpr Preset kRunInValues[] = {
+    {{"Form9", "Combo1"}, kFirstTag}, {{"Form8", "Combo3"}, "Singles"},
+    {{"Form8", "Text2"}, "Any"},      {{"Form8", "Combo1"}, "Any"},
+    {{"Form8", "Combo2"}, "Any"},     {{"Form8", "Combo7"}, "Any"},
+    {{"Form8", "Combo4"}, "Losers"},  {{"Form8", "HScroll1"}, "10"},
+    {{"Form8", "Label8"}, "10%"},     {{"Form8", "Combo5"}, "N/A"},
+};
+constexpr Preset kTurnValues[] = {
+    {{"Form10", "Combo1"}, "N/A"},          {{"Form10", "Combo2"}, "N/A"},
+    {{"Form10", "Combo3"}, "N/A"},          {{"Form10", "Combo4"}, "N/A"},
+    {{"Form10", "Combo5"}, "Winning Side"}, {{"Form10", "Combo6"}, "N/A"},
+    {{"Form10", "Combo7"}, "N/A"},          {{"Form11", "Combo1"}, kFirstTag},
+};
+
+} // namespace
+
+const std::array<EndingRow, 3> kEndings = {{
+    {"normal", DataFileKind::NormalEndings, "Form7", kNormalValues},
+    {"feuds", DataFileKind::RunInEndings, "Form9", kRunInValues},
+    {"turns", DataFileKind::TurnEndings, "Form11", kTurnValues},
+}};
+
+const EndingRow &rowOf(MatchEnding kind)
+{
+    return kEndings.at(static_cast<std::size_t>(kind));
+}
+
+std::span<const ScreenValues> values()
+{
+    return kValues;
+}
 
 std::span<const FlowStep> chain()
 {
-    // A flow label that is neither of the first two leads to the turn screens.
+    // Any other text of the flow label leads to the turn screens.
     static const FlowStep steps[] = {
         {"Form4", "Form1", {{nullptr, "Form5"}}},
         {"Form5", "Form4", {{nullptr, "Form6"}}},
-        {"Form6", "Form5", {{"normal", "Form7"}, {"feuds", "Form8"}, {nullptr, "Form10"}}},
+        {"Form6",
+         "Form5",
+         {{rowOf(MatchEnding::Normal).flowLabel, "Form7"},
+          {rowOf(MatchEnding::RunIn).flowLabel, "Form8"},
+          {nullptr, "Form10"}}},
         {"Form7", "Form6"},
         {"Form8", "Form6", {{nullptr, "Form9"}}},
         {"Form9", "Form8"},
@@ -37,6 +115,24 @@ void declare(Screens &screens)
     screens.declare<Form9>();
     screens.declare<Form10>();
     screens.declare<Form11>();
+}
+
+void enter(Screens &screens, MatchEnding kind)
+{
+    const EndingRow &ending = rowOf(kind);
+    screens.setText(kLabel, QLatin1StringView(ending.flowLabel));
+    for (const auto &[name, rows] : kValues) {
+        Screen &screen = screens[name];
+        dynamic_cast<DetailsScreen &>(screen).showFieldsOf(tarvold::rowOf(ending.file).format);
+        for (const ValueRow &row : rows) {
+            if (const char *value = row.values.at(static_cast<std::size_t>(kind)); value != kKept) {
+                screen.setText(row.control, QLatin1StringView(value));
+            }
+        }
+    }
+    screens.apply(ending.ownValues);
+    dynamic_cast<CommentaryScreen &>(screens[ending.commentary]).startAfresh();
+    screens.get<Form4>().replace(screens.get<Form1>());
 }
 
 } // namespace tarvold::endingflow

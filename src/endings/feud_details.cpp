@@ -1,5 +1,6 @@
 #include "endings/feud_details.h"
 
+#include "datafiles/record_fields.h"
 #include "screens/lists.h"
 
 namespace tarvold {
@@ -11,19 +12,22 @@ namespace {
 constexpr const char *kSides[] = {"Winners", "Losers"};
 constexpr const char *kTelevised[] = {"N/A", "Yes"};
 
-/// Unlike on other screens, a blank stands before the digits.
-constexpr Bar kFeudHeat = {
-    .valueLabel = "Label8", .designText = "100%", .prefix = " ", .followsDrag = false};
+/// Only this screen shows a blank before the digits.
+constexpr Bar kFeudHeat = [] {
+    Bar bar = lists::kFeudHeat;
+    bar.prefix = " ";
+    return bar;
+}();
 
 constexpr Field kFields[] = {
     {.control = "Combo3",
      .label = "Label4",
-     .caption = "Type of Feud",
+     .field = &fields::kFeudType,
      .items = lists::kFeudTypes,
      .help = "Specify whether this match ending involves a Singles feud, or a Tag Team feud."},
     {.control = "Text2",
      .label = "Label5",
-     .caption = "Feuding Wrestler(s)",
+     .field = &fields::kFeudingNames,
      .designText = "Any",
      .help =
          "Feuding Wrestler(s) ~ This refers to the wrestler(s) who will interfere in some way. "
@@ -32,14 +36,14 @@ constexpr Field kFields[] = {
          "'Rocco Vance,Dex Vance)."},
     {.control = "Combo1",
      .label = "Label2",
-     .caption = "Feuding Wrestler's Disposition",
+     .field = &fields::kFeudingDisposition,
      .items = lists::kDispositions,
      .help =
          "Feuding Wrestler's Disposition ~ Here, you can write endings based on the interfering "
          "wrestler(s) being Face or Heel, or either."},
     {.control = "Combo2",
      .label = "Label3",
-     .caption = "Feud Wrestler's Ring Style",
+     .field = &fields::kFeudingRingStyle,
      .items = lists::kRingStyles,
      .help =
          "Feuding Wrestler's Ring Style ~ You can specify this match ending to only be used for "
@@ -47,25 +51,25 @@ constexpr Field kFields[] = {
          "any style."},
     {.control = "Combo7",
      .label = "Label10",
-     .caption = "Feuding Wrestler's Finisher Type",
+     .field = &fields::kFeudingFinisher,
      .items = lists::kFinisherTypes,
      .help = "Feuding Wrestler's Finisher Type ~ This allows you to write endings specific to the "
              "interfering wrestler using a submission finisher, for example."},
     {.control = "Combo4",
      .label = "Label6",
-     .caption = "Feuding With",
+     .field = &fields::kFeudingWith,
      .items = kSides,
      .help = "Feuding With ~ This specifies who the interfering wrestler is going to attack, the "
              "winner(s) of the match or the loser(s)."},
     {.control = "HScroll1",
      .label = "Label7",
-     .caption = "Feud Heat Increase",
+     .field = &fields::kHeatIncrease,
      .bar = &kFeudHeat,
      .help = "Feud Heat Increase ~ This is how much the feud bar will increase when this match "
              "ending takes place."},
     {.control = "Combo5",
      .label = "Label9",
-     .caption = "For Televised Shows?",
+     .field = &fields::kForTelevisedShows,
      .items = kTelevised,
      .help = "For Televised Shows? ~ If for example, the interfering wrestler was a guest "
              "commentater for the match, the ending would only be used on televised shows. If it "

@@ -1,6 +1,7 @@
 #include "endings/match_criteria.h"
 
 #include "controls/combo_box.h"
+#include "datafiles/record_fields.h"
 #include "screens/lists.h"
 #include "screens/screens.h"
 
@@ -41,20 +42,20 @@ constexpr const char *kFinishes[] = {"Normal", "DQ"};
 constexpr Field kFields[] = {
     {.control = "Combo3",
      .label = "Label4",
-     .caption = "Match Type",
+     .field = &fields::kMatchType,
      .items = kAllMatchTypes,
      .help = "Match Type ~ You can limit this match finish to only appear in a certain type of "
              "match, if you wish.",
      .helpOn = HelpOn::FocusAndClick},
     {.control = "Combo12",
      .label = "Label4",
-     .caption = "Match Type",
+     .field = &fields::kBasicMatchType,
      .items = kShortMatchTypes,
      .help = "Match Type ~ Specify which type of match this ending will be used for.",
      .spokenName = "Match Type, short list"},
     {.control = "Text2",
      .label = "Label5",
-     .caption = "Stipulation",
+     .field = &fields::kStipulation,
      .designText = "Any",
      .help = "Stipulation ~ Either use 'Any' or specify a certain stipulation such as 'Ladder "
              "Match'. If you specify the Stipulation, this finish will only occur during that "
@@ -62,21 +63,21 @@ constexpr Field kFields[] = {
      .helpOn = HelpOn::FocusAndClick},
     {.control = "Combo1",
      .label = "Label6",
-     .caption = "Title On The Line?",
+     .field = &fields::kTitleOnTheLine,
      .items = lists::kYesNoNa,
      .help = "Title On The Line ~ Allows you to only have this match finish happen when a title "
              "is on the line, or not on the line.",
      .helpOn = HelpOn::FocusAndClick},
     {.control = "Combo2",
      .label = "Label7",
-     .caption = "Title Changes Hands?",
+     .field = &fields::kTitleChangesHands,
      .items = lists::kYesNoNa,
      .help = "Title Changes Hands ~ This means you can include in your match finish things like "
              "'<wrestler name> wins the <title name>!'",
      .helpOn = HelpOn::FocusAndClick},
     {.control = "Combo4",
      .label = "Label8",
-     .caption = "Match Finish",
+     .field = &fields::kMatchFinish,
      .items = kFinishes,
      .help = "Match Finish ~ This means you can write different finishes depending on whether the "
              "winner wins a normal way, or by disqualification. NOTE: For a DQ finish, the "
@@ -84,7 +85,7 @@ constexpr Field kFields[] = {
      .helpOn = HelpOn::FocusAndClick},
     {.control = "Combo10",
      .label = "Label14",
-     .caption = "DQ Possible In This Match?",
+     .field = &fields::kDqPossible,
      .items = lists::kNaYesNo,
      .help = "DQ Possible? ~ If DQ is possible, you can write things that are done behind the "
              "referee's back. If DQ isn't possible, you can freely include weapon shots without "
@@ -98,8 +99,8 @@ constexpr ControlRef kFeudType = {"Form8", "Combo3"};
 
 QString feudTypeOf(const QString &matchType)
 {
-    const bool isSingles = matchType == "Women's Match"_L1 || matchType == "Singles"_L1;
-    return isSingles ? u"Singles"_s : u"Tag Team"_s;
+    const bool isSingles = matchType == "Women's Match"_L1 || lists::isSingles(matchType);
+    return QLatin1StringView(isSingles ? lists::kSingles : lists::kTagTeam);
 }
 
 } // namespace
@@ -114,7 +115,7 @@ Form4::Form4(Screens &screens)
     addHiddenLabel("matchreports", u"remember there is more than 1 combo for match type"_s);
     auto &shortMatchType = control<ComboBox>("Combo12");
     connect(&shortMatchType, &ComboBox::chosen, this, [&screens, &shortMatchType] {
-        // Also when a turn is written, which has no use for it.
+        // Also for a turn, which does not need it.
         screens.setText(kFeudType, feudTypeOf(shortMatchType.currentText()));
     });
 }

@@ -1,5 +1,6 @@
 #include "endings/turn_details.h"
 
+#include "datafiles/record_fields.h"
 #include "screens/lists.h"
 
 namespace tarvold {
@@ -19,32 +20,32 @@ constexpr char kDispositionHelp[] =
 constexpr Field kFields[] = {
     {.control = "Combo1",
      .label = "Label2",
-     .caption = "Wrestler 1 Disposition",
+     .field = &fields::kWrestler1Disposition,
      .items = kTurnDispositions,
      .help = kDispositionHelp},
     {.control = "Combo2",
      .label = "Label3",
-     .caption = "Wrestler 2 Disposition",
+     .field = &fields::kWrestler2Disposition,
      .items = kTurnDispositions,
      .help = kDispositionHelp},
     {.control = "Combo3",
      .label = "Label4",
-     .caption = "Wrestler 3 Disposition",
+     .field = &fields::kWrestler3Disposition,
      .items = kTurnDispositions,
      .help = kDispositionHelp},
     {.control = "Combo4",
      .label = "Label5",
-     .caption = "Wrestler 4 Disposition",
+     .field = &fields::kWrestler4Disposition,
      .items = kTurnDispositions,
      .help = kDispositionHelp},
     {.control = "Combo5",
      .label = "Label6",
-     .caption = "Turning Wrestler(s) Are On",
+     .field = &fields::kTurningSide,
      .items = kTurningSides,
      .help = "Specify whether it is the winning side or the losing side which is turning."},
     {.control = "Combo6",
      .label = "Label7",
-     .caption = "Turning Wrestler is Attacker?",
+     .field = &fields::kAttackerTurns,
      .items = lists::kYesNoNa,
      .help =
          "Use this option only if the turn is in a tag team match, and one wrestler is turning "
@@ -53,7 +54,7 @@ constexpr Field kFields[] = {
          "when the turning wrestler does NOT score the winning pin/submission."},
     {.control = "Combo7",
      .label = "Label8",
-     .caption = "Turning Wrestler is Receiver?",
+     .field = &fields::kReceiverTurns,
      .items = lists::kYesNoNa,
      .help =
          "Use this option only if the turn is in a tag team match, and one wrestler is turning "

@@ -6,7 +6,7 @@ namespace tarvold {
 
 /// One of the ten lines of a commentary screen: a text box that can be marked.
 ///
-/// The mark is the background itself, yellow or white; there is no other record of it.
+/// The mark is the background itself, yellow or white; it is stored nowhere else.
 class CommentaryLine : public TextBox
 {
     Q_OBJECT
@@ -19,15 +19,16 @@ public:
     /// Makes the background yellow or white.
     void setMarked(bool marked);
 
-    /// Adds a text at the end of the line, wherever the cursor is; the user can undo it.
+    /// Adds a text at the end of the line, wherever the cursor is. The user can undo it.
     void append(const QString &text);
 
 signals:
-    /// The user wants to see the tag list, by the keys that open a list. Going there with Tab would
-    /// lead through other lines and mark them.
+    /// The user pressed a key that opens a list, to see the tag list. Tab would go through other
+    /// lines on the way there and mark them.
     void tagsRequested();
 
-    /// The user went into the line, by mouse or keyboard; not: a window merely appeared.
+    /// The user entered the line, by mouse or keyboard. Not sent when a window becomes active or a
+    /// popup closes.
     void entered();
 
 protected:

@@ -10,8 +10,8 @@
 #include "screens/failures.h"
 #include "screens/form_grid.h"
 #include "screens/keys.h"
+#include "screens/main_menu.h"
 #include "screens/save_elsewhere.h"
-#include "screens/screens.h"
 #include "screens/tag_list.h"
 
 #include <QGridLayout>
@@ -70,14 +70,16 @@ void CommentaryScreen::addLines()
     grid->setHorizontalSpacing(kGap);
     grid->setVerticalSpacing(kRowGap);
     for (CommentaryLine *&line : m_lines) {
-        const int row = int(&line - m_lines.data());
+        const auto row = &line - m_lines.data();
+        const RecordField &field = fields::kCommentary.at(std::size_t(row));
         const QString number = QString::number(row + 1);
         line = new CommentaryLine(this);
-        line->setAccessibleName(u"Commentary line "_s + number);
+        line->setAccessibleName(QLatin1StringView(field.name));
         add(line, qPrintable(u"Text"_s + number));
+        addSource(field, line);
         auto *label = new QLabel(number, this); // no buddy: its number would be spoken as the name
-        grid->addWidget(label, row, 0, Qt::AlignRight | Qt::AlignVCenter);
-        grid->addWidget(line, row, 1);
+        grid->addWidget(label, int(row), 0, Qt::AlignRight | Qt::AlignVCenter);
+        grid->addWidget(line, int(row), 1);
         connect(line, &CommentaryLine::entered, this, [this, line] { mark(*line); });
         connect(line, &CommentaryLine::tagsRequested, m_tags, &ComboBox::showPopup);
     }
@@ -102,7 +104,7 @@ void CommentaryScreen::showEvent(QShowEvent *event)
 {
     Screen::showEvent(event);
     if (!event->spontaneous()) {
-        goToMarkedLine(); // it looks ready, so what is typed has to go there
+        goToMarkedLine(); // its yellow promises that typed text goes there
     }
 }
 
@@ -116,7 +118,7 @@ void CommentaryScreen::whitenboxes()
 void CommentaryScreen::startAfresh()
 {
     for (CommentaryLine *line : m_lines) {
-        line->setText({}); // clear() could be undone, into the commentary of another record
+        line->setText({}); // undo after clear() would bring back the commentary of another record
     }
     whitenboxes();
 }
@@ -137,7 +139,7 @@ void CommentaryScreen::insertTag()
             break;
         }
     }
-    // Deliberate: after a refusal the marked line receives the tag that was accepted before.
+    // Deliberate: after a refusal the marked line gets the tag that was accepted last.
     const QString outcome = append(text("hiddenlabel"));
     goToMarkedLine();
     m_announcement->tell(isRefused ? u"Tag refused. "_s + outcome : outcome);
@@ -193,16 +195,27 @@ void CommentaryScreen::save()
     }
 }
 
+QWidget &CommentaryScreen::source(const RecordField &field)
+{
+    for (const char *screen : pathTo(m_table.name, m_table.chain)) {
+        if (QWidget *control = m_screens[screen].sourceOf(field)) {
+            return *control;
+        }
+    }
+    qFatal("no screen on the way to %s has the field %s", m_table.name, field.name);
+}
+
 bool CommentaryScreen::write()
 {
-    const ComposedRecord record = composeRecord(
-        m_table.layout(), [this](ControlRef source) { return m_screens.text(source); });
+    const ComposedRecord record =
+        composeRecord(rowOf(m_table.kind).format,
+                      [this](const RecordField &field) { return controls::textOf(source(field)); });
     if (record.missing) {
         messagebox::notice(this, QLatin1StringView(messagebox::kTitle),
                            failures::cannotHold(*record.missing));
         return false;
     }
-    const auto fileName = [this] { return m_screens.text(rowOf(m_table.kind).nameBox); };
+    const auto fileName = [this] { return m_screens.text(Form1::fileNameBox(m_table.kind)); };
     while (true) {
         const auto appended = appendToFile(fileName(), record.bytes);
         if (appended) {

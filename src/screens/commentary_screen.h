@@ -1,6 +1,8 @@
 #pragma once
 
 #include "datafiles/data_file_kind.h"
+#include "datafiles/record_fields.h"
+#include "screens/flow.h"
 #include "screens/screen.h"
 
 #include <array>
@@ -16,9 +18,9 @@ class TagList;
 /// Why a tag cannot be inserted now.
 struct Refusal
 {
-    ControlRef box;                     ///< the field that decides
-    bool (*isRefused)(const QString &); ///< by the text in that field
-    const char *message;                ///< tells the user so
+    ControlRef box;                     ///< the control that decides
+    bool (*isRefused)(const QString &); ///< takes the text of that control
+    const char *message;                ///< what the user is told
     const char *title;                  ///< of the message box
 };
 
@@ -27,7 +29,7 @@ struct CommentaryTag
 {
     const char *item;
     const char *tag;                  ///< what it inserts
-    const Refusal *refusal = nullptr; ///< none: never refused
+    const Refusal *refusal = nullptr; ///< nullptr: never refused
 };
 
 /// A commentary screen, as a table.
@@ -38,18 +40,18 @@ struct CommentaryTable
     const char *instructions;
     std::span<const CommentaryTag> tags;
     const char *addCaption;
-    const char *missingMessage; ///< told when the first line is empty
-    const char *question;       ///< asked before the record is written
-    DataFileKind kind;
-    const RecordLayout &(*layout)();
+    const char *missingMessage;      ///< shown if the first line is empty
+    const char *question;            ///< asked before the record is written
+    DataFileKind kind;               ///< of the record
+    std::span<const FlowStep> chain; ///< the flow that ends here, whose screens feed the record
 };
 
 /// A screen with ten lines of commentary, a list of tags to insert into them, "Add ..." (Command1),
 /// which appends the record of the whole flow to its file, and "<<" (Command2).
 ///
-/// The line that receives tags is the one whose background is yellow; the tag that was last
-/// accepted is the text of `hiddenlabel`. Neither is stored anywhere else. The yellow line has the
-/// focus after each pick and whenever the screen comes back.
+/// Tags go into the line with the yellow background; the last accepted tag is the text of
+/// `hiddenlabel`. Neither is stored anywhere else. The yellow line gets the focus after each pick
+/// and whenever the screen is shown.
 class CommentaryScreen : public Screen
 {
     Q_OBJECT
@@ -60,10 +62,14 @@ public:
     /// What the screen is made of.
     const CommentaryTable &table() const { return m_table; }
 
+    /// The control whose text is saved as a field of the record: on this screen or on one before it
+    /// in its flow. A field that none of them has ends the program; a test walks every format.
+    QWidget &source(const RecordField &field);
+
     /// Makes all lines white, so that none receives tags.
     void whitenboxes();
 
-    /// Empties and whitens all lines for a new record. The last accepted tag stays.
+    /// Clears and whitens all lines for a new record. The last accepted tag stays.
     void startAfresh();
 
 protected:
@@ -77,11 +83,11 @@ private:
     void addButtons();
     void mark(CommentaryLine &line);
     void insertTag();
-    /// Gives the marked line, if there is one, the focus, so that the user can type on at its end.
+    /// Focuses the end of the marked line, if there is one, so that the user can go on typing.
     void goToMarkedLine();
-    /// Whether the tag can be inserted now; tells the user when it cannot.
+    /// Whether the tag can be inserted now; shows the message if not.
     bool accepts(const CommentaryTag &tag);
-    /// Adds the tag to the marked line; says in words what came of it.
+    /// Adds the tag to the marked line; returns what happened, in words.
     QString append(const QString &tag);
     void save();
     bool write();
@@ -90,7 +96,7 @@ private:
     CommentaryTable m_table;
     TagList *m_tags;
     Announcement *m_announcement;
-    std::array<CommentaryLine *, 10> m_lines{};
+    std::array<CommentaryLine *, fields::kCommentary.size()> m_lines{};
 };
 
 } // namespace tarvold

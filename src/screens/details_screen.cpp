@@ -7,6 +7,8 @@
 #include <QGridLayout>
 #include <QShowEvent>
 
+#include <algorithm>
+
 namespace tarvold {
 
 using namespace Qt::StringLiterals;
@@ -52,6 +54,28 @@ void DetailsScreen::goOn()
     emit nextPressed();
 }
 
+void DetailsScreen::showFieldsOf(RecordFormat format)
+{
+    const auto setVisible = [this](const Field &field, bool visible) {
+        control(field.control).setVisible(visible);
+        control(field.label).setVisible(visible);
+    };
+    const auto isPart = [format](const Field &field) {
+        return std::find(format.begin(), format.end(), field.field) != format.end();
+    };
+    // A label that two fields share is visible if one of them is.
+    for (const Field &field : m_fields) {
+        if (!isPart(field)) {
+            setVisible(field, false);
+        }
+    }
+    for (const Field &field : m_fields) {
+        if (isPart(field)) {
+            setVisible(field, true);
+        }
+    }
+}
+
 QWidget *DetailsScreen::firstField() const
 {
     for (const Field &field : m_fields) {
@@ -66,7 +90,7 @@ QWidget *DetailsScreen::firstField() const
 void DetailsScreen::showEvent(QShowEvent *event)
 {
     for (const Field &field : m_fields) {
-        // Where two controls share a place, the label is that of the one to be seen.
+        // Where two controls share a place, the label belongs to the visible one.
         if (QWidget &shown = control(field.control); !shown.isHidden()) {
             control<QLabel>(field.label).setBuddy(&shown);
         }
@@ -76,7 +100,7 @@ void DetailsScreen::showEvent(QShowEvent *event)
     if (first == nullptr || event->spontaneous()) {
         return;
     }
-    // The focus itself comes only when the desktop makes the window active.
+    // The first field gets the focus only when the desktop activates the window.
     m_help->showFor(*first);
 }
 

@@ -8,7 +8,7 @@
 
 namespace tarvold {
 
-/// What ">>" puts into a box that is exactly empty.
+/// What ">>" puts into an empty box.
 struct Fill
 {
     const char *control;
@@ -23,8 +23,8 @@ struct DetailsTable
     const char *heading;
     std::span<const Field> fields;
     const char *helpLabel;
-    std::span<const Fill> fills = {}; ///< carried out in this order by ">>"
-    const char *noteLabel = nullptr;  ///< a fixed note under the heading, if there is one
+    std::span<const Fill> fills = {}; ///< what ">>" does, in this order
+    const char *noteLabel = nullptr;  ///< a fixed note under the heading, if any
     const char *note = nullptr;
 };
 
@@ -34,6 +34,10 @@ class DetailsScreen : public Screen
     Q_OBJECT
 public:
     explicit DetailsScreen(const DetailsTable &table);
+
+    /// Shows the fields that are part of such a record, with their labels, and hides all others.
+    /// A scroll bar's value label stays as it is.
+    void showFieldsOf(RecordFormat format);
 
 protected:
     QWidget *firstField() const override;

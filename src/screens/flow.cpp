@@ -2,15 +2,30 @@
 
 #include "controls/message_box.h"
 #include "screens/main_menu.h"
-#include "screens/screens.h"
+
+#include <algorithm>
 
 namespace tarvold {
 
 using namespace Qt::StringLiterals;
 
-Flow::Flow(Screens &screens, std::span<const FlowStep> steps, ControlRef label)
+std::vector<const char *> pathTo(const char *screen, std::span<const FlowStep> chain)
+{
+    const auto stepOf = [chain](const char *name) {
+        return std::find_if(chain.begin(), chain.end(), [name](const FlowStep &step) {
+            return qstrcmp(step.screen, name) == 0;
+        });
+    };
+    std::vector<const char *> path;
+    for (auto step = stepOf(screen); step != chain.end(); step = stepOf(step->back)) {
+        path.push_back(step->screen);
+    }
+    return path;
+}
+
+Flow::Flow(Screens &screens, std::span<const FlowStep> chain, ControlRef label)
     : m_screens(screens)
-    , m_steps(steps)
+    , m_chain(chain)
     , m_label(label)
 {
     connect(&screens, &Screens::created, this, [this](Screen *screen) { attach(*screen); });
@@ -18,7 +33,7 @@ Flow::Flow(Screens &screens, std::span<const FlowStep> steps, ControlRef label)
 
 void Flow::attach(Screen &screen)
 {
-    for (const FlowStep &step : m_steps) {
+    for (const FlowStep &step : m_chain) {
         if (screen.objectName() != QLatin1StringView(step.screen)) {
             continue;
         }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "datafiles/record.h"
+#include "screens/screens.h"
 
 #include <QObject>
 
@@ -9,13 +9,10 @@
 
 namespace tarvold {
 
-class Screen;
-class Screens;
-
-/// Where ">>" leads while the flow label shows a certain text.
+/// Where ">>" leads, depending on the text of the flow label.
 struct Branch
 {
-    const char *label; ///< the flow label's text; none for any text
+    const char *label; ///< the flow label's text; nullptr for any text
     const char *screen;
 };
 
@@ -24,21 +21,24 @@ struct FlowStep
 {
     const char *screen;
     const char *back;              ///< the main menu for the first screen of a flow
-    std::vector<Branch> next = {}; ///< the first that fits is taken; none for the last screen
+    std::vector<Branch> next = {}; ///< the first match is taken; empty for the last screen
 };
+
+/// The screens between the main menu and a screen of a chain, the screen itself first.
+std::vector<const char *> pathTo(const char *screen, std::span<const FlowStep> chain);
 
 /// Moves the user along chains of screens.
 ///
-/// "<<" on the first screen of a chain and closing the window of any of them ask before the main
-/// menu comes back; "<<" elsewhere and ">>" do not. It attaches itself to the screens of its chain
-/// as they are created.
+/// "<<" on the first screen of a chain asks before it returns to the main menu, and so does closing
+/// any window of the chain; "<<" elsewhere and ">>" do not ask. A flow attaches itself to the
+/// screens of its chain as they are created.
 class Flow : public QObject
 {
     Q_OBJECT
 public:
-    /// \param steps kept by the caller for as long as the flow lives
+    /// \param chain must outlive the flow
     /// \param label the control whose text chooses among branches; not needed without branches
-    Flow(Screens &screens, std::span<const FlowStep> steps, ControlRef label = {});
+    Flow(Screens &screens, std::span<const FlowStep> chain, ControlRef label = {});
 
 private:
     void attach(Screen &screen);
@@ -48,7 +48,7 @@ private:
     void show(const char *next, Screen &current);
 
     Screens &m_screens;
-    std::span<const FlowStep> m_steps;
+    std::span<const FlowStep> m_chain;
     ControlRef m_label;
 };
 

@@ -15,6 +15,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+const char *captionOf(const Field &field)
+{
+    return field.caption != nullptr ? field.caption : field.field->name;
+}
+
 QWidget *newBareControl(const Field &field)
 {
     if (field.bar != nullptr) {
@@ -32,11 +37,11 @@ QWidget *newBareControl(const Field &field)
     return combo;
 }
 
-/// A scroll bar with the label that shows its value beside it.
+/// A scroll bar with a label beside it that shows its value.
 QWidget *withValueLabel(Screen &screen, const Bar &bar, ScrollBar &scrollBar)
 {
     QLabel *label = screen.newLabel(bar.valueLabel, bar.designText);
-    // A file may hold any text here; it must not widen the window.
+    // A file may hold any text for this label; it must not widen the window.
     label->setFixedWidth(label->fontMetrics().horizontalAdvance(u" 100% "_s));
     const auto show = [label, &bar](int value) {
         label->setText(QLatin1StringView(bar.prefix) + QString::number(value) + u'%');
@@ -65,8 +70,11 @@ QWidget *newControl(Screen &screen, const Field &field)
 {
     QWidget *control = newBareControl(field);
     screen.add(control, field.control);
+    if (field.field != nullptr) {
+        screen.addSource(*field.field, control);
+    }
     controls::describe(*control, QLatin1StringView(field.spokenName != nullptr ? field.spokenName
-                                                                               : field.caption));
+                                                                               : captionOf(field)));
     return control;
 }
 
@@ -81,7 +89,7 @@ QGridLayout *build(Screen &screen, std::span<const Field> fields, HelpLine *help
     for (const Field &field : fields) {
         QWidget *control = newControl(screen, field);
         if (qstrcmp(field.label, lastLabel) != 0) {
-            QLabel *label = screen.newLabel(field.label, field.caption);
+            QLabel *label = screen.newLabel(field.label, captionOf(field));
             label->setBuddy(control);
             grid->addWidget(label, grid->rowCount(), 0);
             lastLabel = field.label;

@@ -8,6 +8,7 @@
 #include <QGridLayout>
 #include <QLabel>
 
+#include <algorithm>
 #include <array>
 #include <optional>
 
@@ -22,18 +23,19 @@ struct MenuRow
     MenuEntry entry;
     const char *button;
     const char *caption;
-    std::optional<DataFileKind> kind = {}; ///< whose file name box stands beside the button
+    std::optional<DataFileKind> kind = {}; ///< of the file whose name box is beside the button
+    const char *box = nullptr;
     const char *boxCaption = nullptr;
 };
 
 // clang-format off
 constexpr std::array<MenuRow, 8> kRows = {{
-    {MenuEntry::Stipulations,  "Command1", "Edit And Create Match Stipulations", DataFileKind::Stipulations,  "In File:"},
-    {MenuEntry::NormalEndings, "Command3", "Add Normal Match Endings",           DataFileKind::NormalEndings, "To File:"},
-    {MenuEntry::RunInEndings,  "Command4", "Add Match Endings With Run-Ins",     DataFileKind::RunInEndings,  "To File:"},
-    {MenuEntry::TurnEndings,   "Command5", "Add Match Endings With Turns",       DataFileKind::TurnEndings,   "To File:"},
-    {MenuEntry::Interviews,    "Command6", "Add New Interview Segments",         DataFileKind::Interviews,    "To File:"},
-    {MenuEntry::TalkShows,     "Command7", "Add New Talk Show Segments",         DataFileKind::TalkShows,     "To File:"},
+    {MenuEntry::Stipulations,  "Command1", "Edit And Create Match Stipulations", DataFileKind::Stipulations,  "Text1", "In File:"},
+    {MenuEntry::NormalEndings, "Command3", "Add Normal Match Endings",           DataFileKind::NormalEndings, "Text3", "To File:"},
+    {MenuEntry::RunInEndings,  "Command4", "Add Match Endings With Run-Ins",     DataFileKind::RunInEndings,  "Text4", "To File:"},
+    {MenuEntry::TurnEndings,   "Command5", "Add Match Endings With Turns",       DataFileKind::TurnEndings,   "Text5", "To File:"},
+    {MenuEntry::Interviews,    "Command6", "Add New Interview Segments",         DataFileKind::Interviews,    "Text6", "To File:"},
+    {MenuEntry::TalkShows,     "Command7", "Add New Talk Show Segments",         DataFileKind::TalkShows,     "Text7", "To File:"},
     {MenuEntry::Import,        "Command8", "Import"},
     {MenuEntry::Exit,          "Command2", "Exit"},
 }};
@@ -57,6 +59,14 @@ Form1::Form1(Screens & /*screens*/) : Screen(kName)
     column().addStretch();
 }
 
+ControlRef Form1::fileNameBox(DataFileKind kind)
+{
+    const auto *row = std::find_if(kRows.begin(), kRows.end(), [kind](const MenuRow &candidate) {
+        return candidate.kind == kind;
+    });
+    return {kName, row->box};
+}
+
 void Form1::addRows(QGridLayout &grid)
 {
     for (const MenuRow &row : kRows) {
@@ -72,9 +82,9 @@ void Form1::addRows(QGridLayout &grid)
         auto *box = new TextBox(this);
         box->setText(QLatin1StringView(kind.defaultName));
         box->setAccessibleName(caption + u' ' + QLatin1StringView(kind.content));
-        add(box, kind.nameBox.control);
+        add(box, row.box);
         auto *label = new QLabel(caption);
-        label->setTextFormat(Qt::PlainText); // no buddy: its text would be spoken for all six
+        label->setTextFormat(Qt::PlainText); // no buddy: all six would be spoken alike
         grid.addWidget(label, line, 1);
         grid.addWidget(box, line, 2);
     }

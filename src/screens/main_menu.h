@@ -1,12 +1,12 @@
 #pragma once
 
-#include "screens/screen.h"
+#include "screens/screens.h"
 
 class QGridLayout;
 
 namespace tarvold {
 
-class Screens;
+enum class DataFileKind;
 
 /// What the user can start from the main menu.
 enum class MenuEntry {
@@ -22,7 +22,7 @@ enum class MenuEntry {
 
 /// The main menu: a button for every task, and the names of the six data files.
 ///
-/// It knows none of the tasks. It tells which button was pressed; the start-up code connects that.
+/// It knows none of the tasks: it only signals which button was pressed.
 class Form1 : public Screen
 {
     Q_OBJECT
@@ -31,8 +31,11 @@ public:
 
     explicit Form1(Screens &screens);
 
+    /// The box that holds the name of the file for records of this kind.
+    static ControlRef fileNameBox(DataFileKind kind);
+
 signals:
-    /// The user wants to start this.
+    /// The user pressed the button for this.
     void pressed(tarvold::MenuEntry entry);
 
 private:

@@ -5,6 +5,7 @@
 #include "disk/durable.h"
 #include "disk/read.h"
 #include "screens/failures.h"
+#include "screens/main_menu.h"
 #include "screens/screens.h"
 
 #include <QDir>
@@ -157,7 +158,7 @@ bool offer(Screens &screens, const FailedSave &failed)
                            QLatin1StringView(kButtonCaption))) {
         return false;
     }
-    const ControlRef box = rowOf(failed.kind).nameBox;
+    const ControlRef box = Form1::fileNameBox(failed.kind);
     const auto name = chosenName(failed, screens.text(box));
     if (name) {
         screens.setText(box, *name);

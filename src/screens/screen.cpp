@@ -23,12 +23,12 @@ namespace {
 constexpr double kHeadingScale = 1.4;
 
 /// One size for all screens, so that moving through them feels like one window. It follows the
-/// user's text size and has room for the longest form, on a display that has it.
+/// user's text size and has room for the longest form if the display has.
 QSize standardSize(const QWidget &screen)
 {
     constexpr int kRows = 13;
-    constexpr int kLeastRest = 126; // what is around the rows: gaps do not shrink as text does
-    constexpr QSize kFrame(16, 48); // what the desktop draws around the window, at most
+    constexpr int kLeastRest = 126; // the space around the rows: gaps do not shrink with the text
+    constexpr QSize kFrame(16, 48); // the largest window frame that a desktop draws
     const QFontMetrics metrics = screen.fontMetrics();
     const int row = std::max(kControlHeight, metrics.lineSpacing() + 10) + kRowGap;
     const QSize wanted(metrics.averageCharWidth() * 100,
@@ -87,10 +87,10 @@ void Screen::replace(Screen &other)
         setWindowState(other.windowState());
     } else {
         setWindowState(Qt::WindowNoState);
-        // By the place of its inside: how wide the frames are is not known until the desktop tells.
+        // Without the frames: how wide they are is unknown until the desktop reports it.
         setGeometry(other.geometry());
         if (QWindow *window = windowHandle()) {
-            window->setGeometry(geometry()); // else one that the desktop placed once is placed anew
+            window->setGeometry(geometry()); // else the desktop may place the window again
         }
     }
     show();
@@ -189,7 +189,7 @@ void Screen::showEvent(QShowEvent *event)
     if (first != nullptr) {
         first->setFocus(Qt::OtherFocusReason);
         if (QLineEdit *box = controls::textBoxOf(*first)) {
-            box->selectAll(); // as Tab does, so that typing replaces what is there
+            box->selectAll(); // as Tab does, so that typing replaces the text
         }
     }
     QWidget::showEvent(event);
@@ -197,7 +197,7 @@ void Screen::showEvent(QShowEvent *event)
 
 void Screen::closeEvent(QCloseEvent *event)
 {
-    // What closing means is for the flow to say; the window itself lives for the whole run.
+    // The flow decides what closing means; the window itself lives for the whole run.
     event->ignore();
     emit closeRequested();
 }

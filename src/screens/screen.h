@@ -12,22 +12,24 @@ namespace tarvold {
 
 class PushButton;
 class ScrollPane;
+struct RecordField;
 
 /// A screen of the program: one top-level window, shown and hidden, never destroyed during a run.
 ///
-/// Its object name is the screen's name, a control's object name is the control's name, and that is
-/// how tables, tests and assistive technology find both. All values live in the controls.
+/// The object name of the window is the screen's name, and that of each control is the control's
+/// name. Tables, tests and assistive technology find both by it. All values live in the controls.
 class Screen : public QWidget
 {
     Q_OBJECT
 public:
     explicit Screen(const char *name);
 
-    /// The control of this name. Names come from the program's own tables, so an unknown one ends
+    /// The control with this name. Names come from the program's own tables, so an unknown one ends
     /// the program; a test walks every table.
     QWidget &control(const char *name) const;
 
-    /// The same, as the control's own type. A wrong type ends the program by a std::bad_cast.
+    /// The same, as the control's own type. A wrong type throws std::bad_cast, which ends the
+    /// program.
     template <class T>
     T &control(const char *name) const
     {
@@ -37,59 +39,68 @@ public:
     /// The text that a control shows now.
     QString text(const char *control) const;
 
-    /// Puts a text into a control; never counts as a choice of the user's.
+    /// Puts a text into a control; never counts as a choice by the user.
     void setText(const char *control, const QString &text);
 
-    /// Shows this screen in the place of another, at its position and in its size, and then hides
-    /// the other, so that there is always a window to see.
+    /// Shows this screen at another's position and size and then hides the other, so that there is
+    /// always a visible window.
     void replace(Screen &other);
 
-    /// Makes a control known by its name.
+    /// Registers a control under its name.
     void add(QWidget *control, const char *name);
 
-    /// Makes a label of plain text and makes it known by its name. Whoever lays it out owns it.
+    /// Registers a control as the source of a record's field.
+    void addSource(const RecordField &field, QWidget *control)
+    {
+        m_sources.insert(&field, control);
+    }
+
+    /// The control whose text is saved as this field; none if the screen does not have the field.
+    QWidget *sourceOf(const RecordField &field) const { return m_sources.value(&field); }
+
+    /// Makes a label of plain text and registers it under its name. Whoever lays it out owns it.
     QLabel *newLabel(const char *name, const char *text);
 
 signals:
-    /// The user wants to go to the screen before, or to leave the flow on its first screen.
+    /// The user wants to go to the previous screen or, from the first one, to leave the flow.
     void backPressed();
-    /// The user wants to go to the next screen, and this one has done what comes before that.
+    /// The user wants to go to the next screen; empty boxes are filled already.
     void nextPressed();
-    /// The screen's work is done and the main menu comes next.
+    /// The screen's work is done; the main menu comes next.
     void finished();
     /// The user closed the window by its title bar or the desktop's close key.
     void closeRequested();
 
 protected:
-    /// The control that has the focus when the screen appears; none leaves the focus as it was.
+    /// The control that gets the focus when the screen appears; nullptr leaves the focus as it was.
     virtual QWidget *firstField() const { return nullptr; }
 
-    /// Makes a label that is never visible: its text is a variable of the program's.
+    /// Makes a label that is never visible: its text is a variable of the program.
     QLabel *addHiddenLabel(const char *name, const QString &text = {});
 
-    /// Makes a button for the row at the foot of the screen.
+    /// Makes a button for the row at the bottom of the screen.
     PushButton *newButton(const char *name, const char *caption);
 
     /// Makes the button "<<", with its keys.
     PushButton *newBackButton(const char *name);
 
-    /// The heading over everything else. It is spoken when the screen appears.
+    /// Adds the heading above everything else. Screen readers speak it when the screen appears.
     void addHeading(const char *name, const char *text);
 
-    /// What is spoken when the screen appears, before the title that all screens have.
+    /// Sets what screen readers speak when the screen appears, before the title of all screens.
     void setSpokenTitle(const QString &title);
 
-    /// A line across the screen.
+    /// Adds a line across the screen.
     void addRule(const char *name);
 
-    /// Puts a control under what scrolls, above the buttons.
+    /// Adds a control between the scrolling part and the buttons.
     void addFoot(QWidget *widget);
 
-    /// The row of buttons at the foot of the screen, to its left and to its right.
+    /// Adds the row of buttons at the bottom of the screen, on its left and on its right.
     void addButtonRow(std::initializer_list<PushButton *> left,
                       std::initializer_list<PushButton *> right);
 
-    /// The column between heading and foot. It scrolls where the display is too small for it.
+    /// The column between heading and buttons. It scrolls if the display is too small for it.
     QVBoxLayout &column();
 
     void showEvent(QShowEvent *event) override;
@@ -97,6 +108,7 @@ protected:
 
 private:
     QHash<QByteArray, QWidget *> m_controls;
+    QHash<const RecordField *, QWidget *> m_sources;
     QVBoxLayout *m_head;
     ScrollPane *m_pane;
     QVBoxLayout *m_foot;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "datafiles/record.h"
 #include "screens/screen.h"
 
 #include <QObject>
@@ -12,6 +11,13 @@
 #include <unordered_map>
 
 namespace tarvold {
+
+/// The name of a control and of its screen, such as Form4, Combo3.
+struct ControlRef
+{
+    const char *screen;
+    const char *control;
+};
 
 /// A value that a control starts with.
 struct Preset
@@ -25,7 +31,7 @@ class Screens : public QObject
 {
     Q_OBJECT
 public:
-    /// Makes a kind of screen known. T has a `kName` and is made from a `Screens &`.
+    /// Registers a type of screen. T has a `kName` and a constructor that takes a `Screens &`.
     template <class T>
     void declare()
     {
@@ -39,23 +45,23 @@ public:
         return static_cast<T &>((*this)[T::kName]);
     }
 
-    /// The one screen of this name. A name that was never declared ends the program.
+    /// The one screen with this name. A name that was never declared ends the program.
     Screen &operator[](const std::string &name);
 
-    /// Whether the screen has been needed yet.
+    /// Whether the screen has been created yet.
     bool exists(const std::string &name) const { return m_screens.contains(name); }
 
     /// The text that a control of some screen shows now.
     QString text(ControlRef ref);
 
-    /// Puts a text into a control of some screen; never counts as a choice of the user's.
+    /// Puts a text into a control of some screen; never counts as a choice by the user.
     void setText(ControlRef ref, const QString &text);
 
     /// Puts the values into their controls, in this order.
     void apply(std::span<const Preset> presets);
 
 signals:
-    /// A screen was needed for the first time and is complete, but not shown yet.
+    /// A screen was created; it is complete, but not shown yet.
     void created(tarvold::Screen *screen);
 
 private:

@@ -1,5 +1,6 @@
 #include "segments/opening_details.h"
 
+#include "datafiles/record_fields.h"
 #include "screens/lists.h"
 
 namespace tarvold {
@@ -26,13 +27,13 @@ constexpr Field kFields[] = {
              "event is a Ladder Match, you can set up that match in your opening segment."},
     {.control = "Combo1",
      .label = "Label2",
-     .caption = "Title On The Line?",
+     .caption = fields::kTitleOnTheLine.name,
      .items = lists::kYesNoNa,
      .help = "Title On The Line ~ Here you can specify if the main event is a title match or "
              "not. If it doesn't matter whether a title is on the line, choose N/A."},
     {.control = "Combo5",
      .label = "Label9",
-     .caption = "Televised?",
+     .caption = fields::kTelevised.name,
      .items = lists::kYesNoNa,
      .help = "Televised ~ You can choose to use this segment only if the show is televised, or "
              "only if the show isn't televised. If it doesn't matter, choose N/A."},
@@ -80,7 +81,7 @@ constexpr Field kFields[] = {
              "will be wrestler 1."},
     {.control = "Combo2",
      .label = "Label5",
-     .caption = "Wrestler 1 Disposition",
+     .caption = fields::kWrestler1Disposition.name,
      .items = lists::kFaceHeelAny},
     {.control = "Text5",
      .label = "Label14",
@@ -93,7 +94,7 @@ constexpr Field kFields[] = {
              "will be wrestler 1."},
     {.control = "Combo3",
      .label = "Label11",
-     .caption = "Wrestler 2 Disposition",
+     .caption = fields::kWrestler2Disposition.name,
      .items = lists::kFaceHeelAny},
 };
 

@@ -6,7 +6,7 @@ namespace tarvold {
 
 class Screens;
 
-/// The details of an opening segment: designed, and not part of any flow yet. Its buttons do
+/// The details of an opening segment: complete, but not part of any flow yet. Its buttons do
 /// nothing.
 class Form17 : public DetailsScreen
 {

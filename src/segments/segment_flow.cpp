@@ -2,10 +2,9 @@
 
 #include "screens/main_menu.h"
 #include "screens/screens.h"
-#include "segments/interview_commentary.h"
 #include "segments/interview_details.h"
 #include "segments/opening_details.h"
-#include "segments/talk_show_commentary.h"
+#include "segments/segment_commentary.h"
 #include "segments/talk_show_details.h"
 
 namespace tarvold::segmentflow {

@@ -10,11 +10,11 @@ namespace tarvold::segmentflow {
 /// The chains of both flows.
 std::span<const FlowStep> chain();
 
-/// Makes the segment screens known.
+/// Registers the segment screens.
 void declare(Screens &screens);
 
-/// Puts the screens of a flow into the state that a new segment starts from, and shows the first
-/// one in the main menu's place.
+/// Prepares the screens of a flow for a new segment and shows the first one in place of the main
+/// menu.
 void enterInterview(Screens &screens);
 void enterTalkShow(Screens &screens);
 

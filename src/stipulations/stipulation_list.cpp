@@ -97,7 +97,7 @@ int Form16::listPosition() const
 
 QString Form16::fileName() const
 {
-    return m_screens.text(rowOf(DataFileKind::Stipulations).nameBox);
+    return m_screens.text(Form1::fileNameBox(DataFileKind::Stipulations));
 }
 
 void Form16::enter()

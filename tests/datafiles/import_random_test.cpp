@@ -87,7 +87,7 @@ protected:
         const QString source = u"source.tvd"_s;
         const bool self = dice.onceIn(10);
         const QString target = self ? source : u"target.tvd"_s;
-        const int lines = rowOf(kind).linesPerRecord;
+        const int lines = rowOf(kind).linesPerRecord();
         QFile::remove(source); // to empty it would make some systems wait for the disk
         QFile::remove(u"target.tvd"_s);
         putBytes(source, dice.file(lines));

@@ -1,7 +1,9 @@
 #include "datafiles/record.h"
 #include "support/print.h"
 
+#include <functional>
 #include <gtest/gtest.h>
+#include <initializer_list>
 
 namespace tarvold {
 
@@ -9,20 +11,30 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The bytes of a record of one line of this coding, from a control that shows `text`.
+constexpr RecordField kOne = {"One", Coding::AsShown};
+constexpr RecordField kTwo = {"Two", Coding::BlankIfEmpty};
+constexpr RecordField kThree = {"Three", Coding::AsShown};
+constexpr RecordField kFinisher = {"Finisher", Coding::FinisherType};
+
+/// A record of these fields, each with its text by `textOf`.
+ComposedRecord composed(std::initializer_list<const RecordField *> fields,
+                        const std::function<QString(const RecordField &)> &textOf)
+{
+    return composeRecord(RecordFormat(fields), textOf);
+}
+
+/// The bytes of a record of one line of this coding, from a field with the text `text`.
 QByteArray lineFrom(Coding coding, const QString &text)
 {
-    const RecordLayout layout = {{"Field", {"Form0", "Text1"}, coding}};
-    return composeRecord(layout, [&text](ControlRef) { return text; }).bytes;
+    const RecordField field = {"Field", coding};
+    return composed({&field}, [&text](const RecordField &) { return text; }).bytes;
 }
 
 TEST(Record, EveryLineEndsWithCrLf)
 {
-    const RecordLayout layout = {{"One", {"Form0", "Text1"}, Coding::AsShown},
-                                 {"Two", {"Form0", "Text2"}, Coding::AsShown}};
-    const ComposedRecord record = composeRecord(
-        layout, [](ControlRef source) { return QString::fromLatin1(source.control); });
-    EXPECT_EQ(record.bytes, QByteArray("Text1\r\nText2\r\n"));
+    const ComposedRecord record = composed(
+        {&kOne, &kThree}, [](const RecordField &field) { return QString::fromLatin1(field.name); });
+    EXPECT_EQ(record.bytes, QByteArray("One\r\nThree\r\n"));
 }
 
 TEST(Record, ATextAsShownIsWrittenUnchanged)
@@ -59,9 +71,8 @@ TEST(Record, AnyOtherFinisherTextGivesNoLine)
 
 TEST(Record, AFinisherOutsideTheCodePageGivesNoLineAndNoRefusal)
 {
-    const RecordLayout layout = {{"Finisher", {"Form0", "Combo7"}, Coding::FinisherType}};
     const ComposedRecord record =
-        composeRecord(layout, [](ControlRef) { return QString(1, QChar(0x30A2)); });
+        composed({&kFinisher}, [](const RecordField &) { return QString(1, QChar(0x30A2)); });
     EXPECT_TRUE(record.bytes.isEmpty());
     EXPECT_FALSE(record.missing.has_value());
 }
@@ -83,10 +94,9 @@ TEST(Record, TextIsWrittenInTheCodePage)
 
 TEST(Record, ALineBreakInsideAFieldIsTold)
 {
-    const RecordLayout layout = {{"One", {"Form0", "Text1"}, Coding::AsShown}};
     for (const char *text : {"a\rb", "a\nb", "a\r\nb", "\n", "a\r"}) {
         const ComposedRecord record =
-            composeRecord(layout, [text](ControlRef) { return QString::fromLatin1(text); });
+            composed({&kOne}, [text](const RecordField &) { return QString::fromLatin1(text); });
         ASSERT_TRUE(record.missing.has_value());
         EXPECT_EQ(record.missing->field, u"One"_s);
         EXPECT_TRUE(record.missing->character == U'\r' || record.missing->character == U'\n');
@@ -96,11 +106,8 @@ TEST(Record, ALineBreakInsideAFieldIsTold)
 
 TEST(Record, AMissingCharacterIsToldWithItsField)
 {
-    const RecordLayout layout = {{"One", {"Form0", "Text1"}, Coding::AsShown},
-                                 {"Two", {"Form0", "Text2"}, Coding::BlankIfEmpty},
-                                 {"Three", {"Form0", "Text3"}, Coding::AsShown}};
-    const ComposedRecord record = composeRecord(layout, [](ControlRef source) {
-        return qstrcmp(source.control, "Text1") == 0 ? u"plain"_s : QString(1, QChar(0x0142));
+    const ComposedRecord record = composed({&kOne, &kTwo, &kThree}, [](const RecordField &field) {
+        return &field == &kOne ? u"plain"_s : QString(1, QChar(0x0142));
     });
     ASSERT_TRUE(record.missing.has_value());
     EXPECT_EQ(record.missing->field, u"Two"_s);

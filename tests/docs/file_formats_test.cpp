@@ -1,7 +1,7 @@
 // Compares the tables of docs/file-formats.md with what the program writes.
 
-#include "datafiles/data_file_kind.h"
 #include "docs/document_tables.h"
+#include "support/flow_test.h"
 #include "support/print.h"
 
 #include <QFile>
@@ -27,19 +27,6 @@ QString valueWord(Coding coding)
     }
 }
 
-/// The table that describes a layout.
-std::vector<DocumentRow> rowsOf(const RecordLayout &layout)
-{
-    std::vector<DocumentRow> rows;
-    for (const RecordField &field : layout) {
-        const QString source = u"%1, %2"_s.arg(QLatin1StringView(field.source.screen),
-                                               QLatin1StringView(field.source.control));
-        rows.push_back({QString::number(rows.size() + 1), QLatin1StringView(field.caption), source,
-                        valueWord(field.coding)});
-    }
-    return rows;
-}
-
 /// The headings in the document's order, which is that of the kinds.
 constexpr const char *kHeadings[] = {
     "Normal match endings: 36 lines",     "Match endings with run-ins: 44 lines",
@@ -63,25 +50,38 @@ TEST(FileFormats, EveryKindHasItsFileNameAndNumberOfLines)
     for (std::size_t kind = 0; kind < sections.size(); ++kind) {
         const DataFileKindRow &row = kDataFileKinds.at(kind);
         EXPECT_EQ(sections[kind].defaultFile, QLatin1StringView(row.defaultName));
-        EXPECT_EQ(int(sections[kind].rows.size()), row.linesPerRecord);
-        EXPECT_TRUE(sections[kind].heading.endsWith(u": %1 lines"_s.arg(row.linesPerRecord)));
+        EXPECT_EQ(int(sections[kind].rows.size()), row.linesPerRecord());
+        EXPECT_TRUE(sections[kind].heading.endsWith(u": %1 lines"_s.arg(row.linesPerRecord())));
     }
 }
 
-struct LayoutCase
+struct FlowCase
 {
     const char *name;
     std::size_t section;
-    const RecordLayout &(*layout)();
+    const FlowPath &flow;
 };
 
-void PrintTo(const LayoutCase &test, std::ostream *out)
+void PrintTo(const FlowCase &test, std::ostream *out)
 {
     *out << test.name;
 }
 
-class FileFormatsOf : public ::testing::TestWithParam<LayoutCase>
+class FileFormatsOf : public FlowTest, public ::testing::WithParamInterface<FlowCase>
 {
+protected:
+    /// The table that describes the record of the flow.
+    std::vector<DocumentRow> expectedRows()
+    {
+        std::vector<DocumentRow> rows;
+        for (const RecordField *field : GetParam().flow.format()) {
+            const QWidget &control = source(GetParam().flow, *field);
+            rows.push_back({QString::number(rows.size() + 1), QLatin1StringView(field->name),
+                            u"%1, %2"_s.arg(control.window()->objectName(), control.objectName()),
+                            valueWord(field->coding)});
+        }
+        return rows;
+    }
 };
 
 TEST_P(FileFormatsOf, EveryRowIsALineOfTheRecord)
@@ -89,7 +89,7 @@ TEST_P(FileFormatsOf, EveryRowIsALineOfTheRecord)
     const std::vector<DocumentSection> sections = documentSections();
     ASSERT_LT(GetParam().section, sections.size());
     const std::vector<DocumentRow> &rows = sections[GetParam().section].rows;
-    const std::vector<DocumentRow> expected = rowsOf(GetParam().layout());
+    const std::vector<DocumentRow> expected = expectedRows();
     EXPECT_EQ(rows.size(), expected.size());
     for (std::size_t row = 0; row < std::min(rows.size(), expected.size()); ++row) {
         EXPECT_EQ(rows[row], expected[row]);
@@ -97,11 +97,11 @@ TEST_P(FileFormatsOf, EveryRowIsALineOfTheRecord)
 }
 
 INSTANTIATE_TEST_SUITE_P(Kind, FileFormatsOf,
-                         ::testing::Values(LayoutCase{"NormalEndings", 0, normalEndingLayout},
-                                           LayoutCase{"RunInEndings", 1, runInEndingLayout},
-                                           LayoutCase{"TurnEndings", 2, turnEndingLayout},
-                                           LayoutCase{"Interviews", 3, interviewLayout},
-                                           LayoutCase{"TalkShows", 4, talkShowLayout}),
+                         ::testing::Values(FlowCase{"NormalEndings", 0, kNormalPath},
+                                           FlowCase{"RunInEndings", 1, kRunInPath},
+                                           FlowCase{"TurnEndings", 2, kTurnPath},
+                                           FlowCase{"Interviews", 3, kInterviewPath},
+                                           FlowCase{"TalkShows", 4, kTalkShowPath}),
                          [](const auto &test) { return std::string(test.param.name); });
 
 /// A box with a list is not filled by ">>" when it is empty, so that a record may lose its first

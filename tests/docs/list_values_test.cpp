@@ -1,8 +1,7 @@
 // Compares the values in docs/file-formats.md with the lists of the program.
 
-#include "datafiles/record.h"
 #include "docs/markdown.h"
-#include "support/editor_test.h"
+#include "support/flow_test.h"
 #include "support/print.h"
 
 #include <QRegularExpression>
@@ -49,17 +48,10 @@ std::map<QString, QStringList> documentedLists()
     return lists;
 }
 
-class ListValues : public EditorTest
+class ListValues : public FlowTest
 {
 protected:
-    void addListsOf(const RecordLayout &layout)
-    {
-        for (const RecordField &field : layout) {
-            addList(field.source.screen, control(field.source.screen, field.source.control));
-        }
-    }
-
-    void addList(const char *screen, const QWidget &control)
+    void addList(const QWidget &control)
     {
         const auto *box = qobject_cast<const QComboBox *>(&control);
         if (box == nullptr) {
@@ -69,7 +61,7 @@ protected:
         for (int item = 0; item < box->count(); ++item) {
             items << box->itemText(item);
         }
-        program[u"%1, %2"_s.arg(QLatin1StringView(screen), control.objectName())] = items;
+        program[u"%1, %2"_s.arg(control.window()->objectName(), control.objectName())] = items;
     }
 
     std::map<QString, QStringList> program;
@@ -77,12 +69,14 @@ protected:
 
 TEST_F(ListValues, EveryListThatARecordTakesItsTextsFromIsDocumented)
 {
-    for (const auto &layout : {normalEndingLayout, runInEndingLayout, turnEndingLayout,
-                               interviewLayout, talkShowLayout}) {
-        addListsOf(layout());
+    for (const FlowPath &flow :
+         {kNormalPath, kRunInPath, kTurnPath, kInterviewPath, kTalkShowPath}) {
+        for (const RecordField *field : flow.format()) {
+            addList(source(flow, *field));
+        }
     }
     for (const QComboBox *box : screen("Form3").findChildren<QComboBox *>()) {
-        addList("Form3", *box);
+        addList(*box);
     }
     EXPECT_EQ(documentedLists(), program);
 }

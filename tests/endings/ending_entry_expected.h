@@ -52,6 +52,10 @@ inline constexpr ExpectedValue kSides[] = {
 inline constexpr const char *kHiddenForTurns[] = {"Label4", "Combo3", "Label7",  "Text1", "Label8", "Combo5",
                                        "Label9", "Combo6", "Label11", "Text3"};
 
+/// All other rows of these screens.
+inline constexpr const char *kVisibleForTurns[] = {"Label5", "Text2",  "Label2", "Combo1",  "Label3",
+                                        "Combo2", "Label6", "Combo4", "Label10", "Combo7"};
+
 /// In the order normal, run-ins, turns.
 inline const std::vector<OwnValueText> kOwn[] = {
     {{"Form7", "Combo1", "Attacker 1 Full Name"}},

@@ -1,5 +1,5 @@
-#include "endings/ending_entry.h"
 #include "endings/ending_entry_expected.h"
+#include "endings/ending_flow.h"
 #include "support/ending_test.h"
 
 #include <span>
@@ -115,13 +115,43 @@ TEST_F(EndingEntry, SettingTheTagListInsertsNothing)
     EXPECT_EQ(text("Form7", "hiddenlabel"), QString());
 }
 
-TEST_F(EndingEntry, EveryControlOfBothEntryTablesIsOnItsScreen)
+TEST_F(EndingEntry, EveryControlOfTheEntryTableIsOnItsScreen)
 {
-    for (const auto &row : endingentry::values()) {
-        expectOnItsScreen(row.control);
+    for (const auto &[screen, rows] : endingflow::values()) {
+        for (const auto &row : rows) {
+            expectOnItsScreen({screen, row.control});
+        }
     }
-    for (const auto &row : endingentry::visibility()) {
-        expectOnItsScreen(row.control);
+}
+
+/// Whether a control will be visible as soon as its screen is.
+bool isShown(const QWidget &control)
+{
+    return control.isVisibleTo(control.window());
+}
+
+TEST_F(EndingEntry, EveryRowIsVisibleInItsKindsOnly)
+{
+    for (const MatchEnding kind : {MatchEnding::Turn, MatchEnding::Normal, MatchEnding::RunIn,
+                                   MatchEnding::Turn, MatchEnding::RunIn, MatchEnding::Normal}) {
+        SCOPED_TRACE(int(kind));
+        endingflow::enter(screens(), kind);
+        const bool isNormal = kind == MatchEnding::Normal;
+        EXPECT_EQ(isShown(control("Form4", "Combo3")), isNormal);
+        EXPECT_EQ(isShown(control("Form4", "Combo12")), !isNormal);
+        for (const char *name : {"Label4", "Label5", "Label6", "Label7", "Label8", "Label14",
+                                 "Text2", "Combo1", "Combo2", "Combo4", "Combo10"}) {
+            EXPECT_TRUE(isShown(control("Form4", name))) << name;
+        }
+        for (const char *screen : {"Form5", "Form6"}) {
+            for (const char *name : kHiddenForTurns) {
+                EXPECT_EQ(isShown(control(screen, name)), kind != MatchEnding::Turn) << name;
+            }
+            for (const char *name : kVisibleForTurns) {
+                EXPECT_TRUE(isShown(control(screen, name))) << name;
+            }
+        }
+        screen("Form1").replace(screen("Form4"));
     }
 }
 

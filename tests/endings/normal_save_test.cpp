@@ -1,4 +1,5 @@
-#include "datafiles/record.h"
+#include "controls/controls.h"
+#include "endings/ending_commentary.h"
 #include "support/ending_test.h"
 
 #include <QDir>
@@ -117,10 +118,12 @@ TEST_F(NormalSave, EveryFieldIsWrittenOnItsOwnLine)
 {
     QByteArray expected;
     int number = 0;
-    for (const RecordField &field : normalEndingLayout()) {
+    auto &commentary = editor.screens().get<Form7>();
+    for (const RecordField *field : rowOf(DataFileKind::NormalEndings).format) {
         const QByteArray words = "line " + QByteArray::number(++number);
-        const bool isFinisher = qstrcmp(field.source.control, "Combo7") == 0;
-        editor.screens().setText(field.source, isFinisher ? u"Pin"_s : QString::fromLatin1(words));
+        QWidget &source = commentary.source(*field);
+        const bool isFinisher = source.objectName() == u"Combo7"_s;
+        controls::setTextOf(source, isFinisher ? u"Pin"_s : QString::fromLatin1(words));
         expected += (isFinisher ? QByteArray("p") : words) + "\r\n";
     }
     ASSERT_EQ(number, 36);
@@ -282,8 +285,12 @@ TEST_F(NormalSave, BackAndNextKeepTheCommentary)
 
 TEST_F(NormalSave, EveryControlOfTheRecordIsOnItsScreen)
 {
-    for (const RecordField &field : normalEndingLayout()) {
-        expectOnItsScreen(field.source);
+    auto &commentary = editor.screens().get<Form7>();
+    for (const RecordField *field : rowOf(DataFileKind::NormalEndings).format) {
+        const QWidget &source = commentary.source(*field);
+        const QByteArray screen = source.window()->objectName().toLatin1();
+        const QByteArray name = source.objectName().toLatin1();
+        expectOnItsScreen({screen.constData(), name.constData()});
     }
 }
 

@@ -25,7 +25,7 @@ Pair pairFrom(FuzzInput &input)
     const auto kind = std::size_t(input.below(2 * int(kDataFileKinds.size())));
     pair.kind =
         kind < kDataFileKinds.size() ? kDataFileKinds.at(kind).kind : DataFileKind::Stipulations;
-    const int lines = rowOf(pair.kind).linesPerRecord;
+    const int lines = rowOf(pair.kind).linesPerRecord();
     pair.self = input.onceIn(8);
     const bool isThere = !input.onceIn(8);
     const bool whole = !input.onceIn(3);

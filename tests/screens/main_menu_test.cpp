@@ -1,4 +1,6 @@
 #include "controls/text_box.h"
+#include "datafiles/data_file_kind.h"
+#include "screens/main_menu.h"
 #include "support/editor_test.h"
 #include "support/spoken.h"
 
@@ -87,6 +89,19 @@ TEST_F(MainMenu, ButtonsBearTheirCaptions)
     }
     EXPECT_EQ(std::size_t(screen("Form1").findChildren<QPushButton *>().size()),
               std::size(kButtons));
+}
+
+TEST_F(MainMenu, EachKindOfFileHasItsBox)
+{
+    const std::pair<DataFileKind, const char *> expected[] = {
+        {DataFileKind::Stipulations, "Text1"}, {DataFileKind::NormalEndings, "Text3"},
+        {DataFileKind::RunInEndings, "Text4"}, {DataFileKind::TurnEndings, "Text5"},
+        {DataFileKind::Interviews, "Text6"},   {DataFileKind::TalkShows, "Text7"},
+    };
+    for (const auto &[kind, name] : expected) {
+        EXPECT_STREQ(Form1::fileNameBox(kind).screen, "Form1");
+        EXPECT_STREQ(Form1::fileNameBox(kind).control, name);
+    }
 }
 
 TEST_F(MainMenu, FileBoxesStartWithTheirDefaultNames)

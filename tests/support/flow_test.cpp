@@ -1,5 +1,6 @@
 #include "support/flow_test.h"
 
+#include "screens/commentary_screen.h"
 #include "support/spoken.h"
 
 #include <QScrollBar>
@@ -20,27 +21,42 @@ bool isFirst(const FlowPath &flow, const char *screen)
 
 } // namespace
 
-const FlowPath kNormalPath = {"Command3",     {"Form4", "Form5", "Form6", "Form7"},
-                              "Text3",        "normreports.tvd",
-                              kMissingFinish, kAddFinish};
-const FlowPath kRunInPath = {"Command4",     {"Form4", "Form5", "Form6", "Form8", "Form9"},
-                             "Text4",        "feudreports.tvd",
-                             kMissingFinish, kAddFinish};
-const FlowPath kTurnPath = {"Command5",     {"Form4", "Form5", "Form6", "Form10", "Form11"},
-                            "Text5",        "turnreports.tvd",
-                            kMissingFinish, kAddFinish};
+const FlowPath kNormalPath = {
+    "Command3", {"Form4", "Form5", "Form6", "Form7"}, "Text3", "normreports.tvd", kMissingFinish,
+    kAddFinish, DataFileKind::NormalEndings};
+const FlowPath kRunInPath = {"Command4",
+                             {"Form4", "Form5", "Form6", "Form8", "Form9"},
+                             "Text4",
+                             "feudreports.tvd",
+                             kMissingFinish,
+                             kAddFinish,
+                             DataFileKind::RunInEndings};
+const FlowPath kTurnPath = {"Command5",
+                            {"Form4", "Form5", "Form6", "Form10", "Form11"},
+                            "Text5",
+                            "turnreports.tvd",
+                            kMissingFinish,
+                            kAddFinish,
+                            DataFileKind::TurnEndings};
 const FlowPath kInterviewPath = {"Command6",
                                  {"Form12", "Form13"},
                                  "Text6",
                                  "interviews.tvd",
                                  "You haven't written the interview segment!",
-                                 "Add this interview segment to the file?"};
+                                 "Add this interview segment to the file?",
+                                 DataFileKind::Interviews};
 const FlowPath kTalkShowPath = {"Command7",
                                 {"Form14", "Form15"},
                                 "Text7",
                                 "talkshow.tvd",
                                 "You haven't written the talk show segment!",
-                                "Add this talk show segment to the file?"};
+                                "Add this talk show segment to the file?",
+                                DataFileKind::TalkShows};
+
+QWidget &FlowTest::source(const FlowPath &flow, const RecordField &field)
+{
+    return dynamic_cast<CommentaryScreen &>(screen(flow.screens.back())).source(field);
+}
 
 void FlowTest::goTo(const FlowPath &flow, const char *screen)
 {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "datafiles/data_file_kind.h"
 #include "support/editor_test.h"
 
 #include <vector>
@@ -15,6 +16,9 @@ struct FlowPath
     const char *file;                  ///< the initial text of that box
     const char *missing;               ///< shown when the first line is empty
     const char *question;              ///< asked before the record is written
+    DataFileKind kind;                 ///< of that record
+
+    RecordFormat format() const { return rowOf(kind).format; }
 };
 
 extern const FlowPath kNormalPath;
@@ -48,6 +52,9 @@ protected:
 
     /// Presses the button that adds the record, answers Yes and confirms the success message.
     void save(const FlowPath &flow);
+
+    /// The control that a field of the flow's record is read from.
+    QWidget &source(const FlowPath &flow, const RecordField &field);
 
     /// Enters values on the visible screen: types into boxes, picks from lists and moves scroll
     /// bars with the keyboard.

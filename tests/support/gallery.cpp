@@ -2,8 +2,8 @@
 
 #include "controls/look.h"
 #include "editor.h"
-#include "endings/ending_entry.h"
-#include "endings/normal_commentary.h"
+#include "endings/ending_commentary.h"
+#include "endings/ending_flow.h"
 #include "screens/commentary_line.h"
 #include "segments/segment_flow.h"
 #include "stipulations/stipulation_form.h"
@@ -26,7 +26,7 @@ void prepare(tarvold::Screens &screens)
 {
     using namespace tarvold;
     for (const MatchEnding kind : {MatchEnding::RunIn, MatchEnding::Turn, MatchEnding::Normal}) {
-        endingentry::enter(screens, kind);
+        endingflow::enter(screens, kind);
     }
     segmentflow::enterInterview(screens);
     segmentflow::enterTalkShow(screens);

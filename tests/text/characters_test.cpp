@@ -1,3 +1,4 @@
+#include "controls/controls.h"
 #include "support/flow_test.h"
 #include "support/folder_test.h"
 #include "text/texts.h"
@@ -23,7 +24,6 @@ struct Kind
 {
     const char *name;
     const FlowPath *flow;
-    const RecordLayout &(*layout)();
 };
 
 void PrintTo(const Kind &kind, std::ostream *out)
@@ -31,18 +31,18 @@ void PrintTo(const Kind &kind, std::ostream *out)
     *out << kind.name;
 }
 
-const Kind kKinds[] = {{"Normal", &kNormalPath, normalEndingLayout},
-                       {"RunIn", &kRunInPath, runInEndingLayout},
-                       {"Turn", &kTurnPath, turnEndingLayout},
-                       {"Interview", &kInterviewPath, interviewLayout},
-                       {"TalkShow", &kTalkShowPath, talkShowLayout}};
+const Kind kKinds[] = {{"Normal", &kNormalPath},
+                       {"RunIn", &kRunInPath},
+                       {"Turn", &kTurnPath},
+                       {"Interview", &kInterviewPath},
+                       {"TalkShow", &kTalkShowPath}};
 
 class Characters : public FlowTest, public ::testing::WithParamInterface<Kind>
 {
 protected:
     static const FlowPath &flow() { return *GetParam().flow; }
     static const char *last() { return flow().screens.back(); }
-    static const RecordLayout &layout() { return GetParam().layout(); }
+    static RecordFormat format() { return flow().format(); }
 
     /// Whether a user can enter any text into the field and it is saved unchanged.
     bool takesText(const RecordField &field)
@@ -53,7 +53,7 @@ protected:
 
     QLineEdit *boxOf(const RecordField &field)
     {
-        QWidget &widget = control(field.source.screen, field.source.control);
+        QWidget &widget = source(flow(), field);
         auto *box = qobject_cast<ComboBox *>(&widget);
         return box != nullptr ? box->lineEdit() : qobject_cast<QLineEdit *>(&widget);
     }
@@ -65,9 +65,10 @@ protected:
         press("Form1", flow().button);
         for (const char *screen : flow().screens) {
             expectOnly(screen);
-            for (std::size_t line = 0; line < layout().size(); ++line) {
-                const RecordField &field = layout()[line];
-                if (qstrcmp(field.source.screen, screen) == 0 && takesText(field)) {
+            for (std::size_t line = 0; line < format().size(); ++line) {
+                const RecordField &field = *format()[line];
+                const QWidget *window = source(flow(), field).window();
+                if (window->objectName() == QLatin1StringView(screen) && takesText(field)) {
                     click(*boxOf(field));
                     QTest::keySequence(boxOf(field)->window()->windowHandle(),
                                        QKeySequence::SelectAll);
@@ -89,9 +90,9 @@ protected:
         save(flow());
         const QByteArray bytes = bytesOf(QLatin1StringView(flow().file));
         const QByteArrayList lines = texts::linesOf(bytes);
-        ASSERT_EQ(std::size_t(lines.size()), layout().size());
+        ASSERT_EQ(std::size_t(lines.size()), format().size());
         for (const std::size_t line : m_pasted) {
-            EXPECT_EQ(lines[qsizetype(line)], row.bytes) << layout()[line].caption;
+            EXPECT_EQ(lines[qsizetype(line)], row.bytes) << format()[line]->name;
         }
     }
 
@@ -131,15 +132,15 @@ TEST_P(Characters, UnsupportedCharactersAreRefusedInEveryField)
 {
     pasteEverywhere([](std::size_t line) { return texts::refusedAt(line).text; });
     for (const std::size_t line : m_pasted) {
-        const RecordField &field = layout()[line];
-        SCOPED_TRACE(field.caption);
+        const RecordField &field = *format()[line];
+        SCOPED_TRACE(field.name);
         const texts::Refused odd = texts::refusedAt(line);
-        EXPECT_EQ(refusal(), texts::refusalOf(QString::fromUtf8(field.caption), odd.character));
-        EXPECT_EQ(editor.screens().text(field.source), odd.text);
-        given(field.source.screen, field.source.control, u"fixed"_s);
+        EXPECT_EQ(refusal(), texts::refusalOf(QString::fromUtf8(field.name), odd.character));
+        EXPECT_EQ(controls::textOf(source(flow(), field)), odd.text);
+        controls::setTextOf(source(flow(), field), u"fixed"_s);
     }
     save(flow());
-    EXPECT_EQ(std::size_t(bytesOf(QLatin1StringView(flow().file)).count("\r\n")), layout().size());
+    EXPECT_EQ(std::size_t(bytesOf(QLatin1StringView(flow().file)).count("\r\n")), format().size());
 }
 
 TEST_P(Characters, ALineEndFromAssistiveTechnologyIsRefused)

@@ -1,5 +1,6 @@
 #include "walk/day.h"
 
+#include "screens/main_menu.h"
 #include "support/mouse.h"
 #include "walk/checks.h"
 #include "walk/trace.h"
@@ -148,7 +149,7 @@ QString Day::checkFolder()
 {
     const bool hasLoaded = m_shown == u"Form1"_s && screen().objectName() == u"Form16"_s;
     m_shown = screen().objectName();
-    return hasLoaded ? m_ledger->checkLoaded(nameIn(rowOf(DataFileKind::Stipulations).nameBox))
+    return hasLoaded ? m_ledger->checkLoaded(nameIn(Form1::fileNameBox(DataFileKind::Stipulations)))
                      : m_ledger->checkUnchanged();
 }
 

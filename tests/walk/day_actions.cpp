@@ -1,6 +1,7 @@
 #include "controls/combo_box.h"
 #include "controls/list_box.h"
 #include "screens/commentary_screen.h"
+#include "screens/main_menu.h"
 #include "support/events.h"
 #include "support/mouse.h"
 #include "walk/day.h"
@@ -83,7 +84,7 @@ QString nameOf(const QWidget &control)
 QString defaultNameOf(const QLineEdit &field)
 {
     for (const DataFileKindRow &kind : kDataFileKinds) {
-        if (field.objectName() == QLatin1StringView(kind.nameBox.control)) {
+        if (field.objectName() == QLatin1StringView(Form1::fileNameBox(kind.kind).control)) {
             return QLatin1StringView(kind.defaultName);
         }
     }

@@ -1,5 +1,6 @@
 #include "controls/controls.h"
 #include "controls/list_box.h"
+#include "screens/main_menu.h"
 #include "support/mouse.h"
 #include "walk/checks.h"
 #include "walk/day.h"
@@ -143,7 +144,7 @@ QString Day::checkMessageBox(const QMessageBox &box)
         return checkImported();
     }
     if (box.text() == u"Stipulation Deleted."_s) {
-        return m_ledger->checkDeleted(nameIn(rowOf(DataFileKind::Stipulations).nameBox),
+        return m_ledger->checkDeleted(nameIn(Form1::fileNameBox(DataFileKind::Stipulations)),
                                       nameIn({"Form16", "listpos"}).toInt());
     }
     return checkFolder();
@@ -158,8 +159,7 @@ QString Day::checkAdded()
     if (saving == std::end(kSavings)) {
         return u"this screen saves nothing"_s;
     }
-    const DataFileKindRow &kind = rowOf(saving->kind);
-    int lines = kind.linesPerRecord;
+    int lines = rowOf(saving->kind).linesPerRecord();
     for (const char *finisher : saving->finishers) {
         const bool isKnown =
             finisher == nullptr ||
@@ -172,7 +172,7 @@ QString Day::checkAdded()
         const QString text = screen().text(box.constData());
         commentary << (text.isEmpty() ? u"-BLANK-"_s : text);
     }
-    return m_ledger->checkAdded(nameIn(kind.nameBox), lines, commentary);
+    return m_ledger->checkAdded(nameIn(Form1::fileNameBox(saving->kind)), lines, commentary);
 }
 
 QString Day::checkStored()
@@ -183,7 +183,7 @@ QString Day::checkStored()
         isOneOf(nameIn({"Form3", "matchquality"}),
                 {"Just Standard Ability", "Just Hardcore Ability", "50% Standard, 50% Hardcore"});
     return m_ledger->checkStored(
-        nameIn(rowOf(DataFileKind::Stipulations).nameBox),
+        nameIn(Form1::fileNameBox(DataFileKind::Stipulations)),
         isNew ? std::nullopt : std::optional(position.toInt()), rates ? 19 : 18,
         {nameIn({"Form3", "matchtype"}), nameIn({"Form3", "stipulation"})});
 }

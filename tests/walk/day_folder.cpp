@@ -34,7 +34,7 @@ bool Day::changeFolder()
         QFile::remove(name);
         break;
     case 1:
-        write(name, samples::fileContent(m_dice, kind.linesPerRecord), QIODevice::Append);
+        write(name, samples::fileContent(m_dice, kind.linesPerRecord()), QIODevice::Append);
         break;
     case 2:
         QFile::setPermissions(name, m_dice.chance(50) ? QFileDevice::ReadOwner
@@ -42,7 +42,7 @@ bool Day::changeFolder()
         break;
     default:
         QFile::setPermissions(name, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
-        write(name, samples::fileContent(m_dice, kind.linesPerRecord), QIODevice::WriteOnly);
+        write(name, samples::fileContent(m_dice, kind.linesPerRecord()), QIODevice::WriteOnly);
     }
     if (m_ledger->size() > kTidyAbove) {
         for (const DataFileKindRow &row : kDataFileKinds) {

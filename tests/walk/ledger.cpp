@@ -169,7 +169,7 @@ QString Ledger::checkImported(const QString &source, const QString &target, Data
     if (!now.startsWith(before)) {
         return key + u": the old records have changed"_s;
     }
-    const int lines = rowOf(kind).linesPerRecord;
+    const int lines = rowOf(kind).linesPerRecord();
     const QByteArray added = now.sliced(before.size());
     const QList<QByteArrayList> all = recordsOf(m_known[keyOf(source)], lines);
     const QList<QByteArrayList> copied = recordsOf(added, lines);

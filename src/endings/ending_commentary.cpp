@@ -1,14 +1,16 @@
-#include "endings/ending_tags.h"
+#include "endings/ending_commentary.h"
 
 #include "controls/message_box.h"
+#include "endings/ending_flow.h"
+#include "screens/lists.h"
 
-namespace tarvold::endingtags {
+namespace tarvold {
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Neither any attacker nor two names, which a comma separates.
+/// Neither "Any" nor two names, which are separated by a comma.
 bool isOneName(const QString &name)
 {
     return name != "Any"_L1 && !name.contains(u',');
@@ -17,11 +19,6 @@ bool isOneName(const QString &name)
 bool isNoneOrNotInvolved(const QString &text)
 {
     return text == "None"_L1 || text == "N/A"_L1;
-}
-
-bool isSingles(const QString &feudType)
-{
-    return feudType == "Singles"_L1;
 }
 
 constexpr Refusal kSecondAttacker = {
@@ -55,20 +52,20 @@ constexpr Refusal kReceiversStable = {
     "receiver's stable in this finish.",
     messagebox::kTitle};
 
-/// These two bear a shorter title than all other messages.
+/// These two have a shorter title than all other messages.
 constexpr char kFeudTitle[] = "Tarvold";
 constexpr Refusal kSecondInterferer = {
     {"Form8", "Combo3"},
-    isSingles,
+    lists::isSingles,
     "Interfering Wrestler 2 can only be involved if the feud type is Tag Team.",
     kFeudTitle};
 constexpr Refusal kInterferingTeam = {
     {"Form8", "Combo3"},
-    isSingles,
+    lists::isSingles,
     "Interfering Team Name can only be used if the feud type is Tag Team.",
     kFeudTitle};
 
-/// A run-in offers all of these, a normal ending those before the first interferer.
+/// A run-in offers all of these, a normal ending those before the interfering wrestlers.
 constexpr CommentaryTag kRunInTags[] = {
     {"Attacker 1 Full Name", "<att1fullname>"},
     {"Attacker 1 Short Name", "<att1shortname>"},
@@ -114,25 +111,8 @@ constexpr CommentaryTag kTurnTags[] = {
     {"Title of Holder (eg. XWL Champion)", "<titleholder>"},
 };
 
-} // namespace
-
-std::span<const CommentaryTag> normal()
-{
-    return std::span(kRunInTags).first(kNormalTags);
-}
-
-std::span<const CommentaryTag> runIn()
-{
-    return kRunInTags;
-}
-
-std::span<const CommentaryTag> turn()
-{
-    return kTurnTags;
-}
-
-CommentaryTable table(const char *name, std::span<const CommentaryTag> tags, DataFileKind kind,
-                      const RecordLayout &(*layout)())
+/// The commentary screen of one kind of ending.
+CommentaryTable tableOf(const char *name, std::span<const CommentaryTag> tags, DataFileKind kind)
 {
     return {
         .name = name,
@@ -146,7 +126,25 @@ CommentaryTable table(const char *name, std::span<const CommentaryTag> tags, Dat
         .missingMessage = "You haven't written the match finish!",
         .question = "Add this finish to the file?",
         .kind = kind,
-        .layout = layout};
+        .chain = endingflow::chain()};
 }
 
-} // namespace tarvold::endingtags
+} // namespace
+
+Form7::Form7(Screens &screens)
+    : CommentaryScreen(screens, tableOf(kName, std::span(kRunInTags).first(kNormalTags),
+                                        DataFileKind::NormalEndings))
+{
+}
+
+Form9::Form9(Screens &screens)
+    : CommentaryScreen(screens, tableOf(kName, kRunInTags, DataFileKind::RunInEndings))
+{
+}
+
+Form11::Form11(Screens &screens)
+    : CommentaryScreen(screens, tableOf(kName, kTurnTags, DataFileKind::TurnEndings))
+{
+}
+
+} // namespace tarvold

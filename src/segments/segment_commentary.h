@@ -4,8 +4,6 @@
 
 namespace tarvold {
 
-class Screens;
-
 /// The commentary of an interview segment, and its save.
 class Form13 : public CommentaryScreen
 {
@@ -14,6 +12,16 @@ public:
     static constexpr char kName[] = "Form13";
 
     explicit Form13(Screens &screens);
+};
+
+/// The commentary of a talk show segment, and its save.
+class Form15 : public CommentaryScreen
+{
+    Q_OBJECT
+public:
+    static constexpr char kName[] = "Form15";
+
+    explicit Form15(Screens &screens);
 };
 
 } // namespace tarvold

@@ -6,9 +6,9 @@
 namespace tarvold::codepage {
 namespace {
 
-constexpr char16_t kNothing = 0xDC00; ///< and the number of a byte stand for one without meaning
-constexpr unsigned kAsciiEnd = 0x80;  ///< all ANSI code pages begin with ASCII
-constexpr int kMostBytes = 4;         ///< of one character in any of them
+constexpr char16_t kInvalid = 0xDC00; ///< plus a byte stands for that invalid byte
+constexpr unsigned kAsciiEnd = 0x80;  ///< all ANSI code pages start with ASCII
+constexpr int kMostBytes = 4;         ///< of a character in any ANSI code page
 constexpr int kMostUnits = 2;
 
 int bytesOfACharacter(unsigned number)
@@ -33,7 +33,7 @@ AnsiPage::AnsiPage(unsigned number) : m_number(number), m_mostBytes(bytesOfAChar
     }
 }
 
-/// The text of bytes that are exactly one character; empty if they are not.
+/// The character that the bytes form; empty if they are not exactly one.
 QString AnsiPage::characterOf(QByteArrayView bytes) const
 {
     std::array<wchar_t, kMostUnits> units{};
@@ -43,23 +43,23 @@ QString AnsiPage::characterOf(QByteArrayView bytes) const
     return count == 1 || (count == 2 && text.at(0).isHighSurrogate()) ? text : QString();
 }
 
-/// What the system writes for one character; empty if it has nothing for it.
+/// The bytes that the system encodes a character to; empty if it has none.
 QByteArray AnsiPage::converted(const QString &character) const
 {
-    // UTF-8 has bytes for everything but half a pair. There the system allows neither the flag
-    // against look-alikes nor the question for a stand-in.
+    // UTF-8 can encode everything but unpaired surrogates. For it the system allows neither the
+    // flag against look-alikes nor the check for a replacement character.
     const bool isUtf8 = m_number == CP_UTF8;
     std::array<wchar_t, kMostUnits> units{};
     std::array<char, kMostBytes> bytes{};
-    BOOL isStandIn = FALSE;
+    BOOL isReplaced = FALSE;
     const int length =
         ::WideCharToMultiByte(m_number, isUtf8 ? WC_ERR_INVALID_CHARS : WC_NO_BEST_FIT_CHARS,
                               units.data(), int(character.toWCharArray(units.data())), bytes.data(),
-                              int(bytes.size()), nullptr, isUtf8 ? nullptr : &isStandIn);
-    return isStandIn == FALSE ? QByteArray(bytes.data(), length) : QByteArray();
+                              int(bytes.size()), nullptr, isUtf8 ? nullptr : &isReplaced);
+    return isReplaced == FALSE ? QByteArray(bytes.data(), length) : QByteArray();
 }
 
-/// Takes the first character from bytes, or the first byte if it begins none.
+/// Takes the first character off the bytes, or the first byte if it starts no character.
 QString AnsiPage::takeFirst(QByteArrayView &bytes) const
 {
     for (qsizetype count = 1; count <= std::min<qsizetype>(m_mostBytes, bytes.size()); ++count) {
@@ -72,7 +72,7 @@ QString AnsiPage::takeFirst(QByteArrayView &bytes) const
     }
     const auto byte = static_cast<unsigned char>(bytes.front());
     bytes = bytes.sliced(1);
-    return QChar(char16_t(kNothing + byte));
+    return QChar(char16_t(kInvalid + byte));
 }
 
 std::optional<QByteArray> AnsiPage::bytesOf(char32_t character) const
@@ -80,8 +80,8 @@ std::optional<QByteArray> AnsiPage::bytesOf(char32_t character) const
     if (character < kAsciiEnd) {
         return QByteArray(1, static_cast<char>(character));
     }
-    if (character > kNothing && character <= kNothing + 0xFFU) {
-        const auto code = character - kNothing;
+    if (character > kInvalid && character <= kInvalid + 0xFFU) {
+        const auto code = character - kInvalid;
         const bool isBare = m_single.at(code) == QChar(char16_t(character));
         return isBare ? std::optional(QByteArray(1, static_cast<char>(code))) : std::nullopt;
     }
@@ -89,7 +89,7 @@ std::optional<QByteArray> AnsiPage::bytesOf(char32_t character) const
         return std::nullopt;
     }
     QString text;
-    text.append(QChar::fromUcs4(character)); // QString's own takes a FEFF for a byte order mark
+    text.append(QChar::fromUcs4(character)); // QString::fromUcs4() takes FEFF for a byte order mark
     const QByteArray bytes = converted(text);
     return !bytes.isEmpty() && decode(bytes) == text ? std::optional(bytes) : std::nullopt;
 }

@@ -8,19 +8,19 @@
 
 namespace tarvold::codepage {
 
-/// A code page of Windows with one or more bytes a character, by the system's own conversion.
+/// A Windows code page of one or more bytes per character, converted by the system.
 class AnsiPage
 {
 public:
-    /// \param number the system's, such as 1252
+    /// \param number the system's number for it, such as 1252
     explicit AnsiPage(unsigned number);
 
-    /// The bytes of one code point, by which decode() gives it again. No look-alikes: what is saved
-    /// is what the author typed. Nothing when the code page lacks it.
+    /// The bytes of one code point, which decode() turns back into it. Nothing if the code page
+    /// lacks it. Never a look-alike: what is saved is what the author typed.
     std::optional<QByteArray> bytesOf(char32_t character) const;
 
-    /// The text of bytes. One that means nothing at its place, or by which the system would not
-    /// write the character that it reads, is half a surrogate pair: DC00 and its number.
+    /// The text of bytes. A byte that is invalid, or that does not survive the system's own round
+    /// trip, becomes an unpaired surrogate: DC00 plus the byte.
     QString decode(QByteArrayView bytes) const;
 
 private:

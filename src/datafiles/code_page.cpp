@@ -7,8 +7,8 @@
 namespace tarvold::codepage {
 namespace {
 
-/// The code points of a text. Half of a surrogate pair without the other counts as one, where the
-/// converters of Qt put a stand-in.
+/// The code points of a text. An unpaired surrogate counts as one, where Qt's converters would put
+/// a replacement character.
 QList<char32_t> codePointsOf(const QString &text)
 {
     QList<char32_t> characters;
@@ -23,20 +23,20 @@ QList<char32_t> codePointsOf(const QString &text)
     return characters;
 }
 
-/// The one character that a letter and a combining mark form, if there is such a character.
+/// The single character that a letter and a combining mark form, if there is one.
 std::optional<char32_t> together(char32_t letter, char32_t mark)
 {
-    // Not by fromUcs4() for both at once, which takes a first character FEFF for a byte order mark.
+    // Not fromUcs4() for both at once: it takes a leading FEFF for a byte order mark.
     QString pair;
     pair.append(QChar::fromUcs4(letter)).append(QChar::fromUcs4(mark));
     const QList<char32_t> formed = codePointsOf(pair.normalized(QString::NormalizationForm_C));
     return formed.size() == 1 ? std::optional(formed.front()) : std::nullopt;
 }
 
-/// The code points of a text, with each letter and its combining mark made one where there is such
-/// a character and the code page lacks the mark. Where it has the mark, as those of Vietnamese and
-/// of UTF-8 do, both may stand in a file, and stay. Everything else stays, too: a full composition
-/// would also replace look-alikes.
+/// The code points of a text. A letter and its combining mark become one character if there is such
+/// a character and the code page lacks the mark. Code pages that have the mark, such as those for
+/// Vietnamese and UTF-8, keep both. This is not a full Unicode composition (NFC), which would also
+/// replace look-alikes.
 QList<char32_t> composed(const Page &page, const QString &text)
 {
     QList<char32_t> characters;
@@ -70,7 +70,7 @@ Encoded encodeBy(const Page &page, const QString &text)
         }
         result.bytes.append(*bytes);
     }
-    // A byte that means nothing by itself may mean something beside others.
+    // A byte that is invalid by itself may be valid next to others.
     if (bare && codePointsOf(page.decode(result.bytes)) != characters) {
         return {{}, bare};
     }

@@ -1,6 +1,6 @@
-// The code page where the system has none of its own: Windows-1252 as Windows itself maps it. The
-// five bytes that it leaves undefined (81, 8D, 8F, 90, 9D) stand for the control characters of the
-// same number, so that all 256 bytes survive a round trip.
+// The code page on systems that have none of their own: Windows-1252 as Windows itself maps it. The
+// five undefined bytes (81, 8D, 8F, 90, 9D) map to the control characters of the same number, so
+// that all 256 bytes survive a round trip.
 // Source of the table: the WHATWG Encoding Standard, index windows-1252.
 
 #include "datafiles/code_page.h"

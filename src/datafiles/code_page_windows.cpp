@@ -1,4 +1,4 @@
-// The code page is the ANSI one of the system, which the user chose with its language.
+// The code page is the system's ANSI code page, which follows from its language.
 
 #include "datafiles/ansi_page.h"
 #include "datafiles/code_page.h"

@@ -6,8 +6,7 @@ namespace tarvold {
 
 using namespace Qt::StringLiterals;
 
-/// Whether a name fits the pattern "*.tvd": any text, possibly none, and the lower-case extension
-/// at the very end.
+/// Whether a name matches "*.tvd": any text, even none, with the lower-case extension at the end.
 inline bool isTvdName(const QString &name)
 {
     return name.endsWith(".tvd"_L1);

@@ -21,7 +21,7 @@ QByteArrayView LineReader::readLine()
             m_rest = QByteArrayView(found + 2, end);
             return {start, found};
         }
-        from = found + 1; // a CR that stands alone
+        from = found + 1; // a lone CR
     }
     return std::exchange(m_rest, {});
 }

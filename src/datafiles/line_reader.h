@@ -6,9 +6,8 @@ namespace tarvold {
 
 /// Reads the lines of a data file from its bytes.
 ///
-/// A line runs up to CR LF, which is taken off; a CR or LF that stands alone belongs to the line's
-/// text. Bytes after the last CR LF are a last line of their own. Lines are views: the caller keeps
-/// the bytes alive.
+/// A line ends at CR LF, which is removed; a lone CR or LF is part of the line's text. Bytes after
+/// the last CR LF form one more line. Lines are views: the caller keeps the bytes alive.
 class LineReader
 {
 public:
@@ -17,7 +16,7 @@ public:
     /// Whether all bytes have been read.
     bool atEnd() const { return m_rest.isEmpty(); }
 
-    /// The next line without its line end; an empty one at the end of the bytes.
+    /// The next line without its CR LF; empty at the end of the bytes.
     QByteArrayView readLine();
 
 private:

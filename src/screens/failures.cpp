@@ -6,8 +6,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A character and its number. One that cannot be seen, or that would change how what stands beside
-/// it looks, is told by its number alone.
+/// A character and its number. Only the number of a character that is invisible or would change how
+/// its neighbours look.
 QString shown(char32_t character)
 {
     const QString number =

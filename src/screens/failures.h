@@ -3,7 +3,7 @@
 #include "datafiles/record.h"
 #include "disk/file_error.h"
 
-/// What the user is told when a file or a text cannot be used.
+/// The messages shown when a file or a text cannot be used.
 namespace tarvold::failures {
 
 /// A record could not be added to the file.
@@ -15,28 +15,28 @@ QString notSaved(const QString &name, const FileError &error);
 /// \param kept what the user has not lost
 QString notRewritten(const QString &name, const FileError &error, const QString &kept);
 
-/// Another program changed the file since it was loaded: asks whether to write over that.
+/// Another program changed the file since it was loaded: asks whether to overwrite it.
 /// \param name as the user typed it
-/// \param kept what the answer No leaves
+/// \param kept what the user keeps by answering No
 QString outdated(const QString &name, const QString &kept);
 
-/// Another file was chosen for a list, and is there already: asks whether to write over it.
-/// \param name as the file's box on the main menu would show it
+/// The file chosen for a list already exists: asks whether to overwrite it.
+/// \param name as its box on the main menu would show it
 QString inTheWay(const QString &name);
 
-/// The file could not be read, or not created if it was missing.
+/// The file could not be read or, if it was missing, not created.
 /// \param name as the user typed it
 QString notLoaded(const QString &name, const FileError &error);
 
 /// A stipulation is too long to be edited.
-/// \param line the first line that is, from 1
-/// \param length of that line, and the `most` characters that there can be
+/// \param line the first line that is too long, from 1
+/// \param length of that line; `most` characters are allowed
 QString tooLongToEdit(int line, qsizetype length, qsizetype most);
 
 /// No file to import from is selected.
 QString noSource();
 
-/// A file kept an import from being done.
+/// An import failed because of a file.
 /// \param name the source or the target
 QString notImported(const QString &name, const FileError &error);
 

@@ -9,10 +9,10 @@
 namespace tarvold {
 namespace {
 
-/// What the longest help of any screen needs at the usual window size.
+/// Enough for the longest help of any screen at the default window size.
 constexpr int kLeastLines = 4;
 
-/// Whether the focus came to a field; not: came back from its own list.
+/// Whether a field got the focus other than from its own list.
 bool isEntry(const QEvent &event)
 {
     return event.type() == QEvent::FocusIn &&
@@ -39,7 +39,7 @@ void HelpLine::explain(QWidget &control, const QString &help, HelpOn on)
     m_helps.insert(&control, {help, on});
     control.installEventFilter(this);
     if (auto *combo = qobject_cast<ComboBox *>(&control); combo != nullptr && on != HelpOn::Focus) {
-        // Clicks land on the box inside the combo box, or on an item of its list.
+        // Clicks go to the box inside the combo box or to an item of its list.
         m_helps.insert(combo->lineEdit(), {help, on});
         combo->lineEdit()->installEventFilter(this);
         connect(combo, &ComboBox::chosen, this, [this, combo] { showFor(*combo); });
@@ -68,8 +68,8 @@ int HelpLine::heightForWidth(int width) const
 
 QSize HelpLine::sizeHint() const
 {
-    // The base class would ask for as much room as the text of the moment needs, and the window
-    // would grow with it.
+    // The base class would ask for the height of the current text, and the window would grow with
+    // it.
     const int width = fontMetrics().averageCharWidth() * 90;
     return {width, heightForWidth(width)};
 }

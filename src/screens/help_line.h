@@ -5,12 +5,12 @@
 
 namespace tarvold {
 
-/// What makes a field's help appear: gaining the focus, or a mouse click as well.
+/// What shows a field's help: getting the focus, or also a mouse click.
 enum class HelpOn { Focus, FocusAndClick };
 
-/// The help label of a screen: shows the help of the field that was last entered.
+/// The help label of a screen: shows the help of the field that was entered last.
 ///
-/// It is as tall as its longest help needs, whatever it shows, so that nothing below it moves.
+/// It is always tall enough for its longest help, so that nothing below it moves.
 class HelpLine : public QLabel
 {
     Q_OBJECT
@@ -20,7 +20,7 @@ public:
     /// Shows `help` whenever the user enters the control.
     void explain(QWidget &control, const QString &help, HelpOn on);
 
-    /// Shows the help of a control that explain() has told of; does nothing for any other.
+    /// Shows the help that explain() was given for a control; does nothing for any other control.
     void showFor(const QWidget &control);
 
     int heightForWidth(int width) const override;

@@ -25,15 +25,15 @@ namespace {
 constexpr char kExtension[] = ".tvd";
 constexpr char kButtonCaption[] = "&Save To Another File...";
 
-/// Whether a save writes the file whole instead of adding to it.
+/// Whether a save replaces the file instead of appending to it.
 bool replacesFile(DataFileKind kind)
 {
     return kind == DataFileKind::Stipulations;
 }
 
-/// Qt writes down where a dialog was last when it destroys it, but this program keeps no settings.
-/// On Windows they would go into the registry, whatever keepNoSettings() says, so there a dialog
-/// stays until the program ends.
+/// Qt saves the state of a file dialog when it is destroyed, but this program keeps no settings. On
+/// Windows they would go into the registry in spite of keepNoSettings(), so there a dialog is kept
+/// until the program ends.
 struct EndOfUse
 {
     void operator()(QFileDialog *dialog) const
@@ -46,14 +46,14 @@ struct EndOfUse
     }
 };
 
-/// Sends what Qt's dialogs write down to nowhere.
+/// Discards the settings that Qt's dialogs save.
 void keepNoSettings()
 {
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, u"/dev/null"_s);
 }
 
-/// Opens the dialog in the folder of the failed save, with the same name, as far as both can be.
-/// A folder is not proposed: Qt's own dialog would keep it chosen beside the name that is typed.
+/// Starts the dialog in the folder of the failed save and with the same name, if both are usable.
+/// A folder is not proposed: Qt's own dialog would keep it selected beside the name that is typed.
 void startAt(QFileDialog &dialog, const QString &failed, DataFileKind kind)
 {
     const QString usual = QLatin1StringView(rowOf(kind).defaultName);
@@ -67,7 +67,7 @@ void startAt(QFileDialog &dialog, const QString &failed, DataFileKind kind)
     }
 }
 
-/// Lets the user choose a file by the platform's own dialog.
+/// Lets the user choose a file with the platform's own dialog.
 std::optional<QString> chosenPath(const FailedSave &failed, const QString &name)
 {
     keepNoSettings();
@@ -77,13 +77,14 @@ std::optional<QString> chosenPath(const FailedSave &failed, const QString &name)
     dialog->setFileMode(QFileDialog::AnyFile);
     dialog->setViewMode(QFileDialog::List);
     dialog->setNameFilter(u"Data files (*.tvd)"_s);
-    // What is added to is not lost. Over what is written over, this program asks itself, for only
-    // it knows the name with its end.
+    // Appending loses nothing. Before overwriting, this program asks itself, because only it knows
+    // the name with its extension.
     dialog->setOption(QFileDialog::DontConfirmOverwrite);
     // Qt's own dialog would offer to delete and rename files.
     dialog->setOption(QFileDialog::ReadOnly);
     startAt(*dialog, name, failed.kind);
-    // That of Windows changes the current folder, from which all names on the main menu start.
+    // The Windows dialog changes the current folder, to which all names on the main menu are
+    // relative.
     const QString folder = QDir::currentPath();
     const int answer = dialog->exec();
     QDir::setCurrent(folder);
@@ -93,7 +94,7 @@ std::optional<QString> chosenPath(const FailedSave &failed, const QString &name)
     return dialog->selectedFiles().constFirst();
 }
 
-/// What the box on the main menu shows: the bare name in the current folder, else the whole path.
+/// What the box on the main menu shows: the name alone in the current folder, else the full path.
 QString nameOf(const QString &path)
 {
     const QFileInfo file(path);
@@ -101,7 +102,7 @@ QString nameOf(const QString &path)
     return isHere ? file.fileName() : QDir::toNativeSeparators(file.absoluteFilePath());
 }
 
-/// The name with the end that data files have. A file that only gets more keeps the name it has.
+/// The name with the extension of data files. An existing file that is appended to keeps its name.
 QString withExtension(QString name, DataFileKind kind)
 {
     const QLatin1StringView extension(kExtension);
@@ -115,7 +116,7 @@ QString withExtension(QString name, DataFileKind kind)
     return name + extension;
 }
 
-/// Whether two names mean one file that is there.
+/// Whether two names mean the same existing file.
 bool areSame(const QString &one, const QString &other)
 {
     if (!fileExists(one) || !fileExists(other)) {
@@ -133,7 +134,7 @@ bool mayBeWritten(const FailedSave &failed, const QString &name)
 }
 
 /// The name of the file that the user chooses.
-/// \param before what the save failed with: who chooses the same file again wants another try
+/// \param before the file of the failed save: choosing it again means to retry
 std::optional<QString> chosenName(const FailedSave &failed, const QString &before)
 {
     QString name = before;

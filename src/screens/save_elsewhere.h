@@ -10,7 +10,7 @@ namespace tarvold {
 
 class Screens;
 
-/// The way out of a save that failed because of its file: another file.
+/// Saving to another file after a save failed because of its file.
 namespace saveelsewhere {
 
 /// A save that failed.
@@ -22,12 +22,12 @@ struct FailedSave
     DataFileKind kind;
 };
 
-/// Tells that a save failed, and offers to choose another file for it. `true` when the user did:
-/// its name is in the box of this kind on the main menu, and the save is to be tried again. Else
-/// the box is as it was.
+/// Shows that a save failed and offers to choose another file. Returns `true` if the user chose
+/// one: its name is now in the box of this kind on the main menu, and the caller should retry.
+/// Otherwise the box is unchanged.
 ///
-/// A new name gets the end ".tvd". Records are added to a file that is there already; stipulations
-/// are written over it, which the user is asked about.
+/// A new name gets the extension ".tvd". Records are appended to an existing file; stipulations
+/// overwrite it, after a question.
 bool offer(Screens &screens, const FailedSave &failed);
 
 } // namespace saveelsewhere

@@ -39,7 +39,7 @@ void TagList::openAt(const QString &letter)
         return;
     }
     view()->setCurrentIndex({});
-    view()->keyboardSearch({}); // forgets the letters before, and goes to the first item
+    view()->keyboardSearch({}); // resets the search, and goes to the first item
     view()->keyboardSearch(letter);
 }
 

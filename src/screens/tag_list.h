@@ -4,11 +4,11 @@
 
 namespace tarvold {
 
-/// The list of tags: a combo box into which nothing is typed.
+/// The list of tags: a combo box that accepts no typed text.
 ///
-/// It shows any text that the program sets, but takes none from the user. A letter opens the list
-/// at the first item that starts with it, more letters go on looking there, and so does Qt's
-/// keyboard search in any opened list. A click anywhere on the box opens the list.
+/// It shows any text that the program sets. A letter opens the list at the first item that starts
+/// with it, and more letters continue that search, as Qt's keyboard search does in any opened list.
+/// A click anywhere on the box opens the list.
 class TagList : public ComboBox
 {
     Q_OBJECT

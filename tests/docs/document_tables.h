@@ -20,7 +20,7 @@ struct DocumentRow
 
 void PrintTo(const DocumentRow &row, std::ostream *out);
 
-/// What the document says of one kind of data file.
+/// The section on one kind of data file.
 struct DocumentSection
 {
     QString heading;

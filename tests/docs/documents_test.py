@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Tests that what the documents point to is there, and that what they show of the tour is true."""
+"""Checks that the links in the documents work, and that what they show of the tour is correct."""
 
 import os
 import re
@@ -32,7 +32,7 @@ def read(path):
 
 
 def links():
-    """The document, mark of a picture, text and target of every link that leads to a file here."""
+    """The document, picture mark, text and target of every link to a file here."""
     for path, text in documents().items():
         for mark, words, target in LINK.findall(CODE.sub("", text)):
             if not ELSEWHERE.match(target):
@@ -40,7 +40,7 @@ def links():
 
 
 def anchors(text):
-    """What can be linked to in a document: its headings in small letters, joined by hyphens."""
+    """The link targets in a document: its headings in lower case, joined by hyphens."""
     return {re.sub(r"[^\w\- ]", "", heading.lower()).replace(" ", "-")
             for heading in HEADING.findall(text)}
 
@@ -50,7 +50,7 @@ class Links(unittest.TestCase):
         self.assertLessEqual({"README.md", os.path.join("docs", "guide.md")}, set(documents()))
         self.assertGreater(len(list(links())), 20)
 
-    def test_every_one_leads_to_a_file_and_a_heading(self):
+    def test_every_link_points_to_a_file_and_a_heading(self):
         for path, _, _, target in links():
             with self.subTest(document=path, target=target):
                 name, _, anchor = target.partition("#")
@@ -61,11 +61,11 @@ class Links(unittest.TestCase):
 
 
 class Pictures(unittest.TestCase):
-    def test_every_one_is_shown(self):
+    def test_every_picture_is_shown(self):
         kept = {name for name in os.listdir(pictures.FOLDER)}
         self.assertEqual(kept, {f"{name}.png" for name in pictures.shown()})
 
-    def test_every_one_is_told_in_words(self):
+    def test_every_picture_has_a_description(self):
         for path, mark, words, target in links():
             if mark:
                 with self.subTest(document=path, picture=target):
@@ -77,7 +77,7 @@ class Pictures(unittest.TestCase):
 
 
 class FirstEnding(unittest.TestCase):
-    def test_the_lines_in_the_guide_are_those_that_the_tour_finds_in_the_file(self):
+    def test_the_lines_in_the_guide_match_the_file_of_the_tour(self):
         guide = read(os.path.join("docs", "guide.md"))
         section = guide.split("### What lands in the file")[1].split("\n#")[0]
         rows = "".join(line for line in section.splitlines() if line.startswith("|"))

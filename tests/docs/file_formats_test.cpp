@@ -27,7 +27,7 @@ QString valueWord(Coding coding)
     }
 }
 
-/// The headings in the document's order, which is that of the kinds.
+/// The headings in the order of the document and of the kinds.
 constexpr const char *kHeadings[] = {
     "Normal match endings: 36 lines",     "Match endings with run-ins: 44 lines",
     "Match endings with turns: 33 lines", "Interview segments: 19 lines",
@@ -104,9 +104,8 @@ INSTANTIATE_TEST_SUITE_P(Kind, FileFormatsOf,
                                            FlowCase{"TalkShows", 4, kTalkShowPath}),
                          [](const auto &test) { return std::string(test.param.name); });
 
-/// A box with a list is not filled by ">>" when it is empty, so that a record may lose its first
-/// line by it.
-TEST(FileFormats, TheBoxesThatCanLeaveTheFirstLineEmptyAreNamed)
+/// ">>" does not fill an empty box with a list, so the first line of a record may be empty.
+TEST(FileFormats, TheBoxesThatCanLeaveTheFirstLineEmptyAreListed)
 {
     QFile document(QStringLiteral(TARVOLD_FILE_FORMATS));
     ASSERT_TRUE(document.open(QIODevice::ReadOnly)) << document.errorString().toStdString();

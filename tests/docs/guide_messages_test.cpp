@@ -22,7 +22,7 @@ const QString kName = u"…"_s;    ///< how the guide writes what differs each t
 const QString kWhy = u"*why*"_s; ///< and the reason for a failure
 const QString kBreak = u"<br>"_s;
 
-/// The texts of the guide's tables of messages, as they stand there.
+/// The texts in the guide's tables of messages, unchanged.
 QStringList guideMessages()
 {
     QStringList messages;
@@ -39,7 +39,7 @@ QStringList guideMessages()
     return messages;
 }
 
-/// Their paragraphs, but for those that stand for anything.
+/// Their paragraphs, without those that are only a placeholder.
 QStringList guideParagraphs()
 {
     QStringList paragraphs = guideMessages().join(kBreak).split(kBreak);
@@ -54,7 +54,7 @@ bool hasPlaceholder(const QString &paragraph)
     return paragraph.contains(placeholder);
 }
 
-/// A text of the program, and what it may read like in the guide.
+/// A text of the program, and the pattern for it in the guide.
 struct ProgramText
 {
     QString text;
@@ -97,7 +97,7 @@ bool isSystemText(const QString &text)
     return false;
 }
 
-/// A message with its paragraphs as the guide sets them.
+/// A message with its paragraphs separated as in the guide.
 QString asInGuide(QString message)
 {
     return message.replace(u"\n\n"_s, kBreak);
@@ -118,7 +118,7 @@ TEST(GuideMessages, EveryTextOfTheGuideIsOneOfTheProgram)
     }
 }
 
-TEST(GuideMessages, EveryTextOfTheProgramStandsInTheGuide)
+TEST(GuideMessages, EveryTextOfTheProgramIsInTheGuide)
 {
     const QStringList guide = guideParagraphs();
     const std::vector<ProgramText> program = programTexts();
@@ -130,7 +130,7 @@ TEST(GuideMessages, EveryTextOfTheProgramStandsInTheGuide)
     }
 }
 
-TEST(GuideMessages, FailuresAreToldWhole)
+TEST(GuideMessages, FailureMessagesAreInTheGuideInFull)
 {
     const FileError unchanged = {.cause = kWhy};
     const FileError changed = {.cause = kWhy, .outcome = FileOutcome::MaybeChanged};

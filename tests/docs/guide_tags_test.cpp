@@ -29,7 +29,7 @@ constexpr ScreenCase kScreens[] = {
     {"Talk shows", nullptr, "Form15"},
 };
 
-/// A refusal as the guide tells it.
+/// A refusal as the guide describes it.
 struct GuideRefusal
 {
     QString message;
@@ -151,7 +151,7 @@ TEST_F(GuideTags, EveryEndingTagIsPrintedOnceAndNamesOnlyKindsOfEndings)
     EXPECT_FALSE(tags.empty());
 }
 
-TEST_F(GuideTags, EveryRefusalIsThatOfATagAndToldWithItsCondition)
+TEST_F(GuideTags, EveryRefusalBelongsToATagAndIsListedWithItsCondition)
 {
     std::set<QString> used;
     for (const ScreenCase &test : kScreens) {

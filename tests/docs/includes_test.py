@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Every folder of the sources includes only itself and the folders that it builds on.
+"""Checks that every source folder includes only itself and the folders that it builds on.
 
 Usage: includes_test.py SOURCES
 """
@@ -8,7 +8,7 @@ import os
 import re
 import sys
 
-# What each folder may include beside itself. The files at the root wire everything.
+# The folders that each may include besides itself. The files at the root may include all.
 ALLOWED = {
     "disk": [],
     "datafiles": ["disk"],
@@ -19,7 +19,7 @@ ALLOWED = {
     "stipulations": ["screens", "controls", "datafiles", "disk"],
     "import": ["screens", "controls", "datafiles", "disk"],
 }
-# Those that know no window link only Qt Core.
+# Those without windows link only Qt Core.
 WITHOUT_WINDOWS = ("disk", "datafiles")
 INCLUDE = re.compile(r'^#include "([a-z]+)/', re.MULTILINE)
 WINDOW = re.compile(r"^#include <(QtWidgets|QtGui|Q(Widget|Application|Dialog|Label|LineEdit|ComboBox)\b)",
@@ -35,16 +35,16 @@ def complaints(sources):
             if not name.endswith((".h", ".cpp")):
                 continue
             if folder not in ALLOWED:
-                yield f"{os.path.join(place, name)} is in a folder that is not in the list"
+                yield f"{os.path.join(place, name)} is in a folder missing from the list"
                 continue
             with open(os.path.join(place, name), encoding="utf-8") as file:
                 text = file.read()
             for included in set(INCLUDE.findall(text)) - {folder, *ALLOWED[folder]}:
                 yield f"{os.path.join(place, name)} includes {included}/"
             if folder in WITHOUT_WINDOWS and WINDOW.search(text):
-                yield f"{os.path.join(place, name)} includes a header of windows"
+                yield f"{os.path.join(place, name)} includes a header for windows"
 
 
 found = list(complaints(sys.argv[1]))
-print("\n".join(found) or "Every include leads to a folder that it may.")
+print("\n".join(found) or "Every include is allowed.")
 sys.exit(bool(found))

@@ -30,7 +30,7 @@ QStringList valuesIn(QString cell)
     return values;
 }
 
-/// What the document says of each control, by "Form4, Combo3".
+/// The documented list of each control, by "Form4, Combo3".
 std::map<QString, QStringList> documentedLists()
 {
     std::map<QString, QStringList> lists;
@@ -67,7 +67,7 @@ protected:
     std::map<QString, QStringList> program;
 };
 
-TEST_F(ListValues, EveryListThatARecordTakesItsTextsFromIsDocumented)
+TEST_F(ListValues, EveryListThatFeedsARecordIsDocumented)
 {
     for (const FlowPath &flow :
          {kNormalPath, kRunInPath, kTurnPath, kInterviewPath, kTalkShowPath}) {

@@ -31,7 +31,7 @@ MarkdownTable under(const QString &heading)
     return table;
 }
 
-/// Reads a table, from its head on; leaves `line` at the last of its lines.
+/// Reads a table from its head on; sets `line` to its last line.
 void readTable(const QStringList &lines, qsizetype &line, MarkdownTable &table)
 {
     table.head = cellsOf(lines[line]);

@@ -16,8 +16,8 @@ struct MarkdownTable
     std::vector<QStringList> rows; ///< each with as many cells as the head, or the test fails
 };
 
-/// The tables of a document, in its order. Cells bear no blanks around them.
-/// \param path of the document; one that cannot be read fails the test
+/// The tables of a document, in order. Cells have no blanks around them.
+/// \param path of the document; fails the test if it cannot be read
 std::vector<MarkdownTable> markdownTables(const QString &path);
 
 } // namespace tarvold::testing

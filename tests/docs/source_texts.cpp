@@ -57,7 +57,7 @@ const std::vector<Literal> &literals()
 {
     static const std::vector<Literal> all = [] {
         std::vector<Literal> found;
-        // What main.cpp tells is no message of a screen.
+        // The messages of main.cpp are not messages of a screen.
         const QStringList sources = {u"*.cpp"_s, u"*.h"_s};
         const QDir source(QStringLiteral(TARVOLD_SOURCE));
         for (const QString &folder : source.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
@@ -78,8 +78,8 @@ bool isSentence(const QString &text)
     return text.contains(sentence) || (text.contains(u'\n') && text.contains(u' '));
 }
 
-/// Whether the code before a text makes it a caption, a help text, an instruction or a prompt, or
-/// the one cause of a failure that is asked about instead of told.
+/// Whether the code before a text makes it a caption, a help text, an instruction, a prompt, the
+/// name of a field, or the one cause of failure that is part of a question, not of a message.
 bool isNoMessage(const Literal &literal)
 {
     static const QRegularExpression other(

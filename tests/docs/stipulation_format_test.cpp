@@ -62,7 +62,7 @@ TEST_F(StipulationFormat, EveryRowIsALineOfTheForm)
     }
 }
 
-TEST_F(StipulationFormat, EveryControlBearsTheNameOfItsField)
+TEST_F(StipulationFormat, EveryControlHasTheNameOfItsField)
 {
     for (const stipulationform::FormLine &line : stipulationform::kLines) {
         if (line.control != nullptr) {

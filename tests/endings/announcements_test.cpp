@@ -5,14 +5,14 @@
 
 #include <optional>
 
-/// What those who hear the commentary screen are told of tags.
+/// What screen readers announce about tags on the commentary screen.
 namespace tarvold::testing {
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Hears what a screen reader reads out: the name of the notification, each time that it is shown.
+/// Records what a screen reader reads out: the name of the notification each time it is shown.
 class Listener : public QObject
 {
 public:
@@ -48,14 +48,14 @@ protected:
     std::optional<Listener> listener;
 };
 
-TEST_F(Announcements, TellWhichTagWentIntoWhichLine)
+TEST_F(Announcements, SayWhichTagWentIntoWhichLine)
 {
     click(control("Form7", "Text4"));
     chooseTag("Attacker 1 Short Name");
     EXPECT_EQ(told(), QStringList(u"Inserted <att1shortname> into line 4."_s));
 }
 
-TEST_F(Announcements, TellTheSameTwiceWhenItHappensTwice)
+TEST_F(Announcements, SayTheSameTwiceWhenItHappensTwice)
 {
     click(control("Form7", "Text10"));
     chooseTag("Attacker 1 Short Name");
@@ -63,13 +63,13 @@ TEST_F(Announcements, TellTheSameTwiceWhenItHappensTwice)
     EXPECT_EQ(told(), QStringList(2, u"Inserted <att1shortname> into line 10."_s));
 }
 
-TEST_F(Announcements, TellThatNoLineIsMarked)
+TEST_F(Announcements, SayThatNoLineIsMarked)
 {
     chooseTag("Attacker 1 Short Name");
     EXPECT_EQ(told(), QStringList(u"No line is marked, so nothing was inserted."_s));
 }
 
-TEST_F(Announcements, TellARefusalAndWhatWentInInstead)
+TEST_F(Announcements, SayThatATagWasRefusedAndWhatWasInsertedInstead)
 {
     click(control("Form7", "Text1"));
     chooseTag("Attacker 1 Short Name");
@@ -81,7 +81,7 @@ TEST_F(Announcements, TellARefusalAndWhatWentInInstead)
     EXPECT_EQ(told(), QStringList(u"Tag refused. Inserted <att1shortname> into line 1."_s));
 }
 
-TEST_F(Announcements, TellARefusalOfTheFirstTag)
+TEST_F(Announcements, SayThatTheFirstTagWasRefused)
 {
     click(control("Form7", "Text1"));
     boxes.expectNotice(title(), u"You have the receiver's manager name as 'N/A' or 'None', "
@@ -91,7 +91,7 @@ TEST_F(Announcements, TellARefusalOfTheFirstTag)
     EXPECT_EQ(told(), QStringList(u"Tag refused. Nothing was inserted."_s));
 }
 
-TEST_F(Announcements, AreNotRepeatedWhenTheScreenComesBack)
+TEST_F(Announcements, AreNotRepeatedWhenTheScreenIsShownAgain)
 {
     click(control("Form7", "Text1"));
     chooseTag("Attacker 1 Short Name");
@@ -102,7 +102,7 @@ TEST_F(Announcements, AreNotRepeatedWhenTheScreenComesBack)
     EXPECT_EQ(told(), QStringList());
 }
 
-TEST_F(Announcements, AreNotificationsThatTakeNoRoomAndNoFocus)
+TEST_F(Announcements, AreNotificationsThatTakeNoSpaceAndNoFocus)
 {
     chooseTag("Attacker 1 Short Name");
     EXPECT_EQ(QAccessible::queryAccessibleInterface(&announcement())->role(),

@@ -29,7 +29,7 @@ const Side kSides[] = {
      kReceiver, "Form7", "Form5"},
 };
 
-/// The attacker screen and the receiver screen, each in turn.
+/// The attacker screen and the receiver screen, one per test.
 class Sides : public EndingTest, public ::testing::WithParamInterface<int>
 {
 protected:
@@ -43,12 +43,12 @@ protected:
 INSTANTIATE_TEST_SUITE_P(, Sides, ::testing::Values(0, 1),
                          [](const auto &which) { return kSides[which.param].screen; });
 
-TEST_P(Sides, FieldsBearTheirCaptionsAndLists)
+TEST_P(Sides, FieldsHaveTheirCaptionsAndLists)
 {
     expectFields(form(), side().fields);
 }
 
-TEST_P(Sides, BearsItsHeadingNoteAndButtons)
+TEST_P(Sides, HasItsHeadingNoteAndButtons)
 {
     EXPECT_EQ(form().windowTitle(), u"Tarvold 1.3 Data Editor"_s);
     EXPECT_EQ(form().text("Label1"), QLatin1StringView(side().heading));
@@ -58,7 +58,7 @@ TEST_P(Sides, BearsItsHeadingNoteAndButtons)
     EXPECT_EQ(form().control<QPushButton>("Command2").text(), u">>"_s);
 }
 
-TEST_P(Sides, FieldsHoldTheirEntryDefaultsAndCanBeSeen)
+TEST_P(Sides, FieldsHaveTheirStartValuesAndAreVisible)
 {
     expectFreshTexts(form(), side().fields);
     for (const ExpectedField &field : side().fields) {
@@ -78,7 +78,7 @@ TEST_P(Sides, TabbingChangesTheHelpAtEveryField)
     expectHelpOnFocus(form(), "Label13", side().fields);
 }
 
-TEST_P(Sides, AClickWhereTheFocusAlreadyIsLeavesTheHelp)
+TEST_P(Sides, AClickOnTheFocusedFieldKeepsTheHelp)
 {
     expectHelpOnClick(form(), "Label13", side().fields);
 }
@@ -110,7 +110,7 @@ TEST_P(Sides, NextFillsEmptyBoxes)
     EXPECT_EQ(text(name(), "Text3"), u"N/A"_s);
 }
 
-TEST_P(Sides, NextResetsGenderAndWorkerWithAnEmptiedManagerName)
+TEST_P(Sides, NextResetsGenderAndWorkerIfTheManagerNameIsEmpty)
 {
     type(name(), "Text1", QString());
     choose(name(), "Combo5", u"Female"_s);
@@ -121,7 +121,7 @@ TEST_P(Sides, NextResetsGenderAndWorkerWithAnEmptiedManagerName)
     EXPECT_EQ(text(name(), "Combo6"), u"N/A"_s);
 }
 
-TEST_P(Sides, NextKeepsGenderAndWorkerBesideAManagerName)
+TEST_P(Sides, NextKeepsGenderAndWorkerIfThereIsAManagerName)
 {
     for (const char *manager : {"Miss Vance", " ", "None", "N/A"}) {
         SCOPED_TRACE(manager);
@@ -136,7 +136,7 @@ TEST_P(Sides, NextKeepsGenderAndWorkerBesideAManagerName)
     }
 }
 
-TEST_P(Sides, NextLeavesBoxesOfOneSpace)
+TEST_P(Sides, NextKeepsBoxesWithOneSpace)
 {
     for (const char *box : {"Text1", "Text2", "Text3"}) {
         type(name(), box, u" "_s);
@@ -147,7 +147,7 @@ TEST_P(Sides, NextLeavesBoxesOfOneSpace)
     }
 }
 
-TEST_P(Sides, NextLeavesEmptiedListsEmpty)
+TEST_P(Sides, NextKeepsEmptyComboBoxesEmpty)
 {
     for (const char *box : {"Combo1", "Combo2", "Combo3", "Combo4", "Combo5", "Combo6", "Combo7"}) {
         type(name(), box, QString());
@@ -158,7 +158,7 @@ TEST_P(Sides, NextLeavesEmptiedListsEmpty)
     }
 }
 
-TEST_P(Sides, FillsRunOnHiddenBoxesToo)
+TEST_P(Sides, NextFillsHiddenBoxesToo)
 {
     type(name(), "Text1", QString());
     type(name(), "Text3", QString());
@@ -199,7 +199,7 @@ protected:
         goTo("Form6");
     }
 
-    /// Where ">>" leads while the flow label reads so.
+    /// The screen that ">>" leads to with this flow label.
     void expectNext(const QString &label, const char *screen)
     {
         editor.screens().setText({"Form1", "matchreports"}, label);

@@ -27,7 +27,7 @@ protected:
 
     QWidget &lineBox(int number) { return control("Form7", line(number).constData()); }
 
-    /// The numbers of the lines that are yellow; a line that is neither that nor white fails.
+    /// The numbers of the yellow lines; any other colour than yellow and white fails the test.
     QList<int> yellowLines()
     {
         QList<int> yellow;
@@ -89,7 +89,7 @@ TEST_F(Marking, TheMarkStaysWhenTheFocusLeavesTheLines)
     EXPECT_EQ(yellowLines(), QList<int>{10});
 }
 
-TEST_F(Marking, AWindowThatAppearsMarksNothing)
+TEST_F(Marking, ShowingTheWindowMarksNothing)
 {
     lineBox(2).setFocus(Qt::OtherFocusReason);
     qobject_cast<CommentaryScreen *>(&screen("Form7"))->whitenboxes();
@@ -103,7 +103,7 @@ TEST_F(Marking, AWindowThatAppearsMarksNothing)
     EXPECT_EQ(yellowLines(), QList<int>());
 }
 
-TEST_F(Marking, AMessageBoxThatGoesMarksNothing)
+TEST_F(Marking, ClosingAMessageBoxMarksNothing)
 {
     lineBox(2).setFocus(Qt::OtherFocusReason);
     qobject_cast<CommentaryScreen *>(&screen("Form7"))->whitenboxes();
@@ -125,7 +125,7 @@ TEST_F(Marking, TheMarkStaysThroughBackAndNext)
     EXPECT_TRUE(lineBox(7).hasFocus());
 }
 
-TEST_F(Marking, ComingBackToTheScreenMarksNothing)
+TEST_F(Marking, ReturningToTheScreenMarksNothing)
 {
     press("Form7", "Command2");
     press("Form6", "Command2");
@@ -172,7 +172,7 @@ TEST_F(Marking, ATagGoesOnlyIntoTheLineMarkedLast)
     EXPECT_EQ(yellowLines(), QList<int>{5});
 }
 
-TEST_F(Marking, TwoTagsInTwoLinesStayWhereTheyWerePut)
+TEST_F(Marking, TwoTagsInTwoLinesStayWhereTheyWereInserted)
 {
     click(lineBox(1));
     choose("Form7", "Combo1", u"Receiver Full Name"_s);
@@ -199,7 +199,7 @@ private:
     QPalette m_light;
 };
 
-/// The colour that most of the picture has.
+/// The most frequent colour of the picture.
 QColor backgroundOf(QWidget &box)
 {
     const QImage picture = box.grab().toImage();

@@ -23,13 +23,13 @@ protected:
         boxes.expectNotice(title(), QLatin1StringView(message));
     }
 
-    /// What a field of another screen holds from now on.
+    /// Sets a field of another screen.
     void given(const char *screen, const char *box, const QString &text)
     {
         editor.screens().setText({screen, box}, text);
     }
 
-    /// Empties the first line, marks it, chooses the tag, and gives what the line then holds.
+    /// Clears the first line, marks it, chooses the tag, and returns the text of the line.
     QString insertedBy(const ExpectedTag &tag)
     {
         type("Form7", "Text1", QString());
@@ -40,7 +40,7 @@ protected:
     QString pending() { return text("Form7", "hiddenlabel"); }
 };
 
-TEST_F(Composer, BearsItsCaptionHeadingInstructionsAndButtons)
+TEST_F(Composer, HasItsTitleHeadingInstructionsAndButtons)
 {
     EXPECT_EQ(screen("Form7").windowTitle(), u"Tarvold 1.3 Data Editor"_s);
     EXPECT_EQ(text("Form7", "Label1"), u"THE MATCH FINISH"_s);
@@ -53,7 +53,7 @@ TEST_F(Composer, BearsItsCaptionHeadingInstructionsAndButtons)
     EXPECT_EQ(screen("Form7").control<QPushButton>("Command2").text(), u"<<"_s);
 }
 
-TEST_F(Composer, TheTagListStandsAboveItsInstructionsAndTheLinesFollowFromTopToBottom)
+TEST_F(Composer, TheTagListIsAboveItsInstructionsAndTheLinesFollowFromTopToBottom)
 {
     int above = control("Form7", "Label3").geometry().top();
     EXPECT_LT(control("Form7", "Combo1").geometry().top(), above);
@@ -92,7 +92,7 @@ TEST_F(Composer, EveryAcceptedTagIsInserted)
     }
 }
 
-TEST_F(Composer, ATagIsAcceptedWithEveryFittingText)
+TEST_F(Composer, ATagIsAcceptedWithEveryAllowedText)
 {
     for (const ExpectedTag &tag : kTags) {
         if (tag.box == nullptr) {
@@ -107,7 +107,7 @@ TEST_F(Composer, ATagIsAcceptedWithEveryFittingText)
     }
 }
 
-TEST_F(Composer, ATagIsRefusedWithItsMessageAndThePendingTagComesInstead)
+TEST_F(Composer, ATagIsRefusedWithItsMessageAndThePendingTagIsInsertedInstead)
 {
     chooseTag("Title Name (eg. XWL Title)");
     for (const ExpectedTag &tag : kTags) {
@@ -125,7 +125,7 @@ TEST_F(Composer, ATagIsRefusedWithItsMessageAndThePendingTagComesInstead)
     }
 }
 
-TEST_F(Composer, OneFieldDecidesAndNoOther)
+TEST_F(Composer, OnlyOneFieldDecides)
 {
     for (const ExpectedTag &tag : kTags) {
         SCOPED_TRACE(tag.item);
@@ -141,7 +141,7 @@ TEST_F(Composer, OneFieldDecidesAndNoOther)
     }
 }
 
-TEST_F(Composer, AfterARefusalNothingComesWhenNoTagWasEverAccepted)
+TEST_F(Composer, AfterARefusalNothingIsInsertedIfNoTagWasEverAccepted)
 {
     type("Form7", "Text2", u"By "_s);
     expectRefusal(kAttackersManager);
@@ -176,7 +176,7 @@ TEST_F(Composer, AStableMemberNeedsAStable)
     EXPECT_EQ(text("Form7", "Text1"), u"<attstablemem1>"_s);
 }
 
-TEST_F(Composer, ATagGoesToTheEndWhereverTheCursorIs)
+TEST_F(Composer, ATagIsAppendedWhereverTheCursorIs)
 {
     type("Form7", "Text4", u"Pinned by "_s);
     QTest::keyClick(&control("Form7", "Text4"), Qt::Key_Home);
@@ -184,7 +184,7 @@ TEST_F(Composer, ATagGoesToTheEndWhereverTheCursorIs)
     EXPECT_EQ(text("Form7", "Text4"), u"Pinned by <recfullname>"_s);
 }
 
-TEST_F(Composer, ATagReplacesNothingThatIsSelected)
+TEST_F(Composer, ATagDoesNotReplaceTheSelection)
 {
     type("Form7", "Text4", u"Pinned by "_s);
     screen("Form7").control<QLineEdit>("Text4").selectAll();

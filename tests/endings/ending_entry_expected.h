@@ -5,7 +5,7 @@
 
 namespace tarvold::testing {
 
-/// The control keeps what it holds.
+/// The control keeps its text.
 inline constexpr const char *kKept = nullptr;
 
 struct ExpectedValue
@@ -34,7 +34,7 @@ inline constexpr ExpectedValue kCriteria[] = {
     {"Text2",   {"Any",    "Any",     "Any"}},
 };
 
-/// The same on the attacker and on the receiver screen.
+/// The same on the attacker and the receiver screen.
 inline constexpr ExpectedValue kSides[] = {
     {"Text1",  {"N/A", "N/A", "Any"}},
     {"Text2",  {"Any", kKept, kKept}},
@@ -48,7 +48,7 @@ inline constexpr ExpectedValue kSides[] = {
     {"Text3",  {"N/A", "N/A", kKept}},
 };
 
-/// Rows of the attacker and of the receiver screen that turns do not show.
+/// Rows of the attacker and the receiver screen that are hidden for turns.
 inline constexpr const char *kHiddenForTurns[] = {"Label4", "Combo3", "Label7",  "Text1", "Label8", "Combo5",
                                        "Label9", "Combo6", "Label11", "Text3"};
 

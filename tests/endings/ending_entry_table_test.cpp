@@ -15,7 +15,7 @@ bool isAt(const ControlRef &ref, const char *screen, const char *control)
     return qstrcmp(ref.screen, screen) == 0 && qstrcmp(ref.control, control) == 0;
 }
 
-/// The rows that the program has for a screen; none fails the test.
+/// The start values of a screen; fails the test if there are none.
 std::span<const endingflow::ValueRow> rowsFor(const char *screen)
 {
     for (const auto &[name, rows] : endingflow::values()) {
@@ -50,14 +50,14 @@ TEST(EndingEntryTable, TheFlowLabelIsSetForEachKind)
     EXPECT_STREQ(endingflow::kEndings[2].flowLabel, "turns");
 }
 
-TEST(EndingEntryTable, TheCommentaryScreenOfEachKindIsEmptied)
+TEST(EndingEntryTable, TheCommentaryScreenOfEachKindIsCleared)
 {
     EXPECT_STREQ(endingflow::kEndings[0].commentary, "Form7");
     EXPECT_STREQ(endingflow::kEndings[1].commentary, "Form9");
     EXPECT_STREQ(endingflow::kEndings[2].commentary, "Form11");
 }
 
-TEST(EndingEntryTable, EveryValueOfEachKindIsAsItShouldBe)
+TEST(EndingEntryTable, EveryStartValueOfEachKindIsSet)
 {
     expectValues("Form4", kCriteria);
     expectValues("Form5", kSides);
@@ -72,7 +72,7 @@ TEST(EndingEntryTable, EachKindWritesItsOwnRecord)
     EXPECT_EQ(endingflow::kEndings[2].file, DataFileKind::TurnEndings);
 }
 
-TEST(EndingEntryTable, TheKindsOwnScreensAreSet)
+TEST(EndingEntryTable, TheScreensOfOneKindGetTheirStartValues)
 {
     for (const MatchEnding kind : {MatchEnding::Normal, MatchEnding::RunIn, MatchEnding::Turn}) {
         const auto &expected = kOwn[static_cast<std::size_t>(kind)];

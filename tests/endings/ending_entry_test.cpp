@@ -17,7 +17,7 @@ protected:
 
     Screens &screens() { return editor.screens(); }
 
-    /// Puts a text of its own into every control that the entry is to set, and into every line.
+    /// Changes every control that the entry should set, and every line.
     void changeEverything()
     {
         for (const ExpectedValue &row : kCriteria) {
@@ -64,7 +64,7 @@ TEST_F(EndingEntry, NormalEntryResetsItsScreens)
     }
 }
 
-TEST_F(EndingEntry, NormalEntryShowsWhatATurnHadHidden)
+TEST_F(EndingEntry, NormalEntryShowsWhatATurnHid)
 {
     for (const char *screen : {"Form5", "Form6"}) {
         for (const char *control : kHiddenForTurns) {
@@ -124,7 +124,7 @@ TEST_F(EndingEntry, EveryControlOfTheEntryTableIsOnItsScreen)
     }
 }
 
-/// Whether a control will be visible as soon as its screen is.
+/// Whether a control is visible while its screen is.
 bool isShown(const QWidget &control)
 {
     return control.isVisibleTo(control.window());

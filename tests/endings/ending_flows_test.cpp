@@ -6,7 +6,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The flows of match endings: each kind's way, and all of them in one run of the program.
+/// The flows of match endings: each kind, and all of them in one run of the program.
 class EndingFlows : public FlowTest
 {
 protected:
@@ -16,7 +16,7 @@ protected:
         save(flow);
     }
 
-    /// The bytes of a file, line by line.
+    /// The lines of a file.
     QList<QByteArray> linesOf(const FlowPath &flow)
     {
         QByteArray bytes = bytesOf(QLatin1StringView(flow.file));
@@ -70,7 +70,7 @@ TEST_F(EndingFlows, ARunInAfterATurnStartsWithTheNamesOfTheTurn)
     EXPECT_EQ(runIn.at(11), "N/A");
 }
 
-TEST_F(EndingFlows, ATurnsHiddenManagerNeverComesIntoANormalEnding)
+TEST_F(EndingFlows, TheHiddenManagerOfATurnNeverGetsIntoANormalEnding)
 {
     goToCommentary(kTurnPath);
     saveWith(kTurnPath, "A turn");
@@ -79,7 +79,7 @@ TEST_F(EndingFlows, ATurnsHiddenManagerNeverComesIntoANormalEnding)
     EXPECT_EQ(linesOf(kNormalPath).at(11), "N/A");
 }
 
-TEST_F(EndingFlows, EachKindKeepsALastAcceptedTagOfItsOwnThatNoEntryClears)
+TEST_F(EndingFlows, EachKindKeepsItsOwnLastAcceptedTagThatNoEntryClears)
 {
     const std::pair<const FlowPath *, const char *> tags[] = {
         {&kNormalPath, "Title Name (eg. XWL Title)"},
@@ -129,7 +129,7 @@ TEST_F(EndingFlows, ChoosingAMatchTypeSetsTheFeudTypeInRunInsAndInTurns)
     }
 }
 
-TEST_F(EndingFlows, TypingAMatchTypeLeavesTheFeudType)
+TEST_F(EndingFlows, TypingAMatchTypeKeepsTheFeudType)
 {
     goTo(kRunInPath, "Form4");
     type("Form4", "Combo12", u"Women's Tag Team"_s);

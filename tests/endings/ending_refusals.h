@@ -50,7 +50,7 @@ inline const QStringList kSinglesFeud = {u"Singles"_s};
 inline const QStringList kOtherFeuds = {u"Tag Team"_s, u"singles"_s,    u"Singles "_s,
                                         u"SINGLES"_s,  u"Blood feud"_s, {}};
 
-/// These two bear the shorter title.
+/// These two have the shorter title.
 inline const RefusalRow kSecondInterferer = {
     {"Form8", "Combo3"},
     "Interfering Wrestler 2 can only be involved if the feud type is Tag Team.",

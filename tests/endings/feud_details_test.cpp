@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The scroll bar apart.
+/// Without the scroll bar.
 const ExpectedFields kFields = {
     {"Combo3",
      "Label4",
@@ -92,7 +92,7 @@ protected:
     QString help() { return text("Form8", "Label13"); }
 };
 
-TEST_F(FeudDetails, BearsItsCaptionHeadingAndButtons)
+TEST_F(FeudDetails, HasItsTitleHeadingAndButtons)
 {
     EXPECT_EQ(screen("Form8").windowTitle(), u"Tarvold 1.3 Data Editor"_s);
     EXPECT_EQ(text("Form8", "Label1"), u"FEUD DETAILS"_s);
@@ -106,13 +106,13 @@ TEST_F(FeudDetails, FieldsHaveTheirCaptionsAndLists)
     EXPECT_EQ(text("Form8", "Label7"), u"Feud Heat Increase"_s);
 }
 
-TEST_F(FeudDetails, FieldsStandBelowEachOtherInTheirOrder)
+TEST_F(FeudDetails, FieldsAreBelowEachOtherInOrder)
 {
     expectStops("Form8", {"Combo3", "Text2", "Combo1", "Combo2", "Combo7", "Combo4", "HScroll1",
                           "Combo5", "Command1", "Command2"});
 }
 
-TEST_F(FeudDetails, EntryGivesItsValues)
+TEST_F(FeudDetails, EntrySetsItsValues)
 {
     expectFreshTexts(screen("Form8"), kFields);
     expectTexts("Form8", {{"HScroll1", u"10"_s}, {"Label8", u"10%"_s}});
@@ -126,7 +126,7 @@ TEST_F(FeudDetails, AFieldShowsItsHelpWhenTabReachesIt)
                       "increase when this match ending takes place."_s);
 }
 
-TEST_F(FeudDetails, AClickInAFieldThatHasTheFocusShowsNoHelp)
+TEST_F(FeudDetails, AClickOnTheFocusedFieldShowsNoHelp)
 {
     expectHelpOnClick(screen("Form8"), "Label13", kFields);
 }
@@ -141,7 +141,7 @@ TEST_F(FeudDetails, ButtonsHaveNoHelp)
     EXPECT_EQ(help(), last);
 }
 
-TEST_F(FeudDetails, HelpForTheTwoFieldsItDoesNotHaveIsKept)
+TEST_F(FeudDetails, HelpForTheTwoMissingFieldsExists)
 {
     screen("Form8").setText("Label13", {});
     editor.screens().get<Form8>().showBrandHelp();
@@ -150,7 +150,7 @@ TEST_F(FeudDetails, HelpForTheTwoFieldsItDoesNotHaveIsKept)
     EXPECT_EQ(help(), QLatin1StringView(kPowerFigureHelp));
 }
 
-TEST_F(FeudDetails, NoControlShowsTheHelpOfAFieldThatItDoesNotHave)
+TEST_F(FeudDetails, NoControlShowsTheHelpOfAMissingField)
 {
     for (const QWidget *stop : tabStops(screen("Form8"))) {
         EXPECT_NE(help(), QLatin1StringView(kBrandHelp)) << stop->objectName().toStdString();
@@ -159,12 +159,12 @@ TEST_F(FeudDetails, NoControlShowsTheHelpOfAFieldThatItDoesNotHave)
     }
 }
 
-TEST_F(FeudDetails, ForTelevisedShowsOffersNoNo)
+TEST_F(FeudDetails, ForTelevisedShowsDoesNotOfferNo)
 {
     EXPECT_EQ(combo("Form8", "Combo5").findText(u"No"_s), -1);
 }
 
-TEST_F(FeudDetails, NextPutsAnyIntoTheNameLeftEmpty)
+TEST_F(FeudDetails, NextPutsAnyIntoAnEmptyName)
 {
     type("Form8", "Text2", {});
     press("Form8", "Command2");
@@ -187,7 +187,7 @@ TEST_F(FeudDetails, BackFillsNothing)
     EXPECT_EQ(text("Form8", "Text2"), QString());
 }
 
-TEST_F(FeudDetails, BackAndForwardAgainKeepsEveryValueChosen)
+TEST_F(FeudDetails, BackAndNextKeepEveryChosenValue)
 {
     const std::vector<Entry> chosen = {
         {"Combo3", u"Tag Team"_s},   {"Text2", u"Rocco Vance,Dex Vance"_s},

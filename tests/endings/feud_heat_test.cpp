@@ -31,7 +31,7 @@ TEST_F(FeudHeat, ShowsALeadingBlankOnceTheBarWasMoved)
     EXPECT_EQ(shown(), u" 1%"_s);
 }
 
-TEST_F(FeudHeat, ShowsABlankAlsoBackAtTen)
+TEST_F(FeudHeat, ShowsTheBlankEvenBackAtTen)
 {
     tabTo(screen("Form8"), "HScroll1");
     key(Qt::Key_Right);
@@ -39,12 +39,12 @@ TEST_F(FeudHeat, ShowsABlankAlsoBackAtTen)
     EXPECT_EQ(shown(), u" 10%"_s);
 }
 
-TEST_F(FeudHeat, TheLabelFollowsADraggedThumbOnlyWhenItIsLetGo)
+TEST_F(FeudHeat, TheLabelChangesOnlyWhenTheDraggedThumbIsReleased)
 {
     expectLabelFollowsOnlyWhenLetGo(u"10%"_s, u" 100%"_s);
 }
 
-TEST_F(FeudHeat, ADragThatAKeyLeadsAwayFromChangesNothing)
+TEST_F(FeudHeat, ADragThatAKeyInterruptsChangesNothing)
 {
     const QPoint before = startDrag();
     QTest::keyClick(screen("Form8").windowHandle(), Qt::Key_Right, Qt::AltModifier);
@@ -68,7 +68,7 @@ TEST_F(FeudHeat, StaysBetweenOneAndAHundred)
     expectStaysInRange();
 }
 
-TEST_F(FeudHeat, TheWheelTurnsItOnlyWhileItHasTheFocus)
+TEST_F(FeudHeat, TheWheelMovesItOnlyWhileItHasTheFocus)
 {
     tabTo(screen("Form8"), "Combo3");
     turnWheel(bar(), 1);

@@ -17,7 +17,7 @@ protected:
 
     Screen &form() { return screen("Form4"); }
 
-    /// Shows the short match type list in the place of the long one, as other flows do.
+    /// Shows the short match type list instead of the long one, as other flows do.
     void showShortList()
     {
         control("Form4", "Combo3").hide();
@@ -26,14 +26,14 @@ protected:
     }
 };
 
-TEST_F(MatchCriteria, FieldsBearTheirCaptionsAndLists)
+TEST_F(MatchCriteria, FieldsHaveTheirCaptionsAndLists)
 {
     expectFields(form(), kMatchCriteria);
     showShortList();
     expectFields(form(), kMatchCriteria);
 }
 
-TEST_F(MatchCriteria, BearsItsCaptionHeadingAndButtons)
+TEST_F(MatchCriteria, HasItsTitleHeadingAndButtons)
 {
     EXPECT_EQ(form().windowTitle(), u"Tarvold 1.3 Data Editor"_s);
     EXPECT_EQ(text("Form4", "Label1"), u"GENERAL DETAILS"_s);
@@ -41,18 +41,18 @@ TEST_F(MatchCriteria, BearsItsCaptionHeadingAndButtons)
     EXPECT_EQ(form().control<QPushButton>("Command2").text(), u">>"_s);
 }
 
-TEST_F(MatchCriteria, FieldsHoldTheirEntryDefaults)
+TEST_F(MatchCriteria, FieldsHaveTheirStartValues)
 {
     expectFreshTexts(form(), kMatchCriteria);
 }
 
-TEST_F(MatchCriteria, OnlyTheLongMatchTypeListCanBeSeen)
+TEST_F(MatchCriteria, OnlyTheLongMatchTypeListIsVisible)
 {
     EXPECT_TRUE(control("Form4", "Combo3").isVisible());
     EXPECT_FALSE(control("Form4", "Combo12").isVisible());
 }
 
-TEST_F(MatchCriteria, BothMatchTypeListsStandInTheSamePlace)
+TEST_F(MatchCriteria, BothMatchTypeListsAreInTheSamePlace)
 {
     const QRect place = control("Form4", "Combo3").geometry();
     showShortList();
@@ -80,7 +80,7 @@ TEST_F(MatchCriteria, TabbingChangesTheHelpAtEveryField)
     expectHelpOnFocus(form(), "Label2", kMatchCriteria);
 }
 
-TEST_F(MatchCriteria, AClickChangesTheHelpEvenWhereTheFocusAlreadyIs)
+TEST_F(MatchCriteria, AClickShowsTheHelpEvenOfTheFocusedField)
 {
     expectHelpOnClick(form(), "Label2", kMatchCriteria);
     showShortList();
@@ -107,7 +107,7 @@ TEST_F(MatchCriteria, ChoosingInAListShowsItsHelpButNotInTheShortMatchTypes)
     EXPECT_EQ(text("Form4", "Label2"), u"before"_s);
 }
 
-TEST_F(MatchCriteria, ButtonsLeaveTheHelpAsItIs)
+TEST_F(MatchCriteria, ButtonsKeepTheHelp)
 {
     tabTo(form(), "Combo10");
     tabTo(form(), "Command2");
@@ -122,7 +122,7 @@ TEST_F(MatchCriteria, NextFillsAnEmptyStipulation)
     EXPECT_EQ(text("Form4", "Text2"), u"Any"_s);
 }
 
-TEST_F(MatchCriteria, NextLeavesAStipulationOfOneSpace)
+TEST_F(MatchCriteria, NextKeepsAStipulationOfOneSpace)
 {
     type("Form4", "Text2", u" "_s);
     press("Form4", "Command2");
@@ -158,7 +158,7 @@ TEST_F(MatchCriteria, BackAndNoKeepsEveryValue)
     }
 }
 
-TEST_F(MatchCriteria, LeavingAndComingBackShowsTheFirstFieldAgain)
+TEST_F(MatchCriteria, LeavingAndReturningFocusesTheFirstFieldAgain)
 {
     tabTo(form(), "Combo10");
     press("Form4", "Command2");

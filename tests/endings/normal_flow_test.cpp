@@ -27,7 +27,7 @@ protected:
         const char *text;
     };
 
-    /// Types into text boxes and chooses in lists.
+    /// Types into text boxes and chooses from lists.
     void fill(const char *screen, std::initializer_list<Entry> entries)
     {
         for (const Entry &entry : entries) {
@@ -73,7 +73,7 @@ protected:
         press("Form6", "Command2");
     }
 
-    // By keyboard: what has the focus now gets the keys.
+    // By keyboard: the focused control gets the keys.
     static void key(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
     {
         QTest::keyClick(QApplication::focusWindow(), key, modifiers);
@@ -89,7 +89,7 @@ protected:
     }
 };
 
-TEST_F(NormalFlow, AFilledFlowGivesItsRecord)
+TEST_F(NormalFlow, AFilledFlowWritesItsRecord)
 {
     fillDetails();
     click(control("Form7", "Text1"));
@@ -122,7 +122,7 @@ TEST_F(NormalFlow, GoingBackAndForthChangesNothing)
     EXPECT_EQ(bytesOf(u"normreports.tvd"_s), kFilledRecord);
 }
 
-TEST_F(NormalFlow, TheWholeFlowGoesByKeyboardAlone)
+TEST_F(NormalFlow, TheWholeFlowWorksWithTheKeyboardAlone)
 {
     pressByKey("Form1", "Command3", Qt::Key_Space);
     expectOnly("Form4");
@@ -164,7 +164,7 @@ TEST_F(NormalFlow, TheWholeFlowGoesByKeyboardAlone)
     EXPECT_EQ(lines.at(30), QByteArray("<att1shortname>\r"));
 }
 
-TEST_F(NormalFlow, TheWayBackGoesByKeyboardAlone)
+TEST_F(NormalFlow, TheWayBackWorksWithTheKeyboardAlone)
 {
     goTo("Form7");
     pressByKey("Form7", "Command2", Qt::Key_Return);

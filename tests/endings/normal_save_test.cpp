@@ -12,14 +12,14 @@ namespace {
 
 const QByteArray kBlank = "-BLANK-\r\n";
 
-/// The 26 lines of the details of a flow in which nothing was changed.
+/// The 26 lines of the details of an unchanged flow.
 const QByteArray kUntouchedDetails = "Any\r\nAny\r\nN/A\r\nN/A\r\nNormal\r\nN/A\r\n"
                                      "Any\r\nAny\r\nAny\r\nAny\r\nN/A\r\n"
                                      "N/A\r\nN/A\r\nN/A\r\nAny\r\nN/A\r\n"
                                      "Any\r\nAny\r\nAny\r\nAny\r\nN/A\r\n"
                                      "N/A\r\nN/A\r\nN/A\r\nAny\r\nN/A\r\n";
 
-/// A record of an untouched flow with these words in the first commentary line.
+/// The record of an unchanged flow with this first commentary line.
 QByteArray recordWith(const QByteArray &firstLine)
 {
     return kUntouchedDetails + firstLine + "\r\n" + kBlank.repeated(9);
@@ -35,7 +35,7 @@ protected:
         type("Form7", line, QLatin1StringView(words));
     }
 
-    /// Goes back to a screen of the flow, and forth again afterwards.
+    /// Goes back to a screen of the flow.
     void backTo(const char *screen)
     {
         press("Form7", "Command2");
@@ -44,7 +44,7 @@ protected:
         }
     }
 
-    /// Where the user stands after a save, with everything kept, to save once more.
+    /// Saves once more after a save, with everything kept.
     void saveAnother(const char *firstLine)
     {
         goTo("Form7");
@@ -75,7 +75,7 @@ TEST_F(NormalSave, TwoSavesGiveTwoRecordsWithNothingBetween)
     EXPECT_EQ(bytesOf(file()).count("\r\n"), 72);
 }
 
-TEST_F(NormalSave, WhatIsInTheFileStaysAsItIs)
+TEST_F(NormalSave, TheOldContentOfTheFileStays)
 {
     QFile old(file());
     ASSERT_TRUE(old.open(QIODevice::WriteOnly));
@@ -86,7 +86,7 @@ TEST_F(NormalSave, WhatIsInTheFileStaysAsItIs)
     EXPECT_EQ(bytesOf(file()), "no record at all\n" + recordWith("The end."));
 }
 
-TEST_F(NormalSave, EachSaveGoesToTheFileThatTheMenuNamesThen)
+TEST_F(NormalSave, EachSaveGoesToTheFileNamedOnTheMenuAtThatTime)
 {
     write("Text1", "One.");
     save();
@@ -97,7 +97,7 @@ TEST_F(NormalSave, EachSaveGoesToTheFileThatTheMenuNamesThen)
     EXPECT_EQ(bytesOf(u"other.txt"_s), recordWith("Two.") + recordWith("Three."));
 }
 
-TEST_F(NormalSave, TheNameIsReadAtTheMomentOfTheSave)
+TEST_F(NormalSave, TheFileNameIsReadWhenSaving)
 {
     write("Text1", "One.");
     editor.screens().setText({"Form1", "Text3"}, u"late"_s);
@@ -105,7 +105,7 @@ TEST_F(NormalSave, TheNameIsReadAtTheMomentOfTheSave)
     EXPECT_EQ(bytesOf(u"late"_s), recordWith("One."));
 }
 
-TEST_F(NormalSave, ANameMayLeadIntoAFolder)
+TEST_F(NormalSave, AFileNameMayContainAFolder)
 {
     QDir().mkdir(u"sub"_s);
     editor.screens().setText({"Form1", "Text3"}, u"sub/mine.tvd"_s);
@@ -157,7 +157,7 @@ TEST_F(NormalSave, EmptyLinesBetweenAreBlank)
                                    "Fourth.\r\n" + kBlank.repeated(6));
 }
 
-TEST_F(NormalSave, ALineOfSpacesIsWrittenAsItStands)
+TEST_F(NormalSave, ALineOfSpacesIsWrittenUnchanged)
 {
     write("Text1", "First.");
     write("Text2", "  ");
@@ -165,7 +165,7 @@ TEST_F(NormalSave, ALineOfSpacesIsWrittenAsItStands)
     EXPECT_EQ(bytesOf(file()), kUntouchedDetails + "First.\r\n  \r\n" + kBlank.repeated(8));
 }
 
-TEST_F(NormalSave, AFinisherIsWrittenInItsCode)
+TEST_F(NormalSave, AFinisherIsWrittenAsItsCode)
 {
     backTo("Form5");
     choose("Form5", "Combo7", u"Top Rope"_s);
@@ -180,7 +180,7 @@ TEST_F(NormalSave, AFinisherIsWrittenInItsCode)
     EXPECT_EQ(bytesOf(file()).count("\r\n"), 36);
 }
 
-TEST_F(NormalSave, AFinisherTypedInOtherCaseGivesNoLine)
+TEST_F(NormalSave, AFinisherTypedInAnotherCaseWritesNoLine)
 {
     backTo("Form5");
     type("Form5", "Combo7", u"pin"_s);
@@ -196,7 +196,7 @@ TEST_F(NormalSave, AFinisherTypedInOtherCaseGivesNoLine)
     EXPECT_EQ(bytesOf(file()), expected.join('\n'));
 }
 
-TEST_F(NormalSave, ACommaInTheAttackersNameIsWrittenAsItStands)
+TEST_F(NormalSave, ACommaInTheAttackersNameIsWrittenUnchanged)
 {
     backTo("Form5");
     type("Form5", "Text2", u"Rocco Vance,Dex Vance"_s);

@@ -103,7 +103,7 @@ TEST_F(RecordSources, UseNoFieldTwice)
     }
 }
 
-/// Else a screen earlier in the flow could feed a line in place of the one that is meant.
+/// Otherwise the wrong screen of the flow could feed a line.
 TEST_F(RecordSources, HaveEachFieldOnOneScreenOfTheirFlowOnly)
 {
     for (const FlowRow &row : kFlows) {

@@ -37,7 +37,7 @@ protected:
     RunInCommentary() : CommentaryTest(kRunInPath) {}
 };
 
-TEST_F(RunInCommentary, BearsItsFixedTextsAndStartsEmptyAndWhite)
+TEST_F(RunInCommentary, HasItsFixedTextsAndStartsEmptyAndWhite)
 {
     expectFixedTexts("THE MATCH FINISH", kFinishInstructions, "Add This Finish");
 }
@@ -82,7 +82,7 @@ TEST_F(RunInCommentary, ATagTeamFeudAllowsTheSecondInterfererAndTheTeam)
     EXPECT_EQ(insertedBy("Interfering Team Name"), u"<feudteam>"_s);
 }
 
-TEST_F(RunInCommentary, AFeudTypeOfTheAuthorsOwnAllowsThemToo)
+TEST_F(RunInCommentary, ATypedFeudTypeAllowsThemToo)
 {
     press("Form9", "Command2");
     type("Form8", "Combo3", u"Stable war"_s);
@@ -114,12 +114,12 @@ TEST_F(RunInCommentary, ATagChosenWhileNoLineIsMarkedIsOnlyRemembered)
     expectRememberedWhenNothingIsMarked(kTags[0], kTags[4]);
 }
 
-TEST_F(RunInCommentary, RefusesToAddWithoutAFirstLine)
+TEST_F(RunInCommentary, RefusesToSaveWithoutAFirstLine)
 {
     expectEmptyFirstLineIsRefused();
 }
 
-TEST_F(RunInCommentary, DecliningTheQuestionWritesNothingAndLeavesTheScreenAsItWas)
+TEST_F(RunInCommentary, AnsweringNoWritesNothingAndKeepsTheScreen)
 {
     expectNoWritesNothing();
 }
@@ -134,12 +134,12 @@ TEST_F(RunInCommentary, NothingIsClearedByASave)
     expectNothingIsClearedByASave();
 }
 
-TEST_F(RunInCommentary, TheFileIsTheOneNamedAtTheMomentOfSaving)
+TEST_F(RunInCommentary, TheFileNameIsReadWhenSaving)
 {
     expectTheFileBoxCountsWhenSaving();
 }
 
-TEST_F(RunInCommentary, BackLeadsToTheFeudWithoutAQuestionAndKeepsTheLines)
+TEST_F(RunInCommentary, BackReturnsToTheFeudWithoutAQuestionAndKeepsTheLines)
 {
     typeLine("Text3", u"Third."_s);
     press("Form9", "Command2");

@@ -8,7 +8,7 @@ namespace {
 
 using Lines = std::vector<QByteArray>;
 
-/// The record of an ending in which only the first commentary line was written.
+/// The record of an ending of which only the first commentary line was typed.
 const Lines kUntouched = {
     "Singles", "Any",     "N/A",     "N/A",     "Normal",  "N/A",     "Any",     "Any",
     "Any",     "Any",     "N/A",     "N/A",     "N/A",     "N/A",     "Any",     "N/A",
@@ -22,7 +22,7 @@ class RunInRecord : public FlowTest
 protected:
     RunInRecord() { goToCommentary(kRunInPath); }
 
-    /// Writes the first line and saves; gives the bytes of the file.
+    /// Types the first line and saves; returns the bytes of the file.
     QByteArray saved()
     {
         type("Form9", "Text1", u"The end"_s);
@@ -40,13 +40,13 @@ protected:
     }
 };
 
-TEST_F(RunInRecord, UntouchedValuesGiveFortyFourLines)
+TEST_F(RunInRecord, UnchangedFieldsGiveFortyFourLines)
 {
     ASSERT_EQ(kUntouched.size(), 44U);
     EXPECT_EQ(saved(), asFile(kUntouched));
 }
 
-TEST_F(RunInRecord, EveryFieldStandsOnItsOwnLine)
+TEST_F(RunInRecord, EveryFieldIsOnItsOwnLine)
 {
     goBack(kRunInPath);
     press("Form1", "Command4");
@@ -164,7 +164,7 @@ TEST_F(RunInRecord, HasFortyFourLinesWithEveryFinisherTypeOfTheList)
     }
 }
 
-TEST_F(RunInRecord, AFinisherTypeInLowerCaseGivesNoLine)
+TEST_F(RunInRecord, AFinisherTypeInLowerCaseWritesNoLine)
 {
     press("Form9", "Command2");
     type("Form8", "Combo7", u"pin"_s);
@@ -175,7 +175,7 @@ TEST_F(RunInRecord, AFinisherTypeInLowerCaseGivesNoLine)
     EXPECT_EQ(saved(), asFile(lines));
 }
 
-TEST_F(RunInRecord, ThreeUnknownFinisherTypesGiveThreeLinesLess)
+TEST_F(RunInRecord, ThreeUnknownFinisherTypesWriteThreeLinesLess)
 {
     given("Form5", "Combo7", u"any"_s);
     given("Form6", "Combo7", QString());
@@ -201,7 +201,7 @@ TEST_F(RunInRecord, TheHeatIsWrittenInPlainDigits)
     }
 }
 
-TEST_F(RunInRecord, TwoInterferersStandOnOneLineAsTyped)
+TEST_F(RunInRecord, TwoInterferersAreOnOneLineAsTyped)
 {
     press("Form9", "Command2");
     type("Form8", "Text2", u"Rocco Vance, Dex Vance"_s);
@@ -209,7 +209,7 @@ TEST_F(RunInRecord, TwoInterferersStandOnOneLineAsTyped)
     EXPECT_EQ(saved(), asFile(with({{29, "Rocco Vance, Dex Vance"}})));
 }
 
-TEST_F(RunInRecord, AnInterferersNameLeftEmptyIsAny)
+TEST_F(RunInRecord, AnEmptyInterferersNameIsAny)
 {
     press("Form9", "Command2");
     type("Form8", "Text2", {});
@@ -224,7 +224,7 @@ TEST_F(RunInRecord, EmptyLinesAreBlankAndLinesOfSpacesAreNot)
     EXPECT_EQ(saved(), asFile(with({{38, "Fourth"}, {41, "  "}})));
 }
 
-TEST_F(RunInRecord, ValuesOfTheAuthorsOwnAreWrittenAsShown)
+TEST_F(RunInRecord, TypedValuesAreWrittenAsShown)
 {
     given("Form4", "Combo12", u"Cage fight"_s);
     given("Form8", "Combo5", u"no"_s);
@@ -232,7 +232,7 @@ TEST_F(RunInRecord, ValuesOfTheAuthorsOwnAreWrittenAsShown)
     EXPECT_EQ(saved(), asFile(with({{1, "Cage fight"}, {27, "no"}, {33, " Both "}})));
 }
 
-TEST_F(RunInRecord, TheLongMatchTypeListHasNoPartInIt)
+TEST_F(RunInRecord, TheLongMatchTypeListIsNotWritten)
 {
     given("Form4", "Combo3", u"Battle Royal"_s);
     EXPECT_EQ(saved(), asFile(kUntouched));

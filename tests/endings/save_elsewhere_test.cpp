@@ -1,4 +1,4 @@
-// A record whose file does not take it goes to another one, and nothing is lost on the way.
+// A record that cannot be saved to its file is saved to another one, and nothing is lost.
 
 #include "support/file_dialogs.h"
 #include "support/flow_test.h"
@@ -48,7 +48,7 @@ protected:
     void nameFile(const QString &name) { given("Form1", flow().fileBox, name); }
     QString namedFile() { return text("Form1", flow().fileBox); }
 
-    /// Awaits the message of a failed save.
+    /// Expects the message of a failed save.
     void failsFor(const QString &name, const char *cause, Answer answer)
     {
         boxes.expectFailedSave(title(),
@@ -66,7 +66,8 @@ protected:
         dialogs.checkAllCame();
     }
 
-    /// Presses save and awaits the question, which comes once however often the save is tried.
+    /// Presses save and expects the question, which is asked once however often the save is
+    /// retried.
     void asks() { boxes.expectQuestion(title(), QLatin1StringView(flow().question), Answer::Yes); }
 
     void saves() { boxes.expectNotice(title(), u"Saved OK."_s); }
@@ -84,7 +85,7 @@ protected:
         EXPECT_EQ(bytesOf(name).count("\r\nNinth.\r\n"), count);
     }
 
-    /// Saves to the file that is typed into the dialog, and expects it in the box.
+    /// Saves to the file that is typed into the dialog, and expects its name in the box.
     void saveElsewhere(const QString &typed, const QString &shown)
     {
         asks();
@@ -102,7 +103,7 @@ protected:
 
 INSTANTIATE_TEST_SUITE_P(Flows, SaveElsewhere, ::testing::ValuesIn(kFlows), kNameOfRow);
 
-TEST_P(SaveElsewhere, PutsTheRecordIntoTheChosenFileAndTheNextOneToo)
+TEST_P(SaveElsewhere, SavesTheRecordAndTheNextOneToTheChosenFile)
 {
     saveElsewhere(u"good.tvd"_s, u"good.tvd"_s);
     expectRecords(u"good.tvd"_s, 1);
@@ -118,7 +119,7 @@ TEST_P(SaveElsewhere, PutsTheRecordIntoTheChosenFileAndTheNextOneToo)
     expectRecords(u"good.tvd"_s, 2);
 }
 
-TEST_P(SaveElsewhere, IsLeftByOkWithEverythingKept)
+TEST_P(SaveElsewhere, KeepsEverythingWhenOkIsPressed)
 {
     for (const Answer answer : {Answer::Ok, Answer::Enter, Answer::Escape, Answer::Close}) {
         asks();
@@ -130,7 +131,7 @@ TEST_P(SaveElsewhere, IsLeftByOkWithEverythingKept)
     }
 }
 
-TEST_P(SaveElsewhere, IsLeftByACancelledDialogWithEverythingKept)
+TEST_P(SaveElsewhere, KeepsEverythingWhenTheDialogIsCancelled)
 {
     asks();
     failsFor(u"missing/mine.tvd"_s, kMissingFolder, Answer::Elsewhere);
@@ -165,7 +166,7 @@ TEST_P(SaveElsewhere, IsOfferedAgainWhenTheOtherFileFailsToo)
     expectRecords(u"good.tvd"_s, 1);
 }
 
-TEST_P(SaveElsewhere, AddsToAFileThatIsThereWithoutAQuestion)
+TEST_P(SaveElsewhere, AppendsToAnExistingFileWithoutAQuestion)
 {
     writeFile("good.tvd", "old\r\n");
     saveElsewhere(u"good.tvd"_s, u"good.tvd"_s);
@@ -177,7 +178,7 @@ using SaveElsewhereByName = SaveElsewhere;
 
 INSTANTIATE_TEST_SUITE_P(Interview, SaveElsewhereByName, ::testing::Values(kFlows[3]), kNameOfRow);
 
-TEST_P(SaveElsewhereByName, StartsInTheFolderOfTheFailedFileAndNamesAnotherFolderWhole)
+TEST_P(SaveElsewhereByName, StartsInTheFolderOfTheFailedFileAndShowsAnotherFolderWithItsFullPath)
 {
     ASSERT_TRUE(QDir().mkpath(u"sub/mine.tvd"_s)); // a folder of the file's name
     nameFile(u"sub/mine.tvd"_s);
@@ -190,7 +191,7 @@ TEST_P(SaveElsewhereByName, StartsInTheFolderOfTheFailedFileAndNamesAnotherFolde
     expectRecords(u"sub/good.tvd"_s, 1);
 }
 
-TEST_P(SaveElsewhereByName, ProposesTheUsualNameForOneThatIsNoDataFile)
+TEST_P(SaveElsewhereByName, ProposesTheDefaultNameInsteadOfAnUnusableOne)
 {
     ASSERT_TRUE(QDir().mkdir(u"sub"_s));
     const QString withNul = u"nul"_s + QChar(0) + u".tvd"_s;
@@ -209,19 +210,19 @@ TEST_P(SaveElsewhereByName, ProposesTheUsualNameForOneThatIsNoDataFile)
     }
 }
 
-TEST_P(SaveElsewhereByName, GivesANewNameTheEndOfDataFiles)
+TEST_P(SaveElsewhereByName, AddsTheExtensionToANewName)
 {
     saveElsewhere(u"good"_s, u"good.tvd"_s);
     EXPECT_EQ(folderContent(), "good.tvd");
 }
 
-TEST_P(SaveElsewhereByName, MakesTheEndOfANewNameLowerCase)
+TEST_P(SaveElsewhereByName, MakesTheExtensionOfANewNameLowerCase)
 {
     saveElsewhere(u"GOOD.TVD"_s, u"GOOD.tvd"_s);
     EXPECT_EQ(folderContent(), "GOOD.tvd");
 }
 
-TEST_P(SaveElsewhereByName, KeepsTheNameOfAFileThatIsThere)
+TEST_P(SaveElsewhereByName, KeepsTheNameOfAnExistingFile)
 {
     writeFile("GOOD.TVD", "old\r\n");
     saveElsewhere(u"GOOD.TVD"_s, u"GOOD.TVD"_s);
@@ -229,7 +230,7 @@ TEST_P(SaveElsewhereByName, KeepsTheNameOfAFileThatIsThere)
     EXPECT_EQ(readBack("GOOD.TVD").count("\r\n"), 1 + GetParam().lines);
 }
 
-/// Where the settings of the programs that this test runs would go.
+/// Where the settings of the program under test would go.
 QString settingsFolder()
 {
     static const QTemporaryDir folder;

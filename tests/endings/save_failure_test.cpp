@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A field, and how its record calls it.
+/// A field and its name in the record.
 struct Place
 {
     ControlRef ref;
@@ -81,7 +81,7 @@ protected:
 
     void nameFile(const QString &name) { given("Form1", flow().fileBox, name); }
 
-    /// Tries to save, expects that the file does not take it, and gives what the user is told.
+    /// Tries to save, expects a failure of the file, and returns the message.
     QString failedSave()
     {
         QString told;
@@ -90,7 +90,7 @@ protected:
         return afterTheSave(told);
     }
 
-    /// The same, expecting that no file could take it.
+    /// The same for a record that no file could hold.
     QString refusedSave()
     {
         QString told;
@@ -99,7 +99,7 @@ protected:
         return afterTheSave(told);
     }
 
-    /// \param told what the awaited message will have said
+    /// \param told the text of the expected message
     QString afterTheSave(const QString &told)
     {
         press(m_screen, "Command1");
@@ -123,7 +123,7 @@ protected:
         EXPECT_TRUE(bytesOf(name).contains("The end.\r\n"));
     }
 
-    /// Puts a text that the files cannot hold into a field, and expects to be told of it there.
+    /// Puts a text that the files cannot hold into a field, and expects a message that names it.
     void expectOddTextTold(const Place &place)
     {
         SCOPED_TRACE(place.field);
@@ -151,7 +151,7 @@ void expectTold(const QString &told, const char *part)
         << part << " is missing in: " << told.toStdString();
 }
 
-TEST_P(SaveFailure, AnEmptyNameIsTold)
+TEST_P(SaveFailure, AnEmptyNameIsReported)
 {
     nameFile(QString());
     expectTold(failedSave(), "The file name is empty.");
@@ -160,7 +160,7 @@ TEST_P(SaveFailure, AnEmptyNameIsTold)
     expectSecondTryWorks(u"good.tvd"_s);
 }
 
-TEST_P(SaveFailure, AMissingFolderIsToldWithTheFile)
+TEST_P(SaveFailure, AMissingFolderIsReportedWithTheFileName)
 {
     nameFile(u"missing/mine.tvd"_s);
     const QString told = failedSave();
@@ -171,7 +171,7 @@ TEST_P(SaveFailure, AMissingFolderIsToldWithTheFile)
     expectSecondTryWorks(u"good.tvd"_s);
 }
 
-TEST_P(SaveFailure, AFolderIsTold)
+TEST_P(SaveFailure, AFolderIsReported)
 {
     QDir().mkdir(u"sub"_s);
     nameFile(u"sub"_s);
@@ -180,7 +180,7 @@ TEST_P(SaveFailure, AFolderIsTold)
     expectTold(told, "It is a folder.");
 }
 
-TEST_P(SaveFailure, APipeIsToldWithoutWaiting)
+TEST_P(SaveFailure, APipeIsReportedWithoutWaiting)
 {
     ASSERT_EQ(::mkfifo("pipe.tvd", 0600), 0);
     nameFile(u"pipe.tvd"_s);
@@ -193,7 +193,7 @@ TEST_P(SaveFailure, ANameThatLooksLikeMarkupIsShownAsItIs)
     expectTold(failedSave(), "\"<b>no</b>/a & b.tvd\"");
 }
 
-TEST_P(SaveFailure, AFullDiskLeavesTheOldRecords)
+TEST_P(SaveFailure, AFullDiskKeepsTheOldRecords)
 {
     const QByteArray old = "old\r\n";
     putBytes(u"old.tvd"_s, old);
@@ -209,7 +209,7 @@ TEST_P(SaveFailure, AFullDiskLeavesTheOldRecords)
     EXPECT_EQ(bytesOf(u"old.tvd"_s).count("\r\n"), 1 + GetParam().lines);
 }
 
-TEST_P(SaveFailure, ACharacterThatTheFilesCannotHoldIsToldWithItsField)
+TEST_P(SaveFailure, ACharacterOutsideTheCodePageIsReportedWithItsField)
 {
     for (const Place &place : GetParam().places) {
         expectOddTextTold(place);

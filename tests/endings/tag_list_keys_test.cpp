@@ -34,7 +34,7 @@ protected:
 
     QWidget &lineBox(int number) { return control("Form7", qPrintable(u"Text%1"_s.arg(number))); }
 
-    /// Opens the tag list from the line that has the focus and picks the item of this row.
+    /// Opens the tag list from the focused line and picks the item in this row.
     void pickFromLine(int row)
     {
         QAbstractItemView *list = combo("Form7", "Combo1").view();
@@ -50,7 +50,7 @@ protected:
         expectActive(screen("Form7"));
     }
 
-    /// Fails the test unless only the fifth line holds a text, is marked, and has the focus.
+    /// Expects that only the fifth line has a text, is marked, and has the focus.
     void expectOnlyInTheFifth(const char *text)
     {
         for (int number = 1; number <= 10; ++number) {
@@ -63,7 +63,7 @@ protected:
     }
 };
 
-TEST_P(TagListKeys, ThePickGoesIntoTheLineAndTheFocusComesBackToIt)
+TEST_P(TagListKeys, ThePickGoesIntoTheLineAndTheFocusReturnsToIt)
 {
     pickFromLine(4);
     expectOnlyInTheFifth("<recfullname>");
@@ -71,7 +71,7 @@ TEST_P(TagListKeys, ThePickGoesIntoTheLineAndTheFocusComesBackToIt)
     expectOnlyInTheFifth("<recfullname><att1fullname>");
 }
 
-TEST_P(TagListKeys, ARefusalIsToldAndInsertsTheTagThatWasAcceptedBefore)
+TEST_P(TagListKeys, ARefusalShowsItsMessageAndInsertsTheLastAcceptedTag)
 {
     pickFromLine(4);
     boxes.expectNotice(title(), u"You have the attacker's manager name as 'N/A' or 'None', which "
@@ -81,7 +81,7 @@ TEST_P(TagListKeys, ARefusalIsToldAndInsertsTheTagThatWasAcceptedBefore)
     EXPECT_EQ(text("Form7", "hiddenlabel"), u"<recfullname>"_s);
 }
 
-TEST_P(TagListKeys, EscapeInsertsNothingAndGivesTheFocusBack)
+TEST_P(TagListKeys, EscapeInsertsNothingAndReturnsTheFocus)
 {
     QTest::keyClick(screen("Form7").windowHandle(), GetParam().key, GetParam().modifiers);
     QTest::keyClick(combo("Form7", "Combo1").view(), Qt::Key_Escape);
@@ -97,7 +97,7 @@ class OtherKeys : public EndingTest
 {
 };
 
-TEST_F(OtherKeys, F4WithAnotherKeyOpensNothing)
+TEST_F(OtherKeys, F4WithAModifierOpensNothing)
 {
     goTo("Form7");
     for (const char *control : {"Text5", "Combo1"}) {
@@ -114,7 +114,7 @@ class FreshEnding : public EndingTest
 {
 };
 
-TEST_F(FreshEnding, UndoBringsNoCommentaryOfTheSavedOneBack)
+TEST_F(FreshEnding, UndoDoesNotRestoreTheSavedCommentary)
 {
     goTo("Form7");
     for (const char *line : {"Text1", "Text5", "Text10"}) {

@@ -10,8 +10,8 @@
 #include <QLineEdit>
 #include <QMimeData>
 
-/// The list of tags on each commentary screen: nothing can be typed into it, and a pick leads on to
-/// the line that the tag went into.
+/// The list of tags on each commentary screen: it accepts no typed text, and a pick moves the focus
+/// to the line that the tag went into.
 namespace tarvold::testing {
 
 using namespace Qt::StringLiterals;
@@ -35,10 +35,10 @@ protected:
     QLineEdit &line(const char *line) { return screen(name()).control<QLineEdit>(line); }
     bool isOpen() { return list().view()->isVisible(); }
 
-    /// The item that is current in the opened list.
+    /// The current item of the opened list.
     QString found() { return list().view()->currentIndex().data().toString(); }
 
-    /// Presses a key where the user is: in the opened list, else in the window.
+    /// Presses a key in the opened list, else in the window.
     void key(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
     {
         QWidget *popup = QApplication::activePopupWidget();
@@ -48,7 +48,7 @@ protected:
 
     void write(const QString &text) { QTest::keyClicks(QApplication::focusWidget(), text); }
 
-    /// Fails the test unless the author can write on at the end of this line, the only yellow one.
+    /// Expects that typing continues at the end of this line, the only yellow one.
     void expectWritingIn(const char *line, const QString &text)
     {
         QLineEdit &box = this->line(line);
@@ -68,7 +68,7 @@ protected:
     QString firstTag() { return text(name(), "hiddenlabel"); }
 };
 
-TEST_P(TagLists, AfterAPickByMouseTheAuthorWritesOnInTheYellowLine)
+TEST_P(TagLists, AfterAPickByMouseTypingContinuesInTheYellowLine)
 {
     type(name(), "Text3", u"By "_s);
     pick(list(), firstItem());
@@ -77,7 +77,7 @@ TEST_P(TagLists, AfterAPickByMouseTheAuthorWritesOnInTheYellowLine)
     expectWritingIn("Text3", u"By "_s + firstTag() + u" again"_s);
 }
 
-TEST_P(TagLists, AfterAPickByKeysInTheListTheAuthorWritesOnInTheYellowLine)
+TEST_P(TagLists, AfterAPickByKeyboardTypingContinuesInTheYellowLine)
 {
     type(name(), "Text3", u"By "_s);
     list().setFocus(Qt::TabFocusReason);
@@ -104,7 +104,7 @@ TEST_P(TagLists, AfterEscapeTheFocusStaysWhereItWas)
     EXPECT_TRUE(list().hasFocus());
 }
 
-TEST_P(TagLists, LeaveTheFocusToTheYellowLineWhenTheScreenComesBack)
+TEST_P(TagLists, LeaveTheFocusToTheYellowLineWhenTheScreenIsShownAgain)
 {
     EXPECT_TRUE(list().hasFocus());
     type(name(), "Text3", u"By "_s);
@@ -116,7 +116,7 @@ TEST_P(TagLists, LeaveTheFocusToTheYellowLineWhenTheScreenComesBack)
     expectWritingIn("Text3", u"By himself"_s);
 }
 
-TEST_P(TagLists, TakeNoText)
+TEST_P(TagLists, AcceptNoTypedText)
 {
     const QString shown = list().currentText();
     list().setFocus(Qt::TabFocusReason);
@@ -136,7 +136,7 @@ TEST_P(TagLists, TakeNoText)
     EXPECT_FALSE(isOpen());
 }
 
-TEST_P(TagLists, TakeNoTextFromTheMouse)
+TEST_P(TagLists, AcceptNoTextFromTheMouse)
 {
     const QString shown = list().currentText();
     QApplication::clipboard()->setText(u"pasted"_s, QClipboard::Selection);
@@ -152,7 +152,7 @@ TEST_P(TagLists, TakeNoTextFromTheMouse)
     EXPECT_EQ(list().currentText(), shown);
 }
 
-TEST_P(TagLists, TakeNoTextFromAnInputMethod)
+TEST_P(TagLists, AcceptNoTextFromAnInputMethod)
 {
     const QString shown = list().currentText();
     EXPECT_FALSE(list().testAttribute(Qt::WA_InputMethodEnabled));
@@ -178,7 +178,7 @@ TEST_P(TagLists, ALetterOpensThemAndPicksNothing)
     EXPECT_EQ(text(name(), "hiddenlabel"), QString());
 }
 
-TEST_P(TagLists, AreComboBoxesThatTellTheirNameAndValue)
+TEST_P(TagLists, AreComboBoxesWithANameAndAValueForScreenReaders)
 {
     const QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(&list());
     EXPECT_EQ(spoken->role(), QAccessible::ComboBox);
@@ -202,7 +202,7 @@ INSTANTIATE_TEST_SUITE_P(OfAllScreens, TagLists,
                                            &kTalkShowPath),
                          [](const auto &row) { return std::string(row.param->screens.back()); });
 
-/// What the letters of the user find in the list of tags of normal endings.
+/// Keyboard search in the list of tags of normal endings.
 class TagSearch : public CommentaryTest
 {
 protected:
@@ -210,7 +210,7 @@ protected:
 
     ComboBox &list() { return combo(m_screen, "Combo1"); }
 
-    /// What is current in the list after these letters, the first of them typed in the closed list.
+    /// The current item after these letters, the first of them typed in the closed list.
     QString foundBy(const QString &letters)
     {
         for (const QChar letter : letters) {
@@ -225,7 +225,7 @@ protected:
     void leave() { QTest::keyClick(list().view(), Qt::Key_Escape); }
 };
 
-TEST_F(TagSearch, LettersLeadToTheFirstItemThatStartsSo)
+TEST_F(TagSearch, LettersSelectTheFirstItemThatStartsWithThem)
 {
     const char *const kFound[][2] = {{"rec", "Receiver Full Name"},
                                      {"receiver's s", "Receiver's Stable Name"},
@@ -241,13 +241,13 @@ TEST_F(TagSearch, LettersLeadToTheFirstItemThatStartsSo)
     }
 }
 
-TEST_F(TagSearch, ALetterThatNoItemStartsWithOpensTheListOnTheItemShown)
+TEST_F(TagSearch, ALetterThatNoItemStartsWithOpensTheListAtTheShownItem)
 {
     given(m_screen, "Combo1", u"Receiver Short Name"_s);
     EXPECT_EQ(foundBy(u"x"_s), u"Receiver Short Name"_s);
 }
 
-TEST_F(TagSearch, EnterPicksWhatTheLettersFound)
+TEST_F(TagSearch, EnterPicksTheItemThatTheLettersFound)
 {
     typeLine("Text2", u"Pinned: "_s);
     list().setFocus(Qt::TabFocusReason);
@@ -285,7 +285,7 @@ protected:
     TagRefusal() : CommentaryTest(kNormalPath) { expectActive(screen(m_screen)); }
 };
 
-TEST_F(TagRefusal, LeadsToTheYellowLineOnceItsMessageIsGone)
+TEST_F(TagRefusal, FocusesTheYellowLineOnceItsMessageIsClosed)
 {
     const QString message =
         u"You have the attacker's manager name as 'N/A' or 'None', which means you "

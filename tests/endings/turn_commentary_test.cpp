@@ -31,7 +31,7 @@ protected:
     TurnCommentary() : CommentaryTest(kTurnPath) {}
 };
 
-TEST_F(TurnCommentary, BearsItsFixedTextsAndStartsEmptyAndWhite)
+TEST_F(TurnCommentary, HasItsFixedTextsAndStartsEmptyAndWhite)
 {
     expectFixedTexts("THE MATCH FINISH", kFinishInstructions, "Add This Finish");
 }
@@ -101,17 +101,17 @@ TEST_F(TurnCommentary, ARefusalInsertsNothingWhenNoTagWasEverAccepted)
     EXPECT_EQ(insertedBy("Attacker 2 Full Name"), QString());
 }
 
-TEST_F(TurnCommentary, ATagChosenBeforeALineWasClickedGivesWayToTheNextOne)
+TEST_F(TurnCommentary, ATagChosenBeforeALineWasClickedIsReplacedByTheNextOne)
 {
     expectRememberedWhenNothingIsMarked(kTags[2], kTags[5]);
 }
 
-TEST_F(TurnCommentary, RefusesToAddWithoutAFirstLine)
+TEST_F(TurnCommentary, RefusesToSaveWithoutAFirstLine)
 {
     expectEmptyFirstLineIsRefused();
 }
 
-TEST_F(TurnCommentary, DecliningTheQuestionWritesNothingAndLeavesTheScreenAsItWas)
+TEST_F(TurnCommentary, AnsweringNoWritesNothingAndKeepsTheScreen)
 {
     expectNoWritesNothing();
 }
@@ -126,12 +126,12 @@ TEST_F(TurnCommentary, NothingIsClearedByASave)
     expectNothingIsClearedByASave();
 }
 
-TEST_F(TurnCommentary, TheFileIsTheOneNamedAtTheMomentOfSaving)
+TEST_F(TurnCommentary, TheFileNameIsReadWhenSaving)
 {
     expectTheFileBoxCountsWhenSaving();
 }
 
-TEST_F(TurnCommentary, TheButtonStartsFromTheResetValuesAgainAfterASave)
+TEST_F(TurnCommentary, TheButtonResetsTheValuesAgainAfterASave)
 {
     press("Form11", "Command2");
     fill("Form10", {{"Combo1", u"Face"_s}, {"Combo5", u"Losing Side"_s}});
@@ -145,7 +145,7 @@ TEST_F(TurnCommentary, TheButtonStartsFromTheResetValuesAgainAfterASave)
     EXPECT_EQ(pending(), u"<tagteam1>"_s);
 }
 
-TEST_F(TurnCommentary, BackLeadsToTheTurnWithoutAQuestionAndKeepsTheLines)
+TEST_F(TurnCommentary, BackReturnsToTheTurnWithoutAQuestionAndKeepsTheLines)
 {
     typeLine("Text3", u"Third."_s);
     press("Form11", "Command2");

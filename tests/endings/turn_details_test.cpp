@@ -59,7 +59,7 @@ protected:
     TurnDetails() { goTo(kTurnPath, "Form10"); }
 };
 
-TEST_F(TurnDetails, BearsItsCaptionHeadingAndButtons)
+TEST_F(TurnDetails, HasItsTitleHeadingAndButtons)
 {
     EXPECT_EQ(screen("Form10").windowTitle(), u"Tarvold 1.3 Data Editor"_s);
     EXPECT_EQ(text("Form10", "Label1"), u"TURN DETAILS"_s);
@@ -74,7 +74,7 @@ TEST_F(TurnDetails, FieldsHaveTheirCaptionsAndLists)
                            "Command1", "Command2"});
 }
 
-TEST_F(TurnDetails, EntryGivesItsValues)
+TEST_F(TurnDetails, EntrySetsItsValues)
 {
     expectFreshTexts(screen("Form10"), kFields);
 }
@@ -84,7 +84,7 @@ TEST_F(TurnDetails, AFieldShowsItsHelpWhenTabReachesIt)
     expectHelpOnFocus(screen("Form10"), "Label13", kFields);
 }
 
-TEST_F(TurnDetails, AClickInAFieldThatHasTheFocusShowsNoHelp)
+TEST_F(TurnDetails, AClickOnTheFocusedFieldShowsNoHelp)
 {
     expectHelpOnClick(screen("Form10"), "Label13", kFields);
 }
@@ -105,7 +105,7 @@ TEST_F(TurnDetails, HelpIsEmptyBeforeAnyFieldWasEntered)
     EXPECT_EQ(untouched.text("Label13"), QString());
 }
 
-TEST_F(TurnDetails, BackAndForwardAgainKeepsEveryValueChosen)
+TEST_F(TurnDetails, BackAndNextKeepEveryChosenValue)
 {
     const std::vector<Entry> chosen = {{"Combo1", u"Face"_s},         {"Combo2", u"Heel"_s},
                                        {"Combo3", u"Turning Face"_s}, {"Combo4", u"Turning Heel"_s},

@@ -8,7 +8,7 @@ namespace {
 
 using Lines = std::vector<QByteArray>;
 
-/// The record of an ending in which only the first commentary line was written.
+/// The record of an ending of which only the first commentary line was typed.
 const Lines kUntouched = {"Singles", "Any",     "N/A",          "N/A",     "Normal",  "N/A",
                           "Any",     "Any",     "Any",          "N/A",     "Any",     "Any",
                           "Any",     "Any",     "N/A",          "Any",     "N/A",     "N/A",
@@ -21,7 +21,7 @@ class TurnRecord : public FlowTest
 protected:
     TurnRecord() { goToCommentary(kTurnPath); }
 
-    /// Writes the first line and saves; gives the bytes of the file.
+    /// Types the first line and saves; returns the bytes of the file.
     QByteArray saved(const char *firstLine = "The end")
     {
         type("Form11", "Text1", QLatin1StringView(firstLine));
@@ -39,13 +39,13 @@ protected:
     }
 };
 
-TEST_F(TurnRecord, UntouchedValuesGiveThirtyThreeLinesWithNineBlankOnes)
+TEST_F(TurnRecord, UnchangedFieldsGiveThirtyThreeLinesOfWhichNineAreBlank)
 {
     ASSERT_EQ(kUntouched.size(), 33U);
     EXPECT_EQ(saved(), asFile(kUntouched));
 }
 
-TEST_F(TurnRecord, EveryFieldStandsOnItsOwnLine)
+TEST_F(TurnRecord, EveryFieldIsOnItsOwnLine)
 {
     goBack(kTurnPath);
     press("Form1", "Command5");
@@ -124,7 +124,7 @@ TEST_F(TurnRecord, FinisherTypesAreCoded)
     EXPECT_EQ(saved(), asFile(with({{11, "s"}, {16, "t"}})));
 }
 
-TEST_F(TurnRecord, AFinisherTypeOutsideTheListGivesNoLine)
+TEST_F(TurnRecord, AFinisherTypeOutsideTheListWritesNoLine)
 {
     goBack(kTurnPath);
     goTo(kTurnPath, "Form5");
@@ -137,7 +137,7 @@ TEST_F(TurnRecord, AFinisherTypeOutsideTheListGivesNoLine)
     EXPECT_EQ(saved(), asFile(lines));
 }
 
-TEST_F(TurnRecord, TheReceiversFinisherTypeOutsideTheListGivesNoLineEither)
+TEST_F(TurnRecord, AReceiverFinisherTypeOutsideTheListWritesNoLineEither)
 {
     given("Form6", "Combo7", u"Moonsault"_s);
     Lines lines = kUntouched;
@@ -163,7 +163,7 @@ TEST_F(TurnRecord, TwoSavesOfTheSameScreensAppendTwoIdenticalRecords)
     EXPECT_EQ(saved(), asFile(kUntouched).repeated(2));
 }
 
-TEST_F(TurnRecord, WhatATurnHidesIsLeftOut)
+TEST_F(TurnRecord, WhatATurnHidesIsNotWritten)
 {
     for (const char *screen : {"Form5", "Form6"}) {
         for (const char *hidden : {"Combo3", "Text1", "Combo5", "Combo6", "Text3"}) {

@@ -8,10 +8,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The control keeps what it holds.
+/// The control keeps its text.
 constexpr const char *kKept = nullptr;
 
-/// What the buttons for run-ins and for turns leave in a control.
+/// The text of a control after the buttons for run-ins and for turns.
 struct EnteredRow
 {
     const char *control;
@@ -83,14 +83,14 @@ const std::vector<EnteredScreen> kScreens = {
 };
 // clang-format on
 
-/// Rows that turns do not show, on the attacker and on the receiver screen.
+/// Rows of the attacker and the receiver screen that are hidden for turns.
 constexpr const char *kHiddenForTurns[] = {"Label4", "Combo3", "Label7", "Text1",   "Label8",
                                            "Combo5", "Label9", "Combo6", "Label11", "Text3"};
 
 class TurningAndFeudingEntry : public FlowTest
 {
 protected:
-    /// A value of its own for every control of every screen.
+    /// Sets a different value in every control of every screen.
     static QString changed(const char *screen, const char *control)
     {
         return qstrcmp(control, "HScroll1") == 0
@@ -128,7 +128,7 @@ protected:
         }
     }
 
-    /// Goes through the first screens of a flow that was just started.
+    /// Goes through the first screens of a flow that has just started.
     void expectShownOnTheWay(bool longList, bool rows)
     {
         EXPECT_EQ(control("Form4", "Combo3").isVisible(), longList);
@@ -158,7 +158,7 @@ TEST_F(TurningAndFeudingEntry, ATurnKeepsAndResetsExactlyWhatItShould)
     expectEntered(1);
 }
 
-TEST_F(TurningAndFeudingEntry, NamesAreKeptForRunInsAndReplacedByANormalEnding)
+TEST_F(TurningAndFeudingEntry, NamesAreKeptForRunInsAndResetByANormalEnding)
 {
     goTo(kRunInPath, "Form5");
     type("Form5", "Text2", u"Rocco Vance"_s);

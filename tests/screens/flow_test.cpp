@@ -12,7 +12,7 @@ namespace {
 const QString kReturnQuestion =
     u"This will return you to the main menu and lose any changes you haven't saved. Continue?"_s;
 
-/// The screens of the normal flow after the first, each with how often ">>" leads to it.
+/// The screens of the normal flow after the first, each with the number of ">>" presses to it.
 struct Later
 {
     const char *screen;
@@ -23,7 +23,7 @@ constexpr Later kScreens[] = {{"Form4", 0}, {"Form5", 1}, {"Form6", 2}, {"Form7"
 class FlowTest : public EditorTest
 {
 protected:
-    /// Starts the normal flow and goes on by so many screens.
+    /// Starts the normal flow and presses ">>" this many times.
     void goTo(int steps)
     {
         press("Form1", "Command3");
@@ -33,7 +33,7 @@ protected:
     }
 };
 
-TEST_F(FlowTest, ScreensAreCreatedOnlyWhenTheyAreNeeded)
+TEST_F(FlowTest, ScreensAreCreatedOnlyWhenNeeded)
 {
     EXPECT_FALSE(editor.screens().exists("Form4"));
     goTo(0);
@@ -73,7 +73,7 @@ TEST_F(FlowTest, AWindowIsAlwaysOnScreenWhileScreensChange)
     EXPECT_TRUE(watch.sawTwo());
 }
 
-TEST_F(FlowTest, EachScreenTakesThePlaceAndSizeOfTheOneBefore)
+TEST_F(FlowTest, EachScreenHasThePositionAndSizeOfTheOneBefore)
 {
     screen("Form1").move(33, 44);
     screen("Form1").resize(screen("Form1").size() + QSize(50, 60));
@@ -148,7 +148,7 @@ TEST_F(FlowTest, ClosingAScreenOfTheFlowDoesNotEndTheProgram)
     EXPECT_EQ(ended.count(), 0);
 }
 
-TEST_F(FlowTest, EveryWindowBearsTheSameCaption)
+TEST_F(FlowTest, EveryWindowHasTheSameTitle)
 {
     goTo(3);
     for (const Later &later : kScreens) {

@@ -17,7 +17,7 @@ protected:
     const char *first() const { return flow().screens.front(); }
     const char *last() const { return flow().screens.back(); }
 
-    /// Presses keys on the window, as a user does whose focus is anywhere on it.
+    /// Presses keys on the window, wherever the focus is.
     void hit(const char *screen, Qt::Key key, Qt::KeyboardModifiers modifiers)
     {
         QWidget &window = this->screen(screen);
@@ -55,7 +55,7 @@ TEST_P(Keys, LoseNothingWithoutTheQuestion)
     expectOnly(first());
 }
 
-TEST_P(Keys, AreHeldDownForOneScreenOnly)
+TEST_P(Keys, ActOnOneScreenOnlyWhileHeldDown)
 {
     press("Form1", flow().button);
     expectActive(screen(first()));
@@ -109,7 +109,7 @@ TEST_P(Keys, SaveNothingThatTheButtonWouldRefuse)
     expectOnly(last());
 }
 
-TEST_P(Keys, AreShownAsHintsOfTheirButtons)
+TEST_P(Keys, AreShownInTheToolTipsOfTheirButtons)
 {
     goToCommentary(flow());
     const auto hint = [this](const char *screen, const char *button) {

@@ -35,7 +35,7 @@ struct FileBox
     const char *control;
     const char *defaultText;
     const char *caption;
-    const char *button; ///< the one that stands in the same row
+    const char *button; ///< in the same row
 };
 
 constexpr FileBox kFileBoxes[] = {
@@ -52,7 +52,7 @@ class MainMenu : public EditorTest
 protected:
     QWidget &box(const char *name) { return control("Form1", name); }
 
-    /// The caption of the label that stands beside a box.
+    /// The caption of the label beside a box.
     QString captionBeside(const QWidget &box)
     {
         for (const QLabel *label : screen("Form1").findChildren<QLabel *>()) {
@@ -72,13 +72,13 @@ TEST_F(MainMenu, IsTheOnlyScreenAtTheStart)
     }
 }
 
-TEST_F(MainMenu, BearsItsCaptionAndHeading)
+TEST_F(MainMenu, HasItsTitleAndHeading)
 {
     EXPECT_EQ(screen("Form1").windowTitle(), u"Tarvold 1.3 Data Editor"_s);
     EXPECT_EQ(text("Form1", "Label3"), u"Tarvold 1.3 - Matches Editor"_s);
 }
 
-TEST_F(MainMenu, ButtonsBearTheirCaptions)
+TEST_F(MainMenu, ButtonsHaveTheirCaptions)
 {
     for (const MenuButton &row : kButtons) {
         SCOPED_TRACE(row.control);
@@ -115,7 +115,7 @@ TEST_F(MainMenu, FileBoxesStartWithTheirDefaultNames)
     EXPECT_EQ(std::size_t(screen("Form1").findChildren<TextBox *>().size()), std::size(kFileBoxes));
 }
 
-TEST_F(MainMenu, FileBoxesStandBesideTheirCaptionsAndButtons)
+TEST_F(MainMenu, FileBoxesAreBesideTheirCaptionsAndButtons)
 {
     for (const FileBox &row : kFileBoxes) {
         SCOPED_TRACE(row.control);
@@ -146,7 +146,7 @@ TEST_F(MainMenu, TheFlowLabelIsHiddenAndReadsNormal)
     EXPECT_FALSE(box("matchreports").isVisible());
 }
 
-TEST_F(MainMenu, EveryControlHasANameOfItsOwn)
+TEST_F(MainMenu, EveryControlHasItsOwnName)
 {
     expectOwnNames(screen("Form1"));
 }
@@ -181,7 +181,7 @@ TEST_F(MainMenu, ClosingItsWindowEndsTheProgram)
     EXPECT_EQ(ended.count(), 1);
 }
 
-TEST_F(MainMenu, ABrokenNamePastedIsOneLine)
+TEST_F(MainMenu, APastedNameWithALineBreakBecomesOneLine)
 {
     type("Form1", "Text3", QString());
     paste(box("Text3"), u"one\ntwo"_s);

@@ -50,13 +50,13 @@ TEST_F(ScreensTest, ANewScreenIsNotShownYet)
     EXPECT_FALSE(screens.get<One>().isVisible());
 }
 
-TEST_F(ScreensTest, AScreenBearsItsNameAndTheUsualCaption)
+TEST_F(ScreensTest, AScreenHasItsNameAndTheCommonTitle)
 {
     EXPECT_EQ(screens.get<One>().objectName(), QLatin1StringView(One::kName));
     EXPECT_EQ(screens.get<One>().windowTitle(), u"Tarvold 1.3 Data Editor"_s);
 }
 
-TEST_F(ScreensTest, AScreenTakesOverPlaceAndSize)
+TEST_F(ScreensTest, AScreenTakesOverPositionAndSize)
 {
     One &one = screens.get<One>();
     Two &two = screens.get<Two>();
@@ -71,7 +71,7 @@ TEST_F(ScreensTest, AScreenTakesOverPlaceAndSize)
     EXPECT_FALSE(one.isVisible());
 }
 
-TEST_F(ScreensTest, AScreenTakesOverBeingMaximized)
+TEST_F(ScreensTest, AScreenTakesOverTheMaximizedState)
 {
     One &one = screens.get<One>();
     Two &two = screens.get<Two>();

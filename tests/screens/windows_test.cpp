@@ -12,14 +12,14 @@
 namespace tarvold::testing {
 namespace {
 
-/// A screen and its button that leads on.
+/// A screen and its button for the next one.
 struct Step
 {
     const char *screen;
     const char *on; ///< none on the last screen
 };
 
-/// A way through the program from the main menu.
+/// A path through the program from the main menu.
 struct Walk
 {
     const char *name;
@@ -58,7 +58,7 @@ std::vector<Walk> allWalks()
 class WalkTest : public FlowTest
 {
 protected:
-    /// Goes the way and has a look at every screen of it when it is there.
+    /// Follows the path and checks each of its screens on arrival.
     template <class Look>
     void goAndLook(const Walk &walk, Look look)
     {
@@ -81,12 +81,12 @@ class Windows : public WalkTest, public ::testing::WithParamInterface<Walk>
 
 INSTANTIATE_TEST_SUITE_P(Ways, Windows, ::testing::ValuesIn(allWalks()), kNameOfRow);
 
-TEST_P(Windows, EveryControlHasANameOfItsOwnOnItsScreen)
+TEST_P(Windows, EveryControlHasItsOwnNameOnItsScreen)
 {
     goAndLook(GetParam(), [this](const Step &step) { expectOwnNames(screen(step.screen)); });
 }
 
-TEST_P(Windows, AreNeverAllGoneOnTheWay)
+TEST_P(Windows, AreNeverAllHiddenOnTheWay)
 {
     const WindowWatch watch;
     goAndLook(GetParam(), [](const Step & /*step*/) {});
@@ -105,7 +105,7 @@ TEST_P(FlowWindows, TabGoesInReadingOrder)
     goAndLook(GetParam(), [this](const Step &step) { expectReadingOrder(screen(step.screen)); });
 }
 
-TEST_P(FlowWindows, AreNeverAllGoneOnTheWayBack)
+TEST_P(FlowWindows, AreNeverAllHiddenOnTheWayBack)
 {
     goAndLook(GetParam(), [](const Step & /*step*/) {});
     const WindowWatch watch;
@@ -120,7 +120,7 @@ TEST_P(FlowWindows, AreNeverAllGoneOnTheWayBack)
     EXPECT_TRUE(watch.sawTwo());
 }
 
-TEST_P(FlowWindows, BackStandsLeftAndTheWayOnRightInTheSamePlaces)
+TEST_P(FlowWindows, BackIsOnTheLeftAndNextOnTheRightInTheSamePlaces)
 {
     std::optional<QRect> back;
     int right = 0;
@@ -142,7 +142,7 @@ TEST_P(FlowWindows, BackStandsLeftAndTheWayOnRightInTheSamePlaces)
     EXPECT_TRUE(back.has_value());
 }
 
-/// The text size of the desktop while a test runs, set before its program starts.
+/// Sets the text size of the desktop for one test, before its program starts.
 class DesktopFont
 {
 public:
@@ -181,7 +181,7 @@ INSTANTIATE_TEST_SUITE_P(Points, TextSizes,
                                     std::to_string(std::get<int>(row.param));
                          });
 
-/// Whether all of a control's text can be seen.
+/// Whether all of a control's text is visible.
 void expectNothingCut(const Screen &window)
 {
     for (const QWidget *button : window.findChildren<QPushButton *>()) {
@@ -201,7 +201,7 @@ void expectNothingCut(const Screen &window)
     }
 }
 
-TEST_P(TextSizes, AllWindowsHaveOneSizeAndCutNothing)
+TEST_P(TextSizes, AllWindowsHaveOneSizeAndClipNothing)
 {
     const QSize standard = screen("Form1").size();
     goAndLook(std::get<Walk>(GetParam()), [&](const Step &step) {
@@ -213,12 +213,12 @@ TEST_P(TextSizes, AllWindowsHaveOneSizeAndCutNothing)
     });
 }
 
-/// A screen that no way leads to.
+/// A screen that no path leads to.
 class UnreachedWindow : public FlowTest
 {
 };
 
-TEST_F(UnreachedWindow, EveryControlHasANameOfItsOwn)
+TEST_F(UnreachedWindow, EveryControlHasItsOwnName)
 {
     screen("Form17").show();
     expectOwnNames(screen("Form17"));

@@ -6,7 +6,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A refusal that only a singles feud brings.
+/// A refusal that only a singles feud causes.
 RefusalRow singlesRefusal(const char *message)
 {
     return {{"Form12", "Combo3"},
@@ -44,7 +44,7 @@ protected:
     InterviewCommentary() : CommentaryTest(kInterviewPath) {}
 };
 
-TEST_F(InterviewCommentary, BearsItsFixedTextsAndStartsEmptyAndWhite)
+TEST_F(InterviewCommentary, HasItsFixedTextsAndStartsEmptyAndWhite)
 {
     expectFixedTexts("THE INTERVIEW SEGMENT",
                      "Here you have up to 10 lines of commentary which you can type in for this "
@@ -60,7 +60,7 @@ TEST_F(InterviewCommentary, OffersItsTwelveItemsInOrder)
     EXPECT_EQ(line("Combo1"), u"Wrestler 1 Long Name"_s);
 }
 
-TEST_F(InterviewCommentary, EveryItemInsertsItsTagWhateverTheFeudButSingles)
+TEST_F(InterviewCommentary, EveryItemInsertsItsTagUnlessTheFeudIsSingles)
 {
     expectEveryTagInserted(kTags);
 }
@@ -93,7 +93,7 @@ TEST_F(InterviewCommentary, ARefusedTeamInsertsNothingWhenNoTagWasEverChosen)
     EXPECT_EQ(line("Text6"), u"Here come <town><town>"_s);
 }
 
-TEST_F(InterviewCommentary, TheInterviewerIsAllowedWhereThereIsNone)
+TEST_F(InterviewCommentary, TheInterviewerIsAllowedEvenIfThereIsNone)
 {
     press("Form13", "Command2");
     fill("Form12", {{"Combo1", u"No"_s}});
@@ -106,12 +106,12 @@ TEST_F(InterviewCommentary, ATagChosenWhileNoLineIsMarkedIsOnlyRemembered)
     expectRememberedWhenNothingIsMarked(kTags[0], kTags[11]);
 }
 
-TEST_F(InterviewCommentary, RefusesToAddWithoutAFirstLine)
+TEST_F(InterviewCommentary, RefusesToSaveWithoutAFirstLine)
 {
     expectEmptyFirstLineIsRefused();
 }
 
-TEST_F(InterviewCommentary, DecliningTheQuestionWritesNothingAndLeavesTheScreenAsItWas)
+TEST_F(InterviewCommentary, AnsweringNoWritesNothingAndKeepsTheScreen)
 {
     expectNoWritesNothing();
 }
@@ -126,7 +126,7 @@ TEST_F(InterviewCommentary, NothingIsClearedByASave)
     expectNothingIsClearedByASave();
 }
 
-TEST_F(InterviewCommentary, TheFileIsTheOneNamedAtTheMomentOfSaving)
+TEST_F(InterviewCommentary, TheFileNameIsReadWhenSaving)
 {
     expectTheFileBoxCountsWhenSaving();
 }

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The scroll bar apart.
+/// Without the scroll bar.
 const ExpectedFields kFields = {
     {"Combo3",
      "Label2",
@@ -93,7 +93,7 @@ protected:
     InterviewDetails() : HeatTest(kInterviewPath, "Form12") {}
 };
 
-TEST_F(InterviewDetails, BearsItsCaptionHeadingAndButtons)
+TEST_F(InterviewDetails, HasItsTitleHeadingAndButtons)
 {
     EXPECT_EQ(screen("Form12").windowTitle(), u"Tarvold 1.3 Data Editor"_s);
     EXPECT_EQ(text("Form12", "Label1"), u"INTERVIEW SEGMENT DETAILS"_s);
@@ -109,7 +109,7 @@ TEST_F(InterviewDetails, FieldsHaveTheirCaptionsAndLists)
                            "Combo4", "HScroll1", "Command1", "Command2"});
 }
 
-TEST_F(InterviewDetails, EntryGivesItsValues)
+TEST_F(InterviewDetails, EntrySetsItsValues)
 {
     expectFreshTexts(screen("Form12"), kFields);
     EXPECT_EQ(bar().value(), 10);
@@ -125,12 +125,12 @@ TEST_F(InterviewDetails, AFieldShowsItsHelpWhenTabReachesIt)
               "when this interview segment happens."_s);
 }
 
-TEST_F(InterviewDetails, AClickInAFieldThatHasTheFocusShowsNoHelp)
+TEST_F(InterviewDetails, AClickOnTheFocusedFieldShowsNoHelp)
 {
     expectHelpOnClick(screen("Form12"), "Label13", kFields);
 }
 
-TEST_F(InterviewDetails, BeforeItsFirstUseItHasNoHelpAndAHundredPercent)
+TEST_F(InterviewDetails, BeforeItsFirstUseItShowsNoHelpAndAHundredPercent)
 {
     Screens screens;
     const Form12 untouched(screens);
@@ -144,7 +144,7 @@ TEST_F(InterviewDetails, TheHeatIsShownWithoutABlank)
     EXPECT_EQ(shown(), u"25%"_s);
 }
 
-TEST_F(InterviewDetails, TheHeatLabelFollowsADraggedThumbOnlyWhenItIsLetGo)
+TEST_F(InterviewDetails, TheHeatLabelChangesOnlyWhenTheDraggedThumbIsReleased)
 {
     expectLabelFollowsOnlyWhenLetGo(u"10%"_s, u"100%"_s);
 }
@@ -159,7 +159,7 @@ TEST_F(InterviewDetails, TheHeatStaysBetweenOneAndAHundred)
     expectStaysInRange();
 }
 
-TEST_F(InterviewDetails, NamesLeftEmptyAreAnyWhenTheAuthorComesBack)
+TEST_F(InterviewDetails, EmptyNamesAreAnyWhenTheAuthorReturns)
 {
     fill("Form12", {{"Text1", {}}, {"Text2", {}}});
     press("Form12", "Command2");

@@ -96,13 +96,13 @@ const ExpectedFields kFields = {
      "match, and the holder is in the match, they will be wrestler 1."},
 };
 
-/// The fields that have none.
+/// The fields without help.
 const ExpectedFields kWithoutHelp = {
     {"Combo2", "Label5", "Wrestler 1 Disposition", {"Face", "Heel", "Any"}, nullptr, false, ""},
     {"Combo3", "Label11", "Wrestler 2 Disposition", {"Face", "Heel", "Any"}, nullptr, false, ""},
 };
 
-/// The screen of opening segments, shown as only a developer can show it.
+/// The screen of opening segments, which only a test can show.
 class OpeningSegment : public FlowTest
 {
 protected:
@@ -112,7 +112,7 @@ protected:
         screen("Form17").show();
     }
 
-    /// What all controls of the screen hold.
+    /// The texts of all controls of the screen.
     QStringList everything()
     {
         QStringList texts;
@@ -125,7 +125,7 @@ protected:
     }
 };
 
-TEST_F(OpeningSegment, BearsItsCaptionHeadingAndButtons)
+TEST_F(OpeningSegment, HasItsTitleHeadingAndButtons)
 {
     EXPECT_EQ(screen("Form17").windowTitle(), u"Tarvold 1.3 Data Editor"_s);
     EXPECT_EQ(text("Form17", "Label1"), u"OPENING SEGMENT DETAILS"_s);
@@ -139,13 +139,13 @@ TEST_F(OpeningSegment, FieldsHaveTheirCaptionsAndLists)
     expectFields(screen("Form17"), kWithoutHelp);
 }
 
-TEST_F(OpeningSegment, FieldsStandBelowEachOtherInTheirOrder)
+TEST_F(OpeningSegment, FieldsAreBelowEachOtherInOrder)
 {
     expectStops("Form17", {"Combo4", "Text2", "Combo1", "Combo5", "Combo6", "Combo7", "Text1",
                            "Text3", "Text4", "Combo2", "Text5", "Combo3", "Command1", "Command2"});
 }
 
-TEST_F(OpeningSegment, TextBoxesHoldTheirDesignTexts)
+TEST_F(OpeningSegment, TextBoxesHaveTheirDesignTexts)
 {
     for (const ExpectedField &field : kFields) {
         if (field.text != nullptr) {

@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A segment flow and what its button leaves in the controls.
+/// A segment flow and the values that its button sets.
 struct SegmentRow
 {
     const FlowPath *flow;
@@ -77,7 +77,7 @@ protected:
     }
 };
 
-TEST_P(SegmentFlow, EntryResetsEverythingWhateverTheLastOneLeft)
+TEST_P(SegmentFlow, EntryResetsEverythingThatTheLastOneChanged)
 {
     for (const Entry &entry : GetParam().details) {
         const bool isBar = qstrcmp(entry.control, "HScroll1") == 0;
@@ -110,7 +110,7 @@ TEST_P(SegmentFlow, EntryKeepsTheLastAcceptedTag)
     EXPECT_EQ(text(commentary(), "hiddenlabel"), QLatin1StringView(GetParam().inserted));
 }
 
-TEST_P(SegmentFlow, EntryTouchesNoOtherFlow)
+TEST_P(SegmentFlow, EntryChangesNoOtherFlow)
 {
     given("Form4", "Text2", u"Ladder Match"_s);
     goTo(flow(), details());
@@ -118,7 +118,7 @@ TEST_P(SegmentFlow, EntryTouchesNoOtherFlow)
     EXPECT_EQ(text("Form1", "matchreports"), u"normal"_s);
 }
 
-TEST_P(SegmentFlow, LeadsFromTheDetailsToTheCommentaryWhateverTheFlowLabel)
+TEST_P(SegmentFlow, NextShowsTheCommentaryWhateverTheFlowLabel)
 {
     for (const char *label : {"normal", "feuds", "turns"}) {
         given("Form1", "matchreports", QLatin1StringView(label));
@@ -163,7 +163,7 @@ TEST_P(SegmentFlow, ClosingAWindowAsksAndYesLeadsToTheMainMenu)
     }
 }
 
-TEST_P(SegmentFlow, SavesAfterARefusalAndADeclinedQuestion)
+TEST_P(SegmentFlow, SavesAfterARefusalAndAfterAnsweringNo)
 {
     goToCommentary(flow());
     boxes.expectNotice(title(), QLatin1StringView(flow().missing));
@@ -207,7 +207,7 @@ TEST_P(SegmentFlow, TheFileBoxMayChangeBetweenTwoSaves)
     EXPECT_EQ(bytesOf(u"other.tvd"_s).count("\r\n"), 19);
 }
 
-TEST_P(SegmentFlow, AFileThatCannotBeOpenedIsToldOfAndNothingTypedIsLost)
+TEST_P(SegmentFlow, AFileThatCannotBeOpenedIsReportedAndNothingTypedIsLost)
 {
     goToCommentary(flow());
     type(commentary(), "Text1", u"The end."_s);

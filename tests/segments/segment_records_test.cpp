@@ -8,7 +8,7 @@ namespace {
 
 using Lines = std::vector<QByteArray>;
 
-/// The details followed by ten commentary lines of which only the first was written.
+/// The details and ten commentary lines of which only the first was typed.
 Lines withFirstLine(Lines details)
 {
     details.emplace_back("The end");
@@ -32,7 +32,7 @@ protected:
         press(flow.screens.front(), "Command2");
     }
 
-    /// Writes the first line and saves; gives the bytes of the file.
+    /// Types the first line and saves; returns the bytes of the file.
     QByteArray saved(const FlowPath &flow)
     {
         type(flow.screens.back(), "Text1", u"The end"_s);
@@ -49,14 +49,14 @@ protected:
     }
 };
 
-TEST_F(SegmentRecords, AnUntouchedInterviewGivesNineteenLinesWithNineBlankOnes)
+TEST_F(SegmentRecords, AnUnchangedInterviewGivesNineteenLinesOfWhichNineAreBlank)
 {
     ASSERT_EQ(kUntouchedInterview.size(), 19U);
     begin(kInterviewPath, {});
     EXPECT_EQ(saved(kInterviewPath), asFile(kUntouchedInterview));
 }
 
-TEST_F(SegmentRecords, AnInterviewPutsSideOneFirstAlthoughItsControlsAreNumberedTheOtherWay)
+TEST_F(SegmentRecords, AnInterviewWritesSideOneFirstAlthoughItsControlsHaveTheHigherNumbers)
 {
     begin(kInterviewPath, {{"Combo3", u"Tag Team"_s},
                            {"Combo1", u"Yes"_s},
@@ -88,13 +88,13 @@ TEST_F(SegmentRecords, AnInterviewWithTheOtherValues)
                                                            "Any", "Any", "Male", "1"})));
 }
 
-TEST_F(SegmentRecords, AnInterviewsNamesLeftEmptyAreWrittenAsAny)
+TEST_F(SegmentRecords, EmptyNamesOfAnInterviewAreWrittenAsAny)
 {
     begin(kInterviewPath, {{"Text1", {}}, {"Text2", {}}});
     EXPECT_EQ(saved(kInterviewPath), asFile(kUntouchedInterview));
 }
 
-TEST_F(SegmentRecords, AnInterviewsSpacesAreKept)
+TEST_F(SegmentRecords, SpacesInAnInterviewAreKept)
 {
     begin(kInterviewPath, {{"Text2", u"  "_s}});
     type("Form13", "Text2", u" "_s);
@@ -112,14 +112,14 @@ TEST_F(SegmentRecords, TwoInterviewsFollowEachOther)
     EXPECT_EQ(saved(kInterviewPath), asFile(kUntouchedInterview).repeated(2));
 }
 
-TEST_F(SegmentRecords, AnUntouchedTalkShowGivesNineteenLinesWithNineBlankOnes)
+TEST_F(SegmentRecords, AnUnchangedTalkShowGivesNineteenLinesOfWhichNineAreBlank)
 {
     ASSERT_EQ(kUntouchedTalkShow.size(), 19U);
     begin(kTalkShowPath, {});
     EXPECT_EQ(saved(kTalkShowPath), asFile(kUntouchedTalkShow));
 }
 
-TEST_F(SegmentRecords, EveryFieldOfATalkShowStandsOnItsOwnLine)
+TEST_F(SegmentRecords, EveryFieldOfATalkShowIsOnItsOwnLine)
 {
     begin(kTalkShowPath, {{"Text3", u"The Host"_s},
                           {"Combo1", u"Face"_s},
@@ -151,7 +151,7 @@ TEST_F(SegmentRecords, ATalkShowWithTheOtherValues)
                                                           "Any", "Heel", "Female", "100"})));
 }
 
-TEST_F(SegmentRecords, ATalkShowsNamesLeftEmptyAreWrittenAsAny)
+TEST_F(SegmentRecords, EmptyNamesOfATalkShowAreWrittenAsAny)
 {
     begin(kTalkShowPath, {{"Text3", {}}, {"Text4", {}}, {"Text5", {}}, {"Text1", {}}});
     EXPECT_EQ(saved(kTalkShowPath), asFile(kUntouchedTalkShow));

@@ -21,7 +21,7 @@ protected:
     TalkShowCommentary() : CommentaryTest(kTalkShowPath) {}
 };
 
-TEST_F(TalkShowCommentary, BearsItsFixedTextsThatSayInterviewToo)
+TEST_F(TalkShowCommentary, HasItsFixedTextsWhichAlsoSayInterview)
 {
     expectFixedTexts("THE TALK SHOW SEGMENT",
                      "Here you have up to 10 lines of commentary which you can type in for this "
@@ -54,7 +54,7 @@ TEST_F(TalkShowCommentary, NoValueOfTheDetailsRefusesATag)
     }
 }
 
-TEST_F(TalkShowCommentary, TheSecondGuestIsAllowedWhenHeIsAny)
+TEST_F(TalkShowCommentary, TheSecondGuestIsAllowedIfTheNameIsAny)
 {
     EXPECT_EQ(text("Form14", "Text1"), u"Any"_s);
     EXPECT_EQ(insertedBy("Guest 2 Long Name"), u"<guest2longname>"_s);
@@ -73,12 +73,12 @@ TEST_F(TalkShowCommentary, ATagChosenWhileNoLineIsMarkedIsOnlyRemembered)
     expectRememberedWhenNothingIsMarked(kTags[0], kTags[5]);
 }
 
-TEST_F(TalkShowCommentary, RefusesToAddWithoutAFirstLine)
+TEST_F(TalkShowCommentary, RefusesToSaveWithoutAFirstLine)
 {
     expectEmptyFirstLineIsRefused();
 }
 
-TEST_F(TalkShowCommentary, DecliningTheQuestionWritesNothingAndLeavesTheScreenAsItWas)
+TEST_F(TalkShowCommentary, AnsweringNoWritesNothingAndKeepsTheScreen)
 {
     expectNoWritesNothing();
 }
@@ -93,7 +93,7 @@ TEST_F(TalkShowCommentary, NothingIsClearedByASave)
     expectNothingIsClearedByASave();
 }
 
-TEST_F(TalkShowCommentary, TheFileIsTheOneNamedAtTheMomentOfSaving)
+TEST_F(TalkShowCommentary, TheFileNameIsReadWhenSaving)
 {
     expectTheFileBoxCountsWhenSaving();
 }

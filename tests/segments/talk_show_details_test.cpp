@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The scroll bar apart.
+/// Without the scroll bar.
 const ExpectedFields kFields = {
     {"Text3",
      "Label2",
@@ -88,7 +88,7 @@ protected:
     TalkShowDetails() : HeatTest(kTalkShowPath, "Form14") {}
 };
 
-TEST_F(TalkShowDetails, BearsItsCaptionHeadingAndButtons)
+TEST_F(TalkShowDetails, HasItsTitleHeadingAndButtons)
 {
     EXPECT_EQ(screen("Form14").windowTitle(), u"Tarvold 1.3 Data Editor"_s);
     EXPECT_EQ(text("Form14", "Label1"), u"TALK SHOW SEGMENT DETAILS"_s);
@@ -104,7 +104,7 @@ TEST_F(TalkShowDetails, FieldsHaveTheirCaptionsAndLists)
                            "Combo3", "HScroll1", "Command1", "Command2"});
 }
 
-TEST_F(TalkShowDetails, EntryGivesItsValues)
+TEST_F(TalkShowDetails, EntrySetsItsValues)
 {
     expectFreshTexts(screen("Form14"), kFields);
     EXPECT_EQ(bar().value(), 10);
@@ -120,12 +120,12 @@ TEST_F(TalkShowDetails, AFieldShowsItsHelpWhenTabReachesIt)
               "will increase when this talk show segment happens."_s);
 }
 
-TEST_F(TalkShowDetails, AClickInAFieldThatHasTheFocusShowsNoHelp)
+TEST_F(TalkShowDetails, AClickOnTheFocusedFieldShowsNoHelp)
 {
     expectHelpOnClick(screen("Form14"), "Label13", kFields);
 }
 
-TEST_F(TalkShowDetails, BeforeItsFirstUseItHasNoHelpAndAHundredPercent)
+TEST_F(TalkShowDetails, BeforeItsFirstUseItShowsNoHelpAndAHundredPercent)
 {
     Screens screens;
     const Form14 untouched(screens);
@@ -139,7 +139,7 @@ TEST_F(TalkShowDetails, TheHeatIsShownWithoutABlank)
     EXPECT_EQ(shown(), u"25%"_s);
 }
 
-TEST_F(TalkShowDetails, TheHeatLabelFollowsADraggedThumbOnlyWhenItIsLetGo)
+TEST_F(TalkShowDetails, TheHeatLabelChangesOnlyWhenTheDraggedThumbIsReleased)
 {
     expectLabelFollowsOnlyWhenLetGo(u"10%"_s, u"100%"_s);
 }
@@ -154,7 +154,7 @@ TEST_F(TalkShowDetails, TheHeatStaysBetweenOneAndAHundred)
     expectStaysInRange();
 }
 
-TEST_F(TalkShowDetails, FourNamesLeftEmptyAreAnyWhenTheAuthorComesBack)
+TEST_F(TalkShowDetails, FourEmptyNamesAreAnyWhenTheAuthorReturns)
 {
     fill("Form14", {{"Text3", {}}, {"Text4", {}}, {"Text5", {}}, {"Text1", {}}});
     press("Form14", "Command2");
@@ -173,7 +173,7 @@ TEST_F(TalkShowDetails, ANameOfOnlySpacesIsKept)
     expectTexts("Form14", spaces);
 }
 
-TEST_F(TalkShowDetails, AGuestNamedAsTheHostIsAccepted)
+TEST_F(TalkShowDetails, AGuestWithTheNameOfTheHostIsAccepted)
 {
     const std::vector<Entry> same = {
         {"Text3", u"Rocco Vance"_s}, {"Text5", u"Rocco Vance"_s}, {"Text1", u"Rocco Vance"_s}};

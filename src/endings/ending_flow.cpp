@@ -14,7 +14,7 @@ constexpr const char *kKept = nullptr;
 
 // clang-format off
 constexpr ValueRow kCriteriaValues[] = {
-    //          normal    run-in     turn
+    //           normal    run-in     turn
     {"Combo3",  {"Any",    kKept,     kKept}},
     {"Combo12", {kKept,    "Singles", "Singles"}},
     {"Combo1",  {"N/A",    "N/A",     "N/A"}},
@@ -27,7 +27,7 @@ constexpr ValueRow kCriteriaValues[] = {
 /// Names are kept for run-ins and turns, so that a name typed for one ending is offered again for
 /// the next. The hidden manager name of a turn is "Any".
 constexpr ValueRow kSideValues[] = {
-    //          normal run-in turn
+    //           normal run-in turn
     {"Text1",   {"N/A", "N/A", "Any"}},
     {"Text2",   {"Any", kKept, kKept}},
     {"Combo3",  {"Any", "Any", kKept}},
@@ -70,12 +70,12 @@ constexpr Preset kTurnValues[] = {
 } // namespace
 
 const std::array<EndingRow, 3> kEndings = {{
-    {"normal", DataFileKind::NormalEndings, "Form7", kNormalValues},
-    {"feuds", DataFileKind::RunInEndings, "Form9", kRunInValues},
-    {"turns", DataFileKind::TurnEndings, "Form11", kTurnValues},
+    {"normal", "Form7", kNormalValues},
+    {"feuds", "Form9", kRunInValues},
+    {"turns", "Form11", kTurnValues},
 }};
 
-const EndingRow &rowOf(MatchEnding kind)
+const EndingRow &endingRow(MatchEnding kind)
 {
     return kEndings.at(static_cast<std::size_t>(kind));
 }
@@ -93,8 +93,8 @@ std::span<const FlowStep> chain()
         {"Form5", "Form4", {{nullptr, "Form6"}}},
         {"Form6",
          "Form5",
-         {{rowOf(MatchEnding::Normal).flowLabel, "Form7"},
-          {rowOf(MatchEnding::RunIn).flowLabel, "Form8"},
+         {{endingRow(MatchEnding::Normal).flowLabel, "Form7"},
+          {endingRow(MatchEnding::RunIn).flowLabel, "Form8"},
           {nullptr, "Form10"}}},
         {"Form7", "Form6"},
         {"Form8", "Form6", {{nullptr, "Form9"}}},
@@ -119,11 +119,13 @@ void declare(Screens &screens)
 
 void enter(Screens &screens, MatchEnding kind)
 {
-    const EndingRow &ending = rowOf(kind);
+    const EndingRow &ending = endingRow(kind);
     screens.setText(kLabel, QLatin1StringView(ending.flowLabel));
+    auto &commentary = dynamic_cast<CommentaryScreen &>(screens[ending.commentary]);
+    const RecordFormat format = rowOf(commentary.table().kind).format;
     for (const auto &[name, rows] : kValues) {
         Screen &screen = screens[name];
-        dynamic_cast<DetailsScreen &>(screen).showFieldsOf(tarvold::rowOf(ending.file).format);
+        dynamic_cast<DetailsScreen &>(screen).showFieldsOf(format);
         for (const ValueRow &row : rows) {
             if (const char *value = row.values.at(static_cast<std::size_t>(kind)); value != kKept) {
                 screen.setText(row.control, QLatin1StringView(value));
@@ -131,7 +133,7 @@ void enter(Screens &screens, MatchEnding kind)
         }
     }
     screens.apply(ending.ownValues);
-    dynamic_cast<CommentaryScreen &>(screens[ending.commentary]).startAfresh();
+    commentary.startAfresh();
     screens.get<Form4>().replace(screens.get<Form1>());
 }
 

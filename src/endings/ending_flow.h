@@ -1,6 +1,5 @@
 #pragma once
 
-#include "datafiles/data_file_kind.h"
 #include "screens/flow.h"
 
 #include <array>
@@ -20,9 +19,8 @@ inline constexpr ControlRef kLabel = {"Form1", "matchreports"};
 /// What sets one kind of match ending apart.
 struct EndingRow
 {
-    const char *flowLabel; ///< the text of `kLabel`
-    DataFileKind file;
-    const char *commentary;            ///< the screen whose lines are cleared and whitened
+    const char *flowLabel;             ///< the text of `kLabel`
+    const char *commentary;            ///< its last screen
     std::span<const Preset> ownValues; ///< what the screens that only this kind has start with
 };
 
@@ -30,7 +28,7 @@ struct EndingRow
 extern const std::array<EndingRow, 3> kEndings;
 
 /// The row of one kind.
-const EndingRow &rowOf(MatchEnding kind);
+const EndingRow &endingRow(MatchEnding kind);
 
 /// What a control starts with for each kind, in the order of MatchEnding; nullptr keeps its text.
 struct ValueRow
@@ -56,7 +54,7 @@ std::span<const FlowStep> chain();
 void declare(Screens &screens);
 
 /// Prepares all screens for a new ending of this kind and shows the first one in place of the main
-/// menu. Fields that are not part of the kind's record are hidden.
+/// menu. Fields that are not part of the kind's record are hidden; the commentary is cleared.
 void enter(Screens &screens, MatchEnding kind);
 
 } // namespace endingflow

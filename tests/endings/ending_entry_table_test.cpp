@@ -65,18 +65,11 @@ TEST(EndingEntryTable, EveryStartValueOfEachKindIsSet)
     EXPECT_EQ(endingflow::values().size(), 3U);
 }
 
-TEST(EndingEntryTable, EachKindWritesItsOwnRecord)
-{
-    EXPECT_EQ(endingflow::kEndings[0].file, DataFileKind::NormalEndings);
-    EXPECT_EQ(endingflow::kEndings[1].file, DataFileKind::RunInEndings);
-    EXPECT_EQ(endingflow::kEndings[2].file, DataFileKind::TurnEndings);
-}
-
 TEST(EndingEntryTable, TheScreensOfOneKindGetTheirStartValues)
 {
     for (const MatchEnding kind : {MatchEnding::Normal, MatchEnding::RunIn, MatchEnding::Turn}) {
         const auto &expected = kOwn[static_cast<std::size_t>(kind)];
-        const auto own = endingflow::rowOf(kind).ownValues;
+        const auto own = endingflow::endingRow(kind).ownValues;
         ASSERT_EQ(own.size(), expected.size());
         for (const OwnValueText &row : expected) {
             SCOPED_TRACE(std::string(row.screen) + " " + row.control);

@@ -96,7 +96,7 @@ constexpr std::array<FormLine, kStipulationFormat.size()> kLines = {{
 }};
 // clang-format on
 static_assert(std::equal(kLines.begin(), kLines.end(), kStipulationFormat.begin(),
-                         [](const FormLine &line, const StipulationField *field) {
+                         [](const FormLine &line, const RecordField *field) {
                              return line.field == field;
                          }));
 
@@ -134,7 +134,7 @@ std::span<const Field> lowerFields()
 }
 // clang-format on
 
-const char *controlOf(const StipulationField &field)
+const char *controlOf(const RecordField &field)
 {
     return std::find_if(kLines.begin(), kLines.end(),
                         [&field](const FormLine &line) { return line.field == &field; })

@@ -16,7 +16,7 @@ std::span<const Field> lowerFields();
 /// A line of a stipulation on the form.
 struct FormLine
 {
-    const StipulationField *field;
+    const RecordField *field;
     const char *control;  ///< where its text is shown; none for a line that the form does not show
     const char *newValue; ///< the line that a new stipulation starts from
 };
@@ -29,14 +29,14 @@ struct ValueColumn
 {
     const char *label;
     const char *caption;
-    const StipulationField *draw;
-    const StipulationField *entertainment;
+    const RecordField *draw;
+    const RecordField *entertainment;
     bool offersNa; ///< "NA" stands before the numbers
 };
 extern const std::array<ValueColumn, 4> kValueColumns;
 
 /// The control of a field that the form shows.
-const char *controlOf(const StipulationField &field);
+const char *controlOf(const RecordField &field);
 
 /// "NA", "1" to "100", or the numbers alone.
 Items valueItems(bool offersNa);

@@ -34,7 +34,7 @@ struct ValueRow
 {
     const char *label;
     const char *caption;
-    const StipulationField *stipulationform::ValueColumn::*field;
+    const RecordField *stipulationform::ValueColumn::*field;
 };
 
 constexpr ValueRow kValueRows[] = {
@@ -83,7 +83,7 @@ void Form3::addValueTable()
         grid->addWidget(newLabel(row.label, row.caption), line, 0);
         for (int place = 1; const stipulationform::ValueColumn &values : kValueColumns) {
             const Items items = stipulationform::valueItems(values.offersNa);
-            const StipulationField &field = *(values.*row.field);
+            const RecordField &field = *(values.*row.field);
             QWidget *combo =
                 formgrid::newControl(*this, {.control = stipulationform::controlOf(field),
                                              .label = "",

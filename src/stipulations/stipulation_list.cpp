@@ -154,7 +154,7 @@ bool Form16::fitsTheForm()
 {
     // Qt lays out every character of a box, each time it changes.
     constexpr qsizetype kMostCharacters = 1'000'000;
-    for (int number = 1; const StipulationField *field : kStipulationFormat) {
+    for (int number = 1; const RecordField *field : kStipulationFormat) {
         const qsizetype length = m_stipulations.line(listPosition() + number - 1).size();
         if (length > kMostCharacters && field->coding != Coding::AlwaysNo) {
             messagebox::notice(this, QLatin1StringView(kTitle),

@@ -85,7 +85,7 @@ bool isNoMessage(const Literal &literal)
     static const QRegularExpression other(
         uR"((?:\.(?:help|caption|instructions) =|(?:Help|Instructions|Prompt|Caption)\[\] =|)"
         R"(kChanged =|newLabel\("\w+",|setText\(kHelp,)$)"_s);
-    static const QRegularExpression fieldName(u"(?:RecordField|StipulationField) k\\w+ = \\{$"_s);
+    static const QRegularExpression fieldName(u"RecordField k\\w+ = \\{$"_s);
     return literal.before.contains(other) || literal.before.contains(fieldName);
 }
 

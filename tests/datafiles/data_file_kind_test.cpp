@@ -12,7 +12,7 @@ struct ExpectedKind
     int lines;
 };
 
-constexpr ExpectedKind kExpected[] = {
+constexpr ExpectedKind kExpectedKinds[] = {
     {DataFileKind::NormalEndings, "normreports.tvd", 36},
     {DataFileKind::RunInEndings, "feudreports.tvd", 44},
     {DataFileKind::TurnEndings, "turnreports.tvd", 33},
@@ -23,8 +23,8 @@ constexpr ExpectedKind kExpected[] = {
 
 TEST(DataFileKinds, EachHasItsDefaultNameAndRecordLength)
 {
-    EXPECT_EQ(kDataFileKinds.size(), std::size(kExpected));
-    for (const ExpectedKind &expected : kExpected) {
+    EXPECT_EQ(kDataFileKinds.size(), std::size(kExpectedKinds));
+    for (const ExpectedKind &expected : kExpectedKinds) {
         SCOPED_TRACE(expected.defaultName);
         const DataFileKindRow &row = rowOf(expected.kind);
         EXPECT_EQ(row.kind, expected.kind);

@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-StipulationTable::Record recordOf(const std::array<QByteArray, 19> &lines)
+StipulationTable::Record tableRecord(const std::array<QByteArray, 19> &lines)
 {
     StipulationTable::Record record;
     for (std::size_t offset = 0; offset < lines.size(); ++offset) {
@@ -40,7 +40,7 @@ protected:
     const QByteArray three = stipulation("Tag Team", "Three");
     const QByteArray four = stipulation("Tag Team", "Four", {{3, "Fourth"}});
     const StipulationTable::Record fourth =
-        recordOf(stipulationLines("Tag Team", "Four", {{3, "Fourth"}}));
+        tableRecord(stipulationLines("Tag Team", "Four", {{3, "Fourth"}}));
     StipulationTable table;
 };
 
@@ -203,7 +203,7 @@ TEST_F(StipulationTableTest, IsNotChangedByWhatHappensToACopy)
     fill(one + two);
     table.append(fourth);
     StipulationTable copy = table;
-    copy.replace(38, recordOf(stipulationLines("Battle Royal", "Other")));
+    copy.replace(38, tableRecord(stipulationLines("Battle Royal", "Other")));
     copy.remove(0);
     EXPECT_EQ(copy.displayText(19), "Battle Royal / Other");
     EXPECT_EQ(written(), one + two + four);

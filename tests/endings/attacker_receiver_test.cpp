@@ -22,7 +22,7 @@ struct Side
     const char *back;
 };
 
-const Side kSides[] = {
+const Side kBothScreens[] = {
     {"Form5", "ATTACKER DETAILS", "Attacker = the one who makes the pin/wins by DQ etc", kAttacker,
      "Form6", "Form4"},
     {"Form6", "RECEIVER DETAILS", "Receiver = The one who gets pinned/submits/loses by DQ etc",
@@ -35,13 +35,13 @@ class Sides : public EndingTest, public ::testing::WithParamInterface<int>
 protected:
     Sides() { goTo(name()); }
 
-    static const Side &side() { return kSides[GetParam()]; }
+    static const Side &side() { return kBothScreens[GetParam()]; }
     static const char *name() { return side().screen; }
     Screen &form() { return screen(name()); }
 };
 
 INSTANTIATE_TEST_SUITE_P(, Sides, ::testing::Values(0, 1),
-                         [](const auto &which) { return kSides[which.param].screen; });
+                         [](const auto &which) { return kBothScreens[which.param].screen; });
 
 TEST_P(Sides, FieldsHaveTheirCaptionsAndLists)
 {

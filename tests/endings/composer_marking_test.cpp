@@ -12,7 +12,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QColor kWhite(0xFF, 0xFF, 0xFF);
-const QColor kYellow(0xFF, 0xFF, 0x00);
 
 class Marking : public EndingTest
 {

@@ -8,8 +8,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QColor kYellow(0xFF, 0xFF, 0x00);
-
 /// The keys that open the tag list from a commentary line.
 struct Opener
 {

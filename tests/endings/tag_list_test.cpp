@@ -18,8 +18,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QColor kYellow(0xFF, 0xFF, 0x00);
-
 class TagLists : public FlowTest, public ::testing::WithParamInterface<const FlowPath *>
 {
 protected:

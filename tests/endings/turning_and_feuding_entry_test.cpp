@@ -25,7 +25,7 @@ struct EnteredScreen
 };
 
 // clang-format off
-const std::vector<EnteredRow> kSides = {
+const std::vector<EnteredRow> kEnteredSides = {
     {"Text1",  {"N/A", "Any"}},
     {"Text2",  {kKept, kKept}},
     {"Combo3", {"Any", kKept}},
@@ -50,8 +50,8 @@ const std::vector<EnteredScreen> kScreens = {
                {"Combo10", {"N/A",     "N/A"}},
                {"Text2",   {"Any",     "Any"}},
                {"matchreports", {kKept, kKept}}}},
-    {"Form5", kSides},
-    {"Form6", kSides},
+    {"Form5", kEnteredSides},
+    {"Form6", kEnteredSides},
     {"Form8", {{"Combo3",   {"Singles", kKept}},
                {"Text2",    {"Any",     kKept}},
                {"Combo1",   {"Any",     kKept}},

@@ -20,7 +20,7 @@ struct Later
 };
 constexpr Later kScreens[] = {{"Form4", 0}, {"Form5", 1}, {"Form6", 2}, {"Form7", 3}};
 
-class FlowTest : public EditorTest
+class FlowScreens : public EditorTest
 {
 protected:
     /// Starts the normal flow and presses ">>" this many times.
@@ -33,7 +33,7 @@ protected:
     }
 };
 
-TEST_F(FlowTest, ScreensAreCreatedOnlyWhenNeeded)
+TEST_F(FlowScreens, ScreensAreCreatedOnlyWhenNeeded)
 {
     EXPECT_FALSE(editor.screens().exists("Form4"));
     goTo(0);
@@ -42,7 +42,7 @@ TEST_F(FlowTest, ScreensAreCreatedOnlyWhenNeeded)
     EXPECT_FALSE(editor.screens().exists("Form11"));
 }
 
-TEST_F(FlowTest, ExactlyOneScreenIsVisibleAtATime)
+TEST_F(FlowScreens, ExactlyOneScreenIsVisibleAtATime)
 {
     goTo(0);
     expectOnly("Form4");
@@ -60,7 +60,7 @@ TEST_F(FlowTest, ExactlyOneScreenIsVisibleAtATime)
     expectOnly("Form4");
 }
 
-TEST_F(FlowTest, AWindowIsAlwaysOnScreenWhileScreensChange)
+TEST_F(FlowScreens, AWindowIsAlwaysOnScreenWhileScreensChange)
 {
     const WindowWatch watch;
     goTo(3);
@@ -73,7 +73,7 @@ TEST_F(FlowTest, AWindowIsAlwaysOnScreenWhileScreensChange)
     EXPECT_TRUE(watch.sawTwo());
 }
 
-TEST_F(FlowTest, EachScreenHasThePositionAndSizeOfTheOneBefore)
+TEST_F(FlowScreens, EachScreenHasThePositionAndSizeOfTheOneBefore)
 {
     screen("Form1").move(33, 44);
     screen("Form1").resize(screen("Form1").size() + QSize(50, 60));
@@ -88,7 +88,7 @@ TEST_F(FlowTest, EachScreenHasThePositionAndSizeOfTheOneBefore)
     EXPECT_EQ(screen("Form7").geometry(), place);
 }
 
-TEST_F(FlowTest, BackOnTheFirstScreenAsksAndNoKeepsItOpen)
+TEST_F(FlowScreens, BackOnTheFirstScreenAsksAndNoKeepsItOpen)
 {
     for (const Answer answer : {Answer::No, Answer::Enter, Answer::Escape, Answer::Close}) {
         press("Form1", "Command3");
@@ -102,7 +102,7 @@ TEST_F(FlowTest, BackOnTheFirstScreenAsksAndNoKeepsItOpen)
     }
 }
 
-TEST_F(FlowTest, BackOnTheFirstScreenAndYesShowsTheMenuAndTheNextEntryResets)
+TEST_F(FlowScreens, BackOnTheFirstScreenAndYesShowsTheMenuAndTheNextEntryResets)
 {
     goTo(0);
     type("Form4", "Text2", u"Ladder Match"_s);
@@ -114,7 +114,7 @@ TEST_F(FlowTest, BackOnTheFirstScreenAndYesShowsTheMenuAndTheNextEntryResets)
     EXPECT_EQ(text("Form4", "Text2"), u"Any"_s);
 }
 
-TEST_F(FlowTest, BackOnLaterScreensAsksNothing)
+TEST_F(FlowScreens, BackOnLaterScreensAsksNothing)
 {
     goTo(3);
     press("Form7", "Command2");
@@ -123,7 +123,7 @@ TEST_F(FlowTest, BackOnLaterScreensAsksNothing)
     expectOnly("Form4");
 }
 
-TEST_F(FlowTest, ClosingAnyScreenOfTheFlowAsksAndNoKeepsItOpen)
+TEST_F(FlowScreens, ClosingAnyScreenOfTheFlowAsksAndNoKeepsItOpen)
 {
     for (const Later &later : kScreens) {
         SCOPED_TRACE(later.screen);
@@ -139,7 +139,7 @@ TEST_F(FlowTest, ClosingAnyScreenOfTheFlowAsksAndNoKeepsItOpen)
     }
 }
 
-TEST_F(FlowTest, ClosingAScreenOfTheFlowDoesNotEndTheProgram)
+TEST_F(FlowScreens, ClosingAScreenOfTheFlowDoesNotEndTheProgram)
 {
     const QSignalSpy ended(&editor, &Editor::exitRequested);
     goTo(2);
@@ -148,7 +148,7 @@ TEST_F(FlowTest, ClosingAScreenOfTheFlowDoesNotEndTheProgram)
     EXPECT_EQ(ended.count(), 0);
 }
 
-TEST_F(FlowTest, EveryWindowHasTheSameTitle)
+TEST_F(FlowScreens, EveryWindowHasTheSameTitle)
 {
     goTo(3);
     for (const Later &later : kScreens) {

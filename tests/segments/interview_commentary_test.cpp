@@ -23,7 +23,7 @@ const RefusalRow kFourth =
 const RefusalRow kTeams =
     singlesRefusal("Tag Teams can only be involved if the Feud Type is Tag Team.");
 
-const TagRow kTags[] = {
+const TagRow kInterviewTags[] = {
     {"Wrestler 1 Long Name", "<wrestler1longname>"},
     {"Wrestler 1 Short Name", "<wrestler1shortname>"},
     {"Wrestler 2 Long Name", "<wrestler2longname>"},
@@ -55,14 +55,14 @@ TEST_F(InterviewCommentary, HasItsFixedTextsAndStartsEmptyAndWhite)
 
 TEST_F(InterviewCommentary, OffersItsTwelveItemsInOrder)
 {
-    ASSERT_EQ(std::size(kTags), 12U);
-    expectList(kTags);
+    ASSERT_EQ(std::size(kInterviewTags), 12U);
+    expectList(kInterviewTags);
     EXPECT_EQ(line("Combo1"), u"Wrestler 1 Long Name"_s);
 }
 
 TEST_F(InterviewCommentary, EveryItemInsertsItsTagUnlessTheFeudIsSingles)
 {
-    expectEveryTagInserted(kTags);
+    expectEveryTagInserted(kInterviewTags);
 }
 
 TEST_F(InterviewCommentary, ATagTeamFeudAllowsAllTwelveItems)
@@ -70,14 +70,14 @@ TEST_F(InterviewCommentary, ATagTeamFeudAllowsAllTwelveItems)
     press("Form13", "Command2");
     fill("Form12", {{"Combo3", u"Tag Team"_s}});
     press("Form12", "Command2");
-    for (const TagRow &row : kTags) {
+    for (const TagRow &row : kInterviewTags) {
         EXPECT_EQ(insertedBy(row.item), QLatin1StringView(row.tag));
     }
 }
 
 TEST_F(InterviewCommentary, ASinglesFeudRefusesSixItemsAndInsertsThePendingTagAgain)
 {
-    expectEveryRefusal(kTags);
+    expectEveryRefusal(kInterviewTags);
 }
 
 TEST_F(InterviewCommentary, ARefusedTeamInsertsNothingWhenNoTagWasEverChosen)
@@ -103,7 +103,7 @@ TEST_F(InterviewCommentary, TheInterviewerIsAllowedEvenIfThereIsNone)
 
 TEST_F(InterviewCommentary, ATagChosenWhileNoLineIsMarkedIsOnlyRemembered)
 {
-    expectRememberedWhenNothingIsMarked(kTags[0], kTags[11]);
+    expectRememberedWhenNothingIsMarked(kInterviewTags[0], kInterviewTags[11]);
 }
 
 TEST_F(InterviewCommentary, RefusesToSaveWithoutAFirstLine)

@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Without the scroll bar.
-const ExpectedFields kFields = {
+const ExpectedFields kInterviewFields = {
     {"Combo3",
      "Label2",
      "Type of Feud",
@@ -103,7 +103,7 @@ TEST_F(InterviewDetails, HasItsTitleHeadingAndButtons)
 
 TEST_F(InterviewDetails, FieldsHaveTheirCaptionsAndLists)
 {
-    expectFields(screen("Form12"), kFields);
+    expectFields(screen("Form12"), kInterviewFields);
     EXPECT_EQ(text("Form12", "Label11"), u"Feud Heat Increase"_s);
     expectStops("Form12", {"Combo3", "Combo1", "Combo2", "Combo7", "Combo6", "Text2", "Text1",
                            "Combo4", "HScroll1", "Command1", "Command2"});
@@ -111,14 +111,14 @@ TEST_F(InterviewDetails, FieldsHaveTheirCaptionsAndLists)
 
 TEST_F(InterviewDetails, EntrySetsItsValues)
 {
-    expectFreshTexts(screen("Form12"), kFields);
+    expectFreshTexts(screen("Form12"), kInterviewFields);
     EXPECT_EQ(bar().value(), 10);
     EXPECT_EQ(shown(), u"10%"_s);
 }
 
 TEST_F(InterviewDetails, AFieldShowsItsHelpWhenTabReachesIt)
 {
-    expectHelpOnFocus(screen("Form12"), "Label13", kFields);
+    expectHelpOnFocus(screen("Form12"), "Label13", kInterviewFields);
     tabTo(screen("Form12"), "HScroll1");
     EXPECT_EQ(text("Form12", "Label13"),
               u"Feud Heat Increase ~ This is how much the feud bar will increase "
@@ -127,7 +127,7 @@ TEST_F(InterviewDetails, AFieldShowsItsHelpWhenTabReachesIt)
 
 TEST_F(InterviewDetails, AClickOnTheFocusedFieldShowsNoHelp)
 {
-    expectHelpOnClick(screen("Form12"), "Label13", kFields);
+    expectHelpOnClick(screen("Form12"), "Label13", kInterviewFields);
 }
 
 TEST_F(InterviewDetails, BeforeItsFirstUseItShowsNoHelpAndAHundredPercent)

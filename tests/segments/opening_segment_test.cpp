@@ -15,7 +15,7 @@ namespace {
 const std::vector<const char *> kYesNoNa = {"Yes", "No", "N/A"};
 
 /// The fields that have help.
-const ExpectedFields kFields = {
+const ExpectedFields kOpeningFields = {
     {"Combo4",
      "Label12",
      "Main Event Match Type",
@@ -116,7 +116,7 @@ protected:
     QStringList everything()
     {
         QStringList texts;
-        for (const ExpectedFields &fields : {kFields, kWithoutHelp}) {
+        for (const ExpectedFields &fields : {kOpeningFields, kWithoutHelp}) {
             for (const ExpectedField &field : fields) {
                 texts << text("Form17", field.control);
             }
@@ -135,7 +135,7 @@ TEST_F(OpeningSegment, HasItsTitleHeadingAndButtons)
 
 TEST_F(OpeningSegment, FieldsHaveTheirCaptionsAndLists)
 {
-    expectFields(screen("Form17"), kFields);
+    expectFields(screen("Form17"), kOpeningFields);
     expectFields(screen("Form17"), kWithoutHelp);
 }
 
@@ -147,7 +147,7 @@ TEST_F(OpeningSegment, FieldsAreBelowEachOtherInOrder)
 
 TEST_F(OpeningSegment, TextBoxesHaveTheirDesignTexts)
 {
-    for (const ExpectedField &field : kFields) {
+    for (const ExpectedField &field : kOpeningFields) {
         if (field.text != nullptr) {
             EXPECT_EQ(text("Form17", field.control), QLatin1StringView(field.text));
         }
@@ -156,7 +156,7 @@ TEST_F(OpeningSegment, TextBoxesHaveTheirDesignTexts)
 
 TEST_F(OpeningSegment, AFieldShowsItsHelpWhenTabReachesIt)
 {
-    expectHelpOnFocus(screen("Form17"), "Label13", kFields);
+    expectHelpOnFocus(screen("Form17"), "Label13", kOpeningFields);
 }
 
 TEST_F(OpeningSegment, TheTwoDispositionsAndTheButtonsHaveNoHelp)

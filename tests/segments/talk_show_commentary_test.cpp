@@ -6,7 +6,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const TagRow kTags[] = {
+const TagRow kTalkShowTags[] = {
     {"Host Name", "<hostname>"},
     {"Guest 1 Long Name", "<guest1longname>"},
     {"Guest 1 Short Name", "<guest1shortname>"},
@@ -32,14 +32,14 @@ TEST_F(TalkShowCommentary, HasItsFixedTextsWhichAlsoSayInterview)
 
 TEST_F(TalkShowCommentary, OffersItsSixItemsInOrder)
 {
-    ASSERT_EQ(std::size(kTags), 6U);
-    expectList(kTags);
+    ASSERT_EQ(std::size(kTalkShowTags), 6U);
+    expectList(kTalkShowTags);
     EXPECT_EQ(line("Combo1"), u"Host Name"_s);
 }
 
 TEST_F(TalkShowCommentary, EveryItemInsertsItsTag)
 {
-    expectEveryTagInserted(kTags);
+    expectEveryTagInserted(kTalkShowTags);
 }
 
 TEST_F(TalkShowCommentary, NoValueOfTheDetailsRefusesATag)
@@ -48,7 +48,7 @@ TEST_F(TalkShowCommentary, NoValueOfTheDetailsRefusesATag)
         for (const char *box : {"Text3", "Text4", "Text5", "Text1", "Combo1", "Combo3"}) {
             given("Form14", box, QLatin1StringView(value));
         }
-        for (const TagRow &row : kTags) {
+        for (const TagRow &row : kTalkShowTags) {
             EXPECT_EQ(insertedBy(row.item), QLatin1StringView(row.tag)) << value;
         }
     }
@@ -70,7 +70,7 @@ TEST_F(TalkShowCommentary, TheSameTagChosenTwiceIsAppendedTwice)
 
 TEST_F(TalkShowCommentary, ATagChosenWhileNoLineIsMarkedIsOnlyRemembered)
 {
-    expectRememberedWhenNothingIsMarked(kTags[0], kTags[5]);
+    expectRememberedWhenNothingIsMarked(kTalkShowTags[0], kTalkShowTags[5]);
 }
 
 TEST_F(TalkShowCommentary, RefusesToSaveWithoutAFirstLine)

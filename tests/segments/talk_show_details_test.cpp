@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Without the scroll bar.
-const ExpectedFields kFields = {
+const ExpectedFields kTalkShowFields = {
     {"Text3",
      "Label2",
      "Host of Talk Show",
@@ -98,7 +98,7 @@ TEST_F(TalkShowDetails, HasItsTitleHeadingAndButtons)
 
 TEST_F(TalkShowDetails, FieldsHaveTheirCaptionsAndLists)
 {
-    expectFields(screen("Form14"), kFields);
+    expectFields(screen("Form14"), kTalkShowFields);
     EXPECT_EQ(text("Form14", "Label11"), u"Feud Heat Increase"_s);
     expectStops("Form14", {"Text3", "Combo1", "Text4", "Text5", "Combo7", "Text1", "Combo2",
                            "Combo3", "HScroll1", "Command1", "Command2"});
@@ -106,14 +106,14 @@ TEST_F(TalkShowDetails, FieldsHaveTheirCaptionsAndLists)
 
 TEST_F(TalkShowDetails, EntrySetsItsValues)
 {
-    expectFreshTexts(screen("Form14"), kFields);
+    expectFreshTexts(screen("Form14"), kTalkShowFields);
     EXPECT_EQ(bar().value(), 10);
     EXPECT_EQ(shown(), u"10%"_s);
 }
 
 TEST_F(TalkShowDetails, AFieldShowsItsHelpWhenTabReachesIt)
 {
-    expectHelpOnFocus(screen("Form14"), "Label13", kFields);
+    expectHelpOnFocus(screen("Form14"), "Label13", kTalkShowFields);
     tabTo(screen("Form14"), "HScroll1");
     EXPECT_EQ(text("Form14", "Label13"),
               u"Feud Heat Increase ~ This is how much the feud bar for the 2 guests "
@@ -122,7 +122,7 @@ TEST_F(TalkShowDetails, AFieldShowsItsHelpWhenTabReachesIt)
 
 TEST_F(TalkShowDetails, AClickOnTheFocusedFieldShowsNoHelp)
 {
-    expectHelpOnClick(screen("Form14"), "Label13", kFields);
+    expectHelpOnClick(screen("Form14"), "Label13", kTalkShowFields);
 }
 
 TEST_F(TalkShowDetails, BeforeItsFirstUseItShowsNoHelpAndAHundredPercent)

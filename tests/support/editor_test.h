@@ -8,6 +8,7 @@
 #include "support/folder_test.h"
 #include "support/mouse.h"
 
+#include <QColor>
 #include <QLabel>
 #include <QTemporaryDir>
 #include <QTest>
@@ -15,6 +16,9 @@
 #include <gtest/gtest.h>
 
 namespace tarvold::testing {
+
+/// The background of the commentary line that receives tags.
+inline const QColor kYellow(0xFF, 0xFF, 0x00);
 
 /// The whole program, started on its main menu in an empty folder of its own.
 class EditorTest : public ::testing::Test

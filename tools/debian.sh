@@ -2,7 +2,7 @@
 # Sourced by run and test: the Debian packages that each needs, and what both do.
 
 # shellcheck disable=SC2034 # the scripts that source this file use the lists
-packages_run=(build-essential cmake ninja-build qt6-base-dev fonts-liberation)
+packages_run=(build-essential cmake fonts-liberation libexpected-dev ninja-build qt6-base-dev)
 # shellcheck disable=SC2034
 packages_tour=(
     at-spi2-core dbus-daemon gir1.2-atspi-2.0 imagemagick openbox python3 python3-gi xclip xdotool
@@ -20,11 +20,11 @@ packages_test=(
 )
 # shellcheck disable=SC2034
 packages_windows=(
-    build-essential cmake debian-archive-keyring g++-mingw-w64-x86-64-posix icoutils librsvg2-bin
-    ninja-build perl python3 qt6-base-dev
+    build-essential cmake debian-archive-keyring g++-mingw-w64-x86-64-posix icoutils libexpected-dev
+    librsvg2-bin ninja-build perl python3 qt6-base-dev
 )
 
-# install_missing PACKAGE...: installs what is not there; asks for root rights only then.
+# install_missing PACKAGE...: installs what is not there; asks for root only then.
 install_missing() {
     local package missing=() root=()
     for package in "$@"; do

@@ -6,19 +6,19 @@ namespace tarvold::testing {
 
 using namespace Qt::StringLiterals;
 
-inline constexpr char kSecondAttacker[] =
+inline constexpr char kSecondAttackerMessage[] =
     "To involve a second attacker, you either need to have the attacker's name as 'Any', or enter "
     "the names of the 2 attackers, separated by a comma, on the Attacker Details screen.";
-inline constexpr char kAttackersManager[] =
+inline constexpr char kAttackersManagerMessage[] =
     "You have the attacker's manager name as 'N/A' or 'None', which means you can't involve the "
     "attacker's manager in this finish.";
-inline constexpr char kReceiversManager[] =
+inline constexpr char kReceiversManagerMessage[] =
     "You have the receiver's manager name as 'N/A' or 'None', which means you can't involve the "
     "receiver's manager in this finish.";
-inline constexpr char kAttackersStable[] =
+inline constexpr char kAttackersStableMessage[] =
     "You have the attacker's stable as 'N/A' or 'None', which means you can't involve the "
     "attacker's stable in this finish.";
-inline constexpr char kReceiversStable[] =
+inline constexpr char kReceiversStableMessage[] =
     "You have the receiver's stable as 'N/A' or 'None', which means you can't involve the "
     "receiver's stable in this finish.";
 
@@ -35,18 +35,18 @@ struct ExpectedTag
 inline const ExpectedTag kTags[] = {
     {"Attacker 1 Full Name", "<att1fullname>"},
     {"Attacker 1 Short Name", "<att1shortname>"},
-    {"Attacker 2 Full Name", "<att2fullname>", "Form5", "Text2", kSecondAttacker},
-    {"Attacker 2 Short Name", "<att2shortname>", "Form5", "Text2", kSecondAttacker},
+    {"Attacker 2 Full Name", "<att2fullname>", "Form5", "Text2", kSecondAttackerMessage},
+    {"Attacker 2 Short Name", "<att2shortname>", "Form5", "Text2", kSecondAttackerMessage},
     {"Receiver Full Name", "<recfullname>"},
     {"Receiver Short Name", "<recshortname>"},
-    {"Attacker's Manager Name", "<attmanager>", "Form5", "Text1", kAttackersManager},
-    {"Receiver's Manager Name", "<recmanager>", "Form6", "Text1", kReceiversManager},
-    {"Attacker's Stable Name", "<attstable>", "Form5", "Text3", kAttackersStable},
-    {"Receiver's Stable Name", "<recstable>", "Form6", "Text3", kReceiversStable},
-    {"Attacker's Stable Member 1", "<attstablemem1>", "Form5", "Text3", kAttackersStable},
-    {"Attacker's Stable Member 2", "<attstablemem2>", "Form5", "Text3", kAttackersStable},
-    {"Receiver's Stable Member 1", "<recstablemem1>", "Form6", "Text3", kReceiversStable},
-    {"Receiver's Stable Member 2", "<recstablemem2>", "Form6", "Text3", kReceiversStable},
+    {"Attacker's Manager Name", "<attmanager>", "Form5", "Text1", kAttackersManagerMessage},
+    {"Receiver's Manager Name", "<recmanager>", "Form6", "Text1", kReceiversManagerMessage},
+    {"Attacker's Stable Name", "<attstable>", "Form5", "Text3", kAttackersStableMessage},
+    {"Receiver's Stable Name", "<recstable>", "Form6", "Text3", kReceiversStableMessage},
+    {"Attacker's Stable Member 1", "<attstablemem1>", "Form5", "Text3", kAttackersStableMessage},
+    {"Attacker's Stable Member 2", "<attstablemem2>", "Form5", "Text3", kAttackersStableMessage},
+    {"Receiver's Stable Member 1", "<recstablemem1>", "Form6", "Text3", kReceiversStableMessage},
+    {"Receiver's Stable Member 2", "<recstablemem2>", "Form6", "Text3", kReceiversStableMessage},
     {"Attacker's Finisher Name", "<attfinisher>"},
     {"Receiver's Finisher Name", "<recfinisher>"},
     {"Title Name (eg. XWL Title)", "<titlename>"},

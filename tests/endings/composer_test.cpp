@@ -98,7 +98,7 @@ TEST_F(Composer, ATagIsAcceptedWithEveryAllowedText)
         if (tag.box == nullptr) {
             continue;
         }
-        const bool isName = tag.message == kSecondAttacker;
+        const bool isName = tag.message == kSecondAttackerMessage;
         for (const QString &fitting : isName ? kAcceptedNames : kAcceptedOthers) {
             SCOPED_TRACE(std::string(tag.item) + ": " + fitting.toStdString());
             given(tag.screen, tag.box, fitting);
@@ -114,7 +114,7 @@ TEST_F(Composer, ATagIsRefusedWithItsMessageAndThePendingTagIsInsertedInstead)
         if (tag.box == nullptr) {
             continue;
         }
-        const bool isName = tag.message == kSecondAttacker;
+        const bool isName = tag.message == kSecondAttackerMessage;
         for (const QString &excluded : isName ? kRefusedNames : kRefusedOthers) {
             SCOPED_TRACE(std::string(tag.item) + ": " + excluded.toStdString());
             given(tag.screen, tag.box, excluded);
@@ -144,7 +144,7 @@ TEST_F(Composer, OnlyOneFieldDecides)
 TEST_F(Composer, AfterARefusalNothingIsInsertedIfNoTagWasEverAccepted)
 {
     type("Form7", "Text2", u"By "_s);
-    expectRefusal(kAttackersManager);
+    expectRefusal(kAttackersManagerMessage);
     chooseTag("Attacker's Manager Name");
     EXPECT_EQ(text("Form7", "Text2"), u"By "_s);
     EXPECT_EQ(pending(), QString());
@@ -161,7 +161,7 @@ TEST_F(Composer, TheSecondAttackerNeedsTwoNames)
     chooseTag("Attacker 2 Full Name");
     EXPECT_EQ(text("Form7", "Text1"), u"And <att2fullname>"_s);
     given("Form5", "Text2", u"Rocco Vance"_s);
-    expectRefusal(kSecondAttacker);
+    expectRefusal(kSecondAttackerMessage);
     chooseTag("Attacker 2 Short Name");
     EXPECT_EQ(text("Form7", "Text1"), u"And <att2fullname><att2fullname>"_s);
 }
@@ -169,7 +169,7 @@ TEST_F(Composer, TheSecondAttackerNeedsTwoNames)
 TEST_F(Composer, AStableMemberNeedsAStable)
 {
     type("Form7", "Text1", QString());
-    expectRefusal(kAttackersStable);
+    expectRefusal(kAttackersStableMessage);
     chooseTag("Attacker's Stable Member 1");
     given("Form5", "Text3", u"Any"_s);
     chooseTag("Attacker's Stable Member 1");
@@ -235,7 +235,7 @@ TEST_F(Composer, ThePendingTagSurvivesASaveAndTheNextEntry)
     goTo("Form7");
     EXPECT_EQ(pending(), u"<recfinisher>"_s);
     type("Form7", "Text1", QString());
-    expectRefusal(kReceiversManager);
+    expectRefusal(kReceiversManagerMessage);
     chooseTag("Receiver's Manager Name");
     EXPECT_EQ(text("Form7", "Text1"), u"<recfinisher>"_s);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "endings/composer_expected.h"
 #include "support/commentary_test.h"
 
 namespace tarvold::testing {
@@ -12,39 +13,18 @@ inline const QStringList kNotExcluded = {u"none"_s, u"n/a"_s, u"NONE"_s, u"None 
 
 inline const RefusalRow kSecondAttacker = {
     {"Form5", "Text2"},
-    "To involve a second attacker, you either need to have the attacker's name as 'Any', or enter "
-    "the names of the 2 attackers, separated by a comma, on the Attacker Details screen.",
+    kSecondAttackerMessage,
     "Tarvold Data Editor",
     {u"Rocco Vance"_s, u"any"_s, u" "_s, {}},
     {u"Any"_s, u"Rocco Vance,Dex Vance"_s, u","_s, u",Dex"_s, u"Rocco,"_s}};
 inline const RefusalRow kAttackersManager = {
-    {"Form5", "Text1"},
-    "You have the attacker's manager name as 'N/A' or 'None', which means you can't involve the "
-    "attacker's manager in this finish.",
-    "Tarvold Data Editor",
-    kExcluded,
-    kNotExcluded};
+    {"Form5", "Text1"}, kAttackersManagerMessage, "Tarvold Data Editor", kExcluded, kNotExcluded};
 inline const RefusalRow kReceiversManager = {
-    {"Form6", "Text1"},
-    "You have the receiver's manager name as 'N/A' or 'None', which means you can't involve the "
-    "receiver's manager in this finish.",
-    "Tarvold Data Editor",
-    kExcluded,
-    kNotExcluded};
+    {"Form6", "Text1"}, kReceiversManagerMessage, "Tarvold Data Editor", kExcluded, kNotExcluded};
 inline const RefusalRow kAttackersStable = {
-    {"Form5", "Text3"},
-    "You have the attacker's stable as 'N/A' or 'None', which means you can't involve the "
-    "attacker's stable in this finish.",
-    "Tarvold Data Editor",
-    kExcluded,
-    kNotExcluded};
+    {"Form5", "Text3"}, kAttackersStableMessage, "Tarvold Data Editor", kExcluded, kNotExcluded};
 inline const RefusalRow kReceiversStable = {
-    {"Form6", "Text3"},
-    "You have the receiver's stable as 'N/A' or 'None', which means you can't involve the "
-    "receiver's stable in this finish.",
-    "Tarvold Data Editor",
-    kExcluded,
-    kNotExcluded};
+    {"Form6", "Text3"}, kReceiversStableMessage, "Tarvold Data Editor", kExcluded, kNotExcluded};
 
 inline const QStringList kSinglesFeud = {u"Singles"_s};
 inline const QStringList kOtherFeuds = {u"Tag Team"_s, u"singles"_s,    u"Singles "_s,

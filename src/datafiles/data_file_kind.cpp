@@ -12,24 +12,24 @@ namespace {
 using namespace fields;
 
 template <std::size_t size>
-using Lines = std::array<const RecordField *, size>;
+using FieldList = std::array<const RecordField *, size>;
 
 /// Joins groups of lines that formats share.
 template <std::size_t... sizes>
-constexpr Lines<(sizes + ...)> joined(const Lines<sizes> &...groups)
+constexpr FieldList<(sizes + ...)> joined(const FieldList<sizes> &...groups)
 {
-    Lines<(sizes + ...)> all{};
+    FieldList<(sizes + ...)> all{};
     auto *end = all.begin();
     ((end = std::copy(groups.begin(), groups.end(), end)), ...);
     return all;
 }
 
-constexpr Lines<1> kAnyMatch = {&kMatchType};
-constexpr Lines<1> kBasicMatch = {&kBasicMatchType};
-constexpr Lines<5> kCriteria = {&kStipulation, &kTitleOnTheLine, &kTitleChangesHands, &kMatchFinish,
-                                &kDqPossible};
+constexpr FieldList<1> kAnyMatch = {&kMatchType};
+constexpr FieldList<1> kBasicMatch = {&kBasicMatchType};
+constexpr FieldList<5> kCriteria = {&kStipulation, &kTitleOnTheLine, &kTitleChangesHands,
+                                    &kMatchFinish, &kDqPossible};
 
-constexpr Lines<20> kSides = {
+constexpr FieldList<20> kSides = {
     &kAttackerNames,         &kAttackerDisposition,   &kAttackerRingStyle,
     &kAttackerGender,        &kAttackerHoldsTitle,    &kAttackerManager,
     &kAttackerManagerGender, &kAttackerManagerWorks,  &kAttackerFinisher,
@@ -40,34 +40,34 @@ constexpr Lines<20> kSides = {
 };
 
 /// A turn has dispositions of its own, and leaves out managers and stables.
-constexpr Lines<10> kTurningSides = {
+constexpr FieldList<10> kTurningSides = {
     &kAttackerNames,      &kAttackerRingStyle, &kAttackerGender,    &kAttackerHoldsTitle,
     &kAttackerFinisher,   &kReceiverName,      &kReceiverRingStyle, &kReceiverGender,
     &kReceiverHoldsTitle, &kReceiverFinisher,
 };
 
-constexpr Lines<8> kFeud = {
+constexpr FieldList<8> kFeud = {
     &kForTelevisedShows, &kFeudType,        &kFeudingNames, &kFeudingDisposition,
     &kFeudingRingStyle,  &kFeudingFinisher, &kFeudingWith,  &kHeatIncrease,
 };
 
-constexpr Lines<7> kTurn = {
+constexpr FieldList<7> kTurn = {
     &kWrestler1Disposition, &kWrestler2Disposition, &kWrestler3Disposition, &kWrestler4Disposition,
     &kTurningSide,          &kAttackerTurns,        &kReceiverTurns,
 };
 
-constexpr Lines<9> kInterviewDetails = {
+constexpr FieldList<9> kInterviewDetails = {
     &kFeudType,   &kInterviewer, &kTelevised,     &kSide1Disposition, &kSide2Disposition,
     &kSide1Names, &kSide2Names,  &kFeudingGender, &kHeatIncrease,
 };
 
-constexpr Lines<9> kTalkShowDetails = {
+constexpr FieldList<9> kTalkShowDetails = {
     &kHost,       &kHostDisposition,   &kTalkShowName, &kGuest1Name,   &kGuest1Disposition,
     &kGuest2Name, &kGuest2Disposition, &kGuestGender,  &kHeatIncrease,
 };
 
-constexpr Lines<10> kCommentaryLines = [] {
-    Lines<10> lines{};
+constexpr FieldList<10> kCommentaryLines = [] {
+    FieldList<10> lines{};
     std::transform(kCommentary.begin(), kCommentary.end(), lines.begin(),
                    [](const RecordField &field) { return &field; });
     return lines;

@@ -19,7 +19,7 @@ constexpr Bar kFeudHeat = [] {
     return bar;
 }();
 
-constexpr Field kFields[] = {
+constexpr Field kFeudFields[] = {
     {.control = "Combo3",
      .label = "Label4",
      .field = &fields::kFeudType,
@@ -76,7 +76,7 @@ constexpr Field kFields[] = {
              "doesn't matter whether the show is televised, choose N/A."},
 };
 
-const Fill kFills[] = {{"Text2", "Any"}};
+const Fill kFeudFills[] = {{"Text2", "Any"}};
 
 constexpr char kHelp[] = "Label13";
 
@@ -85,9 +85,9 @@ constexpr char kHelp[] = "Label13";
 Form8::Form8(Screens & /*screens*/)
     : DetailsScreen({.name = kName,
                      .heading = "FEUD DETAILS",
-                     .fields = kFields,
+                     .fields = kFeudFields,
                      .helpLabel = kHelp,
-                     .fills = kFills})
+                     .fills = kFeudFills})
 {
 }
 

@@ -39,7 +39,7 @@ constexpr const char *kShortMatchTypes[] = {"Singles", "Tag Team", "Women's Matc
                                             "Women's Tag Team"};
 constexpr const char *kFinishes[] = {"Normal", "DQ"};
 
-constexpr Field kFields[] = {
+constexpr Field kCriteriaFields[] = {
     {.control = "Combo3",
      .label = "Label4",
      .field = &fields::kMatchType,
@@ -93,7 +93,7 @@ constexpr Field kFields[] = {
      .helpOn = HelpOn::FocusAndClick},
 };
 
-const Fill kFills[] = {{"Text2", "Any"}};
+const Fill kCriteriaFills[] = {{"Text2", "Any"}};
 
 constexpr ControlRef kFeudType = {"Form8", "Combo3"};
 
@@ -108,9 +108,9 @@ QString feudTypeOf(const QString &matchType)
 Form4::Form4(Screens &screens)
     : DetailsScreen({.name = kName,
                      .heading = "GENERAL DETAILS",
-                     .fields = kFields,
+                     .fields = kCriteriaFields,
                      .helpLabel = "Label2",
-                     .fills = kFills})
+                     .fills = kCriteriaFills})
 {
     addHiddenLabel("matchreports", u"remember there is more than 1 combo for match type"_s);
     auto &shortMatchType = control<ComboBox>("Combo12");

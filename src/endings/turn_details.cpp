@@ -17,7 +17,7 @@ constexpr char kDispositionHelp[] =
     "wrestler 1 and 2, and in tag matches wrestler 1 and 2 are on one team, 3 and 4 are on the "
     "other.";
 
-constexpr Field kFields[] = {
+constexpr Field kTurnFields[] = {
     {.control = "Combo1",
      .label = "Label2",
      .field = &fields::kWrestler1Disposition,
@@ -67,7 +67,7 @@ constexpr Field kFields[] = {
 
 Form10::Form10(Screens & /*screens*/)
     : DetailsScreen(
-          {.name = kName, .heading = "TURN DETAILS", .fields = kFields, .helpLabel = "Label13"})
+          {.name = kName, .heading = "TURN DETAILS", .fields = kTurnFields, .helpLabel = "Label13"})
 {
 }
 

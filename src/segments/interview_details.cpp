@@ -6,7 +6,7 @@
 namespace tarvold {
 namespace {
 
-constexpr Field kFields[] = {
+constexpr Field kInterviewFields[] = {
     {.control = "Combo3",
      .label = "Label2",
      .field = &fields::kFeudType,
@@ -73,16 +73,16 @@ constexpr Field kFields[] = {
              "interview segment happens."},
 };
 
-const Fill kFills[] = {{"Text1", "Any"}, {"Text2", "Any"}};
+const Fill kInterviewFills[] = {{"Text1", "Any"}, {"Text2", "Any"}};
 
 } // namespace
 
 Form12::Form12(Screens & /*screens*/)
     : DetailsScreen({.name = kName,
                      .heading = "INTERVIEW SEGMENT DETAILS",
-                     .fields = kFields,
+                     .fields = kInterviewFields,
                      .helpLabel = "Label13",
-                     .fills = kFills})
+                     .fills = kInterviewFills})
 {
 }
 

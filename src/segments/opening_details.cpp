@@ -10,7 +10,7 @@ constexpr const char *kMatchTypes[] = {"Singles", "Any"};
 constexpr const char *kPowerFigures[] = {"Any",    "None",   "Face and Heel", "2 Face",
                                          "2 Heel", "1 Face", "1 Heel"};
 
-constexpr Field kFields[] = {
+constexpr Field kOpeningFields[] = {
     {.control = "Combo4",
      .label = "Label12",
      .caption = "Main Event Match Type",
@@ -103,7 +103,7 @@ constexpr Field kFields[] = {
 Form17::Form17(Screens & /*screens*/)
     : DetailsScreen({.name = kName,
                      .heading = "OPENING SEGMENT DETAILS",
-                     .fields = kFields,
+                     .fields = kOpeningFields,
                      .helpLabel = "Label13"})
 {
 }

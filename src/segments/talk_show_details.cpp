@@ -6,7 +6,7 @@
 namespace tarvold {
 namespace {
 
-constexpr Field kFields[] = {
+constexpr Field kTalkShowFields[] = {
     {.control = "Text3",
      .label = "Label2",
      .field = &fields::kHost,
@@ -68,16 +68,17 @@ constexpr Field kFields[] = {
              "when this talk show segment happens."},
 };
 
-const Fill kFills[] = {{"Text3", "Any"}, {"Text4", "Any"}, {"Text5", "Any"}, {"Text1", "Any"}};
+const Fill kTalkShowFills[] = {
+    {"Text3", "Any"}, {"Text4", "Any"}, {"Text5", "Any"}, {"Text1", "Any"}};
 
 } // namespace
 
 Form14::Form14(Screens & /*screens*/)
     : DetailsScreen({.name = kName,
                      .heading = "TALK SHOW SEGMENT DETAILS",
-                     .fields = kFields,
+                     .fields = kTalkShowFields,
                      .helpLabel = "Label13",
-                     .fills = kFills})
+                     .fills = kTalkShowFills})
 {
 }
 

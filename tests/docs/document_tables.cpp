@@ -21,6 +21,27 @@ DocumentRow rowIn(const QStringList &cells)
 
 } // namespace
 
+QString valueWord(Coding coding)
+{
+    switch (coding) {
+    case Coding::FinisherType:
+        return u"finisher code"_s;
+    case Coding::BlankIfEmpty:
+        return u"`-BLANK-` if empty"_s;
+    case Coding::Number:
+        return u"the digits"_s;
+    case Coding::QualityWord:
+        return u"quality word"_s;
+    case Coding::NoOrText:
+        return u"`No` or the initials"_s;
+    case Coding::AlwaysNo:
+        return u"always `No`"_s;
+    case Coding::AsShown:
+        break;
+    }
+    return u"as shown"_s;
+}
+
 void PrintTo(const DocumentRow &row, std::ostream *out)
 {
     const QString cells = QStringList{row.line, row.field, row.source, row.value}.join(u" | ");

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "datafiles/coding.h"
+
 #include <QString>
 
 #include <ostream>
@@ -19,6 +21,9 @@ struct DocumentRow
 };
 
 void PrintTo(const DocumentRow &row, std::ostream *out);
+
+/// How the document describes the value of a line with this coding.
+QString valueWord(Coding coding);
 
 /// The section on one kind of data file.
 struct DocumentSection

@@ -15,18 +15,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString valueWord(Coding coding)
-{
-    switch (coding) {
-    case Coding::FinisherType:
-        return u"finisher code"_s;
-    case Coding::BlankIfEmpty:
-        return u"`-BLANK-` if empty"_s;
-    default:
-        return u"as shown"_s;
-    }
-}
-
 /// The headings in the order of the document and of the kinds.
 constexpr const char *kHeadings[] = {
     "Normal match endings: 36 lines",     "Match endings with run-ins: 44 lines",

@@ -13,22 +13,6 @@ namespace {
 
 constexpr char kForm[] = "Form3";
 
-QString valueWord(Coding coding)
-{
-    switch (coding) {
-    case Coding::Number:
-        return u"the digits"_s;
-    case Coding::QualityWord:
-        return u"quality word"_s;
-    case Coding::NoOrText:
-        return u"`No` or the initials"_s;
-    case Coding::AlwaysNo:
-        return u"always `No`"_s;
-    default:
-        return u"as shown"_s;
-    }
-}
-
 class StipulationFormat : public EditorTest
 {
 protected:

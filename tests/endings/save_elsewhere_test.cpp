@@ -23,7 +23,7 @@ void PrintTo(const SavingFlow &row, std::ostream *out)
     *out << row.name;
 }
 
-constexpr SavingFlow kFlows[] = {
+constexpr SavingFlow kSavingFlows[] = {
     {"Normal", &kNormalPath, 36},       {"RunIn", &kRunInPath, 44},       {"Turn", &kTurnPath, 33},
     {"Interview", &kInterviewPath, 19}, {"TalkShow", &kTalkShowPath, 19},
 };
@@ -101,7 +101,7 @@ protected:
     const char *m_screen = flow().screens.back();
 };
 
-INSTANTIATE_TEST_SUITE_P(Flows, SaveElsewhere, ::testing::ValuesIn(kFlows), kNameOfRow);
+INSTANTIATE_TEST_SUITE_P(Flows, SaveElsewhere, ::testing::ValuesIn(kSavingFlows), kNameOfRow);
 
 TEST_P(SaveElsewhere, SavesTheRecordAndTheNextOneToTheChosenFile)
 {
@@ -176,7 +176,8 @@ TEST_P(SaveElsewhere, AppendsToAnExistingFileWithoutAQuestion)
 
 using SaveElsewhereByName = SaveElsewhere;
 
-INSTANTIATE_TEST_SUITE_P(Interview, SaveElsewhereByName, ::testing::Values(kFlows[3]), kNameOfRow);
+INSTANTIATE_TEST_SUITE_P(Interview, SaveElsewhereByName, ::testing::Values(kSavingFlows[3]),
+                         kNameOfRow);
 
 TEST_P(SaveElsewhereByName, StartsInTheFolderOfTheFailedFileAndShowsAnotherFolderWithItsFullPath)
 {

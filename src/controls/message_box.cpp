@@ -1,14 +1,19 @@
 #include "controls/message_box.h"
 
 #include "controls/long_text.h"
+#include "controls/sizes.h"
 
 #include <QAbstractButton>
+#include <QDialogButtonBox>
+#include <QFontDatabase>
+#include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QLayout>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
+
+#include <algorithm>
 
 namespace tarvold::messagebox {
 
@@ -55,9 +60,39 @@ QString fitted(const QString &text, const QWidget &box)
     return shown;
 }
 
-/// A message box that is as wide as its text needs, up to a readable line length; QMessageBox lets
-/// long words run out of the box. Auto-repeat of a key that was already held when the box opened
-/// does not answer it.
+/// The width of a window whose title bar shows its whole title.
+int widthForTitle(const QWidget &window)
+{
+    constexpr int kIconAndButtons = 6; // and borders, in heights of the title, on any desktop
+    QFont font = QFontDatabase::systemFont(QFontDatabase::TitleFont);
+    font.setBold(true); // most desktops do that without saying so
+    const QFontMetrics metrics(font);
+    return metrics.horizontalAdvance(window.windowTitle()) + kIconAndButtons * metrics.height();
+}
+
+/// The place of a window's inside that centres it with its frame over another one with its frame,
+/// and is wholly on the screen as far as possible.
+QRect centredOver(const QWidget &below, const QSize &size)
+{
+    // The frame of a window that was never shown isn't known, but is much like that of others.
+    const QRect inside = below.geometry();
+    const QRect outside = below.frameGeometry();
+    const QMargins frame(inside.left() - outside.left(), inside.top() - outside.top(),
+                         outside.right() - inside.right(), outside.bottom() - inside.bottom());
+    const QRect screen = below.screen()->availableGeometry();
+    QRect place(QPoint(), size.grownBy(frame));
+    place.moveCenter(outside.center());
+    place.moveRight(std::min(place.right(), screen.right()));
+    place.moveBottom(std::min(place.bottom(), screen.bottom()));
+    place.moveLeft(std::max(place.left(), screen.left()));
+    place.moveTop(std::max(place.top(), screen.top()));
+    return place.marginsRemoved(frame);
+}
+
+/// A message box that is as wide as its text and title need, up to a readable line length;
+/// QMessageBox lets long words run out of the box, cuts titles, and is off the centre of its window
+/// because it is placed before it has its size. Auto-repeat of a key that was already held when the
+/// box opened does not answer it.
 class Box : public QMessageBox
 {
 public:
@@ -66,6 +101,7 @@ public:
     {
         setText(fitted(text, *this));
         setTextFormat(Qt::PlainText);
+        evenOutMargins();
     }
 
     /// Shows the box with the buttons that were added.
@@ -86,11 +122,25 @@ public:
 protected:
     bool event(QEvent *event) override
     {
-        const bool handled = QMessageBox::event(event);
-        if (event->type() == QEvent::LayoutRequest || event->type() == QEvent::Show) {
+        if (event->type() == QEvent::LayoutRequest) { // QMessageBox would set another size
             fitToText();
+            return true;
         }
-        return handled;
+        return QMessageBox::event(event);
+    }
+
+    /// Sizes and places the box before the desktop shows it.
+    void showEvent(QShowEvent *event) override
+    {
+        QMessageBox::showEvent(event);
+        if (event->spontaneous()) {
+            return;
+        }
+        fitToText();
+        const QWidget *below = parentWidget() != nullptr ? parentWidget()->window() : nullptr;
+        if (below != nullptr && below->isVisible() && !below->isMinimized()) {
+            setGeometry(centredOver(*below, size()));
+        }
     }
 
     /// Buttons get Enter before the box does.
@@ -109,12 +159,32 @@ protected:
     }
 
 private:
+    QLabel &label() const { return *findChild<QLabel *>(u"qt_msgbox_label"_s); }
+
+    /// Takes away the space that Qt leaves beside the text for an icon.
+    void evenOutMargins()
+    {
+        auto &grid = *static_cast<QGridLayout *>(layout());
+        for (int place = grid.count() - 1; place >= 0; --place) {
+            if (grid.itemAt(place)->spacerItem() != nullptr) {
+                delete grid.takeAt(place);
+            }
+        }
+        grid.setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+        grid.setHorizontalSpacing(0); // between the text and the column of the icon
+        grid.setVerticalSpacing(kMargin);
+        label().setContentsMargins({});
+        label().setIndent(0);
+        label().setWordWrap(true);
+    }
+
     void fitToText()
     {
-        auto *label = findChild<QLabel *>(u"qt_msgbox_label"_s);
-        label->setWordWrap(true);
-        const int width = sizeOf(text(), *this, roomFor(*this).width).width();
-        label->setFixedSize(width, label->heightForWidth(width));
+        const auto *row = findChild<QDialogButtonBox *>();
+        const int width =
+            std::max({sizeOf(text(), *this, roomFor(*this).width).width(),
+                      row->minimumSizeHint().width(), widthForTitle(*this) - 2 * kMargin});
+        label().setFixedSize(width, label().heightForWidth(width));
         setFixedSize(layout()->totalMinimumSize());
     }
 };

@@ -4,10 +4,14 @@
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QApplication>
+#include <QFontDatabase>
 #include <QLabel>
 #include <QMessageBox>
 #include <QScreen>
 #include <QTest>
+
+#include <cstdlib>
+#include <functional>
 
 namespace tarvold::testing {
 
@@ -185,6 +189,166 @@ TEST_F(MessageBoxTest, EnterMeansNoInAQuestionThatDiscards)
     EXPECT_FALSE(ask(EnterMeans::No, Answer::Enter));
     EXPECT_FALSE(ask(EnterMeans::No, Answer::Escape));
     EXPECT_FALSE(ask(EnterMeans::No, Answer::Close));
+}
+
+/// Message boxes over a window of the size of a screen.
+class MessageBoxPlaceTest : public MessageBoxTest
+{
+public:
+    MessageBoxPlaceTest()
+    {
+        window.resize(600, 450);
+        window.move(120, 150);
+        QCoreApplication::processEvents();
+    }
+
+protected:
+    using Check = std::function<void(QMessageBox &)>;
+
+    /// Shows a box of every kind, with short, long and broken texts, and runs a check on each.
+    void checkAll(const Check &check)
+    {
+        const QString texts[] = {u"Saved OK."_s, u"Add this finish to the file?"_s,
+                                 u"The file can't be written. "_s.repeated(12).trimmed(),
+                                 u"The file \"a.tvd\" could not be written.\n\nIt is a folder."_s,
+                                 u"There is no file "_s + QString(200, u'w')};
+        for (const QString &text : texts) {
+            SCOPED_TRACE(text.toStdString());
+            boxes.expectNotice(title(), text);
+            boxes.beforeItsAnswer(check);
+            messagebox::notice(&window, title(), text);
+            boxes.expectQuestion(title(), text, Answer::No);
+            boxes.beforeItsAnswer(check);
+            messagebox::question(&window, title(), text, EnterMeans::No);
+            boxes.expectFailedSave(title(), text);
+            boxes.beforeItsAnswer(check);
+            messagebox::offer(&window, title(), text, u"&Save To Another File..."_s);
+            boxes.checkAllCame();
+        }
+    }
+
+    void expectCentred(QMessageBox &shown) const
+    {
+        const QPoint apart =
+            shown.frameGeometry().center() - window.window()->frameGeometry().center();
+        EXPECT_LE(std::abs(apart.x()), 1) << apart.x();
+        EXPECT_LE(std::abs(apart.y()), 1) << apart.y();
+    }
+};
+
+TEST_F(MessageBoxPlaceTest, TheTitleFitsBesideTheCloseButton)
+{
+    QFont font = QFontDatabase::systemFont(QFontDatabase::TitleFont);
+    font.setBold(true);
+    const QFontMetrics metrics(font);
+    for (const char *title :
+         {"Tarvold Data Editor", "Exclusive To Who?", "No Stipulation Stated"}) {
+        SCOPED_TRACE(title);
+        boxes.expectNotice(QLatin1StringView(title), u"Oh."_s);
+        boxes.beforeItsAnswer([&](QMessageBox &shown) {
+            const int room = 4 * metrics.height(); // icon, close button and borders
+            EXPECT_GE(shown.width(), metrics.horizontalAdvance(QLatin1StringView(title)) + room);
+        });
+        messagebox::notice(&window, QLatin1StringView(title), u"Oh."_s);
+        boxes.checkAllCame();
+    }
+}
+
+TEST_F(MessageBoxPlaceTest, IsCentredOverItsWindow)
+{
+    checkAll([this](QMessageBox &shown) { expectCentred(shown); });
+}
+
+TEST_F(MessageBoxPlaceTest, IsCentredOverTheWindowOfTheControlThatAsks)
+{
+    boxes.expectNotice(title(), u"Saved OK."_s);
+    boxes.beforeItsAnswer([this](QMessageBox &shown) { expectCentred(shown); });
+    messagebox::notice(&elsewhere, title(), u"Saved OK."_s);
+    boxes.checkAllCame();
+}
+
+TEST_F(MessageBoxPlaceTest, IsWhollyOnTheScreen)
+{
+    const QRect screen = window.screen()->availableGeometry();
+    for (const QPoint &place :
+         {QPoint(-560, -400), QPoint(screen.right() - 40, screen.bottom() - 40),
+          QPoint(-560, screen.bottom() - 40), QPoint(screen.right() - 40, -400)}) {
+        window.move(place);
+        QCoreApplication::processEvents();
+        checkAll(
+            [&screen](QMessageBox &shown) { EXPECT_TRUE(screen.contains(shown.frameGeometry())); });
+    }
+}
+
+TEST_F(MessageBoxPlaceTest, TheMarginsAreEven)
+{
+    checkAll([](QMessageBox &shown) {
+        QRect content = shown.findChild<QLabel *>(u"qt_msgbox_label"_s)->geometry();
+        const int left = content.left();
+        for (const QAbstractButton *button : shown.buttons()) {
+            content |= QRect(button->mapTo(&shown, QPoint()), button->size());
+        }
+        EXPECT_EQ(content.left(), left) << "the buttons begin left of the text";
+        EXPECT_EQ(content.left(), shown.rect().right() - content.right());
+        EXPECT_EQ(content.top(), shown.rect().bottom() - content.bottom());
+        EXPECT_EQ(content.top(), content.left());
+    });
+}
+
+TEST_F(MessageBoxPlaceTest, HasACloseButtonOnly)
+{
+    checkAll([](QMessageBox &shown) {
+        const Qt::WindowFlags flags = shown.windowFlags();
+        for (const Qt::WindowType wanted :
+             {Qt::WindowTitleHint, Qt::WindowSystemMenuHint, Qt::WindowCloseButtonHint}) {
+            EXPECT_TRUE(flags.testFlag(wanted)) << wanted;
+        }
+        for (const Qt::WindowType unwanted :
+             {Qt::WindowMinimizeButtonHint, Qt::WindowMaximizeButtonHint,
+              Qt::WindowContextHelpButtonHint}) {
+            EXPECT_FALSE(flags.testFlag(unwanted)) << unwanted;
+        }
+        EXPECT_EQ(shown.minimumSize(), shown.maximumSize());
+    });
+}
+
+/// Counts how often a message box is moved or resized while the user sees it.
+class MessageBoxJumps : public QObject
+{
+public:
+    MessageBoxJumps() { qApp->installEventFilter(this); }
+
+    bool isSeen = false;
+    int count = 0;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (qobject_cast<QMessageBox *>(watched) == nullptr) {
+            return false;
+        }
+        const QEvent::Type type = event->type();
+        if (type == QEvent::Paint) {
+            isSeen = true;
+        } else if (type == QEvent::Hide) {
+            isSeen = false;
+        } else if (isSeen && (type == QEvent::Move || type == QEvent::Resize)) {
+            ++count;
+        }
+        return false;
+    }
+};
+
+TEST_F(MessageBoxPlaceTest, NeverJumps)
+{
+    MessageBoxJumps jumps;
+    checkAll([&jumps](QMessageBox &shown) {
+        ASSERT_TRUE(QTest::qWaitFor([&jumps] { return jumps.isSeen; }));
+        QEvent request(QEvent::LayoutRequest); // as after a change of the style
+        QCoreApplication::sendEvent(&shown, &request);
+        QCoreApplication::processEvents();
+    });
+    EXPECT_EQ(jumps.count, 0);
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 
 #include <QAbstractItemView>
 #include <QAccessible>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QStandardItemModel>
 #include <QWheelEvent>
@@ -109,6 +110,15 @@ void ComboBox::followText()
         // setCurrentIndex(-1) would clear the text.
         m_items->forget(m_items->index(currentIndex(), modelColumn()));
     }
+}
+
+bool ComboBox::event(QEvent *event)
+{
+    if (event->type() == QEvent::ToolTip &&
+        m_box->showWholeText(static_cast<QHelpEvent *>(event)->globalPos())) {
+        return true;
+    }
+    return QComboBox::event(event);
 }
 
 void ComboBox::keyPressEvent(QKeyEvent *event)

@@ -16,6 +16,8 @@ class TextBox;
 /// Undo after a pick restores the typed text; neither undo nor redo counts as a choice. The current
 /// index follows what the user types, picks and undoes, and what setText() shows: it is the index
 /// of the item with this text, or -1 if there is none.
+///
+/// Clicks, focus and tooltips are those of a TextBox, the tooltip also over the arrow.
 class ComboBox : public QComboBox
 {
     Q_OBJECT
@@ -36,6 +38,7 @@ signals:
     void chosen();
 
 protected:
+    bool event(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
 

@@ -3,7 +3,6 @@
 #include "controls/long_text.h"
 
 #include <QHelpEvent>
-#include <QTextDocument>
 #include <QToolTip>
 
 namespace tarvold {
@@ -16,11 +15,7 @@ bool ListRows::helpEvent(QHelpEvent *event, QAbstractItemView *view,
     }
     const QString text = index.data().toString();
     const bool fits = view->fontMetrics().horizontalAdvance(text) < view->viewport()->width();
-    constexpr qsizetype kMostShown = 1000;
-    const QString hint = longtext::breakable(longtext::quoted(text, kMostShown));
-    QToolTip::showText(event->globalPos(),
-                       fits ? QString() : Qt::convertFromPlainText(hint, Qt::WhiteSpaceNormal),
-                       view);
+    QToolTip::showText(event->globalPos(), fits ? QString() : longtext::toolTip(text), view);
     return true;
 }
 

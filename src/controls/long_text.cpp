@@ -17,4 +17,11 @@ QString breakable(QString text)
     return text.replace(longWord, u"\\1\u200B"_s);
 }
 
+QString toolTip(const QString &text)
+{
+    constexpr qsizetype kMostShown = 2000;
+    return u"<p style=\"white-space: pre-wrap\">"_s +
+           breakable(quoted(text, kMostShown)).toHtmlEscaped() + u"</p>"_s;
+}
+
 } // namespace tarvold::longtext

@@ -11,4 +11,8 @@ QString quoted(const QString &text, qsizetype most);
 /// Adds invisible break points so that very long words, such as file names, can wrap.
 QString breakable(QString text);
 
+/// A text as QToolTip shows it: wrapped, never taken for markup, with all its spaces. Of a very
+/// long text, only the beginning and end, so that the tooltip fits the display.
+QString toolTip(const QString &text);
+
 } // namespace tarvold::longtext

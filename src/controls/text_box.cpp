@@ -1,13 +1,20 @@
 #include "controls/text_box.h"
 
-#include <QGuiApplication>
+#include "controls/long_text.h"
+
+#include <QApplication>
+#include <QHelpEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QRegularExpression>
+#include <QStyleOption>
+#include <QToolTip>
 
+#include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace tarvold {
 
@@ -23,10 +30,13 @@ QString onOneLine(QString text)
 
 } // namespace
 
-TextBox::TextBox(QWidget *parent) : QLineEdit(parent)
+TextBox::TextBox(QWidget *parent, FirstClick firstClick)
+    : QLineEdit(parent)
+    , m_firstClick(firstClick)
 {
     setMaxLength(std::numeric_limits<int>::max());
     setTextMargins(3, 0, 3, 0);
+    connect(this, &QLineEdit::textChanged, this, &TextBox::followText);
 }
 
 void TextBox::paste()
@@ -65,6 +75,93 @@ void TextBox::endUndoStep()
     setCursorPosition(place);
 }
 
+void TextBox::followText()
+{
+    if (!isModified() && !hasFocus()) { // set by the program, which leaves the cursor at the end
+        showBeginning();
+    }
+    if (underMouse() && QToolTip::isVisible()) {
+        QToolTip::hideText();
+    }
+}
+
+void TextBox::showBeginning()
+{
+    // QLineEdit always scrolls to the cursor.
+    if (cursorPosition() > 0) {
+        m_cursor = cursorPosition();
+        setCursorPosition(0);
+    }
+}
+
+bool TextBox::isFillWord() const
+{
+    const QString shown = text();
+    return m_firstClick == FirstClick::SelectsFillWord &&
+           (shown == "Any"_L1 || shown == "N/A"_L1 || shown == "None"_L1);
+}
+
+bool TextBox::fits() const
+{
+    constexpr int kInner = 2; // space that QLineEdit leaves on each side of the text
+    constexpr qsizetype kMostMeasured = 5000;
+    QStyleOptionFrame option;
+    initStyleOption(&option);
+    const QRect inside = style()->subElementRect(QStyle::SE_LineEditContents, &option, this);
+    const int room = inside.marginsRemoved(textMargins()).width() - 2 * kInner;
+    const QString shown = displayText();
+    return shown.size() <= kMostMeasured && fontMetrics().horizontalAdvance(shown) < room;
+}
+
+bool TextBox::showWholeText(const QPoint &place)
+{
+    if (fits()) {
+        return false;
+    }
+    QToolTip::showText(place, longtext::toolTip(text()), this);
+    return true;
+}
+
+bool TextBox::event(QEvent *event)
+{
+    if (event->type() == QEvent::ToolTip &&
+        showWholeText(static_cast<QHelpEvent *>(event)->globalPos())) {
+        return true;
+    }
+    return QLineEdit::event(event);
+}
+
+void TextBox::focusInEvent(QFocusEvent *event)
+{
+    const qsizetype cursor = std::min<qsizetype>(std::exchange(m_cursor, 0), text().size());
+    if (cursor > 0 && cursorPosition() == 0 && !hasSelectedText()) {
+        setCursorPosition(static_cast<int>(cursor));
+    }
+    m_isFocusNew = event->reason() == Qt::MouseFocusReason;
+    QLineEdit::focusInEvent(event);
+}
+
+void TextBox::focusOutEvent(QFocusEvent *event)
+{
+    QLineEdit::focusOutEvent(event);
+    m_isFocusNew = false;
+    m_pressed.reset();
+    // The focus comes back when the other window or the list closes, so nothing must move.
+    const Qt::FocusReason reason = event->reason();
+    if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) {
+        showBeginning();
+    }
+}
+
+void TextBox::hideEvent(QHideEvent *event)
+{
+    // A window that is hidden keeps the focus, but shown again it may give it to another control.
+    if (!event->spontaneous()) {
+        showBeginning();
+    }
+    QLineEdit::hideEvent(event);
+}
+
 void TextBox::keyPressEvent(QKeyEvent *event)
 {
     if (event->matches(QKeySequence::Paste)) {
@@ -88,8 +185,39 @@ void TextBox::keyPressEvent(QKeyEvent *event)
     event->setAccepted(clean.isAccepted());
 }
 
+void TextBox::mousePressEvent(QMouseEvent *event)
+{
+    QLineEdit::mousePressEvent(event);
+    m_pressed.reset();
+    if (!std::exchange(m_isFocusNew, false) || !isFillWord()) {
+        return;
+    }
+    if (event->button() == Qt::LeftButton) {
+        m_pressed = event->position().toPoint();
+    } else if (event->button() == Qt::RightButton) {
+        selectAll(); // for "Paste" in the context menu
+    }
+}
+
+void TextBox::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    QLineEdit::mouseDoubleClickEvent(event);
+    if (event->button() == Qt::LeftButton && isFillWord()) {
+        selectAll(); // Qt takes "N/A" for two words
+    }
+}
+
 void TextBox::mouseReleaseEvent(QMouseEvent *event)
 {
+    if (const auto pressed = std::exchange(m_pressed, std::nullopt)) {
+        const QPoint way = event->position().toPoint() - *pressed;
+        const bool isDrag = way.manhattanLength() >= QApplication::startDragDistance();
+        QLineEdit::mouseReleaseEvent(event);
+        if (!isDrag || !hasSelectedText()) {
+            selectAll(); // not before: a drag has to select what it passes
+        }
+        return;
+    }
     QClipboard *clipboard = QGuiApplication::clipboard();
     if (event->button() == Qt::MiddleButton && clipboard->supportsSelection()) {
         deselect();

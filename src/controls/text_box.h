@@ -3,21 +3,40 @@
 #include <QClipboard>
 #include <QLineEdit>
 
+#include <optional>
+
 namespace tarvold {
 
 /// The single-line text box of all screens.
 ///
 /// Typed and pasted text is kept as it is, at any length, except for line breaks: a field is one
 /// line of a file, so each line break becomes a space.
+///
+/// A box without the focus shows the beginning of its text; the cursor is back in its place when
+/// the focus comes back. Text that doesn't fit is shown in a tooltip, instead of the box's own
+/// tooltip if it has one.
 class TextBox : public QLineEdit
 {
     Q_OBJECT
 public:
-    explicit TextBox(QWidget *parent = nullptr);
+    /// What a click does that brings the focus into a box whose text is just a fill word: "Any",
+    /// "N/A" or "None". Whoever types then wants to replace the word, not to add to it.
+    enum class FirstClick {
+        SelectsFillWord, ///< selects the word; a second click places the cursor
+        PlacesCursor     ///< places the cursor, as for any other text
+    };
+
+    explicit TextBox(QWidget *parent = nullptr,
+                     FirstClick firstClick = FirstClick::SelectsFillWord);
 
     /// Replaces the whole text as one undo step; the cursor moves to its end. Also works in a
     /// read-only box.
     void replaceAsOneStep(const QString &text);
+
+    /// Shows the text in a tooltip if it doesn't fit into the box.
+    /// \param place the position of the mouse on the screen
+    /// \return whether the tooltip is shown
+    bool showWholeText(const QPoint &place);
 
 public slots:
     /// Hides QLineEdit::paste(). The context menu looks up slots by name and so calls this one.
@@ -28,7 +47,13 @@ protected:
     /// and after it.
     void insertAsOneStep(const QString &text);
 
+    bool event(QEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void dropEvent(QDropEvent *event) override;
     void inputMethodEvent(QInputMethodEvent *event) override;
@@ -36,6 +61,15 @@ protected:
 private:
     void endUndoStep();
     void pasteFrom(QClipboard::Mode mode);
+    void followText();
+    void showBeginning();
+    bool isFillWord() const;
+    bool fits() const;
+
+    FirstClick m_firstClick;
+    bool m_isFocusNew = false;       ///< a click brought the focus, and is not handled yet
+    std::optional<QPoint> m_pressed; ///< where that click began in a fill word
+    int m_cursor = 0;                ///< where the cursor was when the box lost the focus
 };
 
 } // namespace tarvold

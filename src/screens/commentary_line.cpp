@@ -10,7 +10,7 @@ constexpr QColor kYellow(0xFF, 0xFF, 0x00);
 
 } // namespace
 
-CommentaryLine::CommentaryLine(QWidget *parent) : TextBox(parent)
+CommentaryLine::CommentaryLine(QWidget *parent) : TextBox(parent, FirstClick::PlacesCursor)
 {
     setMarked(false);
 }

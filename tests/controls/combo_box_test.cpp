@@ -1,4 +1,5 @@
 #include "controls/combo_box.h"
+#include "support/tool_tips.h"
 #include "support/window_test.h"
 
 #include <QAbstractItemView>
@@ -364,6 +365,99 @@ TEST_F(ComboBoxTest, PastedLineBreaksBecomeSpaces)
     typeIn(QString());
     paste(combo, u"one\r\ntwo"_s);
     EXPECT_EQ(combo.currentText(), u"one two"_s);
+}
+
+TEST_F(ComboBoxTest, TheFirstClickSelectsAFillWord)
+{
+    for (const char *word : {"Any", "N/A", "None"}) {
+        SCOPED_TRACE(word);
+        combo.setText(QLatin1StringView(word));
+        click(elsewhere);
+        click(combo);
+        EXPECT_EQ(combo.lineEdit()->selectedText(), QLatin1StringView(word));
+        QTest::keyClicks(&combo, u"mine"_s);
+        EXPECT_EQ(combo.currentText(), u"mine"_s);
+        combo.setText(QLatin1StringView(word));
+        click(elsewhere);
+        click(combo);
+        click(combo);
+        EXPECT_FALSE(combo.lineEdit()->hasSelectedText());
+    }
+    EXPECT_EQ(chosen.count(), 0);
+}
+
+TEST_F(ComboBoxTest, AClickPlacesTheCursorInAnyOtherText)
+{
+    for (const char *text : {"Apple", "any", "NA"}) {
+        SCOPED_TRACE(text);
+        combo.setText(QLatin1StringView(text));
+        click(elsewhere);
+        click(combo);
+        EXPECT_FALSE(combo.lineEdit()->hasSelectedText());
+    }
+}
+
+TEST_F(ComboBoxTest, AClickAfterThePickOfAFillWordPlacesTheCursor)
+{
+    // The click on the arrow brought the focus.
+    click(elsewhere);
+    pick(combo, u"Any"_s);
+    reactivateWindow();
+    ASSERT_TRUE(combo.hasFocus());
+    click(combo);
+    EXPECT_FALSE(combo.lineEdit()->hasSelectedText());
+}
+
+TEST_F(ComboBoxTest, TabSelectsAll)
+{
+    for (const char *text : {"Any", "mine"}) {
+        combo.setText(QLatin1StringView(text));
+        click(elsewhere);
+        QTest::keyClick(window.windowHandle(), Qt::Key_Backtab);
+        ASSERT_TRUE(combo.hasFocus());
+        EXPECT_EQ(combo.lineEdit()->selectedText(), QLatin1StringView(text));
+    }
+}
+
+TEST_F(ComboBoxTest, WithoutTheFocusItShowsTheBeginning)
+{
+    const QString longText = u"a text that is much longer than the box "_s.repeated(3).trimmed();
+    QLineEdit &box = *combo.lineEdit();
+    const auto showsBeginning = [&box] {
+        box.grab(); // QLineEdit scrolls when it is painted
+        return box.cursorPositionAt({8, box.rect().center().y()}) <= 1;
+    };
+    window.resize(240, 120);
+    typeIn(longText);
+    EXPECT_FALSE(showsBeginning());
+    QTest::keyClick(window.windowHandle(), Qt::Key_F4); // the list takes the focus and returns it
+    QTest::keyClick(combo.view(), Qt::Key_Escape);
+    reactivateWindow();
+    EXPECT_EQ(box.cursorPosition(), longText.size());
+    QTest::keyClick(&combo, Qt::Key_Tab);
+    EXPECT_TRUE(showsBeginning());
+    combo.setFocus(Qt::OtherFocusReason);
+    EXPECT_EQ(box.cursorPosition(), longText.size());
+    undo();
+    EXPECT_NE(combo.currentText(), longText);
+    elsewhere.setFocus();
+    combo.setText(longText + u"set"_s);
+    EXPECT_TRUE(showsBeginning());
+}
+
+TEST_F(ComboBoxTest, ATextThatDoesNotFitIsShownWholeInATooltip)
+{
+    const QString longText = u"<b>longer</b> than the box "_s.repeated(5).trimmed();
+    window.resize(240, 120);
+    QCoreApplication::processEvents();
+    combo.setToolTip(u"its own"_s);
+    for (QWidget *target :
+         {static_cast<QWidget *>(combo.lineEdit()), static_cast<QWidget *>(&combo)}) {
+        combo.setText(longText);
+        EXPECT_EQ(toolTipOf(*target), longText);
+        combo.setText(u"Apple"_s);
+        EXPECT_EQ(toolTipOf(*target), u"its own"_s);
+    }
 }
 
 } // namespace

@@ -6,7 +6,7 @@
 #include "datafiles/record.h"
 #include "datafiles/stipulation_table.h"
 #include "disk/append.h"
-#include "disk/durable.h"
+#include "disk/file_path.h"
 #include "disk/read.h"
 
 #include <QHash>
@@ -41,11 +41,12 @@ public:
     /// Reads the file again unless it is unchanged since the last call.
     Result<void> refresh()
     {
-        const std::optional<durable::FileState> state = durable::stateOf(m_name);
+        const Result<FilePath> path = FilePath::ofTyped(m_name);
+        const std::optional<FileState> state = path ? path->state() : std::nullopt;
         if (state && state == m_state) {
             return {};
         }
-        const bool isTrusted = state && !durable::mayChangeUnseen(*state);
+        const bool isTrusted = state && !mayChangeUnseen(*state);
         const Result<QByteArray> bytes = readFile(m_name);
         if (!bytes) {
             return tl::unexpected(bytes.error());
@@ -83,7 +84,7 @@ private:
     }
 
     QString m_name;
-    std::optional<durable::FileState> m_state;
+    std::optional<FileState> m_state;
     QHash<QByteArray, std::vector<int>> m_positions;
     std::optional<FileError> m_cutShort;
 };

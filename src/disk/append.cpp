@@ -1,9 +1,7 @@
 #include "disk/append.h"
 
-#include "disk/durable.h"
+#include "disk/file.h"
 #include "disk/read_back.h"
-
-#include <QFile>
 
 #include <utility>
 
@@ -19,95 +17,77 @@ constexpr int kMostTries = 10;
 class Try
 {
 public:
-    explicit Try(QString path) : m_path(std::move(path)) {}
+    explicit Try(FilePath path) : m_path(std::move(path)) {}
 
     /// Appends the bytes and brings them to the disk.
-    std::optional<QString> append(QByteArrayView bytes);
+    /// \return whether the path means a file with the bytes in it now
+    Result<bool> append(QByteArrayView bytes);
 
-    /// Whether the name means a file with the bytes in it, after they were appended.
-    bool isThere() const { return m_isThere; }
-
-    /// Undoes what was written. `true` when the file that the name means has nothing of it.
+    /// Undoes what was written. `true` when the file that the path means has nothing of it.
     bool undo();
 
-    /// Takes the appended bytes out of a file that lost its name to another one. `false` when the
-    /// file kept its name, and may have a part of them.
-    bool takeOutOfOldFile() { return meansThisFile() == false && cut(); }
+    /// Undoes what was written to a file that lost its name to another one. `false` when the file
+    /// kept its name, and may have a part of the bytes.
+    bool undoInOldFile();
 
 private:
-    std::optional<bool> meansThisFile() const
-    {
-        return durable::meansFile(m_path, m_file.handle());
-    }
-    std::optional<QString> open();
-    void noteEnd();
+    Result<void> open();
+    Result<void> write(QByteArrayView bytes);
     bool cut();
 
-    QString m_path;
-    QFile m_file;
+    FilePath m_path;
+    File m_file;
     bool m_created = false;
-    bool m_isThere = false;
-    qint64 m_written = 0;
     qint64 m_end = 0; ///< behind what was written; only other programs write further
 };
 
-std::optional<QString> Try::open()
+Result<void> Try::open()
 {
-    if (auto failure = durable::openAlone(m_file, m_path, QIODevice::Append, &m_created)) {
-        return failure;
+    Result<File> file = File::openLocked(m_path, File::Access::Append);
+    if (!file) {
+        return failure(file.error());
     }
-    const std::optional<qint64> size = durable::sizeOf(m_file.handle());
-    m_end = size.value_or(0);
+    m_file = std::move(*file);
+    const Result<qint64> size = m_file.size();
+    m_end = size.value_or(0); // after this failure nothing is written
     // A file that holds something was made by somebody else, whatever the look-up said.
-    m_created = m_created && m_end == 0;
-    return size ? std::nullopt : std::optional(qt_error_string());
+    m_created = m_file.isNew() && m_end == 0;
+    return size.map([](qint64 /*size*/) {});
 }
 
-std::optional<QString> Try::append(QByteArrayView bytes)
+Result<void> Try::write(QByteArrayView bytes)
 {
-    if (auto failure = open()) {
-        return failure;
+    auto written = m_file.append(bytes).and_then([this] { return m_file.sync(); });
+    // The system writes behind the end as it is then, which is elsewhere if a program that asks for
+    // no lock changed the file meanwhile. Where it does not tell, nobody is taken to have.
+    if (m_file.appended() > 0) {
+        m_end = m_file.position().value_or(m_end + m_file.appended());
     }
-    if (!durable::reserve(m_file.handle(), m_end, bytes.size())) {
-        return qt_error_string();
-    }
-    auto failure = durable::writeAndSync(m_file, bytes, &m_written);
-    noteEnd();
-    if (failure) {
-        return failure;
-    }
-    // Even a file that was there may have got its name just now, from a program that syncs nothing.
-    if (!durable::syncFolderOf(m_path)) {
-        return qt_error_string();
-    }
-    const std::optional<bool> isThere =
-        isWritten(m_path, m_file.handle(), m_end - m_written, bytes);
-    if (!isThere) {
-        return qt_error_string();
-    }
-    m_isThere = *isThere;
-    return std::nullopt;
+    return written;
 }
 
-/// The system writes behind the end as it is then, which is elsewhere if a program that asks for no
-/// lock changed the file meanwhile.
-void Try::noteEnd()
+Result<bool> Try::append(QByteArrayView bytes)
 {
-    if (m_written > 0) {
-        m_end = durable::placeIn(m_file.handle()).value_or(m_end + m_written);
-    }
+    return open()
+        .and_then([&] { return m_file.reserve(m_end, bytes.size()); })
+        .and_then([&] { return write(bytes); })
+        // Even a file that was there may have got its name just now, from a program that syncs
+        // nothing.
+        .and_then([&] { return m_path.syncFolder(); })
+        .and_then([&] { return isWritten(m_path, m_file, m_end - m_file.appended(), bytes); });
 }
 
 /// Gives the file its old length, unless another program wrote behind the bytes or cut them.
 /// `true` when it holds nothing that was written here.
 bool Try::cut()
 {
-    const qint64 oldEnd = m_end - m_written;
-    const std::optional<qint64> size = durable::sizeOf(m_file.handle());
-    if (size == m_end && m_file.resize(oldEnd) && durable::syncFile(m_file.handle())) {
+    const qint64 oldEnd = m_end - m_file.appended();
+    const Result<qint64> size = m_file.size();
+    if (size == m_end && m_file.resize(oldEnd) && m_file.sync()) {
         return true;
     }
-    return m_written == 0 || (size && *size <= oldEnd);
+    // A file of unknown size may hold all of it.
+    return size.value_or(m_end) <= oldEnd || m_file.appended() == 0;
 }
 
 bool Try::undo()
@@ -115,15 +95,24 @@ bool Try::undo()
     if (!m_file.isOpen()) {
         return true;
     }
-    const std::optional<bool> isThis = meansThisFile();
-    // Through a link it is the file itself that was created, and the link stays.
-    if (isThis == true && m_created && durable::sizeOf(m_file.handle()) == m_end &&
-        durable::removeFile(m_path)) {
+    const Result<bool> isThis = m_file.isAt(m_path);
+    // Through a link it is the file itself that was created, and the link stays. What the path
+    // means must be known for that.
+    if (isThis.value_or(false) && m_created && m_file.size() == m_end && m_path.remove()) {
         return true;
     }
     const bool isCut = cut();
+    if (isThis.value_or(true)) { // if unknown, nobody is taken to have replaced it
+        return isCut && !m_created;
+    }
     // What has the name now may be a copy that was made during the write.
-    return isThis == false ? m_written == 0 : isCut && !m_created;
+    return m_file.appended() == 0;
+}
+
+bool Try::undoInOldFile()
+{
+    // Cut only when the path surely means another file.
+    return !m_file.isAt(m_path).value_or(true) && cut();
 }
 
 } // namespace
@@ -132,18 +121,21 @@ Result<void> appendToFile(const QString &name, QByteArrayView bytes)
 {
     auto outcome = FileOutcome::Unchanged;
     for (int count = 0; count < kMostTries; ++count) {
-        if (const auto ordinary = checkOrdinary(name); !ordinary) {
-            return failure(ordinary.error().cause, outcome);
+        const Result<FilePath> path = FilePath::ofOrdinary(name);
+        if (!path) {
+            return failure(path.error().cause, outcome);
         }
-        Try attempt(durable::pathOf(name));
-        if (const auto cause = attempt.append(bytes)) {
-            return failure(*cause, attempt.undo() ? outcome : FileOutcome::MaybeChanged);
-        }
-        if (attempt.isThere()) {
+        Try attempt(*path);
+        const Result<bool> isThere = attempt.append(bytes);
+        if (isThere == true) {
             return {};
         }
-        if (!attempt.takeOutOfOldFile()) {
-            outcome = FileOutcome::MaybeChanged;
+        const bool isUndone =
+            isThere ? attempt.undoInOldFile()
+                    : isThere.error().outcome == FileOutcome::Unchanged && attempt.undo();
+        outcome = isUndone ? outcome : FileOutcome::MaybeChanged;
+        if (!isThere) {
+            return failure(isThere.error().cause, outcome);
         }
     }
     return failure(u"Another program changes it again and again."_s, outcome);

@@ -18,8 +18,18 @@ enum class FileOutcome {
 /// Why a data file could not be read or written.
 struct FileError
 {
+    /// The causes that code acts on.
+    enum class Reason {
+        Other,
+        Missing,
+        Exists,
+        Denied, ///< the user has no permission
+        Busy,   ///< another program uses the file: a retry may succeed
+    };
+
     QString cause; ///< in words, for the user
     FileOutcome outcome = FileOutcome::Unchanged;
+    Reason reason = Reason::Other;
 };
 
 /// A value, or why there is none.
@@ -27,15 +37,28 @@ template <typename Value>
 using Result = tl::expected<Value, FileError>;
 
 /// An error to be returned as a Result.
+inline tl::unexpected<FileError> failure(FileError error)
+{
+    return tl::unexpected(std::move(error));
+}
+
+/// \overload
 inline tl::unexpected<FileError> failure(QString cause,
                                          FileOutcome outcome = FileOutcome::Unchanged)
 {
-    return tl::unexpected(FileError{std::move(cause), outcome});
+    return failure({std::move(cause), outcome});
 }
 
-/// Fails when a name means no ordinary file: it is empty, no name at all, a folder, a pipe or a
-/// device. A file that is not there yet is fine.
-/// \param name as the user typed it
-[[nodiscard]] Result<void> checkOrdinary(const QString &name);
+/// What an error code of the system means.
+[[nodiscard]] FileError systemError(int code);
+
+/// The error of the system call that just failed; to be asked for before any other call.
+[[nodiscard]] FileError systemError();
+
+/// The result of a system call that just succeeded or failed.
+[[nodiscard]] inline Result<void> resultOf(bool succeeded)
+{
+    return succeeded ? Result<void>() : failure(systemError());
+}
 
 } // namespace tarvold

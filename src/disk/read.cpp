@@ -1,8 +1,6 @@
 #include "disk/read.h"
 
-#include "disk/durable.h"
-
-#include <QFile>
+#include "disk/file.h"
 
 #include <algorithm>
 
@@ -12,34 +10,32 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-tl::unexpected<FileError> tooLarge()
-{
-    return failure(u"It is larger than 1 GB."_s);
-}
-
 /// Reads to the end. A read that runs short is no end: only the next one tells why it did. Some
 /// files that the system makes up tell no size and never end.
-Result<QByteArray> readToEnd(QFile &file)
+Result<QByteArray> readToEnd(const File &file)
 {
     constexpr qsizetype kLeastRoom = 4096;
     constexpr qsizetype kMostRoom = 1'073'741'824 + kLeastRoom;
-    if (file.size() > kMostRoom - kLeastRoom) {
-        return tooLarge();
+    const auto tooLarge = u"It is larger than 1 GB."_s;
+    const qint64 size = file.size().value_or(0); // a hint; failure is ignored
+    if (size > kMostRoom - kLeastRoom) {
+        return failure(tooLarge);
     }
-    QByteArray bytes(file.size() + kLeastRoom, Qt::Uninitialized);
+    QByteArray bytes(size + kLeastRoom, Qt::Uninitialized);
     qsizetype length = 0;
     while (true) {
-        const qint64 read = file.read(bytes.data() + length, bytes.size() - length);
-        if (read < 0) {
-            return failure(durable::causeOf(file));
+        const Result<qint64> count =
+            file.readAt(length, {bytes.data() + length, std::size_t(bytes.size() - length)});
+        if (!count) {
+            return failure(count.error());
         }
-        if (read == 0) {
+        if (*count == 0) {
             bytes.truncate(length);
             return bytes;
         }
-        length += read;
+        length += *count;
         if (length == kMostRoom) {
-            return tooLarge();
+            return failure(tooLarge);
         }
         if (length == bytes.size()) {
             bytes.resize(std::min(2 * length, kMostRoom));
@@ -51,20 +47,17 @@ Result<QByteArray> readToEnd(QFile &file)
 
 bool fileExists(const QString &name)
 {
-    return durable::canBeName(name) && durable::exists(durable::pathOf(name));
+    const Result<FilePath> path = FilePath::ofTyped(name);
+    return path && path->exists();
 }
 
 Result<QByteArray> readFile(const QString &name)
 {
-    if (const auto ordinary = checkOrdinary(name); !ordinary) {
-        return tl::unexpected(ordinary.error());
-    }
-    // Alone, else a record that another copy of this program is just writing could be read in part.
-    QFile file;
-    if (const auto cause = durable::openAlone(file, durable::pathOf(name), QIODevice::ReadOnly)) {
-        return failure(*cause);
-    }
-    return readToEnd(file);
+    // Locked, else a record that another copy of this program is just writing could be read in
+    // part.
+    return FilePath::ofOrdinary(name)
+        .and_then([](const FilePath &path) { return File::openLocked(path, File::Access::Read); })
+        .and_then(readToEnd);
 }
 
 } // namespace tarvold

@@ -1,106 +1,84 @@
 #include "disk/read_back.h"
 
-#include "disk/durable.h"
-
-#include <QFile>
+#include <QByteArray>
 
 #include <algorithm>
 
 namespace tarvold {
 namespace {
 
-/// Whether an open file holds bytes at a place. Nothing with the error code set on failure.
-std::optional<bool> holds(int handle, qint64 place, QByteArrayView bytes)
+/// Whether a file holds bytes as whole lines, wherever.
+Result<bool> holdsAnywhere(const File &file, QByteArrayView lines)
 {
-    constexpr qsizetype kBlock = 65536;
-    QByteArray block(std::min(kBlock, bytes.size()), Qt::Uninitialized);
-    while (!bytes.isEmpty()) {
-        const qsizetype wanted = std::min(block.size(), bytes.size());
-        const std::optional<qint64> count = durable::readAt(handle, place, block.data(), wanted);
+    constexpr qsizetype kLeastBlock = 65536;
+    const QByteArray wanted = '\n' + lines.toByteArray(); // behind the end of another line
+    QByteArray block(std::max(kLeastBlock, wanted.size()), Qt::Uninitialized);
+    QByteArray window("\n"); // the block, behind what the wanted bytes may begin with
+    for (qint64 place = 0;;) {
+        const Result<qint64> count = file.readAt(place, {block.data(), std::size_t(block.size())});
         if (!count) {
-            return std::nullopt;
+            return failure(count.error());
         }
-        if (*count == 0 || QByteArrayView(block).first(*count) != bytes.first(*count)) {
+        if (*count == 0) {
             return false;
         }
-        bytes = bytes.sliced(*count);
+        window += QByteArrayView(block).first(*count);
+        if (window.contains(wanted)) {
+            return true;
+        }
+        window = window.last(std::min(window.size(), wanted.size() - 1));
         place += *count;
     }
-    return true;
-}
-
-/// Whether an open file holds bytes as whole lines, wherever. Nothing with the error code set on
-/// failure.
-std::optional<bool> holdsAnywhere(int handle, QByteArrayView lines)
-{
-    QFile file;
-    if (!durable::rewind(handle) || !file.open(handle, QIODevice::ReadOnly)) {
-        return std::nullopt;
-    }
-    const QByteArray all = file.readAll();
-    if (file.error() != QFileDevice::NoError) {
-        return std::nullopt;
-    }
-    qsizetype at = all.indexOf(lines);
-    while (at > 0 && all.at(at - 1) != '\n') {
-        at = all.indexOf(lines, at + 1);
-    }
-    return at >= 0;
 }
 
 /// What isWritten() tells of a path that cannot be opened for reading.
-std::optional<bool> isWrittenUnread(const QString &path, int handle, qint64 end)
+Result<bool> isWrittenUnread(const FilePath &path, const File &written, qint64 end,
+                             const FileError &refusal)
 {
-    const durable::KeptError kept;
-    const bool isDenied = durable::isDenied();
-    const std::optional<bool> isSame = durable::meansFile(path, handle);
-    if (!isSame || !*isSame) {
-        return isSame;
+    Result<bool> isSame = written.isAt(path);
+    if (isSame == false) {
+        return false;
     }
-    const std::optional<qint64> size = durable::sizeOf(handle);
-    return size && isDenied ? std::optional(*size >= end) : std::nullopt;
+    const Result<qint64> size = written.size();
+    const bool isDenied = refusal.reason == FileError::Reason::Denied;
+    return isSame && size && isDenied ? Result<bool>(*size >= end) : failure(refusal);
 }
 
 /// What isWritten() tells, once the path is opened for reading.
-std::optional<bool> isWrittenIn(int opened, const QString &path, int handle, qint64 place,
-                                QByteArrayView bytes)
+Result<bool> isWrittenIn(File &found, const FilePath &path, const File &written, qint64 place,
+                         QByteArrayView lines)
 {
-    const std::optional<bool> isOrdinary = durable::isOrdinary(opened);
-    if (!isOrdinary || !*isOrdinary) {
+    Result<bool> isOrdinary = found.isOrdinary();
+    if (isOrdinary != true) {
         return isOrdinary;
     }
-    const std::optional<bool> isInPlace = holds(opened, place, bytes);
+    Result<bool> isInPlace = found.holds(place, lines);
     if (!isInPlace) {
-        return std::nullopt;
+        return isInPlace;
     }
     if (*isInPlace) {
-        const std::optional<bool> isSame = durable::areSame(opened, handle);
-        if (!isSame || *isSame) {
+        Result<bool> isSame = found.isSame(written);
+        if (isSame != false) {
             return isSame;
         }
     } else {
-        const std::optional<bool> isHeld = holdsAnywhere(opened, bytes);
-        if (!isHeld || !*isHeld) {
+        Result<bool> isHeld = holdsAnywhere(found, lines);
+        if (isHeld != true) {
             return isHeld;
         }
     }
     // Another program wrote them there, in a copy or in this file, and need not have synced them.
-    return durable::syncFile(opened) && durable::syncFolderOf(path) ? std::optional(true)
-                                                                    : std::nullopt;
+    return found.sync().and_then([&path] { return path.syncFolder(); }).map([] { return true; });
 }
 
 } // namespace
 
-std::optional<bool> isWritten(const QString &path, int handle, qint64 place, QByteArrayView bytes)
+Result<bool> isWritten(const FilePath &path, const File &written, qint64 place,
+                       QByteArrayView lines)
 {
-    const int opened = durable::openToRead(path);
-    if (opened < 0) {
-        return isWrittenUnread(path, handle, place + bytes.size());
-    }
-    const std::optional<bool> isIn = isWrittenIn(opened, path, handle, place, bytes);
-    const durable::KeptError kept;
-    durable::close(opened);
-    return isIn;
+    Result<File> found = File::open(path, File::Access::Read);
+    return found ? isWrittenIn(*found, path, written, place, lines)
+                 : isWrittenUnread(path, written, place + lines.size(), found.error());
 }
 
 } // namespace tarvold

@@ -1,9 +1,8 @@
 #pragma once
 
-#include <QByteArrayView>
-#include <QString>
+#include "disk/file.h"
 
-#include <optional>
+#include <QByteArrayView>
 
 namespace tarvold {
 
@@ -11,9 +10,8 @@ namespace tarvold {
 /// program copied or moved is brought to the disk as well. They are looked for where they were
 /// written, and anywhere else only when they are not there. A file that may not be read counts as
 /// holding them when it is the written one and long enough.
-/// \param handle the file that the bytes were written and synced to
-/// \return nothing with the system's error code set when that cannot be found out
-[[nodiscard]] std::optional<bool> isWritten(const QString &path, int handle, qint64 place,
-                                            QByteArrayView bytes);
+/// \param written the file that the lines were written and synced to
+[[nodiscard]] Result<bool> isWritten(const FilePath &path, const File &written, qint64 place,
+                                     QByteArrayView lines);
 
 } // namespace tarvold

@@ -1,49 +1,47 @@
 #pragma once
 
-#include <QByteArrayView>
-#include <QString>
+#include "disk/file.h"
 
-#include <memory>
+#include <QByteArrayView>
+
+#include <functional>
 #include <optional>
 
-class QFile;
+namespace tarvold {
 
-namespace tarvold::durable {
-
-/// A new file beside an old one, which is to take the old one's name. Until then it goes when this
-/// object does, and the old file stays as it is.
+/// A temporary file beside an old file, whose name it is to take. Until it has the name it is
+/// removed when this object goes, and the old file stays as it is.
 class Replacement
 {
 public:
-    /// Why the name could not be taken.
-    struct Failure
-    {
-        QString cause; ///< in words
-        bool mayPass;  ///< another program has the old file open: a later try may succeed
-    };
-
-    /// \param path with all links followed, as realPathOf() gives it; no file need be there
-    explicit Replacement(const QString &path);
+    /// \param path with all links followed; no file need be there
+    explicit Replacement(FilePath path) : m_path(std::move(path)) {}
     ~Replacement();
     Q_DISABLE_COPY_MOVE(Replacement)
 
-    /// Makes the new file with the rights and attributes of the old one, and brings all its bytes
-    /// to the disk.
-    /// \return what went wrong, in words
-    [[nodiscard]] std::optional<QString> write(QByteArrayView bytes);
+    /// Creates the temporary file with the permissions and attributes of the old one, and brings
+    /// all its bytes to the disk.
+    [[nodiscard]] Result<void> write(QByteArrayView bytes);
 
-    /// Lets the new file take the name in one step.
+    /// Renames the temporary file over the old one, in one step. `Busy` when another program keeps
+    /// that from being done.
     /// \param old the open old file with its lock, if there is one. Where the system replaces no
-    ///        open file it is closed for that, and left closed.
-    [[nodiscard]] std::optional<Failure> takeName(QFile &old);
+    ///        open file it is closed for that, and stays closed.
+    [[nodiscard]] Result<void> takeName(File &old);
 
-    /// Brings the name that was taken to the disk.
-    /// \return what went wrong, in words
-    [[nodiscard]] std::optional<QString> syncName();
+    /// Brings the new name to the disk.
+    [[nodiscard]] Result<void> syncName();
 
 private:
-    struct Parts;
-    std::unique_ptr<Parts> m_parts;
+    /// Tries random names beside the old file until `take` does not say that the name `Exists`, and
+    /// notes the name of the temporary file.
+    [[nodiscard]] Result<void>
+    takeTemporaryName(const std::function<Result<void>(const FilePath &)> &take);
+
+    FilePath m_path;
+    File m_file;
+    std::optional<FilePath> m_temporaryName; ///< while it has one; a file may have none at first
+    bool m_wasDenied = false; ///< the name, and by no program that has the old file open
 };
 
-} // namespace tarvold::durable
+} // namespace tarvold

@@ -1,96 +1,97 @@
 #include "disk/rewrite.h"
 
-#include "disk/durable.h"
 #include "disk/replacement.h"
-
-#include <QFile>
+#include "disk/retry.h"
 
 #include <array>
 #include <chrono>
-#include <thread>
+#include <utility>
 
 namespace tarvold {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto kPatience = 2s;
-constexpr auto kPause = 20ms;
-constexpr QStringView kChanged = u"Another program changed it.";
-
-/// Opens the file to be replaced, if it is there, for no copy of this program to write to.
-std::optional<FileError> claim(QFile &file, const QString &path)
+/// Tells of an error what became of the file that is rewritten.
+auto with(FileOutcome outcome)
 {
-    const auto failure = durable::openAlone(file, path, QIODevice::ReadOnly);
-    return failure && durable::exists(path) ? std::optional(FileError{*failure}) : std::nullopt;
+    return [outcome](FileError error) {
+        error.outcome = outcome;
+        return error;
+    };
 }
 
-/// Why an open file does not hold what the caller knows of it. Compared as bytes: times are too
-/// coarse to show every change, and show some that are none.
-std::optional<FileError> compare(QFile &file, QByteArrayView known)
+/// Opens and locks the file to be replaced. No open file when it is not there.
+Result<File> claim(const FilePath &path)
 {
-    constexpr std::size_t kBlock = 65536;
-    std::array<char, kBlock> block{};
-    while (true) {
-        const qint64 read = file.read(block.data(), block.size());
-        if (read < 0) {
-            return FileError{durable::causeOf(file)};
-        }
-        if (read == 0 && known.isEmpty()) {
-            return std::nullopt;
-        }
-        if (read == 0 || !known.startsWith(QByteArrayView(block.data(), read))) {
-            return FileError{.cause = kChanged.toString(),
-                             .outcome = FileOutcome::ChangedByAnother};
-        }
-        known = known.sliced(read);
+    Result<File> file = File::openLocked(path, File::Access::Read);
+    if (!file && !path.exists()) {
+        return File();
     }
+    return file;
 }
 
-/// Why the file that a name means is not what the caller knows of it. The claimed one does not
-/// tell: a program that asks for no lock may have put another one in its place.
+/// Whether an open file holds these bytes and no others. Compared as bytes: times are too coarse to
+/// show every change, and show some that are none.
+Result<bool> holdsOnly(const File &file, QByteArrayView bytes)
+{
+    Result<bool> isStart = file.holds(0, bytes);
+    if (isStart != true) {
+        return isStart;
+    }
+    std::array<char, 1> next{};
+    return file.readAt(bytes.size(), next).map([](qint64 count) { return count == 0; });
+}
+
+/// The same of the file that a path means. One that is gone has nothing to lose.
+Result<bool> isKnown(const FilePath &path, QByteArrayView bytes)
+{
+    const Result<File> file = File::openOrdinary(path, File::Access::Read);
+    if (file) {
+        return holdsOnly(*file, bytes);
+    }
+    return path.exists() ? Result<bool>(failure(file.error())) : true;
+}
+
+/// Fails when the file that a name means is not what the caller knows of it. The claimed one does
+/// not tell: a program that asks for no lock may have put another one in its place.
 /// \param path what the name meant before
-std::optional<FileError> whyNotAsKnown(const QString &name, const QString &path,
-                                       QByteArrayView known)
+Result<void> checkKnown(const QString &name, const FilePath &path, QByteArrayView known)
 {
-    const std::optional<durable::FileState> state = durable::stateOf(path);
-    QFile file;
-    if (const auto failure = durable::openOrdinary(file, path, QIODevice::ReadOnly)) {
-        if (durable::exists(path)) {
-            return FileError{*failure};
-        }
-    } else if (auto changed = compare(file, known)) {
-        return changed;
+    const std::optional<FileState> state = path.state();
+    const Result<bool> isSame = isKnown(path, known);
+    if (!isSame) {
+        return failure(isSame.error());
     }
-    file.close(); // now, to keep the time between the last look and the commit short
     // Comparing takes time, in which the file may be replaced.
-    if (durable::realPathOf(durable::pathOf(name)) != path || durable::stateOf(path) != state) {
-        return FileError{.cause = kChanged.toString(), .outcome = FileOutcome::ChangedByAnother};
+    const auto realPath = FilePath::ofTyped(name).and_then(&FilePath::real);
+    if (!*isSame || realPath != path || path.state() != state) {
+        return failure(u"Another program changed it."_s, FileOutcome::ChangedByAnother);
     }
-    return std::nullopt;
+    return {};
 }
 
 /// Lets a new file take the place of the old one, if that is still as known. Programs that keep
 /// this from being done, such as virus scanners, are given some time to let the old file go.
-std::optional<FileError> replace(const QString &name, const QString &path, QFile &old,
-                                 durable::Replacement &file, std::optional<QByteArrayView> known)
+Result<void> replace(const QString &name, const FilePath &path, File &old, Replacement &file,
+                     std::optional<QByteArrayView> known)
 {
-    const auto deadline = std::chrono::steady_clock::now() + kPatience;
-    while (true) {
+    return retry(20ms, [&, isFirst = true]() mutable -> Result<void> {
+        if (!std::exchange(isFirst, false) && !old.isOpen()) {
+            Result<File> claimed = claim(path);
+            if (!claimed) {
+                return failure(claimed.error());
+            }
+            old = std::move(*claimed);
+        }
         // Only now: whatever such a program does from here on is lost, so that this time has to be
         // short.
-        if (auto changed = known ? whyNotAsKnown(name, path, *known) : std::nullopt) {
-            return changed;
-        }
-        const auto failure = file.takeName(old);
-        if (!failure || !failure->mayPass || std::chrono::steady_clock::now() >= deadline) {
-            return failure ? std::optional(FileError{failure->cause}) : std::nullopt;
-        }
-        std::this_thread::sleep_for(kPause);
-        if (auto unfit = old.isOpen() ? std::nullopt : claim(old, path)) {
-            return unfit;
-        }
-    }
+        const auto checked = known ? checkKnown(name, path, *known) : Result<void>();
+        return checked ? file.takeName(old) : checked;
+    });
 }
 
 } // namespace
@@ -98,29 +99,20 @@ std::optional<FileError> replace(const QString &name, const QString &path, QFile
 Result<void> rewriteFile(const QString &name, QByteArrayView bytes,
                          std::optional<QByteArrayView> known)
 {
-    if (auto ordinary = checkOrdinary(name); !ordinary) {
-        return ordinary;
-    }
-    // Followed here, because Qt takes a link that it cannot look up for a plain file.
-    const std::optional<QString> path = durable::realPathOf(durable::pathOf(name));
+    // Links are followed here, for it is the file itself that is replaced.
+    const auto path = FilePath::ofOrdinary(name).and_then(&FilePath::real);
     if (!path) {
-        return failure(qt_error_string());
+        return failure(path.error());
     }
-    QFile old; // keeps its lock until the new file has taken its place
-    if (auto unfit = claim(old, *path)) {
-        return tl::unexpected(*unfit);
+    Result<File> old = claim(*path); // keeps its lock until the new file has taken its place
+    if (!old) {
+        return failure(old.error());
     }
-    durable::Replacement file(*path);
-    if (const auto cause = file.write(bytes)) {
-        return failure(*cause);
-    }
-    if (auto error = replace(name, *path, old, file, known)) {
-        return tl::unexpected(*error);
-    }
-    if (const auto cause = file.syncName()) {
-        return failure(*cause, FileOutcome::Unconfirmed);
-    }
-    return {};
+    Replacement file(*path);
+    return file.write(bytes)
+        .map_error(with(FileOutcome::Unchanged)) // whatever became of the temporary one
+        .and_then([&] { return replace(name, *path, *old, file, known); })
+        .and_then([&] { return file.syncName().map_error(with(FileOutcome::Unconfirmed)); });
 }
 
 } // namespace tarvold

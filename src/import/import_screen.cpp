@@ -7,7 +7,7 @@
 #include "controls/text_box.h"
 #include "datafiles/file_name.h"
 #include "datafiles/import_merge.h"
-#include "disk/file_error.h"
+#include "disk/file_path.h"
 #include "screens/failures.h"
 #include "screens/keys.h"
 #include "screens/main_menu.h"
@@ -153,7 +153,7 @@ void Form2::refreshFiles()
     const QString selected = selectedFile();
     QStringList names = QDir().entryList(QDir::Files | QDir::Hidden, QDir::Name);
     // Qt lists a link to a pipe or a device as a file.
-    names.removeIf([](const QString &name) { return !isTvdName(name) || !checkOrdinary(name); });
+    names.removeIf([](const QString &name) { return !isTvdName(name) || !FilePath::ofOrdinary(name); });
     m_names->setStringList(names);
     if (const qsizetype row = names.indexOf(selected); row >= 0) {
         m_files->setCurrentIndex(m_names->index(static_cast<int>(row)));

@@ -2,7 +2,7 @@
 
 #include "controls/message_box.h"
 #include "datafiles/file_name.h"
-#include "disk/durable.h"
+#include "disk/file_path.h"
 #include "disk/read.h"
 #include "screens/failures.h"
 #include "screens/main_menu.h"
@@ -57,8 +57,8 @@ void keepNoSettings()
 void startAt(QFileDialog &dialog, const QString &failed, DataFileKind kind)
 {
     const QString usual = QLatin1StringView(rowOf(kind).defaultName);
-    const bool isName = !failed.isEmpty() && durable::canBeName(failed);
-    const QFileInfo file(isName ? durable::pathOf(failed) : usual);
+    const auto path = FilePath::ofTyped(failed);
+    const QFileInfo file(path ? path->text() : usual);
     const QDir folder = file.absoluteDir();
     dialog.setDirectory(folder.exists() ? folder : QDir());
     const QString name = isTvdName(file.fileName()) ? file.fileName() : usual;
@@ -122,8 +122,9 @@ bool areSame(const QString &one, const QString &other)
     if (!fileExists(one) || !fileExists(other)) {
         return false;
     }
-    const QFileInfo first(durable::pathOf(one));
-    return first.canonicalFilePath() == QFileInfo(durable::pathOf(other)).canonicalFilePath();
+    const QFileInfo first(FilePath::ofTyped(one)->text());
+    const QFileInfo second(FilePath::ofTyped(other)->text());
+    return first.canonicalFilePath() == second.canonicalFilePath();
 }
 
 bool mayBeWritten(const FailedSave &failed, const QString &name)

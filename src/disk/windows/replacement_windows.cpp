@@ -1,67 +1,68 @@
-#include "disk/durable.h"
-#include "disk/lock_gap.h"
 #include "disk/replacement.h"
 #include "disk/windows/windows_file.h"
-
-#include <QFile>
-#include <QRandomGenerator>
 
 #include <algorithm>
 #include <new>
 #include <utility>
 #include <vector>
 
-namespace tarvold::durable {
+namespace tarvold {
 namespace {
 
-/// Who may do what with an open file, as the system keeps it. Empty where it keeps none.
-std::vector<char> rightsOf(HANDLE handle)
+/// The permissions of an open file (its DACL) as the system keeps them. Empty where it keeps none.
+std::vector<char> permissionsOf(const File &file)
 {
+    const auto get = [&file](std::vector<char> &to, DWORD &size) {
+        return ::GetKernelObjectSecurity(handleOf(file), DACL_SECURITY_INFORMATION, to.data(),
+                                         DWORD(to.size()), &size) != FALSE;
+    };
     DWORD size = 0;
-    ::GetKernelObjectSecurity(handle, DACL_SECURITY_INFORMATION, nullptr, 0, &size);
-    std::vector<char> rights(size);
-    const bool isKnown = size > 0 && ::GetKernelObjectSecurity(handle, DACL_SECURITY_INFORMATION,
-                                                               rights.data(), size, &size) != FALSE;
-    return isKnown ? rights : std::vector<char>();
+    std::vector<char> permissions;
+    get(permissions, size);
+    permissions.resize(size);
+    return size > 0 && get(permissions, size) ? permissions : std::vector<char>();
 }
 
-/// Whether somebody gave a file rights of its own; most have those of their folder.
-bool areOwn(std::vector<char> &rights)
+/// Whether some permissions were given to the file itself; most files inherit all from the folder.
+bool areExplicit(std::vector<char> &permissions)
 {
     SECURITY_DESCRIPTOR_CONTROL control = 0;
     DWORD revision = 0;
     BOOL isThere = FALSE;
     BOOL isDefault = FALSE;
     PACL list = nullptr;
-    if (rights.empty() ||
-        ::GetSecurityDescriptorControl(rights.data(), &control, &revision) == FALSE ||
-        ::GetSecurityDescriptorDacl(rights.data(), &isThere, &list, &isDefault) == FALSE) {
+    if (permissions.empty() ||
+        ::GetSecurityDescriptorControl(permissions.data(), &control, &revision) == FALSE ||
+        ::GetSecurityDescriptorDacl(permissions.data(), &isThere, &list, &isDefault) == FALSE) {
         return false;
     }
-    bool isOwn = (control & SE_DACL_PROTECTED) != 0 || (isThere != FALSE && list == nullptr);
+    bool isExplicit = (control & SE_DACL_PROTECTED) != 0 || (isThere != FALSE && list == nullptr);
     for (DWORD entry = 0; list != nullptr && entry < list->AceCount; ++entry) {
         void *found = nullptr;
-        isOwn = isOwn || (::GetAce(list, entry, &found) != FALSE &&
-                          (static_cast<ACE_HEADER *>(found)->AceFlags & INHERITED_ACE) == 0);
+        isExplicit =
+            isExplicit || (::GetAce(list, entry, &found) != FALSE &&
+                           (static_cast<ACE_HEADER *>(found)->AceFlags & INHERITED_ACE) == 0);
     }
-    return isOwn;
+    return isExplicit;
 }
 
-/// Gives a new file the rights of the old one that it has not from its folder. To set any takes
-/// more rights than to write, on a share above all.
-bool takeRights(const SystemHandle &from, HANDLE to)
+/// Copies the old file's explicit (non-inherited) permissions. To set any takes more permissions
+/// than to write, on a share above all.
+Result<void> copyPermissions(const File &from, const File &to)
 {
-    std::vector<char> rights = rightsOf(from.get());
-    if (!areOwn(rights) || rights == rightsOf(to)) {
-        return true;
+    std::vector<char> permissions = permissionsOf(from);
+    if (!areExplicit(permissions) || permissions == permissionsOf(to)) {
+        return {};
     }
-    const SystemHandle owned(::ReOpenFile(to, WRITE_DAC, kShared, 0));
-    return owned && ::SetKernelObjectSecurity(owned.get(), DACL_SECURITY_INFORMATION,
-                                              rights.data()) != FALSE;
+    return owning(::ReOpenFile(handleOf(to), WRITE_DAC, kShared, 0))
+        .and_then([&](const File &file) {
+            return resultOf(::SetKernelObjectSecurity(handleOf(file), DACL_SECURITY_INFORMATION,
+                                                      permissions.data()) != FALSE);
+        });
 }
 
-/// What a new file has of the old one from the start.
-DWORD attributesOf(const BY_HANDLE_FILE_INFORMATION &old)
+/// The attributes of the old file that a new file has from the start.
+DWORD keptAttributes(const BY_HANDLE_FILE_INFORMATION &old)
 {
     constexpr DWORD kKept = FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_ENCRYPTED |
                             FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED |
@@ -69,26 +70,17 @@ DWORD attributesOf(const BY_HANDLE_FILE_INFORMATION &old)
     return old.dwFileAttributes & kKept;
 }
 
-/// Makes a file of a new name beside another one.
-SystemHandle createBeside(const QString &path, DWORD attributes)
+Result<File> create(const FilePath &path, DWORD attributes)
 {
-    constexpr int kMostTries = 100;
-    HANDLE handle = INVALID_HANDLE_VALUE;
-    for (int count = 0; handle == INVALID_HANDLE_VALUE && count < kMostTries; ++count) {
-        const QString number = QString::number(QRandomGenerator::global()->generate(), 36);
-        const std::wstring native = nativePath(path + u'.' + number);
-        handle = ::CreateFileW(native.c_str(), GENERIC_READ | GENERIC_WRITE | DELETE, kShared,
-                               nullptr, CREATE_NEW, attributes | FILE_FLAG_WRITE_THROUGH, nullptr);
-        if (::GetLastError() != ERROR_FILE_EXISTS) {
-            break;
-        }
-    }
-    return SystemHandle(handle);
+    return owning(::CreateFileW(nativePath(path).c_str(), GENERIC_READ | GENERIC_WRITE | DELETE,
+                                kShared, nullptr, CREATE_NEW, attributes | FILE_FLAG_WRITE_THROUGH,
+                                nullptr));
 }
 
 /// Renames an open file, over another one if that is there.
 /// \param isPosix whether that other one may be open
-bool rename(HANDLE handle, const QString &path, bool isPosix)
+/// \return the error code of the system
+DWORD rename(const File &file, const FilePath &path, bool isPosix)
 {
     // FileRenameInfoEx, which the headers show only to programs for newer systems.
     constexpr auto kRenameInfoEx = static_cast<FILE_INFO_BY_HANDLE_CLASS>(22);
@@ -102,14 +94,16 @@ bool rename(HANDLE handle, const QString &path, bool isPosix)
     } else {
         info->ReplaceIfExists = TRUE;
     }
-    return ::SetFileInformationByHandle(handle, isPosix ? kRenameInfoEx : FileRenameInfo, info,
-                                        DWORD(buffer.size())) != FALSE;
+    const bool isRenamed =
+        ::SetFileInformationByHandle(handleOf(file), isPosix ? kRenameInfoEx : FileRenameInfo, info,
+                                     DWORD(buffer.size())) != FALSE;
+    return isRenamed ? ERROR_SUCCESS : ::GetLastError();
 }
 
-/// Whether the system's error code says that it cannot do this at all, there or anywhere.
-bool isUnknownCall()
+/// Whether an error code says that the system cannot do this at all, there or anywhere.
+bool isUnsupported(DWORD error)
 {
-    switch (::GetLastError()) {
+    switch (error) {
     case ERROR_INVALID_FUNCTION:
     case ERROR_NOT_SUPPORTED:
     case ERROR_INVALID_PARAMETER:
@@ -121,10 +115,10 @@ bool isUnknownCall()
     }
 }
 
-/// Whether the system's error code says by itself that another program has the file.
-bool mayPass()
+/// Whether an error code says by itself that another program has the file.
+bool isHeld(DWORD error)
 {
-    switch (::GetLastError()) {
+    switch (error) {
     case ERROR_SHARING_VIOLATION:
     case ERROR_LOCK_VIOLATION:
     case ERROR_USER_MAPPED_FILE:
@@ -136,91 +130,78 @@ bool mayPass()
 }
 
 /// Whether a file is open, wherever.
-bool isOpen(const QString &path)
+bool isOpen(const FilePath &path)
 {
-    const KeptError kept;
-    const SystemHandle alone(
+    const auto alone = owning(
         ::CreateFileW(nativePath(path).c_str(), DELETE, 0, nullptr, OPEN_EXISTING, 0, nullptr));
-    return !alone && ::GetLastError() == ERROR_SHARING_VIOLATION;
+    return !alone && alone.error().reason == FileError::Reason::Busy;
 }
 
 } // namespace
 
-struct Replacement::Parts
-{
-    QString path;
-    QFile file;
-    bool hasName = false;
-    bool wasDenied = false; ///< the name, and by no program that has the old file open
-};
-
-Replacement::Replacement(const QString &path) : m_parts(new Parts{.path = path, .file = {}}) {}
-
 Replacement::~Replacement()
 {
-    if (m_parts->file.isOpen() && !m_parts->hasName) {
+    if (m_temporaryName) {
         FILE_DISPOSITION_INFO gone = {TRUE};
-        ::SetFileInformationByHandle(handleOf(m_parts->file.handle()), FileDispositionInfo, &gone,
-                                     sizeof gone);
+        ::SetFileInformationByHandle(handleOf(m_file), FileDispositionInfo, &gone, sizeof gone);
     }
 }
 
-std::optional<QString> Replacement::write(QByteArrayView bytes)
+Result<void> Replacement::write(QByteArrayView bytes)
 {
     // Opened for writing because a file that may not be written may not be replaced either.
-    const SystemHandle old = openShared(m_parts->path, GENERIC_WRITE);
-    if (!old && !isMissing()) {
-        return causeOfRefusal(m_parts->path);
+    const Result<File> old = File::open(m_path, File::Access::Write);
+    if (!old && old.error().reason != FileError::Reason::Missing) {
+        return failure(old.error());
     }
-    if (old && isWriteProtected(old.get())) {
-        return writeProtected();
-    }
-    const auto known = old ? informationOf(old.get()) : std::nullopt;
-    SystemHandle created = createBeside(m_parts->path, known ? attributesOf(*known) : 0);
-    if (!created) {
-        return qt_error_string();
-    }
-    // A file system without this time is no reason to refuse.
-    ::SetFileTime(created.get(), known ? &known->ftCreationTime : nullptr, nullptr, nullptr);
-    const bool hasRights = !old || takeRights(old, created.get());
-    const QString refusal = qt_error_string();
-    const int descriptor = created.release();
-    if (!m_parts->file.open(descriptor, QIODevice::WriteOnly | QIODevice::Unbuffered,
-                            QFileDevice::AutoCloseHandle)) {
-        close(descriptor);
-        return m_parts->file.errorString();
-    }
-    return hasRights ? writeAndSync(m_parts->file, bytes) : std::optional(refusal);
+    const auto known = old ? informationOf(*old) : failure(old.error());
+    const DWORD attributes = known ? keptAttributes(*known) : 0;
+    return takeTemporaryName([&](const FilePath &name) {
+               return create(name, attributes).map([this](File &&file) {
+                   m_file = std::move(file);
+               });
+           })
+        .and_then([&] {
+            // A hint; failure is ignored, as some file systems have no such time.
+            ::SetFileTime(handleOf(m_file), known ? &known->ftCreationTime : nullptr, nullptr,
+                          nullptr);
+            return old ? copyPermissions(*old, m_file) : Result<void>();
+        })
+        .and_then([&] { return m_file.append(bytes); })
+        .and_then([&] { return m_file.sync(); });
 }
 
-std::optional<Replacement::Failure> Replacement::takeName(QFile &old)
+Result<void> Replacement::takeName(File &old)
 {
-    HANDLE const handle = handleOf(m_parts->file.handle());
-    m_parts->hasName = rename(handle, m_parts->path, true);
-    if (!m_parts->hasName && isUnknownCall()) {
-        // If another copy of this program has it open now, this fails; what it might do before, the
-        // gap keeps it from.
-        const LockGap gap(handleOf(old.handle()));
+    DWORD error = rename(m_file, m_path, true);
+    if (isUnsupported(error)) {
+        // If another copy of this program has the old file open now, this fails; what it might do
+        // before, the gap keeps it from.
+        const LockGap gap(old);
         old.close();
-        m_parts->hasName = rename(handle, m_parts->path, false);
+        error = rename(m_file, m_path, false);
     }
-    if (m_parts->hasName) {
-        return std::nullopt;
+    if (error == ERROR_SUCCESS) {
+        m_temporaryName.reset();
+        return {};
     }
-    const bool passes = mayPass();
-    const bool wasDeniedBefore = std::exchange(m_parts->wasDenied, isDenied());
-    const QString cause = causeOfRefusal(m_parts->path);
+    FileError refusal = explained(systemError(int(error)), m_path);
     old.close(); // else it would be found open here
+    const bool wasDeniedBefore = std::exchange(m_wasDenied, error == ERROR_ACCESS_DENIED);
+    if (isOpen(m_path)) {
+        m_wasDenied = false; // the open file may be the reason
+        return failure(heldByAnother());
+    }
     // An open file may be the reason to be denied, and closed by now: only the second time tells.
-    const bool isHeld = isOpen(m_parts->path);
-    m_parts->wasDenied = m_parts->wasDenied && !isHeld;
-    return Failure{isHeld ? heldByAnother() : cause,
-                   isHeld || passes || (m_parts->wasDenied && !wasDeniedBefore)};
+    if (isHeld(error) || (m_wasDenied && !wasDeniedBefore)) {
+        refusal.reason = FileError::Reason::Busy;
+    }
+    return failure(refusal);
 }
 
-std::optional<QString> Replacement::syncName()
+Result<void> Replacement::syncName()
 {
-    return syncFile(m_parts->file.handle()) ? std::nullopt : std::optional(qt_error_string());
+    return m_file.sync();
 }
 
-} // namespace tarvold::durable
+} // namespace tarvold

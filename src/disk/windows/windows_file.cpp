@@ -1,59 +1,64 @@
 #include "disk/windows/windows_file.h"
 
-#include "disk/durable.h"
+#include "disk/retry.h"
 
-#include <array>
 #include <chrono>
-#include <fcntl.h>
-#include <io.h>
-#include <thread>
-#include <utility>
+#include <cstring>
 
-namespace tarvold::durable {
+namespace tarvold {
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-using namespace std::chrono_literals;
-
-constexpr auto kPatience = 2s;
-constexpr auto kPause = 10ms;
-
-bool isHeldByAnother()
+/// The name of the mutex for a file, by the file's number: it has many names. Empty if it has no
+/// number.
+std::wstring mutexNameFor(const File &file)
 {
-    const DWORD error = ::GetLastError();
-    return error == ERROR_SHARING_VIOLATION || error == ERROR_LOCK_VIOLATION;
+    const auto known = informationOf(file);
+    return known ? u"Global\\tarvold-%1-%2-%3"_s.arg(known->dwVolumeSerialNumber, 0, 16)
+                       .arg(known->nFileIndexHigh, 0, 16)
+                       .arg(known->nFileIndexLow, 0, 16)
+                       .toStdWString()
+                 : std::wstring();
 }
 
 } // namespace
 
-SystemHandle::~SystemHandle()
+FileError systemError(int code)
 {
-    if (*this) {
-        const KeptError kept;
-        ::CloseHandle(m_handle);
+    using Reason = FileError::Reason;
+    FileError error = {.cause = qt_error_string(code)};
+    switch (code) {
+    case ERROR_FILE_NOT_FOUND:
+    case ERROR_PATH_NOT_FOUND:
+        error.reason = Reason::Missing;
+        break;
+    case ERROR_FILE_EXISTS:
+        error.reason = Reason::Exists;
+        break;
+    case ERROR_ACCESS_DENIED:
+        error.reason = Reason::Denied;
+        break;
+    case ERROR_SHARING_VIOLATION:
+    case ERROR_LOCK_VIOLATION:
+        error.reason = Reason::Busy;
+        break;
+    default:
+        break;
     }
+    return error;
 }
 
-int SystemHandle::release()
+FileError systemError()
 {
-    const int descriptor = ::_open_osfhandle(reinterpret_cast<std::intptr_t>(m_handle), _O_BINARY);
-    if (descriptor >= 0) {
-        m_handle = INVALID_HANDLE_VALUE;
-    }
-    return descriptor;
+    return systemError(int(::GetLastError()));
 }
 
-HANDLE handleOf(int descriptor)
-{
-    return reinterpret_cast<HANDLE>(::_get_osfhandle(descriptor));
-}
-
-std::wstring nativePath(const QString &path)
+std::wstring nativePath(const FilePath &path)
 {
     constexpr std::size_t kShort = MAX_PATH - 12; // of a folder, whose files have short names too
-    const std::wstring name = path.toStdWString();
+    const std::wstring name = path.text().toStdWString();
     std::wstring full(kLongestPath, L'\0');
     full.resize(::GetFullPathNameW(name.c_str(), DWORD(full.size()), full.data(), nullptr));
     if (full.size() < kShort || full.starts_with(LR"(\\?\)") || isDevice(full)) {
@@ -68,79 +73,98 @@ bool isDevice(const std::wstring &path)
     return path.starts_with(LR"(\\.\)");
 }
 
-SystemHandle openShared(const QString &path, DWORD access, DWORD disposition)
+Result<File> openShared(const FilePath &path, DWORD access, DWORD disposition)
 {
     const std::wstring native = nativePath(path);
-    if (native.empty()) {
-        return SystemHandle(INVALID_HANDLE_VALUE);
-    }
-    const auto deadline = std::chrono::steady_clock::now() + kPatience;
-    while (true) {
+    return retry(std::chrono::milliseconds(10), [&] {
         // The flag allows folders to be opened, which are told from files then.
         HANDLE const handle = ::CreateFileW(native.c_str(), access, kShared, nullptr, disposition,
                                             FILE_FLAG_BACKUP_SEMANTICS, nullptr);
-        if (handle != INVALID_HANDLE_VALUE || !isHeldByAnother() ||
-            std::chrono::steady_clock::now() >= deadline) {
-            return SystemHandle(handle);
-        }
-        std::this_thread::sleep_for(kPause);
-    }
+        const bool isNew = disposition == OPEN_ALWAYS && ::GetLastError() != ERROR_ALREADY_EXISTS;
+        return owning(handle, isNew);
+    });
 }
 
-bool isMissing()
+FileError explained(FileError error, const FilePath &path)
 {
-    return ::GetLastError() == ERROR_FILE_NOT_FOUND;
-}
-
-QString causeOfRefusal(const QString &path)
-{
-    const KeptError kept;
-    if (isHeldByAnother()) {
+    if (error.reason == FileError::Reason::Busy) {
         return heldByAnother();
     }
-    QString cause = qt_error_string();
-    if (!isDenied()) {
-        return cause;
+    const DWORD attributes = error.reason == FileError::Reason::Denied
+                                 ? ::GetFileAttributesW(nativePath(path).c_str())
+                                 : INVALID_FILE_ATTRIBUTES;
+    if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
+        error.cause = u"It is write-protected."_s;
     }
-    const DWORD attributes = ::GetFileAttributesW(nativePath(path).c_str());
-    const bool isProtected =
-        attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
-    return isProtected ? writeProtected() : cause;
+    return error;
 }
 
-QString heldByAnother()
+FileError heldByAnother()
 {
-    return u"Another program has it open."_s;
+    return {.cause = u"Another program has it open."_s, .reason = FileError::Reason::Busy};
 }
 
-QString writeProtected()
+Result<void> checkWritable(const File &file)
 {
-    return u"It is write-protected."_s;
+    // The read-only attribute of a folder has another meaning.
+    constexpr DWORD kAttributes = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY;
+    const auto known = informationOf(file);
+    if (known && (known->dwFileAttributes & kAttributes) == FILE_ATTRIBUTE_READONLY) {
+        return failure(u"It is write-protected."_s);
+    }
+    return {};
 }
 
-std::optional<BY_HANDLE_FILE_INFORMATION> informationOf(HANDLE handle)
+Result<BY_HANDLE_FILE_INFORMATION> informationOf(const File &file)
 {
-    BY_HANDLE_FILE_INFORMATION information = {};
-    return ::GetFileInformationByHandle(handle, &information) != FALSE ? std::optional(information)
-                                                                       : std::nullopt;
+    BY_HANDLE_FILE_INFORMATION known = {};
+    return resultOf(::GetFileInformationByHandle(handleOf(file), &known) != FALSE).map([&known] {
+        return known;
+    });
 }
 
-std::optional<bool> isFile(HANDLE handle)
+Result<FileIdentity> identityOf(const File &file)
 {
-    if (::GetFileType(handle) != FILE_TYPE_DISK) {
+    FILE_ID_INFO id = {};
+    if (::GetFileInformationByHandleEx(handleOf(file), FileIdInfo, &id, sizeof id) != FALSE) {
+        FileIdentity identity = {id.VolumeSerialNumber, 0, 0};
+        std::memcpy(&identity.low, &id.FileId, sizeof identity.low);
+        std::memcpy(&identity.high, id.FileId.Identifier + sizeof identity.low,
+                    sizeof identity.high);
+        return identity;
+    }
+    // File systems with short numbers need not know the long ones.
+    return informationOf(file).map([](const BY_HANDLE_FILE_INFORMATION &known) {
+        return FileIdentity{known.dwVolumeSerialNumber,
+                            quint64(known.nFileIndexHigh) << 32U | known.nFileIndexLow, 0};
+    });
+}
+
+LockGap::LockGap(const File &file)
+{
+    const std::wstring name = mutexNameFor(file);
+    m_mutex = name.empty() ? nullptr : ::CreateMutexW(nullptr, FALSE, name.c_str());
+}
+
+LockGap::~LockGap()
+{
+    if (m_mutex != nullptr) {
+        ::CloseHandle(m_mutex);
+    }
+}
+
+bool LockGap::isIn(const File &file)
+{
+    const std::wstring name = mutexNameFor(file);
+    if (name.empty()) {
         return false;
     }
-    const auto information = informationOf(handle);
-    if (!information) {
-        return std::nullopt;
+    HANDLE const found = ::OpenMutexW(SYNCHRONIZE, FALSE, name.c_str());
+    if (found == nullptr) {
+        return ::GetLastError() == ERROR_ACCESS_DENIED; // to another user's
     }
-    return (information->dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+    ::CloseHandle(found);
+    return true;
 }
 
-bool isWriteProtected(HANDLE handle)
-{
-    const auto information = informationOf(handle);
-    return information && (information->dwFileAttributes & FILE_ATTRIBUTE_READONLY) != 0;
-}
-
-} // namespace tarvold::durable
+} // namespace tarvold

@@ -1,14 +1,12 @@
 #pragma once
 
-#include <QString>
+#include "disk/file.h"
 
-#include <optional>
 #include <string>
-#include <utility>
 #include <windows.h>
 
-/// Files as Windows itself knows them, for those parts of the file layer that call it.
-namespace tarvold::durable {
+/// Files and paths as Windows itself takes them.
+namespace tarvold {
 
 /// Lets other programs do anything with a file that is open here.
 inline constexpr DWORD kShared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
@@ -16,67 +14,69 @@ inline constexpr DWORD kShared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE
 /// How many characters the longest path has, its end included.
 inline constexpr std::size_t kLongestPath = 32768;
 
-/// Owns what the system calls a handle.
-class SystemHandle
+/// The system's handle of an open file, which keeps it.
+inline HANDLE handleOf(const File &file)
 {
-public:
-    explicit SystemHandle(HANDLE handle) : m_handle(handle) {}
-    SystemHandle(SystemHandle &&other) noexcept
-        : m_handle(std::exchange(other.m_handle, INVALID_HANDLE_VALUE))
-    {
-    }
-    SystemHandle &operator=(SystemHandle &&other) noexcept
-    {
-        std::swap(m_handle, other.m_handle);
-        return *this;
-    }
-    ~SystemHandle();
-    Q_DISABLE_COPY(SystemHandle)
+    return reinterpret_cast<HANDLE>(file.handle());
+}
 
-    explicit operator bool() const { return m_handle != INVALID_HANDLE_VALUE; }
-    HANDLE get() const { return m_handle; }
-
-    /// Makes it a descriptor of the C library, which owns it then. A negative one on failure.
-    int release();
-
-private:
-    HANDLE m_handle;
-};
-
-/// The system's handle of a descriptor of the C library, which keeps it.
-HANDLE handleOf(int descriptor);
+/// File::owning() for what calls of Windows give.
+inline Result<File> owning(HANDLE handle, bool isNew = false)
+{
+    return File::owning(reinterpret_cast<File::Handle>(handle), isNew);
+}
 
 /// A path from its drive on, as all calls of the system take it, be it ever so long. Only here are
-/// names such as "NUL" taken for the devices that they are. Empty with the system's error code set
-/// when it is none.
-std::wstring nativePath(const QString &path);
+/// names such as "NUL" taken for the devices that they are. Empty when it is none.
+std::wstring nativePath(const FilePath &path);
 
 /// Whether a native path is that of a device.
 bool isDevice(const std::wstring &path);
 
 /// Opens what a path means so that other programs may do anything with it meanwhile. One that
-/// shares it with nobody, such as a virus scanner, is given some seconds to let it go.
-SystemHandle openShared(const QString &path, DWORD access, DWORD disposition = OPEN_EXISTING);
+/// shares it with nobody, such as a virus scanner, is waited for.
+Result<File> openShared(const FilePath &path, DWORD access, DWORD disposition = OPEN_EXISTING);
 
-/// Whether the system's error code says that nothing is there.
-bool isMissing();
+/// Puts into better words why a path could not be opened or replaced, where that is known.
+FileError explained(FileError error, const FilePath &path);
 
-/// Why a path could not be opened for writing or reading, in words, after the system's error code.
-QString causeOfRefusal(const QString &path);
+/// The error for a file that another program has open.
+FileError heldByAnother();
 
-/// The words for a file that another program shares with nobody.
-QString heldByAnother();
+/// Fails when an open file has the read-only attribute, which not all file systems care for.
+Result<void> checkWritable(const File &file);
 
-/// The words for a file that its owner wants nobody to write to.
-QString writeProtected();
+/// What the system notes of an open file.
+Result<BY_HANDLE_FILE_INFORMATION> informationOf(const File &file);
 
-/// What a handle is; nothing with the system's error code set on failure.
-std::optional<BY_HANDLE_FILE_INFORMATION> informationOf(HANDLE handle);
+/// Which file an open one is.
+struct FileIdentity
+{
+    quint64 volume;
+    quint64 low;
+    quint64 high; ///< of the number on the volume
 
-/// Whether a handle is an ordinary file. Nothing with the system's error code set on failure.
-std::optional<bool> isFile(HANDLE handle);
+    bool operator==(const FileIdentity &) const = default;
+};
+Result<FileIdentity> identityOf(const File &file);
 
-/// Whether an open file is marked as write-protected, which not all file systems care for.
-bool isWriteProtected(HANDLE handle);
+/// The interval in which a process has closed, and so unlocked, the old file in order to replace
+/// it: who gets the lock then must let go of it, for that file is about to be lost. Other processes
+/// on the same computer see it, those on other computers do not.
+class LockGap
+{
+public:
+    /// Begins it for an open file that is locked. Where the system cannot, there is none.
+    explicit LockGap(const File &file);
+    ~LockGap();
+    Q_DISABLE_COPY_MOVE(LockGap)
 
-} // namespace tarvold::durable
+    /// Whether another process is in this interval with a file that is open here.
+    static bool isIn(const File &file);
+
+private:
+    HANDLE m_mutex; ///< which nobody waits for: that it is there says all, and it goes with its
+                    ///< process
+};
+
+} // namespace tarvold

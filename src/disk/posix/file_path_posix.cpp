@@ -1,0 +1,130 @@
+#include "disk/posix/posix_file.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <array>
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace tarvold {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The real path of what is not there: of links that lead to it, and of its folder. As it is when
+/// the folder is not there either.
+QString realPathOfMissing(QString path)
+{
+    constexpr int kMostLinks = 40; // as the system; loops of links do not come here
+    std::array<char, PATH_MAX> target{};
+    for (int count = 0; count < kMostLinks; ++count) {
+        const ssize_t size =
+            ::readlink(QFile::encodeName(path).constData(), target.data(), target.size());
+        if (size < 0) {
+            break;
+        }
+        const bool isAbsolute = target.front() == '/';
+        path = (isAbsolute ? QString() : QFileInfo(path).path() + u'/') +
+               QFile::decodeName(QByteArray(target.data(), size));
+    }
+    const QFileInfo info(path);
+    const QString folder = QFileInfo(info.path()).canonicalFilePath();
+    if (folder.isEmpty()) {
+        return path;
+    }
+    return (folder.endsWith(u'/') ? folder : folder + u'/') + info.fileName();
+}
+
+qint64 nanoseconds(const timespec &time)
+{
+    constexpr qint64 kNanosecondsPerSecond = 1'000'000'000;
+    return qint64(time.tv_sec) * kNanosecondsPerSecond + time.tv_nsec;
+}
+
+} // namespace
+
+QByteArray nativePath(const FilePath &path)
+{
+    return QFile::encodeName(path.text());
+}
+
+QByteArray folderOf(const FilePath &path)
+{
+    const QByteArray native = nativePath(path);
+    const qsizetype slash = native.lastIndexOf('/');
+    return slash > 0 ? native.first(slash) : QByteArray(slash == 0 ? "/" : ".");
+}
+
+bool FilePath::canBeName(const QString &name)
+{
+    // The system takes a name as ended by a NUL, and would use the file that it then names.
+    return !name.contains(QChar::Null) && name.isValidUtf16();
+}
+
+FilePath::Kind FilePath::kind() const
+{
+    struct stat found = {};
+    if (::stat(nativePath(*this).constData(), &found) != 0) {
+        return Kind::Nothing;
+    }
+    if (S_ISDIR(found.st_mode)) {
+        return Kind::Folder;
+    }
+    return S_ISREG(found.st_mode) ? Kind::File : Kind::Other;
+}
+
+bool FilePath::exists() const
+{
+    return ::access(nativePath(*this).constData(), F_OK) == 0;
+}
+
+std::optional<FileState> FilePath::state() const
+{
+    struct stat found = {};
+    if (::stat(nativePath(*this).constData(), &found) != 0) {
+        return std::nullopt;
+    }
+    return FileState{found.st_dev, found.st_ino, found.st_size, nanoseconds(found.st_mtim),
+                     nanoseconds(found.st_ctim)};
+}
+
+Result<FilePath> FilePath::real() const
+{
+    std::array<char, PATH_MAX> real{};
+    if (::realpath(nativePath(*this).constData(), real.data()) != nullptr) {
+        return FilePath(QFile::decodeName(real.data()));
+    }
+    if (errno != ENOENT) {
+        return failure(systemError());
+    }
+    return FilePath(realPathOfMissing(m_text));
+}
+
+Result<void> FilePath::remove() const
+{
+    return real().and_then(
+        [](const FilePath &path) { return resultOf(::unlink(nativePath(path).constData()) == 0); });
+}
+
+Result<void> FilePath::syncFolder() const
+{
+    const Result<FilePath> path = real();
+    if (!path) {
+        return failure(path.error());
+    }
+    constexpr int kFlags = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
+    const auto folder = File::owning(::open(folderOf(*path).constData(), kFlags));
+    if (folder) {
+        return resultOf(::fsync(descriptorOf(*folder)) == 0 || errno == EINVAL);
+    }
+    const bool isListable = folder.error().reason != FileError::Reason::Denied;
+    return isListable ? failure(folder.error()) : Result<void>();
+}
+
+} // namespace tarvold

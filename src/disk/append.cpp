@@ -23,17 +23,17 @@ public:
     /// \return whether the path means a file with the bytes in it now
     Result<bool> append(QByteArrayView bytes);
 
-    /// Undoes what was written. `true` when the file that the path means has nothing of it.
+    /// Undoes the write. `true` when the file that the path means holds nothing of it.
     bool undo();
 
-    /// Undoes what was written to a file that lost its name to another one. `false` when the file
-    /// kept its name, and may have a part of the bytes.
+    /// Undoes the write in a file that lost its name to another one. `false` when the file kept its
+    /// name, and may hold a part of the bytes.
     bool undoInOldFile();
 
 private:
     Result<void> open();
     Result<void> write(QByteArrayView bytes);
-    bool cut();
+    bool truncate();
 
     FilePath m_path;
     File m_file;
@@ -49,8 +49,8 @@ Result<void> Try::open()
     }
     m_file = std::move(*file);
     const Result<qint64> size = m_file.size();
-    m_end = size.value_or(0); // after this failure nothing is written
-    // A file that holds something was made by somebody else, whatever the look-up said.
+    m_end = size.value_or(0); // if unknown, nothing is written
+    // A file that is not empty was created by another program in the meantime.
     m_created = m_file.isNew() && m_end == 0;
     return size.map([](qint64 /*size*/) {});
 }
@@ -58,8 +58,8 @@ Result<void> Try::open()
 Result<void> Try::write(QByteArrayView bytes)
 {
     auto written = m_file.append(bytes).and_then([this] { return m_file.sync(); });
-    // The system writes behind the end as it is then, which is elsewhere if a program that asks for
-    // no lock changed the file meanwhile. Where it does not tell, nobody is taken to have.
+    // The system writes at the end of the file as it is then, which has moved if a program that
+    // takes no lock changed the file meanwhile. If the position is unknown, assume that it did not.
     if (m_file.appended() > 0) {
         m_end = m_file.position().value_or(m_end + m_file.appended());
     }
@@ -77,16 +77,16 @@ Result<bool> Try::append(QByteArrayView bytes)
         .and_then([&] { return isWritten(m_path, m_file, m_end - m_file.appended(), bytes); });
 }
 
-/// Gives the file its old length, unless another program wrote behind the bytes or cut them.
+/// Truncates the file to its old length, unless another program appended to it or truncated it.
 /// `true` when it holds nothing that was written here.
-bool Try::cut()
+bool Try::truncate()
 {
     const qint64 oldEnd = m_end - m_file.appended();
     const Result<qint64> size = m_file.size();
-    if (size == m_end && m_file.resize(oldEnd) && m_file.sync()) {
+    if (size == m_end && m_file.truncate(oldEnd) && m_file.sync()) {
         return true;
     }
-    // A file of unknown size may hold all of it.
+    // A file of unknown size may still hold all of it.
     return size.value_or(m_end) <= oldEnd || m_file.appended() == 0;
 }
 
@@ -96,14 +96,14 @@ bool Try::undo()
         return true;
     }
     const Result<bool> isThis = m_file.isAt(m_path);
-    // Through a link it is the file itself that was created, and the link stays. What the path
-    // means must be known for that.
+    // Through a link it is the file itself that was created, and the link stays. If it is unknown
+    // what the path means, nothing is removed.
     if (isThis.value_or(false) && m_created && m_file.size() == m_end && m_path.remove()) {
         return true;
     }
-    const bool isCut = cut();
-    if (isThis.value_or(true)) { // if unknown, nobody is taken to have replaced it
-        return isCut && !m_created;
+    const bool isTruncated = truncate();
+    if (isThis.value_or(true)) { // if unknown, assume that it was not replaced
+        return isTruncated && !m_created;
     }
     // What has the name now may be a copy that was made during the write.
     return m_file.appended() == 0;
@@ -111,8 +111,8 @@ bool Try::undo()
 
 bool Try::undoInOldFile()
 {
-    // Cut only when the path surely means another file.
-    return !m_file.isAt(m_path).value_or(true) && cut();
+    // Truncated only when the path surely means another file.
+    return !m_file.isAt(m_path).value_or(true) && truncate();
 }
 
 } // namespace

@@ -15,7 +15,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// Short, to meet the moment between two saves of the other program.
+// Short, to get the lock between two saves of the other program.
 #ifdef Q_OS_WIN
 constexpr auto kLockPause = 1ms; // the shortest
 #else
@@ -32,7 +32,7 @@ FileError notOrdinary()
 Result<File> File::openOrdinary(const FilePath &path, Access access)
 {
     Result<File> file = open(path, access);
-    // One whose kind is unknown can be tried.
+    // If it is unknown, try: reading or writing it tells more.
     if (file && !file->isOrdinary().value_or(true)) {
         return failure(notOrdinary());
     }
@@ -44,7 +44,8 @@ Result<File> File::openLocked(const FilePath &path, Access access)
     // Opened anew each time: while this one waits, the other one may remove or replace the file.
     return retry(kLockPause, [&path, access]() -> Result<File> {
         Result<File> file = openOrdinary(path, access);
-        // Where locks do not work, all have them. A path that cannot be looked up is as it was.
+        // A file system without locks is no reason to refuse. If it is unknown what the path
+        // means, assume that it still means this file.
         if (!file || (file->lock().value_or(true) && file->isAt(path).value_or(true))) {
             return file;
         }

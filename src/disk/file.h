@@ -57,7 +57,7 @@ public:
 
     bool isOpen() const { return m_handle != kNone; }
     Handle handle() const { return m_handle; }
-    /// Closes the file, if it is open, and so gives its lock back.
+    /// Closes the file, if it is open, and so releases its lock.
     void close();
 
     /// Whether there was no such file a moment before it was opened.
@@ -75,19 +75,19 @@ public:
     /// Whether the file holds these bytes at a place.
     [[nodiscard]] Result<bool> holds(qint64 place, QByteArrayView bytes) const;
 
-    /// Claims disk space for bytes to be appended, without changing the file's size, so that a full
-    /// disk shows before a part of them is written. Resizing the file gives the space back. Where
-    /// the system cannot do that, append() itself has to tell.
+    /// Reserves disk space for bytes to be appended, without changing the file's size, so that a
+    /// full disk is noticed before a part of them is written. Truncating the file releases it.
+    /// Where the system cannot do that, append() itself fails.
     [[nodiscard]] Result<void> reserve(qint64 offset, qint64 count);
-    /// Writes bytes behind the end, wherever that is by then. After a failure a part of them may be
-    /// there; `MaybeChanged` says that nobody knows which.
+    /// Writes bytes at the end of the file as it is at that moment. After a failure a part of them
+    /// may be there; `MaybeChanged` says that it is not known which.
     [[nodiscard]] Result<void> append(QByteArrayView bytes);
-    /// How many bytes were appended, those of a failed append() included.
+    /// How many bytes were appended, including those of an append() that failed.
     qint64 appended() const { return m_appended; }
     /// The place behind what was appended last.
     [[nodiscard]] Result<qint64> position() const;
-    [[nodiscard]] Result<void> resize(qint64 size);
-    /// Brings the file's bytes to the disk.
+    [[nodiscard]] Result<void> truncate(qint64 size);
+    /// Brings the file's bytes to the disk (fsync).
     [[nodiscard]] Result<void> sync();
 
 private:

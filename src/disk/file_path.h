@@ -25,8 +25,8 @@ struct FileState
 /// file systems take times from a clock that ticks only every few milliseconds.
 [[nodiscard]] bool mayChangeUnseen(const FileState &state);
 
-/// A path that system calls take. A name that the user typed is a QString until ofTyped() has
-/// checked it.
+/// A path for system calls. A name that the user typed is a QString until ofTyped() has checked it,
+/// so the compiler keeps the two apart.
 class FilePath
 {
 public:
@@ -78,7 +78,7 @@ public:
 
 private:
     explicit FilePath(QString text) : m_text(std::move(text)) {}
-    /// Whether the system can have files of this name at all, wherever.
+    /// Whether files can have this name at all.
     static bool canBeName(const QString &name);
 
     QString m_text;

@@ -10,8 +10,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Reads to the end. A read that runs short is no end: only the next one tells why it did. Some
-/// files that the system makes up tell no size and never end.
+/// Reads to the end. A short read is not the end: only the next one returns 0 or the error. Some
+/// virtual files of the system have the size 0 and never end.
 Result<QByteArray> readToEnd(const File &file)
 {
     constexpr qsizetype kLeastRoom = 4096;
@@ -53,8 +53,7 @@ bool fileExists(const QString &name)
 
 Result<QByteArray> readFile(const QString &name)
 {
-    // Locked, else a record that another copy of this program is just writing could be read in
-    // part.
+    // Locked, so that a record that another copy of this program is writing is not read in part.
     return FilePath::ofOrdinary(name)
         .and_then([](const FilePath &path) { return File::openLocked(path, File::Access::Read); })
         .and_then(readToEnd);

@@ -7,13 +7,13 @@
 namespace tarvold {
 namespace {
 
-/// Whether a file holds bytes as whole lines, wherever.
+/// Whether a file holds these bytes as whole lines, anywhere.
 Result<bool> holdsAnywhere(const File &file, QByteArrayView lines)
 {
     constexpr qsizetype kLeastBlock = 65536;
-    const QByteArray wanted = '\n' + lines.toByteArray(); // behind the end of another line
+    const QByteArray wanted = '\n' + lines.toByteArray(); // a line starts after another one's end
     QByteArray block(std::max(kLeastBlock, wanted.size()), Qt::Uninitialized);
-    QByteArray window("\n"); // the block, behind what the wanted bytes may begin with
+    QByteArray window("\n"); // the block, and before it what may be the start of the wanted bytes
     for (qint64 place = 0;;) {
         const Result<qint64> count = file.readAt(place, {block.data(), std::size_t(block.size())});
         if (!count) {

@@ -9,8 +9,8 @@
 
 namespace tarvold {
 
-/// A temporary file beside an old file, whose name it is to take. Until it has the name it is
-/// removed when this object goes, and the old file stays as it is.
+/// A temporary file that is to replace an old file in the same folder. It is removed with this
+/// object unless it has replaced the old file, which stays as it is until then.
 class Replacement
 {
 public:
@@ -23,13 +23,13 @@ public:
     /// all its bytes to the disk.
     [[nodiscard]] Result<void> write(QByteArrayView bytes);
 
-    /// Renames the temporary file over the old one, in one step. `Busy` when another program keeps
-    /// that from being done.
-    /// \param old the open old file with its lock, if there is one. Where the system replaces no
+    /// Renames the temporary file over the old one, atomically. `Busy` when another program
+    /// prevents that. \param old the open old file with its lock, if there is one. Where the system
+    /// replaces no
     ///        open file it is closed for that, and stays closed.
     [[nodiscard]] Result<void> takeName(File &old);
 
-    /// Brings the new name to the disk.
+    /// Brings the rename to the disk.
     [[nodiscard]] Result<void> syncName();
 
 private:
@@ -41,7 +41,7 @@ private:
     FilePath m_path;
     File m_file;
     std::optional<FilePath> m_temporaryName; ///< while it has one; a file may have none at first
-    bool m_wasDenied = false; ///< the name, and by no program that has the old file open
+    bool m_wasDenied = false; ///< the last rename on Windows, though nobody had the old file open
 };
 
 } // namespace tarvold

@@ -7,12 +7,12 @@
 
 namespace tarvold {
 
-/// How long a file is waited for that another program uses.
+/// How long to wait for a file that another program uses.
 inline constexpr auto kRetryTimeout = std::chrono::seconds(2);
 
-/// Calls a function that gives a Result, again while its error is `Busy` and the time is not over.
+/// Calls a function that returns a Result, again while its error is `Busy`, until the timeout.
 /// \param pause between two calls
-/// \return what the last call gave
+/// \return the result of the last call
 template <typename Function>
 auto retry(std::chrono::microseconds pause, Function function)
 {

@@ -15,7 +15,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// Tells of an error what became of the file that is rewritten.
+/// Sets what became of the file in an error.
 auto with(FileOutcome outcome)
 {
     return [outcome](FileError error) {
@@ -34,8 +34,8 @@ Result<File> claim(const FilePath &path)
     return file;
 }
 
-/// Whether an open file holds these bytes and no others. Compared as bytes: times are too coarse to
-/// show every change, and show some that are none.
+/// Whether an open file holds these bytes and no others. Compares bytes and not times, which are
+/// too coarse to show every change, and may differ without one.
 Result<bool> holdsOnly(const File &file, QByteArrayView bytes)
 {
     Result<bool> isStart = file.holds(0, bytes);
@@ -46,7 +46,7 @@ Result<bool> holdsOnly(const File &file, QByteArrayView bytes)
     return file.readAt(bytes.size(), next).map([](qint64 count) { return count == 0; });
 }
 
-/// The same of the file that a path means. One that is gone has nothing to lose.
+/// The same for the file that a path means. A missing one has nothing to lose.
 Result<bool> isKnown(const FilePath &path, QByteArrayView bytes)
 {
     const Result<File> file = File::openOrdinary(path, File::Access::Read);
@@ -56,8 +56,8 @@ Result<bool> isKnown(const FilePath &path, QByteArrayView bytes)
     return path.exists() ? Result<bool>(failure(file.error())) : true;
 }
 
-/// Fails when the file that a name means is not what the caller knows of it. The claimed one does
-/// not tell: a program that asks for no lock may have put another one in its place.
+/// Fails when the file that a name means does not hold what the caller knows. It is opened again,
+/// because a program that takes no lock may have replaced the file that was claimed.
 /// \param path what the name meant before
 Result<void> checkKnown(const QString &name, const FilePath &path, QByteArrayView known)
 {
@@ -74,8 +74,8 @@ Result<void> checkKnown(const QString &name, const FilePath &path, QByteArrayVie
     return {};
 }
 
-/// Lets a new file take the place of the old one, if that is still as known. Programs that keep
-/// this from being done, such as virus scanners, are given some time to let the old file go.
+/// Replaces the old file by the new one, if the old one is still as known. Retries while another
+/// program prevents that, such as a virus scanner.
 Result<void> replace(const QString &name, const FilePath &path, File &old, Replacement &file,
                      std::optional<QByteArrayView> known)
 {
@@ -87,8 +87,7 @@ Result<void> replace(const QString &name, const FilePath &path, File &old, Repla
             }
             old = std::move(*claimed);
         }
-        // Only now: whatever such a program does from here on is lost, so that this time has to be
-        // short.
+        // As late as possible: what a program that takes no lock does after this check is lost.
         const auto checked = known ? checkKnown(name, path, *known) : Result<void>();
         return checked ? file.takeName(old) : checked;
     });
@@ -99,7 +98,7 @@ Result<void> replace(const QString &name, const FilePath &path, File &old, Repla
 Result<void> rewriteFile(const QString &name, QByteArrayView bytes,
                          std::optional<QByteArrayView> known)
 {
-    // Links are followed here, for it is the file itself that is replaced.
+    // Links are followed first, because the rename must replace the file and not a link to it.
     const auto path = FilePath::ofOrdinary(name).and_then(&FilePath::real);
     if (!path) {
         return failure(path.error());
@@ -110,7 +109,7 @@ Result<void> rewriteFile(const QString &name, QByteArrayView bytes,
     }
     Replacement file(*path);
     return file.write(bytes)
-        .map_error(with(FileOutcome::Unchanged)) // whatever became of the temporary one
+        .map_error(with(FileOutcome::Unchanged)) // even if the temporary one was
         .and_then([&] { return replace(name, *path, *old, file, known); })
         .and_then([&] { return file.syncName().map_error(with(FileOutcome::Unconfirmed)); });
 }

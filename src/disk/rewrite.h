@@ -9,24 +9,22 @@
 
 namespace tarvold {
 
-/// Writes a data file anew, creating it when it is missing.
+/// Replaces the content of a data file, creating the file when it is missing.
 ///
-/// At every instant the name means either the old file or the new one, whole. When it
-/// succeeds, the new bytes are on the disk; else the old file is untouched, unless the error says
-/// `Unconfirmed`. Other copies of this program neither append to the file nor rewrite
-/// it meanwhile.
+/// Atomic: at every instant the name means either the old file or the new one, whole. On success,
+/// the new bytes are on the disk; on failure, the old file is untouched, unless the error says
+/// `Unconfirmed`. Other copies of this program neither append to the file nor rewrite it meanwhile.
 ///
-/// A symbolic link stays one. The file keeps its rights: on Linux owner, group, mode, access
+/// A symbolic link stays one. The file keeps its permissions: on Linux owner, group, mode, access
 /// control list and other extended attributes as far as this user may set them, see
-/// copyAttributes(). At no instant may anybody do more with the new file than with the old one; if
-/// a list cannot be kept, that is a failure. It is a new file all the same: another hard link keeps
-/// the old content.
+/// copyAttributes(). At no instant may anybody do more with the new file than with the old one; an
+/// access control list that cannot be kept is a failure. It is a new file all the same: other hard
+/// links keep the old content.
 /// \param name as the user typed it; a relative one starts at the current folder
-/// \param known what the file held when it was last read or written. When it holds anything else,
-///        another program changed it: it is left as it is, and the error says `ChangedByAnother`. A
-///        file that is gone has nothing to lose and is made anew. This is looked at in the last
-///        moment, when the new file is written and only has to take the name. Without it, whatever
-///        is there goes.
+/// \param known what the file held when it was last read or written. If it holds anything else,
+///        another program changed it: it stays as it is, and the error says `ChangedByAnother`. A
+///        file that is gone is created again. This is checked at the last moment, when the new file
+///        is written and only the rename is left. Without `known`, any content is replaced.
 [[nodiscard]] Result<void> rewriteFile(const QString &name, QByteArrayView bytes,
                                        std::optional<QByteArrayView> known = {});
 

@@ -49,7 +49,7 @@ protected:
     }
 };
 
-TEST_F(AppendFault, AWriteThatStopsHalfWayLeavesTheOldBytes)
+TEST_F(AppendFault, AShortWriteLeavesTheOldBytes)
 {
     put(u"old.tvd"_s, "old\r\n");
     const auto saved = appendTooMuch(u"old.tvd"_s);
@@ -59,7 +59,7 @@ TEST_F(AppendFault, AWriteThatStopsHalfWayLeavesTheOldBytes)
     EXPECT_EQ(bytesOf(u"old.tvd"_s), QByteArray("old\r\n"));
 }
 
-TEST_F(AppendFault, AWriteThatStopsHalfWayTakesAwayTheFileItCreated)
+TEST_F(AppendFault, AShortWriteRemovesTheFileItCreated)
 {
     const auto saved = appendTooMuch(u"new.tvd"_s);
     ASSERT_FALSE(saved);
@@ -91,7 +91,7 @@ TEST_F(AppendFault, AFileThatIsFullFromTheStartStays)
     EXPECT_EQ(bytesOf(u"full.tvd"_s), old);
 }
 
-TEST_F(AppendFault, ASecondTryWithRoomSucceeds)
+TEST_F(AppendFault, ARetryWithSpaceSucceeds)
 {
     put(u"old.tvd"_s, "old\r\n");
     ASSERT_FALSE(appendTooMuch(u"old.tvd"_s));
@@ -99,8 +99,8 @@ TEST_F(AppendFault, ASecondTryWithRoomSucceeds)
     EXPECT_EQ(bytesOf(u"old.tvd"_s), QByteArray("old\r\na\r\n"));
 }
 
-/// Gives up the rights of the superuser, for whom no folder is read-only. Only for a process that
-/// ends soon: they do not come back.
+/// Drops the privileges of the superuser, for whom no folder is read-only. Only for a process that
+/// ends soon: it cannot get them again.
 bool becomeOrdinary()
 {
     constexpr uid_t kNobody = 65534;

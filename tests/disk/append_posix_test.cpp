@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-TEST_F(Append, BlanksAndColonsAreInANameWhereTheyAreTyped)
+TEST_F(Append, SpacesAndColonsInANameAreKept)
 {
     append(u" spaces "_s, "a\r\n");
     append(u"a:b"_s, "a\r\n");

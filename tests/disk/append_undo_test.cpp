@@ -33,7 +33,7 @@ using testing::succeeds;
 
 constexpr uid_t kNobody = 65534;
 
-/// Another program that holds the lock of a file, seen from this one.
+/// Holds the lock of a file as another program would.
 class LockHolder
 {
 public:
@@ -95,7 +95,7 @@ void expectAllRecordsOfBoth(const QByteArray &file, int records)
     EXPECT_EQ(next[1], records);
 }
 
-TEST_F(AppendUndo, ARecordThatDoesNotFitIsTakenBackAtEverySize)
+TEST_F(AppendUndo, ARecordThatDoesNotFitIsUndoneAtEverySize)
 {
     const QByteArray old("old\r\n");
     const QByteArray record(300, 'x');
@@ -109,7 +109,7 @@ TEST_F(AppendUndo, ARecordThatDoesNotFitIsTakenBackAtEverySize)
     }
 }
 
-TEST_F(AppendUndo, AShortWriteTellsItsOwnCause)
+TEST_F(AppendUndo, AShortWriteReportsItsOwnCause)
 {
     write("old\r\n");
     const FileSizeLimit limit(10);
@@ -118,7 +118,7 @@ TEST_F(AppendUndo, AShortWriteTellsItsOwnCause)
     EXPECT_EQ(saved.error().cause, u"File too large"_s);
 }
 
-TEST_F(AppendUndo, AMissingFileIsGoneAgainAfterAShortWrite)
+TEST_F(AppendUndo, ANewFileIsRemovedAfterAShortWrite)
 {
     const FileSizeLimit limit(10);
     const auto saved = appendToFile(path(), QByteArray(300, 'x'));
@@ -130,7 +130,7 @@ TEST_F(AppendUndo, AMissingFileIsGoneAgainAfterAShortWrite)
 TEST_F(AppendUndo, AFolderThatCannotBeListedTakesNewFilesAndRewrites)
 {
     const QByteArray folderName = QFile::encodeName(folder.path());
-    if (geteuid() == 0) { // rights do not bind the superuser
+    if (geteuid() == 0) { // permissions do not bind the superuser
         ASSERT_EQ(chown(folderName.constData(), kNobody, kNobody), 0);
     }
     ASSERT_EQ(chmod(folderName.constData(), 0300), 0);
@@ -173,7 +173,7 @@ TEST_F(AppendUndo, ARecordThatAnotherProgramIsWritingIsReadWhole)
     EXPECT_EQ(*bytes, "first half, second half\r\n");
 }
 
-TEST_F(AppendUndo, AProgramThatNeverFinishesIsNamedAsTheCause)
+TEST_F(AppendUndo, ALockThatIsNeverReleasedIsTheReportedCause)
 {
     write("old\r\n");
     const LockHolder holder(path());
@@ -184,30 +184,30 @@ TEST_F(AppendUndo, AProgramThatNeverFinishesIsNamedAsTheCause)
     EXPECT_EQ(content(), "old\r\n");
 }
 
-TEST_F(AppendUndo, AFileThatVanishesDuringTheWaitIsMadeAnew)
+TEST_F(AppendUndo, AFileRemovedDuringTheWaitIsCreatedAgain)
 {
     auto holder = std::make_unique<LockHolder>(path());
-    std::thread takeBack([this, &holder] {
+    std::thread remove([this, &holder] {
         std::this_thread::sleep_for(100ms);
         QFile::remove(path());
         holder.reset();
     });
     EXPECT_TRUE(appendToFile(path(), "new\r\n"));
-    takeBack.join();
+    remove.join();
     EXPECT_EQ(content(), "new\r\n");
 }
 
-TEST_F(AppendUndo, AFileThatIsMadeAnewAfterTheWaitIsGoneAgainAfterAShortWrite)
+TEST_F(AppendUndo, AFileCreatedAfterTheWaitIsRemovedAfterAShortWrite)
 {
     auto holder = std::make_unique<LockHolder>(path());
-    std::thread takeBack([this, &holder] {
+    std::thread remove([this, &holder] {
         std::this_thread::sleep_for(100ms);
         QFile::remove(path());
         holder.reset();
     });
     const FileSizeLimit limit(10);
     const auto saved = appendToFile(path(), QByteArray(300, 'x'));
-    takeBack.join();
+    remove.join();
     ASSERT_FALSE(saved);
     EXPECT_EQ(saved.error().outcome, FileOutcome::Unchanged);
     EXPECT_FALSE(QFileInfo::exists(path()));
@@ -266,19 +266,18 @@ TEST_F(AppendUndo, TwoProgramsAppendAThousandRecordsEachAndNoneIsLost)
     expectAllRecordsOfBoth(content(), kRecords);
 }
 
-TEST_F(AppendUndo, AProgramThatTakesItsRecordsBackCutsNoneOfAnother)
+TEST_F(AppendUndo, UndoingAnAppendCutsNoRecordOfAnotherProgram)
 {
     constexpr int kRecords = 300;
     const pid_t failing = start([this] {
-        bool allTakenBack = true;
+        bool allUndone = true;
         for (int number = 0; number < kRecords; ++number) {
             const QFileInfo file(path());
             const FileSizeLimit limit(static_cast<rlim_t>(file.size() + 20)); // in the midst of it
             const auto saved = appendToFile(path(), QByteArray(100'000, 'x'));
-            allTakenBack =
-                !saved && saved.error().outcome == FileOutcome::Unchanged && allTakenBack;
+            allUndone = !saved && saved.error().outcome == FileOutcome::Unchanged && allUndone;
         }
-        return allTakenBack;
+        return allUndone;
     });
     QByteArray expected;
     for (int number = 0; number < kRecords; ++number) {

@@ -91,7 +91,7 @@ TEST_F(Append, AProgramThatSharesTheFileWithNobodyIsWaitedFor)
     EXPECT_EQ(bytesOf(kFile), QByteArray("old\r\na\r\n"));
 }
 
-TEST_F(Append, AProgramThatNeverSharesTheFileIsNamedAsTheCause)
+TEST_F(Append, AProgramThatNeverSharesTheFileIsTheReportedCause)
 {
     put(kFile, "old\r\n");
     {
@@ -101,7 +101,7 @@ TEST_F(Append, AProgramThatNeverSharesTheFileIsNamedAsTheCause)
     EXPECT_EQ(bytesOf(kFile), QByteArray("old\r\n"));
 }
 
-TEST_F(Append, AProgramThatReadsTheFileIsNoHindrance)
+TEST_F(Append, AProgramThatReadsTheFileDoesNotMatter)
 {
     put(kFile, "old\r\n");
     const OtherProgram other(kFile, kSharesContent);
@@ -126,7 +126,7 @@ TEST_F(Append, ACopyOfTheProgramThatWritesToTheFileIsWaitedFor)
     EXPECT_EQ(bytesOf(kFile), QByteArray("old\r\na\r\n"));
 }
 
-TEST_F(Append, ACopyOfTheProgramThatNeverEndsIsNamedAsTheCause)
+TEST_F(Append, ALockThatIsNeverReleasedIsTheReportedCause)
 {
     put(kFile, "old\r\n");
     OtherProgram other(kFile, kSharesAll);

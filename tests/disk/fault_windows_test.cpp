@@ -1,4 +1,4 @@
-// What becomes of a file on Windows when the system fails in the midst of a save.
+// What a file holds on Windows after a system call fails during a save.
 
 #include "disk/append.h"
 #include "disk/rewrite.h"
@@ -17,8 +17,8 @@ using namespace Qt::StringLiterals;
 using tarvold::testing::systemCall;
 
 bool isSyncToFail = false;
-std::optional<DWORD> arriving; ///< how much of the next write to a file
-BOOL answer = FALSE;           ///< to that write
+std::optional<DWORD> arriving; ///< how many bytes of the next write reach the file
+BOOL answer = FALSE;           ///< what that write returns
 constexpr DWORD kError = ERROR_DISK_FULL;
 QByteArray theirs; ///< what another program writes to that place instead
 
@@ -60,21 +60,22 @@ BOOL WINAPI setOrFail(HANDLE file, FILE_INFO_BY_HANDLE_CLASS what, LPVOID info, 
     return FALSE;
 }
 
-bool isMadeByAnother = false; ///< the next missing file, in the moment in which it is to be made
+bool isMadeByAnother = false; ///< another program creates the next missing file just before
 
-HANDLE WINAPI createOrFind(LPCWSTR name, DWORD access, DWORD sharing, LPSECURITY_ATTRIBUTES rights,
-                           DWORD disposition, DWORD flags, HANDLE like)
+HANDLE WINAPI createOrFind(LPCWSTR name, DWORD access, DWORD sharing,
+                           LPSECURITY_ATTRIBUTES security, DWORD disposition, DWORD flags,
+                           HANDLE like)
 {
     static const auto create = systemCall<decltype(&createOrFind)>("CreateFileW");
     if (disposition == OPEN_ALWAYS && std::exchange(isMadeByAnother, false)) {
-        ::CloseHandle(create(name, access, sharing, rights, disposition, flags, like));
+        ::CloseHandle(create(name, access, sharing, security, disposition, flags, like));
     }
-    return create(name, access, sharing, rights, disposition, flags, like);
+    return create(name, access, sharing, security, disposition, flags, like);
 }
 
 } // namespace
 
-// Where the calls of these functions go; else the system's library puts its addresses here.
+// The import pointers of these functions; without these definitions the linker takes the system's.
 extern "C" decltype(&syncOrFail) __imp_FlushFileBuffers;
 decltype(&syncOrFail) __imp_FlushFileBuffers = syncOrFail;
 extern "C" decltype(&writeOrFail) __imp_WriteFile;
@@ -118,21 +119,21 @@ protected:
     }
 };
 
-TEST_F(Fault, ARecordThatCannotBeSyncedIsTakenBack)
+TEST_F(Fault, ARecordThatCannotBeSyncedIsUndone)
 {
     isSyncToFail = true;
     expectRefused(appendToFile(kFile, kNew));
     EXPECT_EQ(bytesIn(kFile), kOld);
 }
 
-TEST_F(Fault, ANewFileThatCannotBeSyncedIsGoneAgain)
+TEST_F(Fault, ANewFileThatCannotBeSyncedIsRemoved)
 {
     isSyncToFail = true;
     expectRefused(appendToFile(u"new.tvd"_s, kNew));
     EXPECT_EQ(folderContent(), "data.tvd");
 }
 
-TEST_F(Fault, AnEmptyFileThatAnotherProgramJustMadeStays)
+TEST_F(Fault, AnEmptyFileThatAnotherProgramJustCreatedStays)
 {
     isMadeByAnother = true;
     isSyncToFail = true;
@@ -141,7 +142,7 @@ TEST_F(Fault, AnEmptyFileThatAnotherProgramJustMadeStays)
     EXPECT_EQ(readBack("new.tvd"), "");
 }
 
-TEST_F(Fault, ARewriteThatMayNotTakeTheNameTellsAtOnce)
+TEST_F(Fault, ARewriteThatMayNotRenameFailsAtOnce)
 {
     isRenameDenied = true;
     const auto start = std::chrono::steady_clock::now();
@@ -162,21 +163,21 @@ TEST_F(Fault, ARewriteThatCannotBeSyncedLeavesTheOldFile)
     EXPECT_EQ(folderContent(), "data.tvd");
 }
 
-TEST_F(Fault, HalfARecordIsTakenBack)
+TEST_F(Fault, HalfARecordIsUndone)
 {
     arriving = kHalf;
     expectRefused(appendToFile(kFile, kNew));
     EXPECT_EQ(bytesIn(kFile), kOld);
 }
 
-TEST_F(Fault, ANewFileWithHalfARecordIsGoneAgain)
+TEST_F(Fault, ANewFileWithHalfARecordIsRemoved)
 {
     arriving = kHalf;
     expectRefused(appendToFile(u"new.tvd"_s, kNew));
     EXPECT_EQ(folderContent(), "data.tvd");
 }
 
-TEST_F(Fault, HalfARecordThatCannotBeTakenBackIsTold)
+TEST_F(Fault, HalfARecordThatCannotBeUndoneIsReported)
 {
     arriving = kHalf;
     isSyncToFail = true;
@@ -185,7 +186,7 @@ TEST_F(Fault, HalfARecordThatCannotBeTakenBackIsTold)
     EXPECT_EQ(saved.error().outcome, FileOutcome::MaybeChanged);
 }
 
-TEST_F(Fault, WhatAnotherProgramWroteInsteadStaysAndIsTold)
+TEST_F(Fault, WhatAnotherProgramWroteInsteadStaysAndIsReported)
 {
     theirs = "their\r\n";
     arriving = DWORD(theirs.size());

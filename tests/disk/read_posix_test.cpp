@@ -26,7 +26,7 @@ TEST_F(Read, TakesANameThatStartsWithAColonAsAnOrdinaryOne)
     EXPECT_EQ(readFile(u":a.tvd"_s), "bytes");
 }
 
-TEST_F(Read, RefusesAFileThatMustNotBeRead)
+TEST_F(Read, RefusesAFileWithoutReadPermission)
 {
     writeFile("a.tvd", "bytes");
     ASSERT_EQ(chmod("a.tvd", 0000), 0);

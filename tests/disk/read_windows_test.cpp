@@ -12,7 +12,7 @@ using Read = FolderTest;
 
 const auto kFile = u"a.tvd"_s;
 
-TEST_F(Read, TellsThatAnotherProgramSharesTheFileWithNobody)
+TEST_F(Read, ReportsThatAnotherProgramSharesTheFileWithNobody)
 {
     put(kFile, "bytes");
     const OtherProgram other(kFile, 0);

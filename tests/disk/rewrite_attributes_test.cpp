@@ -28,7 +28,7 @@ struct Entry
 {
     enum Tag : quint16 { Owner = 1, User = 2, OwningGroup = 4, Group = 8, Mask = 16, Others = 32 };
     Tag tag;
-    quint16 rights;
+    quint16 permissions;
     quint32 user = ~0U;
 };
 
@@ -43,13 +43,13 @@ QByteArray accessList(const std::vector<Entry> &entries)
     put(kVersion, bytes);
     for (const Entry &entry : entries) {
         put(quint16(entry.tag), bytes);
-        put(entry.rights, bytes);
+        put(entry.permissions, bytes);
         put(entry.user, bytes);
     }
     return bytes;
 }
 
-/// Read and write for one user beside the owner, and some rights for the group.
+/// Read and write for one user beside the owner, and some permissions for the group.
 QByteArray listFor(uid_t user, quint16 group, quint16 others = 0)
 {
     return accessList({{Entry::Owner, 6},
@@ -80,7 +80,7 @@ struct stat stateOf(const char *file)
 }
 
 /// Owner, group and mode as a text.
-std::string rightsOf(const char *file)
+std::string permissionsOf(const char *file)
 {
     const struct stat state = stateOf(file);
     return u"%1:%2 %3"_s.arg(state.st_uid)
@@ -120,7 +120,7 @@ TEST_F(RewriteKeeps, OwnerAndGroupForTheSuperuser)
     NEEDS(isSuperuser())
     own(kOwner, kGroup, 0640);
     ASSERT_TRUE(rewrite());
-    EXPECT_EQ(rightsOf(kFile), "4321:1234 0640");
+    EXPECT_EQ(permissionsOf(kFile), "4321:1234 0640");
     EXPECT_EQ(readBack(kFile), "new");
 }
 
@@ -129,7 +129,7 @@ TEST_F(RewriteKeeps, TheBitsOfAModeThatAChangeOfOwnerClears)
     NEEDS(isSuperuser())
     own(kOwner, kGroup, 06750);
     ASSERT_TRUE(rewrite());
-    EXPECT_EQ(rightsOf(kFile), "4321:1234 6750");
+    EXPECT_EQ(permissionsOf(kFile), "4321:1234 6750");
 }
 
 TEST_F(RewriteKeeps, AGroupThatTheUserIsAMemberOf)
@@ -137,11 +137,11 @@ TEST_F(RewriteKeeps, AGroupThatTheUserIsAMemberOf)
     NEEDS(isSuperuser())
     own(kOwner, kGroup, 0660);
     EXPECT_TRUE(holdsForOrdinaryUser(rewrite, {kGroup}));
-    EXPECT_EQ(rightsOf(kFile), "65534:1234 0660");
+    EXPECT_EQ(permissionsOf(kFile), "65534:1234 0660");
     EXPECT_EQ(readBack(kFile), "new");
 }
 
-TEST_F(RewriteKeeps, OfAForeignGroupsRightsWhatEverybodyHad)
+TEST_F(RewriteKeeps, OfAForeignGroupsPermissionsWhatEverybodyHad)
 {
     NEEDS(isSuperuser())
     struct
@@ -155,7 +155,7 @@ TEST_F(RewriteKeeps, OfAForeignGroupsRightsWhatEverybodyHad)
     for (const auto &sample : samples) {
         own(kOwner, kGroup, sample.old);
         EXPECT_TRUE(holdsForOrdinaryUser(rewrite));
-        EXPECT_EQ(rightsOf(kFile), sample.kept);
+        EXPECT_EQ(permissionsOf(kFile), sample.kept);
     }
 }
 
@@ -163,11 +163,11 @@ TEST_F(RewriteKeeps, TheAccessControlList)
 {
     NEEDS(hasLists())
     const QByteArray list = listFor(kNobody, 4);
-    ASSERT_EQ(rightsOf(kFile).substr(rightsOf(kFile).size() - 4), "0670");
-    const std::string rights = rightsOf(kFile);
+    ASSERT_EQ(permissionsOf(kFile).substr(permissionsOf(kFile).size() - 4), "0670");
+    const std::string permissions = permissionsOf(kFile);
     ASSERT_TRUE(rewrite());
     EXPECT_EQ(attributeOf(kFile, kAccessList), list);
-    EXPECT_EQ(rightsOf(kFile), rights);
+    EXPECT_EQ(permissionsOf(kFile), permissions);
 }
 
 TEST_F(RewriteKeeps, TheAccessControlListOfAnotherOwner)
@@ -177,7 +177,7 @@ TEST_F(RewriteKeeps, TheAccessControlListOfAnotherOwner)
     const QByteArray list = attributeOf(kFile, kAccessList);
     ASSERT_TRUE(rewrite());
     EXPECT_EQ(attributeOf(kFile, kAccessList), list);
-    EXPECT_EQ(rightsOf(kFile), "4321:1234 6640");
+    EXPECT_EQ(permissionsOf(kFile), "4321:1234 6640");
 }
 
 TEST_F(RewriteKeeps, OfAForeignGroupsListTheUsersThatItNames)
@@ -187,7 +187,7 @@ TEST_F(RewriteKeeps, OfAForeignGroupsListTheUsersThatItNames)
     ASSERT_TRUE(setAttribute(kFile, kAccessList, listFor(kNobody, 7, 4)));
     EXPECT_TRUE(holdsForOrdinaryUser(rewrite));
     EXPECT_EQ(attributeOf(kFile, kAccessList), listFor(kNobody, 4, 4));
-    EXPECT_EQ(rightsOf(kFile), "65534:65534 0674");
+    EXPECT_EQ(permissionsOf(kFile), "65534:65534 0674");
 }
 
 TEST_F(RewriteKeeps, OfAForeignGroupsListNobodyInWhomANamedGroupKeepsOut)

@@ -24,7 +24,7 @@ mode_t modeOf(const char *file)
 
 using Rewrite = FolderTest;
 
-TEST_F(Rewrite, LetsWhoReadsTheOldFileReadItToItsEnd)
+TEST_F(Rewrite, LetsAReaderOfTheOldFileReadToItsEnd)
 {
     writeFile("a.tvd", "old");
     QFile reader(name());
@@ -72,7 +72,7 @@ TEST_F(Rewrite, TakesANameThatStartsWithAColonAsAnOrdinaryOne)
     EXPECT_EQ(folderContent(), ":a.tvd");
 }
 
-TEST_F(Rewrite, LeavesAFileThatMustNotBeRead)
+TEST_F(Rewrite, LeavesAFileWithoutReadPermission)
 {
     writeFile("a.tvd", "old");
     ASSERT_EQ(chmod("a.tvd", 0222), 0);
@@ -100,7 +100,7 @@ TEST_F(Rewrite, LeavesTheOldFileWhenTheNewOneDoesNotFit)
     EXPECT_EQ(folderContent(), "a.tvd");
 }
 
-TEST_F(Rewrite, LeavesTheOldFileInAFolderThatTakesNoFiles)
+TEST_F(Rewrite, LeavesTheOldFileInAReadOnlyFolder)
 {
     writeFile("a.tvd", "old");
     ASSERT_EQ(chmod("a.tvd", 0666), 0);
@@ -115,7 +115,7 @@ TEST_F(Rewrite, LeavesTheOldFileInAFolderThatTakesNoFiles)
     EXPECT_EQ(folderContent(), "a.tvd");
 }
 
-TEST_F(Rewrite, RefusesAFileThatMustNotBeWritten)
+TEST_F(Rewrite, RefusesAFileWithoutWritePermission)
 {
     writeFile("a.tvd", "old");
     ASSERT_EQ(chmod("a.tvd", 0444), 0);

@@ -63,7 +63,7 @@ TEST_F(Rewrite, LeavesAFileThatHoldsAnythingElse)
     }
 }
 
-TEST_F(Rewrite, MakesAFileAnewThatIsGone)
+TEST_F(Rewrite, CreatesAgainAFileThatIsGone)
 {
     EXPECT_TRUE(rewriteFile(name(), "new", QByteArrayView("old")));
     EXPECT_EQ(readBack("a.tvd"), "new");

@@ -1,4 +1,4 @@
-// Rewriting as only Windows has it: files that others have open, attributes, rights, times.
+// Rewriting as only Windows has it: files that others have open, attributes, permissions, times.
 
 #include "disk/rewrite.h"
 #include "support/folder_test.h"
@@ -26,7 +26,7 @@ BOOL WINAPI noteTime(HANDLE file, const FILETIME *created, const FILETIME *read,
 
 } // namespace
 
-// Where the calls of that function go; else the system's library puts its address here.
+// The import pointer of that function; without this definition the linker takes the system's.
 extern "C" decltype(&noteTime) __imp_SetFileTime;
 decltype(&noteTime) __imp_SetFileTime = noteTime;
 
@@ -77,7 +77,7 @@ TEST_F(Rewrite, SeesWhatTheProgramThatItWaitsForWrites)
         std::this_thread::sleep_for(300ms);
         other->write("odd");
         std::this_thread::sleep_for(
-            100ms); // so that it is surely looked at before it may be replaced
+            100ms); // so that a retry surely compares it before it can be replaced
         other.reset();
     });
     const auto saved = rewriteFile(kFile, "new", QByteArrayView("old"));
@@ -129,31 +129,31 @@ TEST_F(Rewrite, KeepsTheAttributesOfTheFile)
     EXPECT_TRUE(attributesOf(kFile) & FILE_ATTRIBUTE_HIDDEN);
 }
 
-/// Who may do what with a file, as the system keeps it.
-QByteArray rightsOf(const QString &file)
+/// The permissions of a file (its DACL) as the system keeps them.
+QByteArray permissionsOf(const QString &file)
 {
     DWORD size = 0;
     ::GetFileSecurityW(nativeName(file).c_str(), DACL_SECURITY_INFORMATION, nullptr, 0, &size);
-    QByteArray rights(size, '\0');
+    QByteArray permissions(size, '\0');
     EXPECT_TRUE(::GetFileSecurityW(nativeName(file).c_str(), DACL_SECURITY_INFORMATION,
-                                   rights.data(), size, &size));
-    return rights;
+                                   permissions.data(), size, &size));
+    return permissions;
 }
 
-TEST_F(Rewrite, KeepsTheRightsThatTheFileWasGiven)
+TEST_F(Rewrite, KeepsExplicitPermissions)
 {
     put(kFile, "old");
-    const QByteArray ofTheFolder = rightsOf(kFile);
+    const QByteArray ofTheFolder = permissionsOf(kFile);
     PSECURITY_DESCRIPTOR everybodys = nullptr;
     ASSERT_TRUE(::ConvertStringSecurityDescriptorToSecurityDescriptorW(
         L"D:P(A;;FA;;;WD)", SDDL_REVISION_1, &everybodys, nullptr));
     EXPECT_TRUE(
         ::SetFileSecurityW(nativeName(kFile).c_str(), DACL_SECURITY_INFORMATION, everybodys));
     ::LocalFree(everybodys);
-    const QByteArray given = rightsOf(kFile);
+    const QByteArray given = permissionsOf(kFile);
     ASSERT_NE(given, ofTheFolder);
     EXPECT_TRUE(rewriteFile(kFile, "new"));
-    EXPECT_EQ(rightsOf(kFile), given);
+    EXPECT_EQ(permissionsOf(kFile), given);
 }
 
 TEST_F(Rewrite, AsksForTheOldTimeOfCreation)

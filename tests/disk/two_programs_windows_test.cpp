@@ -33,7 +33,7 @@ TEST(Task, DISABLED_Appends)
     }
 }
 
-/// Takes the lock and ends without giving it back.
+/// Takes the lock and is killed without releasing it.
 TEST(Task, DISABLED_IsKilledWithTheLock)
 {
     OtherProgram other(kFile, kSharesAll);

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Saves under what really hinders them, and reads everything back.
 
-    hindrance_test.py full_disk|rights|links PROBE
+    hindrance_test.py full_disk|permissions|links PROBE
 
 A full disk and a read-only one are small file systems in memory, mounted for the test alone. Each
 save must be done or be refused as the table in hindrances.py says, with a cause that names the
@@ -28,9 +28,9 @@ FILES = 12
 
 
 def run_probe(command, user=None):
-    rights = {} if user is None else {"user": user, "group": user, "extra_groups": []}
+    identity = {} if user is None else {"user": user, "group": user, "extra_groups": []}
     done = subprocess.run(
-        command, env=PLAIN_TEXT, capture_output=True, timeout=STUCK_SECONDS, check=False, **rights
+        command, env=PLAIN_TEXT, capture_output=True, timeout=STUCK_SECONDS, check=False, **identity
     )
     return Run(done.returncode, done.stdout.decode(errors="replace").strip())
 
@@ -114,12 +114,12 @@ def try_in_folder(cases, probe, tally, user=None):
             tally.add(*judge_case(case, run, folder))
 
 
-def try_rights(probe, tally):
-    user = NOBODY if os.geteuid() == 0 else None  # rights do not bind the superuser
+def try_permissions(probe, tally):
+    user = NOBODY if os.geteuid() == 0 else None  # permissions do not bind the superuser
     with tempfile.TemporaryDirectory() as top:
         os.chmod(top, 0o755)
         reachable = shutil.copy(probe, top)
-        try_in_folder(hindrances.rights_cases(), reachable, tally, user)
+        try_in_folder(hindrances.permission_cases(), reachable, tally, user)
 
 
 def try_links(probe, tally):
@@ -142,7 +142,7 @@ def main():
         print("skipped: this user may not mount a file system, not even for this test alone")
         return 77
     tally = Tally("old", "new", "unsure")
-    tries = {"full_disk": try_full_disk, "rights": try_rights, "links": try_links}
+    tries = {"full_disk": try_full_disk, "permissions": try_permissions, "links": try_links}
     tries[group](os.path.abspath(probe), tally)
     print(f"{group}: {tally}")
     return 0 if tally.failures == 0 and tally.points > 0 else 1

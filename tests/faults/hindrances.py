@@ -96,8 +96,8 @@ def _mode(mode, name="."):
     return lambda folder: os.chmod(os.path.join(folder, name), mode)
 
 
-def rights_cases():
-    """For a user whom the system's rights bind."""
+def permission_cases():
+    """For a user whom file permissions bind."""
     cases = []
     for save in saves_of(ALL_OLD):
         reads = save.operation in ("stipulations", "rewrite")

@@ -6,7 +6,7 @@ FAILURES = (
     "false",  # the report is not true
     "twice",  # the record is there two times
     "stray",  # a file is left that belongs to nothing
-    "altered",  # a link, the file's rights or attributes, or the source are not as they were
+    "altered",  # a link, the file's permissions or attributes, or the source are not as they were
     "exposed",  # a temporary file may be read by more users than the old one
     "crashed",
     "evasive",  # the report leaves open what could be found out

@@ -26,7 +26,7 @@ class Run:
     killed: bool = False
     reached: bool = True  # the fault was injected indeed
     must_be_reported: bool = False  # success is no true answer to this fault
-    allows_unsure: bool = False  # two faults: the take-back of a failed write fails too
+    allows_unsure: bool = False  # two faults: undoing a failed write fails too
 
 
 def _run(command):
@@ -161,7 +161,7 @@ def injected_points(save, probe):
 
 
 def size_points(save, step):
-    """Sizes at which the write of this save runs short, and some where mending fails too.
+    """Sizes at which the write of this save runs short, and some where undoing it fails too.
 
     All sizes with a step of 1; the first and the last one with any.
     """

@@ -164,9 +164,9 @@ class Save:
         if self.old is None or not os.path.exists(real):
             return False
         lost_note = self.is_foreign and attributes_of(real).get(NOTE) != b"by hand"
-        return lost_note or not self._has_rights(real)
+        return lost_note or not self._has_permissions(real)
 
-    def _has_rights(self, path):
+    def _has_permissions(self, path):
         """Whether a file has the owner, group, mode and access list that the old one has."""
         state = os.stat(path)
         if state.st_mode & 0o7777 != MODE:
@@ -179,7 +179,9 @@ class Save:
     def is_exposed(self, folder):
         """Whether a temporary file lets anybody but its owner do what the old one may not let him."""
         strays = [os.path.join(folder, name) for name in self.strays(folder)]
-        return any(os.stat(path).st_mode & 0o077 and not self._has_rights(path) for path in strays)
+        return any(
+            os.stat(path).st_mode & 0o077 and not self._has_permissions(path) for path in strays
+        )
 
     def strays(self, folder):
         """The files and links that belong to nothing here."""

@@ -17,11 +17,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The real path of what is not there: of links that lead to it, and of its folder. As it is when
-/// the folder is not there either.
+/// The path of a missing file with all links followed: those that lead to it, and those in the path
+/// of its folder. Unchanged if the folder is missing as well.
 QString realPathOfMissing(QString path)
 {
-    constexpr int kMostLinks = 40; // as the system; loops of links do not come here
+    constexpr int kMostLinks = 40; // as the system; loops are found before
     std::array<char, PATH_MAX> target{};
     for (int count = 0; count < kMostLinks; ++count) {
         const ssize_t size =
@@ -63,7 +63,7 @@ QByteArray folderOf(const FilePath &path)
 
 bool FilePath::canBeName(const QString &name)
 {
-    // The system takes a name as ended by a NUL, and would use the file that it then names.
+    // For the system a NUL ends the name, so it would use another file.
     return !name.contains(QChar::Null) && name.isValidUtf16();
 }
 
@@ -114,12 +114,9 @@ Result<void> FilePath::remove() const
 
 Result<void> FilePath::syncFolder() const
 {
-    const Result<FilePath> path = real();
-    if (!path) {
-        return failure(path.error());
-    }
     constexpr int kFlags = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
-    const auto folder = File::owning(::open(folderOf(*path).constData(), kFlags));
+    const FilePath path = real().value_or(*this); // if links cannot be followed, the path as it is
+    const auto folder = File::owning(::open(folderOf(path).constData(), kFlags));
     if (folder) {
         return resultOf(::fsync(descriptorOf(*folder)) == 0 || errno == EINVAL);
     }

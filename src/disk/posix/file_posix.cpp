@@ -20,12 +20,17 @@ bool isSameFile(const struct stat &one, const struct stat &other)
     return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
 }
 
-/// Opens a path at once, and again when a signal interrupts that. A negative descriptor on failure.
-int openAtOnce(const QByteArray &path, int flags)
+/// Opens a path without waiting for the other end of a pipe.
+Result<File> openAtOnce(const FilePath &path, int flags, bool isNew)
 {
     constexpr mode_t kModeOfNew = 0666;
-    return static_cast<int>(
-        TEMP_FAILURE_RETRY(::open(path.constData(), flags | O_NONBLOCK | O_CLOEXEC, kModeOfNew)));
+    const QByteArray native = nativePath(path);
+    const auto handle =
+        TEMP_FAILURE_RETRY(::open(native.constData(), flags | O_NONBLOCK | O_CLOEXEC, kModeOfNew));
+    if (handle < 0 && errno == ENXIO) { // a pipe that nobody reads from
+        return failure(notOrdinary());
+    }
+    return File::owning(handle, isNew);
 }
 
 int flagsFor(File::Access access)
@@ -60,16 +65,11 @@ FileError systemError()
 
 Result<File> File::open(const FilePath &path, Access access)
 {
-    const QByteArray native = nativePath(path);
-    int handle = openAtOnce(native, flagsFor(access));
-    const bool isNew = handle < 0 && errno == ENOENT && access == Access::Append;
-    if (isNew) {
-        handle = openAtOnce(native, flagsFor(access) | O_CREAT);
+    Result<File> file = openAtOnce(path, flagsFor(access), false);
+    if (!file && file.error().reason == FileError::Reason::Missing && access == Access::Append) {
+        file = openAtOnce(path, flagsFor(access) | O_CREAT, true);
     }
-    if (handle < 0 && errno == ENXIO) { // a pipe that nobody reads from
-        return failure(notOrdinary());
-    }
-    return owning(handle, isNew);
+    return file;
 }
 
 void File::close()
@@ -143,7 +143,7 @@ Result<void> File::reserve([[maybe_unused]] qint64 offset, [[maybe_unused]] qint
 
 Result<void> File::append(QByteArrayView bytes)
 {
-    // A write that runs short tells its cause only when it is asked for the rest.
+    // After a short write, only the next call returns the error.
     while (!bytes.isEmpty()) {
         const ssize_t count = TEMP_FAILURE_RETRY(
             ::write(descriptorOf(*this), bytes.data(), std::size_t(bytes.size())));
@@ -162,7 +162,7 @@ Result<qint64> File::position() const
     return resultOf(place >= 0).map([place] { return qint64(place); });
 }
 
-Result<void> File::resize(qint64 size)
+Result<void> File::truncate(qint64 size)
 {
     return resultOf(TEMP_FAILURE_RETRY(::ftruncate(descriptorOf(*this), size)) == 0);
 }

@@ -73,7 +73,7 @@ FilePath::Kind FilePath::kind() const
     }
     const auto file = openShared(*this, FILE_READ_ATTRIBUTES);
     if (!file) {
-        // What may not even be looked at may be a file; opening it tells more.
+        // Without permission to look, assume a file; opening it tells more.
         const bool isThere = file.error().reason != FileError::Reason::Missing &&
                              ::GetFileAttributesW(native.c_str()) != INVALID_FILE_ATTRIBUTES;
         return isThere ? Kind::File : Kind::Nothing;
@@ -81,7 +81,7 @@ FilePath::Kind FilePath::kind() const
     if (::GetFileType(handleOf(*file)) != FILE_TYPE_DISK) {
         return Kind::Other;
     }
-    return file->isOrdinary().value_or(true) ? Kind::File : Kind::Folder; // the same here
+    return file->isOrdinary().value_or(true) ? Kind::File : Kind::Folder; // if unknown, the same
 }
 
 bool FilePath::exists() const
@@ -133,7 +133,7 @@ Result<void> FilePath::remove() const
 
 Result<void> FilePath::syncFolder() const
 {
-    // To sync a file takes its entry along, and folders cannot be synced by themselves.
+    // Syncing a file syncs its entry in the folder as well, and folders cannot be synced.
     return {};
 }
 

@@ -80,7 +80,8 @@ void File::close()
 
 Result<bool> File::lock()
 {
-    // Such a lock keeps everybody from the bytes in it, so that none that a file has are in it.
+    // This lock is mandatory: it keeps all programs from reading the locked bytes. So it is beyond
+    // the end of any file.
     constexpr qint64 kBehindAllBytes = 1LL << 40U;
     OVERLAPPED place = at(kBehindAllBytes);
     const auto locked =
@@ -116,7 +117,7 @@ Result<bool> File::isAt(const FilePath &path) const
     if (::GetFileInformationByHandleEx(handleOf(*this), FileStandardInfo, &opened, sizeof opened) !=
             FALSE &&
         opened.DeletePending != FALSE) {
-        return false; // its name stays to nobody's use until all have closed it
+        return false; // nobody can use the name until all have closed the file
     }
     const auto found = openShared(path, FILE_READ_ATTRIBUTES);
     if (found) {
@@ -146,8 +147,8 @@ Result<qint64> File::readAt(qint64 place, std::span<char> bytes) const
 
 Result<void> File::reserve(qint64 /*offset*/, qint64 /*count*/)
 {
-    // To set how much a file takes on the disk cuts off what another program writes behind that in
-    // the same moment. The write itself tells that there is no room, which may be in its midst.
+    // Setting the allocation size would truncate what another program appends in the same moment.
+    // The write itself fails on a full disk, maybe half-way.
     return {};
 }
 
@@ -159,11 +160,11 @@ Result<void> File::append(QByteArrayView bytes)
             end ? writeAtTheEnd(*this, bytes.first(std::min(kMostAtOnce, bytes.size()))) : end;
         if (!count) {
             FileError error = count.error();
-            // A write may fail in its midst, as on a share or a full disk.
+            // A write may fail half-way, as on a network share or a full disk.
             const qint64 arrived = end ? size().value_or(*end + 1) - *end : 0; // if unknown, some
             if (arrived > 0) {
                 m_appended += arrived;
-                // What may be of another program is not undone.
+                // Bytes that another program may have written must not be undone.
                 const bool isOurs = surelyHolds(*this, *end, arrived, bytes) &&
                                     seek(*this, 0, FILE_END).has_value();
                 error.outcome = isOurs ? FileOutcome::Unchanged : FileOutcome::MaybeChanged;
@@ -181,7 +182,7 @@ Result<qint64> File::position() const
     return seek(*this, 0, FILE_CURRENT);
 }
 
-Result<void> File::resize(qint64 size)
+Result<void> File::truncate(qint64 size)
 {
     return seek(*this, size, FILE_BEGIN).and_then([this](qint64 /*place*/) {
         return resultOf(::SetEndOfFile(handleOf(*this)) != FALSE);
@@ -194,7 +195,7 @@ Result<void> File::sync()
     if (synced || synced.error().reason != FileError::Reason::Denied) {
         return synced;
     }
-    // Opened for reading: only who may write may sync.
+    // The file was opened for reading, and syncing it needs write access.
     return reopen(*this, GENERIC_WRITE).and_then([](const File &writable) {
         return resultOf(::FlushFileBuffers(handleOf(writable)) != FALSE);
     });

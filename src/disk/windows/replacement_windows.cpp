@@ -46,8 +46,8 @@ bool areExplicit(std::vector<char> &permissions)
     return isExplicit;
 }
 
-/// Copies the old file's explicit (non-inherited) permissions. To set any takes more permissions
-/// than to write, on a share above all.
+/// Copies the old file's explicit (non-inherited) permissions. Inherited ones are not set, because
+/// setting any needs more than write permission, above all on network shares.
 Result<void> copyPermissions(const File &from, const File &to)
 {
     std::vector<char> permissions = permissionsOf(from);
@@ -175,8 +175,8 @@ Result<void> Replacement::takeName(File &old)
 {
     DWORD error = rename(m_file, m_path, true);
     if (isUnsupported(error)) {
-        // If another copy of this program has the old file open now, this fails; what it might do
-        // before, the gap keeps it from.
+        // This fails if another copy of this program has the old file open, and the gap keeps the
+        // copy from appending to it before.
         const LockGap gap(old);
         old.close();
         error = rename(m_file, m_path, false);
@@ -186,13 +186,14 @@ Result<void> Replacement::takeName(File &old)
         return {};
     }
     FileError refusal = explained(systemError(int(error)), m_path);
-    old.close(); // else it would be found open here
+    old.close(); // so that isOpen() finds only those of other programs
     const bool wasDeniedBefore = std::exchange(m_wasDenied, error == ERROR_ACCESS_DENIED);
     if (isOpen(m_path)) {
-        m_wasDenied = false; // the open file may be the reason
+        m_wasDenied = false; // the reason is probably the open file
         return failure(heldByAnother());
     }
-    // An open file may be the reason to be denied, and closed by now: only the second time tells.
+    // An open file may be the reason for the denial, and may be closed by now: only a second denial
+    // is final.
     if (isHeld(error) || (m_wasDenied && !wasDeniedBefore)) {
         refusal.reason = FileError::Reason::Busy;
     }

@@ -8,7 +8,7 @@
 /// Files and paths as Windows itself takes them.
 namespace tarvold {
 
-/// Lets other programs do anything with a file that is open here.
+/// Shares an open file for everything.
 inline constexpr DWORD kShared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
 /// How many characters the longest path has, its end included.
@@ -26,24 +26,24 @@ inline Result<File> owning(HANDLE handle, bool isNew = false)
     return File::owning(reinterpret_cast<File::Handle>(handle), isNew);
 }
 
-/// A path from its drive on, as all calls of the system take it, be it ever so long. Only here are
-/// names such as "NUL" taken for the devices that they are. Empty when it is none.
+/// The absolute path in the form that all system calls take, also when it is longer than MAX_PATH.
+/// Device names such as "NUL" become device paths. Empty when it is not a path.
 std::wstring nativePath(const FilePath &path);
 
 /// Whether a native path is that of a device.
 bool isDevice(const std::wstring &path);
 
-/// Opens what a path means so that other programs may do anything with it meanwhile. One that
-/// shares it with nobody, such as a virus scanner, is waited for.
+/// Opens what a path means, shared for everything. If another program has opened it without
+/// sharing, such as a virus scanner, opening is retried.
 Result<File> openShared(const FilePath &path, DWORD access, DWORD disposition = OPEN_EXISTING);
 
-/// Puts into better words why a path could not be opened or replaced, where that is known.
+/// Explains in plainer words why a path could not be opened or replaced, where that is known.
 FileError explained(FileError error, const FilePath &path);
 
 /// The error for a file that another program has open.
 FileError heldByAnother();
 
-/// Fails when an open file has the read-only attribute, which not all file systems care for.
+/// Fails when an open file has the read-only attribute, which not all file systems respect.
 Result<void> checkWritable(const File &file);
 
 /// What the system notes of an open file.
@@ -61,12 +61,12 @@ struct FileIdentity
 Result<FileIdentity> identityOf(const File &file);
 
 /// The interval in which a process has closed, and so unlocked, the old file in order to replace
-/// it: who gets the lock then must let go of it, for that file is about to be lost. Other processes
-/// on the same computer see it, those on other computers do not.
+/// it. Whoever gets the lock in this interval must release it: that file is about to be lost. Only
+/// processes on the same computer see the interval.
 class LockGap
 {
 public:
-    /// Begins it for an open file that is locked. Where the system cannot, there is none.
+    /// Begins it for an open, locked file. A hint; failure is ignored.
     explicit LockGap(const File &file);
     ~LockGap();
     Q_DISABLE_COPY_MOVE(LockGap)
@@ -75,8 +75,7 @@ public:
     static bool isIn(const File &file);
 
 private:
-    HANDLE m_mutex; ///< which nobody waits for: that it is there says all, and it goes with its
-                    ///< process
+    HANDLE m_mutex; ///< nobody waits for it: its existence is the mark, and ends with the process
 };
 
 } // namespace tarvold

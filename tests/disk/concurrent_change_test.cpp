@@ -1,5 +1,4 @@
-// What becomes of a file when a program that asks for no lock changes it while a save brings its
-// bytes to the disk.
+// What a file holds after a program that takes no lock changed it while a save syncs it.
 
 #include "disk/append.h"
 #include "disk/rewrite.h"
@@ -42,77 +41,77 @@ void replaceBy(const QByteArray &bytes)
     ASSERT_EQ(::rename("theirs.tmp", "data.tvd"), 0);
 }
 
-class Meddling : public FolderTest
+class ConcurrentChange : public FolderTest
 {
 protected:
     void SetUp() override { putBytes(kFile, kOld); }
     void TearDown() override { duringSync = nullptr; }
 
     /// Lets another program do something at the first sync.
-    static void meddleOnce(const std::function<void()> &meddle)
+    static void changeOnce(const std::function<void()> &change)
     {
-        duringSync = [meddle, isFirst = true]() mutable {
+        duringSync = [change, isFirst = true]() mutable {
             if (isFirst) {
                 isFirst = false;
-                meddle();
+                change();
             }
         };
     }
 
-    static Result<void> appendDuring(const std::function<void()> &meddle)
+    static Result<void> appendDuring(const std::function<void()> &change)
     {
-        meddleOnce(meddle);
+        changeOnce(change);
         return appendToFile(kFile, kNew);
     }
 
-    static Result<void> rewriteDuring(const std::function<void()> &meddle,
+    static Result<void> rewriteDuring(const std::function<void()> &change,
                                       const QString &name = kFile)
     {
-        meddleOnce(meddle);
+        changeOnce(change);
         return rewriteFile(name, kNew, kOld);
     }
 };
 
-using AppendMeddling = Meddling;
-using RewriteMeddling = Meddling;
+using AppendConcurrentChange = ConcurrentChange;
+using RewriteConcurrentChange = ConcurrentChange;
 
-TEST_F(AppendMeddling, AFileThatReplacesTheOldOneGetsTheRecord)
+TEST_F(AppendConcurrentChange, AFileThatReplacesTheOldOneGetsTheRecord)
 {
     EXPECT_TRUE(appendDuring([] { replaceBy(kTheirs); }));
     EXPECT_EQ(bytesIn(kFile), kTheirs + kNew);
 }
 
-TEST_F(AppendMeddling, ACopyThatAlreadyHasTheRecordDoesNotGetItTwice)
+TEST_F(AppendConcurrentChange, ACopyThatAlreadyHasTheRecordDoesNotGetItTwice)
 {
     EXPECT_TRUE(appendDuring([] { replaceBy(bytesIn(kFile)); }));
     EXPECT_EQ(bytesIn(kFile), kOld + kNew);
 }
 
-TEST_F(AppendMeddling, ARemovedFileIsMadeAnewWithTheRecord)
+TEST_F(AppendConcurrentChange, ARemovedFileIsCreatedAgainWithTheRecord)
 {
     EXPECT_TRUE(appendDuring([] { QFile::remove(kFile); }));
     EXPECT_EQ(bytesIn(kFile), kNew);
 }
 
-TEST_F(AppendMeddling, AFileThatIsWrittenAnewInPlaceGetsTheRecord)
+TEST_F(AppendConcurrentChange, AFileThatIsRewrittenInPlaceGetsTheRecord)
 {
     EXPECT_TRUE(appendDuring([] { putBytes(kFile, kTheirs); }));
     EXPECT_EQ(bytesIn(kFile), kTheirs + kNew);
 }
 
-TEST_F(AppendMeddling, ARecordThatWasMovedInsideTheFileDoesNotStandThereTwice)
+TEST_F(AppendConcurrentChange, ARecordThatWasMovedInsideTheFileDoesNotStandThereTwice)
 {
     EXPECT_TRUE(appendDuring([] { putBytes(kFile, kTheirs + bytesIn(kFile)); }));
     EXPECT_EQ(bytesIn(kFile), kTheirs + kOld + kNew);
 }
 
-TEST_F(AppendMeddling, TheEndOfALongerLineIsNoRecord)
+TEST_F(AppendConcurrentChange, TheEndOfALongerLineIsNoRecord)
 {
     EXPECT_TRUE(appendDuring([] { putBytes(kFile, "re" + kNew); }));
     EXPECT_EQ(bytesIn(kFile), "re" + kNew + kNew);
 }
 
-TEST_F(AppendMeddling, TheOldFileUnderItsNewNameDoesNotKeepTheRecord)
+TEST_F(AppendConcurrentChange, ARenamedFileDoesNotKeepTheRecord)
 {
     EXPECT_TRUE(appendDuring([] {
         ASSERT_EQ(::rename("data.tvd", "data.tvd~"), 0);
@@ -122,7 +121,7 @@ TEST_F(AppendMeddling, TheOldFileUnderItsNewNameDoesNotKeepTheRecord)
     EXPECT_EQ(readBack("data.tvd~"), kOld);
 }
 
-TEST_F(AppendMeddling, WhatWasWrittenBehindTheRecordMeanwhileStays)
+TEST_F(AppendConcurrentChange, WhatAnotherProgramAppendsMeanwhileStays)
 {
     EXPECT_TRUE(appendDuring([] {
         QFile file(kFile);
@@ -132,7 +131,7 @@ TEST_F(AppendMeddling, WhatWasWrittenBehindTheRecordMeanwhileStays)
     EXPECT_EQ(bytesIn(kFile), kOld + kNew + kTheirs);
 }
 
-TEST_F(AppendMeddling, AFolderInThePlaceOfTheFileIsToldAndNothingIsSaved)
+TEST_F(AppendConcurrentChange, AFolderInPlaceOfTheFileIsAnErrorAndNothingIsSaved)
 {
     const auto saved = appendDuring([] {
         QFile::remove(kFile);
@@ -143,7 +142,7 @@ TEST_F(AppendMeddling, AFolderInThePlaceOfTheFileIsToldAndNothingIsSaved)
     EXPECT_EQ(saved.error().outcome, FileOutcome::Unchanged);
 }
 
-TEST_F(AppendMeddling, AFileThatIsReplacedEachTimeIsGivenUp)
+TEST_F(AppendConcurrentChange, AFileThatIsReplacedOnEveryTryIsAnError)
 {
     int times = 0;
     duringSync = [&times] {
@@ -159,27 +158,27 @@ TEST_F(AppendMeddling, AFileThatIsReplacedEachTimeIsGivenUp)
     EXPECT_LT(times, 100);
 }
 
-TEST_F(AppendMeddling, AFileThatMayNotBeReadIsTrustedForItsSize)
+TEST_F(AppendConcurrentChange, AFileThatMayNotBeReadIsTrustedForItsSize)
 {
     EXPECT_TRUE(::chmod(".", 0777) == 0 && ::chmod("data.tvd", 0222) == 0);
     EXPECT_TRUE(holdsForOrdinaryUser([] { return appendToFile(kFile, kNew).has_value(); }));
     EXPECT_EQ(bytesIn(kFile), kOld + kNew);
 }
 
-TEST_F(RewriteMeddling, ARemovedFileIsMadeAnew)
+TEST_F(RewriteConcurrentChange, ARemovedFileIsCreatedAgain)
 {
     EXPECT_TRUE(rewriteDuring([] { QFile::remove(kFile); }));
     EXPECT_EQ(bytesIn(kFile), kNew);
 }
 
-TEST_F(RewriteMeddling, AFileThatIsRemovedBehindALinkedFolderIsMadeAnew)
+TEST_F(RewriteConcurrentChange, AFileRemovedBehindALinkedFolderIsCreatedAgain)
 {
     ASSERT_EQ(::symlink(".", "link"), 0);
     EXPECT_TRUE(rewriteDuring([] { QFile::remove(kFile); }, u"link/"_s + kFile));
     EXPECT_EQ(bytesIn(kFile), kNew);
 }
 
-TEST_F(RewriteMeddling, APipeInThePlaceOfTheFileIsToldAndNotWaitedFor)
+TEST_F(RewriteConcurrentChange, APipeInPlaceOfTheFileIsAnErrorAndNotWaitedFor)
 {
     const auto saved = rewriteDuring([] {
         QFile::remove(kFile);

@@ -1,5 +1,4 @@
-// What becomes of a file on Windows when a program that asks for no lock changes it while a save
-// brings its bytes to the disk.
+// What a file holds on Windows after a program that takes no lock changed it while a save syncs it.
 
 #include "disk/append.h"
 #include "disk/rewrite.h"
@@ -17,36 +16,36 @@ using namespace Qt::StringLiterals;
 /// What the other program does when a file is synced.
 std::function<void()> duringSync;
 
-BOOL WINAPI meddleAndSync(HANDLE /*file*/)
+BOOL WINAPI changeAndSync(HANDLE /*file*/)
 {
-    if (const auto meddle = std::exchange(duringSync, nullptr)) {
-        meddle();
+    if (const auto change = std::exchange(duringSync, nullptr)) {
+        change();
     }
     return TRUE;
 }
 
-/// What a copy of the program does before a file takes the name of one that must not be open.
+/// What a copy of the program does just before a rename over a file that must not be open.
 std::function<void()> beforeRename;
 
-BOOL WINAPI meddleAndSet(HANDLE file, FILE_INFO_BY_HANDLE_CLASS what, LPVOID info, DWORD size)
+BOOL WINAPI changeAndSet(HANDLE file, FILE_INFO_BY_HANDLE_CLASS what, LPVOID info, DWORD size)
 {
     static const auto set =
-        tarvold::testing::systemCall<decltype(&meddleAndSet)>("SetFileInformationByHandle");
-    const auto meddle =
+        tarvold::testing::systemCall<decltype(&changeAndSet)>("SetFileInformationByHandle");
+    const auto change =
         what == FileRenameInfo ? std::exchange(beforeRename, nullptr) : std::function<void()>();
-    if (meddle) {
-        meddle();
+    if (change) {
+        change();
     }
     return set(file, what, info, size);
 }
 
 } // namespace
 
-// Where the calls of these functions go; else the system's library puts its addresses here.
+// The import pointers of these functions; without these definitions the linker takes the system's.
 extern "C" BOOL(WINAPI *__imp_FlushFileBuffers)(HANDLE);
-BOOL(WINAPI *__imp_FlushFileBuffers)(HANDLE) = meddleAndSync;
-extern "C" decltype(&meddleAndSet) __imp_SetFileInformationByHandle;
-decltype(&meddleAndSet) __imp_SetFileInformationByHandle = meddleAndSet;
+BOOL(WINAPI *__imp_FlushFileBuffers)(HANDLE) = changeAndSync;
+extern "C" decltype(&changeAndSet) __imp_SetFileInformationByHandle;
+decltype(&changeAndSet) __imp_SetFileInformationByHandle = changeAndSet;
 
 namespace tarvold::testing {
 namespace {
@@ -56,21 +55,21 @@ const QByteArray kOld = "old\r\n";
 const QByteArray kNew = "new\r\n";
 const QByteArray kTheirs = "a record of the other program\r\n";
 
-class Meddling : public FolderTest
+class ConcurrentChange : public FolderTest
 {
 protected:
     void SetUp() override { putBytes(kFile, kOld); }
     void TearDown() override { EXPECT_FALSE(duringSync) << "nothing was synced"; }
 
-    static Result<void> appendDuring(const std::function<void()> &meddle)
+    static Result<void> appendDuring(const std::function<void()> &change)
     {
-        duringSync = meddle;
+        duringSync = change;
         return appendToFile(kFile, kNew);
     }
 
-    static Result<void> rewriteDuring(const std::function<void()> &meddle)
+    static Result<void> rewriteDuring(const std::function<void()> &change)
     {
-        duringSync = meddle;
+        duringSync = change;
         return rewriteFile(kFile, kNew, kOld);
     }
 };
@@ -81,13 +80,13 @@ void writeInPlace(const QByteArray &bytes)
     OtherProgram(kFile, kSharesAll).write(bytes);
 }
 
-TEST_F(Meddling, ARecordThatIsOverwrittenIsAppendedAgain)
+TEST_F(ConcurrentChange, ARecordThatIsOverwrittenIsAppendedAgain)
 {
     EXPECT_TRUE(appendDuring([] { writeInPlace(kTheirs); }));
     EXPECT_EQ(bytesIn(kFile), kTheirs + kNew);
 }
 
-TEST_F(Meddling, AFileThatIsRemovedIsMadeAnew)
+TEST_F(ConcurrentChange, AFileRemovedDuringAnAppendIsCreatedAgain)
 {
     bool isStillToBeSeen = false;
     EXPECT_TRUE(appendDuring([&isStillToBeSeen] {
@@ -100,7 +99,7 @@ TEST_F(Meddling, AFileThatIsRemovedIsMadeAnew)
     EXPECT_EQ(bytesIn(kFile), kNew);
 }
 
-TEST_F(Meddling, AFileThatIsRenamedDoesNotKeepTheRecord)
+TEST_F(ConcurrentChange, ARenamedFileDoesNotKeepTheRecord)
 {
     EXPECT_TRUE(appendDuring([] {
         ASSERT_TRUE(::MoveFileW(L"data.tvd", L"data.old"));
@@ -110,13 +109,13 @@ TEST_F(Meddling, AFileThatIsRenamedDoesNotKeepTheRecord)
     EXPECT_EQ(readBack("data.old"), kOld);
 }
 
-TEST_F(Meddling, ARecordThatWasMovedInsideTheFileDoesNotStandThereTwice)
+TEST_F(ConcurrentChange, ARecordThatWasMovedInsideTheFileDoesNotStandThereTwice)
 {
     EXPECT_TRUE(appendDuring([] { writeInPlace(kTheirs + bytesIn(kFile)); }));
     EXPECT_EQ(bytesIn(kFile), kTheirs + kOld + kNew);
 }
 
-TEST_F(Meddling, AFileThatChangesDuringARewriteStays)
+TEST_F(ConcurrentChange, AFileThatChangesDuringARewriteStays)
 {
     const auto saved = rewriteDuring([] { writeInPlace(kTheirs); });
     ASSERT_FALSE(saved);
@@ -125,7 +124,7 @@ TEST_F(Meddling, AFileThatChangesDuringARewriteStays)
     EXPECT_EQ(folderContent(), "data.tvd");
 }
 
-TEST_F(Meddling, ACopyThatComesBeforeTheNewFileHasTheNameLosesNoRecord)
+TEST_F(ConcurrentChange, AnAppendJustBeforeTheRenameLosesNoRecord)
 {
     Result<void> saved;
     beforeRename = [&saved] { saved = appendToFile(kFile, kTheirs); };
@@ -139,7 +138,7 @@ TEST_F(Meddling, ACopyThatComesBeforeTheNewFileHasTheNameLosesNoRecord)
     EXPECT_EQ(saved.error().outcome, FileOutcome::Unchanged);
 }
 
-TEST_F(Meddling, AFileThatIsRemovedDuringARewriteIsMadeAnew)
+TEST_F(ConcurrentChange, AFileRemovedDuringARewriteIsCreatedAgain)
 {
     EXPECT_TRUE(rewriteDuring([] { ASSERT_TRUE(::DeleteFileW(nativeName(kFile).c_str())); }));
     EXPECT_EQ(bytesIn(kFile), kNew);

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Lets another program, which asks for no lock, get at the files between any two steps of a save.
 
-    meddle_test.py append|rewrite|import PROBE
+    concurrent_change_test.py append|rewrite|import PROBE
 
 The probe is stopped after each system call that touches the data files or their folder; what the
 other program does is done; the probe goes on. Then everything is read back: what the other program
@@ -21,7 +21,7 @@ import threading
 from concurrent.futures import ThreadPoolExecutor
 
 from judge import Tally
-from meddling import TO_FILE, TO_SOURCE, judge_append, judge_rewrite, judge_source, relink
+from concurrent_changes import TO_FILE, TO_SOURCE, judge_append, judge_rewrite, judge_source, relink
 from points import PLAIN_TEXT, STUCK_SECONDS, calls_of, tracing_refused
 from saves import SAVES, SOURCE, read, settle
 
@@ -73,21 +73,21 @@ def run_until_stopped(command, call, occurrence, act):
 
 
 def try_step(save, probe, scratch, one):
-    """What was found, and in words what was done; None when there was nothing to meddle with."""
-    step, meddle, name = one
+    """What was found, and in words what was done; None when there was nothing to change."""
+    step, change, name = one
     folder = os.path.join(scratch, "folder")
     path = os.path.join(folder, name)
     left = []
 
     def act():
         try:
-            meddle(path)
+            change(path)
             left.append(read(path))
         except FileNotFoundError:
             pass
 
     code, output = run_until_stopped(save.command(probe, scratch), *step, act)
-    story = f"{save.name}: {meddle.__name__} after {step[0]} number {step[1]}: {code}: {output}"
+    story = f"{save.name}: {change.__name__} after {step[0]} number {step[1]}: {code}: {output}"
     if not left:
         return None, story
     if name == SOURCE:
@@ -105,11 +105,11 @@ def try_step(save, probe, scratch, one):
 
 def try_save(save, probe):
     tally = Tally("saved", "unsaved", "unsure")
-    meddlers = [(meddle, save.real) for meddle in TO_FILE]
-    meddlers += [(relink, name) for name, _ in save.links]
+    changes = [(change, save.real) for change in TO_FILE]
+    changes += [(relink, name) for name, _ in save.links]
     if save.source is not None:
-        meddlers += [(meddle, SOURCE) for meddle in TO_SOURCE]
-    tries = [(step, *meddler) for step in steps_of(save, probe) for meddler in meddlers]
+        changes += [(change, SOURCE) for change in TO_SOURCE]
+    tries = [(step, *change) for step in steps_of(save, probe) for change in changes]
     with tempfile.TemporaryDirectory() as top, ThreadPoolExecutor(PARALLEL) as pool:
         scratches = [os.path.join(top, str(number)) for number in range(len(tries))]
         for scratch in scratches:
@@ -132,7 +132,7 @@ def main():
     tallies = [try_save(save, os.path.abspath(probe)) for save in SAVES[operation]]
     points = sum(tally.points for tally in tallies)
     failures = sum(tally.failures for tally in tallies)
-    print(f"{operation}, meddled with: {points} points, {failures} failures")
+    print(f"{operation}, changed concurrently: {points} points, {failures} failures")
     return 0 if failures == 0 and points >= LEAST_POINTS else 1
 
 

@@ -105,6 +105,16 @@ TEST_F(AppendConcurrentChange, ARecordThatWasMovedInsideTheFileDoesNotStandThere
     EXPECT_EQ(bytesIn(kFile), kTheirs + kOld + kNew);
 }
 
+TEST_F(AppendConcurrentChange, ARecordThatWasMovedAcrossTwoBlocksIsFound)
+{
+    for (qsizetype size = 65520; size < 65540; ++size) { // the file is searched in blocks of 65536
+        const QByteArray above = QByteArray(size, 'x') + "\r\n";
+        putBytes(kFile, kOld);
+        EXPECT_TRUE(appendDuring([&above] { putBytes(kFile, above + bytesIn(kFile)); }));
+        EXPECT_EQ(bytesIn(kFile), above + kOld + kNew) << size;
+    }
+}
+
 TEST_F(AppendConcurrentChange, TheEndOfALongerLineIsNoRecord)
 {
     EXPECT_TRUE(appendDuring([] { putBytes(kFile, "re" + kNew); }));

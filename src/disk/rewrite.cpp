@@ -8,12 +8,11 @@
 #include <utility>
 
 namespace tarvold {
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 using namespace std::chrono_literals;
+
+constexpr QStringView kChanged = u"Another program changed it.";
 
 /// Sets what became of the file in an error.
 auto with(FileOutcome outcome)
@@ -69,7 +68,7 @@ Result<void> checkKnown(const QString &name, const FilePath &path, QByteArrayVie
     // Comparing takes time, in which the file may be replaced.
     const auto realPath = FilePath::ofTyped(name).and_then(&FilePath::real);
     if (!*isSame || realPath != path || path.state() != state) {
-        return failure(u"Another program changed it."_s, FileOutcome::ChangedByAnother);
+        return failure(kChanged.toString(), FileOutcome::ChangedByAnother);
     }
     return {};
 }

@@ -21,9 +21,9 @@ FilePath randomNameBeside(const FilePath &path)
 Result<void>
 Replacement::takeTemporaryName(const std::function<Result<void>(const FilePath &)> &take)
 {
-    constexpr int kMostTries = 100;
+    constexpr int kMostNames = 100;
     Result<void> taken;
-    for (int count = 0; count < kMostTries; ++count) {
+    for (int count = 0; count < kMostNames; ++count) {
         const FilePath name = randomNameBeside(m_path);
         taken = take(name);
         if (taken) {

@@ -10,8 +10,8 @@ namespace tarvold {
 /// Appends whole records to a data file, creating it when it is missing.
 ///
 /// All or nothing: on success, all bytes are on the disk, in one piece, in the file that has the
-/// name at the end. On failure, the file has its old length, or is removed if it was created here;
-/// if even that failed, the error says `MaybeChanged`.
+/// name at the end. On failure a rollback gives the file its old length, or removes it if it was
+/// created here; if even that failed, the error says `MaybeChanged`.
 ///
 /// Copies of this program wait for each other (advisory lock). A program that takes no lock may do
 /// anything to the file meanwhile. So after the sync the name is looked up again, and the bytes are

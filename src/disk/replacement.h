@@ -24,8 +24,8 @@ public:
     [[nodiscard]] Result<void> write(QByteArrayView bytes);
 
     /// Renames the temporary file over the old one, atomically. `Busy` when another program
-    /// prevents that. \param old the open old file with its lock, if there is one. Where the system
-    /// replaces no
+    /// prevents that.
+    /// \param old the open old file with its lock, if there is one. Where the system replaces no
     ///        open file it is closed for that, and stays closed.
     [[nodiscard]] Result<void> takeName(File &old);
 

@@ -153,7 +153,8 @@ void Form2::refreshFiles()
     const QString selected = selectedFile();
     QStringList names = QDir().entryList(QDir::Files | QDir::Hidden, QDir::Name);
     // Qt lists a link to a pipe or a device as a file.
-    names.removeIf([](const QString &name) { return !isTvdName(name) || !FilePath::ofOrdinary(name); });
+    names.removeIf(
+        [](const QString &name) { return !isTvdName(name) || !FilePath::ofOrdinary(name); });
     m_names->setStringList(names);
     if (const qsizetype row = names.indexOf(selected); row >= 0) {
         m_files->setCurrentIndex(m_names->index(static_cast<int>(row)));

@@ -33,7 +33,8 @@ Result<File> reopen(const File &file, DWORD access)
     return owning(::ReOpenFile(handleOf(file), access, kShared, 0));
 }
 
-/// Writes bytes behind the end of a file, wherever that is by then. \return how many
+/// Writes bytes behind the end of a file, wherever that is by then.
+/// \return how many
 Result<qint64> writeAtTheEnd(const File &file, QByteArrayView bytes)
 {
     OVERLAPPED end = at(-1);

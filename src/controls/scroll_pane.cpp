@@ -1,12 +1,38 @@
 #include "controls/scroll_pane.h"
 
+#include "controls/bounded_column.h"
 #include "controls/sizes.h"
 
 #include <QApplication>
+#include <QEvent>
+#include <QGridLayout>
 #include <QScrollBar>
-#include <QVBoxLayout>
 
 namespace tarvold {
+
+namespace {
+
+/// Gaps are a third of their normal size at the least step and half as much again at the most.
+constexpr int kLeastStep = 2;
+constexpr int kNormalStep = 6;
+constexpr int kMostStep = 9;
+
+int verticalSpacing(const QLayout &layout)
+{
+    const auto *grid = qobject_cast<const QGridLayout *>(&layout);
+    return grid != nullptr ? grid->verticalSpacing() : layout.spacing();
+}
+
+void setVerticalSpacing(QLayout &layout, int spacing)
+{
+    if (auto *grid = qobject_cast<QGridLayout *>(&layout)) {
+        grid->setVerticalSpacing(spacing);
+    } else {
+        layout.setSpacing(spacing);
+    }
+}
+
+} // namespace
 
 ScrollPane::ScrollPane(QWidget *parent) : QScrollArea(parent)
 {
@@ -14,7 +40,7 @@ ScrollPane::ScrollPane(QWidget *parent) : QScrollArea(parent)
     setFocusPolicy(Qt::NoFocus);
     setWidgetResizable(true);
     auto *content = new QWidget;
-    m_column = new QVBoxLayout(content);
+    m_column = new BoundedColumn(content);
     m_column->setContentsMargins({});
     m_column->setSpacing(kGap);
     setWidget(content);
@@ -34,6 +60,66 @@ ScrollPane::ScrollPane(QWidget *parent) : QScrollArea(parent)
 QSize ScrollPane::sizeHint() const
 {
     return widget()->sizeHint();
+}
+
+void ScrollPane::resizeEvent(QResizeEvent *event)
+{
+    fitGaps();
+    QScrollArea::resizeEvent(event);
+}
+
+bool ScrollPane::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == widget() && event->type() == QEvent::LayoutRequest) {
+        fitGaps(); // rows may have been shown or hidden
+    }
+    return QScrollArea::eventFilter(watched, event);
+}
+
+void ScrollPane::rememberGaps()
+{
+    const auto remember = [this](QLayout *layout) {
+        if (!m_gaps.contains(layout)) {
+            m_gaps.insert(layout, verticalSpacing(*layout));
+        }
+    };
+    remember(m_column);
+    for (QGridLayout *grid : m_column->findChildren<QGridLayout *>()) {
+        remember(grid);
+    }
+}
+
+void ScrollPane::setGaps(int step)
+{
+    for (auto gap = m_gaps.constBegin(); gap != m_gaps.constEnd(); ++gap) {
+        const int spacing = gap.value() * step / kNormalStep;
+        if (verticalSpacing(*gap.key()) != spacing) {
+            setVerticalSpacing(*gap.key(), spacing);
+        }
+    }
+}
+
+int ScrollPane::neededHeight() const
+{
+    return m_column->hasHeightForWidth() ? m_column->heightForWidth(maximumViewportSize().width())
+                                         : m_column->minimumSize().height();
+}
+
+void ScrollPane::fitGaps()
+{
+    const QSize room = maximumViewportSize();
+    // A new spacing asks for a new layout, which comes here again.
+    if (room == m_fittedRoom && neededHeight() == m_fittedHeight) {
+        return;
+    }
+    rememberGaps();
+    int step = kMostStep;
+    setGaps(step);
+    while (step > kLeastStep && neededHeight() > room.height()) {
+        setGaps(--step);
+    }
+    m_fittedRoom = room;
+    m_fittedHeight = neededHeight();
 }
 
 } // namespace tarvold

@@ -1,9 +1,11 @@
 #include "import/import_screen.h"
 
+#include "controls/bounded_column.h"
 #include "controls/busy_cursor.h"
 #include "controls/list_box.h"
 #include "controls/message_box.h"
 #include "controls/push_button.h"
+#include "controls/sizes.h"
 #include "controls/text_box.h"
 #include "datafiles/file_name.h"
 #include "datafiles/import_merge.h"
@@ -16,7 +18,6 @@
 #include <QDir>
 #include <QLabel>
 #include <QStringListModel>
-#include <QVBoxLayout>
 
 #include <algorithm>
 
@@ -71,6 +72,7 @@ Form2::Form2(Screens &screens)
     addFileChoice();
     column().addStretch();
     addButtons();
+    growInWidth();
     goToKinds();
     connect(this, &Screen::closeRequested, this, &Form2::leave);
 }
@@ -79,7 +81,8 @@ void Form2::addKindButtons()
 {
     for (const KindRow &row : kKinds) {
         PushButton *button = newButton(row.button, row.caption);
-        button->setMinimumWidth(fontMetrics().averageCharWidth() * kKindButtonWidth);
+        button->setMinimumSize(fontMetrics().averageCharWidth() * kKindButtonWidth,
+                               kTaskButtonHeight);
         column().addWidget(button, 0, Qt::AlignLeft);
         connect(button, &QPushButton::clicked, this, [this, &row] {
             goToFiles(QLatin1StringView(row.whatimport),
@@ -95,13 +98,17 @@ void Form2::addFileChoice()
     add(m_files, "File1");
     column().addWidget(m_files, 1);
     QLabel *prompt = newLabel("Label2", "Which file do you want to import these into?");
-    column().addWidget(prompt);
     auto *target = new TextBox;
     target->setText(u"Text1"_s);
     target->setAccessibleName(prompt->text());
     prompt->setBuddy(target);
     add(target, "Text1");
-    column().addWidget(target);
+    auto *below = new BoundedColumn;
+    below->setMost({readableWidth(), QWIDGETSIZE_MAX});
+    below->setSpacing(kRowGap);
+    below->addWidget(prompt);
+    below->addWidget(target);
+    column().addLayout(below);
 }
 
 void Form2::addButtons()
@@ -119,6 +126,7 @@ void Form2::addButtons()
 
 void Form2::showStage(Stage stage)
 {
+    setGrowsInHeight(stage == Stage::Files); // only the list of files uses the height
     for (const char *name : kKindStage) {
         control(name).setVisible(stage == Stage::Kinds);
     }

@@ -35,6 +35,7 @@ CommentaryScreen::CommentaryScreen(Screens &screens, const CommentaryTable &tabl
     addInstructions();
     addLines();
     column().addStretch();
+    growInWidth();
     addButtons();
 }
 
@@ -53,7 +54,7 @@ void CommentaryScreen::addTagList()
     label->setMinimumWidth(formgrid::labelWidth(*this));
     row->addWidget(label);
     row->addWidget(m_tags, 1);
-    column().addLayout(row);
+    head().addLayout(row);
     connect(m_tags, &ComboBox::chosen, this, &CommentaryScreen::insertTag);
 }
 
@@ -61,7 +62,7 @@ void CommentaryScreen::addInstructions()
 {
     QLabel *instructions = newLabel("Label3", m_table.instructions);
     instructions->setWordWrap(true);
-    column().addWidget(instructions);
+    head().addWidget(instructions);
 }
 
 void CommentaryScreen::addLines()

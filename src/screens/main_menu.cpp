@@ -72,6 +72,10 @@ void Form1::addRows(QGridLayout &grid)
     for (const MenuRow &row : kRows) {
         PushButton *button = newButton(row.button, row.caption);
         connect(button, &QPushButton::clicked, this, [this, &row] { emit pressed(row.entry); });
+        button->setMinimumHeight(kTaskButtonHeight);
+        if (!row.kind) {
+            grid.setRowMinimumHeight(grid.rowCount(), kGap); // sets apart what adds to no file
+        }
         const int line = grid.rowCount();
         grid.addWidget(button, line, 0);
         if (!row.kind) {

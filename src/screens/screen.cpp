@@ -1,5 +1,6 @@
 #include "screens/screen.h"
 
+#include "controls/bounded_column.h"
 #include "controls/controls.h"
 #include "controls/push_button.h"
 #include "controls/scroll_pane.h"
@@ -11,7 +12,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QScreen>
-#include <QVBoxLayout>
 #include <QWindow>
 
 namespace tarvold {
@@ -23,38 +23,87 @@ namespace {
 constexpr double kHeadingScale = 1.4;
 
 /// One size for all screens, so that moving through them feels like one window. It follows the
-/// user's text size and has room for the longest form if the display has.
+/// user's text size and has room for the longest form.
 QSize standardSize(const QWidget &screen)
 {
     constexpr int kRows = 13;
-    constexpr int kLeastRest = 126; // the space around the rows: gaps do not shrink with the text
-    constexpr QSize kFrame(16, 48); // the largest window frame that a desktop draws
+    constexpr int kLeastRest = 146; // the space around the rows: gaps do not shrink with the text
     const QFontMetrics metrics = screen.fontMetrics();
     const int row = std::max(kControlHeight, metrics.lineSpacing() + 10) + kRowGap;
-    const QSize wanted(metrics.averageCharWidth() * 100,
-                       kRows * row + std::max(kLeastRest, metrics.lineSpacing() * 9));
-    return wanted.boundedTo(screen.screen()->availableSize() - kFrame);
+    return {metrics.averageCharWidth() * 100,
+            kRows * row + std::max(kLeastRest, metrics.lineSpacing() * 9)};
+}
+
+/// The size that a new window gets: the standard size, if the display has that much room.
+QSize startSize(const QWidget &screen)
+{
+    constexpr QSize kFrame(16, 48); // the largest window frame that a desktop draws
+    return standardSize(screen).boundedTo(screen.screen()->availableSize() - kFrame);
+}
+
+/// In a taller window than this, the buttons would be too far from the fields.
+int tallest(const QWidget &screen)
+{
+    return standardSize(screen).height() * 5 / 4;
 }
 
 } // namespace
 
 Screen::Screen(const char *name)
-    : m_head(new QVBoxLayout)
+    : m_whole(new BoundedColumn(this))
+    , m_head(new BoundedColumn)
     , m_pane(new ScrollPane)
-    , m_foot(new QVBoxLayout)
+    , m_foot(new BoundedColumn)
 {
     setObjectName(QLatin1StringView(name));
     setWindowTitle(u"Tarvold 1.3 Data Editor"_s);
-    auto *whole = new QVBoxLayout(this);
-    whole->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-    whole->setSpacing(kGap);
-    whole->addLayout(m_head);
-    whole->addWidget(m_pane, 1);
-    whole->addLayout(m_foot);
-    for (QVBoxLayout *part : {m_head, m_foot}) {
-        part->setSpacing(kGap);
+    m_whole->addLayout(m_head);
+    m_whole->addWidget(m_pane, 1);
+    m_whole->addLayout(m_foot);
+    setGrowsInHeight(false);
+    for (BoundedColumn *part : {m_head, &m_pane->column(), m_foot}) {
+        part->setMost({readableWidth(), QWIDGETSIZE_MAX});
     }
-    resize(standardSize(*this));
+    resize(startSize(*this));
+    fitGaps();
+}
+
+int Screen::readableWidth() const
+{
+    return standardSize(*this).width() - 2 * kMargin;
+}
+
+void Screen::growInWidth()
+{
+    m_pane->column().setMost({QWIDGETSIZE_MAX, QWIDGETSIZE_MAX});
+}
+
+void Screen::setGrowsInHeight(bool grows)
+{
+    m_whole->setMost({QWIDGETSIZE_MAX, grows ? QWIDGETSIZE_MAX : tallest(*this)});
+}
+
+void Screen::resizeEvent(QResizeEvent *event)
+{
+    fitGaps();
+    m_whole->activate(); // at once, and not after the window was drawn with the old gaps
+    QWidget::resizeEvent(event);
+}
+
+void Screen::fitGaps()
+{
+    // By the height alone and not by the content, so that nothing moves from screen to screen.
+    const bool isLow = height() < standardSize(*this).height();
+    const int margin = isLow ? kTightMargin : kMargin;
+    m_whole->setContentsMargins(kMargin, margin, kMargin, margin);
+    for (BoundedColumn *part : {m_whole, m_head, m_foot}) {
+        part->setSpacing(isLow ? kRowGap : kGap);
+    }
+}
+
+QVBoxLayout &Screen::head()
+{
+    return *m_head;
 }
 
 QVBoxLayout &Screen::column()
@@ -161,7 +210,7 @@ void Screen::addRule(const char *name)
     auto *rule = new QFrame(this);
     rule->setFrameShape(QFrame::HLine);
     add(rule, name);
-    m_head->addWidget(rule);
+    m_whole->insertWidget(1, rule); // as wide as what is below it
 }
 
 void Screen::addButtonRow(std::initializer_list<PushButton *> left,

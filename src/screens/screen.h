@@ -10,6 +10,7 @@ class QVBoxLayout;
 
 namespace tarvold {
 
+class BoundedColumn;
 class PushButton;
 class ScrollPane;
 struct RecordField;
@@ -103,15 +104,31 @@ protected:
     /// The column between heading and buttons. It scrolls if the display is too small for it.
     QVBoxLayout &column();
 
+    /// The column above that one, which begins with the heading and never scrolls.
+    QVBoxLayout &head();
+
+    /// In a window of any width, nothing is wider than this, unless what is in column() grows.
+    int readableWidth() const;
+
+    /// What is in column() becomes as wide as the window.
+    void growInWidth();
+
+    /// Whether the screen becomes as tall as any window. If not, its buttons stay near its fields.
+    void setGrowsInHeight(bool grows);
+
+    void resizeEvent(QResizeEvent *event) override;
     void showEvent(QShowEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
 
 private:
+    void fitGaps();
+
     QHash<QByteArray, QWidget *> m_controls;
     QHash<const RecordField *, QWidget *> m_sources;
-    QVBoxLayout *m_head;
+    BoundedColumn *m_whole;
+    BoundedColumn *m_head;
     ScrollPane *m_pane;
-    QVBoxLayout *m_foot;
+    BoundedColumn *m_foot;
 };
 
 } // namespace tarvold

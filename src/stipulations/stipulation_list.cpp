@@ -42,6 +42,8 @@ Form16::Form16(Screens &screens)
     addRule("Line1");
     addList();
     addButtons();
+    growInWidth();
+    setGrowsInHeight(true);
     connect(&screens, &Screens::created, this, [this](Screen *created) {
         if (auto *form = qobject_cast<Form3 *>(created)) {
             connect(form, &Form3::submitted, this, &Form16::store);

@@ -1,4 +1,6 @@
+#include "controls/bounded_column.h"
 #include "controls/scroll_pane.h"
+#include "controls/sizes.h"
 #include "controls/text_box.h"
 #include "support/events.h"
 
@@ -36,6 +38,9 @@ protected:
         return pane.viewport()->rect().contains(place);
     }
 
+    /// The current gap between two boxes.
+    int gap() { return pane.column().spacing(); }
+
     QWidget window;
     ScrollPane &pane = *new ScrollPane;
     std::array<TextBox *, 12> boxes{};
@@ -55,6 +60,41 @@ TEST_F(ScrollPaneTest, ShowsAScrollBarIfThereIsNoRoom)
     EXPECT_TRUE(pane.verticalScrollBar()->isVisible());
     EXPECT_FALSE(pane.horizontalScrollBar()->isVisible());
     EXPECT_FALSE(isFullyVisible(*boxes.back()));
+}
+
+TEST_F(ScrollPaneTest, ShrinksItsGapsBeforeItScrolls)
+{
+    showAt(window.sizeHint().height());
+    EXPECT_EQ(gap(), kGap);
+    const int saved = 11 * 4; // between 12 boxes
+    window.resize(300, window.height() - saved);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(gap(), kGap - 4);
+    EXPECT_FALSE(pane.verticalScrollBar()->isVisible());
+    EXPECT_TRUE(isFullyVisible(*boxes.back()));
+    window.resize(300, 200);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(gap(), kGap / 3);
+    EXPECT_TRUE(pane.verticalScrollBar()->isVisible());
+}
+
+TEST_F(ScrollPaneTest, WidensItsGapsALittleWhereThereIsRoomToSpare)
+{
+    pane.column().addStretch();
+    showAt(1000);
+    EXPECT_EQ(gap(), kGap * 3 / 2);
+}
+
+TEST_F(ScrollPaneTest, FitsItsGapsAgainWhenRowsAreHidden)
+{
+    showAt(200);
+    EXPECT_EQ(gap(), kGap / 3);
+    for (TextBox *box : boxes) {
+        box->setVisible(box == boxes.front() || box == boxes.back());
+    }
+    QCoreApplication::processEvents();
+    EXPECT_EQ(gap(), kGap * 3 / 2);
+    EXPECT_FALSE(pane.verticalScrollBar()->isVisible());
 }
 
 TEST_F(ScrollPaneTest, ScrollsToWhatTabReaches)

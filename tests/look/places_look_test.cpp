@@ -7,6 +7,7 @@
 #include "screens/help_line.h"
 
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
 
 #include <map>
@@ -115,6 +116,9 @@ protected:
                 parts::placeOf(shown.control(isLast ? "Command2" : "Command1")),
                 parts::placeOf(shown.control(isLast ? "Command1" : "Command2"))};
     }
+
+    /// Goes through the flow from the main menu as it is shown now.
+    void expectFixedPlaces();
 };
 
 } // namespace
@@ -170,9 +174,10 @@ INSTANTIATE_TEST_SUITE_P(All, HelpLookTest,
                                                       "Form12", "Form14", "Form17"})),
                          nameOf);
 
-TEST_P(FlowPlacesLookTest, WindowButtonsAndHelpStayInPlace)
+void FlowPlacesLookTest::expectFixedPlaces()
 {
     press("Form1", GetParam().button);
+    QCoreApplication::processEvents(); // a new window becomes maximised after it is shown
     const Fixed first = look(GetParam().screens.front());
     for (const char *name : GetParam().screens) {
         expectOnly(name);
@@ -188,6 +193,28 @@ TEST_P(FlowPlacesLookTest, WindowButtonsAndHelpStayInPlace)
             press(name, "Command2");
         }
     }
+}
+
+TEST_P(FlowPlacesLookTest, WindowButtonsAndHelpStayInPlace)
+{
+    expectFixedPlaces();
+}
+
+TEST_P(FlowPlacesLookTest, TheyStayInAMaximisedWindow)
+{
+    Screen &menu = screen("Form1");
+    menu.showMaximized();
+    expectActive(menu);
+    EXPECT_GT(menu.width(), menu.screen()->availableSize().width() * 9 / 10);
+    expectFixedPlaces();
+    EXPECT_TRUE(screen(GetParam().screens.back()).isMaximized());
+}
+
+TEST_P(FlowPlacesLookTest, TheyStayInALowWindow)
+{
+    Screen &menu = screen("Form1");
+    menu.resize(menu.width(), menu.height() * 2 / 3);
+    expectFixedPlaces();
 }
 
 INSTANTIATE_TEST_SUITE_P(All, FlowPlacesLookTest,

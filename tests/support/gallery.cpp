@@ -1,4 +1,4 @@
-// Saves a picture of every screen: gallery FOLDER [--dark] [--points SIZE]
+// Saves a picture of every screen: gallery FOLDER [--dark] [--points SIZE] [--size WIDTHxHEIGHT]
 
 #include "controls/look.h"
 #include "editor.h"
@@ -35,6 +35,14 @@ void prepare(tarvold::Screens &screens)
     screens.get<Form3>().showDefaults(StipulationTable());
 }
 
+/// The size that all windows get; an invalid one leaves them at their default size.
+QSize sizeFrom(const QStringList &arguments)
+{
+    const qsizetype at = arguments.indexOf(u"--size"_s);
+    const QStringList sides = at < 0 ? QStringList() : arguments.value(at + 1).split(u'x');
+    return sides.size() == 2 ? QSize(sides[0].toInt(), sides[1].toInt()) : QSize();
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -57,8 +65,12 @@ int main(int argc, char *argv[])
     Editor editor;
     editor.start();
     prepare(editor.screens());
+    const QSize size = sizeFrom(arguments);
     for (const char *name : kScreens) {
         Screen &screen = editor.screens()[name];
+        if (size.isValid()) {
+            screen.resize(size);
+        }
         screen.show();
         if (!QTest::qWaitForWindowExposed(&screen)) {
             return EXIT_FAILURE;

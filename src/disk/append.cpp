@@ -135,7 +135,7 @@ Result<void> appendToFile(const QString &name, QByteArrayView bytes)
                     : isThere.error().outcome == FileOutcome::Unchanged && attempt.undo();
         outcome = isUndone ? outcome : FileOutcome::MaybeChanged;
         if (!isThere) {
-            return failure(isThere.error().cause, outcome);
+            return failure(withPath(isThere.error(), *path, FileUse::Write).cause, outcome);
         }
     }
     return failure(u"Another program changes it again and again."_s, outcome);

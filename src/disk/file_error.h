@@ -7,6 +7,8 @@
 
 namespace tarvold {
 
+class FilePath;
+
 /// What became of a file that could not be read or written.
 enum class FileOutcome {
     Unchanged,        ///< it is as it was before
@@ -18,13 +20,22 @@ enum class FileOutcome {
 /// Why a data file could not be read or written.
 struct FileError
 {
-    /// The causes that code acts on.
+    /// The causes that have words of their own, or that code acts on.
     enum class Reason {
         Other,
         Missing,
         Exists,
         Denied, ///< the user has no permission
         Busy,   ///< another program uses the file: a retry may succeed
+        ReadOnlyFile,
+        ReadOnlyDisk,
+        FullDisk,
+        Quota,   ///< the user's share of the disk is full
+        BadDisk, ///< an input or output error
+        Folder,
+        BelowAFile, ///< a part of the path that should be a folder is none
+        LongName,
+        LinkLoop,
     };
 
     QString cause; ///< in words, for the user
@@ -48,6 +59,17 @@ inline tl::unexpected<FileError> failure(QString cause,
 {
     return failure({std::move(cause), outcome});
 }
+
+/// The error with the words for a reason other than `Other`.
+[[nodiscard]] FileError errorFor(FileError::Reason reason);
+
+/// What an operation on a file was for.
+enum class FileUse { Read, Write };
+
+/// The same error in words that fit the path: the folder that is missing, or that the user may not
+/// write in, by its whole path. Looks at the file, so it is for errors that are reported, not for
+/// those that a retry follows.
+[[nodiscard]] FileError withPath(FileError error, const FilePath &path, FileUse use);
 
 /// What an error code of the system means.
 [[nodiscard]] FileError systemError(int code);

@@ -31,7 +31,7 @@ Result<FilePath> FilePath::ofOrdinary(const QString &name)
     Result<FilePath> path = ofTyped(name);
     const Kind kind = path ? path->kind() : Kind::Nothing;
     if (kind == Kind::Folder) {
-        return failure(u"It is a folder."_s);
+        return failure(errorFor(FileError::Reason::Folder));
     }
     if (kind == Kind::Other) {
         return failure(notOrdinary());

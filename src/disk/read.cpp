@@ -54,9 +54,12 @@ bool fileExists(const QString &name)
 Result<QByteArray> readFile(const QString &name)
 {
     // Locked, so that a record that another copy of this program is writing is not read in part.
-    return FilePath::ofOrdinary(name)
-        .and_then([](const FilePath &path) { return File::openLocked(path, File::Access::Read); })
-        .and_then(readToEnd);
+    return FilePath::ofOrdinary(name).and_then([](const FilePath &path) {
+        return File::openLocked(path, File::Access::Read)
+            .and_then(readToEnd)
+            .map_error(
+                [&path](const FileError &error) { return withPath(error, path, FileUse::Read); });
+    });
 }
 
 } // namespace tarvold

@@ -104,13 +104,14 @@ Result<void> rewriteFile(const QString &name, QByteArrayView bytes,
     }
     Result<File> old = claim(*path); // keeps its lock until the new file has taken its place
     if (!old) {
-        return failure(old.error());
+        return failure(withPath(old.error(), *path, FileUse::Read));
     }
     Replacement file(*path);
     return file.write(bytes)
         .map_error(with(FileOutcome::Unchanged)) // even if the temporary one was
         .and_then([&] { return replace(name, *path, *old, file, known); })
-        .and_then([&] { return file.syncName().map_error(with(FileOutcome::Unconfirmed)); });
+        .and_then([&] { return file.syncName().map_error(with(FileOutcome::Unconfirmed)); })
+        .map_error([&](const FileError &error) { return withPath(error, *path, FileUse::Write); });
 }
 
 } // namespace tarvold

@@ -72,7 +72,7 @@ TEST_F(Append, AWriteProtectedFileIsRefusedAndStaysProtected)
 {
     put(kFile, "old\r\n");
     setAttributes(kFile, FILE_ATTRIBUTE_READONLY);
-    EXPECT_EQ(refused(kFile), u"It is write-protected."_s);
+    EXPECT_EQ(refused(kFile), u"The file is read-only."_s);
     EXPECT_TRUE(attributesOf(kFile) & FILE_ATTRIBUTE_READONLY);
     EXPECT_EQ(bytesOf(kFile), QByteArray("old\r\n"));
     setAttributes(kFile, FILE_ATTRIBUTE_NORMAL);

@@ -114,7 +114,7 @@ protected:
     static void expectRefused(const Result<void> &saved)
     {
         ASSERT_FALSE(saved);
-        EXPECT_EQ(saved.error().cause, qt_error_string(int(kError)));
+        EXPECT_EQ(saved.error().cause, systemError(int(kError)).cause);
         EXPECT_EQ(saved.error().outcome, FileOutcome::Unchanged);
     }
 };
@@ -149,7 +149,8 @@ TEST_F(Fault, ARewriteThatMayNotRenameFailsAtOnce)
     const auto saved = rewriteFile(kFile, kNew, kOld);
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
     ASSERT_FALSE(saved);
-    EXPECT_EQ(saved.error().cause, qt_error_string(ERROR_ACCESS_DENIED));
+    EXPECT_EQ(saved.error().cause,
+              u"You have no permission to write in the folder \"%1\"."_s.arg(QDir::currentPath()));
     EXPECT_EQ(saved.error().outcome, FileOutcome::Unchanged);
     EXPECT_EQ(bytesIn(kFile), kOld);
     EXPECT_EQ(folderContent(), "data.tvd");
@@ -202,7 +203,7 @@ TEST_F(Fault, AWriteOfNothingIsAFailure)
     answer = TRUE;
     const auto saved = appendToFile(kFile, kNew);
     ASSERT_FALSE(saved);
-    EXPECT_EQ(saved.error().cause, qt_error_string(ERROR_WRITE_FAULT));
+    EXPECT_EQ(saved.error().cause, u"The disk failed, or was removed."_s);
     EXPECT_EQ(saved.error().outcome, FileOutcome::Unchanged);
     EXPECT_EQ(bytesIn(kFile), kOld);
 }

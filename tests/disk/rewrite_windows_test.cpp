@@ -113,7 +113,7 @@ TEST_F(Rewrite, LeavesAWriteProtectedFile)
 {
     put(kFile, "old");
     setAttributes(kFile, FILE_ATTRIBUTE_READONLY);
-    expectRefused(rewriteFile(kFile, "new"), u"It is write-protected."_s);
+    expectRefused(rewriteFile(kFile, "new"), u"The file is read-only."_s);
     EXPECT_TRUE(attributesOf(kFile) & FILE_ATTRIBUTE_READONLY);
     setAttributes(kFile, FILE_ATTRIBUTE_NORMAL);
 }

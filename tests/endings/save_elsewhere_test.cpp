@@ -28,7 +28,12 @@ constexpr SavingFlow kSavingFlows[] = {
     {"Interview", &kInterviewPath, 19}, {"TalkShow", &kTalkShowPath, 19},
 };
 
-constexpr char kMissingFolder[] = "No such file or directory";
+/// The cause of a failure in a folder that is not there, in Latin-1.
+QByteArray missingFolder(const QString &folder = u"missing"_s)
+{
+    return u"The folder \"%1\" does not exist."_s.arg(QDir::current().absoluteFilePath(folder))
+        .toLatin1();
+}
 
 class SaveElsewhere : public FlowTest, public ::testing::WithParamInterface<SavingFlow>
 {
@@ -89,7 +94,7 @@ protected:
     void saveElsewhere(const QString &typed, const QString &shown)
     {
         asks();
-        failsFor(u"missing/mine.tvd"_s, kMissingFolder, Answer::Elsewhere);
+        failsFor(u"missing/mine.tvd"_s, missingFolder(), Answer::Elsewhere);
         chooses(typed);
         saves();
         pressSave();
@@ -123,7 +128,7 @@ TEST_P(SaveElsewhere, KeepsEverythingWhenOkIsPressed)
 {
     for (const Answer answer : {Answer::Ok, Answer::Enter, Answer::Escape, Answer::Close}) {
         asks();
-        failsFor(u"missing/mine.tvd"_s, kMissingFolder, answer);
+        failsFor(u"missing/mine.tvd"_s, missingFolder(), answer);
         pressSave();
         expectEverythingKept();
         EXPECT_EQ(namedFile(), u"missing/mine.tvd"_s);
@@ -134,7 +139,7 @@ TEST_P(SaveElsewhere, KeepsEverythingWhenOkIsPressed)
 TEST_P(SaveElsewhere, KeepsEverythingWhenTheDialogIsCancelled)
 {
     asks();
-    failsFor(u"missing/mine.tvd"_s, kMissingFolder, Answer::Elsewhere);
+    failsFor(u"missing/mine.tvd"_s, missingFolder(), Answer::Elsewhere);
     dialogs.expect({u"."_s, u"mine.tvd"_s, u"good.tvd"_s,
                     /*saves=*/false});
     pressSave();
@@ -147,17 +152,17 @@ TEST_P(SaveElsewhere, IsOfferedAgainWhenTheOtherFileFailsToo)
 {
     const QString second = QDir(folder.path()).canonicalPath() + u"/gone/mine.tvd"_s;
     asks();
-    failsFor(u"missing/mine.tvd"_s, kMissingFolder, Answer::Elsewhere);
+    failsFor(u"missing/mine.tvd"_s, missingFolder(), Answer::Elsewhere);
     chooses(u"gone/mine.tvd"_s);
-    failsFor(second, kMissingFolder, Answer::Ok);
+    failsFor(second, missingFolder(u"gone"_s), Answer::Ok);
     pressSave();
     expectEverythingKept();
     EXPECT_EQ(namedFile(), second);
 
     asks();
-    failsFor(second, kMissingFolder, Answer::Elsewhere);
+    failsFor(second, missingFolder(u"gone"_s), Answer::Elsewhere);
     chooses(u"gone/mine.tvd"_s);
-    failsFor(second, kMissingFolder, Answer::Elsewhere);
+    failsFor(second, missingFolder(u"gone"_s), Answer::Elsewhere);
     chooses(u"good.tvd"_s);
     saves();
     pressSave();

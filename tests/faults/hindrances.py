@@ -8,11 +8,11 @@ from typing import Callable
 from saves import ALL_OLD, FILE, LINES, LINK, RECORD, REWRITTEN, SOURCE, TARGET, Save
 
 PAGE = 4096
-FULL = "No space left on device"
-READ_ONLY = "Read-only file system"
-DENIED = "Permission denied"
-NOTHING = "No such file or directory"
-LOOP = "Too many levels of symbolic links"
+FULL = "There is no space left on the disk"
+READ_ONLY = "The disk is read-only"
+DENIED = "You have no permission|The file is read-only"
+NOTHING = "does not exist"
+LOOP = "Its symbolic links lead in a circle"
 SAVED = None  # instead of a cause: nothing hinders this save
 
 
@@ -87,9 +87,8 @@ def no_inode_cases(fill):
 
 
 def read_only_cases(remount):
-    cause = f"{READ_ONLY}|not writable"
     saves = saves_of(ALL_OLD) + saves_of(None)
-    return [Case("read-only file system", save, cause, remount) for save in saves]
+    return [Case("read-only file system", save, READ_ONLY, remount) for save in saves]
 
 
 def _mode(mode, name="."):
@@ -101,12 +100,11 @@ def permission_cases():
     cases = []
     for save in saves_of(ALL_OLD):
         reads = save.operation in ("stipulations", "rewrite")
-        closed = f"{DENIED}|not writable"
         cases += [
             Case("read-only folder", save, DENIED if save.is_rewrite else SAVED, _mode(0o555)),
             Case("folder that cannot be entered", save, DENIED, _mode(0o600)),
             Case("folder that cannot be listed", save, SAVED, _mode(0o300)),
-            Case("read-only file", save, closed, _mode(0o440, save.real)),
+            Case("read-only file", save, DENIED, _mode(0o440, save.real)),
             Case("unreadable file", save, DENIED if reads else SAVED, _mode(0o200, save.real)),
         ]
         if save.source is not None:

@@ -70,9 +70,9 @@ TEST_P(MessageBoxLookTest, TheLongestNoticeLooksRight)
 
 TEST_P(MessageBoxLookTest, AFailedSaveLooksRight)
 {
-    const QString text =
-        u"The file \"%1\" could not be written.\n\nPermission denied\n\nNothing was "
-        "written, and everything that you typed is still here."_s;
+    const QString text = u"The file \"%1\" could not be written.\n\nYou have no permission to "
+                         u"write to the file.\n\nNothing was "
+                         "written, and everything that you typed is still here."_s;
     for (const QString &name : {u"x.tvd"_s, QString(240, u'w')}) {
         boxes.expectFailedSave(title(), text.arg(name));
         boxes.beforeItsAnswer([](QMessageBox &box) { measure(box, u"failed save"_s); });

@@ -155,7 +155,7 @@ TEST_F(FileOnScreens, WithoutReadPermissionIsRefusedOnTheMenuAndAtTheImport)
     putBytes(u"x.tvd"_s, recordOf(19));
     ASSERT_EQ(::chmod(".", 0777), 0);
     ASSERT_EQ(::chmod("x.tvd", 0000), 0);
-    const auto denied = u"Permission denied"_s;
+    const auto denied = u"You have no permission to read the file."_s;
     EXPECT_TRUE(holdsForOrdinaryUser([&] {
         QString onMenu;
         editor.screens().setText({"Form1", "Text1"}, u"x.tvd"_s);

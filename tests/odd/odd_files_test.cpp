@@ -172,7 +172,7 @@ TEST_F(FileSystem, AFileWithoutReadPermissionIsNeitherImportedNorCompared)
         const auto target = u"target.tvd"_s;
         const auto denied = [](const std::optional<FileError> &error) {
             return error && error->outcome == FileOutcome::Unchanged &&
-                   error->cause.contains(u"Permission denied"_s);
+                   error->cause.contains(u"You have no permission to read the file."_s);
         };
         return denied(import(x, target, DataFileKind::Interviews)) &&
                denied(import(kSource, x, DataFileKind::Stipulations));

@@ -61,7 +61,8 @@ protected:
         boxes.expectNotice(
             u"Stipulations Editor"_s,
             u"The file \"stipulations.tvd\" was written, but the disk did not confirm it.\n\n"
-            "Input/output error\n\nThe change is in the file. Should the computer stop before "
+            "The disk failed, or was removed.\n\nThe change is in the file. Should the computer "
+            "stop before "
             "the disk has caught up, it may be lost."_s);
     }
 
@@ -114,8 +115,8 @@ protected:
         press("Form16", "Command3");
         type("Form1", "Text1", u"new.tvd"_s);
         boxes.expectNotice(u"Stipulations Editor"_s,
-                           u"The file \"new.tvd\" could not be loaded.\n\nInput/output "
-                           "error\n\n"_s +
+                           u"The file \"new.tvd\" could not be loaded.\n\nThe disk "
+                           "failed, or was removed.\n\n"_s +
                                utf8(state));
         press("Form1", "Command1");
         expectOnly("Form1");

@@ -190,7 +190,8 @@ TEST_F(StipulationElsewhere, IsOfferedAgainWhenTheOtherFileFailsToo)
     const QString second = QDir(folder.path()).canonicalPath() + u"/gone/x.tvd"_s;
     failsForTheFolder(Answer::Elsewhere);
     chooses("gone/x.tvd");
-    failsFor(second, "No such file or directory", Answer::Elsewhere);
+    const QString cause = u"The folder \"%1\" does not exist."_s.arg(QFileInfo(second).path());
+    failsFor(second, qPrintable(cause), Answer::Elsewhere);
     chooses("other.tvd", "x.tvd");
     saveAtLast();
     EXPECT_EQ(readBack("other.tvd"), one + untouched("Cage"));

@@ -51,11 +51,32 @@ int flagsFor(File::Access access)
 FileError systemError(int code)
 {
     using Reason = FileError::Reason;
-    const Reason reason = code == ENOENT   ? Reason::Missing
-                          : code == EEXIST ? Reason::Exists
-                          : code == EACCES ? Reason::Denied
-                                           : Reason::Other;
-    return {.cause = qt_error_string(code), .reason = reason};
+    switch (code) {
+    case ENOENT:
+        return errorFor(Reason::Missing);
+    case EEXIST:
+        return errorFor(Reason::Exists);
+    case EACCES:
+        return errorFor(Reason::Denied);
+    case EROFS:
+        return errorFor(Reason::ReadOnlyDisk);
+    case ENOSPC:
+        return errorFor(Reason::FullDisk);
+    case EDQUOT:
+        return errorFor(Reason::Quota);
+    case EIO:
+        return errorFor(Reason::BadDisk);
+    case EISDIR:
+        return errorFor(Reason::Folder);
+    case ENOTDIR:
+        return errorFor(Reason::BelowAFile);
+    case ENAMETOOLONG:
+        return errorFor(Reason::LongName);
+    case ELOOP:
+        return errorFor(Reason::LinkLoop);
+    default:
+        return {.cause = qt_error_string(code)};
+    }
 }
 
 FileError systemError()

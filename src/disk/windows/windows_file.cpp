@@ -28,26 +28,37 @@ std::wstring mutexNameFor(const File &file)
 FileError systemError(int code)
 {
     using Reason = FileError::Reason;
-    FileError error = {.cause = qt_error_string(code)};
+    constexpr int kDiskQuotaExceeded = 1295; // which some headers lack
     switch (code) {
     case ERROR_FILE_NOT_FOUND:
     case ERROR_PATH_NOT_FOUND:
-        error.reason = Reason::Missing;
-        break;
+        return errorFor(Reason::Missing);
     case ERROR_FILE_EXISTS:
-        error.reason = Reason::Exists;
-        break;
+        return errorFor(Reason::Exists);
     case ERROR_ACCESS_DENIED:
-        error.reason = Reason::Denied;
-        break;
+        return errorFor(Reason::Denied);
     case ERROR_SHARING_VIOLATION:
     case ERROR_LOCK_VIOLATION:
-        error.reason = Reason::Busy;
-        break;
+        return errorFor(Reason::Busy);
+    case ERROR_WRITE_PROTECT:
+        return errorFor(Reason::ReadOnlyDisk);
+    case ERROR_DISK_FULL:
+    case ERROR_HANDLE_DISK_FULL:
+        return errorFor(Reason::FullDisk);
+    case kDiskQuotaExceeded:
+        return errorFor(Reason::Quota);
+    case ERROR_CRC:
+    case ERROR_NOT_READY:
+    case ERROR_WRITE_FAULT:
+    case ERROR_READ_FAULT:
+    case ERROR_IO_DEVICE:
+        return errorFor(Reason::BadDisk);
+    case ERROR_FILENAME_EXCED_RANGE:
+    case ERROR_BUFFER_OVERFLOW:
+        return errorFor(Reason::LongName);
     default:
-        break;
+        return {.cause = qt_error_string(code)};
     }
-    return error;
 }
 
 FileError systemError()
@@ -94,14 +105,14 @@ FileError explained(FileError error, const FilePath &path)
                                  ? ::GetFileAttributesW(nativePath(path).c_str())
                                  : INVALID_FILE_ATTRIBUTES;
     if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
-        error.cause = u"It is write-protected."_s;
+        error.cause = errorFor(FileError::Reason::ReadOnlyFile).cause;
     }
     return error;
 }
 
 FileError heldByAnother()
 {
-    return {.cause = u"Another program has it open."_s, .reason = FileError::Reason::Busy};
+    return errorFor(FileError::Reason::Busy);
 }
 
 Result<void> checkWritable(const File &file)
@@ -110,7 +121,7 @@ Result<void> checkWritable(const File &file)
     constexpr DWORD kAttributes = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY;
     const auto known = informationOf(file);
     if (known && (known->dwFileAttributes & kAttributes) == FILE_ATTRIBUTE_READONLY) {
-        return failure(u"It is write-protected."_s);
+        return failure(errorFor(FileError::Reason::ReadOnlyFile));
     }
     return {};
 }

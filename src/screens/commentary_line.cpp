@@ -1,6 +1,7 @@
 #include "screens/commentary_line.h"
 
 #include <QFocusEvent>
+#include <QKeyEvent>
 
 namespace tarvold {
 namespace {
@@ -29,10 +30,35 @@ void CommentaryLine::setMarked(bool marked)
     setPalette(colours);
 }
 
+void CommentaryLine::putBelow(CommentaryLine &above)
+{
+    m_above = &above;
+    above.m_below = this;
+}
+
 void CommentaryLine::append(const QString &text)
 {
     end(false);
     insertAsOneStep(text);
+}
+
+std::optional<CommentaryLine *> CommentaryLine::lineAfter(const QKeyEvent &key) const
+{
+    const auto modifiers = key.modifiers() & ~Qt::KeyboardModifiers(Qt::KeypadModifier);
+    if (modifiers != Qt::NoModifier) {
+        return std::nullopt;
+    }
+    switch (key.key()) {
+    case Qt::Key_Up:
+        return m_above;
+    case Qt::Key_Down:
+        return m_below;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return key.isAutoRepeat() ? nullptr : m_below; // a held Enter just picked a tag
+    default:
+        return std::nullopt;
+    }
 }
 
 void CommentaryLine::keyPressEvent(QKeyEvent *event)
@@ -42,6 +68,12 @@ void CommentaryLine::keyPressEvent(QKeyEvent *event)
     const bool isF4 = event->key() == Qt::Key_F4 && event->modifiers() == Qt::NoModifier;
     if (isF4 || isAltDown) {
         emit tagsRequested();
+        return;
+    }
+    if (const auto line = lineAfter(*event)) {
+        if (*line != nullptr) {
+            (*line)->setFocus(Qt::OtherFocusReason);
+        }
         return;
     }
     TextBox::keyPressEvent(event);

@@ -2,11 +2,16 @@
 
 #include "controls/text_box.h"
 
+#include <optional>
+
 namespace tarvold {
 
 /// One of the ten lines of a commentary screen: a text box that can be marked.
 ///
 /// The mark is the background itself, yellow or white; it is stored nowhere else.
+///
+/// Enter and Down go to the line below, Up to the line above. In the last and the first line they
+/// do nothing.
 class CommentaryLine : public TextBox
 {
     Q_OBJECT
@@ -18,6 +23,10 @@ public:
 
     /// Makes the background yellow or white.
     void setMarked(bool marked);
+
+    /// Makes this the line below another one, for the keys that go from line to line. Both must live
+    /// equally long.
+    void putBelow(CommentaryLine &above);
 
     /// Adds a text at the end of the line, wherever the cursor is. The user can undo it.
     void append(const QString &text);
@@ -35,6 +44,13 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
+
+private:
+    /// The line that a key goes to: null at either end. Nothing if the key goes to no line.
+    std::optional<CommentaryLine *> lineAfter(const QKeyEvent &key) const;
+
+    CommentaryLine *m_above = nullptr;
+    CommentaryLine *m_below = nullptr;
 };
 
 } // namespace tarvold

@@ -75,6 +75,9 @@ void CommentaryScreen::addLines()
         const RecordField &field = fields::kCommentary.at(std::size_t(row));
         const QString number = QString::number(row + 1);
         line = new CommentaryLine(this);
+        if (row > 0) {
+            line->putBelow(*m_lines.at(std::size_t(row) - 1));
+        }
         line->setAccessibleName(QLatin1StringView(field.name));
         add(line, qPrintable(u"Text"_s + number));
         addSource(field, line);

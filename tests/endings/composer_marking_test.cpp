@@ -79,6 +79,94 @@ TEST_F(Marking, TabMarksTheLineItReaches)
     EXPECT_EQ(yellowLines(), QList<int>{9});
 }
 
+/// Presses a key as the desktop reports it: at the window, which passes it on to the focus.
+void hit(QWidget &screen, Qt::Key key, Qt::KeyboardModifiers modifiers = {})
+{
+    QTest::keyClick(screen.windowHandle(), key, modifiers);
+}
+
+TEST_F(Marking, EnterAndDownGoToTheNextLineAndMarkIt)
+{
+    for (const auto &[key, modifiers] :
+         {std::pair(Qt::Key_Return, Qt::NoModifier), std::pair(Qt::Key_Enter, Qt::KeypadModifier),
+          std::pair(Qt::Key_Down, Qt::NoModifier), std::pair(Qt::Key_Down, Qt::KeypadModifier)}) {
+        SCOPED_TRACE(key);
+        click(lineBox(1));
+        for (const int number : {2, 3, 4, 5, 6, 7, 8, 9, 10, 10, 10}) {
+            hit(screen("Form7"), key, modifiers);
+            EXPECT_EQ(yellowLines(), QList<int>{number});
+            EXPECT_TRUE(lineBox(number).hasFocus()) << number;
+        }
+    }
+    expectOnly("Form7"); // Enter pressed no button
+    EXPECT_TRUE(lineText(1).isEmpty());
+}
+
+TEST_F(Marking, UpGoesToThePreviousLineAndMarksIt)
+{
+    click(lineBox(3));
+    for (const int number : {2, 1, 1, 1}) {
+        hit(screen("Form7"), Qt::Key_Up);
+        EXPECT_EQ(yellowLines(), QList<int>{number});
+        EXPECT_TRUE(lineBox(number).hasFocus()) << number;
+    }
+}
+
+TEST_F(Marking, TheKeysFromLineToLineKeepTextCursorAndUndo)
+{
+    type("Form7", "Text1", u"One"_s);
+    hit(screen("Form7"), Qt::Key_Return);
+    QTest::keyClicks(&lineBox(2), u"Two"_s);
+    hit(screen("Form7"), Qt::Key_Left);
+    hit(screen("Form7"), Qt::Key_Up);
+    QTest::keyClicks(&lineBox(1), u"!"_s);
+    hit(screen("Form7"), Qt::Key_Down);
+    QTest::keyClicks(&lineBox(2), u"-"_s);
+    EXPECT_EQ(lineText(1), u"One!"_s);
+    EXPECT_EQ(lineText(2), u"Tw-o"_s);
+    hit(screen("Form7"), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(lineText(2), u"Two"_s);
+    EXPECT_EQ(lineText(1), u"One!"_s);
+}
+
+TEST_F(Marking, WithAModifierTheKeysLeaveTheLineToNone)
+{
+    click(lineBox(4));
+    for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Down, Qt::Key_Return}) {
+        for (const Qt::KeyboardModifier modifier : {Qt::ControlModifier, Qt::ShiftModifier}) {
+            hit(screen("Form7"), key, modifier);
+            EXPECT_TRUE(lineBox(4).hasFocus()) << key << modifier;
+        }
+    }
+    EXPECT_EQ(yellowLines(), QList<int>{4});
+}
+
+TEST_F(Marking, AHeldEnterGoesOneLineOnAndAHeldDownToTheLast)
+{
+    const auto hold = [this](Qt::Key key) {
+        for (const bool isRepeated : {false, true, true}) {
+            qt_handleKeyEvent(screen("Form7").windowHandle(), QEvent::KeyPress, key, {}, {},
+                              isRepeated);
+            QCoreApplication::processEvents();
+        }
+    };
+    click(lineBox(1));
+    hold(Qt::Key_Return);
+    EXPECT_EQ(yellowLines(), QList<int>{2});
+    hold(Qt::Key_Down);
+    EXPECT_EQ(yellowLines(), QList<int>{5});
+}
+
+TEST_F(Marking, ThePickByEnterStaysInItsLine)
+{
+    click(lineBox(6));
+    control("Form7", "Combo1").setFocus(Qt::TabFocusReason);
+    pickByKeyboard(combo("Form7", "Combo1"), u"Receiver Full Name"_s);
+    EXPECT_EQ(lineText(6), u"<recfullname>"_s);
+    EXPECT_TRUE(lineBox(6).hasFocus());
+    EXPECT_EQ(yellowLines(), QList<int>{6});
+}
+
 TEST_F(Marking, TheMarkStaysWhenTheFocusLeavesTheLines)
 {
     click(lineBox(10));

@@ -22,10 +22,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+const QRegularExpression &lineBreak()
+{
+    static const QRegularExpression any(u"\\r\\n|[\\r\\n\\x{85}\\x{2028}\\x{2029}]"_s);
+    return any;
+}
+
 QString onOneLine(QString text)
 {
-    static const QRegularExpression lineBreak(u"\\r\\n|[\\r\\n\\x{85}\\x{2028}\\x{2029}]"_s);
-    return text.replace(lineBreak, u" "_s);
+    return text.replace(lineBreak(), u" "_s);
 }
 
 } // namespace
@@ -53,8 +58,18 @@ void TextBox::replaceAsOneStep(const QString &text)
 void TextBox::pasteFrom(QClipboard::Mode mode)
 {
     if (!isReadOnly()) {
-        insertAsOneStep(onOneLine(QGuiApplication::clipboard()->text(mode)));
+        insertPasted(QGuiApplication::clipboard()->text(mode));
     }
+}
+
+QStringList TextBox::linesOf(const QString &text)
+{
+    return text.split(lineBreak());
+}
+
+void TextBox::insertPasted(const QString &text)
+{
+    insertAsOneStep(onOneLine(text));
 }
 
 void TextBox::insertAsOneStep(const QString &text)
@@ -234,11 +249,16 @@ void TextBox::dropEvent(QDropEvent *event)
     const QString oneLine = onOneLine(dropped);
     if (oneLine == dropped) {
         QLineEdit::dropEvent(event);
-        return;
+    } else {
+        drop(event, oneLine);
     }
-    // The base class reads the text from the event, so pass it an event with clean text.
+}
+
+void TextBox::drop(QDropEvent *event, const QString &text)
+{
+    // The base class reads the text from the event, so pass it an event with this text.
     QMimeData mimeData;
-    mimeData.setText(oneLine);
+    mimeData.setText(text);
     QDropEvent clean(event->position(), event->possibleActions(), &mimeData, event->buttons(),
                      event->modifiers());
     QLineEdit::dropEvent(&clean);

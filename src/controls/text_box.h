@@ -43,6 +43,23 @@ public slots:
     void paste();
 
 protected:
+    /// Splits a text at its line breaks: CR LF, CR, LF and those of Unicode.
+    static QStringList linesOf(const QString &text);
+
+    /// Inserts a text from the clipboard at the cursor, in place of the selection, as one undo
+    /// step. Here each line break becomes a space.
+    virtual void insertPasted(const QString &text);
+
+    /// Inserts a text where it was dropped, instead of the text of the event.
+    /// \param text has no line breaks
+    void drop(QDropEvent *event, const QString &text);
+
+    /// Separates what is typed or inserted next from what was before: Ctrl+Z undoes it alone.
+    void endUndoStep();
+
+    /// Scrolls to the beginning; the cursor is back in its place when the focus comes back.
+    void showBeginning();
+
     /// Inserts text at the cursor as an undo step of its own, separate from what is typed before
     /// and after it.
     void insertAsOneStep(const QString &text);
@@ -59,10 +76,8 @@ protected:
     void inputMethodEvent(QInputMethodEvent *event) override;
 
 private:
-    void endUndoStep();
     void pasteFrom(QClipboard::Mode mode);
     void followText();
-    void showBeginning();
     bool isFillWord() const;
     bool fits() const;
 

@@ -85,6 +85,9 @@ void CommentaryScreen::addLines()
         grid->addWidget(label, int(row), 0, Qt::AlignRight | Qt::AlignVCenter);
         grid->addWidget(line, int(row), 1);
         connect(line, &CommentaryLine::entered, this, [this, line] { mark(*line); });
+        connect(line, &CommentaryLine::spread, this, [this, row](int lines) {
+            m_announcement->tell(u"Pasted into lines %1 to %2."_s.arg(row + 1).arg(row + lines));
+        });
         connect(line, &CommentaryLine::tagsRequested, m_tags, &ComboBox::showPopup);
     }
     column().addLayout(grid);
@@ -122,9 +125,8 @@ void CommentaryScreen::whitenboxes()
 void CommentaryScreen::startAfresh()
 {
     for (CommentaryLine *line : m_lines) {
-        line->setText({}); // undo after clear() would bring back the commentary of another record
+        line->startAfresh();
     }
-    whitenboxes();
 }
 
 void CommentaryScreen::mark(CommentaryLine &line)

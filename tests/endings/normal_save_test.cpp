@@ -228,10 +228,15 @@ TEST_F(NormalSave, TextIsWrittenInTheCodePageAndTagsAsInserted)
     EXPECT_EQ(bytesOf(file()), recordWith("Caf\xE9 \x80<att1fullname>"));
 }
 
-TEST_F(NormalSave, APastedLineBreakIsOneBlankInTheFile)
+TEST_F(NormalSave, APastedLineBreakAboveAFilledLineIsOneBlankInTheFile)
 {
     click(control("Form7", "Text1"));
     paste(control("Form7", "Text1"), u"One\r\nTwo"_s);
+    EXPECT_EQ(text("Form7", "Text1"), u"One"_s);
+    type("Form7", "Text2", u"Two"_s);
+    type("Form7", "Text1", {});
+    paste(control("Form7", "Text1"), u"One\r\nTwo"_s);
+    type("Form7", "Text2", {});
     save();
     EXPECT_EQ(bytesOf(file()), recordWith("One Two"));
 }

@@ -19,7 +19,7 @@ struct Place
 };
 
 /// A flow that ends with a record.
-struct SavingFlow
+struct FailingFlow
 {
     const char *name;
     const FlowPath *flow;
@@ -27,12 +27,12 @@ struct SavingFlow
     std::vector<Place> places; ///< on the screens before the commentary
 };
 
-void PrintTo(const SavingFlow &row, std::ostream *out)
+void PrintTo(const FailingFlow &row, std::ostream *out)
 {
     *out << row.name;
 }
 
-const SavingFlow kFlows[] = {
+const FailingFlow kFlows[] = {
     {"Normal",
      &kNormalPath,
      36,
@@ -67,7 +67,7 @@ const SavingFlow kFlows[] = {
       {{"Form14", "Text1"}, "Name of Guest # 2"}}},
 };
 
-class SaveFailure : public FlowTest, public ::testing::WithParamInterface<SavingFlow>
+class SaveFailure : public FlowTest, public ::testing::WithParamInterface<FailingFlow>
 {
 protected:
     SaveFailure()

@@ -65,7 +65,8 @@ protected:
         press("Form1", flow().button);
         for (const char *screen : flow().screens) {
             expectOnly(screen);
-            for (std::size_t line = 0; line < format().size(); ++line) {
+            // From the last line up, as a paste of several lines also fills empty lines below.
+            for (std::size_t line = format().size(); line-- > 0;) {
                 const RecordField &field = *format()[line];
                 const QWidget *window = source(flow(), field).window();
                 if (window->objectName() == QLatin1StringView(screen) && takesText(field)) {

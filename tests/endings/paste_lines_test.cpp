@@ -1,0 +1,241 @@
+#include "controls/announcement.h"
+#include "support/ending_test.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDropEvent>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMimeData>
+
+#include <algorithm>
+#include <memory>
+
+/// Text of several lines that is pasted or dropped into a commentary line.
+namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class PasteLines : public EndingTest
+{
+protected:
+    PasteLines() { goTo("Form7"); }
+
+    QLineEdit &lineBox(int number)
+    {
+        return screen("Form7").control<QLineEdit>(qPrintable(u"Text%1"_s.arg(number)));
+    }
+
+    void write(int number, const QString &text)
+    {
+        type("Form7", qPrintable(u"Text%1"_s.arg(number)), text);
+    }
+
+    void pasteInto(int number, const QString &text)
+    {
+        click(lineBox(number));
+        paste(lineBox(number), text);
+    }
+
+    void hit(int number, QKeySequence::StandardKey key)
+    {
+        lineBox(number).setFocus(Qt::OtherFocusReason);
+        QTest::keySequence(screen("Form7").windowHandle(), key);
+    }
+
+    /// Expects these texts from the first line on, and empty lines after them.
+    void expectLines(const QStringList &texts)
+    {
+        for (int number = 1; number <= 10; ++number) {
+            EXPECT_EQ(lineBox(number).text(), texts.value(number - 1)) << number;
+        }
+    }
+
+    /// Triggers an item of the line's context menu.
+    void chooseInMenu(int number, const QString &item)
+    {
+        const std::unique_ptr<QMenu> menu(lineBox(number).createStandardContextMenu());
+        const QList<QAction *> actions = menu->actions();
+        const auto found =
+            std::find_if(actions.begin(), actions.end(), [&item](const QAction *action) {
+                return action->text().startsWith(item);
+            });
+        ASSERT_NE(found, actions.end());
+        (*found)->trigger();
+    }
+};
+
+TEST_F(PasteLines, EachLineGoesIntoALineOfItsOwn)
+{
+    pasteInto(1, u"One\r\nTwo\nThree"_s);
+    expectLines({u"One"_s, u"Two"_s, u"Three"_s});
+    EXPECT_TRUE(lineBox(1).hasFocus());
+    EXPECT_EQ(lineBox(1).cursorPosition(), 3);
+    EXPECT_EQ(lineBox(1).palette().color(QPalette::Base), kYellow);
+}
+
+TEST_F(PasteLines, TheFirstGoesWhereTheCursorIsAndReplacesTheSelection)
+{
+    write(2, u"ab"_s);
+    click(lineBox(2));
+    lineBox(2).setCursorPosition(1);
+    paste(lineBox(2), u"One\nTwo"_s);
+    expectLines({{}, u"aOneb"_s, u"Two"_s});
+    lineBox(2).setSelection(1, 3);
+    paste(lineBox(2), u"1"_s);
+    expectLines({{}, u"a1b"_s, u"Two"_s});
+}
+
+TEST_F(PasteLines, NoLineThatHoldsTextIsOverwritten)
+{
+    write(3, u"kept"_s);
+    pasteInto(1, u"One\nTwo\nThree\nFour"_s);
+    expectLines({u"One"_s, u"Two Three Four"_s, u"kept"_s});
+}
+
+TEST_F(PasteLines, WithTheLineBelowTakenAllIsJoinedBySpaces)
+{
+    write(2, u"kept"_s);
+    pasteInto(1, u"One\nTwo"_s);
+    expectLines({u"One Two"_s, u"kept"_s});
+}
+
+TEST_F(PasteLines, WhatDoesNotFitIsJoinedInTheLastLine)
+{
+    pasteInto(9, u"One\nTwo\nThree"_s);
+    EXPECT_EQ(lineBox(9).text(), u"One"_s);
+    EXPECT_EQ(lineBox(10).text(), u"Two Three"_s);
+    pasteInto(1, u"1\n2\n3\n4\n5\n6\n7\n8\n9\n10"_s);
+    expectLines({u"1"_s, u"2"_s, u"3"_s, u"4"_s, u"5"_s, u"6"_s, u"7"_s, u"8 9 10"_s, u"One"_s,
+                 u"Two Three"_s});
+}
+
+TEST_F(PasteLines, BlankLinesStayBetweenLinesButNotAroundThem)
+{
+    pasteInto(1, u"\nOne\n\nThree\n\n"_s);
+    expectLines({u"One"_s, {}, u"Three"_s});
+}
+
+TEST_F(PasteLines, OneUndoUndoesThePasteAndOneRedoRepeatsIt)
+{
+    write(1, u"ab"_s);
+    pasteInto(1, u"One\nTwo\nThree"_s);
+    hit(1, QKeySequence::Undo);
+    expectLines({u"ab"_s});
+    hit(1, QKeySequence::Redo);
+    expectLines({u"abOne"_s, u"Two"_s, u"Three"_s});
+    hit(1, QKeySequence::Undo);
+    hit(1, QKeySequence::Undo);
+    expectLines({});
+}
+
+TEST_F(PasteLines, UndoKeepsLinesThatWereChangedSince)
+{
+    pasteInto(1, u"One\nTwo\nThree"_s);
+    click(lineBox(2));
+    QTest::keyClicks(&lineBox(2), u"!"_s);
+    hit(1, QKeySequence::Undo);
+    expectLines({{}, u"Two!"_s});
+    write(3, u"new"_s);
+    hit(1, QKeySequence::Redo);
+    expectLines({u"One"_s, u"Two!"_s, u"new"_s});
+}
+
+TEST_F(PasteLines, UndoOfOtherTypingLeavesTheOtherLines)
+{
+    pasteInto(1, u"One\nTwo"_s);
+    QTest::keyClicks(&lineBox(1), u"!"_s);
+    hit(1, QKeySequence::Undo);
+    expectLines({u"One"_s, u"Two"_s});
+    hit(1, QKeySequence::SelectAll);
+    QTest::keyClick(&lineBox(1), Qt::Key_Delete);
+    QTest::keyClicks(&lineBox(1), u"One"_s);
+    hit(1, QKeySequence::Undo); // of what was typed anew, though it reads the same
+    EXPECT_EQ(lineBox(2).text(), u"Two"_s);
+}
+
+TEST_F(PasteLines, UndoInALineBelowUndoesOnlyItsOwnPart)
+{
+    pasteInto(1, u"One\nTwo\nThree"_s);
+    hit(2, QKeySequence::Undo);
+    expectLines({u"One"_s, {}, u"Three"_s});
+    hit(2, QKeySequence::Redo);
+    expectLines({u"One"_s, u"Two"_s, u"Three"_s});
+}
+
+TEST_F(PasteLines, TheContextMenuPastesUndoesAndRedoesLikewise)
+{
+    QApplication::clipboard()->setText(u"One\nTwo"_s);
+    click(lineBox(4));
+    chooseInMenu(4, u"&Paste"_s);
+    EXPECT_EQ(lineBox(4).text(), u"One"_s);
+    EXPECT_EQ(lineBox(5).text(), u"Two"_s);
+    chooseInMenu(4, u"&Undo"_s);
+    expectLines({});
+    chooseInMenu(4, u"&Redo"_s);
+    EXPECT_EQ(lineBox(5).text(), u"Two"_s);
+}
+
+TEST_F(PasteLines, TheMiddleButtonPastesLikewise)
+{
+    if (!QApplication::clipboard()->supportsSelection()) {
+        GTEST_SKIP() << "this platform has no selection to paste with the middle button";
+    }
+    QApplication::clipboard()->setText(u"One\nTwo"_s, QClipboard::Selection);
+    QTest::mouseClick(&lineBox(1), Qt::MiddleButton);
+    expectLines({u"One"_s, u"Two"_s});
+}
+
+TEST_F(PasteLines, ADropSpreadsAndIsUndoneLikewise)
+{
+    write(1, u"ab"_s);
+    lineBox(1).setCursorPosition(1);
+    const QPointF place = lineBox(1).inputMethodQuery(Qt::ImCursorRectangle).toRectF().center();
+    lineBox(1).setCursorPosition(2);
+    QMimeData data;
+    data.setText(u"One\nTwo"_s);
+    QDragEnterEvent enter(place.toPoint(), Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(&lineBox(1), &enter);
+    ASSERT_TRUE(enter.isAccepted());
+    QDropEvent event(place, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(&lineBox(1), &event);
+    EXPECT_TRUE(event.isAccepted());
+    expectLines({u"aOneb"_s, u"Two"_s});
+    hit(1, QKeySequence::Undo);
+    expectLines({u"ab"_s});
+}
+
+TEST_F(PasteLines, IsSavedAsSeparateLines)
+{
+    pasteInto(1, u"One\r\nTwo\r\n"_s);
+    save();
+    const QByteArray lines = "\r\nOne\r\nTwo\r\n" + QByteArray("-BLANK-\r\n").repeated(8);
+    EXPECT_TRUE(bytesOf(u"normreports.tvd"_s).endsWith(lines));
+}
+
+TEST_F(PasteLines, ScreenReadersHearWhichLinesWereFilled)
+{
+    const Announcement &announcement = *screen("Form7").findChild<Announcement *>();
+    pasteInto(3, u"One"_s);
+    EXPECT_EQ(announcement.accessibleName(), QString());
+    write(3, {});
+    pasteInto(3, u"One\nTwo\nThree"_s);
+    EXPECT_EQ(announcement.accessibleName(), u"Pasted into lines 3 to 5."_s);
+}
+
+TEST_F(PasteLines, ANewRecordForgetsThePastesOfTheLast)
+{
+    pasteInto(1, u"One\nTwo"_s);
+    save();
+    goTo("Form7");
+    expectLines({});
+    write(2, u"Two"_s);
+    pasteInto(1, u"One"_s);
+    hit(1, QKeySequence::Undo);
+    expectLines({{}, u"Two"_s});
+}
+
+} // namespace
+} // namespace tarvold::testing

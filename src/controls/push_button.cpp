@@ -1,5 +1,6 @@
 #include "controls/push_button.h"
 
+#include "controls/long_text.h"
 #include "controls/sizes.h"
 
 #include <QKeyEvent>
@@ -19,10 +20,17 @@ void PushButton::setKeys(const QKeySequence &keys, const QString &name)
 {
     auto *shortcut = new QShortcut(keys, this, this, &QPushButton::click);
     shortcut->setAutoRepeat(false); // a held key would run through all screens
-    const QString shown = keys.toString(QKeySequence::NativeText);
+    m_keys = keys.toString(QKeySequence::NativeText);
     setAccessibleName(name);
-    setAccessibleDescription(shown); // by default the tooltip, which repeats the name
-    setToolTip(name.isEmpty() ? shown : u"%1 (%2)"_s.arg(name, shown));
+    setAccessibleDescription(m_keys); // by default the tooltip, which repeats the name
+    setToolTip(name.isEmpty() ? m_keys : u"%1 (%2)"_s.arg(name, m_keys));
+}
+
+void PushButton::setPurpose(const QString &purpose)
+{
+    const QString told = m_keys.isEmpty() ? purpose : u"%1 (%2)"_s.arg(purpose, m_keys);
+    setAccessibleDescription(told);
+    setToolTip(longtext::toolTip(told));
 }
 
 void PushButton::keyPressEvent(QKeyEvent *event)

@@ -17,8 +17,15 @@ public:
     /// \param name what the button does, if its caption is not a word; else empty
     void setKeys(const QKeySequence &keys, const QString &name = {});
 
+    /// Sets what the tooltip and assistive technology tell before the keys, such as the file that
+    /// the button writes to. It may be of any length.
+    void setPurpose(const QString &purpose);
+
 protected:
     void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    QString m_keys; ///< as the tooltip shows them
 };
 
 } // namespace tarvold

@@ -128,12 +128,20 @@ bool TextBox::fits() const
     return shown.size() <= kMostMeasured && fontMetrics().horizontalAdvance(shown) < room;
 }
 
+void TextBox::setNote(const QString &note)
+{
+    m_note = note;
+}
+
 bool TextBox::showWholeText(const QPoint &place)
 {
-    if (fits()) {
+    const bool isTold = fits() || (!m_note.isEmpty() && m_note.contains(text()));
+    QStringList shown = {isTold ? QString() : text(), m_note};
+    shown.removeAll(QString());
+    if (shown.isEmpty()) {
         return false;
     }
-    QToolTip::showText(place, longtext::toolTip(text()), this);
+    QToolTip::showText(place, longtext::toolTip(shown.join(u'\n')), this);
     return true;
 }
 

@@ -33,7 +33,11 @@ public:
     /// read-only box.
     void replaceAsOneStep(const QString &text);
 
-    /// Shows the text in a tooltip if it doesn't fit into the box.
+    /// Sets what the tooltip tells about the text. It comes below a text that doesn't fit into the
+    /// box, and instead of that text if it contains it.
+    void setNote(const QString &note);
+
+    /// Shows the text in a tooltip if it doesn't fit into the box, and the note if there is one.
     /// \param place the position of the mouse on the screen
     /// \return whether the tooltip is shown
     bool showWholeText(const QPoint &place);
@@ -81,6 +85,7 @@ private:
     bool isFillWord() const;
     bool fits() const;
 
+    QString m_note;
     FirstClick m_firstClick;
     bool m_isFocusNew = false;       ///< a click brought the focus, and is not handled yet
     std::optional<QPoint> m_pressed; ///< where that click began in a fill word

@@ -8,6 +8,7 @@
 #include "disk/append.h"
 #include "screens/commentary_line.h"
 #include "screens/failures.h"
+#include "screens/file_facts.h"
 #include "screens/form_grid.h"
 #include "screens/keys.h"
 #include "screens/main_menu.h"
@@ -111,8 +112,16 @@ void CommentaryScreen::showEvent(QShowEvent *event)
 {
     Screen::showEvent(event);
     if (!event->spontaneous()) {
+        showTarget();
         goToMarkedLine(); // its yellow promises that typed text goes there
     }
+}
+
+void CommentaryScreen::showTarget()
+{
+    const QString path = filefacts::wholePath(m_screens.text(Form1::fileNameBox(m_table.kind)));
+    control<PushButton>("Command1")
+        .setPurpose(path.isEmpty() ? u"The file name is empty."_s : u"Adds to "_s + path);
 }
 
 void CommentaryScreen::whitenboxes()
@@ -234,6 +243,7 @@ bool CommentaryScreen::write()
                                    .kind = m_table.kind})) {
             return false;
         }
+        showTarget();
     }
 }
 

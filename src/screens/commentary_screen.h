@@ -89,6 +89,8 @@ private:
     bool accepts(const CommentaryTag &tag);
     /// Adds the tag to the marked line; returns what happened, in words.
     QString append(const QString &tag);
+    /// Tells by the button which file it adds to.
+    void showTarget();
     void save();
     bool write();
 

@@ -4,9 +4,11 @@
 #include "controls/sizes.h"
 #include "controls/text_box.h"
 #include "datafiles/data_file_kind.h"
+#include "screens/file_facts.h"
 
 #include <QGridLayout>
 #include <QLabel>
+#include <QShowEvent>
 
 #include <algorithm>
 #include <array>
@@ -67,6 +69,16 @@ ControlRef Form1::fileNameBox(DataFileKind kind)
     return {kName, row->box};
 }
 
+void Form1::showEvent(QShowEvent *event)
+{
+    if (!event->spontaneous()) {
+        for (FileFacts *facts : m_facts) { // a save may have changed each of the files
+            facts->refresh();
+        }
+    }
+    Screen::showEvent(event);
+}
+
 void Form1::addRows(QGridLayout &grid)
 {
     for (const MenuRow &row : kRows) {
@@ -87,6 +99,7 @@ void Form1::addRows(QGridLayout &grid)
         box->setText(QLatin1StringView(kind.defaultName));
         box->setAccessibleName(caption + u' ' + QLatin1StringView(kind.content));
         add(box, row.box);
+        m_facts.push_back(new FileFacts(*box, *row.kind));
         auto *label = new QLabel(caption);
         label->setTextFormat(Qt::PlainText); // no buddy: all six would be spoken alike
         grid.addWidget(label, line, 1);

@@ -118,7 +118,7 @@ TEST_P(Keys, AreShownInTheToolTipsOfTheirButtons)
     EXPECT_EQ(hint(first(), "Command1"), u"Back (Alt+Left)"_s);
     EXPECT_EQ(hint(first(), "Command2"), u"Next (Alt+Right)"_s);
     EXPECT_EQ(hint(last(), "Command2"), u"Back (Alt+Left)"_s);
-    EXPECT_EQ(hint(last(), "Command1"), u"Ctrl+S"_s);
+    EXPECT_TRUE(hint(last(), "Command1").contains(u"(Ctrl+S)"_s));
     EXPECT_EQ(control(first(), "Command2").accessibleDescription(), u"Alt+Right"_s);
 }
 

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QFutureWatcher>
+#include <QObject>
+#include <QString>
+#include <QTimer>
+
+namespace tarvold {
+
+enum class DataFileKind;
+class TextBox;
+
+/// What the user may want to know about a data file before using it.
+namespace filefacts {
+
+/// The whole path that a name means, as the system writes paths; empty if the name is.
+/// \param name as the user typed it
+QString wholePath(const QString &name);
+
+/// What is at a path, in a sentence or two: how many records, or why there are none. Reads the
+/// file, so it may take long.
+/// \param path as wholePath() returned it
+QString stateOf(const QString &path, DataFileKind kind);
+
+} // namespace filefacts
+
+/// Shows the whole path of the file that a box names, and what is there, in the box's tooltip and
+/// to assistive technology.
+///
+/// The file is looked at in another thread: nothing ever waits for it. Until that is done, only the
+/// path is shown.
+class FileFacts : public QObject
+{
+    Q_OBJECT
+public:
+    /// \param box holds the file's name; becomes the owner
+    FileFacts(TextBox &box, DataFileKind kind);
+
+    /// Looks at the file again, for when the box appears.
+    void refresh();
+
+private:
+    void follow();
+    void look();
+    void show(const QString &state);
+
+    TextBox &m_box;
+    DataFileKind m_kind;
+    QTimer m_pause; ///< until the user has stopped typing
+    QFutureWatcher<QString> m_state;
+};
+
+} // namespace tarvold

@@ -1,0 +1,175 @@
+#include "screens/main_menu.h"
+#include "support/flow_test.h"
+#include "support/tool_tips.h"
+
+#include <QDir>
+#include <QLineEdit>
+
+#include <sys/stat.h>
+
+/// Which file a box or a button means, and what is in it.
+namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class FileFactsTest : public FlowTest
+{
+protected:
+    QString path(const QString &name) const
+    {
+        return QDir::toNativeSeparators(QDir(QDir::currentPath()).filePath(name));
+    }
+
+    QString tip(const char *box) { return toolTipOf(control("Form1", box)).value_or(QString()); }
+
+    /// Expects that the tooltip of a box soon has this second line below the path.
+    void expectState(const char *box, const QString &name, const QString &state)
+    {
+        const QString expected = path(name) + u'\n' + state;
+        EXPECT_TRUE(QTest::qWaitFor([&] { return tip(box) == expected; }))
+            << tip(box).toStdString() << "\ninstead of\n"
+            << expected.toStdString();
+        EXPECT_EQ(control("Form1", box).accessibleDescription(), path(name) + u". "_s + state);
+    }
+
+    /// Shows the main menu anew.
+    void comeBack()
+    {
+        screen("Form1").hide();
+        screen("Form1").show();
+    }
+
+    static QByteArray records(int count) { return QByteArray("line\r\n").repeated(36 * count); }
+};
+
+TEST_F(FileFactsTest, ABoxTellsThatItsFileDoesNotExistYet)
+{
+    expectState("Text3", u"normreports.tvd"_s, u"The file does not exist yet."_s);
+}
+
+TEST_F(FileFactsTest, ABoxTellsHowManyRecordsAreInItsFileWhenTheMenuComesBack)
+{
+    putBytes(u"normreports.tvd"_s, records(2));
+    comeBack();
+    expectState("Text3", u"normreports.tvd"_s, u"Records: 2"_s);
+    putBytes(u"normreports.tvd"_s, records(3));
+    comeBack();
+    expectState("Text3", u"normreports.tvd"_s, u"Records: 3"_s);
+}
+
+TEST_F(FileFactsTest, EachKindOfFileHasItsOwnLengthOfRecords)
+{
+    for (const DataFileKindRow &kind : kDataFileKinds) {
+        putBytes(QLatin1StringView(kind.defaultName), recordOf(4 * kind.linesPerRecord()));
+    }
+    comeBack();
+    for (const DataFileKindRow &kind : kDataFileKinds) {
+        expectState(Form1::fileNameBox(kind.kind).control, QLatin1StringView(kind.defaultName),
+                    u"Records: 4"_s);
+    }
+}
+
+TEST_F(FileFactsTest, ASavedRecordCounts)
+{
+    goToCommentary(kNormalPath);
+    type("Form7", "Text1", u"The end."_s);
+    save(kNormalPath);
+    expectState("Text3", u"normreports.tvd"_s, u"Records: 1"_s);
+}
+
+TEST_F(FileFactsTest, ABoxFollowsItsText)
+{
+    putBytes(u"mine.tvd"_s, records(1));
+    type("Form1", "Text3", u"mine.tvd"_s);
+    EXPECT_EQ(tip("Text3"), path(u"mine.tvd"_s)); // nothing waits for the file
+    expectState("Text3", u"mine.tvd"_s, u"Records: 1"_s);
+    type("Form1", "Text3", u"no/such.tvd"_s);
+    expectState("Text3", u"no/such.tvd"_s, u"The folder does not exist."_s);
+}
+
+TEST_F(FileFactsTest, AFileThatIsNotWholeIsTold)
+{
+    putBytes(u"normreports.tvd"_s, records(1) + "line\r\n");
+    comeBack();
+    expectState("Text3", u"normreports.tvd"_s,
+                u"Not a whole number of records. It breaks off at line 37, inside record 2: each "
+                "record takes 36 lines (lines found: 37)."_s);
+}
+
+TEST_F(FileFactsTest, WhatIsNoFileIsTold)
+{
+    QDir().mkdir(u"folder"_s);
+    type("Form1", "Text3", u"folder"_s);
+    expectState("Text3", u"folder"_s, u"It is a folder."_s);
+    type("Form1", "Text3", {});
+    EXPECT_TRUE(QTest::qWaitFor([this] { return tip("Text3") == u"The file name is empty."_s; }));
+}
+
+TEST_F(FileFactsTest, APipeIsNotWaitedFor)
+{
+    ASSERT_EQ(mkfifo("pipe", 0600), 0);
+    type("Form1", "Text3", u"pipe"_s);
+    expectState("Text3", u"pipe"_s, u"It is not an ordinary file."_s);
+}
+
+TEST_F(FileFactsTest, ALargeFileIsNotRead)
+{
+    QFile file(u"normreports.tvd"_s);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    ASSERT_TRUE(file.resize(qint64(17) * 1024 * 1024));
+    file.close();
+    comeBack();
+    expectState("Text3", u"normreports.tvd"_s,
+                u"Its records are not counted, as it is larger than 16 MB."_s);
+}
+
+TEST_F(FileFactsTest, NoMarkupInANameIsTakenForIt)
+{
+    type("Form1", "Text3", u"<b>x.tvd"_s);
+    expectState("Text3", u"<b>x.tvd"_s, u"The file does not exist yet."_s);
+}
+
+TEST_F(FileFactsTest, ALongNameIsToldOnce)
+{
+    const QString name = QString(120, u'n') + u".tvd"_s;
+    type("Form1", "Text3", name);
+    expectState("Text3", name, u"The file does not exist yet."_s);
+}
+
+class Target : public FileFactsTest, public ::testing::WithParamInterface<const FlowPath *>
+{
+};
+
+TEST_P(Target, TheSaveButtonTellsTheWholePathOfItsFile)
+{
+    const FlowPath &flow = *GetParam();
+    const char *last = flow.screens.back();
+    goToCommentary(flow);
+    const QString expected = u"Adds to %1 (Ctrl+S)"_s.arg(path(QLatin1StringView(flow.file)));
+    EXPECT_EQ(toolTipOf(control(last, "Command1")), expected);
+    EXPECT_EQ(control(last, "Command1").accessibleDescription(), expected);
+}
+
+TEST_P(Target, TheSaveButtonFollowsTheNameOnTheMainMenu)
+{
+    const FlowPath &flow = *GetParam();
+    const char *last = flow.screens.back();
+    given("Form1", flow.fileBox, u"my <b>files</b>/mine.tvd"_s);
+    goToCommentary(flow);
+    EXPECT_EQ(toolTipOf(control(last, "Command1")),
+              u"Adds to %1 (Ctrl+S)"_s.arg(path(u"my <b>files</b>/mine.tvd"_s)));
+    goBack(flow);
+    given("Form1", flow.fileBox, {});
+    goToCommentary(flow);
+    EXPECT_EQ(toolTipOf(control(last, "Command1")), u"The file name is empty. (Ctrl+S)"_s);
+}
+
+INSTANTIATE_TEST_SUITE_P(Flows, Target,
+                         ::testing::Values(&kNormalPath, &kRunInPath, &kTurnPath, &kInterviewPath,
+                                           &kTalkShowPath),
+                         [](const auto &path) { return path.param->button; });
+
+} // namespace
+} // namespace tarvold::testing

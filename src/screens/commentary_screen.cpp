@@ -10,14 +10,18 @@
 #include "screens/failures.h"
 #include "screens/file_facts.h"
 #include "screens/form_grid.h"
+#include "screens/hint_line.h"
 #include "screens/keys.h"
 #include "screens/main_menu.h"
 #include "screens/save_elsewhere.h"
 #include "screens/tag_list.h"
 
+#include <QApplication>
 #include <QGridLayout>
 #include <QLabel>
 #include <QShowEvent>
+
+#include <algorithm>
 
 namespace tarvold {
 
@@ -29,6 +33,9 @@ CommentaryScreen::CommentaryScreen(Screens &screens, const CommentaryTable &tabl
     , m_table(table)
     , m_tags(new TagList(this))
     , m_announcement(new Announcement(this))
+    , m_spokenHint(new Announcement(this))
+    , m_hint(new HintLine(this))
+    , m_rules{.known = {}, .refusal = [this](const QString &tag) { return refusalOf(tag); }}
 {
     addHiddenLabel("hiddenlabel");
     addHeading("Label1", table.heading);
@@ -40,10 +47,16 @@ CommentaryScreen::CommentaryScreen(Screens &screens, const CommentaryTable &tabl
     addButtons();
 }
 
+CommentaryScreen::~CommentaryScreen()
+{
+    disconnect(qApp, nullptr, this, nullptr); // the focus moves once more while the lines go
+}
+
 void CommentaryScreen::addTagList()
 {
     for (const CommentaryTag &tag : m_table.tags) {
         m_tags->addItem(QLatin1StringView(tag.item));
+        m_rules.known << QLatin1StringView(tag.tag);
     }
     auto *label = new QLabel(u"Commentary tag"_s, this);
     label->setTextFormat(Qt::PlainText);
@@ -86,12 +99,17 @@ void CommentaryScreen::addLines()
         grid->addWidget(label, int(row), 0, Qt::AlignRight | Qt::AlignVCenter);
         grid->addWidget(line, int(row), 1);
         connect(line, &CommentaryLine::entered, this, [this, line] { mark(*line); });
+        connect(line, &QLineEdit::textChanged, this, &CommentaryScreen::hint);
+        connect(line, &QLineEdit::cursorPositionChanged, this, &CommentaryScreen::hint);
         connect(line, &CommentaryLine::spread, this, [this, row](int lines) {
             m_announcement->tell(u"Pasted into lines %1 to %2."_s.arg(row + 1).arg(row + lines));
         });
         connect(line, &CommentaryLine::tagsRequested, m_tags, &ComboBox::showPopup);
     }
     column().addLayout(grid);
+    add(m_hint, "taghint");
+    column().addWidget(m_hint);
+    connect(qApp, &QApplication::focusChanged, this, &CommentaryScreen::hint);
 }
 
 void CommentaryScreen::addButtons()
@@ -114,6 +132,7 @@ void CommentaryScreen::showEvent(QShowEvent *event)
     if (!event->spontaneous()) {
         showTarget();
         goToMarkedLine(); // its yellow promises that typed text goes there
+        hint();           // other screens decide what is refused
     }
 }
 
@@ -142,6 +161,51 @@ void CommentaryScreen::mark(CommentaryLine &line)
 {
     whitenboxes();
     line.setMarked(true);
+    hint();
+}
+
+void CommentaryScreen::hint()
+{
+    if (!isVisible()) {
+        return;
+    }
+    QStringList hints;
+    for (const bool isMarked : {true, false}) {
+        for (const CommentaryLine *line : m_lines) {
+            if (line->isMarked() == isMarked) {
+                hints << hintsFor(*line);
+            }
+        }
+    }
+    m_hint->showHints(hints);
+    if (hints.value(0) != m_told && !hints.isEmpty()) {
+        m_spokenHint->tell(hints.front());
+    }
+    m_told = hints.value(0);
+}
+
+QStringList CommentaryScreen::hintsFor(const CommentaryLine &line) const
+{
+    const bool isTyping = focusWidget() == &line;
+    const std::optional<qsizetype> cursor =
+        isTyping ? std::optional<qsizetype>(line.cursorPosition()) : std::nullopt;
+    QStringList hints = tags::problemsIn(line.text(), m_rules, cursor);
+    const auto number = 1 + (std::find(m_lines.begin(), m_lines.end(), &line) - m_lines.begin());
+    for (QString &each : hints) {
+        each = u"Line %1: "_s.arg(number) + each;
+    }
+    return hints;
+}
+
+QString CommentaryScreen::refusalOf(const QString &tag) const
+{
+    for (const CommentaryTag &row : m_table.tags) {
+        const Refusal *refusal = tag == QLatin1StringView(row.tag) ? row.refusal : nullptr;
+        if (refusal != nullptr && refusal->isRefused(m_screens.text(refusal->box))) {
+            return QLatin1StringView(refusal->message);
+        }
+    }
+    return {};
 }
 
 void CommentaryScreen::insertTag()

@@ -2,6 +2,7 @@
 
 #include "datafiles/data_file_kind.h"
 #include "datafiles/record_fields.h"
+#include "datafiles/tags.h"
 #include "screens/flow.h"
 #include "screens/screen.h"
 
@@ -12,6 +13,7 @@ namespace tarvold {
 
 class Announcement;
 class CommentaryLine;
+class HintLine;
 class Screens;
 class TagList;
 
@@ -52,12 +54,17 @@ struct CommentaryTable
 /// Tags go into the line with the yellow background; the last accepted tag is the text of
 /// `hiddenlabel`. Neither is stored anywhere else. The yellow line gets the focus after each pick
 /// and whenever the screen is shown.
+///
+/// Below the lines, the label `taghint` says what is wrong with the tags in them, first in the
+/// yellow line. It is only a hint: anything can be saved.
 class CommentaryScreen : public Screen
 {
     Q_OBJECT
 public:
     /// \param table its texts and tags must outlive the screen
     CommentaryScreen(Screens &screens, const CommentaryTable &table);
+    ~CommentaryScreen() override;
+    Q_DISABLE_COPY_MOVE(CommentaryScreen)
 
     /// What the screen is made of.
     const CommentaryTable &table() const { return m_table; }
@@ -81,6 +88,12 @@ private:
     void addInstructions();
     void addLines();
     void addButtons();
+    /// Brings the hints up to date, and tells screen readers a first one that has changed.
+    void hint();
+    /// What is wrong with the tags of a line, with its number.
+    QStringList hintsFor(const CommentaryLine &line) const;
+    /// Why a tag would be refused now; empty if it would not.
+    QString refusalOf(const QString &tag) const;
     void mark(CommentaryLine &line);
     void insertTag();
     /// Focuses the end of the marked line, if there is one, so that the user can go on typing.
@@ -98,6 +111,10 @@ private:
     CommentaryTable m_table;
     TagList *m_tags;
     Announcement *m_announcement;
+    Announcement *m_spokenHint;
+    HintLine *m_hint;
+    QString m_told; ///< the hint that screen readers were told last
+    tags::Rules m_rules;
     std::array<CommentaryLine *, fields::kCommentary.size()> m_lines{};
 };
 

@@ -1,0 +1,47 @@
+#include "screens/hint_line.h"
+
+#include "controls/long_text.h"
+
+namespace tarvold {
+
+using namespace Qt::StringLiterals;
+
+HintLine::HintLine(QWidget *parent) : QLabel(parent)
+{
+    setTextFormat(Qt::PlainText);
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+}
+
+void HintLine::showHints(const QStringList &hints)
+{
+    m_hint = hints.value(0);
+    if (hints.size() > 1) {
+        m_hint += u" (%1 more)"_s.arg(hints.size() - 1);
+    }
+    setAccessibleName(m_hint);
+    setToolTip(hints.isEmpty() ? QString() : longtext::toolTip(hints.join(u'\n')));
+    elide();
+}
+
+QSize HintLine::sizeHint() const
+{
+    return {0, fontMetrics().lineSpacing()};
+}
+
+QSize HintLine::minimumSizeHint() const
+{
+    return sizeHint();
+}
+
+void HintLine::resizeEvent(QResizeEvent *event)
+{
+    QLabel::resizeEvent(event);
+    elide();
+}
+
+void HintLine::elide()
+{
+    setText(fontMetrics().elidedText(m_hint, Qt::ElideRight, contentsRect().width()));
+}
+
+} // namespace tarvold

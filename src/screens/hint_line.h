@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QLabel>
+
+namespace tarvold {
+
+/// A quiet line of text for hints. It always takes the room of one line, so that nothing moves when
+/// a hint appears; a hint that is too long is elided, and all are shown in the tooltip.
+class HintLine : public QLabel
+{
+    Q_OBJECT
+public:
+    explicit HintLine(QWidget *parent = nullptr);
+
+    /// Shows the first of the hints and how many more there are; none clears the line.
+    void showHints(const QStringList &hints);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    void elide();
+
+    QString m_hint;
+};
+
+} // namespace tarvold

@@ -1,0 +1,171 @@
+#include "controls/announcement.h"
+#include "support/ending_test.h"
+#include "support/tool_tips.h"
+
+#include <QLineEdit>
+
+/// The hints about tags, below the lines of commentary.
+namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Records what screen readers are told by any announcement of a screen.
+class Ear : public QObject
+{
+public:
+    explicit Ear(const QWidget &screen)
+    {
+        for (Announcement *each : screen.findChildren<Announcement *>()) {
+            each->installEventFilter(this);
+        }
+    }
+
+    QStringList told;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Show) {
+            told << static_cast<Announcement *>(watched)->accessibleName();
+        }
+        return QObject::eventFilter(watched, event);
+    }
+};
+
+class TagHints : public EndingTest
+{
+protected:
+    TagHints() { goTo("Form7"); }
+
+    QLineEdit &lineBox(int number)
+    {
+        return screen("Form7").control<QLineEdit>(qPrintable(u"Text%1"_s.arg(number)));
+    }
+
+    void write(int number, const QString &text)
+    {
+        type("Form7", qPrintable(u"Text%1"_s.arg(number)), text);
+    }
+
+    /// The whole hint, also where the line elides it.
+    QString hint() { return control("Form7", "taghint").accessibleName(); }
+
+    const QString kShort = u"Line 3: <recshrtname> is not a tag. Did you mean <recshortname>?"_s;
+};
+
+TEST_F(TagHints, TheLineIsEmptyAtFirst)
+{
+    EXPECT_EQ(text("Form7", "taghint"), QString());
+    write(1, u"<recshortname> wins."_s);
+    EXPECT_EQ(text("Form7", "taghint"), QString());
+}
+
+TEST_F(TagHints, AMistypedTagIsHintedAtAsSoonAsItIsComplete)
+{
+    write(3, u"<recshrtname"_s);
+    EXPECT_EQ(hint(), QString());
+    QTest::keyClicks(&lineBox(3), u">"_s);
+    EXPECT_EQ(hint(), kShort);
+    EXPECT_EQ(text("Form7", "taghint"), kShort); // there is room for it
+    QTest::keyClicks(&lineBox(3), u" wins"_s);
+    EXPECT_EQ(hint(), kShort);
+    write(3, u"<recshortname>"_s);
+    EXPECT_EQ(hint(), QString());
+}
+
+TEST_F(TagHints, AnUnclosedTagIsHintedAtWhenTheCursorHasLeftIt)
+{
+    const QString unclosed = u"Line 2: \"<\" is not closed."_s;
+    write(2, u"He <recsh"_s);
+    EXPECT_EQ(hint(), QString());
+    QTest::keyClick(&lineBox(2), Qt::Key_Home);
+    EXPECT_EQ(hint(), unclosed);
+    QTest::keyClick(&lineBox(2), Qt::Key_End);
+    EXPECT_EQ(hint(), QString());
+    QTest::keyClick(&lineBox(2), Qt::Key_Down);
+    EXPECT_EQ(hint(), unclosed);
+}
+
+TEST_F(TagHints, ARefusedTagIsHintedAtWithItsReason)
+{
+    write(1, u"<attmanager>"_s);
+    const QString reason = u"You have the attacker's manager name as 'N/A' or 'None', which means "
+                           "you can't involve the attacker's manager in this finish."_s;
+    EXPECT_EQ(hint(), QString(u"Line 1: <attmanager>: "_s + reason));
+    press("Form7", "Command2");
+    press("Form6", "Command1");
+    type("Form5", "Text1", u"Any"_s);
+    press("Form5", "Command2");
+    press("Form6", "Command2");
+    expectOnly("Form7");
+    EXPECT_EQ(hint(), QString());
+}
+
+TEST_F(TagHints, TheYellowLineComesFirstAndTheTooltipHasAll)
+{
+    write(1, u"<nobody>"_s);
+    write(3, u"<recshrtname>"_s);
+    EXPECT_EQ(hint(), QString(kShort + u" (1 more)"_s));
+    EXPECT_EQ(toolTipOf(control("Form7", "taghint")),
+              QString(kShort + u"\nLine 1: <nobody> is not a tag."_s));
+    click(lineBox(1));
+    EXPECT_EQ(hint(), u"Line 1: <nobody> is not a tag. (1 more)"_s);
+    click(lineBox(5));
+    EXPECT_EQ(hint(), u"Line 1: <nobody> is not a tag. (1 more)"_s);
+}
+
+TEST_F(TagHints, ALongHintIsElidedAndNothingMoves)
+{
+    const QWidget &label = control("Form7", "taghint");
+    const QRect place = label.geometry();
+    const QRect last = lineBox(10).geometry();
+    const int wide = screen("Form7").width();
+    const int least = screen("Form7").minimumSizeHint().width();
+    write(1, u"<attmanager>"_s);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(label.geometry(), place);
+    EXPECT_EQ(lineBox(10).geometry(), last);
+    EXPECT_EQ(screen("Form7").width(), wide);
+    EXPECT_EQ(screen("Form7").minimumSizeHint().width(), least);
+    const QString shown = text("Form7", "taghint");
+    EXPECT_TRUE(shown.endsWith(u'\u2026')) << shown.toStdString();
+    EXPECT_LE(label.fontMetrics().horizontalAdvance(shown), label.width());
+    EXPECT_GT(label.height(), 0);
+}
+
+TEST_F(TagHints, ScreenReadersHearAHintOnce)
+{
+    const Ear ear(screen("Form7"));
+    write(3, u"<recshrtname> wins it here"_s);
+    EXPECT_EQ(ear.told, QStringList(kShort));
+    click(lineBox(4));
+    QTest::keyClicks(&lineBox(4), u"And more."_s);
+    EXPECT_EQ(ear.told, QStringList(kShort));
+    write(4, u"<nobody>"_s);
+    EXPECT_EQ(ear.told, (QStringList{kShort, u"Line 4: <nobody> is not a tag."_s}));
+}
+
+TEST_F(TagHints, AHintKeepsNothingFromBeingSaved)
+{
+    write(1, u"<nobody> <"_s);
+    save();
+    EXPECT_TRUE(bytesOf(u"normreports.tvd"_s).contains("\r\n<nobody> <\r\n"));
+    goTo("Form7");
+    EXPECT_EQ(hint(), QString());
+}
+
+TEST_F(TagHints, EveryTagOfTheListIsKnown)
+{
+    lineBox(1).setFocus(Qt::OtherFocusReason);
+    for (const char *tag : {"<att1fullname>", "<recfullname>", "<titleholder>", "<recfinisher>"}) {
+        write(1, QLatin1StringView(tag));
+        EXPECT_EQ(hint(), QString()) << tag;
+    }
+    write(1, u"<feudname1>"_s); // only endings with run-ins have it
+    EXPECT_TRUE(hint().startsWith(u"Line 1: <feudname1> is not a tag."_s));
+}
+
+} // namespace
+} // namespace tarvold::testing

@@ -1,5 +1,7 @@
 #include "controls/combo_box.h"
 
+#include "controls/announcement.h"
+#include "controls/contrast.h"
 #include "controls/list_box.h"
 #include "controls/text_box.h"
 
@@ -7,12 +9,46 @@
 #include <QAccessible>
 #include <QHelpEvent>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QStandardItemModel>
 #include <QWheelEvent>
 
 #include <utility>
 
 namespace tarvold {
+
+namespace {
+
+constexpr int kMarkSize = 16;
+
+/// A triangle with an exclamation mark, so that it is not told by its colour alone.
+class WarningMark : public QWidget
+{
+public:
+    explicit WarningMark(QWidget *parent) : QWidget(parent)
+    {
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+        setFixedSize(kMarkSize, kMarkSize);
+        hide();
+    }
+
+protected:
+    void paintEvent(QPaintEvent * /*event*/) override
+    {
+        const QColor behind = palette().color(QPalette::Base);
+        const QColor amber(0xC0, 0x70, 0x00);
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(contrast::visible(amber, {behind}, contrast::kFocus));
+        painter.drawPolygon(QPolygonF({{8, 1}, {15.5, 15}, {0.5, 15}}));
+        painter.setBrush(behind);
+        painter.drawRect(QRectF(7, 5, 2, 5));
+        painter.drawRect(QRectF(7, 11.5, 2, 2));
+    }
+};
+
+} // namespace
 
 /// The items of the list.
 class ComboBox::Items : public QStandardItemModel
@@ -68,6 +104,67 @@ void ComboBox::setText(const QString &text)
 {
     setCurrentIndex(findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive));
     setEditText(text);
+}
+
+void ComboBox::markUnlisted(const QString &warning)
+{
+    m_warning = warning;
+    m_mark = new WarningMark(m_box);
+    m_announcement = new Announcement(this);
+    connect(m_box, &QLineEdit::textChanged, this, &ComboBox::updateMark);
+    connect(m_box, &TextBox::left, this, &ComboBox::updateMark);
+    updateMark();
+}
+
+bool ComboBox::isUnlisted() const
+{
+    if (findText(currentText(), Qt::MatchExactly | Qt::MatchCaseSensitive) >= 0) {
+        return false;
+    }
+    const bool isTyping = m_box->hasFocus() && m_box->isModified();
+    return !isTyping || findText(currentText(), Qt::MatchStartsWith | Qt::MatchCaseSensitive) < 0;
+}
+
+void ComboBox::updateMark()
+{
+    const bool isMarked = isUnlisted();
+    if (isMarked == m_isMarked) {
+        return;
+    }
+    m_isMarked = isMarked;
+    constexpr int kGapToText = 4;
+    const int room = kMarkSize + kGapToText;
+    QMargins margins = m_box->textMargins();
+    margins.setRight(margins.right() + (isMarked ? room : -room));
+    m_box->setTextMargins(margins);
+    m_box->setNote(isMarked ? m_warning : QString());
+    for (QWidget *spoken : {static_cast<QWidget *>(this), static_cast<QWidget *>(m_box)}) {
+        QString purpose = spoken->accessibleDescription();
+        if (isMarked) {
+            purpose = purpose.isEmpty() ? m_warning : m_warning + u' ' + purpose;
+        } else if (purpose.startsWith(m_warning)) {
+            purpose = purpose.mid(m_warning.size()).trimmed();
+        }
+        spoken->setAccessibleDescription(purpose);
+    }
+    placeMark();
+    m_mark->setVisible(isMarked);
+    if (isMarked && isVisible()) {
+        m_announcement->tell(m_warning);
+    }
+}
+
+void ComboBox::placeMark()
+{
+    if (m_mark != nullptr) {
+        m_mark->move(m_box->width() - kMarkSize - 3, (m_box->height() - kMarkSize) / 2);
+    }
+}
+
+void ComboBox::resizeEvent(QResizeEvent *event)
+{
+    QComboBox::resizeEvent(event);
+    placeMark();
 }
 
 void ComboBox::showPopup()

@@ -4,6 +4,7 @@
 
 namespace tarvold {
 
+class Announcement;
 class TextBox;
 
 /// The combo box of all screens: a fixed list beside a box that accepts any text.
@@ -16,6 +17,10 @@ class TextBox;
 /// Undo after a pick restores the typed text; neither undo nor redo counts as a choice. The current
 /// index follows what the user types, picks and undoes, and what setText() shows: it is the index
 /// of the item with this text, or -1 if there is none.
+///
+/// A box may be told what to say of a text outside its list: it then shows a small mark beside such
+/// a text, says why in its tooltip and its accessible description, and tells screen readers once
+/// when the mark appears. While the user types the beginning of an item there is no mark.
 ///
 /// Clicks, focus and tooltips are those of a TextBox, the tooltip also over the arrow.
 class ComboBox : public QComboBox
@@ -31,6 +36,13 @@ public:
     /// Shows a text, whether or not it is in the list. This is not a choice, and can't be undone.
     void setText(const QString &text);
 
+    /// Marks every text outside the list.
+    /// \param warning what to say of it
+    void markUnlisted(const QString &warning);
+
+    /// Whether the text is marked as being outside the list.
+    bool isMarked() const { return m_mark != nullptr && m_isMarked; }
+
     void showPopup() override;
 
 signals:
@@ -41,6 +53,7 @@ protected:
     bool event(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private slots:
     /// Emits chosen() once per opened list.
@@ -52,9 +65,18 @@ private:
     void connectToList();
     /// Sets the current index to the item whose text the box shows, or to none.
     void followText();
+    /// Whether the text is outside the list and no beginning of an item that is being typed.
+    bool isUnlisted() const;
+    /// Shows or hides the mark.
+    void updateMark();
+    void placeMark();
 
     Items *m_items;
     TextBox *m_box;
+    QString m_warning;
+    QWidget *m_mark = nullptr; ///< null unless such texts are marked
+    Announcement *m_announcement = nullptr;
+    bool m_isMarked = false;
     bool m_isListConnected = false;
     bool m_isListOpen = false;
 };

@@ -173,6 +173,7 @@ void TextBox::focusOutEvent(QFocusEvent *event)
     const Qt::FocusReason reason = event->reason();
     if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) {
         showBeginning();
+        emit left();
     }
 }
 

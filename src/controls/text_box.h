@@ -46,6 +46,10 @@ public slots:
     /// Hides QLineEdit::paste(). The context menu looks up slots by name and so calls this one.
     void paste();
 
+signals:
+    /// The focus went to another control of the window, so the user has finished typing.
+    void left();
+
 protected:
     /// Splits a text at its line breaks: CR LF, CR, LF and those of Unicode.
     static QStringList linesOf(const QString &text);

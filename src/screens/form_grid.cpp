@@ -9,6 +9,8 @@
 
 #include <QGridLayout>
 
+#include <algorithm>
+
 namespace tarvold::formgrid {
 
 using namespace Qt::StringLiterals;
@@ -18,6 +20,17 @@ namespace {
 const char *captionOf(const Field &field)
 {
     return field.caption != nullptr ? field.caption : field.field->name;
+}
+
+/// What to say of a text outside the list; empty where any other text may be right.
+QString warningFor(const Field &field)
+{
+    if (field.field != nullptr && !codedTexts(field.field->coding).empty()) {
+        return u"Not in the list. The file will lack this line."_s;
+    }
+    const auto isYes = [](const char *item) { return qstrcmp(item, "Yes") == 0; };
+    const bool isYesNo = std::any_of(field.items.begin(), field.items.end(), isYes);
+    return isYesNo ? u"Not in the list."_s : QString();
 }
 
 QWidget *newBareControl(const Field &field)
@@ -33,6 +46,9 @@ QWidget *newBareControl(const Field &field)
     auto *combo = new ComboBox;
     for (const char *item : field.items) {
         combo->addItem(QLatin1StringView(item));
+    }
+    if (const QString warning = warningFor(field); !warning.isEmpty()) {
+        combo->markUnlisted(warning);
     }
     return combo;
 }

@@ -24,6 +24,9 @@ struct Bar
 };
 
 /// A field of a screen: a caption label and the control beside it.
+///
+/// A list marks a text that is none of its items where the file would lack a line for it (which the
+/// coding of `field` decides), and where the list has "Yes", as other words are probably mistakes.
 struct Field
 {
     const char *control;

@@ -127,7 +127,7 @@ std::span<const Field> lowerFields()
     static const Field kFields[] = {
         {.control = "exclusive",    .label = "Label15", .caption = "Exclusive To A Promotion?:", .items = kYesNo},
         {.control = "prominitials", .label = "Label16", .caption = kPromotion.name},
-        {.control = "matchquality", .label = "Label17", .caption = kQuality.name,                .items = qualityItems()},
+        {.control = "matchquality", .label = "Label17", .field = &kQuality, .caption = kQuality.name, .items = qualityItems()},
         {.control = "titleneeded",  .label = "Label18", .caption = kTitleNeeded.name,            .items = kYesNo},
     };
     return kFields;

@@ -15,10 +15,8 @@ HintLine::HintLine(QWidget *parent) : QLabel(parent)
 void HintLine::showHints(const QStringList &hints)
 {
     m_hint = hints.value(0);
-    if (hints.size() > 1) {
-        m_hint += u" (%1 more)"_s.arg(hints.size() - 1);
-    }
-    setAccessibleName(m_hint);
+    m_more = hints.size() > 1 ? u" (%1 more)"_s.arg(hints.size() - 1) : QString();
+    setAccessibleName(m_hint + m_more);
     setToolTip(hints.isEmpty() ? QString() : longtext::toolTip(hints.join(u'\n')));
     elide();
 }
@@ -41,7 +39,8 @@ void HintLine::resizeEvent(QResizeEvent *event)
 
 void HintLine::elide()
 {
-    setText(fontMetrics().elidedText(m_hint, Qt::ElideRight, contentsRect().width()));
+    const int room = contentsRect().width() - fontMetrics().horizontalAdvance(m_more);
+    setText(fontMetrics().elidedText(m_hint, Qt::ElideRight, room) + m_more);
 }
 
 } // namespace tarvold

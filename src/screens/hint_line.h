@@ -25,6 +25,7 @@ private:
     void elide();
 
     QString m_hint;
+    QString m_more; ///< how many more hints there are; never elided
 };
 
 } // namespace tarvold

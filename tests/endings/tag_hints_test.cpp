@@ -133,6 +133,10 @@ TEST_F(TagHints, ALongHintIsElidedAndNothingMoves)
     EXPECT_TRUE(shown.endsWith(u'\u2026')) << shown.toStdString();
     EXPECT_LE(label.fontMetrics().horizontalAdvance(shown), label.width());
     EXPECT_GT(label.height(), 0);
+    write(2, u"<nobody>"_s);
+    click(lineBox(1));
+    EXPECT_TRUE(text("Form7", "taghint").endsWith(u"\u2026 (1 more)"_s));
+    EXPECT_LE(label.fontMetrics().horizontalAdvance(text("Form7", "taghint")), label.width());
 }
 
 TEST_F(TagHints, ScreenReadersHearAHintOnce)

@@ -19,12 +19,12 @@ qsizetype distance(const QString &one, const QString &other)
 {
     std::vector<qsizetype> row(std::size_t(other.size()) + 1);
     std::iota(row.begin(), row.end(), 0);
-    for (qsizetype line = 0; line < one.size(); ++line) {
+    for (const QChar letter : one) {
         qsizetype diagonal = row.front()++;
         for (qsizetype column = 0; column < other.size(); ++column) {
             qsizetype &above = row.at(std::size_t(column) + 1);
             const qsizetype left = row.at(std::size_t(column));
-            const qsizetype replaced = diagonal + (one[line] == other[column] ? 0 : 1);
+            const qsizetype replaced = diagonal + (letter == other[column] ? 0 : 1);
             diagonal = std::exchange(above, std::min({above + 1, left + 1, replaced}));
         }
     }

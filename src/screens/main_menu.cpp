@@ -31,7 +31,7 @@ struct MenuRow
 };
 
 // clang-format off
-constexpr std::array<MenuRow, 8> kRows = {{
+constexpr std::array<MenuRow, 8> kMenuRows = {{
     {MenuEntry::Stipulations,  "Command1", "Edit And Create Match Stipulations", DataFileKind::Stipulations,  "Text1", "In File:"},
     {MenuEntry::NormalEndings, "Command3", "Add Normal Match Endings",           DataFileKind::NormalEndings, "Text3", "To File:"},
     {MenuEntry::RunInEndings,  "Command4", "Add Match Endings With Run-Ins",     DataFileKind::RunInEndings,  "Text4", "To File:"},
@@ -63,9 +63,9 @@ Form1::Form1(Screens & /*screens*/) : Screen(kName)
 
 ControlRef Form1::fileNameBox(DataFileKind kind)
 {
-    const auto *row = std::find_if(kRows.begin(), kRows.end(), [kind](const MenuRow &candidate) {
-        return candidate.kind == kind;
-    });
+    const auto *row =
+        std::find_if(kMenuRows.begin(), kMenuRows.end(),
+                     [kind](const MenuRow &candidate) { return candidate.kind == kind; });
     return {kName, row->box};
 }
 
@@ -81,7 +81,7 @@ void Form1::showEvent(QShowEvent *event)
 
 void Form1::addRows(QGridLayout &grid)
 {
-    for (const MenuRow &row : kRows) {
+    for (const MenuRow &row : kMenuRows) {
         PushButton *button = newButton(row.button, row.caption);
         connect(button, &QPushButton::clicked, this, [this, &row] { emit pressed(row.entry); });
         button->setMinimumHeight(kTaskButtonHeight);

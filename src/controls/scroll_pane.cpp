@@ -8,6 +8,8 @@
 #include <QGridLayout>
 #include <QScrollBar>
 
+#include <algorithm>
+
 namespace tarvold {
 
 namespace {
@@ -16,6 +18,8 @@ namespace {
 constexpr int kLeastStep = 2;
 constexpr int kNormalStep = 6;
 constexpr int kMostStep = 9;
+/// In pixels; keeps the outlines of neighbours apart.
+constexpr int kLeastGap = 3;
 
 int verticalSpacing(const QLayout &layout)
 {
@@ -92,7 +96,8 @@ void ScrollPane::rememberGaps()
 void ScrollPane::setGaps(int step)
 {
     for (auto gap = m_gaps.constBegin(); gap != m_gaps.constEnd(); ++gap) {
-        const int spacing = gap.value() * step / kNormalStep;
+        const int least = std::min(gap.value(), kLeastGap);
+        const int spacing = std::max(gap.value() * step / kNormalStep, least);
         if (verticalSpacing(*gap.key()) != spacing) {
             setVerticalSpacing(*gap.key(), spacing);
         }

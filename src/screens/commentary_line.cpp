@@ -43,7 +43,7 @@ void CommentaryLine::startAfresh()
 {
     setText({}); // undo after clear() would bring back the commentary of another record
     setMarked(false);
-    m_edits.clear();
+    m_pastes.clear();
 }
 
 QStringList CommentaryLine::fitted(const QString &text) const
@@ -68,43 +68,21 @@ QStringList CommentaryLine::fitted(const QString &text) const
 void CommentaryLine::insertLines(const QStringList &lines,
                                  const std::function<void(const QString &)> &insertFirst)
 {
-    LinkedEdit edit = {.before = text(),
-                       .after = {},
-                       .couldUndo = isUndoAvailable(),
-                       .others = m_below,
-                       .othersBefore = QStringList(lines.size() - 1, QString()),
-                       .othersAfter = lines.mid(1)};
+    Paste paste = {
+        .before = text(), .after = {}, .couldUndo = isUndoAvailable(), .rest = lines.mid(1)};
     insertFirst(lines.front());
-    if (edit.othersAfter.isEmpty()) {
+    if (paste.rest.isEmpty()) {
         return;
     }
-    edit.after = text();
-    replaceFrom(edit.others, edit.othersBefore, edit.othersAfter);
-    m_edits.push_back(edit);
+    paste.after = text();
+    replaceBelow(QStringList(paste.rest.size(), QString()), paste.rest);
+    m_pastes.push_back(paste);
     emit spread(static_cast<int>(lines.size()));
 }
 
-void CommentaryLine::swapWith(CommentaryLine &neighbour)
+void CommentaryLine::replaceBelow(const QStringList &from, const QStringList &to)
 {
-    const LinkedEdit edit = {.before = neighbour.text(),
-                             .after = text(),
-                             .couldUndo = neighbour.isUndoAvailable(),
-                             .others = this,
-                             .othersBefore = {text()},
-                             .othersAfter = {neighbour.text()}};
-    const int cursor = cursorPosition();
-    if (edit.before != edit.after) {
-        neighbour.replaceAsOneStep(edit.after);
-        replaceFrom(this, edit.othersBefore, edit.othersAfter);
-        neighbour.m_edits.push_back(edit);
-    }
-    neighbour.setFocus(Qt::OtherFocusReason);
-    neighbour.setCursorPosition(cursor);
-}
-
-void CommentaryLine::replaceFrom(CommentaryLine *line, const QStringList &from,
-                                 const QStringList &to)
-{
+    CommentaryLine *line = m_below;
     for (qsizetype at = 0; at < to.size() && line != nullptr; ++at, line = line->m_below) {
         if (line->text() == from[at] && from[at] != to[at]) {
             line->replaceAsOneStep(to[at]);
@@ -113,24 +91,24 @@ void CommentaryLine::replaceFrom(CommentaryLine *line, const QStringList &from,
     }
 }
 
-CommentaryLine::LinkedEdit *CommentaryLine::editBetween(const QString &before, const QString &after,
-                                                        bool isUndone)
+CommentaryLine::Paste *CommentaryLine::pasteBetween(const QString &before, const QString &after,
+                                                    bool isUndone)
 {
-    const auto found = std::find_if(m_edits.rbegin(), m_edits.rend(), [&](const LinkedEdit &edit) {
-        return edit.before == before && edit.after == after && edit.isUndone == isUndone;
+    const auto found = std::find_if(m_pastes.rbegin(), m_pastes.rend(), [&](const Paste &paste) {
+        return paste.before == before && paste.after == after && paste.isUndone == isUndone;
     });
-    return found == m_edits.rend() ? nullptr : &*found;
+    return found == m_pastes.rend() ? nullptr : &*found;
 }
 
 void CommentaryLine::undo()
 {
     const QString after = text();
     TextBox::undo();
-    LinkedEdit *edit = editBetween(text(), after, false);
+    Paste *paste = pasteBetween(text(), after, false);
     // The same text may also have been typed over later.
-    if (edit != nullptr && isUndoAvailable() == edit->couldUndo) {
-        edit->isUndone = true;
-        replaceFrom(edit->others, edit->othersAfter, edit->othersBefore);
+    if (paste != nullptr && isUndoAvailable() == paste->couldUndo) {
+        paste->isUndone = true;
+        replaceBelow(paste->rest, QStringList(paste->rest.size(), QString()));
     }
 }
 
@@ -138,9 +116,9 @@ void CommentaryLine::redo()
 {
     const QString before = text();
     TextBox::redo();
-    if (LinkedEdit *edit = editBetween(before, text(), true)) {
-        edit->isUndone = false;
-        replaceFrom(edit->others, edit->othersBefore, edit->othersAfter);
+    if (Paste *paste = pasteBetween(before, text(), true)) {
+        paste->isUndone = false;
+        replaceBelow(QStringList(paste->rest.size(), QString()), paste->rest);
     }
 }
 
@@ -188,20 +166,6 @@ std::optional<CommentaryLine *> CommentaryLine::lineAfter(const QKeyEvent &key) 
     }
 }
 
-bool CommentaryLine::swapsBy(const QKeyEvent &key)
-{
-    const auto modifiers = key.modifiers() & ~Qt::KeyboardModifiers(Qt::KeypadModifier);
-    const bool isUp = key.key() == Qt::Key_Up;
-    if (modifiers != (Qt::ControlModifier | Qt::ShiftModifier) ||
-        (!isUp && key.key() != Qt::Key_Down)) {
-        return false;
-    }
-    if (CommentaryLine *neighbour = isUp ? m_above : m_below) {
-        swapWith(*neighbour);
-    }
-    return true;
-}
-
 void CommentaryLine::keyPressEvent(QKeyEvent *event)
 {
     const bool isAltDown =
@@ -217,9 +181,6 @@ void CommentaryLine::keyPressEvent(QKeyEvent *event)
     }
     if (event->matches(QKeySequence::Redo)) {
         redo();
-        return;
-    }
-    if (swapsBy(*event)) {
         return;
     }
     if (const auto line = lineAfter(*event)) {

@@ -13,8 +13,7 @@ namespace tarvold {
 /// The mark is the background itself, yellow or white; it is stored nowhere else.
 ///
 /// Enter and Down go to the line below, Up to the line above. In the last and the first line they
-/// do nothing. Ctrl+Shift+Up and Ctrl+Shift+Down swap the text with that of the line above or
-/// below, and go along with it; undo there takes both texts back.
+/// do nothing.
 ///
 /// A pasted or dropped text of several lines goes into this line and the empty lines right below
 /// it; what they can't hold is joined by spaces in the last of them. Nothing is overwritten. Undo
@@ -68,15 +67,13 @@ protected:
     void insertPasted(const QString &text) override;
 
 private:
-    /// An edit of this line that changed other lines too: a paste or a swap.
-    struct LinkedEdit
+    /// A paste that began in this line and went on in those below.
+    struct Paste
     {
-        QString before;         ///< this line's text before the edit
-        QString after;          ///< and after it
-        bool couldUndo;         ///< whether there was something to undo before it
-        CommentaryLine *others; ///< the first of the other lines; the next ones are below it
-        QStringList othersBefore;
-        QStringList othersAfter;
+        QString before;   ///< this line's text before the paste
+        QString after;    ///< and after it
+        bool couldUndo;   ///< whether there was something to undo before it
+        QStringList rest; ///< what went into the lines below, in order
         bool isUndone = false;
     };
 
@@ -85,18 +82,14 @@ private:
     /// Inserts the first line by `insertFirst` and the others into the lines below.
     void insertLines(const QStringList &lines,
                      const std::function<void(const QString &)> &insertFirst);
-    /// Swaps the text with that of another line, which gets the focus.
-    void swapWith(CommentaryLine &neighbour);
-    /// From a line on, replaces what is in `from` by what is in `to`, line by line.
-    static void replaceFrom(CommentaryLine *line, const QStringList &from, const QStringList &to);
-    /// The last edit that has this state, if the line's text has just gone from one to the other.
-    LinkedEdit *editBetween(const QString &before, const QString &after, bool isUndone);
+    /// In the lines below, replaces what is in `from` by what is in `to`, line by line.
+    void replaceBelow(const QStringList &from, const QStringList &to);
+    /// The last paste that has this state, if the line's text has just gone from one to the other.
+    Paste *pasteBetween(const QString &before, const QString &after, bool isUndone);
+
+    std::vector<Paste> m_pastes;
     /// The line that a key goes to: null at either end. Nothing if the key goes to no line.
     std::optional<CommentaryLine *> lineAfter(const QKeyEvent &key) const;
-    /// Swaps lines if the key is for that; `false` for any other key.
-    bool swapsBy(const QKeyEvent &key);
-
-    std::vector<LinkedEdit> m_edits;
 
     CommentaryLine *m_above = nullptr;
     CommentaryLine *m_below = nullptr;

@@ -49,7 +49,12 @@ CommentaryScreen::CommentaryScreen(Screens &screens, const CommentaryTable &tabl
 
 CommentaryScreen::~CommentaryScreen()
 {
-    disconnect(qApp, nullptr, this, nullptr); // the focus moves once more while the lines go
+    // The focus and the cursors move once more when QWidget deletes the lines, after this
+    // destructor.
+    disconnect(qApp, nullptr, this, nullptr);
+    for (CommentaryLine *line : m_lines) {
+        line->disconnect(this);
+    }
 }
 
 void CommentaryScreen::addTagList()

@@ -3,16 +3,18 @@
 #include "controls/text_box.h"
 #include "datafiles/data_file_kind.h"
 #include "datafiles/line_reader.h"
+#include "disk/file.h"
 #include "disk/file_path.h"
 #include "disk/read.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QPromise>
-#include <QThreadPool>
 
+#include <array>
 #include <chrono>
 #include <memory>
+#include <thread>
 
 namespace tarvold {
 
@@ -23,11 +25,43 @@ namespace {
 /// Larger files are not read just for a tooltip.
 constexpr qint64 kMostCounted = qint64(16) * 1024 * 1024;
 
-QString countOf(const QString &path, int linesPerRecord)
+QString tooLarge()
 {
-    const auto bytes = readFile(path);
+    return u"Its records are not counted, as it is larger than 16 MB."_s;
+}
+
+/// Reads a file, or a little more than `kMostCounted` bytes of it. Takes no lock: a save must never
+/// wait for a tooltip.
+Result<QByteArray> readSome(const FilePath &path)
+{
+    const Result<File> file = File::openOrdinary(path, File::Access::Read);
+    if (!file) {
+        return failure(file.error());
+    }
+    constexpr std::size_t kBlock = 65536;
+    std::array<char, kBlock> block{};
+    QByteArray bytes;
+    while (bytes.size() <= kMostCounted) {
+        const Result<qint64> count = file->readAt(bytes.size(), block);
+        if (!count) {
+            return failure(count.error());
+        }
+        if (*count == 0) {
+            break;
+        }
+        bytes.append(block.data(), *count);
+    }
+    return bytes;
+}
+
+QString countOf(const FilePath &path, int linesPerRecord)
+{
+    const Result<QByteArray> bytes = readSome(path);
     if (!bytes) {
         return bytes.error().cause;
+    }
+    if (bytes->size() > kMostCounted) {
+        return tooLarge();
     }
     qsizetype lines = 0;
     for (LineReader reader(*bytes); !reader.atEnd(); reader.readLine()) {
@@ -55,7 +89,8 @@ QString wholePath(const QString &name)
 
 QString stateOf(const QString &path, DataFileKind kind)
 {
-    if (const auto ordinary = FilePath::ofOrdinary(path); !ordinary) {
+    const Result<FilePath> ordinary = FilePath::ofOrdinary(path);
+    if (!ordinary) {
         return ordinary.error().cause;
     }
     const QFileInfo file(path);
@@ -66,9 +101,9 @@ QString stateOf(const QString &path, DataFileKind kind)
         return u"The file does not exist yet."_s;
     }
     if (file.size() > kMostCounted) {
-        return u"Its records are not counted, as it is larger than 16 MB."_s;
+        return tooLarge();
     }
-    return countOf(path, rowOf(kind).linesPerRecord());
+    return countOf(*ordinary, rowOf(kind).linesPerRecord());
 }
 
 } // namespace filefacts
@@ -91,6 +126,7 @@ FileFacts::FileFacts(TextBox &box, DataFileKind kind) : QObject(&box), m_box(box
 void FileFacts::refresh()
 {
     m_pause.stop();
+    show({});
     look();
 }
 
@@ -105,11 +141,11 @@ void FileFacts::look()
     auto promise = std::make_shared<QPromise<QString>>();
     m_state.setFuture(promise->future()); // what an earlier look finds is no longer reported
     promise->start();
-    QThreadPool::globalInstance()->start(
-        [promise, path = filefacts::wholePath(m_box.text()), kind = m_kind] {
-            promise->addResult(filefacts::stateOf(path, kind));
-            promise->finish();
-        });
+    // Detached: a file on a network that does not answer must not keep the program from ending.
+    std::thread([promise, path = filefacts::wholePath(m_box.text()), kind = m_kind] {
+        promise->addResult(filefacts::stateOf(path, kind));
+        promise->finish();
+    }).detach();
 }
 
 void FileFacts::show(const QString &state)

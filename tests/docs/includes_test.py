@@ -18,6 +18,7 @@ ALLOWED = {
     "segments": ["screens", "controls", "datafiles", "disk"],
     "stipulations": ["screens", "controls", "datafiles", "disk"],
     "import": ["screens", "controls", "datafiles", "disk"],
+    "records": ["endings", "segments", "stipulations", "import", "screens", "controls", "datafiles", "disk"],
 }
 # Those without windows link only Qt Core.
 WITHOUT_WINDOWS = ("disk", "datafiles")

@@ -96,9 +96,12 @@ QRect centredOver(const QWidget &below, const QSize &size)
 class Box : public QMessageBox
 {
 public:
-    Box(QWidget *parent, const QString &title, const QString &text)
+    Box(QWidget *parent, const QString &title, const QString &text, Blocks blocks)
         : QMessageBox(NoIcon, title, {}, NoButton, parent)
     {
+        if (blocks == Blocks::Window) {
+            setWindowModality(Qt::WindowModal);
+        }
         setText(fitted(text, *this));
         setTextFormat(Qt::PlainText);
         evenOutMargins();
@@ -191,27 +194,42 @@ private:
 
 } // namespace
 
-void notice(QWidget *parent, const QString &title, const QString &text)
+void notice(QWidget *parent, const QString &title, const QString &text, Blocks blocks)
 {
-    Box box(parent, title, text);
+    Box box(parent, title, text, blocks);
     QPushButton *ok = box.addButton(QMessageBox::Ok);
     box.ask(ok, ok);
 }
 
-bool offer(QWidget *parent, const QString &title, const QString &text, const QString &action)
+bool offer(QWidget *parent, const QString &title, const QString &text, const QString &action,
+           Blocks blocks)
 {
-    Box box(parent, title, text);
+    Box box(parent, title, text, blocks);
     QPushButton *ok = box.addButton(QMessageBox::Ok);
     const QPushButton *offered = box.addButton(action, QMessageBox::ActionRole);
     return box.ask(ok, ok) == offered;
 }
 
-bool question(QWidget *parent, const QString &title, const QString &text, EnterMeans enter)
+bool question(QWidget *parent, const QString &title, const QString &text, EnterMeans enter,
+              Blocks blocks)
 {
-    Box box(parent, title, text);
+    Box box(parent, title, text, blocks);
     QPushButton *yes = box.addButton(QMessageBox::Yes);
     QPushButton *no = box.addButton(QMessageBox::No);
     return box.ask(enter == EnterMeans::Yes ? yes : no, no) == yes;
+}
+
+Unsaved askUnsaved(QWidget *parent, const QString &title, const QString &text)
+{
+    Box box(parent, title, text, Blocks::Window);
+    QPushButton *save = box.addButton(QMessageBox::Save);
+    const QPushButton *discard = box.addButton(u"&Discard"_s, QMessageBox::DestructiveRole);
+    QPushButton *cancel = box.addButton(QMessageBox::Cancel);
+    const QAbstractButton *pressed = box.ask(save, cancel);
+    if (pressed == save) {
+        return Unsaved::Save;
+    }
+    return pressed == discard ? Unsaved::Discard : Unsaved::Cancel;
 }
 
 } // namespace tarvold::messagebox

@@ -1,0 +1,117 @@
+#include "screens/file_choice.h"
+
+#include "datafiles/file_name.h"
+#include "disk/file_path.h"
+#include "disk/read.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QSettings>
+
+#include <memory>
+
+namespace tarvold::filechoice {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr char kExtension[] = ".tvd";
+
+/// Qt saves the state of a file dialog when it is destroyed, but this program keeps no settings. On
+/// Windows they would go into the registry in spite of keepNoSettings(), so there a dialog is kept
+/// until the program ends.
+struct EndOfUse
+{
+    void operator()(QFileDialog *dialog) const
+    {
+#ifdef Q_OS_WIN
+        dialog->setParent(nullptr);
+#else
+        delete dialog;
+#endif
+    }
+};
+
+/// Discards the settings that Qt's dialogs save.
+void keepNoSettings()
+{
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, u"/dev/null"_s);
+}
+
+/// Starts the dialog in the folder of the proposed file and with its name, if both are usable. A
+/// folder is not proposed: Qt's own dialog would keep it selected beside the name that is typed.
+void startAt(QFileDialog &dialog, const Question &question)
+{
+    const auto path = FilePath::ofTyped(question.name);
+    const QFileInfo file(path ? path->text() : question.usual);
+    const QDir folder = file.absoluteDir();
+    dialog.setDirectory(folder.exists() ? folder : QDir());
+    const QString name = isTvdName(file.fileName()) ? file.fileName() : question.usual;
+    if (!QFileInfo(dialog.directory().filePath(name)).isDir()) {
+        dialog.selectFile(name);
+    }
+}
+
+} // namespace
+
+std::optional<QString> chosenPath(const Question &question)
+{
+    keepNoSettings();
+    const std::unique_ptr<QFileDialog, EndOfUse> dialog(
+        new QFileDialog(question.asking, question.title));
+    if (question.blocks == messagebox::Blocks::Window) {
+        dialog->setWindowModality(Qt::WindowModal);
+    }
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setFileMode(QFileDialog::AnyFile);
+    dialog->setViewMode(QFileDialog::List);
+    dialog->setNameFilter(u"Data files (*.tvd)"_s);
+    // Appending loses nothing. Before overwriting, this program asks itself, because only it knows
+    // the name with its extension.
+    dialog->setOption(QFileDialog::DontConfirmOverwrite);
+    // Qt's own dialog would offer to delete and rename files.
+    dialog->setOption(QFileDialog::ReadOnly);
+    startAt(*dialog, question);
+    // The Windows dialog changes the current folder, to which all names on the main menu are
+    // relative.
+    const QString folder = QDir::currentPath();
+    const int answer = dialog->exec();
+    QDir::setCurrent(folder);
+    if (answer != QDialog::Accepted || dialog->selectedFiles().isEmpty()) {
+        return std::nullopt;
+    }
+    return dialog->selectedFiles().constFirst();
+}
+
+QString nameOf(const QString &path)
+{
+    const QFileInfo file(path);
+    const bool isHere = file.absoluteDir().canonicalPath() == QDir().canonicalPath();
+    return isHere ? file.fileName() : QDir::toNativeSeparators(file.absoluteFilePath());
+}
+
+QString withExtension(QString name)
+{
+    const QLatin1StringView extension(kExtension);
+    if (isTvdName(name)) {
+        return name;
+    }
+    if (name.endsWith(extension, Qt::CaseInsensitive)) {
+        name.chop(extension.size());
+    }
+    return name + extension;
+}
+
+bool areSame(const QString &one, const QString &other)
+{
+    if (!fileExists(one) || !fileExists(other)) {
+        return false;
+    }
+    const QFileInfo first(FilePath::ofTyped(one)->text());
+    const QFileInfo second(FilePath::ofTyped(other)->text());
+    return first.canonicalFilePath() == second.canonicalFilePath();
+}
+
+} // namespace tarvold::filechoice

@@ -54,35 +54,54 @@ void startAt(QFileDialog &dialog, const Question &question)
     }
 }
 
+std::unique_ptr<QFileDialog, EndOfUse> newDialog(QWidget *asking, const QString &title,
+                                                 messagebox::Blocks blocks)
+{
+    keepNoSettings();
+    std::unique_ptr<QFileDialog, EndOfUse> dialog(new QFileDialog(asking, title));
+    if (blocks == messagebox::Blocks::Window) {
+        dialog->setWindowModality(Qt::WindowModal);
+    }
+    dialog->setViewMode(QFileDialog::List);
+    dialog->setNameFilter(u"Data files (*.tvd)"_s);
+    // Qt's own dialog would offer to delete and rename files.
+    dialog->setOption(QFileDialog::ReadOnly);
+    return dialog;
+}
+
+/// The paths that the user chooses; none if the user cancels.
+QStringList answerOf(QFileDialog &dialog)
+{
+    // The Windows dialog changes the current folder, to which all names on the main menu are
+    // relative.
+    const QString folder = QDir::currentPath();
+    const int answer = dialog.exec();
+    QDir::setCurrent(folder);
+    return answer == QDialog::Accepted ? dialog.selectedFiles() : QStringList();
+}
+
 } // namespace
 
 std::optional<QString> chosenPath(const Question &question)
 {
-    keepNoSettings();
-    const std::unique_ptr<QFileDialog, EndOfUse> dialog(
-        new QFileDialog(question.asking, question.title));
-    if (question.blocks == messagebox::Blocks::Window) {
-        dialog->setWindowModality(Qt::WindowModal);
-    }
+    const auto dialog = newDialog(question.asking, question.title, question.blocks);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setFileMode(QFileDialog::AnyFile);
-    dialog->setViewMode(QFileDialog::List);
-    dialog->setNameFilter(u"Data files (*.tvd)"_s);
     // Appending loses nothing. Before overwriting, this program asks itself, because only it knows
     // the name with its extension.
     dialog->setOption(QFileDialog::DontConfirmOverwrite);
-    // Qt's own dialog would offer to delete and rename files.
-    dialog->setOption(QFileDialog::ReadOnly);
     startAt(*dialog, question);
-    // The Windows dialog changes the current folder, to which all names on the main menu are
-    // relative.
-    const QString folder = QDir::currentPath();
-    const int answer = dialog->exec();
-    QDir::setCurrent(folder);
-    if (answer != QDialog::Accepted || dialog->selectedFiles().isEmpty()) {
-        return std::nullopt;
-    }
-    return dialog->selectedFiles().constFirst();
+    const QStringList chosen = answerOf(*dialog);
+    return chosen.isEmpty() ? std::nullopt : std::optional(chosen.constFirst());
+}
+
+QStringList chosenFiles(QWidget *asking, const QString &title)
+{
+    const auto dialog = newDialog(asking, title, messagebox::Blocks::Window);
+    dialog->setAcceptMode(QFileDialog::AcceptOpen);
+    dialog->setFileMode(QFileDialog::ExistingFiles);
+    dialog->setDirectory(QDir());
+    return answerOf(*dialog);
 }
 
 QString nameOf(const QString &path)

@@ -3,12 +3,13 @@
 #include "controls/message_box.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
 class QWidget;
 
-/// Lets the user choose a data file to write to, with the platform's own dialog.
+/// Lets the user choose data files, with the platform's own dialog.
 namespace tarvold::filechoice {
 
 /// What a dialog asks for.
@@ -21,9 +22,13 @@ struct Question
     messagebox::Blocks blocks = messagebox::Blocks::Program;
 };
 
-/// Asks for a file, which need not be there. Nothing is asked before an existing one is chosen.
-/// \return its path, or nothing if the user chose none
+/// Asks for a file to write to, which need not be there. Nothing is asked before an existing one is
+/// chosen. \return its path, or nothing if the user chose none
 std::optional<QString> chosenPath(const Question &question);
+
+/// Asks for files to read, which are there; blocks only the window that asks.
+/// \return their paths; none if the user chose none
+QStringList chosenFiles(QWidget *asking, const QString &title);
 
 /// A path as a file name is typed: the name alone in the current folder, else the full path.
 QString nameOf(const QString &path);

@@ -20,4 +20,10 @@ inline QKeySequence save()
     return Qt::CTRL | Qt::Key_S;
 }
 
+/// Looks through the records of a file.
+inline QKeySequence lookThrough()
+{
+    return Qt::CTRL | Qt::Key_O;
+}
+
 } // namespace tarvold::keys

@@ -4,10 +4,15 @@
 #include "controls/sizes.h"
 #include "controls/text_box.h"
 #include "datafiles/data_file_kind.h"
+#include "screens/file_drop.h"
 #include "screens/file_facts.h"
+#include "screens/keys.h"
 
+#include <QFileInfo>
 #include <QGridLayout>
 #include <QLabel>
+#include <QMenu>
+#include <QShortcut>
 #include <QShowEvent>
 
 #include <algorithm>
@@ -43,9 +48,29 @@ constexpr std::array<MenuRow, 8> kMenuRows = {{
 }};
 // clang-format on
 
+const MenuRow &menuRowOf(DataFileKind kind)
+{
+    return *std::find_if(kMenuRows.begin(), kMenuRows.end(),
+                         [kind](const MenuRow &row) { return row.kind == kind; });
+}
+
+/// The context menu entry for a file. Its keys are only shown there: as a shortcut of their own
+/// they would make those of the menu ambiguous.
+QString lookThroughCaption(const QString &name)
+{
+    constexpr qsizetype kMost = 60;
+    QString shown = QFileInfo(name).fileName().simplified();
+    if (shown.size() > kMost) {
+        shown = u"..."_s + shown.last(kMost);
+    }
+    shown.replace(u'&', u"&&"_s);
+    return u"Look Through %1\t%2"_s.arg(shown,
+                                        keys::lookThrough().toString(QKeySequence::NativeText));
+}
+
 } // namespace
 
-Form1::Form1(Screens & /*screens*/) : Screen(kName)
+Form1::Form1(Screens & /*screens*/) : Screen(kName), m_drop(new FileDrop(this))
 {
     addHeading("Label3", "Tarvold 1.3 - Matches Editor");
     column().addWidget(newLabel("Label1", "By the Tarvold developers"));
@@ -59,14 +84,20 @@ Form1::Form1(Screens & /*screens*/) : Screen(kName)
     addRows(*grid);
     column().addLayout(grid);
     column().addStretch();
+    auto *look = new QShortcut(keys::lookThrough(), this, this, &Form1::lookThroughFocused);
+    look->setAutoRepeat(false);
+    m_drop->watch(*this);
+    connect(m_drop, &FileDrop::dropped, this, &Form1::fileDropped);
 }
 
 ControlRef Form1::fileNameBox(DataFileKind kind)
 {
-    const auto *row =
-        std::find_if(kMenuRows.begin(), kMenuRows.end(),
-                     [kind](const MenuRow &candidate) { return candidate.kind == kind; });
-    return {kName, row->box};
+    return {kName, menuRowOf(kind).box};
+}
+
+MenuEntry Form1::entryOf(DataFileKind kind)
+{
+    return menuRowOf(kind).entry;
 }
 
 void Form1::showEvent(QShowEvent *event)
@@ -99,12 +130,49 @@ void Form1::addRows(QGridLayout &grid)
         box->setText(QLatin1StringView(kind.defaultName));
         box->setAccessibleName(caption + u' ' + QLatin1StringView(kind.content));
         add(box, row.box);
+        addLookThrough(*button, *row.kind);
+        addLookThrough(*box, *row.kind);
+        m_drop->watch(*box); // else it would insert the path as text
         m_facts.push_back(new FileFacts(*box, *row.kind));
         auto *label = new QLabel(caption);
         label->setTextFormat(Qt::PlainText); // no buddy: all six would be spoken alike
         grid.addWidget(label, line, 1);
         grid.addWidget(box, line, 2);
     }
+}
+
+void Form1::addLookThrough(QWidget &control, DataFileKind kind)
+{
+    control.setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(&control, &QWidget::customContextMenuRequested, this,
+            [this, &control, kind](const QPoint &place) { showContextMenu(control, kind, place); });
+}
+
+void Form1::showContextMenu(QWidget &control, DataFileKind kind, const QPoint &place)
+{
+    auto *box = qobject_cast<QLineEdit *>(&control);
+    QMenu *menu = box != nullptr ? box->createStandardContextMenu() : new QMenu(&control);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    if (!menu->isEmpty()) {
+        menu->addSeparator();
+    }
+    const QString name = text(fileNameBox(kind).control);
+    QAction *look = menu->addAction(lookThroughCaption(name));
+    look->setObjectName(u"lookthrough"_s);
+    look->setEnabled(!name.isEmpty());
+    connect(look, &QAction::triggered, this, [this, kind, name] { emit lookThrough(kind, name); });
+    menu->popup(control.mapToGlobal(place));
+}
+
+void Form1::lookThroughFocused()
+{
+    const QWidget *focused = focusWidget();
+    const auto hasFocus = [this, focused](const MenuRow &row) {
+        return row.kind && (&control(row.button) == focused || &control(row.box) == focused);
+    };
+    const auto *row = std::find_if(kMenuRows.begin(), kMenuRows.end(), hasFocus);
+    const DataFileKind kind = *(row != kMenuRows.end() ? row : kMenuRows.begin())->kind;
+    emit lookThrough(kind, text(fileNameBox(kind).control));
 }
 
 } // namespace tarvold

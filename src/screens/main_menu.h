@@ -8,6 +8,7 @@ class QGridLayout;
 
 namespace tarvold {
 
+class FileDrop;
 class FileFacts;
 enum class DataFileKind;
 
@@ -25,9 +26,10 @@ enum class MenuEntry {
 
 /// The main menu: a button for every task, and the names of the six data files.
 ///
-/// Each box tells in its tooltip which file it means and how many records that has.
+/// Each box tells in its tooltip which file it means and how many records that has. Ctrl+O, and an
+/// entry in the context menus of boxes and buttons, look through the file of the row.
 ///
-/// It knows none of the tasks: it only signals which button was pressed.
+/// It knows none of the tasks: it only signals what the user wants.
 class Form1 : public Screen
 {
     Q_OBJECT
@@ -39,17 +41,30 @@ public:
     /// The box that holds the name of the file for records of this kind.
     static ControlRef fileNameBox(DataFileKind kind);
 
+    /// The button that writes records of this kind.
+    static MenuEntry entryOf(DataFileKind kind);
+
 protected:
     void showEvent(QShowEvent *event) override;
 
 signals:
     /// The user pressed the button for this.
     void pressed(tarvold::MenuEntry entry);
+    /// The user wants to see the records of this file.
+    /// \param name as its box shows it
+    void lookThrough(tarvold::DataFileKind kind, const QString &name);
+    /// The user dropped a data file on the menu.
+    void fileDropped(const QString &path);
 
 private:
     void addRows(QGridLayout &grid);
+    /// Gives a button or a box of a row the entry that looks through the row's file.
+    void addLookThrough(QWidget &control, DataFileKind kind);
+    void showContextMenu(QWidget &control, DataFileKind kind, const QPoint &place);
+    void lookThroughFocused();
 
     std::vector<FileFacts *> m_facts; ///< of each file name box
+    FileDrop *m_drop;
 };
 
 } // namespace tarvold

@@ -1,5 +1,7 @@
 #include "screens/screens.h"
 
+#include <algorithm>
+
 namespace tarvold {
 
 Screen &Screens::operator[](const std::string &name)
@@ -14,6 +16,13 @@ Screen &Screens::operator[](const std::string &name)
     Screen &screen = *(m_screens[name] = maker->second());
     emit created(&screen);
     return screen;
+}
+
+Screen *Screens::shown() const
+{
+    const auto found = std::find_if(m_screens.begin(), m_screens.end(),
+                                    [](const auto &each) { return each.second->isVisible(); });
+    return found == m_screens.end() ? nullptr : found->second.get();
 }
 
 QString Screens::text(ControlRef ref)

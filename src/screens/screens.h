@@ -51,6 +51,9 @@ public:
     /// Whether the screen has been created yet.
     bool exists(const std::string &name) const { return m_screens.contains(name); }
 
+    /// The screen that the user works on, be it minimized; null before the first one is shown.
+    Screen *shown() const;
+
     /// The text that a control of some screen shows now.
     QString text(ControlRef ref);
 

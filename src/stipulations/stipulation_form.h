@@ -39,6 +39,9 @@ public:
     /// later ones have no known quality.
     void showRecords(const StipulationTable &table, const std::vector<int> &indexes);
 
+    /// Shows a line of a stipulation; `false` for one that its control cannot show.
+    bool show(const stipulationform::FormLine &line, QByteArrayView bytes);
+
 signals:
     /// The user wants to save; the record has passed all checks.
     void submitted(const tarvold::StipulationTable::Record &record);
@@ -50,8 +53,6 @@ private:
     void addForm();
     void addValueTable();
     void addButtons();
-    /// Shows a line of a record; `false` for one that its control cannot show.
-    bool show(const stipulationform::FormLine &line, QByteArrayView bytes);
     void showNumber(const char *control, const QString &text);
     /// What the form shows for a line.
     QString textFor(const stipulationform::FormLine &line) const;

@@ -26,6 +26,9 @@ public:
     /// the file cannot be used, says why on the menu.
     void enter();
 
+    /// Replaces the list by the form, for a new stipulation.
+    void createNew();
+
 protected:
     QWidget *firstField() const override;
 
@@ -35,7 +38,6 @@ private:
     Form3 &form();
     QString fileName() const;
     Result<void> load(const QString &name);
-    void createNew();
     void edit();
     void remove();
     /// Where all stipulations start that look like the selected one, in the order of the file. The

@@ -27,6 +27,9 @@ LINKED = {
 }
 
 
+MAPS = ("tarvold-editor.map", "tarvold-records.map")
+
+
 def read(path):
     with open(path, encoding="utf-8") as file:
         return file.read()
@@ -44,9 +47,11 @@ class Archive(unittest.TestCase):
 
     def test_has_the_program_and_its_documents(self):
         top = {path.split("/")[0] for path in self.files}
-        self.assertEqual(top, {"tarvold-editor.exe", "LICENSE.txt", "NOTICES.txt", "docs", "examples"})
-        with open(os.path.join(self.folder, "tarvold-editor.exe"), "rb") as program:
-            self.assertEqual(self.files["tarvold-editor.exe"], program.read())
+        programs = {"tarvold-editor.exe", "tarvold-records.exe"}
+        self.assertEqual(top, programs | {"LICENSE.txt", "NOTICES.txt", "docs", "examples"})
+        for name in programs:
+            with open(os.path.join(self.folder, name), "rb") as program:
+                self.assertEqual(self.files[name], program.read())
 
     def test_has_all_files_that_its_documents_link_to(self):
         documents = [path for path in self.files if path.endswith(".md")]
@@ -66,16 +71,18 @@ class Notices(unittest.TestCase):
     folder = ""
 
     def write_notices(self, change):
-        """Writes the notices from a changed map; returns the finished process and the parts."""
-        map_text = read(os.path.join(self.folder, "packaging", "windows", "tarvold-editor.map"))
+        """Writes the notices from changed maps; returns the finished process and the parts."""
         with tempfile.TemporaryDirectory() as scratch:
-            paths = [os.path.join(scratch, name) for name in ("map", "NOTICES.txt")]
-            with open(paths[0], "w", encoding="utf-8") as file:
-                file.write(change(map_text))
+            maps = [os.path.join(scratch, name) for name in MAPS]
+            for path in maps:
+                text = read(os.path.join(self.folder, "packaging", "windows", os.path.basename(path)))
+                with open(path, "w", encoding="utf-8") as file:
+                    file.write(change(text))
             script = os.path.join(ROOT, "packaging", "windows", "notices")
-            done = subprocess.run([sys.executable, "-B", script, paths[0], self.folder, paths[1]],
+            output = os.path.join(scratch, "NOTICES.txt")
+            done = subprocess.run([sys.executable, "-B", script, *maps, self.folder, output],
                                   check=False, capture_output=True, text=True)
-            text = read(paths[1]) if done.returncode == 0 else ""
+            text = read(output) if done.returncode == 0 else ""
         return done, {part.strip().splitlines()[0]: part for part in text.split("=" * 78) if text}
 
     def test_cover_all_linked_libraries(self):

@@ -14,7 +14,7 @@ packages_test_windows=(googletest wine wine64 xauth)
 packages_test=(
     appstream clang clang-format clang-tidy desktop-file-utils git libbenchmark-dev
     libclang-rt-14-dev libgtest-dev librsvg2-bin libxcb1-dev lintian man-db
-    pkgconf strace
+    pkgconf shared-mime-info strace
     util-linux
     x11-utils xauth
 )

@@ -27,10 +27,14 @@ from steps import MENU  # noqa: E402
 from system import ScratchSystem  # noqa: E402
 
 NAME = "tarvold-editor"
+RECORDS = "tarvold-records"
+PROGRAMS = (NAME, RECORDS)
 APPLICATION = "org.example.tarvold.editor"
 DOCUMENTS = f"/usr/share/doc/{NAME}"
-PAGE = f"/usr/share/man/man1/{NAME}.1.gz"
+PAGES = [f"/usr/share/man/man1/{program}.1.gz" for program in PROGRAMS]
 DESKTOP_ENTRY = f"/usr/share/applications/{APPLICATION}.desktop"
+RECORDS_ENTRY = "/usr/share/applications/org.example.tarvold.records.desktop"
+MIME_TYPE = "application/x-tarvold-data"
 METAINFO = f"/usr/share/metainfo/{APPLICATION}.metainfo.xml"
 LINK = re.compile(r"\]\(([^)\s#]+)[^)]*\)")
 
@@ -62,9 +66,9 @@ class Package(unittest.TestCase):
     def unpacked(self, path):
         return self.tree + path
 
-    def desktop_entry(self):
+    def desktop_entry(self, path=DESKTOP_ENTRY):
         entry = configparser.ConfigParser(interpolation=None)
-        entry.read(self.unpacked(DESKTOP_ENTRY))
+        entry.read(self.unpacked(path))
         return entry["Desktop Entry"]
 
     def expected(self):
@@ -115,13 +119,14 @@ class Contents(Package):
                 links += 1
         self.assertGreater(links, 0)
 
-    def test_paths_in_the_man_page_are_packaged(self):
-        with gzip.open(self.unpacked(PAGE), "rt", encoding="utf-8") as page:
-            text = page.read().replace("\\-", "-")
-        paths = [path.rstrip(".") for path in re.findall(r"/usr/share/\S+", text)]
-        self.assertEqual(len(paths), 2)
-        for path in paths + [f"{DOCUMENTS}/{name}" for name in re.findall(r"[\w-]+\.md", text)]:
-            self.assertTrue(os.path.exists(self.unpacked(path)), path)
+    def test_paths_in_the_man_pages_are_packaged(self):
+        for page, count in zip(PAGES, (2, 1)):
+            with gzip.open(self.unpacked(page), "rt", encoding="utf-8") as unzipped:
+                text = unzipped.read().replace("\\-", "-")
+            paths = [path.rstrip(".") for path in re.findall(r"/usr/share/\S+", text)]
+            self.assertEqual(len(paths), count)
+            for path in paths + [f"{DOCUMENTS}/{name}" for name in re.findall(r"[\w-]+\.md", text)]:
+                self.assertTrue(os.path.exists(self.unpacked(path)), path)
 
     def test_screenshots_in_the_metainfo_are_packaged(self):
         with open(self.unpacked(METAINFO), encoding="utf-8") as text:
@@ -130,31 +135,61 @@ class Contents(Package):
         for picture in pictures:
             self.assertTrue(os.path.exists(self.unpacked(f"{DOCUMENTS}/{picture}")), picture)
 
-    def test_program_and_icon_of_the_desktop_entry_are_packaged(self):
-        entry = self.desktop_entry()
-        self.assertTrue(os.access(self.unpacked("/usr/bin/" + entry["Exec"]), os.X_OK))
-        icons = glob.glob(self.unpacked(f"/usr/share/icons/hicolor/*/apps/{entry['Icon']}.*"))
-        self.assertEqual(len(icons), 4)
+    def test_programs_and_icons_of_the_desktop_entries_are_packaged(self):
+        for path, command in ((DESKTOP_ENTRY, [NAME]), (RECORDS_ENTRY, [RECORDS, "%F"])):
+            entry = self.desktop_entry(path)
+            self.assertEqual(entry["Exec"].split(), command)
+            self.assertTrue(os.access(self.unpacked("/usr/bin/" + command[0]), os.X_OK))
+            icons = glob.glob(self.unpacked(f"/usr/share/icons/hicolor/*/apps/{entry['Icon']}.*"))
+            self.assertEqual(len(icons), 4)
 
     def test_all_files_have_the_version_of_the_program(self):
         versions = {"the package": run("dpkg-deb", "--field", self.file, "Version").strip()}
-        for path, pattern in ((PAGE, r'"Tarvold ([\d.]+)"'),
+        for path, pattern in (*((page, r'"Tarvold ([\d.]+)"') for page in PAGES),
                               (f"{DOCUMENTS}/changelog.gz", r"^tarvold-editor \(([\d.]+)\)")):
             with gzip.open(self.unpacked(path), "rt", encoding="utf-8") as text:
                 versions[path] = re.search(pattern, text.read(), re.M)[1]
         with open(self.unpacked(METAINFO), encoding="utf-8") as text:
             versions[METAINFO] = re.search(r'<release version="([\d.]+)"', text.read())[1]
+        told = run(self.unpacked(f"/usr/bin/{RECORDS}"), "--version")
+        versions[RECORDS] = re.fullmatch(r"tarvold-records ([\d.]+)\n", told)[1]
         self.assertEqual(versions, dict.fromkeys(versions, self.version))
 
-    def test_the_packaged_program_is_hardened(self):
+    def test_the_packaged_programs_are_hardened(self):
         hardening = os.path.join(HERE, "..", "hardening", "hardening_test.py")
-        run(sys.executable, "-B", hardening, self.unpacked(f"/usr/bin/{NAME}"))
+        for program in PROGRAMS:
+            run(sys.executable, "-B", hardening, self.unpacked(f"/usr/bin/{program}"))
+
+    def test_the_packaged_program_finds_no_problem_in_the_examples(self):
+        examples = glob.glob(self.unpacked(f"{DOCUMENTS}/examples/*.tvd"))
+        self.assertEqual(len(examples), 6)
+        self.assertEqual(run(self.unpacked(f"/usr/bin/{RECORDS}"), "--check", *examples), "")
 
 
 class Validators(Package):
 
-    def test_the_desktop_entry_has_no_findings(self):
-        self.assertEqual(run("desktop-file-validate", self.unpacked(DESKTOP_ENTRY)), "")
+    def test_the_desktop_entries_have_no_findings(self):
+        for path in (DESKTOP_ENTRY, RECORDS_ENTRY):
+            self.assertEqual(run("desktop-file-validate", self.unpacked(path)), "")
+
+    def test_the_desktop_opens_data_files_with_the_second_program(self):
+        """Asks a desktop whose only folder is that of the package."""
+        share = self.unpacked("/usr/share")
+        data = os.path.join(self.work, "share")
+        for folder in ("applications", "mime/packages"):
+            shutil.copytree(os.path.join(share, folder), os.path.join(data, folder))
+        # Errors in the file are only printed.
+        self.assertEqual(run("update-mime-database", os.path.join(data, "mime")), "")
+        self.assertEqual(run("update-desktop-database", os.path.join(data, "applications")), "")
+        # The database itself doesn't have the type that this one is a kind of.
+        ask = ("from gi.repository import Gio\n"
+               "kind, _ = Gio.content_type_guess('some.tvd', None)\n"
+               "print(kind, Gio.content_type_get_description(kind))\n"
+               "print(*(app.get_id() for app in Gio.AppInfo.get_all_for_type(kind)))\n")
+        environment = dict(os.environ, XDG_DATA_DIRS=data, XDG_DATA_HOME=data, LC_ALL="C.UTF-8",
+                           PATH=os.path.join(self.tree, "usr/bin") + ":" + os.environ["PATH"])
+        self.assertEqual(run(sys.executable, "-c", ask, env=environment).splitlines(),
+                         [f"{MIME_TYPE} Tarvold data file", "org.example.tarvold.records.desktop"])
 
     def test_the_metainfo_has_no_findings(self):
         for what in (("validate", self.unpacked(METAINFO)), ("validate-tree", self.tree)):
@@ -162,13 +197,14 @@ class Validators(Package):
             self.assertNotRegex(output, r"(?m)^\s*[EWIP]:")
             self.assertIn("Validation was successful.", output)
 
-    def test_the_man_page_has_no_findings(self):
+    def test_the_man_pages_have_no_findings(self):
         environment = dict(os.environ, LC_ALL="C.UTF-8", MANROFFSEQ="", MANWIDTH="80")
-        done = subprocess.run(["man", "--warnings", "-E", "UTF-8", "-l", "-Tutf8", "-Z",
-                               self.unpacked(PAGE)], env=environment, capture_output=True,
-                              text=True, check=True)
-        self.assertEqual(done.stderr, "")
-        self.assertIn("TARVOLD", done.stdout)
+        for page in PAGES:
+            done = subprocess.run(["man", "--warnings", "-E", "UTF-8", "-l", "-Tutf8", "-Z",
+                                   self.unpacked(page)], env=environment, capture_output=True,
+                                  text=True, check=True)
+            self.assertEqual(done.stderr, "")
+            self.assertIn("TARVOLD", done.stdout)
 
     def test_the_package_has_no_findings(self):
         output = run("lintian", "--allow-root", "--pedantic", "--display-info",
@@ -216,11 +252,13 @@ class Installation(Package):
         self.assertIn(f'"{window_class}"', properties)
         self.assertEqual(set(re.findall(r"Icon \((\d+) x \d+\)", properties)), {"48", "128"})
 
-    def test_man_finds_the_page(self):
+    def test_man_finds_the_pages(self):
         environment = dict(os.environ, LC_ALL="C.UTF-8", MANWIDTH="80",
                            MANPATH=self.system.path("/usr/share/man"))
         page = run("man", NAME, env=environment)
         self.assertIn("tarvold-editor - write the content of a wrestling-promotion game", page)
+        page = run("man", RECORDS, env=environment)
+        self.assertIn("tarvold-records - see, search, check and correct the data files", page)
 
 
 if __name__ == "__main__":

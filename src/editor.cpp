@@ -1,16 +1,24 @@
 #include "editor.h"
 
 #include "controls/combo_box.h"
+#include "controls/message_box.h"
 #include "endings/ending_flow.h"
 #include "import/import_screen.h"
+#include "records/records_window.h"
+#include "records/similar.h"
 #include "screens/main_menu.h"
 #include "segments/segment_flow.h"
 #include "stipulations/stipulation_form.h"
 #include "stipulations/stipulation_list.h"
 
+#include <QScopedValueRollback>
+
 #include <utility>
 
 namespace tarvold {
+
+using namespace Qt::StringLiterals;
+using records::RecordsWindow;
 
 Editor::Editor(DoubleClickGuard::Clock clock)
     : m_guard(std::move(clock))
@@ -27,7 +35,11 @@ Editor::Editor(DoubleClickGuard::Clock clock)
 
     auto &menu = m_screens.get<Form1>();
     connect(&menu, &Form1::pressed, this, &Editor::begin);
-    connect(&menu, &Screen::closeRequested, this, &Editor::exitRequested);
+    connect(&menu, &Screen::closeRequested, this, &Editor::end);
+    connect(&menu, &Form1::lookThrough, this,
+            [this](DataFileKind kind, const QString &name) { openRecords(name, kind); });
+    connect(&menu, &Form1::fileDropped, this,
+            [this](const QString &path) { openRecords(path, std::nullopt); });
 }
 
 void Editor::start()
@@ -60,8 +72,68 @@ void Editor::begin(MenuEntry entry)
         m_screens.get<Form2>().replace(m_screens.get<Form1>());
         break;
     case MenuEntry::Exit:
-        emit exitRequested();
+        end();
         break;
+    }
+}
+
+void Editor::end()
+{
+    if (m_isEnding) {
+        return; // a records window is asking already, which blocks no other window
+    }
+    const QScopedValueRollback ending(m_isEnding, true);
+    const bool isClosed = RecordsWindow::closeAll() && RecordsWindow::all().isEmpty();
+    if (isClosed && m_screens.get<Form1>().isVisible()) { // else a flow has begun meanwhile
+        emit exitRequested();
+    }
+}
+
+void Editor::openRecords(const QString &name, std::optional<DataFileKind> kind)
+{
+    const QList<RecordsWindow *> before = RecordsWindow::all();
+    RecordsWindow *window = RecordsWindow::open(name, kind);
+    if (before.contains(window)) {
+        return;
+    }
+    window->offerWriteSimilar();
+    connect(window, &RecordsWindow::writeSimilarRequested, this,
+            [this, window](const QByteArray &record, DataFileKind recordKind) {
+                writeSimilar(window, record, recordKind);
+            });
+}
+
+bool Editor::beginRecord(DataFileKind kind)
+{
+    begin(Form1::entryOf(kind));
+    if (kind != DataFileKind::Stipulations) {
+        return true;
+    }
+    auto &list = m_screens.get<Form16>();
+    if (!list.isVisible()) {
+        return false; // the user was told why
+    }
+    list.createNew();
+    return true;
+}
+
+void Editor::writeSimilar(QWidget *asking, const QByteArray &bytes, DataFileKind kind)
+{
+    const QString title = u"Write A Similar One"_s;
+    const records::Record record(bytes, records::Catalog::of(kind));
+    for (const QString &refusal :
+         {records::similar::refusal(m_screens), records::similar::refusal(record)}) {
+        if (!refusal.isEmpty()) {
+            messagebox::notice(asking, title, refusal, messagebox::Blocks::Window);
+            return;
+        }
+    }
+    if (!beginRecord(kind)) {
+        return;
+    }
+    const QStringList notes = records::similar::fill(m_screens, record);
+    if (!notes.isEmpty()) {
+        messagebox::notice(m_screens.shown(), title, notes.join(u"\n\n"_s));
     }
 }
 

@@ -6,11 +6,15 @@
 
 #include <QObject>
 
+#include <optional>
+
 namespace tarvold {
 
+enum class DataFileKind;
 enum class MenuEntry;
 
-/// The program: all screens, and the flows that the main menu's buttons start.
+/// The program: all screens, the flows that the main menu's buttons start, and the records windows
+/// that stand beside them.
 class Editor : public QObject
 {
     Q_OBJECT
@@ -24,16 +28,25 @@ public:
     Screens &screens() { return m_screens; }
 
 signals:
-    /// The user wants the program to end, at once.
+    /// The program is to end, at once. No records window is open any more.
     void exitRequested();
 
 private:
     void begin(MenuEntry entry);
+    /// Ends the program, unless the user keeps a records window because of its changes.
+    void end();
+    /// Opens a records window, or shows the one that the file has already.
+    void openRecords(const QString &name, std::optional<DataFileKind> kind);
+    /// Begins a new record with the values of another one. Tells the user why, if it can't.
+    void writeSimilar(QWidget *asking, const QByteArray &bytes, DataFileKind kind);
+    /// Whether that shows the first screen of the record's flow.
+    bool beginRecord(DataFileKind kind);
 
     DoubleClickGuard m_guard;
     Screens m_screens;
     Flow m_endings;
     Flow m_segments;
+    bool m_isEnding = false; ///< records windows are being closed
 };
 
 } // namespace tarvold

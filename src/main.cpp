@@ -1,28 +1,12 @@
 #include "controls/look.h"
+#include "desktop_entry.h"
 #include "editor.h"
 
 #include <QApplication>
-#include <QIcon>
 
 #include <csignal>
 
-namespace {
-
 using namespace Qt::StringLiterals;
-
-/// Links the windows to the desktop entry, and sets its icon for all windows.
-void applyDesktopEntry()
-{
-    const QString name = u"org.example.tarvold.editor"_s;
-    QGuiApplication::setDesktopFileName(name);
-    QIcon icon;
-    for (const int size : {48, 128}) {
-        icon.addFile(u":/%1-%2.png"_s.arg(name).arg(size));
-    }
-    QApplication::setWindowIcon(icon);
-}
-
-} // namespace
 
 int main(int argc, char *argv[])
 {
@@ -34,7 +18,7 @@ int main(int argc, char *argv[])
     QApplication::setApplicationName(u"tarvold-editor"_s);
     // Screens are hidden and shown as the user moves on; only the main menu quits.
     QApplication::setQuitOnLastWindowClosed(false);
-    applyDesktopEntry();
+    tarvold::applyDesktopEntry(u"org.example.tarvold.editor"_s);
     tarvold::look::apply();
 
     tarvold::Editor editor;

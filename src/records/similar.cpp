@@ -66,13 +66,6 @@ const char *commentaryOf(DataFileKind kind)
     return nullptr;
 }
 
-/// The bytes of a field's line; nothing if it is missing.
-std::optional<QByteArrayView> lineOf(const Record &record, int field)
-{
-    const int line = record.layout().lineOfField.at(std::size_t(field));
-    return line < 0 ? std::nullopt : std::optional(record.lines().at(std::size_t(line)).text);
-}
-
 /// What of a field's line cannot be shown or saved as it stands; empty if nothing.
 QString noteOn(const KnownField &known, std::optional<QByteArrayView> line)
 {
@@ -101,7 +94,7 @@ QStringList notesOn(const Record &record)
 {
     QStringList notes;
     for (int place = 0; const KnownField &known : record.catalog().fields()) {
-        notes << noteOn(known, lineOf(record, place++));
+        notes << noteOn(known, record.lineBytes(place++));
     }
     notes.removeAll(QString());
     constexpr qsizetype kMost = 6;
@@ -131,7 +124,7 @@ void show(QWidget &control, const QString &text)
 void fillForm(Form3 &form, const Record &record)
 {
     for (int place = 0; const stipulationform::FormLine &line : stipulationform::kLines) {
-        const auto bytes = lineOf(record, place++);
+        const auto bytes = record.lineBytes(place++);
         if (bytes && !form.show(line, *bytes)) {
             form.setText(line.control, codepage::decode(*bytes));
         }
@@ -155,7 +148,7 @@ QString refusal(const Record &record)
     // Qt lays out every character of a box, each time it changes.
     constexpr qsizetype kMostCharacters = 1'000'000;
     for (int place = 0; const KnownField &known : record.catalog().fields()) {
-        const qsizetype length = lineOf(record, place++).value_or(QByteArrayView()).size();
+        const qsizetype length = record.lineBytes(place++).value_or(QByteArrayView()).size();
         if (length > kMostCharacters) {
             return u"The line for \"%1\" has %2 characters. Its screen can show %3 at most."_s.arg(
                 known.caption, QString::number(length), QString::number(kMostCharacters));
@@ -173,7 +166,7 @@ QStringList fill(Screens &screens, const Record &record)
     }
     auto &last = dynamic_cast<CommentaryScreen &>(screens[commentary]);
     for (int place = 0; const KnownField &known : record.catalog().fields()) {
-        if (lineOf(record, place)) {
+        if (record.lineBytes(place)) {
             // Not a choice by the user, so the feud type that follows the match type stays.
             show(last.source(*known.field), record.shownText(place));
         }

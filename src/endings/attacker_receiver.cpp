@@ -145,6 +145,11 @@ const Fill kFills[] = {
 
 } // namespace
 
+std::span<const Field> Form5::fields()
+{
+    return kAttackerFields;
+}
+
 Form5::Form5(Screens & /*screens*/)
     : DetailsScreen({.name = kName,
                      .heading = "ATTACKER DETAILS",
@@ -154,6 +159,11 @@ Form5::Form5(Screens & /*screens*/)
                      .noteLabel = "Label14",
                      .note = "Attacker = the one who makes the pin/wins by DQ etc"})
 {
+}
+
+std::span<const Field> Form6::fields()
+{
+    return kReceiverFields;
 }
 
 Form6::Form6(Screens & /*screens*/)

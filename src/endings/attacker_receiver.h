@@ -14,6 +14,9 @@ public:
     static constexpr char kName[] = "Form5";
 
     explicit Form5(Screens &screens);
+
+    /// The rows of the screen. Needs no window.
+    static std::span<const Field> fields();
 };
 
 /// The receiver, who loses: the third screen of all match endings, and the last that they share.
@@ -24,6 +27,9 @@ public:
     static constexpr char kName[] = "Form6";
 
     explicit Form6(Screens &screens);
+
+    /// The rows of the screen. Needs no window.
+    static std::span<const Field> fields();
 };
 
 } // namespace tarvold

@@ -131,20 +131,25 @@ CommentaryTable tableOf(const char *name, std::span<const CommentaryTag> tags, D
 
 } // namespace
 
-Form7::Form7(Screens &screens)
-    : CommentaryScreen(screens, tableOf(kName, std::span(kRunInTags).first(kNormalTags),
-                                        DataFileKind::NormalEndings))
+CommentaryTable Form7::commentaryTable()
 {
+    return tableOf(kName, std::span(kRunInTags).first(kNormalTags), DataFileKind::NormalEndings);
 }
 
-Form9::Form9(Screens &screens)
-    : CommentaryScreen(screens, tableOf(kName, kRunInTags, DataFileKind::RunInEndings))
+Form7::Form7(Screens &screens) : CommentaryScreen(screens, commentaryTable()) {}
+
+CommentaryTable Form9::commentaryTable()
 {
+    return tableOf(kName, kRunInTags, DataFileKind::RunInEndings);
 }
 
-Form11::Form11(Screens &screens)
-    : CommentaryScreen(screens, tableOf(kName, kTurnTags, DataFileKind::TurnEndings))
+Form9::Form9(Screens &screens) : CommentaryScreen(screens, commentaryTable()) {}
+
+CommentaryTable Form11::commentaryTable()
 {
+    return tableOf(kName, kTurnTags, DataFileKind::TurnEndings);
 }
+
+Form11::Form11(Screens &screens) : CommentaryScreen(screens, commentaryTable()) {}
 
 } // namespace tarvold

@@ -12,6 +12,9 @@ public:
     static constexpr char kName[] = "Form7";
 
     explicit Form7(Screens &screens);
+
+    /// What the screen is made of. Needs no window.
+    static CommentaryTable commentaryTable();
 };
 
 /// The commentary of a match ending with a run-in, and its save.
@@ -22,6 +25,9 @@ public:
     static constexpr char kName[] = "Form9";
 
     explicit Form9(Screens &screens);
+
+    /// What the screen is made of. Needs no window.
+    static CommentaryTable commentaryTable();
 };
 
 /// The commentary of a match ending with a turn, and its save.
@@ -32,6 +38,9 @@ public:
     static constexpr char kName[] = "Form11";
 
     explicit Form11(Screens &screens);
+
+    /// What the screen is made of. Needs no window.
+    static CommentaryTable commentaryTable();
 };
 
 } // namespace tarvold

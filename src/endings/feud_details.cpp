@@ -82,6 +82,11 @@ constexpr char kHelp[] = "Label13";
 
 } // namespace
 
+std::span<const Field> Form8::fields()
+{
+    return kFeudFields;
+}
+
 Form8::Form8(Screens & /*screens*/)
     : DetailsScreen({.name = kName,
                      .heading = "FEUD DETAILS",

@@ -15,6 +15,9 @@ public:
 
     explicit Form8(Screens &screens);
 
+    /// The rows of the screen. Needs no window.
+    static std::span<const Field> fields();
+
     /// Help for two fields that the screen does not have yet, the interferer's brand and whether
     /// the person is a power figure; nothing calls them until it does.
     void showBrandHelp();

@@ -105,6 +105,11 @@ QString feudTypeOf(const QString &matchType)
 
 } // namespace
 
+std::span<const Field> Form4::fields()
+{
+    return kCriteriaFields;
+}
+
 Form4::Form4(Screens &screens)
     : DetailsScreen({.name = kName,
                      .heading = "GENERAL DETAILS",

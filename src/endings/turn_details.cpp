@@ -65,6 +65,11 @@ constexpr Field kTurnFields[] = {
 
 } // namespace
 
+std::span<const Field> Form10::fields()
+{
+    return kTurnFields;
+}
+
 Form10::Form10(Screens & /*screens*/)
     : DetailsScreen(
           {.name = kName, .heading = "TURN DETAILS", .fields = kTurnFields, .helpLabel = "Label13"})

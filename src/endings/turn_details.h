@@ -14,6 +14,9 @@ public:
     static constexpr char kName[] = "Form10";
 
     explicit Form10(Screens &screens);
+
+    /// The rows of the screen. Needs no window.
+    static std::span<const Field> fields();
 };
 
 } // namespace tarvold

@@ -10,7 +10,7 @@ namespace tarvold::records {
 enum class LineEnd {
     CrLf,
     Lf,   ///< alone
-    Cr,   ///< alone
+    Cr,   ///< alone, or one more before a CR LF
     None, ///< the end of the file
 };
 
@@ -25,6 +25,9 @@ struct Line
 
 /// Reads lines, whatever they end with: unlike LineReader it takes a lone CR or LF for the end of a
 /// line, so that a file which a text editor has converted can be read and repaired.
+///
+/// CR CR LF ends one line, not two: a program that writes CR LF for each LF makes it of a CR LF,
+/// and the line is one to every reader that takes only CR LF. Its end counts as a CR.
 class AnyLineReader
 {
 public:

@@ -18,6 +18,8 @@ public:
     const std::vector<Line> &lines() const { return m_lines; }
     const Layout &layout() const { return m_layout; }
 
+    /// A field's line as it stands in the file; nothing if it is missing.
+    std::optional<QByteArrayView> lineBytes(int field) const;
     /// A field's line as text, as it stands in the file; nothing if its line is missing.
     std::optional<QString> lineText(int field) const;
     /// A field's text as its screen shows it: "Top Rope" for "t", nothing typed for "-BLANK-". A
@@ -31,7 +33,17 @@ public:
     /// file, without an end; encoded by encodeLine()
     QByteArray withLine(int field, QByteArrayView line) const;
 
+    /// The record without a line and its end; all other bytes stay. \param line from 0
+    QByteArray withoutLine(int line) const;
+
+    /// The line of a field, from 0; if it is missing, where it belongs: behind the line of the last
+    /// field before it.
+    int placeFor(int field) const;
+
 private:
+    /// Where a line starts; the end of the bytes for the one behind the last.
+    qsizetype startOf(int line) const;
+
     QByteArray m_bytes;
     const Catalog *m_catalog;
     std::vector<Line> m_lines;

@@ -77,6 +77,11 @@ const Fill kInterviewFills[] = {{"Text1", "Any"}, {"Text2", "Any"}};
 
 } // namespace
 
+std::span<const Field> Form12::fields()
+{
+    return kInterviewFields;
+}
+
 Form12::Form12(Screens & /*screens*/)
     : DetailsScreen({.name = kName,
                      .heading = "INTERVIEW SEGMENT DETAILS",

@@ -50,30 +50,34 @@ constexpr CommentaryTag kTalkShowTags[] = {
 
 } // namespace
 
-Form13::Form13(Screens &screens)
-    : CommentaryScreen(screens, {.name = kName,
-                                 .heading = "THE INTERVIEW SEGMENT",
-                                 .instructions = kInstructions,
-                                 .tags = kInterviewTags,
-                                 .addCaption = "Add This Interview Segment",
-                                 .missingMessage = "You haven't written the interview segment!",
-                                 .question = "Add this interview segment to the file?",
-                                 .kind = DataFileKind::Interviews,
-                                 .chain = segmentflow::chain()})
+CommentaryTable Form13::commentaryTable()
 {
+    return {.name = kName,
+            .heading = "THE INTERVIEW SEGMENT",
+            .instructions = kInstructions,
+            .tags = kInterviewTags,
+            .addCaption = "Add This Interview Segment",
+            .missingMessage = "You haven't written the interview segment!",
+            .question = "Add this interview segment to the file?",
+            .kind = DataFileKind::Interviews,
+            .chain = segmentflow::chain()};
 }
 
-Form15::Form15(Screens &screens)
-    : CommentaryScreen(screens, {.name = kName,
-                                 .heading = "THE TALK SHOW SEGMENT",
-                                 .instructions = kInstructions,
-                                 .tags = kTalkShowTags,
-                                 .addCaption = "Add This Talk Show Segment",
-                                 .missingMessage = "You haven't written the talk show segment!",
-                                 .question = "Add this talk show segment to the file?",
-                                 .kind = DataFileKind::TalkShows,
-                                 .chain = segmentflow::chain()})
+Form13::Form13(Screens &screens) : CommentaryScreen(screens, commentaryTable()) {}
+
+CommentaryTable Form15::commentaryTable()
 {
+    return {.name = kName,
+            .heading = "THE TALK SHOW SEGMENT",
+            .instructions = kInstructions,
+            .tags = kTalkShowTags,
+            .addCaption = "Add This Talk Show Segment",
+            .missingMessage = "You haven't written the talk show segment!",
+            .question = "Add this talk show segment to the file?",
+            .kind = DataFileKind::TalkShows,
+            .chain = segmentflow::chain()};
 }
+
+Form15::Form15(Screens &screens) : CommentaryScreen(screens, commentaryTable()) {}
 
 } // namespace tarvold

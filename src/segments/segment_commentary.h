@@ -12,6 +12,9 @@ public:
     static constexpr char kName[] = "Form13";
 
     explicit Form13(Screens &screens);
+
+    /// What the screen is made of. Needs no window.
+    static CommentaryTable commentaryTable();
 };
 
 /// The commentary of a talk show segment, and its save.
@@ -22,6 +25,9 @@ public:
     static constexpr char kName[] = "Form15";
 
     explicit Form15(Screens &screens);
+
+    /// What the screen is made of. Needs no window.
+    static CommentaryTable commentaryTable();
 };
 
 } // namespace tarvold

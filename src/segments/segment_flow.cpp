@@ -46,6 +46,16 @@ std::span<const FlowStep> chain()
     return steps;
 }
 
+std::span<const Preset> interviewValues()
+{
+    return kInterview;
+}
+
+std::span<const Preset> talkShowValues()
+{
+    return kTalkShow;
+}
+
 void declare(Screens &screens)
 {
     screens.declare<Form12>();

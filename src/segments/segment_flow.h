@@ -10,6 +10,10 @@ namespace tarvold::segmentflow {
 /// The chains of both flows.
 std::span<const FlowStep> chain();
 
+/// What the controls of each flow start with.
+std::span<const Preset> interviewValues();
+std::span<const Preset> talkShowValues();
+
 /// Registers the segment screens.
 void declare(Screens &screens);
 

@@ -73,6 +73,11 @@ const Fill kTalkShowFills[] = {
 
 } // namespace
 
+std::span<const Field> Form14::fields()
+{
+    return kTalkShowFields;
+}
+
 Form14::Form14(Screens & /*screens*/)
     : DetailsScreen({.name = kName,
                      .heading = "TALK SHOW SEGMENT DETAILS",

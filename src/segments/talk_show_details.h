@@ -14,6 +14,9 @@ public:
     static constexpr char kName[] = "Form14";
 
     explicit Form14(Screens &screens);
+
+    /// The rows of the screen. Needs no window.
+    static std::span<const Field> fields();
 };
 
 } // namespace tarvold

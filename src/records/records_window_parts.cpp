@@ -5,6 +5,7 @@
 #include "controls/push_button.h"
 #include "controls/sizes.h"
 #include "controls/text_box.h"
+#include "records/chosen_record.h"
 #include "records/kind_box.h"
 #include "records/notice_line.h"
 #include "records/path_label.h"
@@ -74,6 +75,7 @@ RecordsWindow::Parts::Parts(RecordsWindow &window)
     tasks->setParent(&window);
     actions = new RecordsActions(window, *list);
     connectFile();
+    new ChosenRecord(document, *scan, *model, *list, *pane);
     connectList();
     connectScan();
     connectActions();
@@ -118,7 +120,7 @@ QWidget *RecordsWindow::Parts::newPages()
     splitter->setHandleWidth(kLeastTarget / 2);
     list = new RecordListView;
     list->setModel(model.get());
-    pane = new RecordPane(document);
+    pane = new RecordPane;
     splitter->addWidget(list);
     splitter->addWidget(pane);
     splitter->setStretchFactor(0, 1);

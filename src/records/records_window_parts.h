@@ -74,7 +74,6 @@ private:
     void connectActions();
     void connectList();
     void connectScan();
-    void showChosen();
     void followRows();
     void showScan();
     void writeSimilar();

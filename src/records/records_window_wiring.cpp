@@ -140,7 +140,7 @@ void RecordsWindow::Parts::connectList()
     QObject::connect(tasks, &RecordsTasks::said, &window,
                      [this](const QString &text) { tell(text); });
     QObject::connect(list->selectionModel(), &QItemSelectionModel::currentRowChanged, &window,
-                     [this] { showChosen(); });
+                     [this] { enableActions(); });
     QObject::connect(list->selectionModel(), &QItemSelectionModel::selectionChanged, &window,
                      [this] { enableActions(); });
     for (const auto &signal : {&RecordListModel::rearranged, &RecordListModel::settled}) {
@@ -154,15 +154,7 @@ void RecordsWindow::Parts::connectList()
                      [this](const QPoint &where) {
                          actions->recordMenu().popup(list->viewport()->mapToGlobal(where));
                      });
-    QObject::connect(list, &QAbstractItemView::activated, &window, [this] { pane->setFocus(); });
-}
-
-void RecordsWindow::Parts::showChosen()
-{
-    const int record = tasks->current();
-    model->setChosen(record);
-    pane->showRecord(record);
-    enableActions();
+    QObject::connect(list, &QAbstractItemView::activated, &window, [this] { pane->goToField(0); });
 }
 
 /// After a search or a sort the chosen record is in sight again.

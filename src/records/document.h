@@ -2,24 +2,21 @@
 
 #include "datafiles/data_file_kind.h"
 #include "disk/file_error.h"
+#include "records/changes.h"
+#include "records/entries.h"
+#include "records/reading.h"
 
 #include <QByteArray>
+#include <QHash>
 #include <QObject>
 #include <QUndoStack>
 
 #include <functional>
-#include <span>
+#include <optional>
+#include <utility>
 #include <vector>
 
 namespace tarvold::records {
-
-/// A record of a document: its bytes, and where it comes from.
-struct Entry
-{
-    QByteArray bytes;       ///< with all line ends; shares the bytes of the file until it is edited
-    int origin = -1;        ///< its index in the file as it was loaded or saved; -1: new
-    bool isDeleted = false; ///< shown until the next save, then gone
-};
 
 /// What was done to a record since the file was loaded or saved.
 enum class EntryState { Unchanged, Edited, Added, Moved, Deleted };
@@ -28,7 +25,10 @@ enum class EntryState { Unchanged, Edited, Added, Moved, Deleted };
 /// the disk only by a save.
 ///
 /// Every byte of a record that nobody touched stays as it is, whatever it holds. Nothing is read or
-/// written but by open(), reload(), save(), saveAs() and copyTo().
+/// written but by open(), reload(), save(), saveAs(), copyTo() and isFileUnchanged().
+///
+/// A record is known by its index among those that are shown, from 0, which changes when records
+/// before it are added or go, or by its id, which never does until the file is loaded again.
 class Document : public QObject
 {
     Q_OBJECT
@@ -38,7 +38,13 @@ public:
     /// Loads a file. On an error the document is as it was.
     /// \param name as the user typed it
     /// \param kind of its records
-    [[nodiscard]] Result<void> open(const QString &name, DataFileKind kind);
+    /// \param progress of dividing it into records; stopping that is an error
+    [[nodiscard]] Result<void> open(const QString &name, DataFileKind kind,
+                                    const Progress &progress = {});
+
+    /// The same with bytes that the caller has just read from the file, such as to guess its kind.
+    [[nodiscard]] Result<void> take(const QString &name, const QByteArray &bytes, DataFileKind kind,
+                                    const Progress &progress = {});
 
     /// Reads the file again and forgets all changes.
     [[nodiscard]] Result<void> reload();
@@ -48,29 +54,52 @@ public:
 
     const QString &fileName() const { return m_name; }
     DataFileKind kind() const { return m_kind; }
-    int count() const { return int(m_entries.size()); }
-    const Entry &entry(int index) const { return m_entries.at(std::size_t(index)); }
+    const Catalog &catalog() const { return Catalog::of(m_kind); }
+    int count() const { return m_entries.count(); }
+    const Entry &entry(int index) const { return m_entries.at(index); }
+    /// Where the record with this id is; nothing if it is not shown.
+    std::optional<int> indexOf(int id) const;
     EntryState stateOf(int index) const;
+    /// The last record that is not deleted, whose line end may be missing; -1: there is none.
+    int last() const;
     bool isChanged() const { return !m_undo.isClean(); }
     QUndoStack &undoStack() { return m_undo; }
 
-    /// \name Changes. Each is one step to undo.
+    /// \name Changes. Each is one step to undo. One that changes no byte is none.
+    ///
+    /// Only the last line of the file may lack its end: a record that is not the last one gets a CR
+    /// LF as a part of the change.
     /// \{
     void replace(int index, const QByteArray &bytes, const QString &what);
     /// Replaces many records at once, such as by all repairs.
     void replace(const std::vector<std::pair<int, QByteArray>> &records, const QString &what);
+    /// Deleted records are shown until the next save, but those that the file never held go at
+    /// once.
     void remove(const std::vector<int> &indexes);
     void restore(const std::vector<int> &indexes);
+    /// The copy comes next to the record.
     void duplicate(int index);
-    /// Moves a record up (-1) or down (1) by one.
+    /// Moves a record up (-1) or down (1) by one, unless it is at the end.
     void move(int index, int by);
     /// \}
 
-    /// Replaces the file atomically, see rewriteFile(). `mayOverwrite` is asked if another program
-    /// changed it.
+    /// Replaces the file atomically, see rewriteFile(). Deleted records are no longer shown then,
+    /// but undoing their deletion brings them back.
+    /// \param mayOverwrite asked if another program changed the file; without it, or if it says no,
+    ///        the error says `ChangedByAnother`
+    /// \return see isInFile(); all changes are kept after any other error
     [[nodiscard]] Result<void> save(const std::function<bool()> &mayOverwrite);
+
+    /// The same with another file, which is this document's file from then on. What was in it is
+    /// overwritten without asking.
     [[nodiscard]] Result<void> saveAs(const QString &name);
-    /// Appends records to the end of another file, see appendToFile().
+
+    /// Whether the changes are in the file after a save with this result. After `Unconfirmed` they
+    /// are, but the disk did not confirm that, so the user is to be told.
+    static bool isInFile(const Result<void> &saved);
+
+    /// Appends records to the end of another file, see appendToFile(), each with its line end. If
+    /// that file's last line has no end, it gets one first.
     [[nodiscard]] Result<void> copyTo(const QString &name, const std::vector<int> &indexes) const;
 
     /// Whether the file still holds what was loaded or saved last.
@@ -78,20 +107,47 @@ public:
 
 signals:
     void aboutToReset();
-    void reset(); ///< all entries are others
+    void reset(); ///< all entries are others, or very many of them
     void aboutToInsert(int first, int last);
     void inserted(int first, int last);
     void aboutToRemove(int first, int last);
     void removed(int first, int last);
     void changed(int first, int last); ///< their bytes or states
+    void saved();                      ///< all states are others, but no bytes
 
 private:
-    // ...
+    friend class Change;
+
+    /// Divides bytes into records and shows them.
+    [[nodiscard]] Result<void> show(const QString &name, const QByteArray &bytes, DataFileKind kind,
+                                    const Progress &progress);
+    /// Pushes a change to the undo stack, which makes it.
+    void push(std::vector<Patch> patches, const QString &what);
+    void setDeleted(const std::vector<int> &indexes, bool isDeleted, const QString &what);
+    /// Replaces entries from a row on, and tells of it.
+    void apply(int row, const std::vector<Entry> &from, const std::vector<Entry> &to);
+    void applyInPlace(int row, const std::vector<Entry> &to);
+    void noteMove(int id, int by);
+
+    int originOf(int id) const { return m_origins.at(std::size_t(id)); }
+    /// Whether a save took it from the file, so that only undo knows of it.
+    bool isGone(const Entry &entry) const { return entry.isDeleted && originOf(entry.id) < 0; }
+    QByteArrayView original(int origin) const;
+    bool isOutOfPlace(int index) const;
+
+    QByteArray joined() const;
+    void takeOver(const QString &name, const QByteArray &bytes);
+    std::vector<std::pair<int, int>> deletedRuns() const;
+    void hide(const std::vector<std::pair<int, int>> &runs);
+    void rebase(const QByteArray &bytes);
+
     QString m_name;
     DataFileKind m_kind = DataFileKind::NormalEndings;
-    QByteArray m_loaded; ///< entries that nobody edited share these bytes
-    QByteArray m_onDisk; ///< what the file held when it was last loaded or saved
-    std::vector<Entry> m_entries;
+    QByteArray m_file;               ///< what it held when it was last loaded or saved
+    std::vector<qsizetype> m_starts; ///< of the records in it, and its end
+    Entries m_entries;
+    std::vector<int> m_origins; ///< by id: its index in the file; -1: it is not in it
+    QHash<int, int> m_moves;    ///< by id: how far it was moved since; only what is not 0
     QUndoStack m_undo;
 };
 

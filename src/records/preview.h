@@ -21,7 +21,11 @@ struct Cast
 
     /// The example cast, which knows every tag of every kind.
     static Cast example();
+    /// The cast that the user changes. It starts as the example and lasts as long as the program.
+    static Cast &ofThisRun();
     QString textFor(const QString &tag) const;
+    /// Fills a tag with another text.
+    void setText(const QString &tag, const QString &text);
 };
 
 /// A stretch of a line that looks the same.
@@ -34,12 +38,17 @@ struct ShownPart
 using ShownLine = std::vector<ShownPart>;
 
 /// The commentary as the audience reads it: tags are filled from the record's own names where it
-/// has them, else from the cast; "-BLANK-" lines are left out.
+/// has them, else from the cast; "-BLANK-" lines are left out. Of a stipulation, what the results
+/// screen shows.
 std::vector<ShownLine> asShown(const Record &record, const Cast &cast);
+
+/// The tags that asShown() fills from the cast, in the order of their first use.
+QStringList openTags(const Record &record);
 
 /// When the record is used, in one sentence without the fields that allow anything, such as "Tag
 /// Team, Ladder Match, title on the line: Rocco Vance and Dex Vance win off the top rope against a
-/// heel."
+/// heel." A field that does not fit into the sentence follows it as it stands, so that nothing is
+/// left out that a field says.
 QString conditionsOf(const Record &record);
 
 /// The telling columns of a kind's records, and a record's texts for them.

@@ -56,6 +56,10 @@ signals:
     /// it cannot be done now.
     void writeSimilarRequested(const QByteArray &record, tarvold::DataFileKind kind);
 
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    void changeEvent(QEvent *event) override;
+
 private:
     class Parts;
     std::unique_ptr<Parts> m_parts;

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "records/entries.h"
+
+#include <QUndoCommand>
+
+#include <utility>
+#include <vector>
+
+namespace tarvold::records {
+
+class Document;
+
+/// Entries of a document that are replaced by others, by their row. Either as many as before, or
+/// one of the two is empty.
+struct Patch
+{
+    int row;
+    std::vector<Entry> before;
+    std::vector<Entry> after;
+};
+
+/// A change of a document as one step to undo.
+class Change : public QUndoCommand
+{
+public:
+    /// A record that is moved.
+    struct Move
+    {
+        int id = -1; ///< -1: none is
+        int by = 0;
+    };
+
+    /// \param document keeps this command in its undo stack
+    Change(Document &document, std::vector<Patch> patches, const QString &text, Move move = {});
+
+    void undo() override;
+    void redo() override;
+
+    /// Copies what is still a part of the file's bytes, as the file is about to be replaced. To the
+    /// user this changes nothing.
+    void own(const QByteArray &file) const;
+
+private:
+    Document &m_document;
+    mutable std::vector<Patch> m_patches;
+    Move m_move;
+};
+
+} // namespace tarvold::records

@@ -1,0 +1,181 @@
+// How a document reaches the disk.
+
+#include "disk/append.h"
+#include "disk/file.h"
+#include "disk/rewrite.h"
+#include "records/changes.h"
+#include "records/document.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tarvold::records {
+namespace {
+
+/// Joins the bytes of entries. Those that follow each other in memory, which are nearly all, are
+/// copied in one go.
+QByteArray joinedBytes(const std::vector<QByteArrayView> &parts)
+{
+    qsizetype size = 0;
+    for (const QByteArrayView part : parts) {
+        size += part.size();
+    }
+    QByteArray bytes;
+    bytes.reserve(size);
+    for (auto part = parts.begin(); part != parts.end();) {
+        const char *const start = part->begin();
+        const char *end = part->end();
+        for (++part; part != parts.end() && part->begin() == end; ++part) {
+            end = part->end();
+        }
+        bytes.append(start, end - start);
+    }
+    return bytes;
+}
+
+/// Whether a file's last line has no end. A file that cannot be read is left to the append, which
+/// says why.
+bool lacksLastEnd(const QString &name)
+{
+    const auto path = FilePath::ofOrdinary(name);
+    const auto file = path ? File::openLocked(*path, File::Access::Read) : failure(path.error());
+    const qint64 size = file ? file->size().value_or(0) : 0;
+    std::array<char, 1> last{};
+    return size > 0 && file->readAt(size - 1, last) == 1 &&
+           !isEnded(QByteArrayView(last.data(), 1));
+}
+
+} // namespace
+
+bool Document::isInFile(const Result<void> &saved)
+{
+    return saved || saved.error().outcome == FileOutcome::Unconfirmed;
+}
+
+Result<void> Document::save(const std::function<bool()> &mayOverwrite)
+{
+    const QByteArray bytes = joined();
+    Result<void> written = rewriteFile(m_name, bytes, m_file);
+    if (!written && written.error().outcome == FileOutcome::ChangedByAnother && mayOverwrite &&
+        mayOverwrite()) {
+        written = rewriteFile(m_name, bytes);
+    }
+    if (isInFile(written)) {
+        takeOver(m_name, bytes);
+    }
+    return written;
+}
+
+Result<void> Document::saveAs(const QString &name)
+{
+    const QByteArray bytes = joined();
+    Result<void> written = rewriteFile(name, bytes);
+    if (isInFile(written)) {
+        takeOver(name, bytes);
+    }
+    return written;
+}
+
+Result<void> Document::copyTo(const QString &name, const std::vector<int> &indexes) const
+{
+    QByteArray bytes = lacksLastEnd(name) ? "\r\n" : "";
+    for (const int index : indexes) {
+        bytes += ended(entry(index).bytes);
+    }
+    return appendToFile(name, bytes);
+}
+
+bool Document::isFileUnchanged() const
+{
+    const auto path = FilePath::ofOrdinary(m_name);
+    const auto file = path ? File::openOrdinary(*path, File::Access::Read) : failure(path.error());
+    return file && file->size() == m_file.size() && file->holds(0, m_file) == true;
+}
+
+QByteArray Document::joined() const
+{
+    std::vector<QByteArrayView> parts;
+    parts.reserve(m_entries.all().size());
+    for (const Entry &one : m_entries.all()) {
+        if (!one.isDeleted) {
+            parts.emplace_back(one.bytes);
+        }
+    }
+    return joinedBytes(parts);
+}
+
+/// Makes bytes that are in the file now what this document knows of it.
+void Document::takeOver(const QString &name, const QByteArray &bytes)
+{
+    constexpr std::size_t kMostRuns = 100; // telling of each takes time that grows with the file
+    m_name = name;
+    const std::vector<std::pair<int, int>> runs = deletedRuns();
+    const bool isReset = runs.size() > kMostRuns;
+    if (isReset) {
+        emit aboutToReset();
+        m_entries.hideDeleted();
+    } else {
+        hide(runs);
+    }
+    rebase(bytes);
+    m_moves.clear();
+    m_undo.setClean();
+    if (isReset) {
+        emit reset();
+    }
+    emit saved();
+}
+
+/// The first and the last of deleted records that follow each other.
+std::vector<std::pair<int, int>> Document::deletedRuns() const
+{
+    std::vector<std::pair<int, int>> runs;
+    for (int index = 0; index < count(); ++index) {
+        const bool isNext = !runs.empty() && runs.back().second == index - 1;
+        if (!entry(index).isDeleted) {
+            continue;
+        }
+        if (isNext) {
+            runs.back().second = index;
+        } else {
+            runs.emplace_back(index, index);
+        }
+    }
+    return runs;
+}
+
+/// Shows records no longer. Their entries stay for undo.
+void Document::hide(const std::vector<std::pair<int, int>> &runs)
+{
+    for (auto run = runs.rbegin(); run != runs.rend(); ++run) {
+        emit aboutToRemove(run->first, run->second);
+        m_entries.hideShown(run->first, run->second);
+        emit removed(run->first, run->second);
+    }
+}
+
+/// Lets all entries share the bytes of the new file and nothing of the old one, whose memory is
+/// free then.
+void Document::rebase(const QByteArray &bytes)
+{
+    for (int index = 0; index < m_undo.count(); ++index) {
+        static_cast<const Change *>(m_undo.command(index))->own(m_file);
+    }
+    std::fill(m_origins.begin(), m_origins.end(), -1);
+    m_starts.clear();
+    qsizetype start = 0;
+    for (Entry &one : m_entries.all()) {
+        if (!one.isDeleted) {
+            m_origins[std::size_t(one.id)] = int(m_starts.size());
+            m_starts.push_back(start);
+            one.bytes = partOf(bytes, start, one.bytes.size());
+            start += one.bytes.size();
+        } else if (isPartOf(one.bytes, m_file)) {
+            one.bytes = QByteArrayView(one.bytes).toByteArray();
+        }
+    }
+    m_starts.push_back(start);
+    m_file = bytes;
+}
+
+} // namespace tarvold::records

@@ -1,0 +1,45 @@
+#include "records/path_label.h"
+
+#include "controls/long_text.h"
+
+namespace tarvold::records {
+
+using namespace Qt::StringLiterals;
+
+PathLabel::PathLabel(QWidget *parent) : QLabel(parent)
+{
+    setObjectName(u"path"_s);
+    setTextFormat(Qt::PlainText);
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+}
+
+void PathLabel::show(const QString &path)
+{
+    m_path = path;
+    setAccessibleName(u"File "_s + path);
+    setToolTip(longtext::toolTip(path));
+    elide();
+}
+
+QSize PathLabel::sizeHint() const
+{
+    return {0, fontMetrics().lineSpacing()};
+}
+
+QSize PathLabel::minimumSizeHint() const
+{
+    return sizeHint();
+}
+
+void PathLabel::resizeEvent(QResizeEvent *event)
+{
+    QLabel::resizeEvent(event);
+    elide();
+}
+
+void PathLabel::elide()
+{
+    setText(fontMetrics().elidedText(m_path, Qt::ElideMiddle, contentsRect().width()));
+}
+
+} // namespace tarvold::records

@@ -1,0 +1,50 @@
+#include "records/place_keeper.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace tarvold::records {
+
+void PlaceKeeper::remember(const std::vector<int> &records)
+{
+    m_kept.clear();
+    for (const int index : records) {
+        const QByteArray &bytes = m_document.entry(index).bytes;
+        m_kept.push_back({index, QByteArray(bytes.constData(), bytes.size())});
+    }
+}
+
+std::vector<int> PlaceKeeper::found() const
+{
+    QHash<QByteArray, std::vector<int>> places;
+    for (const Kept &kept : m_kept) {
+        places.insert(kept.bytes, {});
+    }
+    for (int index = 0; index < m_document.count() && !places.isEmpty(); ++index) {
+        const auto place = places.find(m_document.entry(index).bytes);
+        if (place != places.end()) {
+            place->push_back(index);
+        }
+    }
+    std::vector<int> all;
+    for (const Kept &kept : m_kept) {
+        if (const auto index = find(kept, places)) {
+            all.push_back(*index);
+        }
+    }
+    return all;
+}
+
+std::optional<int> PlaceKeeper::find(const Kept &kept,
+                                     const QHash<QByteArray, std::vector<int>> &places) const
+{
+    const std::vector<int> same = places.value(kept.bytes);
+    if (!same.empty()) {
+        return *std::min_element(same.begin(), same.end(), [&kept](int one, int other) {
+            return std::abs(one - kept.index) < std::abs(other - kept.index);
+        });
+    }
+    return kept.index < m_document.count() ? std::optional(kept.index) : std::nullopt;
+}
+
+} // namespace tarvold::records

@@ -1,0 +1,249 @@
+#include "records/problem_scan.h"
+
+#include "records/document.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace tarvold::records {
+namespace {
+
+constexpr qint64 kSlice = 10;  // milliseconds until the next event
+constexpr qint64 kAtOnce = 50; // milliseconds for records that were changed together
+
+} // namespace
+
+ProblemScan::ProblemScan(const Document &document, QObject *parent)
+    : QObject(parent)
+    , m_document(document)
+{
+    m_timer.setInterval(0);
+    connect(&m_timer, &QTimer::timeout, this, &ProblemScan::work);
+    connect(&document, &Document::reset, this, &ProblemScan::restart);
+    connect(&document, &Document::changed, this, &ProblemScan::recheck);
+    connect(&document, &Document::inserted, this, &ProblemScan::insert);
+    connect(&document, &Document::aboutToRemove, this, &ProblemScan::forget);
+    connect(&document, &Document::removed, this, &ProblemScan::remove);
+    restart();
+}
+
+void ProblemScan::restart()
+{
+    m_isWanted = true;
+    m_own.assign(std::size_t(m_document.count()), -1);
+    m_compared.clear();
+    m_checked = 0;
+    m_total = 0;
+    m_last = m_document.last();
+    compareAnew();
+}
+
+void ProblemScan::start()
+{
+    m_isWanted = true;
+    m_timer.start();
+}
+
+void ProblemScan::stop()
+{
+    m_isWanted = false;
+    m_timer.stop();
+}
+
+/// Compares all records again, as any of them may have been the first of several equal ones.
+void ProblemScan::compareAnew()
+{
+    m_next = 0;
+    m_comparison.emplace(m_document.catalog());
+    if (m_isWanted) {
+        m_timer.start();
+    }
+}
+
+int ProblemScan::countAt(int index) const
+{
+    const int own = std::max<int>(m_own.at(std::size_t(index)), 0);
+    if (m_compared.isEmpty()) {
+        return own;
+    }
+    const auto found = m_compared.constFind(m_document.entry(index).id);
+    return found == m_compared.cend() ? own : own + int(found->size());
+}
+
+std::vector<Problem> ProblemScan::problemsAt(int index) const
+{
+    const Entry &entry = m_document.entry(index);
+    if (entry.isDeleted) {
+        return {};
+    }
+    const Record record(entry.bytes, m_document.catalog());
+    std::vector<Problem> all = problemsOf(record, index + 1, index == m_document.last());
+    const std::vector<Problem> compared = m_compared.value(entry.id);
+    all.insert(all.end(), compared.begin(), compared.end());
+    std::stable_sort(all.begin(), all.end(), [](const Problem &one, const Problem &other) {
+        return one.line < other.line;
+    });
+    return all;
+}
+
+void ProblemScan::work()
+{
+    m_busy.start();
+    while (m_next < m_document.count() && m_busy.elapsed() < kSlice) {
+        step(m_next++);
+    }
+    m_busy.invalidate();
+    const bool isFinished = m_next >= m_document.count();
+    if (isFinished) {
+        m_timer.stop();
+    }
+    tell();
+    emit progress(m_checked, m_document.count());
+    if (isFinished) {
+        emit finished();
+    }
+}
+
+void ProblemScan::step(int index)
+{
+    const Entry &entry = m_document.entry(index);
+    if (entry.isDeleted) {
+        setOwn(index, 0);
+        setCompared(index, {});
+        return;
+    }
+    const Record record(entry.bytes, m_document.catalog());
+    if (m_own[std::size_t(index)] < 0) {
+        check(index, record);
+    }
+    setCompared(index, m_comparison->add(record));
+}
+
+void ProblemScan::check(int index, const Record &record)
+{
+    setOwn(index, int(problemsOf(record, index + 1, index == m_last).size()));
+}
+
+void ProblemScan::recheck(int first, int last)
+{
+    checkAtOnce(first, last);
+    compareAnew();
+    tell();
+}
+
+void ProblemScan::checkAtOnce(int first, int last)
+{
+    if (!m_busy.isValid()) {
+        m_busy.start();
+        // The next event ends it.
+        QMetaObject::invokeMethod(this, [this] { m_busy.invalidate(); }, Qt::QueuedConnection);
+    }
+    for (int index = first; index <= last; ++index) {
+        const Entry &entry = m_document.entry(index);
+        if (entry.isDeleted) {
+            setOwn(index, 0);
+            setCompared(index, {});
+        } else if (m_busy.elapsed() < kAtOnce) {
+            check(index, Record(entry.bytes, m_document.catalog()));
+        } else {
+            setOwn(index, -1);
+        }
+    }
+    checkLast();
+}
+
+void ProblemScan::checkLast()
+{
+    const int last = m_document.last();
+    if (last == m_last) {
+        return;
+    }
+    for (const int index : {std::exchange(m_last, last), last}) {
+        if (index >= 0 && index < m_document.count() && !m_document.entry(index).isDeleted) {
+            check(index, Record(m_document.entry(index).bytes, m_document.catalog()));
+        }
+    }
+}
+
+void ProblemScan::insert(int first, int last)
+{
+    const int count = last - first + 1;
+    m_own.insert(m_own.begin() + first, std::size_t(count), -1);
+    m_last += m_last >= first ? count : 0;
+    m_lastFound += m_firstFound >= 0 ? count : 0;
+    checkAtOnce(first, last);
+    compareAnew();
+    tellSoon();
+}
+
+void ProblemScan::forget(int first, int last)
+{
+    for (int index = first; index <= last; ++index) {
+        setCompared(index, {});
+        setOwn(index, -1);
+    }
+}
+
+void ProblemScan::remove(int first, int last)
+{
+    const int count = last - first + 1;
+    m_own.erase(m_own.begin() + first, m_own.begin() + last + 1);
+    m_last = m_last > last ? m_last - count : m_last >= first ? -1 : m_last;
+    checkLast();
+    compareAnew();
+    tellSoon();
+}
+
+void ProblemScan::setOwn(int index, int count)
+{
+    constexpr int kMost = std::numeric_limits<qint16>::max();
+    qint16 &own = m_own[std::size_t(index)];
+    if (count == own) {
+        return;
+    }
+    m_total -= countAt(index) > 0 ? 1 : 0;
+    m_checked += (count >= 0 ? 1 : 0) - (own >= 0 ? 1 : 0);
+    own = qint16(std::min(count, kMost));
+    m_total += countAt(index) > 0 ? 1 : 0;
+    note(index);
+}
+
+void ProblemScan::setCompared(int index, std::vector<Problem> problems)
+{
+    const int id = m_document.entry(index).id;
+    if (problems.empty() && !m_compared.contains(id)) {
+        return;
+    }
+    m_total -= countAt(index) > 0 ? 1 : 0;
+    if (problems.empty()) {
+        m_compared.remove(id);
+    } else {
+        m_compared.insert(id, std::move(problems));
+    }
+    m_total += countAt(index) > 0 ? 1 : 0;
+    note(index);
+}
+
+void ProblemScan::note(int index)
+{
+    m_lastFound = m_firstFound < 0 ? index : std::max(m_lastFound, index);
+    m_firstFound = m_firstFound < 0 ? index : std::min(m_firstFound, index);
+}
+
+void ProblemScan::tell()
+{
+    const int first = std::exchange(m_firstFound, -1);
+    const int last = std::min(m_lastFound, m_document.count() - 1);
+    if (first >= 0 && first <= last) {
+        emit found(first, last);
+    }
+}
+
+/// Others may not have heard yet that records came or went.
+void ProblemScan::tellSoon()
+{
+    QMetaObject::invokeMethod(this, &ProblemScan::tell, Qt::QueuedConnection);
+}
+
+} // namespace tarvold::records

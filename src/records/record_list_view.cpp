@@ -1,0 +1,119 @@
+#include "records/record_list_view.h"
+
+#include "controls/list_box.h"
+#include "controls/sizes.h"
+
+#include <QHeaderView>
+#include <QPainter>
+
+#include <algorithm>
+
+namespace tarvold::records {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kMostCharacters = 32; ///< of a column, before the user makes it wider
+
+} // namespace
+
+RecordListView::RecordListView(QWidget *parent) : QTreeView(parent)
+{
+    setObjectName(u"list"_s);
+    setAccessibleName(u"Records"_s);
+    setItemDelegate(new ListRows(this));
+    setUniformRowHeights(true);
+    setRootIsDecorated(false);
+    setItemsExpandable(false);
+    setAllColumnsShowFocus(true);
+    setSelectionMode(ExtendedSelection);
+    setEditTriggers(NoEditTriggers);
+    setTabKeyNavigation(false);
+    header()->setObjectName(u"heads"_s);
+    header()->setSectionsMovable(false);
+    header()->setSortIndicatorClearable(true);
+    header()->setHighlightSections(false);
+}
+
+void RecordListView::setModel(QAbstractItemModel *model)
+{
+    QTreeView::setModel(model);
+    header()->setSortIndicator(-1, Qt::AscendingOrder);
+    setSortingEnabled(true);
+}
+
+void RecordListView::showFileOrder()
+{
+    sortByColumn(-1, Qt::AscendingOrder);
+}
+
+std::vector<int> RecordListView::selectedRows() const
+{
+    std::vector<int> rows;
+    for (const QItemSelectionRange &range : selectionModel()->selection()) {
+        for (int row = range.top(); row <= range.bottom(); ++row) {
+            rows.push_back(row);
+        }
+    }
+    std::sort(rows.begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    return rows;
+}
+
+void RecordListView::goTo(int row)
+{
+    const QModelIndex index = model()->index(row, 0);
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect |
+                                                 QItemSelectionModel::Rows);
+    scrollTo(index);
+}
+
+void RecordListView::fitColumns()
+{
+    const int most = fontMetrics().averageCharWidth() * kMostCharacters;
+    for (int column = 0; column < model()->columnCount(); ++column) {
+        resizeColumnToContents(column);
+        setColumnWidth(column, std::min(columnWidth(column), most));
+    }
+}
+
+QModelIndex RecordListView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
+{
+    // Without a current row, Qt would go to the first row on any key.
+    if (action == MoveEnd && !currentIndex().isValid() && model() != nullptr) {
+        return model()->index(model()->rowCount() - 1, 0);
+    }
+    return QTreeView::moveCursor(action, modifiers);
+}
+
+void RecordListView::setPlaceholder(const QString &text)
+{
+    m_placeholder = text;
+    viewport()->update();
+}
+
+void RecordListView::paintEvent(QPaintEvent *event)
+{
+    QTreeView::paintEvent(event);
+    if (model()->rowCount() == 0) {
+        QPainter painter(viewport());
+        painter.setPen(palette().color(QPalette::Text));
+        painter.drawText(viewport()->rect().adjusted(kMargin, kMargin, -kMargin, -kMargin),
+                         Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, m_placeholder);
+    }
+}
+
+void RecordListView::focusInEvent(QFocusEvent *event)
+{
+    QTreeView::focusInEvent(event);
+    update(); // repaint the frame, which shows the focus mark
+}
+
+void RecordListView::focusOutEvent(QFocusEvent *event)
+{
+    QTreeView::focusOutEvent(event);
+    update();
+}
+
+} // namespace tarvold::records

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QTreeView>
+
+#include <vector>
+
+namespace tarvold::records {
+
+/// The list of a file's records: rows of columns, any number of which can be selected.
+///
+/// A click on a column's head sorts by it, a second click sorts the other way round, and a third
+/// one goes back to the order of the file.
+class RecordListView : public QTreeView
+{
+    Q_OBJECT
+public:
+    explicit RecordListView(QWidget *parent = nullptr);
+
+    void setModel(QAbstractItemModel *model) override;
+
+    /// Goes back to the order of the file.
+    void showFileOrder();
+
+    /// The selected rows, from top to bottom.
+    std::vector<int> selectedRows() const;
+
+    /// Makes a row the current and only selected one, and scrolls to it.
+    void goTo(int row);
+
+    /// What is shown while there are no rows.
+    void setPlaceholder(const QString &text);
+
+    /// Gives the columns the widths that their heads and first rows need.
+    void fitColumns();
+
+protected:
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+    void paintEvent(QPaintEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+
+private:
+    QString m_placeholder;
+};
+
+} // namespace tarvold::records

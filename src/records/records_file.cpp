@@ -1,0 +1,286 @@
+#include "records/records_file.h"
+
+#include "controls/busy_cursor.h"
+#include "controls/message_box.h"
+#include "disk/read.h"
+#include "records/window_words.h"
+#include "screens/failures.h"
+#include "screens/file_choice.h"
+
+namespace tarvold::records {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString title()
+{
+    return QLatin1StringView(messagebox::kTitle);
+}
+
+} // namespace
+
+/// While it lives, a question waits for the user's answer. What happened to the file meanwhile is
+/// looked at afterwards.
+class RecordsFile::Asking
+{
+public:
+    explicit Asking(RecordsFile &file) : m_file(file) { ++m_file.m_asking; }
+    ~Asking()
+    {
+        --m_file.m_asking;
+        QMetaObject::invokeMethod(&m_file, &RecordsFile::follow, Qt::QueuedConnection);
+    }
+    Asking(const Asking &) = delete;
+    Asking &operator=(const Asking &) = delete;
+    Asking(Asking &&) = delete;
+    Asking &operator=(Asking &&) = delete;
+
+private:
+    RecordsFile &m_file;
+};
+
+RecordsFile::RecordsFile(Document &document, QWidget &asking, Typing typing)
+    : QObject(&asking)
+    , m_document(document)
+    , m_window(asking)
+    , m_typing(std::move(typing))
+{
+    connect(&m_watch, &FileWatch::changed, this, &RecordsFile::follow);
+}
+
+void RecordsFile::load(const QString &name, std::optional<DataFileKind> kind)
+{
+    m_name = name;
+    m_kind = kind;
+    m_watch.follow(name); // before it is read, or a change in between would go unseen
+    const Result<QByteArray> bytes = readFile(name);
+    if (!bytes) {
+        fail(bytes.error());
+        return;
+    }
+    const KindGuess guess = kind ? KindGuess{kind, {*kind}} : guessKind(*bytes, name);
+    if (guess.kind) {
+        take(*bytes, *guess.kind);
+        return;
+    }
+    m_isLoaded = false;
+    emit kindWanted();
+    emit noticed(words::tossUp(guess.likely), false);
+}
+
+void RecordsFile::take(const QByteArray &bytes, DataFileKind kind)
+{
+    const BusyCursor busy;
+    if (const Result<void> taken = m_document.take(m_name, bytes, kind); !taken) {
+        fail(taken.error());
+        return;
+    }
+    m_isLoaded = true;
+    emit noticed({}, false);
+    emit loaded();
+}
+
+void RecordsFile::fail(const FileError &error)
+{
+    m_isLoaded = false;
+    emit noticed(u"This file can't be shown."_s, true);
+    emit failed(failures::notLoaded(m_name, error));
+}
+
+void RecordsFile::chooseKind(DataFileKind kind)
+{
+    if (!m_isLoaded) {
+        load(m_name, kind);
+        return;
+    }
+    if (kind == m_document.kind() || (hasChanges() && !asks(words::forgetByKind(m_name, kind)))) {
+        emit loaded(); // the box shows the kind that the file has
+        return;
+    }
+    load(m_name, kind);
+}
+
+void RecordsFile::reload()
+{
+    if (!m_isLoaded) {
+        load(m_name, m_kind);
+    } else if (!hasChanges() || asks(words::forgetByReload(m_name))) {
+        readAgain();
+    }
+}
+
+void RecordsFile::readAgain()
+{
+    m_watch.follow(m_name);
+    const Result<void> read = [&] {
+        const BusyCursor busy;
+        return m_document.reload();
+    }();
+    if (!read) {
+        emit noticed(u"The file can't be read again: "_s + read.error().cause, true);
+        return;
+    }
+    emit noticed({}, false);
+    emit said(u"Read the file again: %1."_s.arg(words::countOf(m_document.count())));
+}
+
+void RecordsFile::follow()
+{
+    if (isAsking()) {
+        return;
+    }
+    if (!m_isLoaded) {
+        load(m_name, m_kind);
+        return;
+    }
+    if (!fileExists(m_name)) {
+        emit noticed(u"The file is gone from the disk. Its records are still here; Save writes "
+                     "them again."_s,
+                     false);
+        return;
+    }
+    if (m_document.isFileUnchanged()) {
+        emit noticed({}, false);
+        return;
+    }
+    if (hasChanges()) {
+        emit noticed(u"The file changed on the disk. Reload shows it as it is now and forgets "
+                     "your changes."_s,
+                     true);
+    } else {
+        readAgain();
+    }
+}
+
+bool RecordsFile::hasChanges() const
+{
+    return m_isLoaded && (m_document.isChanged() || m_typing.isPending());
+}
+
+bool RecordsFile::asks(const QString &text)
+{
+    const Asking asking(*this);
+    return messagebox::question(&m_window, title(), text, messagebox::EnterMeans::No,
+                                messagebox::Blocks::Window);
+}
+
+bool RecordsFile::save()
+{
+    if (!m_typing.keep()) {
+        return false;
+    }
+    bool isRefused = false;
+    const Result<void> saved = m_document.save([&] {
+        isRefused = !asks(words::outdated(m_name));
+        return !isRefused;
+    });
+    if (isRefused) {
+        emit said(u"Not saved."_s);
+        return false;
+    }
+    if (!Document::isInFile(saved)) {
+        return saveElsewhere(saved.error());
+    }
+    finishSave(saved);
+    return true;
+}
+
+void RecordsFile::finishSave(const Result<void> &saved)
+{
+    m_watch.follow(m_name);
+    emit noticed({}, false);
+    if (!saved) {
+        tell(failures::notRewritten(m_name, saved.error(), {})); // the disk did not confirm it
+        emit said({});
+        return;
+    }
+    emit said(words::saved(m_name, m_document.count()));
+}
+
+void RecordsFile::tell(const QString &text)
+{
+    const Asking asking(*this);
+    messagebox::notice(&m_window, title(), text, messagebox::Blocks::Window);
+}
+
+bool RecordsFile::saveElsewhere(const FileError &error)
+{
+    const QString text = failures::notRewritten(m_name, error, words::kept());
+    const bool isWanted = [&] {
+        const Asking asking(*this);
+        return messagebox::offer(&m_window, title(), text, u"&Save To Another File..."_s,
+                                 messagebox::Blocks::Window);
+    }();
+    emit said(u"Not saved."_s);
+    return isWanted && saveAs();
+}
+
+std::optional<QString> RecordsFile::chosenName(const QString &title)
+{
+    const Asking asking(*this);
+    const auto path = filechoice::chosenPath(
+        {&m_window, title, m_name, QLatin1StringView(rowOf(m_document.kind()).defaultName),
+         messagebox::Blocks::Window});
+    return path ? std::optional(filechoice::nameOf(*path)) : std::nullopt;
+}
+
+bool RecordsFile::saveAs()
+{
+    const auto chosen = m_typing.keep() ? chosenName(u"Save As"_s) : std::nullopt;
+    if (!chosen) {
+        return false;
+    }
+    const QString name = filechoice::withExtension(*chosen);
+    if (filechoice::areSame(name, m_name)) {
+        return save();
+    }
+    if (fileExists(name) && !asks(failures::inTheWay(name))) {
+        return false;
+    }
+    const Result<void> saved = m_document.saveAs(name);
+    if (!Document::isInFile(saved)) {
+        tell(failures::notRewritten(name, saved.error(), words::kept()));
+        return false;
+    }
+    m_name = name;
+    emit renamed();
+    finishSave(saved);
+    return true;
+}
+
+void RecordsFile::copy(const std::vector<int> &records)
+{
+    const auto chosen = m_typing.keep() ? chosenName(u"Copy To Another File"_s) : std::nullopt;
+    if (!chosen) {
+        return;
+    }
+    const QString name = fileExists(*chosen) ? *chosen : filechoice::withExtension(*chosen);
+    if (const Result<QByteArray> there = fileExists(name) ? readFile(name) : QByteArray()) {
+        const KindGuess guess = guessKind(*there, name);
+        if (!there->isEmpty() && guess.kind && *guess.kind != m_document.kind()) {
+            tell(words::otherKind(name, *guess.kind, m_document.kind()));
+            return;
+        }
+    }
+    if (const Result<void> copied = m_document.copyTo(name, records); !copied) {
+        tell(words::notCopied(name, copied.error()));
+        return;
+    }
+    emit said(words::copied(name, int(records.size())));
+}
+
+bool RecordsFile::mayClose()
+{
+    if (!hasChanges()) {
+        return true;
+    }
+    const messagebox::Unsaved answer = [&] {
+        const Asking asking(*this);
+        return messagebox::askUnsaved(&m_window, title(), words::unsaved(m_name));
+    }();
+    return answer == messagebox::Unsaved::Discard ||
+           (answer == messagebox::Unsaved::Save && save());
+}
+
+} // namespace tarvold::records

@@ -1,0 +1,86 @@
+#pragma once
+
+#include "records/document.h"
+#include "records/file_watch.h"
+#include "records/reading.h"
+#include "records/typing.h"
+
+#include <QObject>
+#include <QWidget>
+
+#include <optional>
+#include <vector>
+
+namespace tarvold::records {
+
+/// The file of a records window: loads and saves its document, follows what others do to the file,
+/// and asks and tells the user what that takes.
+class RecordsFile : public QObject
+{
+    Q_OBJECT
+public:
+    /// \param asking the window of all questions, which they block
+    RecordsFile(Document &document, QWidget &asking, Typing typing);
+
+    /// Loads a file.
+    /// \param kind of its records; nothing: it is guessed, or asked for
+    void load(const QString &name, std::optional<DataFileKind> kind);
+
+    const QString &name() const { return m_name; }
+    /// Whether the document holds the file.
+    bool isLoaded() const { return m_isLoaded; }
+    /// Whether a question waits for the user's answer.
+    bool isAsking() const { return m_asking > 0; }
+
+    /// Reads the same file as another kind of records. Asks first if changes would be lost.
+    void chooseKind(DataFileKind kind);
+    /// Reads the file again. Asks first if changes would be lost.
+    void reload();
+    /// Returns `true` when all changes are in the file.
+    bool save();
+    bool saveAs();
+    /// Appends records to another file that the user chooses.
+    void copy(const std::vector<int> &records);
+    /// Asks what should become of changes that are not saved. Returns `false` if they stay.
+    bool mayClose();
+    /// Looks whether the file changed on the disk.
+    void look() { m_watch.look(); }
+
+signals:
+    void loaded();
+    /// The file could not be loaded; there is nothing to show but this.
+    void failed(const QString &text);
+    /// The kind has to be chosen before anything can be shown.
+    void kindWanted();
+    /// Something was done; to be told in passing.
+    void said(const QString &text);
+    /// What the user should know of the file from now on; empty: nothing.
+    void noticed(const QString &text, bool offersReload);
+    /// The file has another name.
+    void renamed();
+
+private:
+    class Asking;
+
+    void take(const QByteArray &bytes, DataFileKind kind);
+    void fail(const FileError &error);
+    void follow();
+    void readAgain();
+    bool hasChanges() const;
+    bool asks(const QString &text);
+    void tell(const QString &text);
+    void finishSave(const Result<void> &saved);
+    bool saveElsewhere(const FileError &error);
+    std::optional<QString> chosenName(const QString &title);
+
+    Document &m_document;
+    QWidget &m_window;
+    Typing m_typing;
+    FileWatch m_watch;
+    QString m_name;
+    std::optional<DataFileKind> m_kind; ///< that was asked for or chosen
+    bool m_isLoaded = false;
+    int m_asking = 0;
+};
+
+} // namespace tarvold::records

@@ -1,0 +1,248 @@
+#include "records/records_tasks.h"
+
+#include "controls/busy_cursor.h"
+#include "records/problem_scan.h"
+#include "records/record_list_model.h"
+#include "records/record_list_view.h"
+#include "records/window_words.h"
+
+#include <QHeaderView>
+
+#include <algorithm>
+#include <numeric>
+
+namespace tarvold::records {
+
+using namespace Qt::StringLiterals;
+
+RecordsTasks::RecordsTasks(Document &document, RecordListModel &model, ProblemScan &scan,
+                           RecordListView &list, Typing typing)
+    : m_document(document)
+    , m_model(model)
+    , m_scan(scan)
+    , m_list(list)
+    , m_typing(std::move(typing))
+{
+}
+
+int RecordsTasks::current() const
+{
+    const QModelIndex index = m_list.currentIndex();
+    return index.isValid() ? m_model.indexAt(index.row()) : -1;
+}
+
+std::vector<int> RecordsTasks::selected() const
+{
+    std::vector<int> records;
+    for (const int row : m_list.selectedRows()) {
+        records.push_back(m_model.indexAt(row));
+    }
+    std::sort(records.begin(), records.end());
+    return records;
+}
+
+std::vector<int> RecordsTasks::currentAndTop() const
+{
+    std::vector<int> records;
+    const QModelIndex top = m_list.indexAt(QPoint(0, 0));
+    for (const QModelIndex &index : {m_list.currentIndex(), top}) {
+        if (index.isValid()) {
+            records.push_back(m_model.indexAt(index.row()));
+        }
+    }
+    return records;
+}
+
+void RecordsTasks::goBack(const std::vector<int> &selected, const std::vector<int> &currentAndTop)
+{
+    if (m_model.rowCount() == 0) {
+        return;
+    }
+    QItemSelection selection;
+    for (const int record : selected) {
+        if (const int row = m_model.rowOf(record); row >= 0) {
+            const QModelIndex index = m_model.index(row, 0);
+            selection.select(index, index);
+        }
+    }
+    const int current = currentAndTop.empty() ? -1 : m_model.rowOf(currentAndTop.front());
+    if (currentAndTop.size() > 1) {
+        m_list.scrollTo(m_model.index(m_model.rowOf(currentAndTop[1]), 0),
+                        QAbstractItemView::PositionAtTop);
+    }
+    if (current >= 0) {
+        m_list.selectionModel()->setCurrentIndex(m_model.index(current, 0),
+                                                 QItemSelectionModel::NoUpdate);
+    }
+    m_list.selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect |
+                                                   QItemSelectionModel::Rows);
+}
+
+bool RecordsTasks::isWholeFileShown() const
+{
+    return m_list.header()->sortIndicatorSection() < 0 && m_model.rowCount() == m_document.count();
+}
+
+void RecordsTasks::goTo(int record)
+{
+    if (const int row = m_model.rowOf(record); row >= 0) {
+        m_list.goTo(row);
+    }
+}
+
+void RecordsTasks::remove()
+{
+    if (!m_typing.keep()) {
+        return;
+    }
+    const std::vector<int> records = selected();
+    if (records.empty()) {
+        emit said(u"Select the records to delete."_s);
+        return;
+    }
+    m_document.remove(records);
+    emit said(words::deleted(int(records.size())));
+}
+
+void RecordsTasks::restore()
+{
+    if (!m_typing.keep()) {
+        return;
+    }
+    m_document.restore(selected());
+}
+
+void RecordsTasks::duplicate()
+{
+    if (!m_typing.keep()) {
+        return;
+    }
+    if (const int record = current(); record >= 0) {
+        m_document.duplicate(record);
+        goTo(record + 1);
+    }
+}
+
+void RecordsTasks::move(int by)
+{
+    if (!m_typing.keep()) {
+        return;
+    }
+    const int record = current();
+    const int target = record + by;
+    if (record < 0 || target < 0 || target >= m_document.count()) {
+        return;
+    }
+    if (!isWholeFileShown()) {
+        emit said(u"Records can be moved while all are shown in the file's order."_s);
+        return;
+    }
+    m_document.move(record, by);
+    goTo(target);
+    emit said(u"Moved to %1."_s.arg(target + 1));
+}
+
+void RecordsTasks::undo()
+{
+    if (!m_typing.keep()) {
+        return;
+    }
+    QUndoStack &stack = m_document.undoStack();
+    const QString what = stack.undoText();
+    if (stack.canUndo()) {
+        follow([&stack] { stack.undo(); });
+        emit said(u"Undone: %1."_s.arg(what));
+    }
+}
+
+void RecordsTasks::redo()
+{
+    if (!m_typing.keep()) {
+        return;
+    }
+    QUndoStack &stack = m_document.undoStack();
+    const QString what = stack.redoText();
+    if (stack.canRedo()) {
+        follow([&stack] { stack.redo(); });
+        emit said(u"Done again: %1."_s.arg(what));
+    }
+}
+
+/// Makes a change and shows the first record that it changed.
+void RecordsTasks::follow(const std::function<void()> &change)
+{
+    int first = -1;
+    const auto note = [&first](int record) {
+        first = first < 0 ? record : std::min(first, record);
+    };
+    QObject listener;
+    connect(&m_document, &Document::changed, &listener, note);
+    connect(&m_document, &Document::inserted, &listener, note);
+    connect(&m_document, &Document::removed, &listener, note);
+    change();
+    if (first >= 0 && m_document.count() > 0) {
+        goTo(std::min(first, m_document.count() - 1));
+    }
+}
+
+void RecordsTasks::goToProblem(int step)
+{
+    if (!m_typing.keep()) {
+        return;
+    }
+    const int rows = m_model.rowCount();
+    const int start =
+        m_list.currentIndex().isValid() ? m_list.currentIndex().row() : (step > 0 ? -1 : rows);
+    for (int away = 1; away <= rows; ++away) {
+        const int row = ((start + step * away) % rows + rows) % rows;
+        const int record = m_model.indexAt(row);
+        if (m_scan.countAt(record) > 0) {
+            m_list.goTo(row);
+            const std::vector<Problem> problems = m_scan.problemsAt(record);
+            emit said(problems.empty() ? QString() : problems.front().text);
+            return;
+        }
+    }
+    emit said(m_scan.isRunning() ? u"No problem found so far."_s : u"No problems."_s);
+}
+
+void RecordsTasks::repair(const std::vector<int> &records, const QString &what)
+{
+    if (!m_typing.keep()) {
+        return;
+    }
+    const BusyCursor busy;
+    std::vector<std::pair<int, QByteArray>> repaired;
+    int left = 0; // records with problems that have no repair
+    for (const int index : records) {
+        const Entry &entry = m_document.entry(index);
+        if (entry.isDeleted || m_scan.countAt(index) == 0) {
+            continue;
+        }
+        QByteArray bytes = records::repairAll(Record(entry.bytes, m_document.catalog()),
+                                              index == m_document.last());
+        if (bytes == entry.bytes) {
+            ++left;
+        } else {
+            repaired.emplace_back(index, std::move(bytes));
+        }
+    }
+    if (!repaired.empty()) {
+        m_document.replace(repaired, what);
+    }
+    emit said(words::repaired(int(repaired.size()), left));
+}
+
+void RecordsTasks::repairSelected()
+{
+    repair(selected(), u"Repair Selected Records"_s);
+}
+
+void RecordsTasks::repairAll()
+{
+    std::vector<int> all(std::size_t(m_document.count()));
+    std::iota(all.begin(), all.end(), 0);
+    repair(all, u"Repair All Problems"_s);
+}
+
+} // namespace tarvold::records

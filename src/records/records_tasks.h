@@ -1,0 +1,68 @@
+#pragma once
+
+#include "records/document.h"
+#include "records/typing.h"
+
+#include <QObject>
+#include <QString>
+
+#include <functional>
+#include <vector>
+
+namespace tarvold::records {
+
+class ProblemScan;
+class RecordListModel;
+class RecordListView;
+
+/// What the user does to the records of a window's list: deletes, moves, duplicates and repairs
+/// them, takes that back, and goes from problem to problem.
+class RecordsTasks : public QObject
+{
+    Q_OBJECT
+public:
+    RecordsTasks(Document &document, RecordListModel &model, ProblemScan &scan,
+                 RecordListView &list, Typing typing);
+
+    /// The record of the current row; -1: none.
+    int current() const;
+    /// The records that are selected, in the order of the file.
+    std::vector<int> selected() const;
+    /// Whether the list shows the records in the order of the file, and all of them.
+    bool isWholeFileShown() const;
+    /// The current record and the one at the top of the list, as far as there are such.
+    std::vector<int> currentAndTop() const;
+    /// Selects records and scrolls back to where the list stood.
+    void goBack(const std::vector<int> &selected, const std::vector<int> &currentAndTop);
+    /// Shows a record in the list, if the filter lets it through.
+    void goTo(int record);
+
+    void remove();
+    void restore();
+    void duplicate();
+    void move(int by);
+    void undo();
+    void redo();
+
+    /// Goes to the next record with a problem (1) or the one before (-1), round the end.
+    void goToProblem(int step);
+    /// Makes all repairs that are offered.
+    void repairSelected();
+    void repairAll();
+
+signals:
+    /// Something was done, or could not be done; to be told in passing.
+    void said(const QString &text);
+
+private:
+    void repair(const std::vector<int> &records, const QString &what);
+    void follow(const std::function<void()> &change);
+
+    Document &m_document;
+    RecordListModel &m_model;
+    ProblemScan &m_scan;
+    RecordListView &m_list;
+    Typing m_typing;
+};
+
+} // namespace tarvold::records

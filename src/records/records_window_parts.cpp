@@ -1,0 +1,167 @@
+#include "records/records_window_parts.h"
+
+#include "controls/announcement.h"
+#include "controls/controls.h"
+#include "controls/push_button.h"
+#include "controls/sizes.h"
+#include "controls/text_box.h"
+#include "records/chosen_record.h"
+#include "records/kind_box.h"
+#include "records/notice_line.h"
+#include "records/path_label.h"
+#include "records/problem_scan.h"
+#include "records/record_list_model.h"
+#include "records/record_list_view.h"
+#include "records/record_pane.h"
+#include "records/records_actions.h"
+#include "records/records_file.h"
+#include "records/records_tasks.h"
+#include "screens/hint_line.h"
+
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QProgressBar>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+namespace tarvold::records {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QLabel *newLabel(const QString &text, QWidget *buddy = nullptr)
+{
+    auto *label = new QLabel;
+    label->setTextFormat(Qt::PlainText);
+    label->setText(text);
+    label->setBuddy(buddy);
+    return label;
+}
+
+void keepRoomWhenHidden(QWidget &widget)
+{
+    QSizePolicy policy = widget.sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    widget.setSizePolicy(policy);
+}
+
+} // namespace
+
+RecordsWindow::Parts::Parts(RecordsWindow &window)
+    : window(window)
+    , scan(std::make_unique<ProblemScan>(document))
+    , model(std::make_unique<RecordListModel>(document, *scan))
+    , announcement(new Announcement(&window))
+{
+    auto *whole = new QWidget(&window);
+    auto *column = new QVBoxLayout(whole);
+    column->setContentsMargins(kMargin, kTightMargin, kMargin, kTightMargin);
+    column->setSpacing(kRowGap);
+    column->addLayout(newHead());
+    column->addLayout(newSearchRow());
+    notice = new NoticeLine;
+    column->addWidget(notice);
+    column->addWidget(newPages(), 1);
+    column->addLayout(newFoot());
+    window.setCentralWidget(whole);
+
+    const Typing typing = {[this] { return pane->commit(); },
+                           [this] { return pane->hasPending(); }};
+    file = new RecordsFile(document, window, typing);
+    tasks = new RecordsTasks(document, *model, *scan, *list, typing);
+    tasks->setParent(&window);
+    actions = new RecordsActions(window, *list);
+    connectFile();
+    new ChosenRecord(document, *scan, *model, *list, *pane);
+    connectList();
+    connectScan();
+    connectActions();
+}
+
+RecordsWindow::Parts::~Parts() = default;
+
+QLayout *RecordsWindow::Parts::newHead()
+{
+    auto *row = new QHBoxLayout;
+    row->setSpacing(kGap);
+    path = new PathLabel;
+    kind = new KindBox;
+    row->addWidget(path, 1);
+    row->addWidget(newLabel(u"Kind"_s, kind));
+    row->addWidget(kind);
+    return row;
+}
+
+QLayout *RecordsWindow::Parts::newSearchRow()
+{
+    auto *row = new QHBoxLayout;
+    row->setSpacing(kGap);
+    search = new TextBox;
+    search->setObjectName(u"search"_s);
+    search->setClearButtonEnabled(true);
+    controls::describe(*search, u"Search"_s,
+                       u"Shows the records that hold this text in any field or line."_s);
+    onlyProblems = new QCheckBox(u"Only With Problems"_s);
+    onlyProblems->setObjectName(u"onlyProblems"_s);
+    row->addWidget(newLabel(u"Search"_s, search));
+    row->addWidget(search, 1);
+    row->addWidget(onlyProblems);
+    return row;
+}
+
+QWidget *RecordsWindow::Parts::newPages()
+{
+    auto *splitter = new QSplitter(Qt::Horizontal);
+    splitter->setObjectName(u"splitter"_s);
+    splitter->setChildrenCollapsible(false);
+    splitter->setHandleWidth(kLeastTarget / 2);
+    list = new RecordListView;
+    list->setModel(model.get());
+    pane = new RecordPane;
+    splitter->addWidget(list);
+    splitter->addWidget(pane);
+    splitter->setStretchFactor(0, 1);
+    splitter->setStretchFactor(1, 1);
+
+    failure = newLabel({});
+    failure->setObjectName(u"failure"_s);
+    failure->setWordWrap(true);
+    failure->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    failure->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    failure->setAccessibleName(u"Why the file can't be shown"_s);
+    pages = new QStackedWidget;
+    pages->addWidget(splitter);
+    pages->addWidget(failure);
+    return pages;
+}
+
+QLayout *RecordsWindow::Parts::newFoot()
+{
+    auto *row = new QHBoxLayout;
+    row->setSpacing(kGap);
+    counts = newLabel({});
+    counts->setObjectName(u"counts"_s);
+    said = new HintLine;
+    said->setObjectName(u"said"_s);
+    progress = new QProgressBar;
+    progress->setObjectName(u"progress"_s);
+    progress->setAccessibleName(u"Records checked"_s);
+    progress->setFormat(u"Checking: %p %"_s);
+    stop = new PushButton(u"Stop"_s);
+    stop->setObjectName(u"stop"_s);
+    stop->setPurpose(u"Stops the search for problems."_s);
+    for (QWidget *widget : {static_cast<QWidget *>(progress), static_cast<QWidget *>(stop)}) {
+        keepRoomWhenHidden(*widget);
+        widget->hide();
+    }
+    row->addWidget(counts);
+    row->addWidget(said, 1);
+    row->addWidget(progress);
+    row->addWidget(stop);
+    return row;
+}
+
+} // namespace tarvold::records

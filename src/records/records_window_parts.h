@@ -1,0 +1,86 @@
+#pragma once
+
+#include "records/document.h"
+#include "records/records_window.h"
+
+class QCheckBox;
+class QLabel;
+class QProgressBar;
+class QStackedWidget;
+
+namespace tarvold {
+class Announcement;
+class HintLine;
+class PushButton;
+class TextBox;
+} // namespace tarvold
+
+namespace tarvold::records {
+
+class KindBox;
+class NoticeLine;
+class PathLabel;
+class ProblemScan;
+class RecordListModel;
+class RecordListView;
+class RecordPane;
+class RecordsActions;
+class RecordsFile;
+class RecordsTasks;
+
+/// All parts of a records window, and what connects them.
+class RecordsWindow::Parts
+{
+public:
+    explicit Parts(RecordsWindow &window);
+    ~Parts();
+
+    RecordsWindow &window;
+    Document document;
+    // Destroyed before the document, which they look at.
+    std::unique_ptr<ProblemScan> scan;
+    std::unique_ptr<RecordListModel> model;
+
+    PathLabel *path = nullptr;
+    KindBox *kind = nullptr;
+    TextBox *search = nullptr;
+    QCheckBox *onlyProblems = nullptr;
+    NoticeLine *notice = nullptr;
+    QStackedWidget *pages = nullptr; ///< the records, or why there are none
+    QLabel *failure = nullptr;
+    RecordListView *list = nullptr;
+    RecordPane *pane = nullptr;
+    QLabel *counts = nullptr;
+    HintLine *said = nullptr;
+    QProgressBar *progress = nullptr;
+    PushButton *stop = nullptr;
+    Announcement *announcement = nullptr;
+
+    RecordsFile *file = nullptr;
+    RecordsTasks *tasks = nullptr;
+    RecordsActions *actions = nullptr;
+
+    void showCounts();
+    void showTitle();
+    void tell(const QString &text);
+    void enableActions();
+
+private:
+    QLayout *newHead();
+    QLayout *newSearchRow();
+    QWidget *newPages();
+    QLayout *newFoot();
+    void connectFile();
+    void connectActions();
+    void connectList();
+    void connectScan();
+    void followRows();
+    void showScan();
+    void writeSimilar();
+    void fillSortMenu();
+    void showRecords();
+    void showFailure(const QString &text);
+    void keepPlaces();
+};
+
+} // namespace tarvold::records

@@ -1,0 +1,200 @@
+#include "controls/announcement.h"
+#include "controls/push_button.h"
+#include "controls/text_box.h"
+#include "records/kind_box.h"
+#include "records/notice_line.h"
+#include "records/path_label.h"
+#include "records/place_keeper.h"
+#include "records/problem_scan.h"
+#include "records/record_list_model.h"
+#include "records/record_list_view.h"
+#include "records/record_pane.h"
+#include "records/records_actions.h"
+#include "records/records_file.h"
+#include "records/records_tasks.h"
+#include "records/records_window_parts.h"
+#include "records/window_words.h"
+#include "screens/file_facts.h"
+#include "screens/hint_line.h"
+
+#include <QCheckBox>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMenu>
+#include <QProgressBar>
+#include <QScrollBar>
+#include <QSignalBlocker>
+#include <QStackedWidget>
+
+namespace tarvold::records {
+
+using namespace Qt::StringLiterals;
+
+void RecordsWindow::Parts::connectFile()
+{
+    QObject::connect(file, &RecordsFile::loaded, &window, [this] { showRecords(); });
+    QObject::connect(file, &RecordsFile::failed, &window,
+                     [this](const QString &text) { showFailure(text); });
+    QObject::connect(file, &RecordsFile::kindWanted, &window, [this] {
+        showFailure({});
+        kind->setFocus();
+    });
+    QObject::connect(file, &RecordsFile::said, &window,
+                     [this](const QString &text) { tell(text); });
+    QObject::connect(file, &RecordsFile::noticed, notice, &NoticeLine::show);
+    QObject::connect(file, &RecordsFile::renamed, &window, [this] { showTitle(); });
+    QObject::connect(notice, &NoticeLine::reloadRequested, file, &RecordsFile::reload);
+    QObject::connect(kind, &KindBox::kindChosen, file, &RecordsFile::chooseKind);
+    QObject::connect(&document.undoStack(), &QUndoStack::cleanChanged, &window,
+                     [this] { showTitle(); });
+    keepPlaces();
+}
+
+/// After a reload the list stands where it stood.
+void RecordsWindow::Parts::keepPlaces()
+{
+    struct Place
+    {
+        explicit Place(const Document &document) : selected(document), view(document) {}
+        PlaceKeeper selected;
+        PlaceKeeper view; ///< the current record and the one at the top
+        int scrolled = 0; ///< sideways
+    };
+    auto place = std::make_shared<Place>(document);
+    QObject::connect(&document, &Document::aboutToReset, &window, [this, place] {
+        place->selected.remember(tasks->selected());
+        place->view.remember(tasks->currentAndTop());
+        place->scrolled = list->horizontalScrollBar()->value();
+    });
+    QObject::connect(&document, &Document::reset, &window, [this, place] {
+        tasks->goBack(place->selected.found(), place->view.found());
+        list->horizontalScrollBar()->setValue(place->scrolled);
+        showCounts();
+    });
+}
+
+void RecordsWindow::Parts::showRecords()
+{
+    kind->show(document.kind());
+    pages->setCurrentIndex(0);
+    list->setPlaceholder(document.count() == 0 ? u"This file has no records."_s
+                                               : u"No record is like that."_s);
+    list->fitColumns();
+    fillSortMenu();
+    if (tasks->current() < 0 && model->rowCount() > 0) {
+        list->goTo(0);
+    }
+    showTitle();
+    showCounts();
+    enableActions();
+}
+
+void RecordsWindow::Parts::showFailure(const QString &text)
+{
+    kind->show({});
+    if (failure->text() != text) {
+        failure->setText(text);
+        failure->setAccessibleName(text);
+    }
+    pages->setCurrentIndex(1);
+    showTitle();
+    enableActions();
+}
+
+void RecordsWindow::Parts::showTitle()
+{
+    const QString name = file->name();
+    const QString whole = filefacts::wholePath(name);
+    path->show(whole.isEmpty() ? name : whole);
+    // The mark of changes is written as "[*]", and so can be a file's name.
+    const QString shown = QFileInfo(name).fileName().replace(u"[*]"_s, u"[*][*]"_s);
+    window.setWindowTitle(shown + u"[*] - Tarvold Data Editor"_s);
+    window.setWindowModified(file->isLoaded() && document.isChanged());
+}
+
+void RecordsWindow::Parts::tell(const QString &text)
+{
+    said->showHints(text.isEmpty() ? QStringList() : QStringList(text));
+    if (!text.isEmpty()) {
+        announcement->tell(text);
+    }
+}
+
+void RecordsWindow::Parts::showCounts()
+{
+    const int problems = scan->total();
+    onlyProblems->setText(u"Only With Problems (%1)"_s.arg(problems));
+    const int shown = model->rowCount();
+    QString text = words::countOf(document.count());
+    if (shown != document.count()) {
+        text = u"%1 of %2"_s.arg(QString::number(shown), text);
+    }
+    counts->setText(text);
+}
+
+void RecordsWindow::Parts::connectList()
+{
+    QObject::connect(search, &QLineEdit::textChanged, model.get(), &RecordListModel::setSearch);
+    QObject::connect(onlyProblems, &QCheckBox::toggled, model.get(),
+                     &RecordListModel::setOnlyProblems);
+    QObject::connect(tasks, &RecordsTasks::said, &window,
+                     [this](const QString &text) { tell(text); });
+    QObject::connect(list->selectionModel(), &QItemSelectionModel::currentRowChanged, &window,
+                     [this] { enableActions(); });
+    QObject::connect(list->selectionModel(), &QItemSelectionModel::selectionChanged, &window,
+                     [this] { enableActions(); });
+    for (const auto &signal : {&RecordListModel::rearranged, &RecordListModel::settled}) {
+        QObject::connect(model.get(), signal, &window, [this] { followRows(); });
+    }
+    for (const auto &signal : {&RecordListModel::rowsInserted, &RecordListModel::rowsRemoved}) {
+        QObject::connect(model.get(), signal, &window, [this] { showCounts(); });
+    }
+    list->setContextMenuPolicy(Qt::CustomContextMenu);
+    QObject::connect(list, &QWidget::customContextMenuRequested, &window,
+                     [this](const QPoint &where) {
+                         actions->recordMenu().popup(list->viewport()->mapToGlobal(where));
+                     });
+    QObject::connect(list, &QAbstractItemView::activated, &window, [this] { pane->goToField(0); });
+}
+
+/// After a search or a sort the chosen record is in sight again.
+void RecordsWindow::Parts::followRows()
+{
+    if (list->currentIndex().isValid()) {
+        list->scrollTo(list->currentIndex());
+    } else if (model->rowCount() > 0) {
+        list->goTo(0);
+    }
+    showCounts();
+    enableActions();
+}
+
+void RecordsWindow::Parts::connectScan()
+{
+    QObject::connect(scan.get(), &ProblemScan::progress, &window, [this](int checked, int count) {
+        progress->setRange(0, count);
+        progress->setValue(checked);
+        showScan();
+    });
+    QObject::connect(scan.get(), &ProblemScan::found, &window, [this] { showCounts(); });
+    QObject::connect(scan.get(), &ProblemScan::finished, &window, [this] { showScan(); });
+    QObject::connect(stop, &QPushButton::clicked, &window, [this] {
+        if (scan->isRunning()) {
+            scan->stop();
+        } else {
+            scan->start();
+        }
+        showScan();
+    });
+}
+
+void RecordsWindow::Parts::showScan()
+{
+    const bool isDone = scan->checked() >= document.count() && !scan->isRunning();
+    progress->setVisible(!isDone);
+    stop->setVisible(!isDone);
+    stop->setText(scan->isRunning() ? u"Stop"_s : u"Go On"_s);
+    showCounts();
+}
+
+} // namespace tarvold::records

@@ -1,0 +1,110 @@
+#include "records/window_words.h"
+
+#include "records/kind_box.h"
+
+#include <QStringList>
+
+namespace tarvold::records::words {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString contentOf(DataFileKind kind)
+{
+    return QLatin1StringView(rowOf(kind).content);
+}
+
+} // namespace
+
+QString outdated(const QString &name)
+{
+    return u"The file \"%1\" was changed by another program after it was loaded.\n\nYes writes "
+           "your records over it, and what the other program changed is lost. After No your "
+           "changes are still here; to keep both, save them to another file with Save As.\n\n"
+           "Write over it?"_s.arg(name);
+}
+
+QString kept()
+{
+    return u"All your changes are still here."_s;
+}
+
+QString notCopied(const QString &name, const FileError &error)
+{
+    const QString state = error.outcome == FileOutcome::Unchanged
+                              ? u"Nothing was written."_s
+                              : u"Part of the records may be in the file and could not be taken "
+                                "out again."_s;
+    return u"The file \"%1\" could not be written.\n\n%2\n\n%3"_s.arg(name, error.cause, state);
+}
+
+QString unsaved(const QString &name)
+{
+    return u"The file \"%1\" has changes that are not saved.\n\nSave them before the window "
+           "closes?"_s.arg(name);
+}
+
+QString forgetByReload(const QString &name)
+{
+    return u"The file \"%1\" has changes that are not saved.\n\nYes reads the file again, and all "
+           "your changes are lost.\n\nRead it again?"_s.arg(name);
+}
+
+QString forgetByKind(const QString &name, DataFileKind kind)
+{
+    return u"The file \"%1\" has changes that are not saved.\n\nYes reads the file again, as %2, "
+           "and all your changes are lost.\n\nRead it so?"_s.arg(name, contentOf(kind));
+}
+
+QString otherKind(const QString &name, DataFileKind found, DataFileKind kind)
+{
+    return u"The file \"%1\" seems to hold %2, and these records are %3.\n\nNothing was written. "
+           "Choose a file of the same kind."_s.arg(name, contentOf(found), contentOf(kind));
+}
+
+QString tossUp(const std::vector<DataFileKind> &likely)
+{
+    if (likely.size() < 2 || likely.size() == kDataFileKinds.size()) {
+        return u"Nothing in this file tells what its records are. Choose the kind above."_s;
+    }
+    QStringList kinds;
+    for (const DataFileKind kind : likely) {
+        kinds << contentOf(kind);
+    }
+    const QString last = kinds.takeLast();
+    return u"This file may hold %1 or %2. Choose the kind above."_s.arg(kinds.join(u", "_s), last);
+}
+
+QString saved(const QString &name, int records)
+{
+    return u"Saved %1 to %2."_s.arg(countOf(records), name);
+}
+
+QString copied(const QString &name, int records)
+{
+    return u"Copied %1 to %2."_s.arg(countOf(records), name);
+}
+
+QString deleted(int records)
+{
+    return u"Deleted %1. What the file holds stays in the list until it is saved."_s.arg(
+        countOf(records));
+}
+
+QString repaired(int records, int left)
+{
+    QString text =
+        records == 0 ? u"No problem has a repair."_s : u"Repaired %1."_s.arg(countOf(records));
+    if (left > 0) {
+        text += u" %1 with problems that only you can decide."_s.arg(countOf(left));
+    }
+    return text;
+}
+
+QString countOf(int records)
+{
+    return records == 1 ? u"1 record"_s : u"%1 records"_s.arg(records);
+}
+
+} // namespace tarvold::records::words

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "datafiles/data_file_kind.h"
+#include "disk/file_error.h"
+
+#include <QString>
+
+#include <vector>
+
+/// What a records window says of its file.
+namespace tarvold::records::words {
+
+/// Another program changed the file since it was loaded: asks whether to overwrite it.
+QString outdated(const QString &name);
+/// What a failed save leaves the user.
+QString kept();
+/// Records could not be copied to another file.
+QString notCopied(const QString &name, const FileError &error);
+/// Asks what should become of the changes before the window closes.
+QString unsaved(const QString &name);
+/// Asks whether to read the file again and forget the changes.
+QString forgetByReload(const QString &name);
+/// Asks whether to read the file as another kind of records and forget the changes.
+QString forgetByKind(const QString &name, DataFileKind kind);
+/// A record can't be copied to a file of another kind.
+QString otherKind(const QString &name, DataFileKind found, DataFileKind kind);
+/// The kinds that a file may be of, and that the user has to choose.
+QString tossUp(const std::vector<DataFileKind> &likely);
+
+QString saved(const QString &name, int records);
+QString copied(const QString &name, int records);
+QString deleted(int records);
+/// \param left records with problems that no repair is known for
+QString repaired(int records, int left);
+/// "1 record", "2 records".
+QString countOf(int records);
+
+} // namespace tarvold::records::words

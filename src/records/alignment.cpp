@@ -50,11 +50,10 @@ Alignment::Step Alignment::best(const Cell &cell)
     return found;
 }
 
-void Alignment::add(QByteArrayView line, std::optional<QByteArrayView> previous)
+void Alignment::add(Sort sort, bool isDoubled)
 {
-    const Sort sort = sortOf(line);
     const std::uint16_t *const cost = m_costs.row(sort);
-    const int off = previous && *previous == line ? LineCosts::kDoubled : 0;
+    const int off = isDoubled ? LineCosts::kDoubled : 0;
     const int surplus =
         (sort == Sort::Empty ? LineCosts::kSurplusEmpty : LineCosts::kSurplus) - off;
     const int surplusToo = LineCosts::kSurplusToo - off;

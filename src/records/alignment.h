@@ -30,8 +30,8 @@ public:
     /// Begins anew, at the start of a record.
     void clear();
 
-    /// Aligns one more line. \param previous the line before it; nothing at the start of the file
-    void add(QByteArrayView line, std::optional<QByteArrayView> previous);
+    /// Aligns one more line. \param isDoubled whether it is the same as the line before it
+    void add(Sort sort, bool isDoubled);
 
     /// How many lines have been added.
     int lines() const { return int(m_steps.size() / std::size_t(m_columns)) - 1; }

@@ -86,7 +86,7 @@ const char *startValue(const Screening &screens, const ControlRef &control)
         }
     }
     for (const auto &[screen, rows] : endingflow::values()) {
-        for (const ValueRow &row : rows) {
+        for (const endingflow::ValueRow &row : rows) {
             if (screens.ending && isSame({screen, row.control}, control)) {
                 return row.values.at(static_cast<std::size_t>(*screens.ending));
             }

@@ -17,17 +17,17 @@ struct KnownTag
     QString meaning;                              ///< its item in the tag list
     int decider = -1;                             ///< the field whose text may refuse it; -1: none
     bool (*isRefused)(const QString &) = nullptr; ///< takes that text as its screen shows it
-    QString message;                              ///< why it is refused, as its screen says
+    QString message = {};                         ///< why it is refused, as its screen says
 };
 
 /// One line of a record: its field and what its screen offers for it.
 struct KnownField
 {
     const RecordField *field = nullptr;
-    QString caption;   ///< its name, without a colon at the end
-    QStringList items; ///< the list that its screen offers, as shown there; empty: any text
-    QStringList words; ///< the same as they stand in the file
-    QString newText;   ///< the line that the field has in a record that nobody filled in
+    QString caption;        ///< its name, without a colon at the end
+    QStringList items = {}; ///< the list that its screen offers, as shown there; empty: any text
+    QStringList words = {}; ///< the same as they stand in the file
+    QString newText = {};   ///< the line that the field has in a record that nobody filled in
 };
 
 /// What the screens know of one kind of record: made from their own tables, so it cannot disagree

@@ -131,8 +131,8 @@ Role roleOf(const Catalog &catalog, int field)
 // clang-format off
 constexpr std::array<std::array<double, 8>, 8> kOddness = {{
     // Empty Blank Number Other Name Sentence Tagged word
-    {   6,    10,   5,     4,    2,   0,       0,     5}, // FirstCommentary
-    {   4,     0,   5,     4,    2,   0,       0,     5}, // Commentary
+    {   6,    10,   7,     5,    2,   0,       0,     5}, // FirstCommentary
+    {   4,     0,   7,     5,    2,   0,       0,     5}, // Commentary
     {   6,    11,   6,     5,    0,   4,       9,     6}, // Text
     {   6,    11,   7,     5,    1,   5,       9,     6}, // AppliedText
     {   8,    12,   8,     8,    6,  10,      12,     9}, // OpenList
@@ -186,13 +186,16 @@ const LineCosts &LineCosts::of(DataFileKind kind)
     return all.at(std::size_t(kind));
 }
 
-bool LineCosts::areLikely(const std::vector<Line> &lines) const
+std::optional<int> LineCosts::oddnessOf(const std::vector<Line> &record) const
 {
+    if (record.size() != std::size_t(m_fieldCount)) {
+        return std::nullopt;
+    }
     int oddness = 0;
     for (int field = 0; field < m_fieldCount; ++field) {
-        oddness += oddnessOf(field, sortOf(lines[std::size_t(field)].text));
+        oddness += oddnessOf(field, sortOf(record[std::size_t(field)].text));
     }
-    return oddness <= kMostOddness;
+    return oddness;
 }
 
 LineCosts::LineCosts(const Catalog &catalog)

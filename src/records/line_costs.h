@@ -50,11 +50,10 @@ public:
         return m_oddness[std::size_t(field) * 256 + std::size_t(sort)];
     }
 
-    /// Whether lines suit a record's fields, in their order, so well that nothing can be missing or
-    /// too many among them. \param lines as many as there are fields
-    bool areLikely(const std::vector<Line> &lines) const;
-    /// The most oddness of a record whose lines are likely.
-    static constexpr int kMostOddness = 22 * 8;
+    /// How odd lines are for the fields of a record, one by one; nothing if they are not as many.
+    std::optional<int> oddnessOf(const std::vector<Line> &record) const;
+    /// The most oddness of a record that is taken as it stands.
+    static constexpr int kMostOddness = 12 * 8;
 
     int fieldCount() const { return m_fieldCount; }
 

@@ -1,6 +1,7 @@
 #include "records/reading.h"
 
 #include "records/alignment.h"
+#include "records/splitter.h"
 
 #include <algorithm>
 #include <numeric>
@@ -18,15 +19,14 @@ Layout layoutOf(const std::vector<Line> &lines, const Catalog &catalog)
     const LineCosts &costs = LineCosts::of(catalog.kind());
     Layout layout;
     layout.lineOfField.resize(std::size_t(costs.fieldCount()), -1);
-    if (std::size_t(costs.fieldCount()) == lines.size() && costs.areLikely(lines)) {
+    if (costs.oddnessOf(lines).value_or(LineCosts::kMostOddness + 1) <= LineCosts::kMostOddness) {
         std::iota(layout.lineOfField.begin(), layout.lineOfField.end(), 0);
         return layout;
     }
     Alignment alignment(costs, Alignment::Records::One);
-    std::optional<QByteArrayView> previous;
-    for (const Line &line : lines) {
-        alignment.add(line.text, previous);
-        previous = line.text;
+    for (std::size_t line = 0; line < lines.size(); ++line) {
+        const bool isDoubled = line > 0 && lines[line].text == lines[line - 1].text;
+        alignment.add(sortOf(lines[line].text), isDoubled);
     }
     const std::vector<int> fieldOfLine = alignment.pathToEnd().fieldOfLine;
     for (int line = 0; line < int(fieldOfLine.size()); ++line) {
@@ -42,19 +42,7 @@ Layout layoutOf(const std::vector<Line> &lines, const Catalog &catalog)
 std::optional<std::vector<qsizetype>> splitIntoRecords(QByteArrayView file, const Catalog &catalog,
                                                        const Progress &progress)
 {
-    std::vector<qsizetype> starts;
-    AnyLineReader reader(file);
-    for (int line = 0; !reader.atEnd(); line = (line + 1) % catalog.fieldCount()) {
-        if (line == 0) {
-            starts.push_back(file.size() - reader.rest().size());
-            if (progress && starts.size() % 4096 == 0 &&
-                !progress(double(starts.back()) / double(file.size()))) {
-                return std::nullopt;
-            }
-        }
-        reader.readLine();
-    }
-    return starts;
+    return Splitter(file, LineCosts::of(catalog.kind()), progress).split();
 }
 
 } // namespace tarvold::records

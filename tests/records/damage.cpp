@@ -1,0 +1,105 @@
+#include "records/damage.h"
+
+#include <set>
+
+namespace tarvold::records {
+namespace {
+
+/// What a record's layout says is wrong with it, against the fault that it has.
+void judge(const Record &found, const RecordLines &original, const Fault &fault, Tally &tally)
+{
+    const Layout &layout = found.layout();
+    std::vector<int> missing;
+    for (int field = 0; field < int(layout.lineOfField.size()); ++field) {
+        if (layout.lineOfField[std::size_t(field)] < 0) {
+            missing.push_back(field);
+        }
+    }
+    if (missing.size() != (fault.isDoubled ? 0U : 1U) ||
+        layout.surplus.size() != (fault.isDoubled ? 1U : 0U)) {
+        return;
+    }
+    const Catalog &catalog = found.catalog();
+    QByteArray repaired;
+    int named = 0;
+    if (fault.isDoubled) {
+        const int line = layout.surplus.front();
+        named = line == fault.field + 1 ? fault.field : line;
+        repaired = found.withoutLine(line);
+    } else {
+        named = missing.front();
+        repaired = found.withLine(named, original.at(fault.field));
+    }
+    const bool isAlike = repaired == bytesOf(original);
+    tally.fields += named == fault.field ? 1 : 0;
+    tally.alike += isAlike ? 1 : 0;
+    const bool areBothCommentary = catalog.isCommentary(named) && catalog.isCommentary(fault.field);
+    tally.inCommentary += !isAlike && areBothCommentary ? 1 : 0;
+}
+
+} // namespace
+
+QByteArray damaged(std::vector<RecordLines> records, const std::vector<Fault> &faults)
+{
+    for (const Fault &fault : faults) {
+        RecordLines &record = records.at(std::size_t(fault.record));
+        if (fault.isDoubled) {
+            record.insert(fault.field, QByteArray(record.at(fault.field)));
+        } else {
+            record.removeAt(fault.field);
+        }
+    }
+    return bytesOf(records);
+}
+
+std::vector<Record> recordsOf(const QByteArray &file, const Catalog &catalog)
+{
+    std::vector<Record> records;
+    const auto starts = splitIntoRecords(file, catalog).value();
+    for (std::size_t record = 0; record < starts.size(); ++record) {
+        const bool isLast = record + 1 == starts.size();
+        const qsizetype end = isLast ? file.size() : starts[record + 1];
+        records.emplace_back(file.sliced(starts[record], end - starts[record]), catalog);
+    }
+    return records;
+}
+
+void Tally::add(const std::vector<RecordLines> &originals, const std::vector<Fault> &made,
+                const Catalog &catalog)
+{
+    const std::vector<Record> found = recordsOf(damaged(originals, made), catalog);
+    std::set<int> expected;
+    for (const Fault &fault : made) {
+        expected.insert(fault.record);
+    }
+    std::set<int> named;
+    for (int record = 0; record < int(found.size()); ++record) {
+        if (!found[std::size_t(record)].layout().isWhole()) {
+            named.insert(record);
+        }
+    }
+    ++files;
+    faults += int(made.size());
+    const bool areNamed = found.size() == originals.size() && named == expected;
+    records += areNamed ? 1 : 0;
+    if (!areNamed) {
+        return;
+    }
+    for (const Fault &fault : made) {
+        const auto record = std::size_t(fault.record);
+        judge(found[record], originals[record], fault, *this);
+    }
+}
+
+Tally &Tally::operator+=(const Tally &other)
+{
+    files += other.files;
+    faults += other.faults;
+    records += other.records;
+    fields += other.fields;
+    alike += other.alike;
+    inCommentary += other.inCommentary;
+    return *this;
+}
+
+} // namespace tarvold::records

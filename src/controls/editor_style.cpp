@@ -8,6 +8,8 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QStyleOption>
+#include <QTabBar>
+#include <QTextEdit>
 
 namespace tarvold {
 
@@ -27,14 +29,23 @@ bool isList(const QWidget *widget)
     return qobject_cast<const QAbstractItemView *>(widget) != nullptr;
 }
 
-/// Marks the focused row of a list. Buttons show the focus on their outline instead.
+/// Whether its content stands on the background of boxes.
+bool isBox(const QWidget *widget)
+{
+    return isList(widget) || qobject_cast<const QTextEdit *>(widget) != nullptr;
+}
+
+/// Marks the focused row of a list and the focused tab. Buttons show the focus on their outline
+/// instead.
 void drawFocusRect(const QStyleOption &option, QPainter &painter, const QWidget *widget)
 {
-    if (!isList(widget)) {
+    const bool isTab = qobject_cast<const QTabBar *>(widget) != nullptr;
+    if (!isList(widget) && !isTab) {
         return;
     }
     const bool isSelected = option.state.testFlag(QStyle::State_Selected);
-    const QColor behind = option.palette.color(isSelected ? QPalette::Highlight : QPalette::Base);
+    const QPalette::ColorRole box = isSelected ? QPalette::Highlight : QPalette::Base;
+    const QColor behind = option.palette.color(isTab ? QPalette::Window : box);
     painter.save();
     painter.setPen(QPen(
         contrast::visible(option.palette.color(QPalette::Highlight), {behind}, contrast::kControl),
@@ -72,6 +83,7 @@ QSize leastSize(QStyle::ContentsType type)
         return {kLeastTarget, kControlHeight};
     case QStyle::CT_MenuItem:
     case QStyle::CT_ItemViewItem:
+    case QStyle::CT_TabBarTab:
         return {kLeastTarget, kLeastTarget};
     default:
         return {};
@@ -167,7 +179,7 @@ void EditorStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *op
         return;
     case PE_Frame:
         styleparts::drawShape(*painter, option->rect, palette,
-                              isList(widget) ? palette.base() : palette.window(),
+                              isBox(widget) ? palette.base() : palette.window(),
                               widget != nullptr && widget->hasFocus());
         return;
     case PE_FrameFocusRect:

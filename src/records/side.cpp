@@ -97,7 +97,7 @@ QString tellManager(Teller &teller, const SideFields &fields)
     teller.markTold(*fields.manager);
     const QString gender = tellNoun(teller, fields.managerGender, kGenders, false);
     const QString noun = gender.isEmpty() ? u"manager"_s : gender + u" manager"_s;
-    const QString who = name.isEmpty() ? u"a "_s + noun : u"the "_s + noun + u' ' + name;
+    const QString who = name.isEmpty() ? u"a %1"_s.arg(noun) : u"the %1 %2"_s.arg(noun, name);
     const Phrase works[] = {{fields.managerWorks, "Yes", " who is a worker"},
                             {fields.managerWorks, "No", " who is not a worker"}};
     return u"with "_s + who + teller.tell(*fields.managerWorks, works);

@@ -1,0 +1,122 @@
+#include "records/field_editor.h"
+
+#include "controls/combo_box.h"
+#include "controls/contrast.h"
+#include "controls/text_box.h"
+#include "records/field_text.h"
+#include "records/wrapped_box.h"
+
+#include <QKeyEvent>
+
+namespace tarvold::records {
+
+using namespace Qt::StringLiterals;
+
+FieldEditor::FieldEditor(const KnownField &known, QWidget *parent) : QObject(parent), m_known(known)
+{
+    if (known.items.isEmpty()) {
+        m_box = new WrappedBox(parent);
+        m_control = m_box;
+        connect(m_box, &WrappedBox::left, this, &FieldEditor::finished);
+    } else {
+        m_combo = new ComboBox(parent);
+        m_control = m_combo;
+        m_combo->addItems(known.items);
+        m_combo->markUnlisted(u"Not in the list."_s);
+        connect(qobject_cast<TextBox *>(m_combo->lineEdit()), &TextBox::left, this,
+                &FieldEditor::finished);
+        connect(m_combo, &ComboBox::chosen, this, &FieldEditor::finished);
+    }
+    m_control->installEventFilter(this);
+}
+
+QString FieldEditor::text() const
+{
+    return m_combo != nullptr ? m_combo->currentText() : m_box->text();
+}
+
+void FieldEditor::setText(const QString &text)
+{
+    if (m_combo != nullptr) {
+        const int cursor = m_combo->lineEdit()->cursorPosition();
+        m_combo->setText(text);
+        m_combo->lineEdit()->setCursorPosition(m_combo->lineEdit()->hasFocus() ? cursor : 0);
+    } else {
+        m_box->setText(text);
+    }
+}
+
+void FieldEditor::followPalette()
+{
+    // The style's own is too pale to read.
+    QPalette colours;
+    const QColor behind = colours.color(QPalette::Base);
+    colours.setColor(QPalette::PlaceholderText,
+                     contrast::visible(Qt::gray, {behind}, contrast::kText));
+    m_control->setPalette(colours);
+}
+
+void FieldEditor::setPlaceholder(const QString &text)
+{
+    QLineEdit *line = m_combo != nullptr ? m_combo->lineEdit() : nullptr;
+    if (text == (line != nullptr ? line->placeholderText() : m_box->placeholderText())) {
+        return;
+    }
+    if (line != nullptr) {
+        line->setPlaceholderText(text);
+    } else {
+        m_box->setPlaceholderText(text);
+    }
+}
+
+void FieldEditor::show(const std::optional<QString> &line)
+{
+    const bool wasPending = isPending();
+    setPlaceholder(line ? fieldtext::emptyMark(m_known, *line) : u"(missing)"_s);
+    const QString shown = line ? fieldtext::shown(m_known, *line) : QString();
+    if (shown == m_shown) {
+        return;
+    }
+    if (wasPending) {
+        m_shown = shown;
+        return;
+    }
+    setText(shown);
+    m_shown = text(); // a control may show a character as another; that is no change by the user
+}
+
+QString FieldEditor::pendingLine() const
+{
+    return fieldtext::lineFor(m_known, text());
+}
+
+bool FieldEditor::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress) {
+        return filterKey(static_cast<QKeyEvent &>(*event));
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+bool FieldEditor::filterKey(QKeyEvent &key)
+{
+    const bool isAsked = key.type() == QEvent::ShortcutOverride; // who wants this key
+    if (!isPending() && (key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo))) {
+        key.ignore(); // the window undoes the last change
+        return isAsked;
+    }
+    const bool isEnter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+    const bool isEscape = key.key() == Qt::Key_Escape && isPending();
+    if (!isEnter && !isEscape) {
+        return false;
+    }
+    key.accept();
+    if (!isAsked && isEnter) {
+        emit finished();
+    } else if (!isAsked) {
+        revert();
+    }
+    return true;
+}
+
+} // namespace tarvold::records

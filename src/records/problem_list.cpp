@@ -1,0 +1,145 @@
+#include "records/problem_list.h"
+
+#include "controls/controls.h"
+#include "controls/list_box.h"
+#include "controls/push_button.h"
+#include "controls/sizes.h"
+
+#include <QKeyEvent>
+#include <QLabel>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace tarvold::records {
+
+using namespace Qt::StringLiterals;
+
+ProblemList::ProblemList(QWidget *parent)
+    : QWidget(parent)
+    , m_heading(new QLabel(this))
+    , m_list(new ListBox(this))
+    , m_offer(new QLabel(this))
+    , m_repair(new PushButton(u"Repair"_s, this))
+{
+    m_list->setObjectName(u"problems"_s);
+    m_list->setModel(&m_texts);
+    m_list->setWordWrap(true);
+    m_list->setResizeMode(QListView::Adjust);
+    m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_list->installEventFilter(this);
+    controls::describe(*m_list, u"Problems"_s, u"Enter goes to the field."_s);
+    m_heading->setObjectName(u"problemheading"_s);
+    m_offer->setObjectName(u"repairoffer"_s);
+    m_offer->setWordWrap(true);
+    m_repair->setObjectName(u"repair"_s);
+    for (QLabel *label : {m_heading, m_offer}) {
+        label->setTextFormat(Qt::PlainText);
+    }
+    auto *row = new QHBoxLayout;
+    row->setSpacing(kGap);
+    row->addWidget(m_offer, 1);
+    row->addWidget(m_repair, 0, Qt::AlignTop);
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins({});
+    column->setSpacing(kRowGap);
+    column->addWidget(m_heading);
+    column->addWidget(m_list);
+    column->addLayout(row);
+    connect(m_list, &QListView::clicked, this, &ProblemList::choose);
+    connect(m_list->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            &ProblemList::followSelection);
+    connect(m_list->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &ProblemList::followSelection);
+    connect(m_repair, &QPushButton::clicked, this, [this] {
+        if (const Problem *problem = selected(); problem != nullptr) {
+            emit repairRequested(Problem(*problem)); // a repair changes the list
+        }
+    });
+    hide();
+}
+
+void ProblemList::setProblems(std::vector<Problem> problems)
+{
+    const Problem *before = selected();
+    const QString text = before != nullptr ? before->text : QString();
+    m_problems = std::move(problems);
+    QStringList texts;
+    for (const Problem &problem : m_problems) {
+        texts << problem.text;
+    }
+    if (texts != m_texts.stringList()) {
+        m_texts.setStringList(texts);
+        m_list->setCurrentIndex(m_texts.index(int(std::max<qsizetype>(texts.indexOf(text), 0))));
+    }
+    m_heading->setText(texts.size() == 1 ? u"1 problem:"_s : u"%1 problems:"_s.arg(texts.size()));
+    setVisible(!texts.isEmpty());
+    followSelection();
+    fitHeight();
+}
+
+void ProblemList::setEditable(bool editable)
+{
+    m_isEditable = editable;
+    followSelection();
+}
+
+const Problem *ProblemList::selected() const
+{
+    const std::optional<int> row = m_list->selectedRow();
+    return row && std::size_t(*row) < m_problems.size() ? &m_problems.at(std::size_t(*row))
+                                                        : nullptr;
+}
+
+void ProblemList::choose()
+{
+    if (const Problem *problem = selected(); problem != nullptr) {
+        emit chosen(Problem(*problem));
+    }
+}
+
+void ProblemList::followSelection()
+{
+    const Problem *problem = selected();
+    const bool isOffered = m_isEditable && problem != nullptr && !problem->repair.isEmpty();
+    m_offer->setText(isOffered ? problem->repair : QString());
+    m_offer->setVisible(isOffered);
+    if (!isOffered && m_repair->hasFocus()) {
+        m_list->setFocus(Qt::OtherFocusReason); // else Qt would pass the focus on to anything
+    }
+    m_repair->setVisible(isOffered);
+    if (isOffered) {
+        m_repair->setPurpose(problem->repair);
+    }
+}
+
+bool ProblemList::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent &>(*event).key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            choose();
+            return true;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void ProblemList::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    fitHeight();
+}
+
+void ProblemList::fitHeight()
+{
+    constexpr int kMostRows = 4; // more scroll
+    int height = 2 * m_list->frameWidth();
+    for (int row = 0; row < std::min(m_texts.rowCount(), kMostRows); ++row) {
+        height += std::max(m_list->sizeHintForIndex(m_texts.index(row)).height(), kLeastTarget);
+    }
+    m_list->setFixedHeight(height);
+}
+
+} // namespace tarvold::records

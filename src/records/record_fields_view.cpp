@@ -1,0 +1,324 @@
+#include "records/record_fields_view.h"
+
+#include "controls/bounded_column.h"
+#include "controls/contrast.h"
+#include "controls/controls.h"
+#include "controls/long_text.h"
+#include "controls/message_box.h"
+#include "controls/scroll_pane.h"
+#include "controls/sizes.h"
+#include "datafiles/code_page.h"
+#include "records/field_editor.h"
+#include "screens/failures.h"
+
+#include <QEvent>
+#include <QGridLayout>
+#include <QLabel>
+#include <QScrollBar>
+#include <QTimer>
+
+#include <algorithm>
+
+namespace tarvold::records {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qsizetype kMostShown = 2000; ///< of a text that cannot be edited
+
+} // namespace
+
+RecordFieldsView::RecordFieldsView(QWidget *parent) : QWidget(parent), m_pane(new ScrollPane(this))
+{
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins({});
+    column->addWidget(m_pane);
+    m_pane->setObjectName(u"fields"_s);
+    // Else texts would wrap anew whenever the bar comes or goes.
+    m_pane->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+}
+
+RecordFieldsView::~RecordFieldsView()
+{
+    // An editor that has the focus is left when QWidget deletes it, after this destructor.
+    for (const auto &form : m_forms) {
+        for (const Row &row : form->rows) {
+            if (row.editor != nullptr) {
+                row.editor->disconnect(this);
+            }
+        }
+    }
+}
+
+RecordFieldsView::Form &RecordFieldsView::formOf(const Catalog &catalog)
+{
+    const auto found = std::find_if(m_forms.begin(), m_forms.end(),
+                                    [&](const auto &form) { return form->catalog == &catalog; });
+    if (found != m_forms.end()) {
+        return **found;
+    }
+    m_forms.push_back(newForm(catalog));
+    m_pane->column().addWidget(m_forms.back()->place);
+    return *m_forms.back();
+}
+
+std::unique_ptr<RecordFieldsView::Form> RecordFieldsView::newForm(const Catalog &catalog)
+{
+    auto form = std::make_unique<Form>();
+    form->catalog = &catalog;
+    form->place = new QWidget;
+    auto *grid = new QGridLayout(form->place);
+    grid->setContentsMargins({});
+    grid->setHorizontalSpacing(kGap);
+    grid->setVerticalSpacing(kRowGap);
+    grid->setColumnStretch(1, 2);
+    grid->setColumnStretch(2, 3);
+    for (int field = 0; field <= catalog.fieldCount(); ++field) {
+        form->rows.push_back(newRow(*grid, catalog, field));
+    }
+    grid->setRowStretch(grid->rowCount(), 1);
+    recolour(*form);
+    return form;
+}
+
+QLabel *RecordFieldsView::newLabel(QGridLayout &grid, int row, int column, int columns,
+                                   const QString &name)
+{
+    auto *label = new QLabel(grid.parentWidget());
+    label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    grid.addWidget(label, row, column, 1, columns);
+    return label;
+}
+
+RecordFieldsView::Row RecordFieldsView::newRow(QGridLayout &grid, const Catalog &catalog, int field)
+{
+    const int top = 3 * field;
+    const QString number = QString::number(field + 1);
+    Row row{};
+    row.surplus = newLabel(grid, top, 1, 2, u"surplus"_s + number);
+    row.surplus->hide();
+    if (field == catalog.fieldCount()) {
+        return row;
+    }
+    const KnownField &known = catalog.fields().at(std::size_t(field));
+    row.number = newLabel(grid, top + 1, 0, 1, u"number"_s + number);
+    row.number->setWordWrap(false);
+    row.number->setText(number);
+    row.caption = newLabel(grid, top + 1, 1, 1, u"caption"_s + number);
+    row.caption->setText(known.caption);
+    for (QLabel *label : {row.number, row.caption}) {
+        label->setMinimumHeight(kControlHeight);
+        grid.setAlignment(label, Qt::AlignTop);
+    }
+    row.number->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    row.editor = new FieldEditor(known, grid.parentWidget());
+    QWidget &control = row.editor->control();
+    control.setObjectName(u"field"_s + number);
+    controls::describe(control, known.caption, u"Line %1"_s.arg(number));
+    grid.addWidget(&control, top + 1, 2);
+    row.note = newLabel(grid, top + 2, 2, 1, u"note"_s + number);
+    row.note->hide();
+    connect(row.editor, &FieldEditor::finished, this, [this, field] { commitField(field); });
+    return row;
+}
+
+void RecordFieldsView::showRecord(const Record &record)
+{
+    if (m_form != nullptr) {
+        for (const Row &row : m_form->rows) {
+            if (row.editor != nullptr) {
+                row.editor->revert();
+            }
+        }
+    }
+    updateRecord(record);
+    m_pane->verticalScrollBar()->setValue(0);
+}
+
+void RecordFieldsView::updateRecord(const Record &record)
+{
+    Form &form = formOf(record.catalog());
+    setUpdatesEnabled(false);
+    if (m_form != &form) {
+        clear();
+        m_form = &form;
+    }
+    fill(record);
+    showSurplus(record);
+    form.place->show();
+    setUpdatesEnabled(true);
+}
+
+void RecordFieldsView::clear()
+{
+    if (m_form != nullptr) {
+        m_form->place->hide();
+        m_form = nullptr;
+    }
+}
+
+void RecordFieldsView::fill(const Record &record)
+{
+    for (int field = 0; field < record.catalog().fieldCount(); ++field) {
+        m_form->rows.at(std::size_t(field)).editor->show(record.lineText(field));
+    }
+}
+
+void RecordFieldsView::showSurplus(const Record &record)
+{
+    const std::vector<int> &lineOfField = record.layout().lineOfField;
+    std::vector<QStringList> told(m_form->rows.size());
+    m_fieldBehind.assign(record.lines().size(), -1);
+    for (const int line : record.layout().surplus) {
+        const auto behind = std::find_if(lineOfField.begin(), lineOfField.end(),
+                                         [line](int other) { return other > line; });
+        const auto row = std::size_t(behind - lineOfField.begin());
+        m_fieldBehind.at(std::size_t(line)) = int(row);
+        const QString text = codepage::decode(record.lines().at(std::size_t(line)).text);
+        told.at(row) << u"Line too many: \"%1\""_s.arg(longtext::quoted(text, kMostShown));
+    }
+    for (std::size_t row = 0; row < told.size(); ++row) {
+        QLabel *label = m_form->rows.at(row).surplus;
+        label->setText(longtext::breakable(told.at(row).join(u'\n')));
+        label->setVisible(!told.at(row).isEmpty());
+    }
+}
+
+void RecordFieldsView::setProblems(const std::vector<Problem> &problems)
+{
+    if (m_form == nullptr) {
+        return;
+    }
+    std::vector<QStringList> notes(m_form->rows.size());
+    for (const Problem &problem : problems) {
+        if (problem.field >= 0 && std::size_t(problem.field) + 1 < notes.size()) {
+            notes.at(std::size_t(problem.field)) << problem.text;
+        }
+    }
+    for (std::size_t field = 0; field + 1 < notes.size(); ++field) {
+        showNote(m_form->rows.at(field), notes.at(field).join(u'\n'));
+    }
+}
+
+void RecordFieldsView::showNote(const Row &row, const QString &note)
+{
+    const QString shown = longtext::breakable(note);
+    if (row.note->text() == shown) {
+        return;
+    }
+    row.note->setText(shown);
+    row.note->setVisible(!note.isEmpty());
+    const QString line = u"Line "_s + row.number->text();
+    controls::describe(row.editor->control(), row.editor->known().caption,
+                       note.isEmpty() ? line : line + u". "_s + note);
+}
+
+void RecordFieldsView::recolour(const Form &form)
+{
+    QPalette colours;
+    colours.setColor(
+        QPalette::WindowText,
+        contrast::visible(Qt::red, {colours.color(QPalette::Window)}, contrast::kText));
+    for (const Row &row : form.rows) {
+        row.surplus->setPalette(colours);
+        if (row.editor != nullptr) {
+            row.note->setPalette(colours);
+            row.editor->followPalette();
+        }
+    }
+}
+
+void RecordFieldsView::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        for (const auto &form : m_forms) {
+            recolour(*form);
+        }
+    }
+}
+
+void RecordFieldsView::setEditable(bool editable)
+{
+    m_pane->widget()->setEnabled(editable);
+}
+
+bool RecordFieldsView::hasPending() const
+{
+    return m_form != nullptr &&
+           std::any_of(m_form->rows.begin(), m_form->rows.end(), [](const Row &row) {
+               return row.editor != nullptr && row.editor->isPending();
+           });
+}
+
+bool RecordFieldsView::commit()
+{
+    const Form *form = m_form;
+    bool isKept = true;
+    // Whoever hears of a change may show another kind of records.
+    for (int field = 0; form != nullptr && m_form == form && field < form->catalog->fieldCount();
+         ++field) {
+        isKept = commitField(field) && isKept;
+    }
+    return isKept;
+}
+
+bool RecordFieldsView::commitField(int field)
+{
+    FieldEditor &editor = *m_form->rows.at(std::size_t(field)).editor;
+    if (!editor.isPending()) {
+        return true;
+    }
+    const codepage::Encoded line = encodeLine(editor.pendingLine());
+    if (line.missing) {
+        refuse(field, *line.missing);
+        return false;
+    }
+    editor.keep();
+    emit lineEdited(field, line.bytes);
+    return true;
+}
+
+void RecordFieldsView::refuse(int field, char32_t character)
+{
+    if (m_isRefusing) {
+        return;
+    }
+    m_isRefusing = true;
+    // Not now: the focus is just leaving the editor, and a message would take it, too.
+    QTimer::singleShot(0, this, [this, field, character] {
+        const QString caption = m_form != nullptr
+                                    ? m_form->catalog->fields().at(std::size_t(field)).caption
+                                    : QString();
+        emit refused(field);
+        messagebox::notice(window(), QLatin1StringView(messagebox::kTitle),
+                           failures::cannotHold({caption, character}));
+        m_isRefusing = false;
+        goToField(field);
+    });
+}
+
+void RecordFieldsView::goToField(int field)
+{
+    if (m_form == nullptr || field < 0 || field >= m_form->catalog->fieldCount()) {
+        return;
+    }
+    QWidget &control = m_form->rows.at(std::size_t(field)).editor->control();
+    control.setFocus(Qt::OtherFocusReason);
+    m_pane->ensureWidgetVisible(&control);
+}
+
+void RecordFieldsView::goToLine(int line)
+{
+    if (m_form == nullptr || line < 0 || std::size_t(line) >= m_fieldBehind.size()) {
+        return;
+    }
+    if (const int row = m_fieldBehind.at(std::size_t(line)); row >= 0) {
+        m_pane->ensureWidgetVisible(m_form->rows.at(std::size_t(row)).surplus);
+    }
+}
+
+} // namespace tarvold::records

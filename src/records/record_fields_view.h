@@ -1,0 +1,103 @@
+#pragma once
+
+#include "records/problems.h"
+#include "records/record.h"
+
+#include <QWidget>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+class QGridLayout;
+class QLabel;
+
+namespace tarvold {
+class ScrollPane;
+}
+
+namespace tarvold::records {
+
+class FieldEditor;
+
+/// A record line by line: number, caption and editor of each field, a missing line shown as such,
+/// and a surplus line as such at its place. What is wrong with a line stands below it.
+///
+/// A text is kept when its editor is left, by Enter, and by commit(). Each kind's editors are made
+/// once and used again for all its records.
+class RecordFieldsView : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit RecordFieldsView(QWidget *parent = nullptr);
+    ~RecordFieldsView() override;
+    Q_DISABLE_COPY_MOVE(RecordFieldsView)
+
+    /// Shows a record, scrolled to its top.
+    void showRecord(const Record &record);
+    /// Shows a record that is the same but for its bytes: the focus, the cursor, the scroll
+    /// position and what is pending stay.
+    void updateRecord(const Record &record);
+    void clear();
+
+    void setProblems(const std::vector<Problem> &problems);
+
+    /// Whether the editors take text.
+    void setEditable(bool editable);
+
+    /// Keeps what is pending in any editor. Returns `false` if an editor holds a character that the
+    /// file cannot hold: its text stays there, and a message tells the user.
+    bool commit();
+    bool hasPending() const;
+
+    /// Gives the focus to a field's editor.
+    void goToField(int field);
+    /// Scrolls to the surplus lines before a line of the record, from 0.
+    void goToLine(int line);
+
+signals:
+    /// The user changed a field.
+    /// \param line as it stands in the file, without an end
+    void lineEdited(int field, const QByteArray &line);
+    /// A text could not be kept, and its editor has to be in sight for the message.
+    void refused(int field);
+
+protected:
+    void changeEvent(QEvent *event) override;
+
+private:
+    struct Row
+    {
+        QLabel *surplus; ///< the lines before this field that hold no field; hidden if none
+        QLabel *number;
+        QLabel *caption;
+        FieldEditor *editor; ///< null in the last row, behind the last field
+        QLabel *note;        ///< what is wrong; hidden if nothing
+    };
+    /// The rows of one kind.
+    struct Form
+    {
+        const Catalog *catalog;
+        QWidget *place;
+        std::vector<Row> rows;
+    };
+
+    Form &formOf(const Catalog &catalog);
+    std::unique_ptr<Form> newForm(const Catalog &catalog);
+    Row newRow(QGridLayout &grid, const Catalog &catalog, int field);
+    QLabel *newLabel(QGridLayout &grid, int row, int column, int columns, const QString &name);
+    void fill(const Record &record);
+    void showSurplus(const Record &record);
+    static void showNote(const Row &row, const QString &note);
+    static void recolour(const Form &form);
+    bool commitField(int field);
+    void refuse(int field, char32_t character);
+
+    ScrollPane *m_pane;
+    std::vector<std::unique_ptr<Form>> m_forms;
+    Form *m_form = nullptr;         ///< the one that is shown
+    std::vector<int> m_fieldBehind; ///< by line: the row whose surplus label tells of it, or -1
+    bool m_isRefusing = false;      ///< a message is shown, or about to be
+};
+
+} // namespace tarvold::records

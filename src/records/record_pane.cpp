@@ -1,0 +1,191 @@
+#include "records/record_pane.h"
+
+#include "controls/announcement.h"
+#include "controls/long_text.h"
+#include "controls/sizes.h"
+#include "records/preview.h"
+#include "records/problem_list.h"
+#include "records/record_fields_view.h"
+#include "records/shown_view.h"
+
+#include <QLabel>
+#include <QShortcut>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace tarvold::records {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qsizetype kMostShown = 2000; ///< of the sentence; names may be of any length
+
+/// What is announced when a change has made other problems.
+QString announcementOf(std::size_t problems)
+{
+    if (problems == 0) {
+        return u"No problems."_s;
+    }
+    return problems == 1 ? u"1 problem."_s : u"%1 problems."_s.arg(problems);
+}
+
+} // namespace
+
+RecordPane::RecordPane(QWidget *parent)
+    : QWidget(parent)
+    , m_conditions(new QLabel(this))
+    , m_problems(new ProblemList(this))
+    , m_tabs(new QTabWidget(this))
+    , m_shown(new ShownView)
+    , m_fields(new RecordFieldsView)
+    , m_announcement(new Announcement(this))
+{
+    setObjectName(u"record"_s);
+    m_conditions->setObjectName(u"conditions"_s);
+    m_conditions->setTextFormat(Qt::PlainText);
+    m_conditions->setWordWrap(true);
+    m_conditions->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins({});
+    column->setSpacing(kGap);
+    column->addWidget(m_conditions);
+    column->addWidget(m_problems);
+    column->addWidget(m_tabs, 1);
+    addTabs();
+    connect(m_problems, &ProblemList::chosen, this, &RecordPane::goTo);
+    connect(m_problems, &ProblemList::repairRequested, this, [this](const Problem &problem) {
+        if (commit()) {
+            emit repairRequested(problem);
+        }
+    });
+    connect(m_fields, &RecordFieldsView::lineEdited, this, &RecordPane::lineEdited);
+    connect(m_fields, &RecordFieldsView::refused, this, [this] { setView(View::AsWritten); });
+    clear();
+}
+
+RecordPane::~RecordPane()
+{
+    m_fields->disconnect(this);
+}
+
+void RecordPane::addTabs()
+{
+    m_tabs->setObjectName(u"views"_s);
+    m_tabs->tabBar()->setObjectName(u"viewtabs"_s);
+    m_tabs->tabBar()->setAccessibleName(u"Views of the record"_s);
+    m_tabs->tabBar()->setDrawBase(true);
+    const struct
+    {
+        QWidget *page;
+        QString caption;
+        QKeySequence keys;
+    } tabs[] = {{m_shown, u"As Shown"_s, Qt::CTRL | Qt::Key_1},
+                {m_fields, u"As Written"_s, Qt::CTRL | Qt::Key_2}};
+    for (const auto &[page, caption, keys] : tabs) {
+        page->layout()->setContentsMargins(kRowGap, kRowGap, kRowGap, kRowGap);
+        const int index = m_tabs->addTab(page, caption);
+        m_tabs->setTabToolTip(index, keys.toString(QKeySequence::NativeText));
+        auto *shortcut = new QShortcut(keys, this);
+        connect(shortcut, &QShortcut::activated, this, [this, index] {
+            setView(View(index));
+            m_tabs->tabBar()->setFocus(Qt::ShortcutFocusReason);
+        });
+    }
+}
+
+void RecordPane::tell(const Record &record)
+{
+    const QString sentence = longtext::quoted(conditionsOf(record), kMostShown);
+    m_conditions->setText(longtext::breakable(sentence));
+    m_tabs->tabBar()->setAccessibleDescription(sentence);
+    m_tabs->show();
+}
+
+void RecordPane::showRecord(const Record &record)
+{
+    m_isUpdate = false;
+    tell(record);
+    m_shown->showRecord(record);
+    m_fields->showRecord(record);
+}
+
+void RecordPane::updateRecord(const Record &record)
+{
+    m_isUpdate = true;
+    tell(record);
+    m_shown->updateRecord(record);
+    m_fields->updateRecord(record);
+}
+
+void RecordPane::clear()
+{
+    m_isUpdate = false;
+    m_conditions->setText(u"No record is chosen."_s);
+    m_problems->setProblems({});
+    m_shown->clear();
+    m_fields->clear();
+    m_tabs->hide();
+}
+
+void RecordPane::setProblems(const std::vector<Problem> &problems)
+{
+    const std::size_t before = m_problems->problems().size();
+    m_problems->setProblems(problems);
+    m_fields->setProblems(problems);
+    if (std::exchange(m_isUpdate, false) && problems.size() != before) {
+        m_announcement->tell(announcementOf(problems.size()));
+    }
+}
+
+void RecordPane::setEditable(bool editable)
+{
+    m_fields->setEditable(editable);
+    m_problems->setEditable(editable);
+}
+
+bool RecordPane::commit()
+{
+    return m_fields->commit();
+}
+
+bool RecordPane::hasPending() const
+{
+    return m_fields->hasPending();
+}
+
+RecordPane::View RecordPane::view() const
+{
+    return View(m_tabs->currentIndex());
+}
+
+void RecordPane::setView(View view)
+{
+    m_tabs->setCurrentIndex(int(view));
+}
+
+void RecordPane::goToField(int field)
+{
+    setView(View::AsWritten);
+    m_fields->goToField(field);
+}
+
+void RecordPane::goTo(const Problem &problem)
+{
+    setView(View::AsWritten);
+    if (problem.field >= 0) {
+        m_fields->goToField(problem.field);
+    } else {
+        m_fields->goToLine(problem.line);
+    }
+}
+
+QSize RecordPane::sizeHint() const
+{
+    return {fontMetrics().averageCharWidth() * 70, fontMetrics().height() * 35};
+}
+
+} // namespace tarvold::records

@@ -1,0 +1,200 @@
+#include "records/shown_view.h"
+
+#include "controls/bounded_column.h"
+#include "controls/contrast.h"
+#include "controls/controls.h"
+#include "controls/scroll_pane.h"
+#include "controls/sizes.h"
+#include "controls/text_box.h"
+
+#include <QEvent>
+#include <QGridLayout>
+#include <QLabel>
+#include <QScrollBar>
+#include <QTextEdit>
+
+#include <algorithm>
+
+namespace tarvold::records {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QTextCharFormat formatOf(ShownPart::Type type, const QPalette &palette)
+{
+    const QColor behind = palette.color(QPalette::Base);
+    QTextCharFormat format;
+    format.setForeground(palette.color(QPalette::Text));
+    if (type == ShownPart::Type::FilledIn) {
+        const QColor blue(0x10, 0x58, 0xB0);
+        format.setForeground(contrast::visible(blue, {behind}, contrast::kText));
+        format.setFontUnderline(true);
+    } else if (type == ShownPart::Type::UnknownTag) {
+        format.setForeground(contrast::visible(Qt::red, {behind}, contrast::kText));
+        format.setFontWeight(QFont::Bold);
+    }
+    return format;
+}
+
+bool has(const std::vector<ShownLine> &lines, ShownPart::Type type)
+{
+    return std::any_of(lines.begin(), lines.end(), [type](const ShownLine &line) {
+        return std::any_of(line.begin(), line.end(),
+                           [type](const ShownPart &part) { return part.type == type; });
+    });
+}
+
+QString meaningOf(const Catalog &catalog, const QString &tag)
+{
+    const auto known = std::find_if(catalog.tags().begin(), catalog.tags().end(),
+                                    [&tag](const KnownTag &row) { return row.tag == tag; });
+    return known == catalog.tags().end() ? tag : known->meaning;
+}
+
+QLabel *newLabel(const char *name, QWidget *parent)
+{
+    auto *label = new QLabel(parent);
+    label->setObjectName(QLatin1StringView(name));
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    return label;
+}
+
+} // namespace
+
+ShownView::ShownView(QWidget *parent)
+    : QWidget(parent)
+    , m_text(new QTextEdit(this))
+    , m_legend(newLabel("legend", this))
+    , m_castHeading(newLabel("castheading", this))
+    , m_castPane(new ScrollPane(this))
+    , m_castGrid(new QGridLayout)
+{
+    m_text->setObjectName(u"shown"_s);
+    m_text->setReadOnly(true);
+    m_text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    m_text->setTabChangesFocus(true);
+    controls::describe(*m_text, u"The record as shown"_s);
+    m_castHeading->setText(u"Names that the record leaves open (an example, for this run only):"_s);
+    m_castPane->setObjectName(u"cast"_s);
+    m_castPane->column().addLayout(m_castGrid);
+    m_castPane->column().addStretch();
+    m_castGrid->setHorizontalSpacing(kGap);
+    m_castGrid->setVerticalSpacing(kRowGap);
+    m_castGrid->setColumnStretch(0, 2);
+    m_castGrid->setColumnStretch(1, 3);
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins({});
+    column->addWidget(m_text, 3);
+    column->addWidget(m_legend);
+    column->addWidget(m_castHeading);
+    column->addWidget(m_castPane, 2);
+    clear();
+}
+
+void ShownView::showRecord(const Record &record)
+{
+    updateRecord(record);
+    m_text->verticalScrollBar()->setValue(0);
+    m_castPane->verticalScrollBar()->setValue(0);
+}
+
+void ShownView::updateRecord(const Record &record)
+{
+    const QByteArray &bytes = record.bytes();
+    // A file that is loaded anew takes its bytes away.
+    m_record.emplace(QByteArray(bytes.constData(), bytes.size()), record.catalog());
+    write();
+    fillCast();
+}
+
+void ShownView::clear()
+{
+    m_record.reset();
+    m_text->clear();
+    m_legend->hide();
+    m_castHeading->hide();
+    m_castPane->hide();
+}
+
+void ShownView::write()
+{
+    const std::vector<ShownLine> lines = asShown(*m_record, Cast::ofThisRun());
+    const int scrolled = m_text->verticalScrollBar()->value();
+    m_text->clear();
+    QTextCursor cursor(m_text->document());
+    for (const ShownLine &line : lines) {
+        if (&line != lines.data()) {
+            cursor.insertBlock();
+        }
+        for (const ShownPart &part : line) {
+            cursor.insertText(part.text, formatOf(part.type, palette()));
+        }
+    }
+    m_text->verticalScrollBar()->setValue(scrolled);
+    writeLegend(has(lines, ShownPart::Type::FilledIn), has(lines, ShownPart::Type::UnknownTag));
+}
+
+void ShownView::writeLegend(bool hasFilledIn, bool hasUnknown)
+{
+    QStringList told;
+    if (hasFilledIn) {
+        told << u"Underlined words are filled in."_s;
+    }
+    if (hasUnknown) {
+        told << u"Bold red words are no known tags."_s;
+    }
+    m_legend->setText(told.join(u' '));
+    m_legend->setVisible(!told.isEmpty());
+}
+
+void ShownView::newCastRow()
+{
+    const auto row = int(m_castRows.size());
+    auto *label = newLabel("", this);
+    auto *box = new TextBox(this);
+    box->setObjectName(u"cast%1"_s.arg(row + 1));
+    m_castGrid->addWidget(label, row, 0);
+    m_castGrid->addWidget(box, row, 1);
+    m_castRows.push_back({label, box, {}});
+    connect(box, &QLineEdit::textEdited, this, [this, row](const QString &text) {
+        Cast::ofThisRun().setText(m_castRows.at(std::size_t(row)).tag, text);
+        write();
+    });
+}
+
+void ShownView::fillCast()
+{
+    const QStringList tags = openTags(*m_record);
+    while (qsizetype(m_castRows.size()) < tags.size()) {
+        newCastRow();
+    }
+    for (qsizetype row = 0; row < qsizetype(m_castRows.size()); ++row) {
+        CastRow &castRow = m_castRows.at(std::size_t(row));
+        castRow.tag = tags.value(row);
+        castRow.label->setVisible(row < tags.size());
+        castRow.box->setVisible(row < tags.size());
+        if (row < tags.size()) {
+            const QString meaning = meaningOf(m_record->catalog(), castRow.tag);
+            castRow.label->setText(meaning);
+            controls::describe(*castRow.box, meaning, castRow.tag);
+            const QString text = Cast::ofThisRun().textFor(castRow.tag);
+            if (castRow.box->text() != text) {
+                castRow.box->setText(text);
+            }
+        }
+    }
+    m_castHeading->setVisible(!tags.isEmpty());
+    m_castPane->setVisible(!tags.isEmpty());
+}
+
+void ShownView::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && m_record) {
+        write(); // in colours that can be read on the new background
+    }
+}
+
+} // namespace tarvold::records

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "records/preview.h"
+
+#include <QWidget>
+
+#include <optional>
+#include <vector>
+
+class QGridLayout;
+class QLabel;
+class QTextEdit;
+
+namespace tarvold {
+class ScrollPane;
+class TextBox;
+} // namespace tarvold
+
+namespace tarvold::records {
+
+/// A record as its audience reads it, and the cast that fills the tags which the record's own names
+/// leave open. The user may change the cast; it lasts as long as the program.
+class ShownView : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit ShownView(QWidget *parent = nullptr);
+
+    /// Shows a record, scrolled to its top.
+    void showRecord(const Record &record);
+    /// Shows a record that is the same but for its bytes: the scroll position stays.
+    void updateRecord(const Record &record);
+    void clear();
+
+protected:
+    void changeEvent(QEvent *event) override;
+
+private:
+    struct CastRow
+    {
+        QLabel *label;
+        TextBox *box;
+        QString tag;
+    };
+
+    void newCastRow();
+    void fillCast();
+    void write();
+    void writeLegend(bool hasFilledIn, bool hasUnknown);
+
+    std::optional<Record> m_record; ///< with bytes of its own
+    QTextEdit *m_text;
+    QLabel *m_legend;
+    QLabel *m_castHeading;
+    ScrollPane *m_castPane;
+    QGridLayout *m_castGrid;
+    std::vector<CastRow> m_castRows; ///< used again for each record
+};
+
+} // namespace tarvold::records

@@ -2,9 +2,12 @@
 
 #include "records/record.h"
 
+#include <QHash>
 #include <QString>
 
 #include <optional>
+#include <span>
+#include <utility>
 #include <vector>
 
 /// What is wrong with records, in words, and how to repair it.
@@ -24,7 +27,7 @@ struct Problem
         UnclosedTag,
         RefusedTag,
         EmptyFirstLine, ///< the import leaves such a record out
-        EmptyLine,      ///< where "-BLANK-" belongs
+        EmptyLine,      ///< where "-BLANK-" belongs, or another word or a text
         SameKey,        ///< a stipulation's match type and name stand twice in the file
         SameRecord,
         OtherKind, ///< the record looks like one of another kind
@@ -39,9 +42,17 @@ struct Problem
 };
 
 /// All problems of one record by itself, in the order of its lines.
+///
+/// A record that looks like one of another kind has no others but in its bytes, as its lines would
+/// be measured by the wrong fields. Of a line with very many wrong tags only the first are told.
 /// \param number of the record, from 1, for the texts
-/// \param isLast whether it is the file's last record, whose last line end may be missing
+/// \param isLast whether it is the file's last record. Its lines past the end are told in other
+/// words. The line end of its last line is asked for in any record
 std::vector<Problem> problemsOf(const Record &record, int number, bool isLast);
+
+/// The record after all repairs that are offered, and those that are offered then, until none is.
+/// The same bytes if there is none.
+QByteArray repairAll(const Record &record, bool isLast);
 
 /// Finds what can only be seen by comparing records: the same record or key twice. Add all records
 /// in their order.
@@ -51,11 +62,19 @@ public:
     explicit Comparison(const Catalog &catalog) : m_catalog(catalog) {}
 
     /// The problems of the next record beside those before it.
-    std::vector<Problem> add(const Record &record);
+    /// \param number of the record, from 1, for the texts; without it, how many were added
+    std::vector<Problem> add(const Record &record, std::optional<int> number = {});
 
 private:
+    /// Stands for a text; two texts that differ have the same one practically never.
+    using Print = std::pair<std::size_t, std::size_t>;
+
+    static Print printOf(std::span<const Line> lines);
+
     const Catalog &m_catalog;
-    // ... hashes
+    int m_count = 0;
+    QHash<Print, int> m_records; ///< the number of the first record with these lines
+    QHash<Print, int> m_keys;    ///< the same of a stipulation's match type and name
 };
 
 } // namespace tarvold::records

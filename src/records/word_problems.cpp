@@ -1,0 +1,224 @@
+// Lines that are empty, or outside the coding or list of their field.
+
+#include "datafiles/tags.h"
+#include "records/checks.h"
+#include "records/edits.h"
+#include "records/wording.h"
+
+#include <algorithm>
+
+namespace tarvold::records::checks {
+
+using namespace Qt::StringLiterals;
+using namespace wording;
+
+namespace {
+
+constexpr int kLeastNumber = 1;
+constexpr int kMostNumber = 100;
+
+QString putThere(const QString &word)
+{
+    return u"Put \"%1\" there"_s.arg(word);
+}
+
+void offer(const Examined &examined, const QString &word, Problem &problem)
+{
+    problem.repair = putThere(word);
+    problem.repaired = edits::withText(examined.record, problem.line, word.toLatin1());
+}
+
+/// What is left of a word without regard to capital letters, blanks and marks.
+QString bare(const QString &word)
+{
+    QString letters;
+    for (const QChar character : word) {
+        if (character.isLetterOrNumber()) {
+            letters.append(character.toLower());
+        }
+    }
+    return letters;
+}
+
+/// The closest number of a list of numbers.
+std::optional<QString> nearestNumber(const QString &text)
+{
+    QString digits = text.trimmed();
+    if (digits.endsWith(u'%')) {
+        digits.chop(1);
+    }
+    bool isNumber = false;
+    const int number = digits.trimmed().toInt(&isNumber);
+    return isNumber ? std::optional(QString::number(std::clamp(number, kLeastNumber, kMostNumber)))
+                    : std::nullopt;
+}
+
+/// The index of the item that was probably meant; -1 if none was. A text that looks the same but
+/// for capital letters and marks comes before one with wrong letters, as "NA" is close to "No" too.
+qsizetype meantItem(const KnownField &known, const QString &text)
+{
+    const QString letters = bare(text);
+    if (letters.isEmpty()) {
+        return -1;
+    }
+    QStringList candidates;
+    for (qsizetype item = 0; item < known.items.size(); ++item) {
+        if (letters == bare(known.items.at(item)) || letters == bare(known.words.at(item))) {
+            return item;
+        }
+        bool isNumber = false;
+        (void)known.items.at(item).toInt(&isNumber);
+        candidates << (isNumber ? QString() : known.items.at(item));
+    }
+    constexpr qsizetype kFewestLetters = 3; // of two letters, one wrong one is too much
+    const auto nearest =
+        letters.size() < kFewestLetters ? std::nullopt : tags::nearest(text, candidates);
+    return nearest ? candidates.indexOf(*nearest) : -1;
+}
+
+/// The word that was probably meant, as it stands in the file.
+std::optional<QString> meantWord(const Examined &examined, int field, const QString &text)
+{
+    const KnownField &known = examined.known(field);
+    if (known.field->coding == Coding::AlwaysNo) {
+        return u"No"_s;
+    }
+    if (examined.rules.isNumber(field)) {
+        if (const std::optional<QString> number = nearestNumber(text)) {
+            return number;
+        }
+    }
+    if (known.field->coding == Coding::Number) {
+        return std::nullopt;
+    }
+    const qsizetype item = meantItem(known, text);
+    return item < 0 ? std::nullopt : std::optional(known.words.at(item));
+}
+
+/// What is wrong with the word.
+QString whyUnknown(const KnownField &known, const QString &shown)
+{
+    switch (known.field->coding) {
+    case Coding::FinisherType:
+    case Coding::QualityWord:
+        return u"the game does not know %1."_s.arg(shown);
+    case Coding::Number:
+        return u"%1 is not a number from 1 to 100."_s.arg(shown);
+    case Coding::AlwaysNo:
+        return u"the editor always writes \"No\" here, not %1."_s.arg(shown);
+    case Coding::AsShown:
+    case Coding::NoOrText:
+    case Coding::BlankIfEmpty:
+        break;
+    }
+    return u"%1 is not in the list, so the game probably does not know it."_s.arg(shown);
+}
+
+/// Asks whether a word was meant, and says what it stands for if that is something else.
+QString didYouMean(const KnownField &known, const QString &word)
+{
+    if (known.field->coding == Coding::AlwaysNo) {
+        return {};
+    }
+    const QString item = known.items.value(known.words.indexOf(word));
+    return item.isEmpty() || item == word
+               ? u" Did you mean \"%1\"?"_s.arg(word)
+               : u" Did you mean \"%1\", which stands for %2?"_s.arg(word, item);
+}
+
+Problem unknownWord(const Examined &examined, int field)
+{
+    const KnownField &known = examined.known(field);
+    const QString text = codepage::decode(examined.line(examined.lineOf(field)).text);
+    Problem problem = {.type = Problem::Type::UnknownWord,
+                       .field = field,
+                       .line = examined.lineOf(field),
+                       .text = captionOf(known) + u": "_s + whyUnknown(known, quoted(text))};
+    if (const std::optional<QString> meant = meantWord(examined, field, text)) {
+        problem.text += didYouMean(known, *meant);
+        offer(examined, *meant, problem);
+    }
+    return problem;
+}
+
+/// A line that is nearly "-BLANK-" is shown to the audience.
+Problem nearlyBlank(const Examined &examined, int field)
+{
+    const QByteArrayView line = examined.line(examined.lineOf(field)).text;
+    Problem problem = {.type = Problem::Type::UnknownWord,
+                       .field = field,
+                       .line = examined.lineOf(field),
+                       .text = u"%1: %2 is shown as it stands. Did you mean \"-BLANK-\"?"_s.arg(
+                           captionOf(examined.known(field)), quoted(line))};
+    offer(examined, QLatin1StringView(kBlankLine), problem);
+    return problem;
+}
+
+bool isNearlyBlank(QByteArrayView line)
+{
+    constexpr qsizetype kLongest = 12;
+    return line.size() <= kLongest && line != QByteArrayView(kBlankLine) &&
+           line.toByteArray().trimmed().toUpper() == kBlankLine;
+}
+
+/// What follows from an empty line, or what belongs there.
+QString whyNotEmpty(const Examined &examined, int field)
+{
+    const Catalog &catalog = examined.record.catalog();
+    const QString record = recordOf(catalog.kind());
+    const QString word = examined.known(field).newText;
+    if (field == 0) {
+        return u" is empty, so the import leaves this %1 out."_s.arg(record);
+    }
+    if (field == catalog.firstCommentary()) {
+        return u" is empty. Nothing can be added without it in the editor."_s;
+    }
+    if (word.isEmpty()) {
+        return u" is empty. Every %1 needs one."_s.arg(record);
+    }
+    return examined.rules.hasWords(field)
+               ? u" is empty. A new %1 has \"%2\" there."_s.arg(record, word)
+               : u" is empty, where \"%1\" belongs."_s.arg(word);
+}
+
+/// Whether the editor's screens write an empty line for this field. They never do that for a text,
+/// except where a new record begins with an empty one; of these, only a name is asked for.
+bool mayBeEmpty(const Examined &examined, int field)
+{
+    const Catalog &catalog = examined.record.catalog();
+    const bool isName = catalog.kind() == DataFileKind::Stipulations && field == 1;
+    return examined.known(field).newText.isEmpty() && field != 0 && !isName &&
+           field != catalog.firstCommentary();
+}
+
+Problem emptyLine(const Examined &examined, int field)
+{
+    const KnownField &known = examined.known(field);
+    Problem problem = {.type =
+                           field == 0 ? Problem::Type::EmptyFirstLine : Problem::Type::EmptyLine,
+                       .field = field,
+                       .line = examined.lineOf(field),
+                       .text = captionOf(known) + whyNotEmpty(examined, field)};
+    if (!known.newText.isEmpty()) {
+        offer(examined, known.newText, problem);
+    }
+    return problem;
+}
+
+} // namespace
+
+void checkWord(const Examined &examined, int field, Problems &problems)
+{
+    const QByteArrayView line = examined.line(examined.lineOf(field)).text;
+    if (line.isEmpty()) {
+        if (!mayBeEmpty(examined, field)) {
+            problems.push_back(emptyLine(examined, field));
+        }
+    } else if (!examined.rules.takes(field, line)) {
+        problems.push_back(unknownWord(examined, field));
+    } else if (examined.known(field).field->coding == Coding::BlankIfEmpty && isNearlyBlank(line)) {
+        problems.push_back(nearlyBlank(examined, field));
+    }
+}
+
+} // namespace tarvold::records::checks

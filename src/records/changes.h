@@ -20,17 +20,17 @@ struct Patch
     std::vector<Entry> after;
 };
 
+/// How far a record is moved.
+struct Move
+{
+    int id = -1; ///< -1: none is
+    int by = 0;
+};
+
 /// A change of a document as one step to undo.
 class Change : public QUndoCommand
 {
 public:
-    /// A record that is moved.
-    struct Move
-    {
-        int id = -1; ///< -1: none is
-        int by = 0;
-    };
-
     /// \param document keeps this command in its undo stack
     Change(Document &document, std::vector<Patch> patches, const QString &text, Move move = {});
 

@@ -2,6 +2,7 @@
 #include "records/records_window.h"
 #include "records/similar.h"
 #include "screens/commentary_screen.h"
+#include "screens/main_menu.h"
 #include "support/flow_test.h"
 
 #include <QScrollBar>

@@ -216,15 +216,21 @@ LineCosts::LineCosts(const Catalog &catalog)
             // About every other author takes what the screen starts with.
             put(Sort(sort), roleOddness(role, Sort(sort)), 1);
         }
-        // A word of the list: half of the authors choose evenly among them.
-        const double rare = known.words.isEmpty() ? 1 : 1 + std::log2(double(known.words.size()));
+        // A word of the list: half of the authors choose evenly among them. All numbers are one.
+        const bool areNumbers = known.words.contains("1"_L1);
+        const double rare =
+            areNumbers ? 1 : 1 + std::log2(std::max(1.0, double(known.words.size())));
         const auto sortOfWord = [](const QString &word) { return sortOf(word.toLatin1()); };
         for (const QString &word : known.words) {
             put(sortOfWord(word), 0, rare);
         }
+        if (role == Role::Text && known.newText == "N/A"_L1) {
+            // Who or what is not involved by itself may be anybody, or must be nobody.
+            put(sortOf("Any"), 0, 2);
+            put(sortOf("None"), 1, 2);
+        }
         if (!catalog.isCommentary(field) && !known.newText.isEmpty()) {
-            const bool isUsual = !known.words.contains("1"_L1);
-            put(sortOfWord(known.newText), 0, isUsual ? 1 : rare);
+            put(sortOfWord(known.newText), 0, 1);
         }
         if (role == Role::Text && known.newText.isEmpty()) {
             put(Sort::Empty, 3, 1);

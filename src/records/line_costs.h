@@ -69,8 +69,10 @@ public:
     static constexpr int kSurplusEmpty = 9 * kBit;
     static constexpr int kSurplusToo = 8 * kBit;
     /// \}
-    /// What is taken off for the same text as in the line before.
-    static constexpr int kDoubled = 5 * kBit;
+    /// What is taken off for the same as in the line before: a word, or a text that hardly anybody
+    /// writes twice.
+    static constexpr int kDoubledWord = 5 * kBit;
+    static constexpr int kDoubledText = 8 * kBit;
 
 private:
     explicit LineCosts(const Catalog &catalog);

@@ -50,14 +50,14 @@ void keepRoomWhenHidden(QWidget &widget)
 
 } // namespace
 
-RecordsWindow::Parts::Parts(RecordsWindow &window)
-    : window(window)
+RecordsWindow::Parts::Parts(RecordsWindow &whole)
+    : window(whole)
     , scan(std::make_unique<ProblemScan>(document))
     , model(std::make_unique<RecordListModel>(document, *scan))
     , announcement(new Announcement(&window))
 {
-    auto *whole = new QWidget(&window);
-    auto *column = new QVBoxLayout(whole);
+    auto *content = new QWidget(&window);
+    auto *column = new QVBoxLayout(content);
     column->setContentsMargins(kMargin, kTightMargin, kMargin, kTightMargin);
     column->setSpacing(kRowGap);
     column->addLayout(newHead());
@@ -66,7 +66,7 @@ RecordsWindow::Parts::Parts(RecordsWindow &window)
     column->addWidget(notice);
     column->addWidget(newPages(), 1);
     column->addLayout(newFoot());
-    window.setCentralWidget(whole);
+    window.setCentralWidget(content);
 
     const Typing typing = {[this] { return pane->commit(); },
                            [this] { return pane->hasPending(); }};

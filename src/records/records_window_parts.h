@@ -32,7 +32,7 @@ class RecordsTasks;
 class RecordsWindow::Parts
 {
 public:
-    explicit Parts(RecordsWindow &window);
+    explicit Parts(RecordsWindow &whole);
     ~Parts();
 
     RecordsWindow &window;

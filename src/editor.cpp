@@ -13,6 +13,7 @@
 
 #include <QScopedValueRollback>
 
+#include <algorithm>
 #include <utility>
 
 namespace tarvold {
@@ -83,8 +84,15 @@ void Editor::end()
         return; // a records window is asking already, which blocks no other window
     }
     const QScopedValueRollback ending(m_isEnding, true);
-    const bool isClosed = RecordsWindow::closeAll() && RecordsWindow::all().isEmpty();
-    if (isClosed && m_screens.get<Form1>().isVisible()) { // else a flow has begun meanwhile
+    if (!RecordsWindow::closeAll()) {
+        return;
+    }
+    // While one asked, others could be used: a flow may have begun, or another window opened.
+    const QList<RecordsWindow *> windows = RecordsWindow::all();
+    const bool isAnyOpen =
+        std::any_of(windows.begin(), windows.end(),
+                    [](const RecordsWindow *window) { return window->isVisible(); });
+    if (!isAnyOpen && m_screens.get<Form1>().isVisible()) {
         emit exitRequested();
     }
 }

@@ -101,11 +101,17 @@ TEST_F(Check, ControlCharactersDoNotReachTheTerminal)
 {
     QByteArrayList lines = talkShow("A");
     lines[8] = "\x1b[2J";
-    writeFile("talkshow.tvd", bytesOfLines(lines));
-    EXPECT_EQ(run({u"talkshow.tvd"_s}, DataFileKind::TalkShows), check::Outcome::Problems);
+    const QString name = u"a\x1b[2J\nb.tvd"_s;
+    put(name, bytesOfLines(lines));
+    EXPECT_EQ(run({name, u"missing\x1b"_s}, DataFileKind::TalkShows), check::Outcome::NotChecked);
     ASSERT_EQ(results.size(), 1);
-    EXPECT_FALSE(results.front().contains(QChar(0x1b)));
-    EXPECT_TRUE(results.front().contains(u"\\x1b[2J"_s)) << results.front().toStdString();
+    EXPECT_TRUE(results.front().startsWith(u"a\\x1b[2J b.tvd:9: "_s))
+        << results.front().toStdString();
+    ASSERT_EQ(errors.size(), 1);
+    EXPECT_TRUE(errors.front().startsWith(u"missing\\x1b: "_s)) << errors.front().toStdString();
+    for (const QString &line : results + errors) {
+        EXPECT_FALSE(line.contains(QChar(0x1b)) || line.contains(u'\n'));
+    }
 }
 
 TEST_F(Check, AFileThatCannotBeReadKeepsNoOtherFromBeingChecked)

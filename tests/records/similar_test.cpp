@@ -34,6 +34,7 @@ protected:
         emit windows.front()->writeSimilarRequested(record, kind);
         boxes.checkAllCame();
         EXPECT_TRUE(RecordsWindow::closeAll());
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 
     /// Enters something into each visible control of a screen.

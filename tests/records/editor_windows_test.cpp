@@ -1,0 +1,207 @@
+#include "records/records_window.h"
+#include "screens/main_menu.h"
+#include "support/flow_test.h"
+
+#include <QAction>
+#include <QMessageBox>
+#include <QSignalSpy>
+
+namespace tarvold::testing {
+
+using namespace Qt::StringLiterals;
+using records::RecordsWindow;
+
+namespace {
+
+/// The records windows that the editor opens, and its end while they are open.
+class EditorWindows : public FlowTest
+{
+protected:
+    EditorWindows()
+    {
+        writeFile("normreports.tvd", kBytes);
+        writeFile("interviews.tvd", kBytes);
+    }
+    ~EditorWindows() override
+    {
+        // What a test changed is not worth a question.
+        qDeleteAll(RecordsWindow::all());
+    }
+
+    /// The windows that the user sees; a closed one is deleted by the event loop.
+    static QList<RecordsWindow *> windows()
+    {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        return RecordsWindow::all();
+    }
+
+    void pressKeysOn(const char *name)
+    {
+        expectActive(screen("Form1"));
+        control("Form1", name).setFocus();
+        QTest::keyClick(&control("Form1", name), Qt::Key_O, Qt::ControlModifier);
+    }
+
+    static RecordsWindow *changed(const QString &name)
+    {
+        RecordsWindow *window = RecordsWindow::open(name, DataFileKind::NormalEndings);
+        auto *duplicate = window->findChild<QAction *>(u"duplicate"_s);
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(duplicate != nullptr && duplicate->isEnabled());
+        duplicate->trigger();
+        return window;
+    }
+
+    /// Presses a button of the question about unsaved changes, once it comes.
+    void answer(const QString &caption)
+    {
+        QTimer::singleShot(0, &m_answering, [this, caption] {
+            auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+            ASSERT_NE(box, nullptr);
+            for (QAbstractButton *button : box->buttons()) {
+                if (button->text().remove(u'&') == caption) {
+                    ++answered;
+                    button->click();
+                    return;
+                }
+            }
+            ADD_FAILURE() << "no button " << caption.toStdString();
+            box->reject();
+        });
+    }
+
+    static inline const QByteArray kBytes = QByteArray("Any\r\n").repeated(36);
+    int answered = 0;
+
+private:
+    QObject m_answering;
+};
+
+TEST_F(EditorWindows, TheKeysOpenTheFileOfTheRow)
+{
+    pressKeysOn("Text3");
+    ASSERT_EQ(windows().size(), 1);
+    EXPECT_EQ(windows().front()->fileName(), u"normreports.tvd"_s);
+    EXPECT_EQ(windows().front()->kind(), DataFileKind::NormalEndings);
+    EXPECT_TRUE(windows().front()->isVisible());
+    EXPECT_TRUE(screen("Form1").isVisible());
+}
+
+TEST_F(EditorWindows, EachFileHasOneWindow)
+{
+    pressKeysOn("Text3");
+    pressKeysOn("Command3");
+    pressKeysOn("Text6");
+    emit editor.screens().get<Form1>().fileDropped(folder.filePath(u"normreports.tvd"_s));
+    EXPECT_EQ(windows().size(), 2);
+}
+
+TEST_F(EditorWindows, AWindowOffersToWriteASimilarOneWhoeverOpensItAgain)
+{
+    pressKeysOn("Text3");
+    pressKeysOn("Text3");
+    const auto *similar = windows().front()->findChild<QAction *>(u"writeSimilar"_s);
+    ASSERT_NE(similar, nullptr);
+    EXPECT_TRUE(similar->isVisible());
+    emit windows().front()->writeSimilarRequested(kBytes, DataFileKind::NormalEndings);
+    EXPECT_TRUE(screen("Form4").isVisible());
+    EXPECT_FALSE(screen("Form1").isVisible());
+}
+
+TEST_F(EditorWindows, ExitClosesThemWithoutAQuestionIfNothingChanged)
+{
+    const QSignalSpy ended(&editor, &Editor::exitRequested);
+    pressKeysOn("Text3");
+    pressKeysOn("Text6");
+    press("Form1", "Command2");
+    EXPECT_EQ(ended.count(), 1);
+    EXPECT_TRUE(windows().isEmpty());
+}
+
+TEST_F(EditorWindows, ClosingOneLeavesTheEditorAlone)
+{
+    const QSignalSpy ended(&editor, &Editor::exitRequested);
+    pressKeysOn("Text3");
+    windows().front()->close();
+    EXPECT_TRUE(windows().isEmpty());
+    EXPECT_EQ(ended.count(), 0);
+    expectOnly("Form1");
+}
+
+TEST_F(EditorWindows, CancelKeepsTheProgram)
+{
+    const QSignalSpy ended(&editor, &Editor::exitRequested);
+    changed(u"normreports.tvd"_s);
+    answer(u"Cancel"_s);
+    press("Form1", "Command2");
+    EXPECT_EQ(answered, 1);
+    EXPECT_EQ(ended.count(), 0);
+    EXPECT_EQ(windows().size(), 1);
+    EXPECT_TRUE(windows().front()->isVisible());
+    EXPECT_TRUE(screen("Form1").isVisible());
+    EXPECT_EQ(readBack("normreports.tvd"), kBytes);
+}
+
+TEST_F(EditorWindows, DiscardEndsTheProgramAndLeavesTheFile)
+{
+    const QSignalSpy ended(&editor, &Editor::exitRequested);
+    changed(u"normreports.tvd"_s);
+    answer(u"Discard"_s);
+    screen("Form1").close();
+    EXPECT_EQ(answered, 1);
+    EXPECT_EQ(ended.count(), 1);
+    EXPECT_TRUE(windows().isEmpty());
+    EXPECT_EQ(readBack("normreports.tvd"), kBytes);
+}
+
+TEST_F(EditorWindows, SaveEndsTheProgramWithTheChangesInTheFile)
+{
+    const QSignalSpy ended(&editor, &Editor::exitRequested);
+    changed(u"normreports.tvd"_s);
+    answer(u"Save"_s);
+    press("Form1", "Command2");
+    EXPECT_EQ(answered, 1);
+    EXPECT_EQ(ended.count(), 1);
+    EXPECT_EQ(readBack("normreports.tvd"), kBytes + kBytes);
+}
+
+TEST_F(EditorWindows, ExitWhileAWindowAsksDoesNothing)
+{
+    const QSignalSpy ended(&editor, &Editor::exitRequested);
+    changed(u"normreports.tvd"_s);
+    QTimer::singleShot(0, &editor, [this] { click(control("Form1", "Command2")); });
+    answer(u"Cancel"_s);
+    press("Form1", "Command2");
+    EXPECT_EQ(answered, 1);
+    EXPECT_EQ(ended.count(), 0);
+    EXPECT_EQ(windows().size(), 1);
+}
+
+TEST_F(EditorWindows, AFlowThatBeganWhileAWindowAskedIsNotLost)
+{
+    const QSignalSpy ended(&editor, &Editor::exitRequested);
+    changed(u"normreports.tvd"_s);
+    QTimer::singleShot(0, &editor, [this] { click(control("Form1", "Command6")); });
+    answer(u"Discard"_s);
+    press("Form1", "Command2");
+    EXPECT_EQ(answered, 1);
+    EXPECT_EQ(ended.count(), 0);
+    expectOnly("Form12");
+}
+
+TEST_F(EditorWindows, AFlowThatIsUnderWayKeepsItsFieldsAndItsYellowLine)
+{
+    goToCommentary(kInterviewPath);
+    type("Form13", "Text2", u"Half a line"_s);
+    RecordsWindow *window = RecordsWindow::open(u"interviews.tvd"_s, DataFileKind::Interviews);
+    QCoreApplication::processEvents();
+    window->close();
+    windows();
+    EXPECT_EQ(text("Form13", "Text2"), u"Half a line"_s);
+    EXPECT_EQ(control("Form13", "Text2").palette().color(QPalette::Base), kYellow);
+    EXPECT_EQ(screen("Form13").focusWidget(), &control("Form13", "Text2"));
+    expectOnly("Form13");
+}
+
+} // namespace
+} // namespace tarvold::testing

@@ -117,7 +117,7 @@ void ProblemScan::step(int index)
     if (m_own[std::size_t(index)] < 0) {
         check(index, record);
     }
-    setCompared(index, m_comparison->add(record));
+    setCompared(index, m_comparison->add(record, index + 1));
 }
 
 void ProblemScan::check(int index, const Record &record)
@@ -137,7 +137,8 @@ void ProblemScan::checkAtOnce(int first, int last)
     if (!m_busy.isValid()) {
         m_busy.start();
         // The next event ends it.
-        QMetaObject::invokeMethod(this, [this] { m_busy.invalidate(); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            this, [this] { m_busy.invalidate(); }, Qt::QueuedConnection);
     }
     for (int index = first; index <= last; ++index) {
         const Entry &entry = m_document.entry(index);

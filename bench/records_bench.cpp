@@ -19,6 +19,7 @@
 #include <cstdlib>
 #include <functional>
 #include <memory>
+#include <string>
 
 namespace {
 
@@ -40,7 +41,7 @@ QByteArray lineOf(const Catalog &catalog, int field, int number)
     constexpr std::array kNames = {"Rocco Vance", "Dex Vance",      "The Masked Comet",
                                    "Lena Storm",  "Bruno Ironside", "Any"};
     constexpr std::array kSentences = {
-        "<attfullname> whips <recfullname> into the corner, and charges in with a clothesline!",
+        "<att1fullname> whips <recfullname> into the corner, and charges in with a clothesline!",
         "The crowd is on its feet as the referee checks the shoulders: one, two... and three!",
         "-BLANK-", "-BLANK-", "-BLANK-"};
     const auto pick = [number, field](const auto &from) {
@@ -243,7 +244,14 @@ void scanAll(benchmark::State &state)
         state.ResumeTiming();
         state.counters["longest_wait_ms"] =
             Opened::waitFor([&] { return !opened.scan.isRunning(); });
-        state.counters["records_with_problems"] = opened.scan.total();
+        if (opened.scan.total() > 0) {
+            int bad = 0;
+            while (opened.scan.countAt(bad) == 0) {
+                ++bad;
+            }
+            const std::string text = opened.scan.problemsAt(bad).front().text.toStdString();
+            state.SkipWithError(("the file is not clean: " + text).c_str());
+        }
     }
 }
 

@@ -41,26 +41,37 @@ RecordFieldsView::RecordFieldsView(QWidget *parent) : QWidget(parent), m_pane(ne
 
 RecordFieldsView::~RecordFieldsView()
 {
-    // An editor that has the focus is left when QWidget deletes it, after this destructor.
-    for (const auto &form : m_forms) {
-        for (const Row &row : form->rows) {
-            if (row.editor != nullptr) {
-                row.editor->disconnect(this);
-            }
+    disconnectEditors();
+}
+
+void RecordFieldsView::disconnectEditors()
+{
+    // An editor that has the focus is left when it goes.
+    for (const Row &row : m_form != nullptr ? m_form->rows : std::vector<Row>()) {
+        if (row.editor != nullptr) {
+            row.editor->disconnect(this);
         }
     }
 }
 
-RecordFieldsView::Form &RecordFieldsView::formOf(const Catalog &catalog)
+void RecordFieldsView::dropForm()
 {
-    const auto found = std::find_if(m_forms.begin(), m_forms.end(),
-                                    [&](const auto &form) { return form->catalog == &catalog; });
-    if (found != m_forms.end()) {
-        return **found;
+    disconnectEditors();
+    if (m_form != nullptr) {
+        m_form->place->hide();
+        m_form->place->setParent(nullptr);
+        m_form->place->deleteLater(); // an editor may be telling what makes it go
+        m_form.reset();
     }
-    m_forms.push_back(newForm(catalog));
-    m_pane->column().addWidget(m_forms.back()->place);
-    return *m_forms.back();
+}
+
+void RecordFieldsView::clear()
+{
+    for (const Row &row : m_form != nullptr ? m_form->rows : std::vector<Row>()) {
+        if (row.editor != nullptr) {
+            row.editor->revert();
+        }
+    }
 }
 
 std::unique_ptr<RecordFieldsView::Form> RecordFieldsView::newForm(const Catalog &catalog)
@@ -127,37 +138,22 @@ RecordFieldsView::Row RecordFieldsView::newRow(QGridLayout &grid, const Catalog 
 
 void RecordFieldsView::showRecord(const Record &record)
 {
-    if (m_form != nullptr) {
-        for (const Row &row : m_form->rows) {
-            if (row.editor != nullptr) {
-                row.editor->revert();
-            }
-        }
-    }
+    clear();
     updateRecord(record);
     m_pane->verticalScrollBar()->setValue(0);
 }
 
 void RecordFieldsView::updateRecord(const Record &record)
 {
-    Form &form = formOf(record.catalog());
     setUpdatesEnabled(false);
-    if (m_form != &form) {
-        clear();
-        m_form = &form;
+    if (m_form == nullptr || m_form->catalog != &record.catalog()) {
+        dropForm();
+        m_form = newForm(record.catalog());
+        m_pane->column().addWidget(m_form->place);
     }
     fill(record);
     showSurplus(record);
-    form.place->show();
     setUpdatesEnabled(true);
-}
-
-void RecordFieldsView::clear()
-{
-    if (m_form != nullptr) {
-        m_form->place->hide();
-        m_form = nullptr;
-    }
 }
 
 void RecordFieldsView::fill(const Record &record)
@@ -234,10 +230,8 @@ void RecordFieldsView::recolour(const Form &form)
 void RecordFieldsView::changeEvent(QEvent *event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange) {
-        for (const auto &form : m_forms) {
-            recolour(*form);
-        }
+    if (event->type() == QEvent::PaletteChange && m_form != nullptr) {
+        recolour(*m_form);
     }
 }
 
@@ -256,11 +250,11 @@ bool RecordFieldsView::hasPending() const
 
 bool RecordFieldsView::commit()
 {
-    const Form *form = m_form;
+    const Form *form = m_form.get();
     bool isKept = true;
     // Whoever hears of a change may show another kind of records.
-    for (int field = 0; form != nullptr && m_form == form && field < form->catalog->fieldCount();
-         ++field) {
+    for (int field = 0;
+         form != nullptr && m_form.get() == form && field < form->catalog->fieldCount(); ++field) {
         isKept = commitField(field) && isKept;
     }
     return isKept;

@@ -23,8 +23,8 @@ class FieldEditor;
 /// A record line by line: number, caption and editor of each field, a missing line shown as such,
 /// and a surplus line as such at its place. What is wrong with a line stands below it.
 ///
-/// A text is kept when its editor is left, by Enter, and by commit(). Each kind's editors are made
-/// once and used again for all its records.
+/// A text is kept when its editor is left, by Enter, and by commit(). The editors are made once for
+/// all records of a kind.
 class RecordFieldsView : public QWidget
 {
     Q_OBJECT
@@ -38,6 +38,7 @@ public:
     /// Shows a record that is the same but for its bytes: the focus, the cursor, the scroll
     /// position and what is pending stay.
     void updateRecord(const Record &record);
+    /// Forgets what is pending, as no record is chosen.
     void clear();
 
     void setProblems(const std::vector<Problem> &problems);
@@ -82,7 +83,8 @@ private:
         std::vector<Row> rows;
     };
 
-    Form &formOf(const Catalog &catalog);
+    void disconnectEditors();
+    void dropForm();
     std::unique_ptr<Form> newForm(const Catalog &catalog);
     Row newRow(QGridLayout &grid, const Catalog &catalog, int field);
     QLabel *newLabel(QGridLayout &grid, int row, int column, int columns, const QString &name);
@@ -94,8 +96,7 @@ private:
     void refuse(int field, char32_t character);
 
     ScrollPane *m_pane;
-    std::vector<std::unique_ptr<Form>> m_forms;
-    Form *m_form = nullptr;         ///< the one that is shown
+    std::unique_ptr<Form> m_form;   ///< null until the first record is shown
     std::vector<int> m_fieldBehind; ///< by line: the row whose surplus label tells of it, or -1
     bool m_isRefusing = false;      ///< a message is shown, or about to be
 };

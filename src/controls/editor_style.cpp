@@ -17,7 +17,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kFrame = 3; ///< room for the focus mark
+constexpr int kFrame = 3;      ///< room for the focus mark
+constexpr int kCheckMark = 18; ///< the side of a check box's square
+constexpr int kHeaderMargin = 6;
 
 bool hasFocus(const QStyleOption &option)
 {
@@ -81,8 +83,11 @@ QSize leastSize(QStyle::ContentsType type)
     case QStyle::CT_LineEdit:
     case QStyle::CT_ComboBox:
         return {kLeastTarget, kControlHeight};
-    case QStyle::CT_MenuItem:
+    case QStyle::CT_CheckBox:
+    case QStyle::CT_HeaderSection:
     case QStyle::CT_ItemViewItem:
+    case QStyle::CT_MenuBarItem:
+    case QStyle::CT_MenuItem:
     case QStyle::CT_TabBarTab:
         return {kLeastTarget, kLeastTarget};
     default:
@@ -122,6 +127,11 @@ int EditorStyle::pixelMetric(PixelMetric metric, const QStyleOption *option,
     switch (metric) {
     case PM_DefaultFrameWidth:
         return kFrame;
+    case PM_HeaderMargin:
+        return kHeaderMargin;
+    case PM_IndicatorWidth:
+    case PM_IndicatorHeight:
+        return kCheckMark;
     case PM_ScrollBarExtent:
     case PM_ScrollBarSliderMin:
         return kLeastTarget;
@@ -176,6 +186,12 @@ void EditorStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *op
     case PE_PanelButtonCommand:
         styleparts::drawShape(*painter, option->rect, palette, buttonColour(*option),
                               hasFocus(*option));
+        return;
+    case PE_IndicatorCheckBox:
+        styleparts::drawShape(*painter, option->rect, palette, palette.base(), hasFocus(*option));
+        if (option->state.testFlag(State_On)) {
+            styleparts::drawTick(*painter, option->rect, palette.color(QPalette::Text));
+        }
         return;
     case PE_Frame:
         styleparts::drawShape(*painter, option->rect, palette,

@@ -58,4 +58,15 @@ void drawArrow(QPainter &painter, const QRect &rect, Qt::ArrowType direction, co
     painter.drawPolyline(QPolygonF({{-kWide, -kHigh}, {0, kHigh}, {kWide, -kHigh}}));
 }
 
+void drawTick(QPainter &painter, const QRect &rect, const QColor &colour)
+{
+    const SmoothPainter smooth(painter);
+    const QRectF place(rect);
+    const auto at = [&place](double across, double down) {
+        return QPointF(place.left() + across * place.width(), place.top() + down * place.height());
+    };
+    painter.setPen(QPen(colour, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.drawPolyline(QPolygonF({at(0.27, 0.52), at(0.44, 0.69), at(0.74, 0.32)}));
+}
+
 } // namespace tarvold::styleparts

@@ -38,4 +38,7 @@ void drawShape(QPainter &painter, const QRect &rect, const QPalette &palette, co
 /// Draws the arrow of a combo box or scroll bar in the centre of a rectangle.
 void drawArrow(QPainter &painter, const QRect &rect, Qt::ArrowType direction, const QColor &colour);
 
+/// Draws the tick of a check box in the centre of a rectangle.
+void drawTick(QPainter &painter, const QRect &rect, const QColor &colour);
+
 } // namespace tarvold::styleparts

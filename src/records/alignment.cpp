@@ -53,8 +53,7 @@ Alignment::Step Alignment::best(const Cell &cell)
 void Alignment::add(Sort sort, bool isDoubled)
 {
     const std::uint16_t *const cost = m_costs.row(sort);
-    const bool isText = sort == Sort::Name || sort == Sort::Sentence || sort == Sort::Tagged;
-    const int off = !isDoubled ? 0 : isText ? LineCosts::kDoubledText : LineCosts::kDoubledWord;
+    const int off = isDoubled ? m_costs.doubled(sort) : 0;
     const int surplus =
         (sort == Sort::Empty ? LineCosts::kSurplusEmpty : LineCosts::kSurplus) - off;
     const int surplusToo = std::max(LineCosts::kSurplusToo - off, LineCosts::kBit);

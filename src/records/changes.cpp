@@ -6,17 +6,17 @@
 
 namespace tarvold::records {
 
-Change::Change(Document &document, std::vector<Patch> patches, const QString &text, Move move)
+Change::Change(Document &document, std::vector<Patch> patches, const QString &text, int moved)
     : QUndoCommand(text)
     , m_document(document)
     , m_patches(std::move(patches))
-    , m_move(move)
+    , m_moved(moved)
 {
 }
 
 void Change::undo()
 {
-    m_document.noteMove(m_move.id, -m_move.by);
+    m_document.noteMove(m_moved);
     std::for_each(m_patches.rbegin(), m_patches.rend(), [this](const Patch &patch) {
         m_document.apply(patch.row, patch.after, patch.before);
     });
@@ -24,7 +24,7 @@ void Change::undo()
 
 void Change::redo()
 {
-    m_document.noteMove(m_move.id, m_move.by);
+    m_document.noteMove(m_moved);
     for (const Patch &patch : m_patches) {
         m_document.apply(patch.row, patch.before, patch.after);
     }

@@ -20,19 +20,13 @@ struct Patch
     std::vector<Entry> after;
 };
 
-/// How far a record is moved.
-struct Move
-{
-    int id = -1; ///< -1: none is
-    int by = 0;
-};
-
 /// A change of a document as one step to undo.
 class Change : public QUndoCommand
 {
 public:
     /// \param document keeps this command in its undo stack
-    Change(Document &document, std::vector<Patch> patches, const QString &text, Move move = {});
+    /// \param moved the id of a record that is moved; -1: none is
+    Change(Document &document, std::vector<Patch> patches, const QString &text, int moved = -1);
 
     void undo() override;
     void redo() override;
@@ -44,7 +38,7 @@ public:
 private:
     Document &m_document;
     mutable std::vector<Patch> m_patches;
-    Move m_move;
+    int m_moved;
 };
 
 } // namespace tarvold::records

@@ -76,7 +76,7 @@ Result<void> Document::show(const QString &name, const QByteArray &bytes, DataFi
     }
     emit aboutToReset();
     m_undo.clear();
-    m_moves.clear();
+    m_moved.clear();
     m_name = name;
     m_kind = kind;
     m_file = bytes;
@@ -112,7 +112,7 @@ EntryState Document::stateOf(int index) const
     if (!isShared && shown.bytes != old) {
         return EntryState::Edited;
     }
-    const bool isMoved = m_moves.contains(shown.id) && isOutOfPlace(index);
+    const bool isMoved = m_moved.contains(shown.id) && isOutOfPlace(index);
     return isMoved ? EntryState::Moved : EntryState::Unchanged;
 }
 
@@ -228,13 +228,14 @@ void Document::move(int index, int by)
     std::swap(patch.after.front(), patch.after.back());
     patch.after.front().bytes = ended(patch.after.front().bytes);
     const QString what = by < 0 ? u"Move Record %1 Up"_s : u"Move Record %1 Down"_s;
-    m_undo.push(new Change(*this, {patch}, what.arg(index + 1), {entry(index).id, by}));
+    m_undo.push(new Change(*this, {patch}, what.arg(index + 1), entry(index).id));
 }
 
-void Document::noteMove(int id, int by)
+/// A record that was moved and came back is in its place, so nothing need be forgotten.
+void Document::noteMove(int id)
 {
-    if (id >= 0 && (m_moves[id] += by) == 0) {
-        m_moves.remove(id);
+    if (id >= 0) {
+        m_moved.insert(id);
     }
 }
 

@@ -7,8 +7,8 @@
 #include "records/reading.h"
 
 #include <QByteArray>
-#include <QHash>
 #include <QObject>
+#include <QSet>
 #include <QUndoStack>
 
 #include <functional>
@@ -127,7 +127,7 @@ private:
     /// Replaces entries from a row on, and tells of it.
     void apply(int row, const std::vector<Entry> &from, const std::vector<Entry> &to);
     void applyInPlace(int row, const std::vector<Entry> &to);
-    void noteMove(int id, int by);
+    void noteMove(int id);
 
     int originOf(int id) const { return m_origins.at(std::size_t(id)); }
     /// Whether a save took it from the file, so that only undo knows of it.
@@ -147,7 +147,7 @@ private:
     std::vector<qsizetype> m_starts; ///< of the records in it, and its end
     Entries m_entries;
     std::vector<int> m_origins; ///< by id: its index in the file; -1: it is not in it
-    QHash<int, int> m_moves;    ///< by id: how far it was moved since; only what is not 0
+    QSet<int> m_moved;          ///< the ids of those that were moved since, by undo as well
     QUndoStack m_undo;
 };
 

@@ -118,7 +118,7 @@ void Document::takeOver(const QString &name, const QByteArray &bytes)
         hide(runs);
     }
     rebase(bytes);
-    m_moves.clear();
+    m_moved.clear();
     m_undo.setClean();
     if (isReset) {
         emit reset();

@@ -131,14 +131,14 @@ Role roleOf(const Catalog &catalog, int field)
 // clang-format off
 constexpr std::array<std::array<double, 8>, 8> kOddness = {{
     // Empty Blank Number Other Name Sentence Tagged word
-    {   6,    10,   7,     5,    2,   0,       0,     5}, // FirstCommentary
+    {   6,    14,   7,     5,    2,   0,       0,     5}, // FirstCommentary
     {   4,     0,   7,     5,    2,   0,       0,     5}, // Commentary
-    {   6,    11,   6,     5,    0,   4,       9,     6}, // Text
-    {   6,    11,   7,     5,    1,   5,       9,     6}, // AppliedText
-    {   8,    12,   8,     8,    6,  10,      12,     9}, // OpenList
-    {   9,    12,   9,     9,    8,  11,      12,     9}, // List
-    {   9,    12,  10,    10,   10,  11,      12,    10}, // Coded
-    {   9,    12,   0,     6,    9,  11,      12,    10}, // Number
+    {   6,    30,   6,     5,    0,   4,      12,     6}, // Text
+    {   6,    30,   7,     5,    1,   5,      12,     6}, // AppliedText
+    {   8,    30,   8,     8,    6,  11,      16,     9}, // OpenList
+    {   9,    30,   9,     9,    8,  12,      16,     9}, // List
+    {   9,    30,  10,    10,   10,  12,      16,    10}, // Coded
+    {   9,    30,   0,     6,    9,  12,      16,    10}, // Number
 }};
 // clang-format on
 
@@ -203,6 +203,10 @@ LineCosts::LineCosts(const Catalog &catalog)
     , m_costs(256 * std::size_t(m_fieldCount))
     , m_oddness(256 * std::size_t(m_fieldCount))
 {
+    m_doubled.fill(kDoubledText);
+    m_doubled[std::size_t(Sort::Empty)] = kDoubledWord;
+    m_doubled[std::size_t(Sort::Blank)] = kDoubledWord;
+    m_doubled[std::size_t(Sort::Number)] = kDoubledNumber;
     for (int field = 0; field < m_fieldCount; ++field) {
         const KnownField &known = catalog.fields().at(std::size_t(field));
         const Role role = roleOf(catalog, field);
@@ -231,6 +235,9 @@ LineCosts::LineCosts(const Catalog &catalog)
         }
         if (!catalog.isCommentary(field) && !known.newText.isEmpty()) {
             put(sortOfWord(known.newText), 0, 1);
+            if (sortOfWord(known.newText) >= Sort::FirstWord) {
+                m_doubled[std::size_t(sortOfWord(known.newText))] = kDoubledWord;
+            }
         }
         if (role == Role::Text && known.newText.isEmpty()) {
             put(Sort::Empty, 3, 1);

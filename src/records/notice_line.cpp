@@ -7,6 +7,8 @@
 
 #include <QHBoxLayout>
 
+#include <algorithm>
+
 namespace tarvold::records {
 
 using namespace Qt::StringLiterals;
@@ -20,13 +22,8 @@ NoticeLine::NoticeLine(QWidget *parent)
     m_line->setObjectName(u"notice"_s);
     m_reload->setObjectName(u"reload"_s);
     m_reload->setPurpose(u"Reads the file again."_s);
-    QFont bold = m_line->font();
-    bold.setBold(true);
-    m_line->setFont(bold);
-    QSizePolicy policy = m_reload->sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    m_reload->setSizePolicy(policy);
     m_reload->hide();
+    setMinimumHeight(m_reload->sizeHint().height());
 
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins({});
@@ -36,17 +33,38 @@ NoticeLine::NoticeLine(QWidget *parent)
     connect(m_reload, &QPushButton::clicked, this, &NoticeLine::reloadRequested);
 }
 
-void NoticeLine::show(const QString &text, bool offersReload)
+void NoticeLine::notice(const QString &text, bool offersReload)
 {
+    const bool isNew = text != m_notice;
     m_reload->setVisible(offersReload);
-    if (text == m_text) {
-        return;
+    m_notice = text;
+    show();
+    if (isNew && !text.isEmpty()) {
+        m_announcement->tell(text);
     }
-    m_text = text;
-    m_line->showHints(text.isEmpty() ? QStringList() : QStringList(text));
+}
+
+void NoticeLine::tell(const QString &text)
+{
+    m_told = text;
+    show();
     if (!text.isEmpty()) {
         m_announcement->tell(text);
     }
+}
+
+void NoticeLine::show()
+{
+    const bool isNotice = !m_notice.isEmpty();
+    QFont font = this->font();
+    font.setBold(isNotice);
+    m_line->setFont(font);
+    QStringList hints = {m_told, m_notice};
+    if (isNotice) {
+        std::reverse(hints.begin(), hints.end());
+    }
+    hints.removeAll(QString());
+    m_line->showHints(hints.mid(0, 1));
 }
 
 } // namespace tarvold::records

@@ -10,25 +10,28 @@ class PushButton;
 
 namespace tarvold::records {
 
-/// One quiet line that says what the user should know of the file, with a button that reads the
-/// file again where that helps. It always takes the same room, so that nothing moves when it says
-/// something. Screen readers read it out.
+/// One quiet line at the foot of a window. It says what the user should know of the file, with a
+/// button that reads the file again where that helps; else what was done last. It takes the same
+/// height whether it says something or not. Screen readers read it out.
 class NoticeLine : public QWidget
 {
     Q_OBJECT
 public:
     explicit NoticeLine(QWidget *parent = nullptr);
 
-    /// Says something; an empty text clears the line.
-    void show(const QString &text, bool offersReload);
-
-    const QString &text() const { return m_text; }
+    /// Says what is so until another text comes; an empty one ends it.
+    void notice(const QString &text, bool offersReload);
+    /// Says what was done.
+    void tell(const QString &text);
 
 signals:
     void reloadRequested();
 
 private:
-    QString m_text;
+    void show();
+
+    QString m_notice;
+    QString m_told;
     HintLine *m_line;
     PushButton *m_reload;
     Announcement *m_announcement;

@@ -31,7 +31,7 @@ ProblemScan::ProblemScan(const Document &document, QObject *parent)
 void ProblemScan::restart()
 {
     m_isWanted = true;
-    m_own.assign(std::size_t(m_document.count()), -1);
+    m_own.clear();
     m_compared.clear();
     m_checked = 0;
     m_total = 0;
@@ -63,12 +63,19 @@ void ProblemScan::compareAnew()
 
 int ProblemScan::countAt(int index) const
 {
-    const int own = std::max<int>(m_own.at(std::size_t(index)), 0);
-    if (m_compared.isEmpty()) {
-        return own;
-    }
-    const auto found = m_compared.constFind(m_document.entry(index).id);
+    return countOf(m_document.entry(index).id);
+}
+
+int ProblemScan::countOf(int id) const
+{
+    const int own = std::max(ownOf(id), 0);
+    const auto found = m_compared.constFind(id);
     return found == m_compared.cend() ? own : own + int(found->size());
+}
+
+int ProblemScan::ownOf(int id) const
+{
+    return std::size_t(id) < m_own.size() ? m_own[std::size_t(id)] : -1;
 }
 
 std::vector<Problem> ProblemScan::problemsAt(int index) const
@@ -114,10 +121,10 @@ void ProblemScan::step(int index)
         return;
     }
     const Record record(entry.bytes, m_document.catalog());
-    if (m_own[std::size_t(index)] < 0) {
+    if (ownOf(entry.id) < 0) {
         check(index, record);
     }
-    setCompared(index, m_comparison->add(record));
+    setCompared(index, m_comparison->add(record, index + 1));
 }
 
 void ProblemScan::check(int index, const Record &record)
@@ -137,7 +144,8 @@ void ProblemScan::checkAtOnce(int first, int last)
     if (!m_busy.isValid()) {
         m_busy.start();
         // The next event ends it.
-        QMetaObject::invokeMethod(this, [this] { m_busy.invalidate(); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            this, [this] { m_busy.invalidate(); }, Qt::QueuedConnection);
     }
     for (int index = first; index <= last; ++index) {
         const Entry &entry = m_document.entry(index);
@@ -169,7 +177,6 @@ void ProblemScan::checkLast()
 void ProblemScan::insert(int first, int last)
 {
     const int count = last - first + 1;
-    m_own.insert(m_own.begin() + first, std::size_t(count), -1);
     m_last += m_last >= first ? count : 0;
     m_lastFound += m_firstFound >= 0 ? count : 0;
     checkAtOnce(first, last);
@@ -188,7 +195,6 @@ void ProblemScan::forget(int first, int last)
 void ProblemScan::remove(int first, int last)
 {
     const int count = last - first + 1;
-    m_own.erase(m_own.begin() + first, m_own.begin() + last + 1);
     m_last = m_last > last ? m_last - count : m_last >= first ? -1 : m_last;
     checkLast();
     compareAnew();
@@ -198,14 +204,18 @@ void ProblemScan::remove(int first, int last)
 void ProblemScan::setOwn(int index, int count)
 {
     constexpr int kMost = std::numeric_limits<qint16>::max();
-    qint16 &own = m_own[std::size_t(index)];
+    const int id = m_document.entry(index).id;
+    const int own = ownOf(id);
     if (count == own) {
         return;
     }
-    m_total -= countAt(index) > 0 ? 1 : 0;
+    if (m_own.size() <= std::size_t(id)) {
+        m_own.resize(std::size_t(std::max(id + 1, m_document.count())), -1);
+    }
+    m_total -= countOf(id) > 0 ? 1 : 0;
     m_checked += (count >= 0 ? 1 : 0) - (own >= 0 ? 1 : 0);
-    own = qint16(std::min(count, kMost));
-    m_total += countAt(index) > 0 ? 1 : 0;
+    m_own[std::size_t(id)] = qint16(std::min(count, kMost));
+    m_total += countOf(id) > 0 ? 1 : 0;
     note(index);
 }
 
@@ -215,13 +225,13 @@ void ProblemScan::setCompared(int index, std::vector<Problem> problems)
     if (problems.empty() && !m_compared.contains(id)) {
         return;
     }
-    m_total -= countAt(index) > 0 ? 1 : 0;
+    m_total -= countOf(id) > 0 ? 1 : 0;
     if (problems.empty()) {
         m_compared.remove(id);
     } else {
         m_compared.insert(id, std::move(problems));
     }
-    m_total += countAt(index) > 0 ? 1 : 0;
+    m_total += countOf(id) > 0 ? 1 : 0;
     note(index);
 }
 

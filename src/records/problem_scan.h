@@ -64,6 +64,8 @@ private:
     void insert(int first, int last);
     void forget(int first, int last);
     void remove(int first, int last);
+    int countOf(int id) const;
+    int ownOf(int id) const;
     void setOwn(int index, int count);
     void setCompared(int index, std::vector<Problem> problems);
     void note(int index);
@@ -73,7 +75,7 @@ private:
     const Document &m_document;
     QTimer m_timer;
     bool m_isWanted = true;
-    std::vector<qint16> m_own;                     ///< problems of each record; -1: not checked
+    std::vector<qint16> m_own; ///< by id: the problems of a record by itself; -1: not checked
     QHash<int, std::vector<Problem>> m_compared; ///< by id: found by comparing; none is empty
     std::optional<Comparison> m_comparison;
     int m_next = 0; ///< to be compared, and checked if it is not yet

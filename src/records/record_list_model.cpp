@@ -45,16 +45,14 @@ const StateRow &rowOfState(EntryState state)
 QColor readable(const char *wanted)
 {
     const QPalette palette = QApplication::palette();
-    return contrast::visible(QColor(QLatin1StringView(wanted)),
-                             {palette.color(QPalette::Base), palette.color(QPalette::AlternateBase)},
-                             contrast::kText);
+    return contrast::visible(
+        QColor(QLatin1StringView(wanted)),
+        {palette.color(QPalette::Base), palette.color(QPalette::AlternateBase)}, contrast::kText);
 }
 
 QString problemWords(int count)
 {
-    return count == 0   ? QString()
-           : count == 1 ? u"1 problem"_s
-                        : u"%1 problems"_s.arg(count);
+    return count == 0 ? QString() : count == 1 ? u"1 problem"_s : u"%1 problems"_s.arg(count);
 }
 
 /// Far more than fits into a row: Qt takes seconds to measure a text of some megabytes.

@@ -11,7 +11,7 @@
 namespace tarvold::records {
 namespace {
 
-constexpr qint64 kSlice = 10;        // milliseconds until the next event
+constexpr qint64 kSlice = 10;          // milliseconds until the next event
 constexpr std::size_t kMostSingly = 8; // rows that go one by one
 
 std::vector<int> fileOrder(int count)
@@ -65,7 +65,8 @@ std::vector<int> RecordListModel::keysFor(int column) const
     }
     for (int &key : keys) {
         const int state = int(m_document.stateOf(key));
-        const int unchangedLast = (state + int(EntryState::Deleted)) % (int(EntryState::Deleted) + 1);
+        const int unchangedLast =
+            (state + int(EntryState::Deleted)) % (int(EntryState::Deleted) + 1);
         key = column == State ? unchangedLast : -m_scan.countAt(key);
     }
     return keys;

@@ -11,8 +11,8 @@
 namespace tarvold::records {
 namespace {
 
-constexpr qint64 kSlice = 8;             // milliseconds until the next event
-constexpr std::size_t kMostSingly = 8;   // rows that come or go one by one
+constexpr qint64 kSlice = 8;              // milliseconds until the next event
+constexpr std::size_t kMostSingly = 8;    // rows that come or go one by one
 constexpr std::size_t kBetweenLooks = 16; // records to search before the clock is read
 
 } // namespace

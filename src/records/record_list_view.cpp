@@ -1,10 +1,13 @@
 #include "records/record_list_view.h"
 
 #include "controls/list_box.h"
+#include "controls/long_text.h"
 #include "controls/sizes.h"
 
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QPainter>
+#include <QToolTip>
 
 #include <algorithm>
 
@@ -15,6 +18,42 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kMostCharacters = 32; ///< of a column, before the user makes it wider
+constexpr int kPadding = 6;         ///< between a text and the edge of its cell
+
+/// Draws cells with some room beside their texts, and shows a text that is too wide for its cell as
+/// a tooltip.
+class RecordCells : public ListRows
+{
+public:
+    using ListRows::ListRows;
+
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        return ListRows::sizeHint(option, index) + QSize(2 * kPadding, 0);
+    }
+
+    void paint(QPainter *painter, const QStyleOptionViewItem &option,
+               const QModelIndex &index) const override
+    {
+        option.widget->style()->drawPrimitive(QStyle::PE_PanelItemViewItem, &option, painter,
+                                              option.widget);
+        QStyleOptionViewItem inner = option;
+        inner.rect.adjust(kPadding, 0, -kPadding, 0);
+        ListRows::paint(painter, inner, index);
+    }
+
+    bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
+                   const QModelIndex &index) override
+    {
+        if (event->type() != QEvent::ToolTip || !index.isValid()) {
+            return ListRows::helpEvent(event, view, option, index);
+        }
+        const bool fits = sizeHint(option, index).width() <= view->visualRect(index).width();
+        const QString text = index.data().toString();
+        QToolTip::showText(event->globalPos(), fits ? QString() : longtext::toolTip(text), view);
+        return true;
+    }
+};
 
 } // namespace
 
@@ -22,7 +61,7 @@ RecordListView::RecordListView(QWidget *parent) : QTreeView(parent)
 {
     setObjectName(u"list"_s);
     setAccessibleName(u"Records"_s);
-    setItemDelegate(new ListRows(this));
+    setItemDelegate(new RecordCells(this));
     setUniformRowHeights(true);
     setRootIsDecorated(false);
     setItemsExpandable(false);
@@ -67,6 +106,11 @@ void RecordListView::goTo(int row)
     selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect |
                                                  QItemSelectionModel::Rows);
     scrollTo(index);
+}
+
+void RecordListView::showBeside(int column, int place)
+{
+    header()->moveSection(header()->visualIndex(column), place);
 }
 
 void RecordListView::fitColumns()

@@ -30,6 +30,9 @@ public:
     /// What is shown while there are no rows.
     void setPlaceholder(const QString &text);
 
+    /// Shows a column in another place, from 0 at the left.
+    void showBeside(int column, int place);
+
     /// Gives the columns the widths that their heads and first rows need.
     void fitColumns();
 

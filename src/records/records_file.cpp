@@ -65,8 +65,8 @@ void RecordsFile::load(const QString &name, std::optional<DataFileKind> kind)
         return;
     }
     m_isLoaded = false;
-    emit kindWanted();
-    emit noticed(words::tossUp(guess.likely), false);
+    emit noticed(u"Choose the kind of this file above."_s, false);
+    emit kindWanted(words::tossUp(guess.likely));
 }
 
 void RecordsFile::take(const QByteArray &bytes, DataFileKind kind)

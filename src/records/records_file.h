@@ -51,7 +51,7 @@ signals:
     /// The file could not be loaded; there is nothing to show but this.
     void failed(const QString &text);
     /// The kind has to be chosen before anything can be shown.
-    void kindWanted();
+    void kindWanted(const QString &question);
     /// Something was done; to be told in passing.
     void said(const QString &text);
     /// What the user should know of the file from now on; empty: nothing.

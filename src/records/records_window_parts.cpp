@@ -1,6 +1,5 @@
 #include "records/records_window_parts.h"
 
-#include "controls/announcement.h"
 #include "controls/controls.h"
 #include "controls/push_button.h"
 #include "controls/sizes.h"
@@ -16,7 +15,6 @@
 #include "records/records_actions.h"
 #include "records/records_file.h"
 #include "records/records_tasks.h"
-#include "screens/hint_line.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
@@ -41,20 +39,12 @@ QLabel *newLabel(const QString &text, QWidget *buddy = nullptr)
     return label;
 }
 
-void keepRoomWhenHidden(QWidget &widget)
-{
-    QSizePolicy policy = widget.sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    widget.setSizePolicy(policy);
-}
-
 } // namespace
 
 RecordsWindow::Parts::Parts(RecordsWindow &whole)
     : window(whole)
     , scan(std::make_unique<ProblemScan>(document))
     , model(std::make_unique<RecordListModel>(document, *scan))
-    , announcement(new Announcement(&window))
 {
     auto *content = new QWidget(&window);
     auto *column = new QVBoxLayout(content);
@@ -62,8 +52,6 @@ RecordsWindow::Parts::Parts(RecordsWindow &whole)
     column->setSpacing(kRowGap);
     column->addLayout(newHead());
     column->addLayout(newSearchRow());
-    notice = new NoticeLine;
-    column->addWidget(notice);
     column->addWidget(newPages(), 1);
     column->addLayout(newFoot());
     window.setCentralWidget(content);
@@ -76,6 +64,7 @@ RecordsWindow::Parts::Parts(RecordsWindow &whole)
     actions = new RecordsActions(window, *list);
     connectFile();
     new ChosenRecord(document, *scan, *model, *list, *pane);
+    connectSearch();
     connectList();
     connectScan();
     connectActions();
@@ -117,7 +106,7 @@ QWidget *RecordsWindow::Parts::newPages()
     auto *splitter = new QSplitter(Qt::Horizontal);
     splitter->setObjectName(u"splitter"_s);
     splitter->setChildrenCollapsible(false);
-    splitter->setHandleWidth(kLeastTarget / 2);
+    splitter->setHandleWidth(kLeastTarget);
     list = new RecordListView;
     list->setModel(model.get());
     pane = new RecordPane;
@@ -125,6 +114,7 @@ QWidget *RecordsWindow::Parts::newPages()
     splitter->addWidget(pane);
     splitter->setStretchFactor(0, 1);
     splitter->setStretchFactor(1, 1);
+    splitter->setSizes({QWIDGETSIZE_MAX / 2, QWIDGETSIZE_MAX / 2}); // the same for both
 
     failure = newLabel({});
     failure->setObjectName(u"failure"_s);
@@ -144,8 +134,7 @@ QLayout *RecordsWindow::Parts::newFoot()
     row->setSpacing(kGap);
     counts = newLabel({});
     counts->setObjectName(u"counts"_s);
-    said = new HintLine;
-    said->setObjectName(u"said"_s);
+    notice = new NoticeLine;
     progress = new QProgressBar;
     progress->setObjectName(u"progress"_s);
     progress->setAccessibleName(u"Records checked"_s);
@@ -153,12 +142,10 @@ QLayout *RecordsWindow::Parts::newFoot()
     stop = new PushButton(u"Stop"_s);
     stop->setObjectName(u"stop"_s);
     stop->setPurpose(u"Stops the search for problems."_s);
-    for (QWidget *widget : {static_cast<QWidget *>(progress), static_cast<QWidget *>(stop)}) {
-        keepRoomWhenHidden(*widget);
-        widget->hide();
-    }
+    progress->hide();
+    stop->hide();
     row->addWidget(counts);
-    row->addWidget(said, 1);
+    row->addWidget(notice, 1);
     row->addWidget(progress);
     row->addWidget(stop);
     return row;

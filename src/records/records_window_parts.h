@@ -9,8 +9,6 @@ class QProgressBar;
 class QStackedWidget;
 
 namespace tarvold {
-class Announcement;
-class HintLine;
 class PushButton;
 class TextBox;
 } // namespace tarvold
@@ -51,10 +49,8 @@ public:
     RecordListView *list = nullptr;
     RecordPane *pane = nullptr;
     QLabel *counts = nullptr;
-    HintLine *said = nullptr;
     QProgressBar *progress = nullptr;
     PushButton *stop = nullptr;
-    Announcement *announcement = nullptr;
 
     RecordsFile *file = nullptr;
     RecordsTasks *tasks = nullptr;
@@ -62,7 +58,6 @@ public:
 
     void showCounts();
     void showTitle();
-    void tell(const QString &text);
     void enableActions();
 
 private:
@@ -72,6 +67,7 @@ private:
     QLayout *newFoot();
     void connectFile();
     void connectActions();
+    void connectSearch();
     void connectList();
     void connectScan();
     void followRows();

@@ -1,4 +1,3 @@
-#include "controls/announcement.h"
 #include "controls/push_button.h"
 #include "controls/text_box.h"
 #include "records/kind_box.h"
@@ -15,7 +14,6 @@
 #include "records/records_window_parts.h"
 #include "records/window_words.h"
 #include "screens/file_facts.h"
-#include "screens/hint_line.h"
 
 #include <QCheckBox>
 #include <QFileInfo>
@@ -23,8 +21,11 @@
 #include <QMenu>
 #include <QProgressBar>
 #include <QScrollBar>
-#include <QSignalBlocker>
+#include <QShortcut>
 #include <QStackedWidget>
+
+#include <functional>
+#include <memory>
 
 namespace tarvold::records {
 
@@ -35,13 +36,12 @@ void RecordsWindow::Parts::connectFile()
     QObject::connect(file, &RecordsFile::loaded, &window, [this] { showRecords(); });
     QObject::connect(file, &RecordsFile::failed, &window,
                      [this](const QString &text) { showFailure(text); });
-    QObject::connect(file, &RecordsFile::kindWanted, &window, [this] {
-        showFailure({});
+    QObject::connect(file, &RecordsFile::kindWanted, &window, [this](const QString &question) {
+        showFailure(question);
         kind->setFocus();
     });
-    QObject::connect(file, &RecordsFile::said, &window,
-                     [this](const QString &text) { tell(text); });
-    QObject::connect(file, &RecordsFile::noticed, notice, &NoticeLine::show);
+    QObject::connect(file, &RecordsFile::said, notice, &NoticeLine::tell);
+    QObject::connect(file, &RecordsFile::noticed, notice, &NoticeLine::notice);
     QObject::connect(file, &RecordsFile::renamed, &window, [this] { showTitle(); });
     QObject::connect(notice, &NoticeLine::reloadRequested, file, &RecordsFile::reload);
     QObject::connect(kind, &KindBox::kindChosen, file, &RecordsFile::chooseKind);
@@ -79,6 +79,7 @@ void RecordsWindow::Parts::showRecords()
     pages->setCurrentIndex(0);
     list->setPlaceholder(document.count() == 0 ? u"This file has no records."_s
                                                : u"No record is like that."_s);
+    list->showBeside(model->problemColumn(), RecordListModel::Number + 1);
     list->fitColumns();
     fillSortMenu();
     if (tasks->current() < 0 && model->rowCount() > 0) {
@@ -112,14 +113,6 @@ void RecordsWindow::Parts::showTitle()
     window.setWindowModified(file->isLoaded() && document.isChanged());
 }
 
-void RecordsWindow::Parts::tell(const QString &text)
-{
-    said->showHints(text.isEmpty() ? QStringList() : QStringList(text));
-    if (!text.isEmpty()) {
-        announcement->tell(text);
-    }
-}
-
 void RecordsWindow::Parts::showCounts()
 {
     const int problems = scan->total();
@@ -132,13 +125,25 @@ void RecordsWindow::Parts::showCounts()
     counts->setText(text);
 }
 
-void RecordsWindow::Parts::connectList()
+void RecordsWindow::Parts::connectSearch()
 {
+    const auto onKey = [this](Qt::Key key, const std::function<void()> &act) {
+        auto *shortcut = new QShortcut(key, search);
+        shortcut->setContext(Qt::WidgetShortcut);
+        QObject::connect(shortcut, &QShortcut::activated, search, act);
+    };
+    onKey(Qt::Key_Escape, [this] { search->clear(); });
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Down}) {
+        onKey(key, [this] { list->setFocus(Qt::ShortcutFocusReason); });
+    }
     QObject::connect(search, &QLineEdit::textChanged, model.get(), &RecordListModel::setSearch);
     QObject::connect(onlyProblems, &QCheckBox::toggled, model.get(),
                      &RecordListModel::setOnlyProblems);
-    QObject::connect(tasks, &RecordsTasks::said, &window,
-                     [this](const QString &text) { tell(text); });
+}
+
+void RecordsWindow::Parts::connectList()
+{
+    QObject::connect(tasks, &RecordsTasks::said, notice, &NoticeLine::tell);
     QObject::connect(list->selectionModel(), &QItemSelectionModel::currentRowChanged, &window,
                      [this] { enableActions(); });
     QObject::connect(list->selectionModel(), &QItemSelectionModel::selectionChanged, &window,

@@ -90,7 +90,8 @@ SearchText::SearchText(const QString &text, DataFileKind kind) : m_text(text)
     for (std::size_t line = 0; line < format.size(); ++line) {
         for (const CodedText &coded : codedTexts(format[line]->coding)) {
             const QLatin1StringView shown(coded.text);
-            if (shown != QLatin1StringView(coded.word) && shown.contains(text, Qt::CaseInsensitive)) {
+            if (shown != QLatin1StringView(coded.word) &&
+                shown.contains(text, Qt::CaseInsensitive)) {
                 m_coded.push_back({int(line), coded.word});
             }
         }

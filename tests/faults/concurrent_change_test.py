@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Lets another program, which asks for no lock, get at the files between any two steps of a save.
 
-    concurrent_change_test.py append|rewrite|import PROBE
+    concurrent_change_test.py append|rewrite|records|import PROBE
 
 The probe is stopped after each system call that touches the data files or their folder; what the
 other program does is done; the probe goes on. Then everything is read back: what the other program

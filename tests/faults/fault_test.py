@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Injects a fault at every system call of a save and reads everything back.
 
-    fault_test.py [--all] append|rewrite|import|foreign PROBE
+    fault_test.py [--all] append|rewrite|records|import|foreign PROBE
 
 The probe performs one save with the real file layer. It is traced once without faults, to learn
 which system calls touch the data files or their folder; then it runs once for each of them and each

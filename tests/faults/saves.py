@@ -207,6 +207,10 @@ SAVES = {
         Save("rewrite", "rewrite", ALL_OLD, REWRITTEN),
         Save("rewrite through a link", "rewrite", ALL_OLD, REWRITTEN, LINK, TARGET),
     ],
+    "records": [
+        Save("save of the records window", "rewrite", ALL_OLD, REWRITTEN),
+        Save("save of the records window through a link", "rewrite", ALL_OLD, REWRITTEN, LINK, TARGET),
+    ],
     "import": [
         Save(
             "import of stipulations",

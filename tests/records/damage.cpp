@@ -50,7 +50,8 @@ void judge(const Record &found, const RecordLines &original, const Fault &fault,
     int named = 0;
     if (fault.isDoubled) {
         const int line = layout.surplus.front();
-        named = line == fault.field + 1 ? fault.field : line;
+        named = std::max(line - 1, 0);
+        tally.fields += line == fault.field ? 1 : 0; // the first of the two
         repaired = found.withoutLine(line);
     } else {
         named = missing.front();
@@ -61,12 +62,9 @@ void judge(const Record &found, const RecordLines &original, const Fault &fault,
     tally.alike += isAlike ? 1 : 0;
     const auto real = layoutWith(fault, found.catalog().fieldCount());
     const bool isAsGood = oddnessOf(found, layout.lineOfField) <= oddnessOf(found, real);
-    if (!isAlike && (fault.isDoubled || !isAsGood) && qEnvironmentVariableIsSet("TARVOLD_DEBUG")) {
-        qWarning("kind %d fault %d %d named %d\n%s", int(found.catalog().kind()), fault.field,
-                 fault.isDoubled, named,
-                 QByteArray(found.bytes()).replace("\r\n", "|").constData());
-    }
-    tally.asGood += isAlike || (!fault.isDoubled && isAsGood) ? 1 : 0;
+    const bool isDoubled = !fault.isDoubled || found.lines()[std::size_t(named)].text ==
+                                                   found.lines()[std::size_t(named + 1)].text;
+    tally.asGood += isAlike || (isDoubled && isAsGood) ? 1 : 0;
 }
 
 } // namespace

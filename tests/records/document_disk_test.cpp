@@ -1,7 +1,6 @@
 // Saving on disks that fail, and beside other programs.
 
 #include "document_test.h"
-
 #include "support/hindrances.h"
 
 #include <cerrno>

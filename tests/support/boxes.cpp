@@ -33,10 +33,10 @@ QStringList captionsOf(const QMessageBox &box)
     return captions;
 }
 
-void clickElsewhere(const QMessageBox &box)
+void clickCaption(const QMessageBox &box, const char *caption)
 {
     for (QAbstractButton *button : box.buttons()) {
-        if (captionOf(*button) == QLatin1StringView(kElsewhere)) {
+        if (captionOf(*button) == QLatin1StringView(caption)) {
             QTest::mouseClick(button, Qt::LeftButton);
             return;
         }
@@ -55,8 +55,17 @@ void answer(QMessageBox &box, Answer answer)
     case Answer::No:
         QTest::mouseClick(box.button(QMessageBox::No), Qt::LeftButton);
         break;
+    case Answer::Save:
+        QTest::mouseClick(box.button(QMessageBox::Save), Qt::LeftButton);
+        break;
+    case Answer::Discard:
+        clickCaption(box, "Discard");
+        break;
+    case Answer::Cancel:
+        QTest::mouseClick(box.button(QMessageBox::Cancel), Qt::LeftButton);
+        break;
     case Answer::Elsewhere:
-        clickElsewhere(box);
+        clickCaption(box, kElsewhere);
         break;
     case Answer::Enter:
         QTest::keyClick(&box, Qt::Key_Return);
@@ -97,6 +106,11 @@ void Boxes::expectQuestion(const QString &title, const QString &text, Answer ans
 void Boxes::expectFailedSave(const QString &title, const QString &text, Answer answer)
 {
     m_awaited.push_back({{title, text, {u"OK"_s, QLatin1StringView(kElsewhere)}, answer}});
+}
+
+void Boxes::expectUnsaved(const QString &title, const QString &text, Answer answer)
+{
+    m_awaited.push_back({{title, text, {u"Cancel"_s, u"Discard"_s, u"Save"_s}, answer}});
 }
 
 void Boxes::catchFailedSave(const QString &title, QString *text, Answer answer)

@@ -17,6 +17,9 @@ enum class Answer {
     Ok,
     Yes,
     No,
+    Save,
+    Discard,
+    Cancel,
     Elsewhere, ///< "Save To Another File..."
     Enter,     ///< the Enter key, pressed on the box
     Escape,    ///< the Escape key, pressed on the box
@@ -58,6 +61,9 @@ public:
 
     /// Expects a question, and stores its text in `text`.
     void catchQuestion(const QString &title, QString *text, Answer answer);
+
+    /// Expects the question what should become of changes that are not saved.
+    void expectUnsaved(const QString &title, const QString &text, Answer answer);
 
     /// Runs `action` on the box that was expected last, before it is answered.
     void beforeItsAnswer(const std::function<void(QMessageBox &)> &action);

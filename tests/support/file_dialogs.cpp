@@ -23,7 +23,7 @@ QLineEdit &nameBoxOf(const QFileDialog &dialog)
 
 void check(const QFileDialog &dialog, const FileAnswer &expected)
 {
-    EXPECT_EQ(dialog.windowTitle(), u"Save To Another File"_s);
+    EXPECT_EQ(dialog.windowTitle(), expected.title);
     EXPECT_EQ(dialog.nameFilters(), QStringList{u"Data files (*.tvd)"_s});
     EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptSave);
     EXPECT_EQ(dialog.directory().canonicalPath(), QDir(expected.folder).canonicalPath());

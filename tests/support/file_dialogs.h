@@ -17,6 +17,7 @@ struct FileAnswer
     QString proposed;  ///< the name that the dialog must propose
     QString typed;     ///< over the proposed name
     bool saves = true; ///< true presses Enter, false presses Escape
+    QString title = QStringLiteral("Save To Another File");
 };
 
 /// Answers the dialog for saving to another file from inside its event loop. It is Qt's own dialog,

@@ -1,9 +1,11 @@
 // Saves a picture of every screen: gallery FOLDER [--dark] [--points SIZE] [--size WIDTHxHEIGHT]
+// With --records FILE it saves one of the records window of that file instead.
 
 #include "controls/look.h"
 #include "editor.h"
 #include "endings/ending_commentary.h"
 #include "endings/ending_flow.h"
+#include "records/records_window.h"
 #include "screens/commentary_line.h"
 #include "segments/segment_flow.h"
 #include "stipulations/stipulation_form.h"
@@ -43,6 +45,21 @@ QSize sizeFrom(const QStringList &arguments)
     return sides.size() == 2 ? QSize(sides[0].toInt(), sides[1].toInt()) : QSize();
 }
 
+bool savePicture(QWidget &window, const QSize &size, const QDir &folder)
+{
+    if (size.isValid()) {
+        window.resize(size);
+    }
+    window.show();
+    if (!QTest::qWaitForWindowExposed(&window)) {
+        return false;
+    }
+    QTest::qWait(50);
+    const bool isSaved = window.grab().save(folder.filePath(window.objectName() + u".png"_s));
+    window.hide();
+    return isSaved;
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -62,22 +79,19 @@ int main(int argc, char *argv[])
     }
 
     const QDir folder(arguments.value(1, u"."_s));
+    const QSize size = sizeFrom(arguments);
+    if (const qsizetype at = arguments.indexOf(u"--records"_s); at >= 0) {
+        records::RecordsWindow window(arguments.value(at + 1));
+        QTest::qWait(200);
+        return savePicture(window, size, folder) ? EXIT_SUCCESS : EXIT_FAILURE;
+    }
     Editor editor;
     editor.start();
     prepare(editor.screens());
-    const QSize size = sizeFrom(arguments);
     for (const char *name : kScreens) {
-        Screen &screen = editor.screens()[name];
-        if (size.isValid()) {
-            screen.resize(size);
-        }
-        screen.show();
-        if (!QTest::qWaitForWindowExposed(&screen)) {
+        if (!savePicture(editor.screens()[name], size, folder)) {
             return EXIT_FAILURE;
         }
-        QTest::qWait(50);
-        screen.grab().save(folder.filePath(screen.objectName() + u".png"_s));
-        screen.hide();
     }
     return EXIT_SUCCESS;
 }

@@ -1,0 +1,108 @@
+#include "record_list_test.h"
+
+#include <QSignalSpy>
+
+#include <algorithm>
+
+namespace tarvold::testing {
+namespace {
+
+using namespace Qt::StringLiterals;
+using records::Problem;
+
+TEST_F(RecordListTest, IsSearchedForProblemsBetweenEvents)
+{
+    QSignalSpy finished(&scan, &ProblemScan::finished);
+    load({one, damaged("A"), two, damaged("B")});
+    EXPECT_EQ(finished.count(), 1);
+    EXPECT_EQ(scan.checked(), 4);
+    EXPECT_EQ(scan.total(), 2);
+    EXPECT_GT(scan.countAt(1), 0);
+    EXPECT_EQ(scan.countAt(2), 0);
+}
+
+TEST_F(RecordListTest, HasItsProblemsWithTheirTexts)
+{
+    load({one, damaged("A"), two});
+    const std::vector<Problem> problems = scan.problemsAt(1);
+    EXPECT_EQ(int(problems.size()), scan.countAt(1));
+    EXPECT_TRUE(std::any_of(problems.begin(), problems.end(), [](const Problem &problem) {
+        return problem.type == Problem::Type::BareLineEnd && !problem.text.isEmpty();
+    }));
+}
+
+TEST_F(RecordListTest, TellsOfRecordsThatStandTwice)
+{
+    load({one, two, three});
+    document.duplicate(0);
+    waitForScan();
+    EXPECT_EQ(scan.countAt(0), 0);
+    EXPECT_EQ(scan.countAt(1), 1);
+    EXPECT_EQ(scan.problemsAt(1).front().type, Problem::Type::SameRecord);
+    document.replace(0, talkShow("New"), u"Edit"_s);
+    waitForScan();
+    EXPECT_EQ(scan.total(), 0);
+    document.replace(0, one, u"Edit"_s);
+    document.remove({0});
+    waitForScan();
+    EXPECT_EQ(scan.total(), 0); // the other one goes with the save
+}
+
+TEST_F(RecordListTest, IsCheckedAtOnceWhenItChanges)
+{
+    load({one, two, three});
+    document.replace(1, damaged("A"), u"Edit"_s);
+    EXPECT_GT(scan.countAt(1), 0);
+    EXPECT_EQ(scan.total(), 1);
+    document.remove({1});
+    EXPECT_EQ(scan.total(), 0);
+    undo();
+    EXPECT_EQ(scan.total(), 1);
+    undo();
+    EXPECT_EQ(scan.total(), 0);
+}
+
+TEST_F(RecordListTest, KnowsTheLastRecordWhoseLineEndIsMissing)
+{
+    load({one, two.chopped(2)});
+    EXPECT_EQ(scan.countAt(1), 1);
+    document.duplicate(1);
+    EXPECT_EQ(scan.countAt(1), 0);
+    undo();
+    EXPECT_EQ(scan.countAt(1), 1);
+}
+
+TEST_F(RecordListTest, CanBeStoppedAndGoesOnLater)
+{
+    writeFile(kFile, QByteArray(one + damaged("A")).repeated(2'000));
+    open();
+    QCoreApplication::processEvents();
+    scan.stop();
+    const int checked = scan.checked();
+    QTest::qWait(30);
+    EXPECT_EQ(scan.checked(), checked);
+    EXPECT_FALSE(scan.isRunning());
+    ASSERT_LT(checked, 4'000);
+    document.replace(3'999, one, u"Edit"_s);
+    EXPECT_EQ(scan.countAt(3'999), 0);
+    EXPECT_FALSE(scan.isRunning());
+    scan.start();
+    waitForScan();
+    EXPECT_EQ(scan.checked(), 4'000);
+    EXPECT_EQ(scan.total(), 3'999); // all but the first stand twice
+}
+
+TEST_F(RecordListTest, GoesOnAfterASaveWithWhatItKnows)
+{
+    load({one, damaged("A"), two, damaged("B")});
+    document.remove({0});
+    ASSERT_TRUE(document.save({}));
+    EXPECT_EQ(scan.checked(), 3);
+    EXPECT_EQ(scan.total(), 2);
+    EXPECT_EQ(scan.countAt(1), 0);
+    document.undoStack().undo();
+    EXPECT_EQ(scan.checked(), 4);
+}
+
+} // namespace
+} // namespace tarvold::testing

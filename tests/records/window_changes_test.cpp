@@ -1,0 +1,183 @@
+#include "records/window_fixture.h"
+
+#include <QCheckBox>
+#include <QHeaderView>
+#include <QTreeView>
+
+namespace tarvold::testing {
+namespace {
+
+using WindowChangesTest = RecordsWindowTest;
+
+TEST_F(WindowChangesTest, ATypedTextIsKeptWhenAnotherRowIsClicked)
+{
+    open(endings(5));
+    typeInto(kCommentary, u"Typed"_s);
+    clickRow(3);
+    EXPECT_EQ(fieldText(kCommentary), u"Ending 4"_s);
+    EXPECT_EQ(cell(0, u"Change"_s), u"Edited"_s);
+    EXPECT_TRUE(isChanged());
+    clickRow(0);
+    EXPECT_EQ(fieldText(kCommentary), u"Typed"_s);
+    press(Qt::CTRL | Qt::Key_S);
+    EXPECT_EQ(onDisk(), ending("Typed") + endings(4, 2));
+}
+
+TEST_F(WindowChangesTest, ATypedTextIsKeptWhenAKeyGoesToAnotherRecord)
+{
+    open(endings(2) + faulty("Ending 3"));
+    typeInto(kCommentary, u"Typed"_s);
+    press(Qt::Key_F8);
+    EXPECT_EQ(currentRow(), 2);
+    press(Qt::CTRL | Qt::Key_S);
+    EXPECT_EQ(onDisk(), ending("Typed") + ending("Ending 2") + faulty("Ending 3"));
+}
+
+TEST_F(WindowChangesTest, SaveWritesWhatIsTypedAndNotLeftYet)
+{
+    open(endings(2));
+    typeInto(kCommentary, u"Typed"_s);
+    press(Qt::CTRL | Qt::Key_S);
+    EXPECT_EQ(onDisk(), ending("Typed") + ending("Ending 2"));
+    EXPECT_FALSE(isChanged());
+    EXPECT_EQ(notice(), u"Saved 2 records to endings.tvd."_s);
+}
+
+TEST_F(WindowChangesTest, UndoBelongsToTheEditorAsLongAsItHasSomethingToUndo)
+{
+    open(endings(3));
+    clickRow(2);
+    list().setFocus();
+    press(Qt::Key_Delete);
+    EXPECT_EQ(cell(2, u"Change"_s), u"Deleted"_s);
+    clickRow(0);
+    typeInto(kCommentary, u"T"_s);
+    EXPECT_EQ(fieldText(kCommentary), u"T"_s);
+    press(Qt::CTRL | Qt::Key_Z);
+    EXPECT_EQ(fieldText(kCommentary), u"Ending 1"_s);
+    EXPECT_EQ(cell(2, u"Change"_s), u"Deleted"_s);
+    press(Qt::CTRL | Qt::Key_Z);
+    EXPECT_EQ(cell(2, u"Change"_s), QString());
+    EXPECT_EQ(currentRow(), 2) << "what was undone is shown";
+    for (const QKeySequence &redo :
+         {QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)}) {
+        press(redo);
+        EXPECT_EQ(cell(2, u"Change"_s), u"Deleted"_s);
+        press(Qt::CTRL | Qt::Key_Z);
+        EXPECT_EQ(cell(2, u"Change"_s), QString());
+    }
+    EXPECT_FALSE(isChanged());
+}
+
+TEST_F(WindowChangesTest, RecordsAreDeletedMovedAndDuplicatedByKeys)
+{
+    open(endings(4));
+    list().setFocus();
+    clickRow(1);
+    press(Qt::Key_Delete);
+    EXPECT_EQ(column(u"Change"_s), QStringList({{}, u"Deleted"_s, {}, {}}));
+    clickRow(2);
+    press(Qt::CTRL | Qt::Key_D);
+    EXPECT_EQ(currentRow(), 3);
+    EXPECT_EQ(cell(3, u"Change"_s), u"Added"_s);
+    clickRow(4);
+    press(Qt::CTRL | Qt::SHIFT | Qt::Key_Up);
+    EXPECT_EQ(currentRow(), 3);
+    press(Qt::CTRL | Qt::SHIFT | Qt::Key_Up);
+    press(Qt::CTRL | Qt::SHIFT | Qt::Key_Down);
+    EXPECT_EQ(currentRow(), 3);
+    press(Qt::CTRL | Qt::Key_S);
+    EXPECT_EQ(onDisk(), endings(1) + endings(1, 3) + endings(1, 4) + endings(1, 3));
+    EXPECT_EQ(list().model()->rowCount(), 4) << "deleted records are gone after the save";
+}
+
+TEST_F(WindowChangesTest, ADeletedRecordIsRestoredByItsEntry)
+{
+    open(endings(2));
+    list().setFocus();
+    clickRow(1);
+    EXPECT_FALSE(action("restore").isEnabled());
+    press(Qt::Key_Delete);
+    EXPECT_FALSE(action("delete").isEnabled());
+    action("restore").trigger();
+    EXPECT_EQ(cell(1, u"Change"_s), QString());
+}
+
+TEST_F(WindowChangesTest, DeleteInATextBoxDeletesNoRecord)
+{
+    open(endings(2));
+    part<QLineEdit>("search").setFocus();
+    press(Qt::Key_Delete);
+    typeInto(kCommentary, u"Typed"_s);
+    press(Qt::Key_Delete);
+    EXPECT_EQ(column(u"Change"_s).join(QString()), QString());
+}
+
+TEST_F(WindowChangesTest, ChangesOutliveSearchFilterAndSort)
+{
+    open(endings(6) + faulty("Ending 7"));
+    typeInto(kCommentary, u"Typed"_s);
+    clickRow(2);
+    list().setFocus();
+    press(Qt::Key_Delete);
+
+    auto &search = part<QLineEdit>("search");
+    click(search);
+    QTest::keyClicks(&search, u"ending 5"_s);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return list().model()->rowCount() <= 2; }));
+    search.clear();
+    part<QCheckBox>("onlyProblems").click();
+    part<QCheckBox>("onlyProblems").click();
+    auto &heads = part<QHeaderView>("heads");
+    for (int times = 0; times < 3; ++times) {
+        QTest::mouseClick(heads.viewport(), Qt::LeftButton, {}, QPoint(10, heads.height() / 2));
+    }
+    ASSERT_TRUE(QTest::qWaitFor([this] { return list().model()->rowCount() == 7; }));
+    EXPECT_EQ(column(u"Change"_s), QStringList({u"Edited"_s, {}, u"Deleted"_s, {}, {}, {}, {}}));
+    press(Qt::CTRL | Qt::Key_S);
+    EXPECT_EQ(onDisk(), ending("Typed") + endings(1, 2) + endings(3, 4) + faulty("Ending 7"));
+}
+
+TEST_F(WindowChangesTest, ProblemsFollowEachChangeAtOnce)
+{
+    open(endings(2) + faulty("Ending 3"));
+    auto &only = part<QCheckBox>("onlyProblems");
+    EXPECT_EQ(only.text(), u"Only With Problems (1)"_s);
+    typeInto(kCommentary, u"<alsounknown>"_s);
+    clickRow(1);
+    EXPECT_EQ(only.text(), u"Only With Problems (2)"_s);
+    EXPECT_FALSE(cell(0, u"Problems"_s).isEmpty());
+    press(Qt::CTRL | Qt::Key_Z);
+    EXPECT_EQ(only.text(), u"Only With Problems (1)"_s);
+    EXPECT_TRUE(cell(0, u"Problems"_s).isEmpty());
+}
+
+TEST_F(WindowChangesTest, AllRepairsAreOneStepToUndo)
+{
+    const QByteArray lf = endings(1).replace("\r\n", "\n");
+    open(lf + endings(1, 2) + lf);
+    EXPECT_EQ(part<QCheckBox>("onlyProblems").text(), u"Only With Problems (2)"_s);
+    action("repairAll").trigger();
+    EXPECT_EQ(column(u"Change"_s), QStringList({u"Edited"_s, {}, u"Edited"_s}));
+    press(Qt::CTRL | Qt::Key_S);
+    EXPECT_EQ(onDisk(), endings(2) + endings(1));
+    press(Qt::CTRL | Qt::Key_Z);
+    press(Qt::CTRL | Qt::Key_S);
+    EXPECT_EQ(onDisk(), lf + endings(1, 2) + lf);
+}
+
+TEST_F(WindowChangesTest, ProblemKeysGoRoundTheList)
+{
+    open(faulty("Ending 1") + endings(1, 2) + faulty("Ending 3"));
+    list().setFocus();
+    press(Qt::Key_F8);
+    EXPECT_EQ(currentRow(), 2);
+    EXPECT_TRUE(notice().contains(u"nobodyknows"_s)) << notice().toStdString();
+    press(Qt::Key_F8);
+    EXPECT_EQ(currentRow(), 0);
+    press(Qt::SHIFT | Qt::Key_F8);
+    EXPECT_EQ(currentRow(), 2);
+}
+
+} // namespace
+} // namespace tarvold::testing

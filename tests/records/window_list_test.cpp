@@ -1,0 +1,128 @@
+#include "records/window_fixture.h"
+
+#include <QCheckBox>
+#include <QHeaderView>
+#include <QScrollBar>
+#include <QTreeView>
+
+namespace tarvold::testing {
+namespace {
+
+class WindowListTest : public RecordsWindowTest
+{
+protected:
+    QLineEdit &search() { return part<QLineEdit>("search"); }
+
+    bool shows(int rows)
+    {
+        return QTest::qWaitFor([this, rows] { return list().model()->rowCount() == rows; });
+    }
+
+    void clickHead(const QString &head)
+    {
+        auto &heads = part<QHeaderView>("heads");
+        for (int section = 0; section < heads.count(); ++section) {
+            if (heads.model()->headerData(section, Qt::Horizontal).toString() == head) {
+                const int x =
+                    heads.sectionViewportPosition(section) + heads.sectionSize(section) / 2;
+                QTest::mouseClick(heads.viewport(), Qt::LeftButton, {},
+                                  QPoint(x, heads.height() / 2));
+                return;
+            }
+        }
+        ADD_FAILURE() << "no head " << head.toStdString();
+    }
+};
+
+TEST_F(WindowListTest, ShowsTheFirstRecordAtOnce)
+{
+    open(endings(3));
+    EXPECT_EQ(currentRow(), 0);
+    EXPECT_EQ(selectedRows(), std::vector<int>({0}));
+    EXPECT_EQ(column(u"Number"_s), QStringList({u"1"_s, u"2"_s, u"3"_s}));
+    EXPECT_TRUE(list().hasFocus());
+    EXPECT_TRUE(window().windowTitle().startsWith(u"endings.tvd[*]"_s));
+}
+
+TEST_F(WindowListTest, SearchAnswersEachLetterAndIsOverWhenItsTextIs)
+{
+    open(endings(30));
+    press(Qt::CTRL | Qt::Key_F);
+    EXPECT_TRUE(search().hasFocus());
+    QTest::keyClicks(&search(), u"ENDING 2"_s);
+    EXPECT_TRUE(shows(11)) << list().model()->rowCount();
+    QTest::keyClicks(&search(), u"5"_s);
+    EXPECT_TRUE(shows(1));
+    EXPECT_EQ(cell(0, u"Number"_s), u"25"_s);
+    press(QKeySequence::SelectAll);
+    press(Qt::Key_Delete);
+    EXPECT_TRUE(shows(30));
+    QTest::qWait(100); // a search that was stopped does not come back
+    EXPECT_EQ(list().model()->rowCount(), 30);
+}
+
+TEST_F(WindowListTest, EscapeEndsTheSearchAndKeepsTheRecord)
+{
+    open(endings(30));
+    press(Qt::CTRL | Qt::Key_F);
+    QTest::keyClicks(&search(), u"ending 25"_s);
+    ASSERT_TRUE(shows(1) || shows(2));
+    press(Qt::Key_Return);
+    EXPECT_TRUE(list().hasFocus());
+    press(Qt::Key_End);
+    const QString number = cell(currentRow(), u"Number"_s);
+    EXPECT_EQ(number, u"25"_s);
+    press(Qt::CTRL | Qt::Key_F);
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(shows(30));
+    EXPECT_EQ(search().text(), QString());
+    EXPECT_EQ(cell(currentRow(), u"Number"_s), u"25"_s);
+}
+
+TEST_F(WindowListTest, ASearchForNothingThatIsThereSaysSo)
+{
+    open(endings(3));
+    press(Qt::CTRL | Qt::Key_F);
+    QTest::keyClicks(&search(), u"zzz"_s);
+    QTest::qWait(50);
+    EXPECT_LE(list().model()->rowCount(), 1) << "the chosen record may stay";
+}
+
+TEST_F(WindowListTest, AThirdClickOnAHeadGoesBackToTheFilesOrder)
+{
+    open(ending("Ending 1", "Tag Team") + ending("Ending 2", "Any") +
+         ending("Ending 3", "Singles"));
+    clickHead(u"Match Type"_s);
+    EXPECT_EQ(column(u"Number"_s), QStringList({u"2"_s, u"3"_s, u"1"_s}));
+    clickHead(u"Match Type"_s);
+    EXPECT_EQ(column(u"Number"_s), QStringList({u"1"_s, u"3"_s, u"2"_s}));
+    clickHead(u"Match Type"_s);
+    EXPECT_EQ(column(u"Number"_s), QStringList({u"1"_s, u"2"_s, u"3"_s}));
+    clickHead(u"Match Type"_s);
+    action("fileOrder").trigger();
+    EXPECT_EQ(column(u"Number"_s), QStringList({u"1"_s, u"2"_s, u"3"_s}));
+}
+
+TEST_F(WindowListTest, RecordsAreNotMovedInASortedList)
+{
+    open(ending("Ending 1", "Tag Team") + ending("Ending 2", "Any"));
+    clickHead(u"Match Type"_s);
+    list().setFocus();
+    press(Qt::CTRL | Qt::SHIFT | Qt::Key_Up);
+    press(Qt::CTRL | Qt::SHIFT | Qt::Key_Down);
+    EXPECT_FALSE(isChanged());
+}
+
+TEST_F(WindowListTest, OnlyWithProblemsShowsThoseAlone)
+{
+    open(endings(3) + faulty("Ending 4") + endings(1, 5));
+    part<QCheckBox>("onlyProblems").click();
+    ASSERT_TRUE(shows(1) || shows(2));
+    EXPECT_TRUE(action("onlyProblemsEntry").isChecked());
+    action("onlyProblemsEntry").trigger();
+    EXPECT_TRUE(shows(5));
+    EXPECT_FALSE(part<QCheckBox>("onlyProblems").isChecked());
+}
+
+} // namespace
+} // namespace tarvold::testing

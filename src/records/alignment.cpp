@@ -53,10 +53,10 @@ Alignment::Step Alignment::best(const Cell &cell)
 void Alignment::add(Sort sort, bool isDoubled)
 {
     const std::uint16_t *const cost = m_costs.row(sort);
-    const int off = isDoubled ? LineCosts::kDoubled : 0;
+    const int off = isDoubled ? m_costs.doubled(sort) : 0;
     const int surplus =
         (sort == Sort::Empty ? LineCosts::kSurplusEmpty : LineCosts::kSurplus) - off;
-    const int surplusToo = LineCosts::kSurplusToo - off;
+    const int surplusToo = std::max(LineCosts::kSurplusToo - off, LineCosts::kBit);
 
     const std::size_t start = m_steps.size();
     m_steps.resize(start + std::size_t(m_columns));

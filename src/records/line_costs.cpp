@@ -131,14 +131,14 @@ Role roleOf(const Catalog &catalog, int field)
 // clang-format off
 constexpr std::array<std::array<double, 8>, 8> kOddness = {{
     // Empty Blank Number Other Name Sentence Tagged word
-    {   6,    10,   7,     5,    2,   0,       0,     5}, // FirstCommentary
+    {   6,    14,   7,     5,    2,   0,       0,     5}, // FirstCommentary
     {   4,     0,   7,     5,    2,   0,       0,     5}, // Commentary
-    {   6,    11,   6,     5,    0,   4,       9,     6}, // Text
-    {   6,    11,   7,     5,    1,   5,       9,     6}, // AppliedText
-    {   8,    12,   8,     8,    6,  10,      12,     9}, // OpenList
-    {   9,    12,   9,     9,    8,  11,      12,     9}, // List
-    {   9,    12,  10,    10,   10,  11,      12,    10}, // Coded
-    {   9,    12,   0,     6,    9,  11,      12,    10}, // Number
+    {   6,    30,   6,     5,    0,   4,      12,     6}, // Text
+    {   6,    30,   7,     5,    1,   5,      12,     6}, // AppliedText
+    {   8,    30,   8,     8,    6,  11,      16,     9}, // OpenList
+    {   9,    30,   9,     9,    8,  12,      16,     9}, // List
+    {   9,    30,  10,    10,   10,  12,      16,    10}, // Coded
+    {   9,    30,   0,     6,    9,  12,      16,    10}, // Number
 }};
 // clang-format on
 
@@ -203,6 +203,10 @@ LineCosts::LineCosts(const Catalog &catalog)
     , m_costs(256 * std::size_t(m_fieldCount))
     , m_oddness(256 * std::size_t(m_fieldCount))
 {
+    m_doubled.fill(kDoubledText);
+    m_doubled[std::size_t(Sort::Empty)] = kDoubledWord;
+    m_doubled[std::size_t(Sort::Blank)] = kDoubledWord;
+    m_doubled[std::size_t(Sort::Number)] = kDoubledNumber;
     for (int field = 0; field < m_fieldCount; ++field) {
         const KnownField &known = catalog.fields().at(std::size_t(field));
         const Role role = roleOf(catalog, field);
@@ -216,15 +220,24 @@ LineCosts::LineCosts(const Catalog &catalog)
             // About every other author takes what the screen starts with.
             put(Sort(sort), roleOddness(role, Sort(sort)), 1);
         }
-        // A word of the list: half of the authors choose evenly among them.
-        const double rare = known.words.isEmpty() ? 1 : 1 + std::log2(double(known.words.size()));
+        // A word of the list: half of the authors choose evenly among them. All numbers are one.
+        const bool areNumbers = known.words.contains("1"_L1);
+        const double rare =
+            areNumbers ? 1 : 1 + std::log2(std::max(1.0, double(known.words.size())));
         const auto sortOfWord = [](const QString &word) { return sortOf(word.toLatin1()); };
         for (const QString &word : known.words) {
             put(sortOfWord(word), 0, rare);
         }
+        if (role == Role::Text && known.newText == "N/A"_L1) {
+            // Who or what is not involved by itself may be anybody, or must be nobody.
+            put(sortOf("Any"), 0, 2);
+            put(sortOf("None"), 1, 2);
+        }
         if (!catalog.isCommentary(field) && !known.newText.isEmpty()) {
-            const bool isUsual = !known.words.contains("1"_L1);
-            put(sortOfWord(known.newText), 0, isUsual ? 1 : rare);
+            put(sortOfWord(known.newText), 0, 1);
+            if (sortOfWord(known.newText) >= Sort::FirstWord) {
+                m_doubled[std::size_t(sortOfWord(known.newText))] = kDoubledWord;
+            }
         }
         if (role == Role::Text && known.newText.isEmpty()) {
             put(Sort::Empty, 3, 1);

@@ -69,15 +69,23 @@ public:
     static constexpr int kSurplusEmpty = 9 * kBit;
     static constexpr int kSurplusToo = 8 * kBit;
     /// \}
-    /// What is taken off for the same text as in the line before.
-    static constexpr int kDoubled = 5 * kBit;
+    /// What is taken off for a surplus line that is the same as the one before it.
+    int doubled(Sort sort) const { return m_doubled[std::size_t(sort)]; }
 
 private:
     explicit LineCosts(const Catalog &catalog);
 
+    /// \name Words that screens start with often stand one below the other, texts hardly ever.
+    /// \{
+    static constexpr std::uint8_t kDoubledWord = 5 * kBit;
+    static constexpr std::uint8_t kDoubledNumber = 6 * kBit;
+    static constexpr std::uint8_t kDoubledText = 8 * kBit;
+    /// \}
+
     int m_fieldCount;
     std::vector<std::uint16_t> m_costs;  ///< by sort, then by field
     std::vector<std::uint8_t> m_oddness; ///< by field, then by sort
+    std::array<std::uint8_t, 256> m_doubled{};
 };
 
 } // namespace tarvold::records

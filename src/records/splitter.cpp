@@ -138,25 +138,26 @@ void Splitter::readDamaged()
     const qsizetype from = m_line - (back * m_length);
     const qsizetype limit = from + (qsizetype(kWindow) * m_length);
     m_inStep = 0;
+    std::vector<int> starts;
     if (const auto next = nextInStep(m_line + 1, limit)) {
-        align(from, *next);
-        m_starts.resize(m_starts.size() - std::size_t(back));
-        takeAll(from, *next);
-        return;
+        // With the records in step: a surplus line before them may be one of their own.
+        align(from, *next + (qsizetype(kRecordsBehind) * m_length));
+        starts = m_alignment.pathToEnd().starts;
+        if (!has(from + m_alignment.lines())) {
+            starts.push_back(m_alignment.lines());
+        }
+    } else {
+        align(from, limit);
+        starts = firstHalf();
     }
-    align(from, limit);
-    const auto starts = firstHalf();
     if (starts.empty() || from + starts.back() <= m_line) {
         countLines();
         return;
     }
     m_starts.resize(m_starts.size() - std::size_t(back));
     begin(from);
-    for (const int start : starts) {
-        begin(from + start);
-    }
     // The last of them may be likely, or need to be aligned with what follows.
-    m_starts.pop_back();
+    std::for_each(starts.begin(), starts.end() - 1, [&](int start) { begin(from + start); });
     m_line = from + starts.back();
 }
 
@@ -167,15 +168,6 @@ void Splitter::align(qsizetype from, qsizetype to)
         const bool isDoubled = line > m_first && at(line).text == at(line - 1).text;
         m_alignment.add(at(line).sort, isDoubled);
     }
-}
-
-void Splitter::takeAll(qsizetype from, qsizetype to)
-{
-    begin(from);
-    for (const int start : m_alignment.pathToEnd().starts) {
-        begin(from + start);
-    }
-    m_line = to;
 }
 
 /// Where records start in the first half of what has been aligned: what follows the second half may

@@ -44,7 +44,6 @@ private:
     void readDamaged();
     void align(qsizetype from, qsizetype to);
     std::vector<int> firstHalf() const;
-    void takeAll(qsizetype from, qsizetype to);
     void countLines();
 
     QByteArrayView m_file;

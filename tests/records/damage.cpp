@@ -1,9 +1,36 @@
 #include "records/damage.h"
 
+#include "records/line_costs.h"
+
 #include <set>
 
 namespace tarvold::records {
 namespace {
+
+/// How odd a record's lines are for the fields that hold them, without a line that holds none.
+int oddnessOf(const Record &record, const std::vector<int> &lineOfField)
+{
+    const LineCosts &costs = LineCosts::of(record.catalog().kind());
+    int oddness = 0;
+    for (int field = 0; field < int(lineOfField.size()); ++field) {
+        if (const int line = lineOfField[std::size_t(field)]; line >= 0) {
+            const QByteArrayView text = record.lines()[std::size_t(line)].text;
+            oddness += costs.oddnessOf(field, sortOf(text));
+        }
+    }
+    return oddness;
+}
+
+/// Which line holds which field of a record with a fault.
+std::vector<int> layoutWith(const Fault &fault, int fieldCount)
+{
+    std::vector<int> lines;
+    for (int field = 0; field < fieldCount; ++field) {
+        const int moved = field > fault.field ? (fault.isDoubled ? 1 : -1) : 0;
+        lines.push_back(field == fault.field && !fault.isDoubled ? -1 : field + moved);
+    }
+    return lines;
+}
 
 /// What a record's layout says is wrong with it, against the fault that it has.
 void judge(const Record &found, const RecordLines &original, const Fault &fault, Tally &tally)
@@ -19,12 +46,12 @@ void judge(const Record &found, const RecordLines &original, const Fault &fault,
         layout.surplus.size() != (fault.isDoubled ? 1U : 0U)) {
         return;
     }
-    const Catalog &catalog = found.catalog();
     QByteArray repaired;
     int named = 0;
     if (fault.isDoubled) {
         const int line = layout.surplus.front();
-        named = line == fault.field + 1 ? fault.field : line;
+        named = std::max(line - 1, 0);
+        tally.fields += line == fault.field ? 1 : 0; // the first of the two
         repaired = found.withoutLine(line);
     } else {
         named = missing.front();
@@ -33,8 +60,11 @@ void judge(const Record &found, const RecordLines &original, const Fault &fault,
     const bool isAlike = repaired == bytesOf(original);
     tally.fields += named == fault.field ? 1 : 0;
     tally.alike += isAlike ? 1 : 0;
-    const bool areBothCommentary = catalog.isCommentary(named) && catalog.isCommentary(fault.field);
-    tally.inCommentary += !isAlike && areBothCommentary ? 1 : 0;
+    const auto real = layoutWith(fault, found.catalog().fieldCount());
+    const bool isAsGood = oddnessOf(found, layout.lineOfField) <= oddnessOf(found, real);
+    const bool isDoubled = !fault.isDoubled || found.lines()[std::size_t(named)].text ==
+                                                   found.lines()[std::size_t(named + 1)].text;
+    tally.asGood += isAlike || (isDoubled && isAsGood) ? 1 : 0;
 }
 
 } // namespace
@@ -98,7 +128,7 @@ Tally &Tally::operator+=(const Tally &other)
     records += other.records;
     fields += other.fields;
     alike += other.alike;
-    inCommentary += other.inCommentary;
+    asGood += other.asGood;
     return *this;
 }
 

@@ -27,8 +27,7 @@ struct Tally
     int records = 0; ///< files where exactly the damaged records were named
     int fields = 0;  ///< faults whose field was named
     int alike = 0;   ///< faults whose repair gives back the record that was
-    int inCommentary =
-        0; ///< faults in a commentary that are not alike, but were named as one there
+    int asGood = 0;  ///< faults that are alike, or whose lines suit the named fields as well
 
     /// Counts one damaged file.
     void add(const std::vector<RecordLines> &records, const std::vector<Fault> &faults,

@@ -27,7 +27,7 @@ void show(const QByteArray &name, const Tally &tally)
         std::printf("| %s | %d | %.1f %% | %.1f %% | %.1f %% | %.1f %% |\n", name.constData(),
                     tally.files, percent(tally.records, tally.files),
                     percent(tally.fields, tally.faults), percent(tally.alike, tally.faults),
-                    percent(tally.alike + tally.inCommentary, tally.faults));
+                    percent(tally.asGood, tally.faults));
     }
 }
 

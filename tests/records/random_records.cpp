@@ -43,11 +43,13 @@ QString randomTag(Random &random, const Catalog &catalog)
     return catalog.tags().at(std::size_t(below(random, int(catalog.tags().size())))).tag;
 }
 
-QByteArray sentence(Random &random, const Catalog &catalog)
+/// A line of commentary; hardly anybody writes the same twice, one behind the other.
+QByteArray sentence(Random &random, const Catalog &catalog, const QByteArray &previous)
 {
     QString text = QLatin1StringView(pick(random, kSentences));
     text.replace("%1"_L1, randomTag(random, catalog)).replace("%2"_L1, randomTag(random, catalog));
-    return text.toLatin1();
+    const QByteArray line = text.toLatin1();
+    return line == previous ? sentence(random, catalog, previous) : line;
 }
 
 QByteArray number(Random &random)
@@ -102,7 +104,7 @@ RecordLines randomRecord(Random &random, const Catalog &catalog, Writing writing
             const bool isWritten = place - catalog.firstCommentary() < written;
             record << (!isWritten ? QByteArray(kBlankLine)
                        : isOdd    ? QByteArray(pick(random, kOddLines))
-                                  : sentence(random, catalog));
+                                  : sentence(random, catalog, record.back()));
         } else if (writing == Writing::Default && !field.newText.isEmpty()) {
             record << field.newText.toLatin1();
         } else {

@@ -95,22 +95,23 @@ void Alignment::passMissing()
         missing[0] = missing[end];
         passMissingFrom(1, false);
     }
+    chooseBest();
+}
+
+/// Of several steps it chooses the one that puts a gap as late as possible: what is missing from a
+/// commentary is then "-BLANK-" at its end.
+void Alignment::chooseBest()
+{
+    const int *const matched = m_row[Matched].data();
+    const int *const missing = m_row[Missing].data();
+    const int *const skipped = m_row[Surplus].data();
+    int *const best = m_best.data();
+    std::uint8_t *const bestStep = m_bestStep.data();
     for (int column = 0; column < m_columns; ++column) {
-        // Of several steps it is the one that puts a gap as late as possible: what is missing from
-        // a commentary is then "-BLANK-" at its end.
-        const auto at = std::size_t(column);
-        int least = missing[column];
-        Step step = Missing;
-        if (m_row[Surplus][at] < least) {
-            least = m_row[Surplus][at];
-            step = Surplus;
-        }
-        if (m_row[Matched][at] < least) {
-            least = m_row[Matched][at];
-            step = Matched;
-        }
-        m_best[at] = least;
-        m_bestStep[at] = step;
+        const int gap = std::min(missing[column], skipped[column]);
+        best[column] = std::min(gap, matched[column]);
+        const int step = skipped[column] < missing[column] ? int(Surplus) : int(Missing);
+        bestStep[column] = std::uint8_t(matched[column] < gap ? int(Matched) : step);
     }
 }
 

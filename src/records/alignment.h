@@ -60,6 +60,7 @@ private:
 
     void passMissing();
     void passMissingFrom(int from, bool isFirst);
+    void chooseBest();
     Path path(int column) const;
     int cheapestColumn() const;
     std::uint8_t *lastSteps();

@@ -70,7 +70,11 @@ RecordsWindow::Parts::Parts(RecordsWindow &whole)
     connectActions();
 }
 
-RecordsWindow::Parts::~Parts() = default;
+RecordsWindow::Parts::~Parts()
+{
+    // The undo stack tells of its end, when the list that the actions ask is gone already.
+    document.undoStack().disconnect();
+}
 
 QLayout *RecordsWindow::Parts::newHead()
 {

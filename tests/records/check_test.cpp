@@ -11,7 +11,7 @@ using namespace records;
 namespace {
 
 /// A talk show segment that its screens could have written.
-QByteArrayList talkShow(const QByteArray &host)
+QByteArrayList talkShowLines(const QByteArray &host)
 {
     return {host,      "Face",    "The Pit",  "Any",     "Any",     "Any",     "Any",
             "Any",     "25",      "Welcome!", "-BLANK-", "-BLANK-", "-BLANK-", "-BLANK-",
@@ -44,7 +44,7 @@ protected:
 
 TEST_F(Check, AnUndamagedFileIsClean)
 {
-    writeFile("talkshow.tvd", bytesOfLines(talkShow("A")) + bytesOfLines(talkShow("B")));
+    writeFile("talkshow.tvd", bytesOfLines(talkShowLines("A")) + bytesOfLines(talkShowLines("B")));
     EXPECT_EQ(run({u"talkshow.tvd"_s}), check::Outcome::Clean);
     EXPECT_EQ(results, QStringList());
     EXPECT_EQ(errors, QStringList());
@@ -52,9 +52,9 @@ TEST_F(Check, AnUndamagedFileIsClean)
 
 TEST_F(Check, LinesAreThoseOfTheFile)
 {
-    QByteArrayList second = talkShow("B");
+    QByteArrayList second = talkShowLines("B");
     second[8] = "a lot";
-    writeFile("talkshow.tvd", bytesOfLines(talkShow("A")) + bytesOfLines(second));
+    writeFile("talkshow.tvd", bytesOfLines(talkShowLines("A")) + bytesOfLines(second));
     EXPECT_EQ(run({u"talkshow.tvd"_s}, DataFileKind::TalkShows), check::Outcome::Problems);
     ASSERT_EQ(results.size(), 1);
     EXPECT_TRUE(results.front().startsWith(u"talkshow.tvd:28: "_s))
@@ -63,10 +63,10 @@ TEST_F(Check, LinesAreThoseOfTheFile)
 
 TEST_F(Check, AMissingLineIsReportedWhereItBelongs)
 {
-    QByteArrayList second = talkShow("B");
+    QByteArrayList second = talkShowLines("B");
     second.removeAt(8); // the heat increase
-    writeFile("talkshow.tvd",
-              bytesOfLines(talkShow("A")) + bytesOfLines(second) + bytesOfLines(talkShow("C")));
+    writeFile("talkshow.tvd", bytesOfLines(talkShowLines("A")) + bytesOfLines(second) +
+                                  bytesOfLines(talkShowLines("C")));
     EXPECT_EQ(run({u"talkshow.tvd"_s}, DataFileKind::TalkShows), check::Outcome::Problems);
     ASSERT_EQ(results.size(), 1);
     EXPECT_TRUE(results.front().startsWith(u"talkshow.tvd:28: "_s))
@@ -76,10 +76,10 @@ TEST_F(Check, AMissingLineIsReportedWhereItBelongs)
 
 TEST_F(Check, ASurplusLineIsReportedWhereItStands)
 {
-    QByteArrayList second = talkShow("B");
+    QByteArrayList second = talkShowLines("B");
     second.insert(9, "25");
-    writeFile("talkshow.tvd",
-              bytesOfLines(talkShow("A")) + bytesOfLines(second) + bytesOfLines(talkShow("C")));
+    writeFile("talkshow.tvd", bytesOfLines(talkShowLines("A")) + bytesOfLines(second) +
+                                  bytesOfLines(talkShowLines("C")));
     EXPECT_EQ(run({u"talkshow.tvd"_s}, DataFileKind::TalkShows), check::Outcome::Problems);
     ASSERT_EQ(results.size(), 1);
     // Either of the two equal lines.
@@ -90,7 +90,7 @@ TEST_F(Check, ASurplusLineIsReportedWhereItStands)
 
 TEST_F(Check, ARepeatedRecordIsReportedWithTheSecondOne)
 {
-    writeFile("talkshow.tvd", bytesOfLines(talkShow("A")).repeated(2));
+    writeFile("talkshow.tvd", bytesOfLines(talkShowLines("A")).repeated(2));
     EXPECT_EQ(run({u"talkshow.tvd"_s}, DataFileKind::TalkShows), check::Outcome::Problems);
     ASSERT_EQ(results.size(), 1);
     EXPECT_TRUE(results.front().startsWith(u"talkshow.tvd:20: "_s))
@@ -99,7 +99,7 @@ TEST_F(Check, ARepeatedRecordIsReportedWithTheSecondOne)
 
 TEST_F(Check, ControlCharactersDoNotReachTheTerminal)
 {
-    QByteArrayList lines = talkShow("A");
+    QByteArrayList lines = talkShowLines("A");
     lines[8] = "\x1b[2J";
     const QString name = u"a\x1b[2J\nb.tvd"_s;
     put(name, bytesOfLines(lines));
@@ -116,7 +116,7 @@ TEST_F(Check, ControlCharactersDoNotReachTheTerminal)
 
 TEST_F(Check, AFileThatCannotBeReadKeepsNoOtherFromBeingChecked)
 {
-    QByteArrayList lines = talkShow("A");
+    QByteArrayList lines = talkShowLines("A");
     lines[8] = "a lot";
     writeFile("talkshow.tvd", bytesOfLines(lines));
     EXPECT_EQ(run({u"missing.tvd"_s, u"."_s, u"talkshow.tvd"_s}, DataFileKind::TalkShows),
@@ -148,7 +148,7 @@ TEST_F(Check, ATossUpAsksForTheKind)
 TEST_F(Check, ResultsThatCannotBeWrittenEndIt)
 {
     canWrite = false;
-    QByteArrayList lines = talkShow("A");
+    QByteArrayList lines = talkShowLines("A");
     lines[8] = "a lot";
     writeFile("talkshow.tvd", bytesOfLines(lines).repeated(3));
     EXPECT_EQ(run({u"talkshow.tvd"_s}, DataFileKind::TalkShows), check::Outcome::NotChecked);

@@ -52,29 +52,15 @@ protected:
         return window;
     }
 
-    /// Presses a button of the question about unsaved changes, once it comes.
-    void answer(const QString &caption)
+    void expectUnsaved(Answer answer)
     {
-        QTimer::singleShot(0, &m_answering, [this, caption] {
-            auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-            ASSERT_NE(box, nullptr);
-            for (QAbstractButton *button : box->buttons()) {
-                if (button->text().remove(u'&') == caption) {
-                    ++answered;
-                    button->click();
-                    return;
-                }
-            }
-            ADD_FAILURE() << "no button " << caption.toStdString();
-            box->reject();
-        });
+        boxes.expectUnsaved(title(),
+                            u"The file \"normreports.tvd\" has changes that are not saved.\n\n"
+                            "Save them before the window closes?"_s,
+                            answer);
     }
 
     static inline const QByteArray kBytes = QByteArray("Any\r\n").repeated(36);
-    int answered = 0;
-
-private:
-    QObject m_answering;
 };
 
 TEST_F(EditorWindows, TheKeysOpenTheFileOfTheRow)
@@ -132,9 +118,8 @@ TEST_F(EditorWindows, CancelKeepsTheProgram)
 {
     const QSignalSpy ended(&editor, &Editor::exitRequested);
     changed(u"normreports.tvd"_s);
-    answer(u"Cancel"_s);
+    expectUnsaved(Answer::Cancel);
     press("Form1", "Command2");
-    EXPECT_EQ(answered, 1);
     EXPECT_EQ(ended.count(), 0);
     EXPECT_EQ(windows().size(), 1);
     EXPECT_TRUE(windows().front()->isVisible());
@@ -146,9 +131,9 @@ TEST_F(EditorWindows, DiscardEndsTheProgramAndLeavesTheFile)
 {
     const QSignalSpy ended(&editor, &Editor::exitRequested);
     changed(u"normreports.tvd"_s);
-    answer(u"Discard"_s);
+    expectUnsaved(Answer::Discard);
     screen("Form1").close();
-    EXPECT_EQ(answered, 1);
+    boxes.checkAllCame();
     EXPECT_EQ(ended.count(), 1);
     EXPECT_TRUE(windows().isEmpty());
     EXPECT_EQ(readBack("normreports.tvd"), kBytes);
@@ -158,9 +143,8 @@ TEST_F(EditorWindows, SaveEndsTheProgramWithTheChangesInTheFile)
 {
     const QSignalSpy ended(&editor, &Editor::exitRequested);
     changed(u"normreports.tvd"_s);
-    answer(u"Save"_s);
+    expectUnsaved(Answer::Save);
     press("Form1", "Command2");
-    EXPECT_EQ(answered, 1);
     EXPECT_EQ(ended.count(), 1);
     EXPECT_EQ(readBack("normreports.tvd"), kBytes + kBytes);
 }
@@ -169,10 +153,9 @@ TEST_F(EditorWindows, ExitWhileAWindowAsksDoesNothing)
 {
     const QSignalSpy ended(&editor, &Editor::exitRequested);
     changed(u"normreports.tvd"_s);
-    QTimer::singleShot(0, &editor, [this] { click(control("Form1", "Command2")); });
-    answer(u"Cancel"_s);
+    expectUnsaved(Answer::Cancel);
+    boxes.beforeItsAnswer([this](QMessageBox &) { click(control("Form1", "Command2")); });
     press("Form1", "Command2");
-    EXPECT_EQ(answered, 1);
     EXPECT_EQ(ended.count(), 0);
     EXPECT_EQ(windows().size(), 1);
 }
@@ -181,10 +164,9 @@ TEST_F(EditorWindows, AFlowThatBeganWhileAWindowAskedIsNotLost)
 {
     const QSignalSpy ended(&editor, &Editor::exitRequested);
     changed(u"normreports.tvd"_s);
-    QTimer::singleShot(0, &editor, [this] { click(control("Form1", "Command6")); });
-    answer(u"Discard"_s);
+    expectUnsaved(Answer::Discard);
+    boxes.beforeItsAnswer([this](QMessageBox &) { click(control("Form1", "Command6")); });
     press("Form1", "Command2");
-    EXPECT_EQ(answered, 1);
     EXPECT_EQ(ended.count(), 0);
     expectOnly("Form12");
 }

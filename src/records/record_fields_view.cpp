@@ -80,7 +80,7 @@ std::unique_ptr<RecordFieldsView::Form> RecordFieldsView::newForm(const Catalog 
     form->catalog = &catalog;
     form->place = new QWidget;
     auto *grid = new QGridLayout(form->place);
-    grid->setContentsMargins({});
+    grid->setContentsMargins(0, 0, kRowGap, 0); // beside the scroll bar, which is always there
     grid->setHorizontalSpacing(kGap);
     grid->setVerticalSpacing(kRowGap);
     grid->setColumnStretch(1, 2);

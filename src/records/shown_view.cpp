@@ -78,6 +78,7 @@ ShownView::ShownView(QWidget *parent)
     controls::describe(*m_text, u"The record as shown"_s);
     m_castHeading->setText(u"Names that the record leaves open (an example, for this run only):"_s);
     m_castPane->setObjectName(u"cast"_s);
+    m_castPane->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Maximum);
     m_castPane->column().addLayout(m_castGrid);
     m_castPane->column().addStretch();
     m_castGrid->setHorizontalSpacing(kGap);
@@ -86,10 +87,10 @@ ShownView::ShownView(QWidget *parent)
     m_castGrid->setColumnStretch(1, 3);
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins({});
-    column->addWidget(m_text, 3);
+    column->addWidget(m_text, 1);
     column->addWidget(m_legend);
     column->addWidget(m_castHeading);
-    column->addWidget(m_castPane, 2);
+    column->addWidget(m_castPane);
     clear();
 }
 
@@ -124,6 +125,9 @@ void ShownView::write()
     const int scrolled = m_text->verticalScrollBar()->value();
     m_text->clear();
     QTextCursor cursor(m_text->document());
+    QTextBlockFormat apart; // else a line that wraps would look like two
+    apart.setBottomMargin(kRowGap);
+    cursor.setBlockFormat(apart);
     for (const ShownLine &line : lines) {
         if (&line != lines.data()) {
             cursor.insertBlock();

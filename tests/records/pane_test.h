@@ -61,8 +61,10 @@ protected:
         window.show();
         testing::expectActive(window);
         choose(0);
+        EXPECT_FALSE(pane.hasPending());
         pane.setView(RecordPane::View::AsWritten);
         settle();
+        EXPECT_EQ(edits, std::vector<Edit>());
     }
 
     void choose(int index)

@@ -75,6 +75,7 @@ RecordPane::~RecordPane()
 void RecordPane::addTabs()
 {
     m_tabs->setObjectName(u"views"_s);
+    m_tabs->setAccessibleName(u"Record"_s); // the focus is always in its bar
     m_tabs->tabBar()->setObjectName(u"viewtabs"_s);
     m_tabs->tabBar()->setAccessibleName(u"Views of the record"_s);
     m_tabs->setDocumentMode(true); // no frame: the pages stand on the window's own background

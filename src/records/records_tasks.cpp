@@ -41,43 +41,6 @@ std::vector<int> RecordsTasks::selected() const
     return records;
 }
 
-std::vector<int> RecordsTasks::currentAndTop() const
-{
-    std::vector<int> records;
-    const QModelIndex top = m_list.indexAt(QPoint(0, 0));
-    for (const QModelIndex &index : {m_list.currentIndex(), top}) {
-        if (index.isValid()) {
-            records.push_back(m_model.indexAt(index.row()));
-        }
-    }
-    return records;
-}
-
-void RecordsTasks::goBack(const std::vector<int> &selected, const std::vector<int> &currentAndTop)
-{
-    if (m_model.rowCount() == 0) {
-        return;
-    }
-    QItemSelection selection;
-    for (const int record : selected) {
-        if (const int row = m_model.rowOf(record); row >= 0) {
-            const QModelIndex index = m_model.index(row, 0);
-            selection.select(index, index);
-        }
-    }
-    const int current = currentAndTop.empty() ? -1 : m_model.rowOf(currentAndTop.front());
-    if (currentAndTop.size() > 1) {
-        m_list.scrollTo(m_model.index(m_model.rowOf(currentAndTop[1]), 0),
-                        QAbstractItemView::PositionAtTop);
-    }
-    if (current >= 0) {
-        m_list.selectionModel()->setCurrentIndex(m_model.index(current, 0),
-                                                 QItemSelectionModel::NoUpdate);
-    }
-    m_list.selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect |
-                                                   QItemSelectionModel::Rows);
-}
-
 bool RecordsTasks::isWholeFileShown() const
 {
     return m_list.header()->sortIndicatorSection() < 0 && m_model.rowCount() == m_document.count();

@@ -30,10 +30,6 @@ public:
     std::vector<int> selected() const;
     /// Whether the list shows the records in the order of the file, and all of them.
     bool isWholeFileShown() const;
-    /// The current record and the one at the top of the list, as far as there are such.
-    std::vector<int> currentAndTop() const;
-    /// Selects records and scrolls back to where the list stood.
-    void goBack(const std::vector<int> &selected, const std::vector<int> &currentAndTop);
     /// Shows a record in the list, if the filter lets it through.
     void goTo(int record);
 

@@ -90,7 +90,8 @@ RecordsWindow::RecordsWindow(const QString &name, std::optional<DataFileKind> ki
 RecordsWindow::~RecordsWindow()
 {
     windows().removeOne(this);
-    // The views look at the document, which is gone before them otherwise.
+    // The undo stack tells of its end when the list is gone, and the views look at the document.
+    m_parts->document.undoStack().disconnect(this);
     delete takeCentralWidget();
 }
 

@@ -6,6 +6,7 @@
 #include "controls/text_box.h"
 #include "records/chosen_record.h"
 #include "records/kind_box.h"
+#include "records/list_place.h"
 #include "records/notice_line.h"
 #include "records/path_label.h"
 #include "records/problem_scan.h"
@@ -63,6 +64,7 @@ RecordsWindow::Parts::Parts(RecordsWindow &whole)
     tasks->setParent(&window);
     actions = new RecordsActions(window, *list);
     connectFile();
+    place = new ListPlace(document, *model, *list);
     new ChosenRecord(document, *scan, *model, *list, *pane);
     connectSearch();
     connectList();

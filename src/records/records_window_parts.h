@@ -16,6 +16,7 @@ class TextBox;
 namespace tarvold::records {
 
 class KindBox;
+class ListPlace;
 class NoticeLine;
 class PathLabel;
 class ProblemScan;
@@ -54,6 +55,7 @@ public:
 
     RecordsFile *file = nullptr;
     RecordsTasks *tasks = nullptr;
+    ListPlace *place = nullptr;
     RecordsActions *actions = nullptr;
 
     void showCounts();
@@ -76,7 +78,6 @@ private:
     void fillSortMenu();
     void showRecords();
     void showFailure(const QString &text);
-    void keepPlaces();
 };
 
 } // namespace tarvold::records

@@ -1,9 +1,9 @@
 #include "controls/push_button.h"
 #include "controls/text_box.h"
 #include "records/kind_box.h"
+#include "records/list_place.h"
 #include "records/notice_line.h"
 #include "records/path_label.h"
-#include "records/place_keeper.h"
 #include "records/problem_scan.h"
 #include "records/record_list_model.h"
 #include "records/record_list_view.h"
@@ -20,12 +20,10 @@
 #include <QLabel>
 #include <QMenu>
 #include <QProgressBar>
-#include <QScrollBar>
 #include <QShortcut>
 #include <QStackedWidget>
 
 #include <functional>
-#include <memory>
 
 namespace tarvold::records {
 
@@ -47,30 +45,7 @@ void RecordsWindow::Parts::connectFile()
     QObject::connect(kind, &KindBox::kindChosen, file, &RecordsFile::chooseKind);
     QObject::connect(&document.undoStack(), &QUndoStack::cleanChanged, &window,
                      [this] { showTitle(); });
-    keepPlaces();
-}
-
-/// After a reload the list stands where it stood.
-void RecordsWindow::Parts::keepPlaces()
-{
-    struct Place
-    {
-        explicit Place(const Document &document) : selected(document), view(document) {}
-        PlaceKeeper selected;
-        PlaceKeeper view; ///< the current record and the one at the top
-        int scrolled = 0; ///< sideways
-    };
-    auto place = std::make_shared<Place>(document);
-    QObject::connect(&document, &Document::aboutToReset, &window, [this, place] {
-        place->selected.remember(tasks->selected());
-        place->view.remember(tasks->currentAndTop());
-        place->scrolled = list->horizontalScrollBar()->value();
-    });
-    QObject::connect(&document, &Document::reset, &window, [this, place] {
-        tasks->goBack(place->selected.found(), place->view.found());
-        list->horizontalScrollBar()->setValue(place->scrolled);
-        showCounts();
-    });
+    QObject::connect(&document, &Document::reset, &window, [this] { showCounts(); });
 }
 
 void RecordsWindow::Parts::showRecords()
@@ -82,7 +57,7 @@ void RecordsWindow::Parts::showRecords()
     list->showBeside(model->problemColumn(), RecordListModel::Number + 1);
     list->fitColumns();
     fillSortMenu();
-    if (tasks->current() < 0 && model->rowCount() > 0) {
+    if (tasks->current() < 0 && model->rowCount() > 0 && !place->isAwaited()) {
         list->goTo(0);
     }
     showTitle();
@@ -167,7 +142,7 @@ void RecordsWindow::Parts::followRows()
 {
     if (list->currentIndex().isValid()) {
         list->scrollTo(list->currentIndex());
-    } else if (model->rowCount() > 0) {
+    } else if (model->rowCount() > 0 && !place->isAwaited()) {
         list->goTo(0);
     }
     showCounts();

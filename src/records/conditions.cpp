@@ -133,13 +133,13 @@ void tellRunIn(Teller &teller, Conditions &told)
 
 void tellTurn(Teller &teller, Conditions &told)
 {
+    int number = 0;
     for (const RecordField *field : kTurnDispositions) {
-        const auto number = &field - &kTurnDispositions[0];
+        ++number;
         for (Phrase phrase : kTurningDispositions) {
             phrase.field = field;
             const QString said = teller.tell(*field, std::span(&phrase, 1));
-            addIfAny(told.more,
-                     said.isEmpty() ? said : u"wrestler %1 %2"_s.arg(number + 1).arg(said));
+            addIfAny(told.more, said.isEmpty() ? said : u"wrestler %1 %2"_s.arg(number).arg(said));
         }
     }
     const QStringList turn = teller.tellAll(kTurn);

@@ -22,6 +22,7 @@ FieldEditor::FieldEditor(const KnownField &known, QWidget *parent) : QObject(par
         m_combo = new ComboBox(parent);
         m_control = m_combo;
         m_combo->addItems(known.items);
+        m_combo->setText({}); // it starts with its first item, which no record has put there
         m_combo->markUnlisted(u"Not in the list."_s);
         connect(qobject_cast<TextBox *>(m_combo->lineEdit()), &TextBox::left, this,
                 &FieldEditor::finished);

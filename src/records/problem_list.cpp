@@ -15,6 +15,31 @@ namespace tarvold::records {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// Rows as high as their whole text needs in the width of the list.
+class WrappedRows : public ListRows
+{
+public:
+    explicit WrappedRows(QListView &list) : ListRows(&list), m_list(list) {}
+
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        constexpr int kAround = 10; // what the style leaves on the left and right of a text
+        const int width = m_list.viewport()->width();
+        const QRect room(0, 0, std::max(width - kAround, 1), QWIDGETSIZE_MAX);
+        const int height =
+            option.fontMetrics.boundingRect(room, Qt::TextWordWrap, index.data().toString())
+                .height();
+        return {width, std::max(height + kRowGap, kLeastTarget)};
+    }
+
+private:
+    QListView &m_list;
+};
+
+} // namespace
+
 ProblemList::ProblemList(QWidget *parent)
     : QWidget(parent)
     , m_heading(new QLabel(this))
@@ -22,14 +47,7 @@ ProblemList::ProblemList(QWidget *parent)
     , m_offer(new QLabel(this))
     , m_repair(new PushButton(u"Repair"_s, this))
 {
-    m_list->setObjectName(u"problems"_s);
-    m_list->setModel(&m_texts);
-    m_list->setWordWrap(true);
-    m_list->setResizeMode(QListView::Adjust);
-    m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    m_list->installEventFilter(this);
-    controls::describe(*m_list, u"Problems"_s, u"Enter goes to the field."_s);
+    addList();
     m_heading->setObjectName(u"problemheading"_s);
     m_offer->setObjectName(u"repairoffer"_s);
     m_offer->setWordWrap(true);
@@ -47,17 +65,33 @@ ProblemList::ProblemList(QWidget *parent)
     column->addWidget(m_heading);
     column->addWidget(m_list);
     column->addLayout(row);
-    connect(m_list, &QListView::clicked, this, &ProblemList::choose);
-    connect(m_list->selectionModel(), &QItemSelectionModel::currentChanged, this,
-            &ProblemList::followSelection);
-    connect(m_list->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-            &ProblemList::followSelection);
     connect(m_repair, &QPushButton::clicked, this, [this] {
         if (const Problem *problem = selected(); problem != nullptr) {
             emit repairRequested(Problem(*problem)); // a repair changes the list
         }
     });
     hide();
+}
+
+void ProblemList::addList()
+{
+    m_list->setObjectName(u"problems"_s);
+    m_list->setModel(&m_texts);
+    m_list->setItemDelegate(new WrappedRows(*m_list));
+    m_list->setWordWrap(true);
+    m_list->setTextElideMode(Qt::ElideNone);
+    m_list->setUniformItemSizes(false);
+    m_list->setResizeMode(QListView::Adjust);
+    m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_list->installEventFilter(this);
+    m_list->viewport()->installEventFilter(this);
+    controls::describe(*m_list, u"Problems"_s, u"Enter goes to the field."_s);
+    connect(m_list, &QListView::clicked, this, &ProblemList::choose);
+    connect(m_list->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            &ProblemList::followSelection);
+    connect(m_list->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &ProblemList::followSelection);
 }
 
 void ProblemList::setProblems(std::vector<Problem> problems)
@@ -116,7 +150,9 @@ void ProblemList::followSelection()
 
 bool ProblemList::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::KeyPress) {
+    if (watched == m_list->viewport() && event->type() == QEvent::Resize) {
+        fitHeight(); // texts wrap in other places
+    } else if (event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent &>(*event).key();
         if (key == Qt::Key_Return || key == Qt::Key_Enter) {
             choose();
@@ -126,20 +162,15 @@ bool ProblemList::eventFilter(QObject *watched, QEvent *event)
     return QWidget::eventFilter(watched, event);
 }
 
-void ProblemList::resizeEvent(QResizeEvent *event)
-{
-    QWidget::resizeEvent(event);
-    fitHeight();
-}
-
 void ProblemList::fitHeight()
 {
     constexpr int kMostRows = 4; // more scroll
-    int height = 2 * m_list->frameWidth();
+    constexpr int kMostHeight = 160;
+    int height = 0;
     for (int row = 0; row < std::min(m_texts.rowCount(), kMostRows); ++row) {
-        height += std::max(m_list->sizeHintForIndex(m_texts.index(row)).height(), kLeastTarget);
+        height += m_list->sizeHintForIndex(m_texts.index(row)).height();
     }
-    m_list->setFixedHeight(height);
+    m_list->setFixedHeight(std::min(height, kMostHeight) + 2 * m_list->frameWidth());
 }
 
 } // namespace tarvold::records

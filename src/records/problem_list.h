@@ -39,9 +39,9 @@ signals:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
-    void resizeEvent(QResizeEvent *event) override;
 
 private:
+    void addList();
     const Problem *selected() const;
     void choose();
     void followSelection();

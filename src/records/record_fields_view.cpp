@@ -26,6 +26,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qsizetype kMostShown = 2000; ///< of a text that cannot be edited
+constexpr qsizetype kMostSurplus = 20; ///< lines at one place
 
 } // namespace
 
@@ -41,26 +42,37 @@ RecordFieldsView::RecordFieldsView(QWidget *parent) : QWidget(parent), m_pane(ne
 
 RecordFieldsView::~RecordFieldsView()
 {
-    // An editor that has the focus is left when QWidget deletes it, after this destructor.
-    for (const auto &form : m_forms) {
-        for (const Row &row : form->rows) {
-            if (row.editor != nullptr) {
-                row.editor->disconnect(this);
-            }
+    disconnectEditors();
+}
+
+void RecordFieldsView::disconnectEditors()
+{
+    // An editor that has the focus is left when it goes.
+    for (const Row &row : m_form != nullptr ? m_form->rows : std::vector<Row>()) {
+        if (row.editor != nullptr) {
+            row.editor->disconnect(this);
         }
     }
 }
 
-RecordFieldsView::Form &RecordFieldsView::formOf(const Catalog &catalog)
+void RecordFieldsView::dropForm()
 {
-    const auto found = std::find_if(m_forms.begin(), m_forms.end(),
-                                    [&](const auto &form) { return form->catalog == &catalog; });
-    if (found != m_forms.end()) {
-        return **found;
+    disconnectEditors();
+    if (m_form != nullptr) {
+        m_form->place->hide();
+        m_form->place->setParent(nullptr);
+        m_form->place->deleteLater(); // an editor may be telling what makes it go
+        m_form.reset();
     }
-    m_forms.push_back(newForm(catalog));
-    m_pane->column().addWidget(m_forms.back()->place);
-    return *m_forms.back();
+}
+
+void RecordFieldsView::clear()
+{
+    for (const Row &row : m_form != nullptr ? m_form->rows : std::vector<Row>()) {
+        if (row.editor != nullptr) {
+            row.editor->revert();
+        }
+    }
 }
 
 std::unique_ptr<RecordFieldsView::Form> RecordFieldsView::newForm(const Catalog &catalog)
@@ -69,7 +81,7 @@ std::unique_ptr<RecordFieldsView::Form> RecordFieldsView::newForm(const Catalog 
     form->catalog = &catalog;
     form->place = new QWidget;
     auto *grid = new QGridLayout(form->place);
-    grid->setContentsMargins({});
+    grid->setContentsMargins(0, 0, kRowGap, 0); // beside the scroll bar, which is always there
     grid->setHorizontalSpacing(kGap);
     grid->setVerticalSpacing(kRowGap);
     grid->setColumnStretch(1, 2);
@@ -106,58 +118,49 @@ RecordFieldsView::Row RecordFieldsView::newRow(QGridLayout &grid, const Catalog 
     const KnownField &known = catalog.fields().at(std::size_t(field));
     row.number = newLabel(grid, top + 1, 0, 1, u"number"_s + number);
     row.number->setWordWrap(false);
+    row.number->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     row.number->setText(number);
     row.caption = newLabel(grid, top + 1, 1, 1, u"caption"_s + number);
     row.caption->setText(known.caption);
-    for (QLabel *label : {row.number, row.caption}) {
+    for (QLabel *label : {row.number, row.caption}) { // beside the first line of a high editor
         label->setMinimumHeight(kControlHeight);
         grid.setAlignment(label, Qt::AlignTop);
     }
-    row.number->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    row.editor = new FieldEditor(known, grid.parentWidget());
-    QWidget &control = row.editor->control();
-    control.setObjectName(u"field"_s + number);
-    controls::describe(control, known.caption, u"Line %1"_s.arg(number));
-    grid.addWidget(&control, top + 1, 2);
+    row.editor = newEditor(grid, known, field);
+    grid.addWidget(&row.editor->control(), top + 1, 2);
     row.note = newLabel(grid, top + 2, 2, 1, u"note"_s + number);
     row.note->hide();
-    connect(row.editor, &FieldEditor::finished, this, [this, field] { commitField(field); });
     return row;
+}
+
+FieldEditor *RecordFieldsView::newEditor(QGridLayout &grid, const KnownField &known, int field)
+{
+    auto *editor = new FieldEditor(known, grid.parentWidget());
+    const QString number = QString::number(field + 1);
+    editor->control().setObjectName(u"field"_s + number);
+    controls::describe(editor->control(), known.caption, u"Line "_s + number);
+    connect(editor, &FieldEditor::finished, this, [this, field] { commitField(field); });
+    return editor;
 }
 
 void RecordFieldsView::showRecord(const Record &record)
 {
-    if (m_form != nullptr) {
-        for (const Row &row : m_form->rows) {
-            if (row.editor != nullptr) {
-                row.editor->revert();
-            }
-        }
-    }
+    clear();
     updateRecord(record);
     m_pane->verticalScrollBar()->setValue(0);
 }
 
 void RecordFieldsView::updateRecord(const Record &record)
 {
-    Form &form = formOf(record.catalog());
     setUpdatesEnabled(false);
-    if (m_form != &form) {
-        clear();
-        m_form = &form;
+    if (m_form == nullptr || m_form->catalog != &record.catalog()) {
+        dropForm();
+        m_form = newForm(record.catalog());
+        m_pane->column().addWidget(m_form->place);
     }
     fill(record);
     showSurplus(record);
-    form.place->show();
     setUpdatesEnabled(true);
-}
-
-void RecordFieldsView::clear()
-{
-    if (m_form != nullptr) {
-        m_form->place->hide();
-        m_form = nullptr;
-    }
 }
 
 void RecordFieldsView::fill(const Record &record)
@@ -169,22 +172,29 @@ void RecordFieldsView::fill(const Record &record)
 
 void RecordFieldsView::showSurplus(const Record &record)
 {
-    const std::vector<int> &lineOfField = record.layout().lineOfField;
+    m_lineOfField = record.layout().lineOfField;
     std::vector<QStringList> told(m_form->rows.size());
-    m_fieldBehind.assign(record.lines().size(), -1);
     for (const int line : record.layout().surplus) {
-        const auto behind = std::find_if(lineOfField.begin(), lineOfField.end(),
-                                         [line](int other) { return other > line; });
-        const auto row = std::size_t(behind - lineOfField.begin());
-        m_fieldBehind.at(std::size_t(line)) = int(row);
-        const QString text = codepage::decode(record.lines().at(std::size_t(line)).text);
-        told.at(row) << u"Line too many: \"%1\""_s.arg(longtext::quoted(text, kMostShown));
+        QStringList &here = told.at(rowBehind(line));
+        if (here.size() < kMostSurplus) {
+            const QString text = codepage::decode(record.lines().at(std::size_t(line)).text);
+            here << u"Line too many: \"%1\""_s.arg(longtext::quoted(text, kMostShown));
+        } else if (here.size() == kMostSurplus) {
+            here << u"And more."_s;
+        }
     }
     for (std::size_t row = 0; row < told.size(); ++row) {
         QLabel *label = m_form->rows.at(row).surplus;
         label->setText(longtext::breakable(told.at(row).join(u'\n')));
         label->setVisible(!told.at(row).isEmpty());
     }
+}
+
+std::size_t RecordFieldsView::rowBehind(int line) const
+{
+    const auto behind = std::find_if(m_lineOfField.begin(), m_lineOfField.end(),
+                                     [line](int other) { return other > line; });
+    return std::size_t(behind - m_lineOfField.begin());
 }
 
 void RecordFieldsView::setProblems(const std::vector<Problem> &problems)
@@ -234,10 +244,8 @@ void RecordFieldsView::recolour(const Form &form)
 void RecordFieldsView::changeEvent(QEvent *event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange) {
-        for (const auto &form : m_forms) {
-            recolour(*form);
-        }
+    if (event->type() == QEvent::PaletteChange && m_form != nullptr) {
+        recolour(*m_form);
     }
 }
 
@@ -256,11 +264,11 @@ bool RecordFieldsView::hasPending() const
 
 bool RecordFieldsView::commit()
 {
-    const Form *form = m_form;
+    const Form *form = m_form.get();
     bool isKept = true;
     // Whoever hears of a change may show another kind of records.
-    for (int field = 0; form != nullptr && m_form == form && field < form->catalog->fieldCount();
-         ++field) {
+    for (int field = 0;
+         form != nullptr && m_form.get() == form && field < form->catalog->fieldCount(); ++field) {
         isKept = commitField(field) && isKept;
     }
     return isKept;
@@ -313,11 +321,17 @@ void RecordFieldsView::goToField(int field)
 
 void RecordFieldsView::goToLine(int line)
 {
-    if (m_form == nullptr || line < 0 || std::size_t(line) >= m_fieldBehind.size()) {
+    if (m_form == nullptr) {
         return;
     }
-    if (const int row = m_fieldBehind.at(std::size_t(line)); row >= 0) {
-        m_pane->ensureWidgetVisible(m_form->rows.at(std::size_t(row)).surplus);
+    const auto field = std::find(m_lineOfField.begin(), m_lineOfField.end(), line);
+    if (field != m_lineOfField.end()) {
+        goToField(int(field - m_lineOfField.begin()));
+        return;
+    }
+    QLabel *surplus = m_form->rows.at(rowBehind(line)).surplus;
+    if (surplus->isVisible()) {
+        m_pane->ensureWidgetVisible(surplus);
     }
 }
 

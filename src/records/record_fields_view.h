@@ -23,8 +23,8 @@ class FieldEditor;
 /// A record line by line: number, caption and editor of each field, a missing line shown as such,
 /// and a surplus line as such at its place. What is wrong with a line stands below it.
 ///
-/// A text is kept when its editor is left, by Enter, and by commit(). Each kind's editors are made
-/// once and used again for all its records.
+/// A text is kept when its editor is left, by Enter, and by commit(). The editors are made once for
+/// all records of a kind.
 class RecordFieldsView : public QWidget
 {
     Q_OBJECT
@@ -38,6 +38,7 @@ public:
     /// Shows a record that is the same but for its bytes: the focus, the cursor, the scroll
     /// position and what is pending stay.
     void updateRecord(const Record &record);
+    /// Forgets what is pending, as no record is chosen.
     void clear();
 
     void setProblems(const std::vector<Problem> &problems);
@@ -52,7 +53,7 @@ public:
 
     /// Gives the focus to a field's editor.
     void goToField(int field);
-    /// Scrolls to the surplus lines before a line of the record, from 0.
+    /// Goes to the field of a line of the record, from 0, or scrolls to a surplus line.
     void goToLine(int line);
 
 signals:
@@ -82,21 +83,25 @@ private:
         std::vector<Row> rows;
     };
 
-    Form &formOf(const Catalog &catalog);
+    void disconnectEditors();
+    void dropForm();
     std::unique_ptr<Form> newForm(const Catalog &catalog);
     Row newRow(QGridLayout &grid, const Catalog &catalog, int field);
-    QLabel *newLabel(QGridLayout &grid, int row, int column, int columns, const QString &name);
+    FieldEditor *newEditor(QGridLayout &grid, const KnownField &known, int field);
+    static QLabel *newLabel(QGridLayout &grid, int row, int column, int columns,
+                            const QString &name);
     void fill(const Record &record);
     void showSurplus(const Record &record);
+    /// The row before whose field a surplus line stands.
+    std::size_t rowBehind(int line) const;
     static void showNote(const Row &row, const QString &note);
     static void recolour(const Form &form);
     bool commitField(int field);
     void refuse(int field, char32_t character);
 
     ScrollPane *m_pane;
-    std::vector<std::unique_ptr<Form>> m_forms;
-    Form *m_form = nullptr;         ///< the one that is shown
-    std::vector<int> m_fieldBehind; ///< by line: the row whose surplus label tells of it, or -1
+    std::unique_ptr<Form> m_form;   ///< null until the first record is shown
+    std::vector<int> m_lineOfField; ///< see Layout
     bool m_isRefusing = false;      ///< a message is shown, or about to be
 };
 

@@ -77,7 +77,7 @@ void RecordPane::addTabs()
     m_tabs->setObjectName(u"views"_s);
     m_tabs->tabBar()->setObjectName(u"viewtabs"_s);
     m_tabs->tabBar()->setAccessibleName(u"Views of the record"_s);
-    m_tabs->tabBar()->setDrawBase(true);
+    m_tabs->setDocumentMode(true); // no frame: the pages stand on the window's own background
     const struct
     {
         QWidget *page;
@@ -86,7 +86,7 @@ void RecordPane::addTabs()
     } tabs[] = {{m_shown, u"As Shown"_s, Qt::CTRL | Qt::Key_1},
                 {m_fields, u"As Written"_s, Qt::CTRL | Qt::Key_2}};
     for (const auto &[page, caption, keys] : tabs) {
-        page->layout()->setContentsMargins(kRowGap, kRowGap, kRowGap, kRowGap);
+        page->layout()->setContentsMargins(0, kRowGap, 0, 0);
         const int index = m_tabs->addTab(page, caption);
         m_tabs->setTabToolTip(index, keys.toString(QKeySequence::NativeText));
         auto *shortcut = new QShortcut(keys, this);

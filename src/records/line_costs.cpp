@@ -159,8 +159,8 @@ constexpr std::array<std::array<double, 8>, 8> kOddness = {{
     // Empty Blank Number Other Name Sentence Tagged word
     {   6,    14,   7,     5,    2,   0,       0,     5}, // FirstCommentary
     {   4,     0,   7,     5,    2,   0,       0,     5}, // Commentary
-    {   6,    30,   6,     5,    0,   4,      12,     6}, // Text
-    {   6,    30,   7,     5,    1,   5,      12,     6}, // AppliedText
+    {   6,    30,   6,     5,    0,   6,      12,     6}, // Text
+    {   6,    30,   7,     5,    1,   7,      12,     6}, // AppliedText
     {   8,    30,   8,     8,    6,  11,      16,     9}, // OpenList
     {   9,    30,   9,     9,    8,  12,      16,     9}, // List
     {   9,    30,  10,    10,   10,  12,      16,    10}, // Coded

@@ -88,7 +88,7 @@ private:
     std::vector<int> searchSlice();
     void append(const std::vector<int> &found);
     void update(int first, int last);
-    void reconsider(int id);
+    void reconsider();
     void insertRow(int index);
     void removeRow(int row);
     void showRows(std::vector<int> rows);
@@ -133,6 +133,9 @@ private:
 
     int m_chosen = -1; ///< the id of a record; -1: none
     int m_kept = -1;   ///< the same once it was shown: it stays although it is no longer wanted
+    std::vector<int> m_formerlyChosen; ///< ids
+    QTimer m_choiceTimer;
+
     mutable int m_textsOf = -1; ///< the record whose texts were made last
     mutable QStringList m_texts;
 };

@@ -230,17 +230,18 @@ void RecordListModel::setChosen(int index)
         }
     }
     if (before >= 0 && before != m_chosen && isFiltered()) {
-        // Not at once, as the view is still busy with its choice.
-        QMetaObject::invokeMethod(
-            this, [this, before] { reconsider(before); }, Qt::QueuedConnection);
+        m_formerlyChosen.push_back(before);
+        m_choiceTimer.start(); // not at once, as the view is still busy with its choice
     }
 }
 
-/// Hides a record that was shown only because it was chosen.
-void RecordListModel::reconsider(int id)
+/// Hides records that were shown only because they were chosen.
+void RecordListModel::reconsider()
 {
-    if (const std::optional<int> index = m_document.indexOf(id)) {
-        update(*index, *index);
+    for (const int id : std::exchange(m_formerlyChosen, {})) {
+        if (const std::optional<int> index = m_document.indexOf(id)) {
+            update(*index, *index);
+        }
     }
 }
 

@@ -60,6 +60,12 @@ protected:
                             answer);
     }
 
+    /// Clicks a button of the main menu while a question blocks another window.
+    void clickBeside(const char *name)
+    {
+        QTest::mouseClick(&control("Form1", name), Qt::LeftButton);
+    }
+
     static inline const QByteArray kBytes = QByteArray("Any\r\n").repeated(36);
 };
 
@@ -154,7 +160,7 @@ TEST_F(EditorWindows, ExitWhileAWindowAsksDoesNothing)
     const QSignalSpy ended(&editor, &Editor::exitRequested);
     changed(u"normreports.tvd"_s);
     expectUnsaved(Answer::Cancel);
-    boxes.beforeItsAnswer([this](QMessageBox &) { click(control("Form1", "Command2")); });
+    boxes.beforeItsAnswer([this](QMessageBox &) { clickBeside("Command2"); });
     press("Form1", "Command2");
     EXPECT_EQ(ended.count(), 0);
     EXPECT_EQ(windows().size(), 1);
@@ -165,7 +171,7 @@ TEST_F(EditorWindows, AFlowThatBeganWhileAWindowAskedIsNotLost)
     const QSignalSpy ended(&editor, &Editor::exitRequested);
     changed(u"normreports.tvd"_s);
     expectUnsaved(Answer::Discard);
-    boxes.beforeItsAnswer([this](QMessageBox &) { click(control("Form1", "Command6")); });
+    boxes.beforeItsAnswer([this](QMessageBox &) { clickBeside("Command6"); });
     press("Form1", "Command2");
     EXPECT_EQ(ended.count(), 0);
     expectOnly("Form12");

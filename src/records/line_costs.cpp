@@ -69,6 +69,7 @@ const LineCosts &LineCosts::of(DataFileKind kind)
 {
     static const std::vector<LineCosts> all = [] {
         std::vector<LineCosts> made;
+        made.reserve(kDataFileKinds.size());
         for (const DataFileKindRow &row : kDataFileKinds) {
             made.push_back(LineCosts(Catalog::of(row.kind)));
         }

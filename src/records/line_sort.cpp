@@ -107,7 +107,9 @@ private:
     static std::size_t placeOf(std::uint64_t key, QByteArrayView text)
     {
         const auto last = std::uint8_t(text.back());
-        return ((key + last * 31U + std::uint64_t(text.size())) * 0x9E3779B97F4A7C15ULL) >> 54;
+        return ((key + last * std::uint64_t(31) + std::uint64_t(text.size())) *
+                0x9E3779B97F4A7C15ULL) >>
+               54;
     }
 
     std::vector<QByteArray> m_words;

@@ -23,6 +23,7 @@ NoticeLine::NoticeLine(QWidget *parent)
     m_reload->setObjectName(u"reload"_s);
     m_reload->setPurpose(u"Reads the file again."_s);
     m_reload->hide();
+    setFocusProxy(m_reload);
     setMinimumHeight(m_reload->sizeHint().height());
 
     auto *row = new QHBoxLayout(this);

@@ -1,20 +1,33 @@
 #include "controls/contrast.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstddef>
 
 namespace tarvold::contrast {
 namespace {
 
-double linear(double channel)
+/// The linear light of a channel from 0 to 255. A table, because every painting of a control asks
+/// for it a hundred times.
+double linear(int channel)
 {
-    return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+    static const auto values = [] {
+        std::array<double, 256> made{};
+        for (std::size_t each = 0; each < made.size(); ++each) {
+            const double share = double(each) / 255;
+            made.at(each) =
+                share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+        }
+        return made;
+    }();
+    return values.at(std::size_t(channel));
 }
 
 double luminance(const QColor &colour)
 {
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
-           0.0722 * linear(colour.blueF());
+    return 0.2126 * linear(colour.red()) + 0.7152 * linear(colour.green()) +
+           0.0722 * linear(colour.blue());
 }
 
 QColor mixed(const QColor &from, const QColor &to, double share)

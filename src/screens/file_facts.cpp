@@ -83,8 +83,7 @@ QString wholePath(const QString &name)
     if (!typed) {
         return name; // no path, but what is wrong with it will be told
     }
-    const QString path = QFileInfo(typed->text()).absoluteFilePath();
-    return QDir::toNativeSeparators(QDir::cleanPath(path));
+    return QDir::toNativeSeparators(typed->absolute());
 }
 
 QString stateOf(const QString &path, DataFileKind kind)
@@ -94,7 +93,7 @@ QString stateOf(const QString &path, DataFileKind kind)
         return ordinary.error().cause;
     }
     const QFileInfo file(path);
-    if (!file.absoluteDir().exists()) {
+    if (!file.dir().exists()) {
         return u"The folder does not exist."_s;
     }
     if (!fileExists(path)) {

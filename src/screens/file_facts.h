@@ -13,7 +13,8 @@ class TextBox;
 /// What the user may want to know about a data file before using it.
 namespace filefacts {
 
-/// The whole path that a name means, as the system writes paths; empty if the name is.
+/// The whole path that a name means, as the system writes paths; empty if the name is. ".." stays
+/// in it where the folder before it may be a symbolic link, which only the system can follow.
 /// \param name as the user typed it
 QString wholePath(const QString &name);
 

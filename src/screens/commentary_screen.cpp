@@ -143,9 +143,8 @@ void CommentaryScreen::showEvent(QShowEvent *event)
 
 void CommentaryScreen::showTarget()
 {
-    const QString path = filefacts::wholePath(m_screens.text(Form1::fileNameBox(m_table.kind)));
-    control<PushButton>("Command1")
-        .setPurpose(path.isEmpty() ? u"The file name is empty."_s : u"Adds to "_s + path);
+    const QString name = m_screens.text(Form1::fileNameBox(m_table.kind));
+    control<PushButton>("Command1").setPurpose(filefacts::purpose(u"Adds to "_s, name));
 }
 
 void CommentaryScreen::whitenboxes()

@@ -86,6 +86,11 @@ QString wholePath(const QString &name)
     return QDir::toNativeSeparators(typed->absolute());
 }
 
+QString purpose(const QString &verb, const QString &name)
+{
+    return name.isEmpty() ? u"The file name is empty."_s : QString(verb + wholePath(name));
+}
+
 QString stateOf(const QString &path, DataFileKind kind)
 {
     const Result<FilePath> ordinary = FilePath::ofOrdinary(path);

@@ -18,6 +18,10 @@ namespace filefacts {
 /// \param name as the user typed it
 QString wholePath(const QString &name);
 
+/// What a button tells that writes to the file of this name.
+/// \param verb such as "Adds to ", comes before the whole path
+QString purpose(const QString &verb, const QString &name);
+
 /// What is at a path, in a sentence or two: how many records, or why there are none. Reads the
 /// file, so it may take long.
 /// \param path as wholePath() returned it

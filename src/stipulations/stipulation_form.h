@@ -45,11 +45,14 @@ signals:
 
 protected:
     QWidget *firstField() const override;
+    void showEvent(QShowEvent *event) override;
 
 private:
     void addForm();
     void addValueTable();
     void addButtons();
+    /// Tells by the button which file it saves in.
+    void showTarget();
     /// Shows a line of a record; `false` for one that its control cannot show.
     bool show(const stipulationform::FormLine &line, QByteArrayView bytes);
     void showNumber(const char *control, const QString &text);

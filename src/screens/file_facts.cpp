@@ -130,13 +130,19 @@ FileFacts::FileFacts(TextBox &box, DataFileKind kind) : QObject(&box), m_box(box
 void FileFacts::refresh()
 {
     m_pause.stop();
-    show({});
+    const QString path = filefacts::wholePath(m_box.text());
+    m_box.setNote(path);
+    const QString described = m_box.accessibleDescription();
+    if (described != path && !described.startsWith(path + u". "_s)) {
+        describe(path); // of another file
+    }
     look();
 }
 
 void FileFacts::follow()
 {
-    show({});
+    m_box.setNote(filefacts::wholePath(m_box.text()));
+    describe({});
     m_pause.start();
 }
 
@@ -158,7 +164,14 @@ void FileFacts::show(const QString &state)
     QStringList facts = {path, state};
     facts.removeAll(QString());
     m_box.setNote(facts.join(u'\n'));
-    m_box.setAccessibleDescription(facts.join(u". "_s));
+    describe(facts.join(u". "_s));
+}
+
+void FileFacts::describe(const QString &facts)
+{
+    if (m_box.accessibleDescription() != facts) { // screen readers read out each change
+        m_box.setAccessibleDescription(facts);
+    }
 }
 
 } // namespace tarvold

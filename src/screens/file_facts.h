@@ -33,7 +33,7 @@ QString stateOf(const QString &path, DataFileKind kind);
 /// to assistive technology.
 ///
 /// The file is looked at in another thread: nothing ever waits for it. Until that is done, only the
-/// path is shown.
+/// path is shown. Assistive technology is told once the user has stopped typing, not at each key.
 class FileFacts : public QObject
 {
     Q_OBJECT
@@ -48,6 +48,7 @@ private:
     void follow();
     void look();
     void show(const QString &state);
+    void describe(const QString &facts);
 
     TextBox &m_box;
     DataFileKind m_kind;

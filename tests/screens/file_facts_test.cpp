@@ -90,6 +90,28 @@ TEST_F(FileFactsTest, ABoxFollowsItsText)
     expectState("Text3", u"no/such.tvd"_s, u"The folder does not exist."_s);
 }
 
+TEST_F(FileFactsTest, TheDescriptionChangesOnlyWhenTheUserHasStoppedTyping)
+{
+    // Screen readers read it out at each change.
+    expectState("Text3", u"normreports.tvd"_s, u"The file does not exist yet."_s);
+    QWidget &box = control("Form1", "Text3");
+    type("Form1", "Text3", {});
+    for (const QChar letter : u"mine.tvd"_s) {
+        QTest::keyClick(&box, letter.toLatin1());
+        EXPECT_EQ(box.accessibleDescription(), QString());
+    }
+    expectState("Text3", u"mine.tvd"_s, u"The file does not exist yet."_s);
+}
+
+TEST_F(FileFactsTest, TheDescriptionStaysWhenTheMenuComesBackAndAllIsAsItWas)
+{
+    expectState("Text3", u"normreports.tvd"_s, u"The file does not exist yet."_s);
+    const QString before = control("Form1", "Text3").accessibleDescription();
+    comeBack();
+    EXPECT_EQ(control("Form1", "Text3").accessibleDescription(), before);
+    expectState("Text3", u"normreports.tvd"_s, u"The file does not exist yet."_s);
+}
+
 TEST_F(FileFactsTest, TheFolderAboveALinkedOneIsNotTheFolderOfTheLink)
 {
     // far/near is linked as "link": the folder above it is "far", not the one with the link.

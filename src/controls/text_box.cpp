@@ -84,6 +84,10 @@ void TextBox::insertAsOneStep(const QString &text)
 
 void TextBox::endUndoStep()
 {
+    if (text().isEmpty()) {
+        clear(); // there is nowhere to move the cursor to
+        return;
+    }
     // Moving the cursor ends an undo step. It comes back, so nobody needs to know.
     const QSignalBlocker quiet(this);
     const int place = cursorPosition();

@@ -113,6 +113,15 @@ void CommentaryScreen::announce(CommentaryLine &line)
         const qsizetype first = numberOf(line);
         m_announcement->tell(u"Pasted into lines %1 to %2."_s.arg(first).arg(first + lines - 1));
     });
+    connect(&line, &CommentaryLine::notUndone, this, [this](const CommentaryLine *changed) {
+        m_hints.tell(
+            u"Nothing was undone, as line %1 was changed since. Press Ctrl+Z there first."_s.arg(
+                numberOf(*changed)));
+    });
+    connect(&line, &CommentaryLine::notRedone, this, [this](const CommentaryLine *changed) {
+        m_hints.tell(
+            u"Nothing was redone, as line %1 was changed since."_s.arg(numberOf(*changed)));
+    });
 }
 
 qsizetype CommentaryScreen::numberOf(const CommentaryLine &line) const

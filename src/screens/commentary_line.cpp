@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QMimeData>
 
+#include <algorithm>
 #include <vector>
 
 namespace tarvold {
@@ -86,6 +87,23 @@ void CommentaryLine::insertLines(QStringList lines)
     emit spread(static_cast<int>(lines.size()));
 }
 
+void CommentaryLine::swapWith(CommentaryLine &other)
+{
+    const int cursor = cursorPosition();
+    const auto replaced = [](CommentaryLine &line, const QString &text) {
+        return LinkedEdits::Change{&line, 0, static_cast<int>(line.text().size()), text};
+    };
+    if (text() != other.text()) {
+        const auto room = static_cast<int>(other.text().size());
+        other.setCursorPosition(std::min(cursor, room)); // where undo leaves it
+        m_edits->make(LinkedEdits::Bond::Whole,
+                      {replaced(*this, other.text()), replaced(other, text())});
+    }
+    other.setFocus(Qt::OtherFocusReason);
+    other.setCursorPosition(cursor);
+    emit swapped(&other);
+}
+
 void CommentaryLine::undo()
 {
     if (TextBox *changed = m_edits->undo(*this)) {
@@ -142,6 +160,20 @@ std::optional<CommentaryLine *> CommentaryLine::lineAfter(const QKeyEvent &key) 
     }
 }
 
+bool CommentaryLine::swapsBy(const QKeyEvent &key)
+{
+    const auto modifiers = key.modifiers() & ~Qt::KeyboardModifiers(Qt::KeypadModifier);
+    const bool isUp = key.key() == Qt::Key_Up;
+    if (modifiers != (Qt::ControlModifier | Qt::ShiftModifier) ||
+        (!isUp && key.key() != Qt::Key_Down)) {
+        return false;
+    }
+    if (CommentaryLine *other = isUp ? m_above : m_below) {
+        swapWith(*other);
+    }
+    return true;
+}
+
 void CommentaryLine::keyPressEvent(QKeyEvent *event)
 {
     const bool isAltDown =
@@ -157,6 +189,9 @@ void CommentaryLine::keyPressEvent(QKeyEvent *event)
     }
     if (event->matches(QKeySequence::Redo)) {
         redo();
+        return;
+    }
+    if (swapsBy(*event)) {
         return;
     }
     if (const auto line = lineAfter(*event)) {

@@ -15,6 +15,10 @@ namespace tarvold {
 /// Enter and Down go to the line below, Up to the line above. In the last and the first line they
 /// do nothing.
 ///
+/// Ctrl+Shift+Up and Ctrl+Shift+Down swap the text with that of the line above or below; the focus
+/// and the cursor go with the text. The swap is undone and redone in both lines at once, from
+/// either. If one of them was changed since, that change must be undone first.
+///
 /// A pasted or dropped text of several lines goes into this line and the empty lines right below
 /// it; what they can't hold is joined by spaces in the last of them. Nothing is overwritten. Line
 /// breaks before and after the whole text are dropped, as lines copied from a text editor end with
@@ -23,8 +27,8 @@ namespace tarvold {
 ///
 /// Undo in the line where the paste began also takes it out of the lines below, except those that
 /// were changed since, and redo fills them again; in a line below, both change that line alone. But
-/// if text behind the cursor was moved, the paste is undone and redone whole, from any of its
-/// lines, so that this text is never lost and never there twice.
+/// if text behind the cursor was moved, the paste is undone and redone whole, like a swap, so that
+/// this text is never lost and never there twice.
 class CommentaryLine : public TextBox
 {
     Q_OBJECT
@@ -57,6 +61,9 @@ signals:
     /// \param lines how many lines, including this one
     void spread(int lines);
 
+    /// The user swapped the text with that of another line, which has the focus now.
+    void swapped(const tarvold::CommentaryLine *other);
+
     /// Nothing was undone, as another line was changed since; that must be undone first.
     void notUndone(const tarvold::CommentaryLine *changed);
 
@@ -83,6 +90,10 @@ private:
     QStringList fitted(const QString &text) const;
     /// Inserts lines at the cursor, in place of the selection, and into the lines below.
     void insertLines(QStringList lines);
+    /// Swaps the text with that of another line, which gets the focus.
+    void swapWith(CommentaryLine &other);
+    /// Swaps lines if the key is for that; `false` for any other key.
+    bool swapsBy(const QKeyEvent &key);
     /// The line that a key goes to: null at either end. Nothing if the key goes to no line.
     std::optional<CommentaryLine *> lineAfter(const QKeyEvent &key) const;
 

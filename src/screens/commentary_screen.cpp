@@ -113,6 +113,10 @@ void CommentaryScreen::announce(CommentaryLine &line)
         const qsizetype first = numberOf(line);
         m_announcement->tell(u"Pasted into lines %1 to %2."_s.arg(first).arg(first + lines - 1));
     });
+    connect(&line, &CommentaryLine::swapped, this, [this, &line](const CommentaryLine *other) {
+        m_announcement->tell(
+            u"Line %1 swapped with line %2."_s.arg(numberOf(line)).arg(numberOf(*other)));
+    });
     connect(&line, &CommentaryLine::notUndone, this, [this](const CommentaryLine *changed) {
         m_hints.tell(
             u"Nothing was undone, as line %1 was changed since. Press Ctrl+Z there first."_s.arg(

@@ -116,21 +116,33 @@ void ComboBox::markUnlisted(const QString &warning)
     updateMark();
 }
 
+bool ComboBox::isBeingTyped() const
+{
+    return m_box->hasFocus() && m_box->isModified();
+}
+
 bool ComboBox::isUnlisted() const
 {
     if (findText(currentText(), Qt::MatchExactly | Qt::MatchCaseSensitive) >= 0) {
         return false;
     }
-    const bool isTyping = m_box->hasFocus() && m_box->isModified();
-    return !isTyping || findText(currentText(), Qt::MatchStartsWith | Qt::MatchCaseSensitive) < 0;
+    return !isBeingTyped() ||
+           findText(currentText(), Qt::MatchStartsWith | Qt::MatchCaseSensitive) < 0;
 }
 
 void ComboBox::updateMark()
 {
-    const bool isMarked = isUnlisted();
-    if (isMarked == m_isMarked) {
-        return;
+    if (const bool isMarked = isUnlisted(); isMarked != m_isMarked) {
+        showMark(isMarked);
     }
+    if (!isBeingTyped()) { // a change would be read out at each key, and the mark is announced
+                           // already
+        describeMark();
+    }
+}
+
+void ComboBox::showMark(bool isMarked)
+{
     m_isMarked = isMarked;
     constexpr int kGapToText = 4;
     const int room = kMarkSize + kGapToText;
@@ -138,19 +150,27 @@ void ComboBox::updateMark()
     margins.setRight(margins.right() + (isMarked ? room : -room));
     m_box->setTextMargins(margins);
     m_box->setNote(isMarked ? m_warning : QString());
+    placeMark();
+    m_mark->setVisible(isMarked);
+    if (isMarked && isVisible()) {
+        m_announcement->tell(m_warning);
+    }
+}
+
+void ComboBox::describeMark()
+{
+    if (m_isMarked == m_isMarkDescribed) {
+        return;
+    }
+    m_isMarkDescribed = m_isMarked;
     for (QWidget *spoken : {static_cast<QWidget *>(this), static_cast<QWidget *>(m_box)}) {
         QString purpose = spoken->accessibleDescription();
-        if (isMarked) {
+        if (m_isMarked) {
             purpose = purpose.isEmpty() ? m_warning : m_warning + u' ' + purpose;
         } else if (purpose.startsWith(m_warning)) {
             purpose = purpose.mid(m_warning.size()).trimmed();
         }
         spoken->setAccessibleDescription(purpose);
-    }
-    placeMark();
-    m_mark->setVisible(isMarked);
-    if (isMarked && isVisible()) {
-        m_announcement->tell(m_warning);
     }
 }
 
@@ -195,6 +215,7 @@ void ComboBox::choose(const QModelIndex &item)
         m_box->replaceAsOneStep(picked);
     }
     m_box->end(false);
+    describeMark();
     emit chosen();
 }
 

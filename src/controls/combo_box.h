@@ -20,7 +20,8 @@ class TextBox;
 ///
 /// A box may be told what to say of a text outside its list: it then shows a small mark beside such
 /// a text, says why in its tooltip and its accessible description, and tells screen readers once
-/// when the mark appears. While the user types the beginning of an item there is no mark.
+/// when the mark appears. While the user types the beginning of an item there is no mark, and
+/// while the user types anything the description stays, as it would be read out at each change.
 ///
 /// Clicks, focus and tooltips are those of a TextBox, the tooltip also over the arrow.
 class ComboBox : public QComboBox
@@ -67,8 +68,13 @@ private:
     void followText();
     /// Whether the text is outside the list and no beginning of an item that is being typed.
     bool isUnlisted() const;
-    /// Shows or hides the mark.
+    /// Whether the user is changing the text by keys.
+    bool isBeingTyped() const;
+    /// Brings the mark up to date, and its description once the user has finished typing.
     void updateMark();
+    void showMark(bool isMarked);
+    /// Says in the accessible description whether there is a mark.
+    void describeMark();
     void placeMark();
 
     Items *m_items;
@@ -77,6 +83,7 @@ private:
     QWidget *m_mark = nullptr; ///< null unless such texts are marked
     Announcement *m_announcement = nullptr;
     bool m_isMarked = false;
+    bool m_isMarkDescribed = false;
     bool m_isListConnected = false;
     bool m_isListOpen = false;
 };

@@ -9,6 +9,7 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QRegularExpression>
+#include <QSignalBlocker>
 #include <QStyleOption>
 #include <QToolTip>
 
@@ -83,7 +84,12 @@ void TextBox::insertAsOneStep(const QString &text)
 
 void TextBox::endUndoStep()
 {
-    // Only moving the cursor ends an undo step.
+    if (text().isEmpty()) {
+        clear(); // there is nowhere to move the cursor to
+        return;
+    }
+    // Moving the cursor ends an undo step. It comes back, so nobody needs to know.
+    const QSignalBlocker quiet(this);
     const int place = cursorPosition();
     home(false);
     end(false);

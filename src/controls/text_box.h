@@ -33,6 +33,12 @@ public:
     /// read-only box.
     void replaceAsOneStep(const QString &text);
 
+    /// Separates what is typed or inserted next from what was before: Ctrl+Z undoes it alone.
+    void endUndoStep();
+
+    /// Scrolls to the beginning; the cursor is back in its place when the focus comes back.
+    void showBeginning();
+
     /// Sets what the tooltip tells about the text. It comes below a text that doesn't fit into the
     /// box, and instead of that text if it contains it.
     void setNote(const QString &note);
@@ -58,16 +64,6 @@ protected:
     /// step. Here each line break becomes a space.
     virtual void insertPasted(const QString &text);
 
-    /// Inserts a text where it was dropped, instead of the text of the event.
-    /// \param text has no line breaks
-    void drop(QDropEvent *event, const QString &text);
-
-    /// Separates what is typed or inserted next from what was before: Ctrl+Z undoes it alone.
-    void endUndoStep();
-
-    /// Scrolls to the beginning; the cursor is back in its place when the focus comes back.
-    void showBeginning();
-
     /// Inserts text at the cursor as an undo step of its own, separate from what is typed before
     /// and after it.
     void insertAsOneStep(const QString &text);
@@ -85,6 +81,8 @@ protected:
 
 private:
     void pasteFrom(QClipboard::Mode mode);
+    /// Inserts a text where it was dropped, instead of the text of the event.
+    void drop(QDropEvent *event, const QString &text);
     void followText();
     bool isFillWord() const;
     bool fits() const;

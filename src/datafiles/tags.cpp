@@ -42,9 +42,12 @@ QString wrongTag(const QString &tag, const QStringList &known)
 
 QString problemOf(const Tag &tag, const Rules &rules, std::optional<qsizetype> cursor)
 {
+    const qsizetype last = tag.isClosed ? tag.end() - 1 : tag.end(); // an open tag goes on there
+    if (cursor && *cursor > tag.from && *cursor <= last) {
+        return {};
+    }
     if (!tag.isClosed) {
-        const bool isTyped = cursor && *cursor > tag.from && *cursor <= tag.end();
-        return isTyped ? QString() : u"\"<\" is not closed."_s;
+        return u"\"<\" is not closed."_s;
     }
     if (!rules.known.contains(tag.text)) {
         return wrongTag(tag.text, rules.known);

@@ -37,7 +37,8 @@ struct Rules
 
 /// What is wrong with the tags of a line, in its order: a sentence for each, but not for more than
 /// ten.
-/// \param cursor where the user is typing, if in this line: an unclosed tag there is not finished
+/// \param cursor where the user is typing, if in this line: a tag around it is not finished, so it
+///     has no problem yet
 QStringList problemsIn(const QString &line, const Rules &rules, std::optional<qsizetype> cursor);
 
 } // namespace tarvold::tags

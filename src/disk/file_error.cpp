@@ -51,7 +51,7 @@ QString wordsFor(Reason reason)
 /// The whole path of the folder that a file is in or would be in.
 QString folderOf(const FilePath &path)
 {
-    return QFileInfo(path.text()).absolutePath();
+    return QFileInfo(path.absolute()).path();
 }
 
 bool isReadOnly(const FilePath &path)

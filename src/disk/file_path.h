@@ -53,6 +53,10 @@ public:
     /// The path as Qt takes it.
     const QString &text() const { return m_text; }
 
+    /// The absolute path. Where ".." follows a folder that may be a symbolic link, it stays, as
+    /// only the system can follow that. Looks at no file, so it takes no time.
+    [[nodiscard]] QString absolute() const;
+
     bool operator==(const FilePath &) const = default;
 
     /// What the path means. A pipe is not waited for.

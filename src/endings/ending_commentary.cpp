@@ -4,6 +4,9 @@
 #include "endings/ending_flow.h"
 #include "screens/lists.h"
 
+#include <algorithm>
+#include <array>
+
 namespace tarvold {
 
 using namespace Qt::StringLiterals;
@@ -65,14 +68,18 @@ constexpr Refusal kInterferingTeam = {
     "Interfering Team Name can only be used if the feud type is Tag Team.",
     kFeudTitle};
 
-/// A run-in offers all of these, a normal ending those before the interfering wrestlers.
-constexpr CommentaryTag kRunInTags[] = {
+template <std::size_t size>
+using TagTable = std::array<CommentaryTag, size>;
+
+constexpr TagTable<6> kNames = {{
     {"Attacker 1 Full Name", "<att1fullname>"},
     {"Attacker 1 Short Name", "<att1shortname>"},
     {"Attacker 2 Full Name", "<att2fullname>", &kSecondAttacker},
     {"Attacker 2 Short Name", "<att2shortname>", &kSecondAttacker},
     {"Receiver Full Name", "<recfullname>"},
     {"Receiver Short Name", "<recshortname>"},
+}};
+constexpr TagTable<8> kManagersAndStables = {{
     {"Attacker's Manager Name", "<attmanager>", &kAttackersManager},
     {"Receiver's Manager Name", "<recmanager>", &kReceiversManager},
     {"Attacker's Stable Name", "<attstable>", &kAttackersStable},
@@ -81,35 +88,42 @@ constexpr CommentaryTag kRunInTags[] = {
     {"Attacker's Stable Member 2", "<attstablemem2>", &kAttackersStable},
     {"Receiver's Stable Member 1", "<recstablemem1>", &kReceiversStable},
     {"Receiver's Stable Member 2", "<recstablemem2>", &kReceiversStable},
+}};
+constexpr TagTable<4> kFinishersAndTitles = {{
     {"Attacker's Finisher Name", "<attfinisher>"},
     {"Receiver's Finisher Name", "<recfinisher>"},
     {"Title Name (eg. XWL Title)", "<titlename>"},
     {"Title of Holder (eg. XWL Champion)", "<titleholder>"},
+}};
+constexpr TagTable<4> kInterferers = {{
     {"Interfering Wrestler 1", "<feudname1>"},
     {"Interfering Wrestler 2", "<feudname2>", &kSecondInterferer},
     {"Interfering Team Name", "<feudteam>", &kInterferingTeam},
     {"Interfering's Finisher Name", "<feudfinisher>"},
-};
-constexpr std::size_t kNormalTags = 18;
-
-constexpr CommentaryTag kTurnTags[] = {
+}};
+constexpr TagTable<6> kTurning = {{
     {"Wrestler 1", "<wrestler1>"},
     {"Wrestler 2", "<wrestler2>"},
     {"Wrestler 3", "<wrestler3>"},
     {"Wrestler 4", "<wrestler4>"},
     {"Tag Team 1", "<tagteam1>"},
     {"Tag Team 2", "<tagteam2>"},
-    {"Attacker 1 Full Name", "<att1fullname>"},
-    {"Attacker 1 Short Name", "<att1shortname>"},
-    {"Attacker 2 Full Name", "<att2fullname>", &kSecondAttacker},
-    {"Attacker 2 Short Name", "<att2shortname>", &kSecondAttacker},
-    {"Receiver Full Name", "<recfullname>"},
-    {"Receiver Short Name", "<recshortname>"},
-    {"Attacker's Finisher Name", "<attfinisher>"},
-    {"Receiver's Finisher Name", "<recfinisher>"},
-    {"Title Name (eg. XWL Title)", "<titlename>"},
-    {"Title of Holder (eg. XWL Champion)", "<titleholder>"},
-};
+}};
+
+template <std::size_t... sizes>
+constexpr TagTable<(sizes + ...)> joined(const TagTable<sizes> &...groups)
+{
+    TagTable<(sizes + ...)> all{};
+    auto *end = all.begin();
+    ((end = std::copy(groups.begin(), groups.end(), end)), ...);
+    return all;
+}
+
+/// A run-in offers all of these, a normal ending those before the interfering wrestlers.
+constexpr auto kRunInTags = joined(kNames, kManagersAndStables, kFinishersAndTitles, kInterferers);
+constexpr std::size_t kNormalTags = kRunInTags.size() - kInterferers.size();
+
+constexpr auto kTurnTags = joined(kTurning, kNames, kFinishersAndTitles);
 
 /// The commentary screen of one kind of ending.
 CommentaryTable tableOf(const char *name, std::span<const CommentaryTag> tags, DataFileKind kind)

@@ -11,6 +11,7 @@
 #include "datafiles/import_merge.h"
 #include "disk/file_path.h"
 #include "screens/failures.h"
+#include "screens/file_facts.h"
 #include "screens/keys.h"
 #include "screens/main_menu.h"
 #include "screens/screens.h"
@@ -122,6 +123,10 @@ void Form2::addButtons()
     connect(back, &QPushButton::clicked, this, &Form2::back);
     connect(cancel, &QPushButton::clicked, this, &Form2::goToKinds);
     connect(import, &QPushButton::clicked, this, &Form2::runImport);
+    connect(&control<TextBox>("Text1"), &QLineEdit::textChanged, import,
+            [import](const QString &name) {
+                import->setPurpose(filefacts::purpose(u"Adds to "_s, name));
+            });
 }
 
 void Form2::showStage(Stage stage)

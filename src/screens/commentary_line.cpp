@@ -5,6 +5,7 @@
 #include <QMimeData>
 
 #include <algorithm>
+#include <vector>
 
 namespace tarvold {
 namespace {
@@ -37,19 +38,19 @@ void CommentaryLine::putBelow(CommentaryLine &above)
 {
     m_above = &above;
     above.m_below = this;
+    m_edits = above.m_edits;
 }
 
 void CommentaryLine::startAfresh()
 {
     setText({}); // undo after clear() would bring back the commentary of another record
     setMarked(false);
-    m_pastes.clear();
+    m_edits->forget(*this);
 }
 
 QStringList CommentaryLine::fitted(const QString &text) const
 {
     QStringList lines = linesOf(text);
-    // Whole lines copied from a text editor end with a line break; no line comes after it.
     while (lines.size() > 1 && lines.back().isEmpty()) {
         lines.removeLast();
     }
@@ -65,66 +66,61 @@ QStringList CommentaryLine::fitted(const QString &text) const
     return rest.size() < 2 ? lines : lines.first(room - 1) << rest.join(u' ');
 }
 
-void CommentaryLine::insertLines(const QStringList &lines,
-                                 const std::function<void(const QString &)> &insertFirst)
+void CommentaryLine::insertLines(QStringList lines)
 {
-    Paste paste = {
-        .before = text(), .after = {}, .couldUndo = isUndoAvailable(), .rest = lines.mid(1)};
-    insertFirst(lines.front());
-    if (paste.rest.isEmpty()) {
+    if (lines.size() == 1) {
+        insertAsOneStep(lines.front());
         return;
     }
-    paste.after = text();
-    replaceBelow(QStringList(paste.rest.size(), QString()), paste.rest);
-    m_pastes.push_back(paste);
+    const int from = hasSelectedText() ? selectionStart() : cursorPosition();
+    const QString behind = text().sliced(from + selectedText().size());
+    lines.back() += behind;
+    std::vector<LinkedEdits::Change> changes = {
+        {this, from, static_cast<int>(text().size()) - from, lines.front()}};
+    CommentaryLine *line = m_below;
+    for (qsizetype at = 1; at < lines.size() && line != nullptr; ++at, line = line->m_below) {
+        if (!lines[at].isEmpty()) {
+            changes.push_back({line, 0, 0, lines[at]});
+        }
+    }
+    m_edits->make(behind.isEmpty() ? LinkedEdits::Bond::Leader : LinkedEdits::Bond::Whole, changes);
     emit spread(static_cast<int>(lines.size()));
 }
 
-void CommentaryLine::replaceBelow(const QStringList &from, const QStringList &to)
+void CommentaryLine::swapWith(CommentaryLine &other)
 {
-    CommentaryLine *line = m_below;
-    for (qsizetype at = 0; at < to.size() && line != nullptr; ++at, line = line->m_below) {
-        if (line->text() == from[at] && from[at] != to[at]) {
-            line->replaceAsOneStep(to[at]);
-            line->showBeginning();
-        }
+    const int cursor = cursorPosition();
+    const auto replaced = [](CommentaryLine &line, const QString &text) {
+        return LinkedEdits::Change{&line, 0, static_cast<int>(line.text().size()), text};
+    };
+    if (text() != other.text()) {
+        const auto room = static_cast<int>(other.text().size());
+        other.setCursorPosition(std::min(cursor, room)); // where undo leaves it
+        m_edits->make(LinkedEdits::Bond::Whole,
+                      {replaced(*this, other.text()), replaced(other, text())});
     }
-}
-
-CommentaryLine::Paste *CommentaryLine::pasteBetween(const QString &before, const QString &after,
-                                                    bool isUndone)
-{
-    const auto found = std::find_if(m_pastes.rbegin(), m_pastes.rend(), [&](const Paste &paste) {
-        return paste.before == before && paste.after == after && paste.isUndone == isUndone;
-    });
-    return found == m_pastes.rend() ? nullptr : &*found;
+    other.setFocus(Qt::OtherFocusReason);
+    other.setCursorPosition(cursor);
+    emit swapped(&other);
 }
 
 void CommentaryLine::undo()
 {
-    const QString after = text();
-    TextBox::undo();
-    Paste *paste = pasteBetween(text(), after, false);
-    // The same text may also have been typed over later.
-    if (paste != nullptr && isUndoAvailable() == paste->couldUndo) {
-        paste->isUndone = true;
-        replaceBelow(paste->rest, QStringList(paste->rest.size(), QString()));
+    if (TextBox *changed = m_edits->undo(*this)) {
+        emit notUndone(static_cast<CommentaryLine *>(changed));
     }
 }
 
 void CommentaryLine::redo()
 {
-    const QString before = text();
-    TextBox::redo();
-    if (Paste *paste = pasteBetween(before, text(), true)) {
-        paste->isUndone = false;
-        replaceBelow(QStringList(paste->rest.size(), QString()), paste->rest);
+    if (TextBox *changed = m_edits->redo(*this)) {
+        emit notRedone(static_cast<CommentaryLine *>(changed));
     }
 }
 
 void CommentaryLine::insertPasted(const QString &text)
 {
-    insertLines(fitted(text), [this](const QString &first) { insertAsOneStep(first); });
+    insertLines(fitted(text));
 }
 
 void CommentaryLine::dropEvent(QDropEvent *event)
@@ -134,11 +130,9 @@ void CommentaryLine::dropEvent(QDropEvent *event)
         TextBox::dropEvent(event);
         return;
     }
-    insertLines(fitted(text), [this, event](const QString &first) {
-        endUndoStep();
-        drop(event, first);
-        endUndoStep();
-    });
+    setCursorPosition(cursorPositionAt(event->position().toPoint()));
+    event->acceptProposedAction();
+    insertLines(fitted(text));
 }
 
 void CommentaryLine::append(const QString &text)
@@ -166,6 +160,20 @@ std::optional<CommentaryLine *> CommentaryLine::lineAfter(const QKeyEvent &key) 
     }
 }
 
+bool CommentaryLine::swapsBy(const QKeyEvent &key)
+{
+    const auto modifiers = key.modifiers() & ~Qt::KeyboardModifiers(Qt::KeypadModifier);
+    const bool isUp = key.key() == Qt::Key_Up;
+    if (modifiers != (Qt::ControlModifier | Qt::ShiftModifier) ||
+        (!isUp && key.key() != Qt::Key_Down)) {
+        return false;
+    }
+    if (CommentaryLine *other = isUp ? m_above : m_below) {
+        swapWith(*other);
+    }
+    return true;
+}
+
 void CommentaryLine::keyPressEvent(QKeyEvent *event)
 {
     const bool isAltDown =
@@ -181,6 +189,9 @@ void CommentaryLine::keyPressEvent(QKeyEvent *event)
     }
     if (event->matches(QKeySequence::Redo)) {
         redo();
+        return;
+    }
+    if (swapsBy(*event)) {
         return;
     }
     if (const auto line = lineAfter(*event)) {

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "controls/linked_edits.h"
 #include "controls/text_box.h"
 
-#include <functional>
+#include <memory>
 #include <optional>
-#include <vector>
 
 namespace tarvold {
 
@@ -15,10 +15,20 @@ namespace tarvold {
 /// Enter and Down go to the line below, Up to the line above. In the last and the first line they
 /// do nothing.
 ///
+/// Ctrl+Shift+Up and Ctrl+Shift+Down swap the text with that of the line above or below; the focus
+/// and the cursor go with the text. The swap is undone and redone in both lines at once, from
+/// either. If one of them was changed since, that change must be undone first.
+///
 /// A pasted or dropped text of several lines goes into this line and the empty lines right below
-/// it; what they can't hold is joined by spaces in the last of them. Nothing is overwritten. Undo
-/// in the line where the paste began also empties the lines below that still hold what it put
-/// there, and redo fills them again, as far as they are empty.
+/// it; what they can't hold is joined by spaces in the last of them. Nothing is overwritten. Line
+/// breaks before and after the whole text are dropped, as lines copied from a text editor end with
+/// one. Text behind the cursor comes behind what was pasted, in the last of these lines, as in a
+/// text editor.
+///
+/// Undo in the line where the paste began also takes it out of the lines below, except those that
+/// were changed since, and redo fills them again; in a line below, both change that line alone. But
+/// if text behind the cursor was moved, the paste is undone and redone whole, like a swap, so that
+/// this text is never lost and never there twice.
 class CommentaryLine : public TextBox
 {
     Q_OBJECT
@@ -31,8 +41,8 @@ public:
     /// Makes the background yellow or white.
     void setMarked(bool marked);
 
-    /// Makes this the line below another one, for the keys that go from line to line. Both must
-    /// live equally long.
+    /// Makes this the line below another one, for keys and pastes. Do so for each line from the top
+    /// down, before anything is edited. Both must live equally long.
     void putBelow(CommentaryLine &above);
 
     /// Clears and whitens the line for a new record; undo can't bring the old text back.
@@ -51,6 +61,15 @@ signals:
     /// \param lines how many lines, including this one
     void spread(int lines);
 
+    /// The user swapped the text with that of another line, which has the focus now.
+    void swapped(const tarvold::CommentaryLine *other);
+
+    /// Nothing was undone, as another line was changed since; that must be undone first.
+    void notUndone(const tarvold::CommentaryLine *changed);
+
+    /// Nothing was redone, as another line was changed since.
+    void notRedone(const tarvold::CommentaryLine *changed);
+
     /// The user pressed a key that opens a list, to see the tag list. Tab would go through other
     /// lines on the way there and mark them.
     void tagsRequested();
@@ -67,30 +86,18 @@ protected:
     void insertPasted(const QString &text) override;
 
 private:
-    /// A paste that began in this line and went on in those below.
-    struct Paste
-    {
-        QString before;   ///< this line's text before the paste
-        QString after;    ///< and after it
-        bool couldUndo;   ///< whether there was something to undo before it
-        QStringList rest; ///< what went into the lines below, in order
-        bool isUndone = false;
-    };
-
     /// Fits lines into this one and the empty ones below it.
     QStringList fitted(const QString &text) const;
-    /// Inserts the first line by `insertFirst` and the others into the lines below.
-    void insertLines(const QStringList &lines,
-                     const std::function<void(const QString &)> &insertFirst);
-    /// In the lines below, replaces what is in `from` by what is in `to`, line by line.
-    void replaceBelow(const QStringList &from, const QStringList &to);
-    /// The last paste that has this state, if the line's text has just gone from one to the other.
-    Paste *pasteBetween(const QString &before, const QString &after, bool isUndone);
-
-    std::vector<Paste> m_pastes;
+    /// Inserts lines at the cursor, in place of the selection, and into the lines below.
+    void insertLines(QStringList lines);
+    /// Swaps the text with that of another line, which gets the focus.
+    void swapWith(CommentaryLine &other);
+    /// Swaps lines if the key is for that; `false` for any other key.
+    bool swapsBy(const QKeyEvent &key);
     /// The line that a key goes to: null at either end. Nothing if the key goes to no line.
     std::optional<CommentaryLine *> lineAfter(const QKeyEvent &key) const;
 
+    std::shared_ptr<LinkedEdits> m_edits = std::make_shared<LinkedEdits>(); ///< of all lines
     CommentaryLine *m_above = nullptr;
     CommentaryLine *m_below = nullptr;
 };

@@ -16,7 +16,6 @@
 #include "screens/save_elsewhere.h"
 #include "screens/tag_list.h"
 
-#include <QApplication>
 #include <QGridLayout>
 #include <QLabel>
 #include <QShowEvent>
@@ -33,9 +32,7 @@ CommentaryScreen::CommentaryScreen(Screens &screens, const CommentaryTable &tabl
     , m_table(table)
     , m_tags(new TagList(this))
     , m_announcement(new Announcement(this))
-    , m_spokenHint(new Announcement(this))
-    , m_hint(new HintLine(this))
-    , m_rules{.known = {}, .refusal = [this](const QString &tag) { return refusalOf(tag); }}
+    , m_hints(this, screens, table.tags)
 {
     addHiddenLabel("hiddenlabel");
     addHeading("Label1", table.heading);
@@ -49,9 +46,7 @@ CommentaryScreen::CommentaryScreen(Screens &screens, const CommentaryTable &tabl
 
 CommentaryScreen::~CommentaryScreen()
 {
-    // The focus and the cursors move once more when QWidget deletes the lines, after this
-    // destructor.
-    disconnect(qApp, nullptr, this, nullptr);
+    // The focus moves once more when QWidget deletes the lines, after this destructor.
     for (CommentaryLine *line : m_lines) {
         line->disconnect(this);
     }
@@ -61,7 +56,6 @@ void CommentaryScreen::addTagList()
 {
     for (const CommentaryTag &tag : m_table.tags) {
         m_tags->addItem(QLatin1StringView(tag.item));
-        m_rules.known << QLatin1StringView(tag.tag);
     }
     auto *label = new QLabel(u"Commentary tag"_s, this);
     label->setTextFormat(Qt::PlainText);
@@ -104,17 +98,39 @@ void CommentaryScreen::addLines()
         grid->addWidget(label, int(row), 0, Qt::AlignRight | Qt::AlignVCenter);
         grid->addWidget(line, int(row), 1);
         connect(line, &CommentaryLine::entered, this, [this, line] { mark(*line); });
-        connect(line, &QLineEdit::textChanged, this, &CommentaryScreen::hint);
-        connect(line, &QLineEdit::cursorPositionChanged, this, &CommentaryScreen::hint);
-        connect(line, &CommentaryLine::spread, this, [this, row](int lines) {
-            m_announcement->tell(u"Pasted into lines %1 to %2."_s.arg(row + 1).arg(row + lines));
-        });
         connect(line, &CommentaryLine::tagsRequested, m_tags, &ComboBox::showPopup);
+        announce(*line);
+        m_hints.watch(*line);
     }
     column().addLayout(grid);
-    add(m_hint, "taghint");
-    column().addWidget(m_hint);
-    connect(qApp, &QApplication::focusChanged, this, &CommentaryScreen::hint);
+    add(m_hints.label(), "taghint");
+    column().addWidget(m_hints.label());
+}
+
+void CommentaryScreen::announce(CommentaryLine &line)
+{
+    connect(&line, &CommentaryLine::spread, this, [this, &line](int lines) {
+        const qsizetype first = numberOf(line);
+        m_announcement->tell(u"Pasted into lines %1 to %2."_s.arg(first).arg(first + lines - 1));
+    });
+    connect(&line, &CommentaryLine::swapped, this, [this, &line](const CommentaryLine *other) {
+        m_announcement->tell(
+            u"Line %1 swapped with line %2."_s.arg(numberOf(line)).arg(numberOf(*other)));
+    });
+    connect(&line, &CommentaryLine::notUndone, this, [this](const CommentaryLine *changed) {
+        m_hints.tell(
+            u"Nothing was undone, as line %1 was changed since. Press Ctrl+Z there first."_s.arg(
+                numberOf(*changed)));
+    });
+    connect(&line, &CommentaryLine::notRedone, this, [this](const CommentaryLine *changed) {
+        m_hints.tell(
+            u"Nothing was redone, as line %1 was changed since."_s.arg(numberOf(*changed)));
+    });
+}
+
+qsizetype CommentaryScreen::numberOf(const CommentaryLine &line) const
+{
+    return 1 + (std::find(m_lines.begin(), m_lines.end(), &line) - m_lines.begin());
 }
 
 void CommentaryScreen::addButtons()
@@ -136,16 +152,15 @@ void CommentaryScreen::showEvent(QShowEvent *event)
     Screen::showEvent(event);
     if (!event->spontaneous()) {
         showTarget();
-        goToMarkedLine(); // its yellow promises that typed text goes there
-        hint();           // other screens decide what is refused
+        goToMarkedLine();  // its yellow promises that typed text goes there
+        m_hints.refresh(); // other screens decide what is refused
     }
 }
 
 void CommentaryScreen::showTarget()
 {
-    const QString path = filefacts::wholePath(m_screens.text(Form1::fileNameBox(m_table.kind)));
-    control<PushButton>("Command1")
-        .setPurpose(path.isEmpty() ? u"The file name is empty."_s : u"Adds to "_s + path);
+    const QString name = m_screens.text(Form1::fileNameBox(m_table.kind));
+    control<PushButton>("Command1").setPurpose(filefacts::purpose(u"Adds to "_s, name));
 }
 
 void CommentaryScreen::whitenboxes()
@@ -166,51 +181,7 @@ void CommentaryScreen::mark(CommentaryLine &line)
 {
     whitenboxes();
     line.setMarked(true);
-    hint();
-}
-
-void CommentaryScreen::hint()
-{
-    if (!isVisible()) {
-        return;
-    }
-    QStringList hints;
-    for (const bool isMarked : {true, false}) {
-        for (const CommentaryLine *line : m_lines) {
-            if (line->isMarked() == isMarked) {
-                hints << hintsFor(*line);
-            }
-        }
-    }
-    m_hint->showHints(hints);
-    if (hints.value(0) != m_told && !hints.isEmpty()) {
-        m_spokenHint->tell(hints.front());
-    }
-    m_told = hints.value(0);
-}
-
-QStringList CommentaryScreen::hintsFor(const CommentaryLine &line) const
-{
-    const bool isTyping = focusWidget() == &line;
-    const std::optional<qsizetype> cursor =
-        isTyping ? std::optional<qsizetype>(line.cursorPosition()) : std::nullopt;
-    QStringList hints = tags::problemsIn(line.text(), m_rules, cursor);
-    const auto number = 1 + (std::find(m_lines.begin(), m_lines.end(), &line) - m_lines.begin());
-    for (QString &each : hints) {
-        each = u"Line %1: "_s.arg(number) + each;
-    }
-    return hints;
-}
-
-QString CommentaryScreen::refusalOf(const QString &tag) const
-{
-    for (const CommentaryTag &row : m_table.tags) {
-        const Refusal *refusal = tag == QLatin1StringView(row.tag) ? row.refusal : nullptr;
-        if (refusal != nullptr && refusal->isRefused(m_screens.text(refusal->box))) {
-            return QLatin1StringView(refusal->message);
-        }
-    }
-    return {};
+    m_hints.update();
 }
 
 void CommentaryScreen::insertTag()
@@ -242,11 +213,10 @@ void CommentaryScreen::goToMarkedLine()
 QString CommentaryScreen::append(const QString &tag)
 {
     QString outcome = u"No line is marked, so nothing was inserted."_s;
-    for (CommentaryLine *&line : m_lines) {
+    for (CommentaryLine *line : m_lines) {
         if (line->isMarked()) {
             line->append(tag);
-            const QString number = QString::number(1 + (&line - m_lines.data()));
-            outcome = u"Inserted %1 into line %2."_s.arg(tag, number);
+            outcome = u"Inserted %1 into line %2."_s.arg(tag, QString::number(numberOf(*line)));
         }
     }
     return tag.isEmpty() ? u"Nothing was inserted."_s : outcome;
@@ -254,8 +224,7 @@ QString CommentaryScreen::append(const QString &tag)
 
 bool CommentaryScreen::accepts(const CommentaryTag &tag)
 {
-    const Refusal *refusal = tag.refusal;
-    if (refusal != nullptr && refusal->isRefused(m_screens.text(refusal->box))) {
+    if (const Refusal *refusal = tag.refusalNow(m_screens)) {
         messagebox::notice(this, QLatin1StringView(refusal->title),
                            QLatin1StringView(refusal->message));
         return false;

@@ -2,7 +2,8 @@
 
 #include "datafiles/data_file_kind.h"
 #include "datafiles/record_fields.h"
-#include "datafiles/tags.h"
+#include "screens/commentary_hints.h"
+#include "screens/commentary_tag.h"
 #include "screens/flow.h"
 #include "screens/screen.h"
 
@@ -13,26 +14,8 @@ namespace tarvold {
 
 class Announcement;
 class CommentaryLine;
-class HintLine;
 class Screens;
 class TagList;
-
-/// Why a tag cannot be inserted now.
-struct Refusal
-{
-    ControlRef box;                     ///< the control that decides
-    bool (*isRefused)(const QString &); ///< takes the text of that control
-    const char *message;                ///< what the user is told
-    const char *title;                  ///< of the message box
-};
-
-/// An item of a tag list.
-struct CommentaryTag
-{
-    const char *item;
-    const char *tag;                  ///< what it inserts
-    const Refusal *refusal = nullptr; ///< nullptr: never refused
-};
 
 /// A commentary screen, as a table.
 struct CommentaryTable
@@ -88,12 +71,10 @@ private:
     void addInstructions();
     void addLines();
     void addButtons();
-    /// Brings the hints up to date, and tells screen readers a first one that has changed.
-    void hint();
-    /// What is wrong with the tags of a line, with its number.
-    QStringList hintsFor(const CommentaryLine &line) const;
-    /// Why a tag would be refused now; empty if it would not.
-    QString refusalOf(const QString &tag) const;
+    /// Tells screen readers what happened to the lines by a key or a paste.
+    void announce(CommentaryLine &line);
+    /// The number of a line, from 1.
+    qsizetype numberOf(const CommentaryLine &line) const;
     void mark(CommentaryLine &line);
     void insertTag();
     /// Focuses the end of the marked line, if there is one, so that the user can go on typing.
@@ -111,10 +92,7 @@ private:
     CommentaryTable m_table;
     TagList *m_tags;
     Announcement *m_announcement;
-    Announcement *m_spokenHint;
-    HintLine *m_hint;
-    QString m_told; ///< the hint that screen readers were told last
-    tags::Rules m_rules;
+    CommentaryHints m_hints;
     std::array<CommentaryLine *, fields::kCommentary.size()> m_lines{};
 };
 

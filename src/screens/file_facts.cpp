@@ -83,8 +83,12 @@ QString wholePath(const QString &name)
     if (!typed) {
         return name; // no path, but what is wrong with it will be told
     }
-    const QString path = QFileInfo(typed->text()).absoluteFilePath();
-    return QDir::toNativeSeparators(QDir::cleanPath(path));
+    return QDir::toNativeSeparators(typed->absolute());
+}
+
+QString purpose(const QString &verb, const QString &name)
+{
+    return name.isEmpty() ? u"The file name is empty."_s : QString(verb + wholePath(name));
 }
 
 QString stateOf(const QString &path, DataFileKind kind)
@@ -94,7 +98,7 @@ QString stateOf(const QString &path, DataFileKind kind)
         return ordinary.error().cause;
     }
     const QFileInfo file(path);
-    if (!file.absoluteDir().exists()) {
+    if (!file.dir().exists()) {
         return u"The folder does not exist."_s;
     }
     if (!fileExists(path)) {
@@ -126,13 +130,19 @@ FileFacts::FileFacts(TextBox &box, DataFileKind kind) : QObject(&box), m_box(box
 void FileFacts::refresh()
 {
     m_pause.stop();
-    show({});
+    const QString path = filefacts::wholePath(m_box.text());
+    m_box.setNote(path);
+    const QString described = m_box.accessibleDescription();
+    if (described != path && !described.startsWith(path + u". "_s)) {
+        describe(path); // of another file
+    }
     look();
 }
 
 void FileFacts::follow()
 {
-    show({});
+    m_box.setNote(filefacts::wholePath(m_box.text()));
+    describe({});
     m_pause.start();
 }
 
@@ -154,7 +164,14 @@ void FileFacts::show(const QString &state)
     QStringList facts = {path, state};
     facts.removeAll(QString());
     m_box.setNote(facts.join(u'\n'));
-    m_box.setAccessibleDescription(facts.join(u". "_s));
+    describe(facts.join(u". "_s));
+}
+
+void FileFacts::describe(const QString &facts)
+{
+    if (m_box.accessibleDescription() != facts) { // screen readers read out each change
+        m_box.setAccessibleDescription(facts);
+    }
 }
 
 } // namespace tarvold

@@ -13,9 +13,14 @@ class TextBox;
 /// What the user may want to know about a data file before using it.
 namespace filefacts {
 
-/// The whole path that a name means, as the system writes paths; empty if the name is.
+/// The whole path that a name means, as the system writes paths; empty if the name is. ".." stays
+/// in it where the folder before it may be a symbolic link, which only the system can follow.
 /// \param name as the user typed it
 QString wholePath(const QString &name);
+
+/// What a button tells that writes to the file of this name.
+/// \param verb such as "Adds to ", comes before the whole path
+QString purpose(const QString &verb, const QString &name);
 
 /// What is at a path, in a sentence or two: how many records, or why there are none. Reads the
 /// file, so it may take long.
@@ -28,7 +33,7 @@ QString stateOf(const QString &path, DataFileKind kind);
 /// to assistive technology.
 ///
 /// The file is looked at in another thread: nothing ever waits for it. Until that is done, only the
-/// path is shown.
+/// path is shown. Assistive technology is told once the user has stopped typing, not at each key.
 class FileFacts : public QObject
 {
     Q_OBJECT
@@ -43,6 +48,7 @@ private:
     void follow();
     void look();
     void show(const QString &state);
+    void describe(const QString &facts);
 
     TextBox &m_box;
     DataFileKind m_kind;

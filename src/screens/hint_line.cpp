@@ -14,6 +14,10 @@ HintLine::HintLine(QWidget *parent) : QLabel(parent)
 
 void HintLine::showHints(const QStringList &hints)
 {
+    if (hints == m_hints) {
+        return;
+    }
+    m_hints = hints;
     m_hint = hints.value(0);
     m_more = hints.size() > 1 ? u" (%1 more)"_s.arg(hints.size() - 1) : QString();
     setAccessibleName(m_hint + m_more);

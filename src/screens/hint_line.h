@@ -24,7 +24,8 @@ protected:
 private:
     void elide();
 
-    QString m_hint;
+    QStringList m_hints;
+    QString m_hint; ///< the first of them
     QString m_more; ///< how many more hints there are; never elided
 };
 

@@ -5,9 +5,12 @@
 #include "controls/message_box.h"
 #include "controls/push_button.h"
 #include "controls/sizes.h"
+#include "datafiles/data_file_kind.h"
 #include "datafiles/record.h"
 #include "screens/failures.h"
+#include "screens/file_facts.h"
 #include "screens/keys.h"
+#include "screens/main_menu.h"
 #include "screens/screens.h"
 #include "stipulations/form_tables.h"
 
@@ -114,6 +117,18 @@ void Form3::addButtons()
 QWidget *Form3::firstField() const
 {
     return &control("matchtype");
+}
+
+void Form3::showEvent(QShowEvent *event)
+{
+    Screen::showEvent(event);
+    showTarget();
+}
+
+void Form3::showTarget()
+{
+    const QString name = m_screens.text(Form1::fileNameBox(DataFileKind::Stipulations));
+    control<PushButton>("Command2").setPurpose(filefacts::purpose(u"Saves in "_s, name));
 }
 
 void Form3::showDefaults(const StipulationTable &table)
@@ -249,6 +264,7 @@ void Form3::save()
     }
     if (const auto record = composed()) {
         emit submitted(*record);
+        showTarget(); // if the file could not be written, it may be another one now
     }
 }
 

@@ -48,11 +48,14 @@ signals:
 
 protected:
     QWidget *firstField() const override;
+    void showEvent(QShowEvent *event) override;
 
 private:
     void addForm();
     void addValueTable();
     void addButtons();
+    /// Tells by the button which file it saves in.
+    void showTarget();
     void showNumber(const char *control, const QString &text);
     /// What the form shows for a line.
     QString textFor(const stipulationform::FormLine &line) const;

@@ -93,7 +93,19 @@ TEST(Tags, AnUnclosedTagIsAProblemUnlessItIsBeingTyped)
     EXPECT_EQ(problems(line, 2), unclosed); // before its "<"
     EXPECT_EQ(problems(line, 3), QStringList());
     EXPECT_EQ(problems(line, 8), QStringList());
-    EXPECT_EQ(problems(u"<recsh <town2>"_s, 8).size(), 2);
+    EXPECT_EQ(problems(u"<recsh <town2>"_s, 8), unclosed); // in the second tag
+}
+
+TEST(Tags, ATagAroundTheCursorHasNoProblemYet)
+{
+    const QString line = u"a <recsh> <town>"_s;
+    for (const qsizetype outside : {0, 2, 9, 10}) {
+        EXPECT_EQ(problems(line, outside).size(), 2) << outside;
+    }
+    for (const qsizetype inside : {3, 8}) {
+        EXPECT_EQ(problems(line, inside), QStringList(u"<town>: Not today."_s)) << inside;
+    }
+    EXPECT_EQ(problems(line, 12), QStringList(u"<recsh> is not a tag."_s));
 }
 
 TEST(Tags, ProblemsComeInTheOrderOfTheLineAndEnd)

@@ -61,6 +61,15 @@ TEST_F(FailureWords, NameTheMissingFolderByItsWholePath)
     EXPECT_EQ(causesFor(missing + u"/x.tvd"_s), (QStringList{cause, cause, cause}));
 }
 
+TEST_F(FailureWords, NameTheMissingFolderAboveALinkedOneAsTheSystemTakesIt)
+{
+    ASSERT_TRUE(QDir().mkpath(u"far/near"_s));
+    ASSERT_TRUE(QFile::link(u"far/near"_s, u"link"_s));
+    const QString missing = QDir::currentPath() + u"/link/../nofolder"_s; // in "far"
+    const QString cause = u"The folder \"%1\" does not exist."_s.arg(missing);
+    EXPECT_EQ(causesFor(u"link/../nofolder/x.tvd"_s), (QStringList{cause, cause, cause}));
+}
+
 TEST_F(FailureWords, SayThatAFileToReadDoesNotExist)
 {
     EXPECT_EQ(causesFor(u"x.tvd"_s).last(), u"none"_s); // the append has created it

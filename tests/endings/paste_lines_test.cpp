@@ -1,10 +1,9 @@
 #include "controls/announcement.h"
-#include "support/ending_test.h"
+#include "endings/lines_test.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QDropEvent>
-#include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
 
@@ -18,41 +17,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class PasteLines : public EndingTest
+class PasteLines : public LinesTest
 {
 protected:
-    PasteLines() { goTo("Form7"); }
-
-    QLineEdit &lineBox(int number)
-    {
-        return screen("Form7").control<QLineEdit>(qPrintable(u"Text%1"_s.arg(number)));
-    }
-
-    void write(int number, const QString &text)
-    {
-        type("Form7", qPrintable(u"Text%1"_s.arg(number)), text);
-    }
-
-    void pasteInto(int number, const QString &text)
-    {
-        click(lineBox(number));
-        paste(lineBox(number), text);
-    }
-
-    void hit(int number, QKeySequence::StandardKey key)
-    {
-        lineBox(number).setFocus(Qt::OtherFocusReason);
-        QTest::keySequence(screen("Form7").windowHandle(), key);
-    }
-
-    /// Expects these texts from the first line on, and empty lines after them.
-    void expectLines(const QStringList &texts)
-    {
-        for (int number = 1; number <= 10; ++number) {
-            EXPECT_EQ(lineBox(number).text(), texts.value(number - 1)) << number;
-        }
-    }
-
     /// Triggers an item of the line's context menu.
     void chooseInMenu(int number, const QString &item)
     {
@@ -80,12 +47,65 @@ TEST_F(PasteLines, TheFirstGoesWhereTheCursorIsAndReplacesTheSelection)
 {
     write(2, u"ab"_s);
     click(lineBox(2));
-    lineBox(2).setCursorPosition(1);
+    lineBox(2).setSelection(1, 1);
     paste(lineBox(2), u"One\nTwo"_s);
-    expectLines({{}, u"aOneb"_s, u"Two"_s});
-    lineBox(2).setSelection(1, 3);
+    expectLines({{}, u"aOne"_s, u"Two"_s});
+    lineBox(2).setSelection(0, 2);
     paste(lineBox(2), u"1"_s);
-    expectLines({{}, u"a1b"_s, u"Two"_s});
+    expectLines({{}, u"1ne"_s, u"Two"_s});
+    undo(2);
+    undo(2);
+    expectLines({{}, u"ab"_s});
+    EXPECT_EQ(lineBox(2).selectedText(), u"b"_s); // as the undo of any paste
+}
+
+TEST_F(PasteLines, TextBehindTheCursorComesBehindTheLastPastedLine)
+{
+    write(2, u"abcd"_s);
+    click(lineBox(2));
+    lineBox(2).setSelection(1, 1);
+    paste(lineBox(2), u"One\nTwo\nThree"_s);
+    expectLines({{}, u"aOne"_s, u"Two"_s, u"Threecd"_s});
+    EXPECT_EQ(lineBox(2).cursorPosition(), 4);
+    EXPECT_TRUE(lineBox(2).hasFocus());
+    undo(2);
+    expectLines({{}, u"abcd"_s});
+    EXPECT_EQ(lineBox(2).cursorPosition(), 2);
+    EXPECT_FALSE(lineBox(2).hasSelectedText()); // typing on must not replace it
+    redo(2);
+    expectLines({{}, u"aOne"_s, u"Two"_s, u"Threecd"_s});
+    EXPECT_EQ(lineBox(2).cursorPosition(), 4);
+    undo(4); // from any of its lines
+    expectLines({{}, u"abcd"_s});
+}
+
+TEST_F(PasteLines, TextBehindTheCursorIsNeverLostAndNeverThereTwice)
+{
+    write(1, u"ab"_s);
+    click(lineBox(1));
+    lineBox(1).setCursorPosition(1);
+    paste(lineBox(1), u"One\nTwo"_s);
+    add(2, u"!"_s);
+    undo(1);
+    expectLines({u"aOne"_s, u"Twob!"_s});
+    undo(2);
+    undo(1);
+    expectLines({u"ab"_s});
+    write(2, u"new"_s);
+    redo(1);
+    expectLines({u"ab"_s, u"new"_s});
+}
+
+TEST_F(PasteLines, TextBehindTheCursorStaysThereIfTheLineBelowIsTaken)
+{
+    write(1, u"ab"_s);
+    write(2, u"kept"_s);
+    click(lineBox(1));
+    lineBox(1).setCursorPosition(1);
+    paste(lineBox(1), u"One\nTwo"_s);
+    expectLines({u"aOne Twob"_s, u"kept"_s});
+    undo(1);
+    expectLines({u"ab"_s, u"kept"_s});
 }
 
 TEST_F(PasteLines, NoLineThatHoldsTextIsOverwritten)
@@ -116,53 +136,11 @@ TEST_F(PasteLines, BlankLinesStayBetweenLinesButNotAroundThem)
 {
     pasteInto(1, u"\nOne\n\nThree\n\n"_s);
     expectLines({u"One"_s, {}, u"Three"_s});
-}
-
-TEST_F(PasteLines, OneUndoUndoesThePasteAndOneRedoRepeatsIt)
-{
-    write(1, u"ab"_s);
-    pasteInto(1, u"One\nTwo\nThree"_s);
-    hit(1, QKeySequence::Undo);
-    expectLines({u"ab"_s});
-    hit(1, QKeySequence::Redo);
-    expectLines({u"abOne"_s, u"Two"_s, u"Three"_s});
-    hit(1, QKeySequence::Undo);
-    hit(1, QKeySequence::Undo);
-    expectLines({});
-}
-
-TEST_F(PasteLines, UndoKeepsLinesThatWereChangedSince)
-{
-    pasteInto(1, u"One\nTwo\nThree"_s);
-    click(lineBox(2));
-    QTest::keyClicks(&lineBox(2), u"!"_s);
-    hit(1, QKeySequence::Undo);
-    expectLines({{}, u"Two!"_s});
-    write(3, u"new"_s);
-    hit(1, QKeySequence::Redo);
-    expectLines({u"One"_s, u"Two!"_s, u"new"_s});
-}
-
-TEST_F(PasteLines, UndoOfOtherTypingLeavesTheOtherLines)
-{
-    pasteInto(1, u"One\nTwo"_s);
-    QTest::keyClicks(&lineBox(1), u"!"_s);
-    hit(1, QKeySequence::Undo);
-    expectLines({u"One"_s, u"Two"_s});
-    hit(1, QKeySequence::SelectAll);
-    QTest::keyClick(&lineBox(1), Qt::Key_Delete);
-    QTest::keyClicks(&lineBox(1), u"One"_s);
-    hit(1, QKeySequence::Undo); // of what was typed anew, though it reads the same
-    EXPECT_EQ(lineBox(2).text(), u"Two"_s);
-}
-
-TEST_F(PasteLines, UndoInALineBelowUndoesOnlyItsOwnPart)
-{
-    pasteInto(1, u"One\nTwo\nThree"_s);
-    hit(2, QKeySequence::Undo);
-    expectLines({u"One"_s, {}, u"Three"_s});
-    hit(2, QKeySequence::Redo);
-    expectLines({u"One"_s, u"Two"_s, u"Three"_s});
+    EXPECT_FALSE(lineBox(2).isUndoAvailable()); // nothing happened there
+    hit(5, QKeySequence::Paste);
+    EXPECT_EQ(lineBox(5).text(), u"One"_s);
+    pasteInto(4, u"\r\n\r\n"_s); // only line breaks: nothing
+    EXPECT_EQ(lineBox(4).text(), QString());
 }
 
 TEST_F(PasteLines, TheContextMenuPastesUndoesAndRedoesLikewise)
@@ -202,7 +180,7 @@ TEST_F(PasteLines, ADropSpreadsAndIsUndoneLikewise)
     QDropEvent event(place, Qt::CopyAction, &data, Qt::LeftButton, {});
     QApplication::sendEvent(&lineBox(1), &event);
     EXPECT_TRUE(event.isAccepted());
-    expectLines({u"aOneb"_s, u"Two"_s});
+    expectLines({u"aOne"_s, u"Twob"_s});
     hit(1, QKeySequence::Undo);
     expectLines({u"ab"_s});
 }

@@ -151,6 +151,28 @@ TEST_F(TagHints, ScreenReadersHearAHintOnce)
     EXPECT_EQ(ear.told, (QStringList{kShort, u"Line 4: <nobody> is not a tag."_s}));
 }
 
+TEST_F(TagHints, ScreenReadersHearNothingWhileATagIsCorrected)
+{
+    write(3, u"<recshrtname> wins"_s);
+    const Ear ear(screen("Form7"));
+    QLineEdit &box = lineBox(3);
+    box.setCursorPosition(6);
+    EXPECT_EQ(hint(), QString());
+    QTest::keyClicks(&box, u"xy"_s);
+    QTest::keyClick(&box, Qt::Key_Backspace);
+    QTest::keyClick(&box, Qt::Key_Backspace);
+    QTest::keyClicks(&box, u"o"_s);
+    EXPECT_EQ(hint(), QString());
+    QTest::keyClick(&box, Qt::Key_End);
+    EXPECT_EQ(box.text(), u"<recshortname> wins"_s);
+    EXPECT_EQ(ear.told, QStringList());
+    box.setCursorPosition(6);
+    QTest::keyClick(&box, Qt::Key_Delete);
+    EXPECT_EQ(ear.told, QStringList());
+    QTest::keyClick(&box, Qt::Key_End);
+    EXPECT_EQ(ear.told.size(), 1);
+}
+
 TEST_F(TagHints, AHintKeepsNothingFromBeingSaved)
 {
     write(1, u"<nobody> <"_s);

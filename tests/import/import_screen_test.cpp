@@ -1,6 +1,7 @@
 // The import screen's captions, its two stages and what each kind puts into them.
 
 #include "import/import_test.h"
+#include "support/tool_tips.h"
 
 #include <QPushButton>
 
@@ -41,6 +42,29 @@ TEST_F(ImportScreen, HasItsDesignTexts)
     EXPECT_EQ(caption("Command8"), u"Import"_s);
     EXPECT_EQ(caption("Command9"), u"Cancel"_s);
     EXPECT_EQ(text("Form2", "whatimport"), u"Label2"_s);
+}
+
+TEST_F(ImportScreen, TheButtonTellsTheWholePathOfTheFileThatItAddsTo)
+{
+    enter();
+    QWidget &button = control("Form2", "Command8");
+    const auto expectTold = [&button](const QString &expected) {
+        EXPECT_EQ(toolTipOf(button), expected);
+        EXPECT_EQ(button.accessibleDescription(), expected);
+    };
+    const auto whole = [](const QString &name) {
+        return QDir::toNativeSeparators(QDir::currentPath() + u'/' + name);
+    };
+    for (const ImportKind &kind : kImportKinds) {
+        press("Form2", kind.button);
+        expectTold(u"Adds to "_s + whole(QLatin1StringView(kind.target)));
+        press("Form2", "Command9");
+    }
+    press("Form2", kImportKinds.front().button);
+    type("Form2", "Text1", u"my/<b>own.tvd"_s);
+    expectTold(u"Adds to "_s + whole(u"my/<b>own.tvd"_s));
+    type("Form2", "Text1", {});
+    expectTold(u"The file name is empty."_s);
 }
 
 TEST_F(ImportScreen, HasTheKindButtonsInTheirOrder)

@@ -1,3 +1,4 @@
+#include "screens/file_facts.h"
 #include "screens/main_menu.h"
 #include "support/flow_test.h"
 #include "support/tool_tips.h"
@@ -87,6 +88,77 @@ TEST_F(FileFactsTest, ABoxFollowsItsText)
     expectState("Text3", u"mine.tvd"_s, u"Records: 1"_s);
     type("Form1", "Text3", u"no/such.tvd"_s);
     expectState("Text3", u"no/such.tvd"_s, u"The folder does not exist."_s);
+}
+
+TEST_F(FileFactsTest, TheDescriptionChangesOnlyWhenTheUserHasStoppedTyping)
+{
+    // Screen readers read it out at each change.
+    expectState("Text3", u"normreports.tvd"_s, u"The file does not exist yet."_s);
+    QWidget &box = control("Form1", "Text3");
+    type("Form1", "Text3", {});
+    for (const QChar letter : u"mine.tvd"_s) {
+        QTest::keyClick(&box, letter.toLatin1());
+        EXPECT_EQ(box.accessibleDescription(), QString());
+    }
+    expectState("Text3", u"mine.tvd"_s, u"The file does not exist yet."_s);
+}
+
+TEST_F(FileFactsTest, TheDescriptionStaysWhenTheMenuComesBackAndAllIsAsItWas)
+{
+    expectState("Text3", u"normreports.tvd"_s, u"The file does not exist yet."_s);
+    const QString before = control("Form1", "Text3").accessibleDescription();
+    comeBack();
+    EXPECT_EQ(control("Form1", "Text3").accessibleDescription(), before);
+    expectState("Text3", u"normreports.tvd"_s, u"The file does not exist yet."_s);
+}
+
+TEST_F(FileFactsTest, TheFolderAboveALinkedOneIsNotTheFolderOfTheLink)
+{
+    // far/near is linked as "link": the folder above it is "far", not the one with the link.
+    ASSERT_TRUE(QDir().mkpath(u"far/near"_s));
+    ASSERT_TRUE(QFile::link(u"far/near"_s, u"link"_s));
+    putBytes(u"far/mine.tvd"_s, records(2));
+    type("Form1", "Text3", u"link/../mine.tvd"_s);
+    expectState("Text3", u"link/../mine.tvd"_s, u"Records: 2"_s);
+    goToCommentary(kNormalPath);
+    EXPECT_EQ(toolTipOf(control("Form7", "Command1")),
+              u"Adds to %1 (Ctrl+S)"_s.arg(path(u"link/../mine.tvd"_s)));
+    type("Form7", "Text1", u"The end."_s);
+    save(kNormalPath);
+    EXPECT_GT(QFileInfo(u"far/mine.tvd"_s).size(), records(2).size());
+    EXPECT_FALSE(QFile::exists(u"mine.tvd"_s));
+    expectState("Text3", u"link/../mine.tvd"_s, u"Records: 3"_s);
+}
+
+TEST_F(FileFactsTest, APathIsShownWithoutNeedlessParts)
+{
+    const QString here = QDir::currentPath();
+    const QString above = here.first(here.lastIndexOf(u'/'));
+    const QList<std::pair<QString, QString>> expected = {
+        {u"./a//b/./c.tvd"_s, here + u"/a/b/c.tvd"_s},
+        {u"../c.tvd"_s, above + u"/c.tvd"_s},
+        {u"../"_s.repeated(99) + u"c.tvd"_s, u"/c.tvd"_s},
+        {u"../a/../../c.tvd"_s, above + u"/a/../../c.tvd"_s},
+        {u"/../c.tvd"_s, u"/c.tvd"_s},
+        {u"/a/./../c.tvd"_s, u"/a/../c.tvd"_s},
+        {u":c.tvd"_s, here + u"/:c.tvd"_s},
+        {QString(), QString()},
+    };
+    for (const auto &[name, whole] : expected) {
+        EXPECT_EQ(filefacts::wholePath(name), whole);
+    }
+}
+
+TEST_F(FileFactsTest, TheCurrentFolderIsToldWithoutItsLinks)
+{
+    ASSERT_TRUE(QDir().mkpath(u"far/near"_s));
+    ASSERT_TRUE(QFile::link(u"far/near"_s, u"link"_s));
+    const QString far = path(u"far"_s);
+    const QByteArray oldPwd = qgetenv("PWD");
+    qputenv("PWD", QFile::encodeName(path(u"link"_s))); // as a shell does
+    ASSERT_TRUE(QDir::setCurrent(u"link"_s));
+    EXPECT_EQ(filefacts::wholePath(u"../mine.tvd"_s), QString(far + u"/mine.tvd"_s));
+    qputenv("PWD", oldPwd);
 }
 
 TEST_F(FileFactsTest, AFileThatIsNotWholeIsTold)

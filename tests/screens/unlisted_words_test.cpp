@@ -117,6 +117,38 @@ TEST_F(UnlistedWords, ScreenReadersHearItOnce)
     EXPECT_EQ(announcement.accessibleName(), kLacksLine);
 }
 
+TEST_F(UnlistedWords, NoDescriptionChangesWhileTyping)
+{
+    // Screen readers would read it out at each change.
+    goTo(kNormalPath, "Form5");
+    QLineEdit &box = *combo("Form5", "Combo7").lineEdit();
+    const QString help = purpose("Combo7");
+    const QString helpOfBox = box.accessibleDescription();
+    type("Form5", "Combo7", {});
+    int marked = 0;
+    for (const Qt::Key key : {Qt::Key_S, Qt::Key_U, Qt::Key_X, Qt::Key_Backspace, Qt::Key_Y}) {
+        QTest::keyClick(&box, key, key == Qt::Key_S ? Qt::ShiftModifier : Qt::NoModifier);
+        marked += combo("Form5", "Combo7").isMarked() ? 1 : 0;
+        EXPECT_EQ(purpose("Combo7"), help);
+        EXPECT_EQ(box.accessibleDescription(), helpOfBox);
+    }
+    EXPECT_GT(marked, 1);
+    QTest::keyClick(screen("Form5").windowHandle(), Qt::Key_Tab);
+    EXPECT_EQ(purpose("Combo7"), QString(kLacksLine + u' ' + help));
+    EXPECT_TRUE(box.accessibleDescription().startsWith(kLacksLine));
+}
+
+TEST_F(UnlistedWords, APickTakesTheDescriptionAwayAtOnce)
+{
+    goTo(kNormalPath, "Form5");
+    const QString help = purpose("Combo7");
+    typeAndLeave("Combo7", u"Submision"_s);
+    EXPECT_NE(purpose("Combo7"), help);
+    choose("Form5", "Combo7", u"Submission"_s);
+    EXPECT_EQ(purpose("Combo7"), help);
+    EXPECT_FALSE(combo("Form5", "Combo7").lineEdit()->accessibleDescription().contains(kLacksLine));
+}
+
 TEST_F(UnlistedWords, AMarkedWordIsSavedAsBefore)
 {
     goTo(kNormalPath, "Form5");

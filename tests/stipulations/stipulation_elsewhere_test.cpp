@@ -96,6 +96,21 @@ TEST_F(StipulationElsewhere, ANewOneGoesToTheChosenFileWithAllOthersAndTheNextSa
     EXPECT_TRUE(QDir(utf8(kFile)).isEmpty());
 }
 
+TEST_F(StipulationElsewhere, TheButtonFollowsTheChosenFileWhileTheFormStays)
+{
+    makeOneThatFails();
+    const auto told = [this] { return control("Form3", "Command2").accessibleDescription(); };
+    const QString first = QDir::currentPath() + u'/' + utf8(kFile);
+    EXPECT_EQ(told(), QString(u"Saves in "_s + first + u" (Ctrl+S)"_s));
+    const QString second = QDir(folder.path()).canonicalPath() + u"/gone/x.tvd"_s;
+    failsForTheFolder(Answer::Elsewhere);
+    chooses("gone/x.tvd");
+    const QString cause = u"The folder \"%1\" does not exist."_s.arg(QFileInfo(second).path());
+    failsFor(second, qPrintable(cause), Answer::Ok);
+    pressSave();
+    EXPECT_EQ(told(), QString(u"Saves in "_s + second + u" (Ctrl+S)"_s));
+}
+
 TEST_F(StipulationElsewhere, AnEditedOneGoesToTheChosenFileInItsPlace)
 {
     open(one + two);

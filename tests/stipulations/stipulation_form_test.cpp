@@ -1,4 +1,5 @@
 #include "stipulations/stipulation_test.h"
+#include "support/tool_tips.h"
 
 #include <QAbstractButton>
 #include <QScrollBar>
@@ -43,6 +44,23 @@ protected:
         }
     }
 };
+
+TEST_F(StipulationForm, TheSaveButtonTellsTheWholePathOfItsFile)
+{
+    for (const QString &name : {u"mine.tvd"_s, u"./a <b>folder</b>/mine.tvd"_s}) {
+        ASSERT_TRUE(QDir().mkpath(u"a <b>folder</b>"_s));
+        writeFile(qPrintable(name), stipulation("Singles", "One"));
+        type("Form1", "Text1", name);
+        press("Form1", "Command1");
+        createNew();
+        const QString whole = QDir::currentPath() + u'/' + QDir::cleanPath(name);
+        const QString expected = u"Saves in %1 (Ctrl+S)"_s.arg(QDir::toNativeSeparators(whole));
+        EXPECT_EQ(toolTipOf(control("Form3", "Command2")), expected);
+        EXPECT_EQ(control("Form3", "Command2").accessibleDescription(), expected);
+        cancel();
+        press("Form16", "Command3");
+    }
+}
 
 TEST_F(StipulationForm, HasItsCaptions)
 {

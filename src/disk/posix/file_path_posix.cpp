@@ -1,8 +1,10 @@
 #include "disk/posix/posix_file.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <climits>
@@ -65,6 +67,24 @@ bool FilePath::canBeName(const QString &name)
 {
     // For the system a NUL ends the name, so it would use another file.
     return !name.contains(QChar::Null) && name.isValidUtf16();
+}
+
+QString FilePath::absolute() const
+{
+    QStringList path;
+    if (!m_text.startsWith(u'/')) {
+        path = QDir::currentPath().split(u'/', Qt::SkipEmptyParts);
+    }
+    qsizetype certain = path.size(); // no link is among these
+    for (const QString &part : m_text.split(u'/', Qt::SkipEmptyParts)) {
+        if (part == ".."_L1 && path.size() == certain) {
+            certain = std::max<qsizetype>(certain - 1, 0);
+            path.resize(certain);
+        } else if (part != "."_L1) {
+            path << part;
+        }
+    }
+    return u'/' + path.join(u'/');
 }
 
 FilePath::Kind FilePath::kind() const

@@ -1,5 +1,8 @@
 #include "disk/windows/windows_file.h"
 
+#include <QDir>
+#include <QFileInfo>
+
 #include <algorithm>
 
 namespace tarvold {
@@ -63,6 +66,11 @@ bool FilePath::canBeName(const QString &name)
         rest.remove(0, 2);
     }
     return name.isValidUtf16() && std::none_of(rest.begin(), rest.end(), isOfNoName);
+}
+
+QString FilePath::absolute() const
+{
+    return QDir::cleanPath(QFileInfo(m_text).absoluteFilePath()); // as Windows: by the text alone
 }
 
 FilePath::Kind FilePath::kind() const

@@ -23,31 +23,25 @@ Alignment::Alignment(const LineCosts &costs, Records records)
     : m_costs(costs)
     , m_records(records)
     , m_columns(costs.fieldCount() + 1)
-    , m_row(std::size_t(m_columns))
-    , m_next(std::size_t(m_columns))
+    , m_best(std::size_t(m_columns))
+    , m_bestStep(std::size_t(m_columns))
 {
     clear();
 }
 
 void Alignment::clear()
 {
-    m_steps.clear();
-    std::fill(m_next.begin(), m_next.end(), Cell{kNever, kNever, kNever});
-    m_next.front()[Matched] = 0;
-    finishRow(true);
+    m_steps.assign(std::size_t(m_columns), 0);
+    for (std::vector<int> &costs : m_row) {
+        costs.assign(std::size_t(m_columns), kNever);
+    }
+    m_row[Matched].front() = 0;
+    passMissing();
 }
 
-/// The step with the least cost. Of several it is the one that puts a gap as late as possible: what
-/// is missing from a commentary is then "-BLANK-" at its end.
-Alignment::Step Alignment::best(const Cell &cell)
+std::uint8_t *Alignment::lastSteps()
 {
-    Step found = Missing;
-    for (const Step step : {Surplus, Matched}) {
-        if (cell[step] < cell[found]) {
-            found = step;
-        }
-    }
-    return found;
+    return m_steps.data() + m_steps.size() - std::size_t(m_columns);
 }
 
 void Alignment::add(Sort sort, bool isDoubled)
@@ -58,94 +52,106 @@ void Alignment::add(Sort sort, bool isDoubled)
         (sort == Sort::Empty ? LineCosts::kSurplusEmpty : LineCosts::kSurplus) - off;
     const int surplusToo = std::max(LineCosts::kSurplusToo - off, LineCosts::kBit);
 
-    const std::size_t start = m_steps.size();
-    m_steps.resize(start + std::size_t(m_columns));
-    std::uint8_t *const steps = m_steps.data() + start;
     // Only the lines before the first record are none of a record before.
-    const bool isInFront = m_records == Records::One || lines() == 1;
-    Cell before{kNever, kNever, kNever};
-    Step bestBefore = Matched;
+    const bool isInFront = m_records == Records::One || lines() == 0;
+    m_steps.resize(m_steps.size() + std::size_t(m_columns));
+    std::uint8_t *const steps = lastSteps();
+    int *const matched = m_row[Matched].data();
+    int *const skipped = m_row[Surplus].data();
+    const int *const best = m_best.data();
+    const std::uint8_t *const bestStep = m_bestStep.data();
     for (int column = 0; column < m_columns; ++column) {
-        const Cell &above = m_row[std::size_t(column)];
-        const Step bestAbove = best(above);
-        Cell &cell = m_next[std::size_t(column)];
-        cell[Matched] = column == 0 ? kNever : before[bestBefore] + cost[column - 1];
-        cell[Missing] = kNever;
-        const int opened = above[bestAbove] + surplus;
-        const int extended = above[Surplus] + surplusToo;
+        const int opened = best[column] + surplus;
+        const int extended = skipped[column] + surplusToo;
         const bool isFurther = extended <= opened;
-        cell[Surplus] =
-            column == 0 && !isInFront && !isFurther ? kNever : std::min(extended, opened);
-        steps[column] = std::uint8_t(coded(Matched, bestBefore) |
-                                     coded(Surplus, isFurther ? int(Surplus) : int(bestAbove)));
-        before = above;
-        bestBefore = bestAbove;
+        skipped[column] = isFurther ? extended : opened;
+        steps[column] = coded(Surplus, isFurther ? int(Surplus) : int(bestStep[column]));
     }
-    finishRow(false);
+    if (!isInFront && (steps[0] >> (int(Surplus) * kBitsPerStep)) != Surplus) {
+        skipped[0] = kNever;
+    }
+    matched[0] = kNever;
+    for (int column = 1; column < m_columns; ++column) {
+        matched[column] = best[column - 1] + cost[column - 1];
+        steps[column] = std::uint8_t(steps[column] | coded(Matched, bestStep[column - 1]));
+    }
+    passMissing();
 }
 
-/// Passes on the costs of fields that are left out.
-void Alignment::passMissing(int from)
+/// Finishes a row: passes on the costs of fields that are left out, and begins the next record.
+void Alignment::passMissing()
 {
-    std::uint8_t *const steps = m_steps.data() + m_steps.size() - std::size_t(m_columns);
-    for (int column = from; column < m_columns; ++column) {
-        const Cell &left = m_next[std::size_t(column - 1)];
-        Cell &cell = m_next[std::size_t(column)];
-        const Step step = left[Surplus] < left[Matched] ? Surplus : Matched;
-        const int opened = left[step] + LineCosts::kMissing;
-        const int extended = left[Missing] + LineCosts::kMissingToo;
-        const int cost = std::min(opened, extended);
-        if (cost < cell[Missing]) {
-            cell[Missing] = cost;
-            const int before = extended <= opened ? int(Missing) : int(step);
-            const unsigned mask = kStepMask << (int(Missing) * kBitsPerStep);
-            steps[column] = std::uint8_t((steps[column] & ~mask) | coded(Missing, before));
-        }
-    }
-}
-
-void Alignment::finishRow(bool isFirst)
-{
-    if (isFirst) {
-        m_steps.assign(std::size_t(m_columns), 0);
-    }
-    passMissing(1);
-    if (m_records == Records::Many) {
+    int *const missing = m_row[Missing].data();
+    missing[0] = kNever;
+    passMissingFrom(1, true);
+    if (m_records == Records::Many && lines() > 0) {
         // The next record begins. A way that leaves out a whole record is never the cheapest.
-        std::uint8_t *const steps = m_steps.data() + m_steps.size() - std::size_t(m_columns);
-        const Cell &end = m_next.back();
-        Cell &begin = m_next.front();
-        const Step step = end[Surplus] < end[Matched] ? Surplus : Matched;
-        if (end[step] < begin[Matched]) {
-            begin[Matched] = end[step];
-            begin[Missing] = end[Missing];
-            steps[0] = std::uint8_t((steps[0] & ~kStepMask) | coded(Matched, step));
+        const auto end = std::size_t(m_columns - 1);
+        const Step step = m_row[Surplus][end] < m_row[Matched][end] ? Surplus : Matched;
+        if (m_row[step][end] < m_row[Matched][0]) {
+            m_row[Matched][0] = m_row[step][end];
+            lastSteps()[0] = std::uint8_t((lastSteps()[0] & ~kStepMask) | coded(Matched, step));
         }
-        if (!isFirst) {
-            begin[Missing] = end[Missing];
-            passMissing(1);
-        }
+        missing[0] = missing[end];
+        passMissingFrom(1, false);
     }
-    m_row.swap(m_next);
+    chooseBest();
+}
+
+/// Of several steps it chooses the one that puts a gap as late as possible: what is missing from a
+/// commentary is then "-BLANK-" at its end.
+void Alignment::chooseBest()
+{
+    const int *const matched = m_row[Matched].data();
+    const int *const missing = m_row[Missing].data();
+    const int *const skipped = m_row[Surplus].data();
+    int *const best = m_best.data();
+    std::uint8_t *const bestStep = m_bestStep.data();
+    for (int column = 0; column < m_columns; ++column) {
+        const int gap = std::min(missing[column], skipped[column]);
+        best[column] = std::min(gap, matched[column]);
+        const int step = skipped[column] < missing[column] ? int(Surplus) : int(Missing);
+        bestStep[column] = std::uint8_t(matched[column] < gap ? int(Matched) : step);
+    }
+}
+
+void Alignment::passMissingFrom(int from, bool isFirst)
+{
+    const int *const matched = m_row[Matched].data();
+    const int *const skipped = m_row[Surplus].data();
+    int *const missing = m_row[Missing].data();
+    std::uint8_t *const steps = lastSteps();
+    constexpr unsigned kMask = kStepMask << (int(Missing) * kBitsPerStep);
+    for (int column = from; column < m_columns; ++column) {
+        const bool isSkipped = skipped[column - 1] < matched[column - 1];
+        const int opened =
+            (isSkipped ? skipped[column - 1] : matched[column - 1]) + LineCosts::kMissing;
+        const int extended = missing[column - 1] + LineCosts::kMissingToo;
+        const int cost = std::min(opened, extended);
+        if (!isFirst && cost >= missing[column]) {
+            break;
+        }
+        missing[column] = cost;
+        const int before = extended <= opened ? int(Missing)
+                           : isSkipped        ? int(Surplus)
+                                              : int(Matched);
+        steps[column] = std::uint8_t((steps[column] & ~kMask) | coded(Missing, before));
+    }
 }
 
 int Alignment::costAtEnd() const
 {
-    return m_row.back()[best(m_row.back())];
+    return m_best.back();
 }
 
 int Alignment::cheapestColumn() const
 {
-    const auto cheapest = std::min_element(m_row.begin(), m_row.end(), [](auto &one, auto &other) {
-        return one[best(one)] < other[best(other)];
-    });
-    return int(cheapest - m_row.begin());
+    return int(std::min_element(m_best.begin(), m_best.end()) - m_best.begin());
 }
 
 int Alignment::leastCost() const
 {
-    const Cell &cell = m_row[std::size_t(cheapestColumn())];
-    return cell[best(cell)];
+    return *std::min_element(m_best.begin(), m_best.end());
 }
 
 Alignment::Path Alignment::pathToEnd() const
@@ -163,7 +169,7 @@ Alignment::Path Alignment::path(int column) const
     Path path;
     int line = lines();
     path.fieldOfLine.resize(std::size_t(line), -1);
-    Step step = best(m_row[std::size_t(column)]);
+    auto step = Step(m_bestStep[std::size_t(column)]);
     while (line > 0 || column > 0) {
         const std::uint8_t steps =
             m_steps[std::size_t(line) * std::size_t(m_columns) + std::size_t(column)];

@@ -54,21 +54,23 @@ public:
 
 private:
     /// What a way did last: matched a line and a field, left out a field, or skipped a line.
-    enum Step { Matched, Missing, Surplus, kSteps };
-    /// The costs of the ways to one column, by their last step.
-    using Cell = std::array<int, kSteps>;
+    enum Step : std::uint8_t { Matched, Missing, Surplus, kSteps };
+    /// The costs of the cheapest ways to each column, by their last step.
+    using Row = std::array<std::vector<int>, kSteps>;
 
-    void finishRow(bool isFirst);
-    void passMissing(int from);
+    void passMissing();
+    void passMissingFrom(int from, bool isFirst);
+    void chooseBest();
     Path path(int column) const;
     int cheapestColumn() const;
-    static Step best(const Cell &cell);
+    std::uint8_t *lastSteps();
 
     const LineCosts &m_costs;
     Records m_records;
     int m_columns; ///< one more than there are fields
-    std::vector<Cell> m_row;
-    std::vector<Cell> m_next;
+    Row m_row;
+    std::vector<int> m_best;              ///< the least cost of each column
+    std::vector<std::uint8_t> m_bestStep; ///< its last step
     std::vector<std::uint8_t> m_steps; ///< by line, then by column: the step before each last step
 };
 

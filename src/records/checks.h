@@ -2,6 +2,7 @@
 
 #include "records/problems.h"
 #include "records/rules.h"
+#include "records/step.h"
 
 /// What problemsOf() is made of. Each check adds what it finds, in any order.
 namespace tarvold::records::checks {
@@ -13,6 +14,7 @@ struct Examined
     const Rules &rules;
     int number;
     bool isLast;
+    Step step;
 
     const Line &line(int index) const { return record.lines().at(std::size_t(index)); }
     /// Which line holds a field; -1: none does.
@@ -32,12 +34,12 @@ void checkStep(const Examined &examined, Problems &problems);
 /// \param isOfKind whether the record is of its kind, so that its layout is meaningful
 void checkLineEnds(const Examined &examined, bool isOfKind, Problems &problems);
 
-/// A line that was saved as UTF-8, where the game reads its code page.
-/// \return whether it was, and can be repaired: what it holds is not known before
-bool checkEncoding(const Examined &examined, int field, Problems &problems);
+/// Lines that were saved as UTF-8, where the game reads its code page.
+void checkEncoding(const Examined &examined, Problems &problems);
 
-/// A line that is empty, or outside the field's coding or list.
-void checkWord(const Examined &examined, int field, Problems &problems);
+/// Lines that are empty, or outside their field's coding or list; not those that the check of the
+/// encoding found, which comes before this one.
+void checkWords(const Examined &examined, Problems &problems);
 
 /// The tags of all commentary.
 void checkTags(const Examined &examined, Problems &problems);

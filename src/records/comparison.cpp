@@ -4,7 +4,9 @@
 #include "records/problems.h"
 #include "records/wording.h"
 
+#include <algorithm>
 #include <array>
+#include <span>
 
 namespace tarvold::records {
 
@@ -25,6 +27,24 @@ std::optional<int> earlier(Prints &prints, const Print &print, int number)
     return std::nullopt;
 }
 
+/// The texts of lines, each ended by CR LF.
+QByteArray joined(std::span<const Line> lines)
+{
+    QByteArray bytes;
+    for (const Line &line : lines) {
+        bytes.append(line.text).append(kLineEnd);
+    }
+    return bytes;
+}
+
+/// The record without regard to what its lines end with.
+QByteArray textOf(const Record &record)
+{
+    const bool isPlain = std::all_of(record.lines().begin(), record.lines().end(),
+                                     [](const Line &line) { return line.end == LineEnd::CrLf; });
+    return isPlain ? record.bytes() : joined(record.lines());
+}
+
 /// The lines of a stipulation's match type and name, which are its key; nothing if one is missing.
 std::optional<std::array<Line, 2>> keyOf(const Record &record)
 {
@@ -43,14 +63,10 @@ std::optional<std::array<Line, 2>> keyOf(const Record &record)
 
 } // namespace
 
-Comparison::Print Comparison::printOf(std::span<const Line> lines)
+Comparison::Print Comparison::printOf(QByteArrayView text)
 {
-    Print print = {0x7461, 0x7276}; // two seeds: one print alone could be the same by chance
-    for (const Line &line : lines) {
-        print.first = qHash(line.text, print.first + std::size_t(line.text.size()));
-        print.second = qHash(line.text, ~print.second);
-    }
-    return print;
+    // Two seeds: one print alone could be the same by chance.
+    return {qHash(text, 0x7461), qHash(text, 0x7276)};
 }
 
 std::vector<Problem> Comparison::add(const Record &record, std::optional<int> number)
@@ -59,8 +75,9 @@ std::vector<Problem> Comparison::add(const Record &record, std::optional<int> nu
     const int own = number.value_or(m_count);
     const QString word = recordOf(m_catalog.kind());
     const std::optional<std::array<Line, 2>> key = keyOf(record);
-    const std::optional<int> sameKey = key ? earlier(m_keys, printOf(*key), own) : std::nullopt;
-    if (const std::optional<int> same = earlier(m_records, printOf(record.lines()), own)) {
+    const std::optional<int> sameKey =
+        key ? earlier(m_keys, printOf(joined(*key)), own) : std::nullopt;
+    if (const std::optional<int> same = earlier(m_records, printOf(textOf(record)), own)) {
         return {{.type = Problem::Type::SameRecord,
                  .text = u"%1 %2 is the same as %3 %4."_s.arg(atStart(word), QString::number(own),
                                                               word, QString::number(*same))}};

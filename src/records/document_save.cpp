@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <ranges>
 
 namespace tarvold::records {
 namespace {
@@ -147,10 +148,10 @@ std::vector<std::pair<int, int>> Document::deletedRuns() const
 /// Shows records no longer. Their entries stay for undo.
 void Document::hide(const std::vector<std::pair<int, int>> &runs)
 {
-    for (auto run = runs.rbegin(); run != runs.rend(); ++run) {
-        emit aboutToRemove(run->first, run->second);
-        m_entries.hideShown(run->first, run->second);
-        emit removed(run->first, run->second);
+    for (const auto &[first, last] : runs | std::views::reverse) {
+        emit aboutToRemove(first, last);
+        m_entries.hideShown(first, last);
+        emit removed(first, last);
     }
 }
 

@@ -2,6 +2,8 @@
 
 #include "datafiles/record.h"
 
+#include <utility>
+
 namespace tarvold::records::edits {
 namespace {
 
@@ -24,8 +26,17 @@ Pieces piecesOf(const Record &record)
     return pieces;
 }
 
-QByteArray bytesOf(const Pieces &pieces)
+/// The bytes of all lines. A CR alone would become part of the end of an empty line behind it, if
+/// an edit brought the two together; CR LF keeps them apart.
+QByteArray bytesOf(Pieces pieces)
 {
+    for (auto place = pieces.size(); place-- > 1;) {
+        const Piece &piece = pieces.at(place);
+        const bool joins = piece.text.isEmpty() && (piece.end == "\n" || piece.end == kLineEnd);
+        if (joins && pieces.at(place - 1).end == "\r") {
+            pieces.at(place - 1).end = kLineEnd;
+        }
+    }
     QByteArray bytes;
     for (const Piece &piece : pieces) {
         bytes.append(piece.text).append(piece.end);
@@ -48,7 +59,7 @@ QByteArray withText(const Record &record, int line, QByteArrayView text)
 {
     Pieces pieces = piecesOf(record);
     pieces.at(std::size_t(line)).text = text;
-    return bytesOf(pieces);
+    return bytesOf(std::move(pieces));
 }
 
 QByteArray withInserted(const Record &record, int line, const std::vector<QByteArray> &texts)
@@ -62,29 +73,35 @@ QByteArray withInserted(const Record &record, int line, const std::vector<QByteA
         inserted.push_back({text, kLineEnd});
     }
     pieces.insert(pieces.begin() + line, inserted.begin(), inserted.end());
-    return bytesOf(pieces);
+    return bytesOf(std::move(pieces));
 }
 
 QByteArray withoutLines(const Record &record, int first, int last)
 {
     Pieces pieces = piecesOf(record);
     pieces.erase(pieces.begin() + first, pieces.begin() + last + 1);
-    return bytesOf(pieces);
+    return bytesOf(std::move(pieces));
 }
 
-QByteArray withJoined(const Record &record, int first, int last)
+QByteArray joinedText(const Record &record, int first, int last)
 {
-    Pieces pieces = piecesOf(record);
     QByteArray joined;
     for (int each = first; each <= last; ++each) {
-        const QByteArrayView text = pieces.at(std::size_t(each)).text;
+        const QByteArrayView text = record.lines().at(std::size_t(each)).text;
         const bool needsBlank =
             !joined.isEmpty() && !text.isEmpty() && !joined.endsWith(' ') && !text.startsWith(' ');
         joined.append(needsBlank ? " " : "").append(text);
     }
+    return joined;
+}
+
+QByteArray withJoined(const Record &record, int first, int last)
+{
+    const QByteArray joined = joinedText(record, first, last);
+    Pieces pieces = piecesOf(record);
     pieces.at(std::size_t(last)).text = joined;
     pieces.erase(pieces.begin() + first, pieces.begin() + last);
-    return bytesOf(pieces);
+    return bytesOf(std::move(pieces));
 }
 
 QByteArray withCrLf(const Record &record, const std::vector<int> &lines)
@@ -93,7 +110,7 @@ QByteArray withCrLf(const Record &record, const std::vector<int> &lines)
     for (const int line : lines) {
         pieces.at(std::size_t(line)).end = kLineEnd;
     }
-    return bytesOf(pieces);
+    return bytesOf(std::move(pieces));
 }
 
 } // namespace tarvold::records::edits

@@ -20,8 +20,10 @@ QByteArray withInserted(const Record &record, int line, const std::vector<QByteA
 
 QByteArray withoutLines(const Record &record, int first, int last);
 
-/// Makes one line of several, with the end of the last. A blank goes between two texts that do not
-/// have one there.
+/// The text of several lines in one. A blank goes between two that do not have one there.
+QByteArray joinedText(const Record &record, int first, int last);
+
+/// Makes one line of several, with the end of the last.
 QByteArray withJoined(const Record &record, int first, int last);
 
 /// Ends lines with CR LF.

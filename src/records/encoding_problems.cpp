@@ -61,32 +61,63 @@ qsizetype firstDifference(const QString &one, const QString &other)
     return std::mismatch(one.begin(), one.end(), other.begin(), other.end()).first - one.begin();
 }
 
-} // namespace
-
-bool checkEncoding(const Examined &examined, int field, Problems &problems)
+bool isAscii(const QByteArray &bytes)
 {
-    const int place = examined.lineOf(field);
-    const QByteArrayView line = examined.line(place).text;
+    unsigned char all = 0;
+    for (const char byte : bytes) { // without a way out, so that it is done in large steps
+        all |= static_cast<unsigned char>(byte);
+    }
+    return (all & 0x80U) == 0;
+}
+
+/// A line, and the field that it holds; -1: none.
+struct Place
+{
+    int line;
+    int field;
+};
+
+void checkLine(const Examined &examined, const Place &place, Problems &problems)
+{
+    const QByteArrayView line = examined.line(place.line).text;
     const std::optional<Reading> reading = readingOf(line);
     if (!reading || reading->encoded.bytes == line) {
-        return false;
+        return;
     }
+    const QString name = place.field < 0 ? atStart(linesOf(place.line, place.line))
+                                         : captionOf(examined.known(place.field));
     const QString shown = codepage::decode(line);
     const qsizetype difference = firstDifference(shown, reading->text);
-    Problem problem = {.type = Problem::Type::Utf8,
-                       .field = field,
-                       .line = place,
-                       .text = u"%1 was saved as UTF-8: the game reads %2 instead of %3."_s.arg(
-                           captionOf(examined.known(field)), quotedAround(shown, difference),
-                           quotedAround(reading->text, difference))};
+    Problem problem = {
+        .type = Problem::Type::Utf8,
+        .field = place.field,
+        .line = place.line,
+        .text = u"%1 was saved as UTF-8: the game reads %2 where %3 was meant."_s.arg(
+            name, quotedAround(shown, difference), quotedAround(reading->text, difference))};
     if (const std::optional<char32_t> missing = reading->encoded.missing) {
-        problem.text += u" It has no character %1."_s.arg(QChar::fromUcs4(*missing));
+        problem.text += u" The game has no character %1."_s.arg(QChar::fromUcs4(*missing));
     } else {
         problem.repair = u"Put %1 there"_s.arg(quotedAround(reading->text, difference));
-        problem.repaired = edits::withText(examined.record, place, reading->encoded.bytes);
+        problem.repaired = edits::withText(examined.record, place.line, reading->encoded.bytes);
     }
     problems.push_back(problem);
-    return !reading->encoded.missing;
+}
+
+} // namespace
+
+void checkEncoding(const Examined &examined, Problems &problems)
+{
+    if (isAscii(examined.record.bytes())) {
+        return;
+    }
+    for (int field = 0; field < examined.record.catalog().fieldCount(); ++field) {
+        if (const int line = examined.lineOf(field); line >= 0) {
+            checkLine(examined, {line, field}, problems);
+        }
+    }
+    for (const int line : examined.record.layout().surplus) {
+        checkLine(examined, {line, -1}, problems);
+    }
 }
 
 } // namespace tarvold::records::checks

@@ -30,7 +30,8 @@ bool isEnded(QByteArrayView bytes)
 
 QByteArray ended(const QByteArray &bytes)
 {
-    return bytes.isEmpty() || isEnded(bytes) ? bytes : QByteArray(bytes + "\r\n");
+    QByteArray whole = bytes;
+    return bytes.isEmpty() || isEnded(bytes) ? bytes : whole.append("\r\n");
 }
 
 int Entries::shownBefore(int row) const

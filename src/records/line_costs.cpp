@@ -17,23 +17,19 @@ public:
         return vocabulary;
     }
 
-    /// The sort of a word; `Name` if it is none.
+    /// The sort of a word; `Name` if it is none. \param text not empty
     Sort find(QByteArrayView text) const
     {
-        for (std::size_t place = hash(text);; place = (place + 1) % kPlaces) {
-            const std::uint8_t index = m_places[place];
-            if (index == 0) {
-                return Sort::Name;
-            }
-            if (QByteArrayView(m_words[index - 1U]) == text) {
-                return sortAt(index - 1U);
+        const std::uint64_t key = keyOf(text);
+        for (std::size_t place = placeOf(key, text);; place = (place + 1) % kPlaces) {
+            const Place &found = m_places[place];
+            if (found.size == 0 ||
+                (found.key == key && found.size == text.size() &&
+                 std::memcmp(found.word, text.data(), std::size_t(text.size())) == 0)) {
+                return found.sort;
             }
         }
     }
-
-    const std::vector<QByteArray> &words() const { return m_words; }
-
-    static Sort sortAt(std::size_t index) { return Sort(std::size_t(Sort::FirstWord) + index); }
 
     qsizetype longest() const { return m_longest; }
 
@@ -55,32 +51,62 @@ private:
         add("None");
     }
 
+    struct Place
+    {
+        const char *word = nullptr;
+        qsizetype size = 0; ///< 0: no word
+        std::uint64_t key = 0;
+        Sort sort = Sort::Name;
+    };
+
     void add(const QByteArray &word)
     {
         const bool isNumber = word.front() >= '0' && word.front() <= '9' && word.size() <= 3;
         if (isNumber || word == kBlankLine || find(word) != Sort::Name) {
             return;
         }
+        const std::size_t sort = std::size_t(Sort::FirstWord) + m_words.size();
+        Q_ASSERT(sort < 256);
         m_words.push_back(word);
         m_longest = std::max(m_longest, word.size());
-        Q_ASSERT(m_words.size() + std::size_t(Sort::FirstWord) < 256);
-        std::size_t place = hash(word);
-        while (m_places[place] != 0) {
+        std::size_t place = placeOf(keyOf(word), word);
+        while (m_places[place].size != 0) {
             place = (place + 1) % kPlaces;
         }
-        m_places[place] = std::uint8_t(m_words.size());
+        m_places[place] = {m_words.back().constData(), word.size(), keyOf(word), Sort(sort)};
     }
 
-    static std::size_t hash(QByteArrayView text)
+    template <class Number>
+    static std::uint64_t load(const char *from)
     {
-        std::uint64_t bytes = 0;
-        std::memcpy(&bytes, text.data(), std::size_t(std::min<qsizetype>(text.size(), 8)));
+        Number number = 0;
+        std::memcpy(&number, from, sizeof number);
+        return number;
+    }
+
+    /// Eight bytes of a text, or all if it has fewer.
+    static std::uint64_t keyOf(QByteArrayView text)
+    {
+        const char *const start = text.data();
+        const auto size = std::size_t(text.size());
+        if (size >= 8) {
+            return load<std::uint64_t>(start);
+        }
+        if (size >= 4) {
+            return load<std::uint32_t>(start) | load<std::uint32_t>(start + size - 4) << 32;
+        }
+        return load<std::uint8_t>(start) | load<std::uint8_t>(start + (size / 2)) << 8 |
+               load<std::uint8_t>(start + size - 1) << 16;
+    }
+
+    static std::size_t placeOf(std::uint64_t key, QByteArrayView text)
+    {
         const auto last = std::uint8_t(text.back());
-        return ((bytes + last * 31U + std::uint64_t(text.size())) * 0x9E3779B97F4A7C15ULL) >> 54;
+        return ((key + last * 31U + std::uint64_t(text.size())) * 0x9E3779B97F4A7C15ULL) >> 54;
     }
 
     std::vector<QByteArray> m_words;
-    std::array<std::uint8_t, kPlaces> m_places{};
+    std::array<Place, kPlaces> m_places{};
     qsizetype m_longest = 0;
 };
 
@@ -133,8 +159,8 @@ constexpr std::array<std::array<double, 8>, 8> kOddness = {{
     // Empty Blank Number Other Name Sentence Tagged word
     {   6,    14,   7,     5,    2,   0,       0,     5}, // FirstCommentary
     {   4,     0,   7,     5,    2,   0,       0,     5}, // Commentary
-    {   6,    30,   6,     5,    0,   4,      12,     6}, // Text
-    {   6,    30,   7,     5,    1,   5,      12,     6}, // AppliedText
+    {   6,    30,   6,     5,    0,   6,      12,     6}, // Text
+    {   6,    30,   7,     5,    1,   7,      12,     6}, // AppliedText
     {   8,    30,   8,     8,    6,  11,      16,     9}, // OpenList
     {   9,    30,   9,     9,    8,  12,      16,     9}, // List
     {   9,    30,  10,    10,   10,  12,      16,    10}, // Coded
@@ -170,7 +196,8 @@ Sort sortOf(QByteArrayView text)
     if (std::memchr(text.data(), '<', std::size_t(text.size())) != nullptr) {
         return Sort::Tagged;
     }
-    const bool isEnded = std::strchr(".!?\"", text.back()) != nullptr && text.back() != '\0';
+    const char last = text.back();
+    const bool isEnded = last == '.' || last == '!' || last == '?' || last == '"';
     return isEnded || text.size() > kLongName ? Sort::Sentence : Sort::Name;
 }
 

@@ -47,18 +47,7 @@ ProblemList::ProblemList(QWidget *parent)
     , m_offer(new QLabel(this))
     , m_repair(new PushButton(u"Repair"_s, this))
 {
-    m_list->setObjectName(u"problems"_s);
-    m_list->setModel(&m_texts);
-    m_list->setItemDelegate(new WrappedRows(*m_list));
-    m_list->setWordWrap(true);
-    m_list->setTextElideMode(Qt::ElideNone);
-    m_list->setUniformItemSizes(false);
-    m_list->setResizeMode(QListView::Adjust);
-    m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    m_list->installEventFilter(this);
-    m_list->viewport()->installEventFilter(this);
-    controls::describe(*m_list, u"Problems"_s, u"Enter goes to the field."_s);
+    addList();
     m_heading->setObjectName(u"problemheading"_s);
     m_offer->setObjectName(u"repairoffer"_s);
     m_offer->setWordWrap(true);
@@ -76,17 +65,33 @@ ProblemList::ProblemList(QWidget *parent)
     column->addWidget(m_heading);
     column->addWidget(m_list);
     column->addLayout(row);
-    connect(m_list, &QListView::clicked, this, &ProblemList::choose);
-    connect(m_list->selectionModel(), &QItemSelectionModel::currentChanged, this,
-            &ProblemList::followSelection);
-    connect(m_list->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-            &ProblemList::followSelection);
     connect(m_repair, &QPushButton::clicked, this, [this] {
         if (const Problem *problem = selected(); problem != nullptr) {
             emit repairRequested(Problem(*problem)); // a repair changes the list
         }
     });
     hide();
+}
+
+void ProblemList::addList()
+{
+    m_list->setObjectName(u"problems"_s);
+    m_list->setModel(&m_texts);
+    m_list->setItemDelegate(new WrappedRows(*m_list));
+    m_list->setWordWrap(true);
+    m_list->setTextElideMode(Qt::ElideNone);
+    m_list->setUniformItemSizes(false);
+    m_list->setResizeMode(QListView::Adjust);
+    m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_list->installEventFilter(this);
+    m_list->viewport()->installEventFilter(this);
+    controls::describe(*m_list, u"Problems"_s, u"Enter goes to the field."_s);
+    connect(m_list, &QListView::clicked, this, &ProblemList::choose);
+    connect(m_list->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            &ProblemList::followSelection);
+    connect(m_list->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &ProblemList::followSelection);
 }
 
 void ProblemList::setProblems(std::vector<Problem> problems)

@@ -41,6 +41,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    void addList();
     const Problem *selected() const;
     void choose();
     void followSelection();

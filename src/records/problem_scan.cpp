@@ -19,7 +19,13 @@ ProblemScan::ProblemScan(const Document &document, QObject *parent)
     , m_document(document)
 {
     m_timer.setInterval(0);
+    m_soon.setInterval(0);
+    m_soon.setSingleShot(true);
     connect(&m_timer, &QTimer::timeout, this, &ProblemScan::work);
+    connect(&m_soon, &QTimer::timeout, this, [this] {
+        m_busy.invalidate();
+        tell();
+    });
     connect(&document, &Document::reset, this, &ProblemScan::restart);
     connect(&document, &Document::changed, this, &ProblemScan::recheck);
     connect(&document, &Document::inserted, this, &ProblemScan::insert);
@@ -143,9 +149,7 @@ void ProblemScan::checkAtOnce(int first, int last)
 {
     if (!m_busy.isValid()) {
         m_busy.start();
-        // The next event ends it.
-        QMetaObject::invokeMethod(
-            this, [this] { m_busy.invalidate(); }, Qt::QueuedConnection);
+        m_soon.start(); // ends it
     }
     for (int index = first; index <= last; ++index) {
         const Entry &entry = m_document.entry(index);
@@ -181,7 +185,7 @@ void ProblemScan::insert(int first, int last)
     m_lastFound += m_firstFound >= 0 ? count : 0;
     checkAtOnce(first, last);
     compareAnew();
-    tellSoon();
+    m_soon.start(); // others may not have heard yet that records came or went
 }
 
 void ProblemScan::forget(int first, int last)
@@ -198,7 +202,7 @@ void ProblemScan::remove(int first, int last)
     m_last = m_last > last ? m_last - count : m_last >= first ? -1 : m_last;
     checkLast();
     compareAnew();
-    tellSoon();
+    m_soon.start(); // others may not have heard yet that records came or went
 }
 
 void ProblemScan::setOwn(int index, int count)
@@ -219,7 +223,7 @@ void ProblemScan::setOwn(int index, int count)
     note(index);
 }
 
-void ProblemScan::setCompared(int index, std::vector<Problem> problems)
+void ProblemScan::setCompared(int index, const std::vector<Problem> &problems)
 {
     const int id = m_document.entry(index).id;
     if (problems.empty() && !m_compared.contains(id)) {
@@ -229,7 +233,7 @@ void ProblemScan::setCompared(int index, std::vector<Problem> problems)
     if (problems.empty()) {
         m_compared.remove(id);
     } else {
-        m_compared.insert(id, std::move(problems));
+        m_compared.insert(id, problems);
     }
     m_total += countOf(id) > 0 ? 1 : 0;
     note(index);
@@ -248,12 +252,6 @@ void ProblemScan::tell()
     if (first >= 0 && first <= last) {
         emit found(first, last);
     }
-}
-
-/// Others may not have heard yet that records came or went.
-void ProblemScan::tellSoon()
-{
-    QMetaObject::invokeMethod(this, &ProblemScan::tell, Qt::QueuedConnection);
 }
 
 } // namespace tarvold::records

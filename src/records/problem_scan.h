@@ -67,13 +67,13 @@ private:
     int countOf(int id) const;
     int ownOf(int id) const;
     void setOwn(int index, int count);
-    void setCompared(int index, std::vector<Problem> problems);
+    void setCompared(int index, const std::vector<Problem> &problems);
     void note(int index);
     void tell();
-    void tellSoon();
 
     const Document &m_document;
     QTimer m_timer;
+    QTimer m_soon; ///< runs until what is noted is told
     bool m_isWanted = true;
     std::vector<qint16> m_own; ///< by id: the problems of a record by itself; -1: not checked
     QHash<int, std::vector<Problem>> m_compared; ///< by id: found by comparing; none is empty

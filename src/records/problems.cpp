@@ -14,28 +14,6 @@ namespace {
 
 constexpr int kMostRepairs = 1000; ///< of one record; more has only a file that is no data file
 
-bool hasBytesAboveAscii(const QByteArray &bytes)
-{
-    unsigned char all = 0;
-    for (const char byte : bytes) { // without a way out, so that it is done in large steps
-        all |= static_cast<unsigned char>(byte);
-    }
-    return (all & 0x80U) != 0;
-}
-
-void checkFields(const Examined &examined, Problems &problems)
-{
-    const bool isAscii = !hasBytesAboveAscii(examined.record.bytes());
-    for (int field = 0; field < examined.record.catalog().fieldCount(); ++field) {
-        if (examined.lineOf(field) < 0) {
-            continue;
-        }
-        if (isAscii || !checkEncoding(examined, field, problems)) {
-            checkWord(examined, field, problems);
-        }
-    }
-}
-
 bool isStep(const Problem &problem)
 {
     return problem.type == Problem::Type::MissingLine || problem.type == Problem::Type::SurplusLine;
@@ -67,19 +45,46 @@ void tellOtherKind(const Examined &examined, DataFileKind other, Problems &probl
                                             wording::oneOf(kind))});
 }
 
+bool isSame(const Layout &one, const Layout &other)
+{
+    return one.lineOfField == other.lineOfField && one.surplus == other.surplus;
+}
+
+/// Withholds repairs of a record out of step after which its lines would be taken for other fields:
+/// what belongs into the line is known only when no line is missing or too many.
+void withholdDoubtful(const Record &record, Problems &problems)
+{
+    if (record.layout().isWhole()) {
+        return;
+    }
+    for (Problem &problem : problems) {
+        if (isStep(problem) || problem.repair.isEmpty()) {
+            continue;
+        }
+        const Record repaired(problem.repaired, record.catalog());
+        if (!isSame(repaired.layout(), record.layout())) {
+            problem.repair.clear();
+            problem.repaired.clear();
+        }
+    }
+}
+
 } // namespace
 
 std::vector<Problem> problemsOf(const Record &record, int number, bool isLast)
 {
-    const Examined examined = {record, Rules::of(record.catalog()), number, isLast};
+    const Examined examined = {record, Rules::of(record.catalog()), number, isLast,
+                               Step::of(record)};
     Problems problems;
     checkStep(examined, problems);
-    checkFields(examined, problems);
+    checkEncoding(examined, problems);
+    checkWords(examined, problems);
     checkTags(examined, problems);
     const std::optional<DataFileKind> other = otherKindOf(examined, problems);
     if (other) {
         tellOtherKind(examined, *other, problems);
     }
+    withholdDoubtful(record, problems);
     checkLineEnds(examined, !other, problems);
     std::stable_sort(
         problems.begin(), problems.end(),

@@ -6,7 +6,6 @@
 #include <QString>
 
 #include <optional>
-#include <span>
 #include <utility>
 #include <vector>
 
@@ -69,7 +68,7 @@ private:
     /// Stands for a text; two texts that differ have the same one practically never.
     using Print = std::pair<std::size_t, std::size_t>;
 
-    static Print printOf(std::span<const Line> lines);
+    static Print printOf(QByteArrayView text);
 
     const Catalog &m_catalog;
     int m_count = 0;

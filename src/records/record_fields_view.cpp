@@ -26,6 +26,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qsizetype kMostShown = 2000; ///< of a text that cannot be edited
+constexpr qsizetype kMostSurplus = 20; ///< lines at one place
 
 } // namespace
 
@@ -117,23 +118,29 @@ RecordFieldsView::Row RecordFieldsView::newRow(QGridLayout &grid, const Catalog 
     const KnownField &known = catalog.fields().at(std::size_t(field));
     row.number = newLabel(grid, top + 1, 0, 1, u"number"_s + number);
     row.number->setWordWrap(false);
+    row.number->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     row.number->setText(number);
     row.caption = newLabel(grid, top + 1, 1, 1, u"caption"_s + number);
     row.caption->setText(known.caption);
-    for (QLabel *label : {row.number, row.caption}) {
+    for (QLabel *label : {row.number, row.caption}) { // beside the first line of a high editor
         label->setMinimumHeight(kControlHeight);
         grid.setAlignment(label, Qt::AlignTop);
     }
-    row.number->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    row.editor = new FieldEditor(known, grid.parentWidget());
-    QWidget &control = row.editor->control();
-    control.setObjectName(u"field"_s + number);
-    controls::describe(control, known.caption, u"Line %1"_s.arg(number));
-    grid.addWidget(&control, top + 1, 2);
+    row.editor = newEditor(grid, known, field);
+    grid.addWidget(&row.editor->control(), top + 1, 2);
     row.note = newLabel(grid, top + 2, 2, 1, u"note"_s + number);
     row.note->hide();
-    connect(row.editor, &FieldEditor::finished, this, [this, field] { commitField(field); });
     return row;
+}
+
+FieldEditor *RecordFieldsView::newEditor(QGridLayout &grid, const KnownField &known, int field)
+{
+    auto *editor = new FieldEditor(known, grid.parentWidget());
+    const QString number = QString::number(field + 1);
+    editor->control().setObjectName(u"field"_s + number);
+    controls::describe(editor->control(), known.caption, u"Line "_s + number);
+    connect(editor, &FieldEditor::finished, this, [this, field] { commitField(field); });
+    return editor;
 }
 
 void RecordFieldsView::showRecord(const Record &record)
@@ -165,22 +172,29 @@ void RecordFieldsView::fill(const Record &record)
 
 void RecordFieldsView::showSurplus(const Record &record)
 {
-    const std::vector<int> &lineOfField = record.layout().lineOfField;
+    m_lineOfField = record.layout().lineOfField;
     std::vector<QStringList> told(m_form->rows.size());
-    m_fieldBehind.assign(record.lines().size(), -1);
     for (const int line : record.layout().surplus) {
-        const auto behind = std::find_if(lineOfField.begin(), lineOfField.end(),
-                                         [line](int other) { return other > line; });
-        const auto row = std::size_t(behind - lineOfField.begin());
-        m_fieldBehind.at(std::size_t(line)) = int(row);
-        const QString text = codepage::decode(record.lines().at(std::size_t(line)).text);
-        told.at(row) << u"Line too many: \"%1\""_s.arg(longtext::quoted(text, kMostShown));
+        QStringList &here = told.at(rowBehind(line));
+        if (here.size() < kMostSurplus) {
+            const QString text = codepage::decode(record.lines().at(std::size_t(line)).text);
+            here << u"Line too many: \"%1\""_s.arg(longtext::quoted(text, kMostShown));
+        } else if (here.size() == kMostSurplus) {
+            here << u"And more."_s;
+        }
     }
     for (std::size_t row = 0; row < told.size(); ++row) {
         QLabel *label = m_form->rows.at(row).surplus;
         label->setText(longtext::breakable(told.at(row).join(u'\n')));
         label->setVisible(!told.at(row).isEmpty());
     }
+}
+
+std::size_t RecordFieldsView::rowBehind(int line) const
+{
+    const auto behind = std::find_if(m_lineOfField.begin(), m_lineOfField.end(),
+                                     [line](int other) { return other > line; });
+    return std::size_t(behind - m_lineOfField.begin());
 }
 
 void RecordFieldsView::setProblems(const std::vector<Problem> &problems)
@@ -307,11 +321,17 @@ void RecordFieldsView::goToField(int field)
 
 void RecordFieldsView::goToLine(int line)
 {
-    if (m_form == nullptr || line < 0 || std::size_t(line) >= m_fieldBehind.size()) {
+    if (m_form == nullptr) {
         return;
     }
-    if (const int row = m_fieldBehind.at(std::size_t(line)); row >= 0) {
-        m_pane->ensureWidgetVisible(m_form->rows.at(std::size_t(row)).surplus);
+    const auto field = std::find(m_lineOfField.begin(), m_lineOfField.end(), line);
+    if (field != m_lineOfField.end()) {
+        goToField(int(field - m_lineOfField.begin()));
+        return;
+    }
+    QLabel *surplus = m_form->rows.at(rowBehind(line)).surplus;
+    if (surplus->isVisible()) {
+        m_pane->ensureWidgetVisible(surplus);
     }
 }
 

@@ -53,7 +53,7 @@ public:
 
     /// Gives the focus to a field's editor.
     void goToField(int field);
-    /// Scrolls to the surplus lines before a line of the record, from 0.
+    /// Goes to the field of a line of the record, from 0, or scrolls to a surplus line.
     void goToLine(int line);
 
 signals:
@@ -87,9 +87,13 @@ private:
     void dropForm();
     std::unique_ptr<Form> newForm(const Catalog &catalog);
     Row newRow(QGridLayout &grid, const Catalog &catalog, int field);
-    QLabel *newLabel(QGridLayout &grid, int row, int column, int columns, const QString &name);
+    FieldEditor *newEditor(QGridLayout &grid, const KnownField &known, int field);
+    static QLabel *newLabel(QGridLayout &grid, int row, int column, int columns,
+                            const QString &name);
     void fill(const Record &record);
     void showSurplus(const Record &record);
+    /// The row before whose field a surplus line stands.
+    std::size_t rowBehind(int line) const;
     static void showNote(const Row &row, const QString &note);
     static void recolour(const Form &form);
     bool commitField(int field);
@@ -97,7 +101,7 @@ private:
 
     ScrollPane *m_pane;
     std::unique_ptr<Form> m_form;   ///< null until the first record is shown
-    std::vector<int> m_fieldBehind; ///< by line: the row whose surplus label tells of it, or -1
+    std::vector<int> m_lineOfField; ///< see Layout
     bool m_isRefusing = false;      ///< a message is shown, or about to be
 };
 

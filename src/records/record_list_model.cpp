@@ -71,8 +71,11 @@ RecordListModel::RecordListModel(const Document &document, const ProblemScan &sc
 {
     m_searchTimer.setInterval(0);
     m_sortTimer.setInterval(0);
+    m_choiceTimer.setInterval(0);
+    m_choiceTimer.setSingleShot(true);
     connect(&m_searchTimer, &QTimer::timeout, this, &RecordListModel::searchOn);
     connect(&m_sortTimer, &QTimer::timeout, this, &RecordListModel::sortOn);
+    connect(&m_choiceTimer, &QTimer::timeout, this, &RecordListModel::reconsider);
     connect(&document, &Document::reset, this, &RecordListModel::noteReset);
     connect(&document, &Document::changed, this, &RecordListModel::noteChange);
     connect(&document, &Document::inserted, this, &RecordListModel::noteInsertion);

@@ -79,7 +79,7 @@ private:
     void tellOfData(int first, int last);
 
     // Which rows are shown.
-    bool isWanted(int index) const;
+    bool isWanted(int index);
     bool isAhead(int index) const;
     void search(const SearchText &text, bool isNarrower);
     bool stopSearch();
@@ -88,6 +88,7 @@ private:
     std::vector<int> searchSlice();
     void append(const std::vector<int> &found);
     void update(int first, int last);
+    void reconsider();
     void insertRow(int index);
     void removeRow(int row);
     void showRows(std::vector<int> rows);
@@ -130,8 +131,11 @@ private:
     std::optional<RecordSort> m_sort; ///< that runs
     QTimer m_sortTimer;
 
-    int m_chosen = -1; ///< stays in the list although it is no longer wanted
-    int m_kept = -1;   ///< the same in a search that had to start again
+    int m_chosen = -1; ///< the id of a record; -1: none
+    int m_kept = -1;   ///< the same once it was shown: it stays although it is no longer wanted
+    std::vector<int> m_formerlyChosen; ///< ids
+    QTimer m_choiceTimer;
+
     mutable int m_textsOf = -1; ///< the record whose texts were made last
     mutable QStringList m_texts;
 };

@@ -161,7 +161,6 @@ void RecordListModel::noteInsertion(int first, int last)
     const auto shift = [=](int &index) { index += index >= first ? count : 0; };
     std::for_each(m_order.begin(), m_order.end(), shift);
     std::for_each(m_rows.begin(), m_rows.end(), shift);
-    shift(m_chosen);
     const auto before = std::find(m_order.begin(), m_order.end(), first - 1);
     std::vector<int> added(static_cast<std::size_t>(count));
     std::iota(added.begin(), added.end(), first);
@@ -189,7 +188,6 @@ void RecordListModel::noteRemoval(int first, int last)
     };
     std::for_each(m_order.begin(), m_order.end(), shift);
     std::for_each(m_rows.begin(), m_rows.end(), shift);
-    shift(m_chosen);
     std::erase(m_order, -1);
     setOrder(std::move(m_order));
     m_textsOf = -1;

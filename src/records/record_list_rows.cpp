@@ -27,10 +27,16 @@ int RecordListModel::rowOf(int index) const
     return index >= 0 && index < int(m_rowOf.size()) ? m_rowOf[std::size_t(index)] : -1;
 }
 
-bool RecordListModel::isWanted(int index) const
+bool RecordListModel::isWanted(int index)
 {
-    return (!m_isOnlyProblems || m_scan.countAt(index) > 0) &&
-           m_search.isIn(m_document.entry(index).bytes);
+    const Entry &entry = m_document.entry(index);
+    if (entry.id == m_kept) {
+        return true;
+    }
+    const bool isFound =
+        (!m_isOnlyProblems || m_scan.countAt(index) > 0) && m_search.isIn(entry.bytes);
+    m_kept = isFound && entry.id == m_chosen ? m_chosen : m_kept;
+    return isFound;
 }
 
 void RecordListModel::setSearch(const QString &text)
@@ -64,7 +70,6 @@ bool RecordListModel::stopSearch()
 /// Searches again for the same, as something changed meanwhile.
 void RecordListModel::searchAnew()
 {
-    m_kept = rowOf(m_chosen) >= 0 ? m_chosen : -1;
     search(m_search, false);
 }
 
@@ -107,7 +112,7 @@ std::vector<int> RecordListModel::searchSlice()
         const std::size_t end = std::min(m_next + kBetweenLooks, m_candidates.size());
         for (; m_next < end; ++m_next) {
             const int index = m_candidates[m_next];
-            if (isWanted(index) || index == m_kept) {
+            if (isWanted(index)) {
                 found.push_back(index);
             }
         }
@@ -142,7 +147,7 @@ void RecordListModel::update(int first, int last)
     std::vector<int> lost;
     for (int index = first; index <= last; ++index) {
         const bool isShown = rowOf(index) >= 0;
-        if (!isAhead(index) && isShown != isWanted(index) && !(isShown && index == m_chosen)) {
+        if (!isAhead(index) && isShown != isWanted(index)) {
             (isShown ? lost : found).push_back(index);
         }
     }
@@ -215,25 +220,28 @@ void RecordListModel::renumberRows()
 
 void RecordListModel::setChosen(int index)
 {
-    const int before = std::exchange(m_chosen, index);
-    m_kept = -1;
+    const int before = std::exchange(m_chosen, index < 0 ? -1 : m_document.entry(index).id);
+    m_kept = m_chosen;
     if (index >= 0 && rowOf(index) < 0) {
-        if (isAhead(index)) {
-            m_kept = index;
+        if (stopSearch()) {
+            searchAnew();
         } else {
             insertRow(index);
         }
     }
-    if (before >= 0 && before < m_document.count() && before != index && isFiltered()) {
-        // Not at once, as the view is still busy with its choice.
-        QMetaObject::invokeMethod(
-            this,
-            [this, id = m_document.entry(before).id] {
-                if (const std::optional<int> record = m_document.indexOf(id)) {
-                    update(*record, *record);
-                }
-            },
-            Qt::QueuedConnection);
+    if (before >= 0 && before != m_chosen && isFiltered()) {
+        m_formerlyChosen.push_back(before);
+        m_choiceTimer.start(); // not at once, as the view is still busy with its choice
+    }
+}
+
+/// Hides records that were shown only because they were chosen.
+void RecordListModel::reconsider()
+{
+    for (const int id : std::exchange(m_formerlyChosen, {})) {
+        if (const std::optional<int> index = m_document.indexOf(id)) {
+            update(*index, *index);
+        }
     }
 }
 

@@ -12,7 +12,7 @@ bool RecordSort::work(qint64 milliseconds)
     QElapsedTimer timer;
     timer.start();
     while (int(m_keys.size()) < m_count && timer.elapsed() < milliseconds) {
-        const QString text = m_textOf(int(m_keys.size()));
+        const QString text = m_textOf(int(m_keys.size())).toCaseFolded();
         const auto known = m_numbers.constFind(text);
         m_keys.push_back(known != m_numbers.cend() ? *known : int(m_numbers.size()));
         if (known == m_numbers.cend()) {
@@ -30,16 +30,12 @@ std::vector<int> RecordSort::ranks() const
     }
     std::vector<int> sorted(texts.size());
     std::iota(sorted.begin(), sorted.end(), 0);
-    const auto compare = [&](int one, int other) {
-        return texts[std::size_t(one)]->compare(*texts[std::size_t(other)], Qt::CaseInsensitive);
-    };
-    std::sort(sorted.begin(), sorted.end(),
-              [&](int one, int other) { return compare(one, other) < 0; });
+    std::sort(sorted.begin(), sorted.end(), [&](int one, int other) {
+        return *texts[std::size_t(one)] < *texts[std::size_t(other)];
+    });
     std::vector<int> ranks(texts.size());
-    for (std::size_t place = 1; place < sorted.size(); ++place) {
-        const bool isEqual = compare(sorted[place - 1], sorted[place]) == 0;
-        ranks[std::size_t(sorted[place])] =
-            ranks[std::size_t(sorted[place - 1])] + (isEqual ? 0 : 1);
+    for (std::size_t rank = 0; rank < sorted.size(); ++rank) {
+        ranks[std::size_t(sorted[rank])] = int(rank);
     }
     return ranks;
 }

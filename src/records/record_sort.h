@@ -15,7 +15,8 @@ class RecordSort
 public:
     /// \param textOf a record
     RecordSort(int count, std::function<QString(int)> textOf)
-        : m_count(count), m_textOf(std::move(textOf))
+        : m_count(count)
+        , m_textOf(std::move(textOf))
     {
     }
 
@@ -31,7 +32,7 @@ private:
 
     int m_count;
     std::function<QString(int)> m_textOf;
-    QHash<QString, int> m_numbers; ///< of the texts, as they came
+    QHash<QString, int> m_numbers; ///< of the texts without letter case, as they came
     std::vector<int> m_keys;       ///< the number of each record's text
 };
 

@@ -3,6 +3,7 @@
 #include "controls/bounded_column.h"
 #include "controls/contrast.h"
 #include "controls/controls.h"
+#include "controls/long_text.h"
 #include "controls/scroll_pane.h"
 #include "controls/sizes.h"
 #include "controls/text_box.h"
@@ -35,6 +36,20 @@ QTextCharFormat formatOf(ShownPart::Type type, const QPalette &palette)
         format.setFontWeight(QFont::Bold);
     }
     return format;
+}
+
+/// Of a line that nobody has typed, such as of another kind of file, only the beginning.
+void insertLine(QTextCursor &cursor, const ShownLine &line, const QPalette &palette)
+{
+    constexpr std::size_t kMostParts = 500;
+    constexpr qsizetype kMostOfPart = 10'000;
+    for (std::size_t part = 0; part < std::min(line.size(), kMostParts); ++part) {
+        cursor.insertText(longtext::quoted(line.at(part).text, kMostOfPart),
+                          formatOf(line.at(part).type, palette));
+    }
+    if (line.size() > kMostParts) {
+        cursor.insertText(u" [...]"_s, formatOf(ShownPart::Type::Written, palette));
+    }
 }
 
 bool has(const std::vector<ShownLine> &lines, ShownPart::Type type)
@@ -76,6 +91,18 @@ ShownView::ShownView(QWidget *parent)
     m_text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     m_text->setTabChangesFocus(true);
     controls::describe(*m_text, u"The record as shown"_s);
+    addCast();
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins({});
+    column->addWidget(m_text, 1);
+    column->addWidget(m_legend);
+    column->addWidget(m_castHeading);
+    column->addWidget(m_castPane);
+    clear();
+}
+
+void ShownView::addCast()
+{
     m_castHeading->setText(u"Names that the record leaves open (an example, for this run only):"_s);
     m_castPane->setObjectName(u"cast"_s);
     m_castPane->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Maximum);
@@ -85,13 +112,6 @@ ShownView::ShownView(QWidget *parent)
     m_castGrid->setVerticalSpacing(kRowGap);
     m_castGrid->setColumnStretch(0, 2);
     m_castGrid->setColumnStretch(1, 3);
-    auto *column = new QVBoxLayout(this);
-    column->setContentsMargins({});
-    column->addWidget(m_text, 1);
-    column->addWidget(m_legend);
-    column->addWidget(m_castHeading);
-    column->addWidget(m_castPane);
-    clear();
 }
 
 void ShownView::showRecord(const Record &record)
@@ -132,9 +152,7 @@ void ShownView::write()
         if (&line != lines.data()) {
             cursor.insertBlock();
         }
-        for (const ShownPart &part : line) {
-            cursor.insertText(part.text, formatOf(part.type, palette()));
-        }
+        insertLine(cursor, line, palette());
     }
     m_text->verticalScrollBar()->setValue(scrolled);
     writeLegend(has(lines, ShownPart::Type::FilledIn), has(lines, ShownPart::Type::UnknownTag));

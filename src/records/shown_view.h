@@ -43,6 +43,7 @@ private:
         QString tag;
     };
 
+    void addCast();
     void newCastRow();
     void fillCast();
     void write();

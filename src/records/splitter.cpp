@@ -10,8 +10,10 @@ namespace {
 constexpr int kRecordsBefore = 2;
 constexpr int kRecordsBehind = 2;
 
-/// How many records' lines are aligned at most.
+/// How many records' lines are aligned at most, and how many of these are left to be aligned with
+/// what follows.
 constexpr int kWindow = 64;
+constexpr int kRecordsOpen = 8;
 
 /// Lines that on average cost more than this are no records of this kind.
 constexpr int kHopeless = 6 * LineCosts::kBit;
@@ -148,7 +150,7 @@ void Splitter::readDamaged()
         }
     } else {
         align(from, limit);
-        starts = firstHalf();
+        starts = startsButLast();
     }
     if (starts.empty() || from + starts.back() <= m_line) {
         countLines();
@@ -170,18 +172,18 @@ void Splitter::align(qsizetype from, qsizetype to)
     }
 }
 
-/// Where records start in the first half of what has been aligned: what follows the second half may
-/// change how that is read. Nothing if these are hardly records.
-std::vector<int> Splitter::firstHalf() const
+/// Where records start in what has been aligned, but for its end, which what follows may change.
+/// Nothing if these are hardly records.
+std::vector<int> Splitter::startsButLast() const
 {
-    if (m_alignment.leastCost() > kHopeless * m_alignment.lines()) {
+    const int lines = m_alignment.lines();
+    if (m_alignment.leastCost() > kHopeless * lines) {
         return {};
     }
     std::vector<int> starts = m_alignment.cheapestPath().starts;
-    const auto behind = std::upper_bound(starts.begin(), starts.end(), m_alignment.lines() / 2);
-    starts.erase(behind, starts.end());
-    const bool areFew = starts.empty() || starts.back() < m_alignment.lines() / 8;
-    return areFew ? std::vector<int>() : starts;
+    const int last = lines - (kRecordsOpen * m_length);
+    starts.erase(std::upper_bound(starts.begin(), starts.end(), last), starts.end());
+    return starts.empty() || starts.back() < lines / 2 ? std::vector<int>() : starts;
 }
 
 /// Reads as many lines as a record has, again and again, until records are in step.

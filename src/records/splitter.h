@@ -9,10 +9,10 @@ namespace tarvold::records {
 ///
 /// Records whose lines all suit their fields are taken as they come. At the first other one the
 /// lines are aligned with records, from two records before it to the next line where records are
-/// in step again. Where that is too far away, only so many lines are aligned and the first half of
-/// the result is taken; and where that makes no sense either, lines are counted until records are
-/// in step again. So the time is linear in the size of the file, and but for the result the memory
-/// is bounded.
+/// in step again. Where that is too far away, only so many lines are aligned, and what comes of the
+/// last of them is left open; and where that makes no sense either, lines are counted until records
+/// are in step again. So the time is linear in the size of the file, and but for the result the
+/// memory is bounded.
 class Splitter
 {
 public:
@@ -43,7 +43,7 @@ private:
     void begin(qsizetype line);
     void readDamaged();
     void align(qsizetype from, qsizetype to);
-    std::vector<int> firstHalf() const;
+    std::vector<int> startsButLast() const;
     void countLines();
 
     QByteArrayView m_file;

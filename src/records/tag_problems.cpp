@@ -73,12 +73,11 @@ std::optional<Meant> meantByUnclosed(const QString &text, const QStringList &kno
 
 std::optional<Meant> meantBy(const tags::Tag &tag, const QStringList &known)
 {
-    if (!tag.isClosed) {
-        return meantByUnclosed(tag.text, known);
-    }
-    const std::optional<QString> nearest = tags::nearest(tag.text, known);
+    const std::optional<QString> nearest =
+        tag.isClosed ? tags::nearest(tag.text, known) : std::nullopt;
+    // A ">" may also stand in the text behind a tag that is not closed.
     return nearest ? std::optional(Meant{.length = tag.text.size(), .tag = *nearest})
-                   : std::nullopt;
+                   : meantByUnclosed(tag.text, known);
 }
 
 /// A line of commentary and where it stands.

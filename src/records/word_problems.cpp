@@ -171,7 +171,7 @@ QString whyNotEmpty(const Examined &examined, int field)
         return u" is empty, so the import leaves this %1 out."_s.arg(record);
     }
     if (field == catalog.firstCommentary()) {
-        return u" is empty. Nothing can be added without it in the editor."_s;
+        return u" is empty. The editor does not add %1 without it."_s.arg(oneOf(catalog.kind()));
     }
     if (word.isEmpty()) {
         return u" is empty. Every %1 needs one."_s.arg(record);
@@ -205,8 +205,6 @@ Problem emptyLine(const Examined &examined, int field)
     return problem;
 }
 
-} // namespace
-
 void checkWord(const Examined &examined, int field, Problems &problems)
 {
     const QByteArrayView line = examined.line(examined.lineOf(field)).text;
@@ -218,6 +216,31 @@ void checkWord(const Examined &examined, int field, Problems &problems)
         problems.push_back(unknownWord(examined, field));
     } else if (examined.known(field).field->coding == Coding::BlankIfEmpty && isNearlyBlank(line)) {
         problems.push_back(nearlyBlank(examined, field));
+    }
+}
+
+/// Fields whose lines will hold something else after a repair.
+std::vector<int> unsureFields(const Problems &problems)
+{
+    std::vector<int> fields;
+    for (const Problem &problem : problems) {
+        if (problem.type == Problem::Type::Utf8 && !problem.repair.isEmpty()) {
+            fields.push_back(problem.field);
+        }
+    }
+    return fields;
+}
+
+} // namespace
+
+void checkWords(const Examined &examined, Problems &problems)
+{
+    const std::vector<int> unsure = unsureFields(problems);
+    for (int field = 0; field < examined.record.catalog().fieldCount(); ++field) {
+        const bool isUnsure = std::find(unsure.begin(), unsure.end(), field) != unsure.end();
+        if (examined.lineOf(field) >= 0 && !isUnsure) {
+            checkWord(examined, field, problems);
+        }
     }
 }
 

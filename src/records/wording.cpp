@@ -85,8 +85,11 @@ QString quotedAround(const QString &text, qsizetype place)
 
 QString linesOf(int first, int last)
 {
-    return first == last ? u"line %1"_s.arg(first + 1)
-                         : u"lines %1 to %2"_s.arg(first + 1).arg(last + 1);
+    if (first == last) {
+        return u"line %1"_s.arg(first + 1);
+    }
+    const QString range = first + 1 == last ? u"lines %1 and %2"_s : u"lines %1 to %2"_s;
+    return range.arg(first + 1).arg(last + 1);
 }
 
 } // namespace tarvold::records::wording

@@ -23,11 +23,19 @@ double percent(int part, int whole)
 /// Prints a row of the table for the documents, if TARVOLD_SHOW_TABLES is set.
 void show(const QByteArray &name, const Tally &tally)
 {
-    if (qEnvironmentVariableIsSet("TARVOLD_SHOW_TABLES")) {
+    if (qEnvironmentVariableIsSet("TARVOLD_SHOW_TABLES") && tally.files > 0) {
         std::printf("| %s | %d | %.1f %% | %.1f %% | %.1f %% | %.1f %% |\n", name.constData(),
                     tally.files, percent(tally.records, tally.files),
                     percent(tally.fields, tally.faults), percent(tally.alike, tally.faults),
                     percent(tally.asGood, tally.faults));
+    }
+}
+
+void showHeadings()
+{
+    if (qEnvironmentVariableIsSet("TARVOLD_SHOW_TABLES")) {
+        std::puts("| Damage | Files | Record named | Exact field named | Repair gives the same "
+                  "record | That, or no field suits better |\n|---|---|---|---|---|---|");
     }
 }
 
@@ -57,23 +65,68 @@ Sweep sweep(DataFileKind kind, Writing writing, bool isDoubled)
     return result;
 }
 
-TEST(Damage, OfOneLineAtEveryFieldIsFound)
+/// How much of the damage to the usual records of a kind must be repaired to the very same record,
+/// in percent. A missing line between others that suit its field is often beyond anybody's
+/// knowledge.
+struct Expected
 {
-    for (const DataFileKindRow &row : kDataFileKinds) {
-        for (const bool isDoubled : {false, true}) {
-            for (const Writing writing : {Writing::Usual, Writing::Default}) {
-                const Sweep found = sweep(row.kind, writing, isDoubled);
-                const QByteArray name = QByteArray(row.content) +
-                                        (writing == Writing::Usual ? "" : ", as started") +
-                                        (isDoubled ? ", doubled" : ", missing");
-                show(name + ", details", found.details);
-                show(name + ", commentary", found.commentary);
-            }
+    DataFileKind kind;
+    double missingDetails;
+    double missingCommentary;
+    double doubled;
+};
+constexpr std::array<Expected, 6> kExpected = {{
+    {DataFileKind::NormalEndings, 80, 40, 98},
+    {DataFileKind::RunInEndings, 78, 40, 98},
+    {DataFileKind::TurnEndings, 72, 40, 96},
+    {DataFileKind::Interviews, 60, 40, 96},
+    {DataFileKind::TalkShows, 60, 35, 97},
+    {DataFileKind::Stipulations, 42, 0, 88},
+}};
+
+/// Checks what every damage must allow: the record is named, and a field that is as good as any.
+void expectFound(const Tally &tally, const QByteArray &name)
+{
+    show(name, tally);
+    EXPECT_GE(percent(tally.records, tally.files), 99.5) << name.constData();
+    EXPECT_GE(percent(tally.asGood, tally.faults), 99.0) << name.constData();
+}
+
+TEST(Damage, ToOneLineOfUsualRecordsIsFoundAtEveryField)
+{
+    showHeadings();
+    for (const Expected &expected : kExpected) {
+        const QByteArray name = rowOf(expected.kind).content;
+        const Sweep missing = sweep(expected.kind, Writing::Usual, false);
+        expectFound(missing.details, name + ", a line of the details missing");
+        expectFound(missing.commentary, name + ", a line of the commentary missing");
+        EXPECT_GE(percent(missing.details.alike, missing.details.faults), expected.missingDetails)
+            << name.constData();
+        EXPECT_GE(percent(missing.commentary.alike, missing.commentary.faults),
+                  expected.missingCommentary)
+            << name.constData();
+        const Sweep doubled = sweep(expected.kind, Writing::Usual, true);
+        expectFound(doubled.details, name + ", a line of the details doubled");
+        expectFound(doubled.commentary, name + ", a line of the commentary doubled");
+        for (const Tally &tally : {doubled.details, doubled.commentary}) {
+            EXPECT_GE(percent(tally.alike, tally.faults), expected.doubled) << name.constData();
         }
     }
 }
 
-TEST(Damage, AtTwoPlacesIsFound)
+TEST(Damage, ToOneLineOfRecordsAsTheScreensStartIsFoundAtEveryField)
+{
+    for (const DataFileKindRow &row : kDataFileKinds) {
+        for (const bool isDoubled : {false, true}) {
+            Sweep found = sweep(row.kind, Writing::Default, isDoubled);
+            expectFound(found.details += found.commentary, QByteArray(row.content) +
+                                                               " as the screens start, any line " +
+                                                               (isDoubled ? "doubled" : "missing"));
+        }
+    }
+}
+
+TEST(Damage, ToTwoRecordsOfAFileIsFound)
 {
     Random random(seed());
     for (const DataFileKindRow &row : kDataFileKinds) {
@@ -89,10 +142,14 @@ TEST(Damage, AtTwoPlacesIsFound)
             tally.add(records, {fault(first), fault(second)}, catalog);
         }
         show(QByteArray(row.content) + ", two faults", tally);
+        // A line too many near the end of one record and one too few near the start of the next
+        // may cancel out.
+        EXPECT_GE(percent(tally.records, tally.files), 95.0) << row.content;
+        EXPECT_GE(percent(tally.asGood, tally.faults), 95.0) << row.content;
     }
 }
 
-TEST(Damage, OfRandomFilesIsFound)
+TEST(Damage, ToOneLineOfRandomFilesIsFound)
 {
     Random random(seed());
     Tally tally;
@@ -104,10 +161,11 @@ TEST(Damage, OfRandomFilesIsFound)
                              below(random, catalog.fieldCount()), below(random, 2) == 0};
         tally.add(records, {fault}, catalog);
     }
-    show("random files, one fault", tally);
+    expectFound(tally, "random files of any kind, one fault");
+    EXPECT_GE(percent(tally.alike, tally.faults), 80.0);
 }
 
-TEST(Damage, IsNeverSeenInUndamagedFiles)
+TEST(Damage, IsNeverSeenInUndamagedFilesWhateverOddContentsTheyHave)
 {
     Random random(seed());
     for (int round = 0; round < 1000; ++round) {

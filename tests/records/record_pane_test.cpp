@@ -489,6 +489,56 @@ TEST_F(PaneTest, TellsAssistiveTechnologyTheNameOfEachControl)
     }
 }
 
+TEST_F(PaneTest, KeepsAnItemThatIsPickedByKeyboard)
+{
+    open(NormalEndings);
+    pane.goToField(kFinisher - 1);
+    settle();
+    testing::pickByKeyboard(combo(kFinisher), u"Submission"_s);
+    EXPECT_EQ(edits, (Edits{{kFinisher, "s"}}));
+}
+
+TEST_F(PaneTest, StopsByTabAtEveryControlInTheOrderOfReading)
+{
+    open(NormalEndings, {{kFirstLine, u"<recfullname> <titlename>"_s}, {2, u"bad"_s}});
+    recordList.hide();
+    const auto stops = [this] {
+        get<ListBox>("problems").setFocus(Qt::TabFocusReason);
+        QStringList found;
+        for (const QWidget *stop : testing::tabStops(window)) {
+            found << stop->objectName();
+        }
+        return found;
+    };
+    QStringList expected = {u"problems"_s, u"viewtabs"_s};
+    for (int number = 1; number <= catalog->fieldCount(); ++number) {
+        expected << u"field%1"_s.arg(number);
+    }
+    EXPECT_EQ(stops(), expected);
+    pane.setView(RecordPane::View::AsShown);
+    EXPECT_EQ(stops(),
+              QStringList({u"problems"_s, u"viewtabs"_s, u"shown"_s, u"cast1"_s, u"cast2"_s}));
+}
+
+TEST_F(PaneTest, GoesToTheLineOfAProblemThatNamesNoField)
+{
+    open(NormalEndings);
+    pane.goTo({.type = Problem::Type::NoLastLineEnd, .line = 35, .text = {}});
+    EXPECT_TRUE(editor(36).hasFocus());
+}
+
+TEST_F(PaneTest, ShowsARecordOfAnyLengthAtOnce)
+{
+    const QString tags = QString(u"<x> "_s).repeated(100'000);
+    QByteArray bytes = samples::bytes(NormalEndings, {{kFirstLine, tags}, {kAttacker, tags}});
+    bytes += QByteArray("stray\r\n").repeated(100);
+    openBytes(NormalEndings, bytes);
+    pane.setView(RecordPane::View::AsShown);
+    settle();
+    EXPECT_TRUE(shownText().startsWith("<x> <x> "_L1));
+    EXPECT_TRUE(shownText().endsWith("[...]"_L1));
+}
+
 TEST_F(PaneTest, SwitchesRecordsOfAllKindsWithoutMakingTheEditorsAnew)
 {
     for (const DataFileKindRow &kind : kDataFileKinds) {

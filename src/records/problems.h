@@ -18,7 +18,7 @@ struct Problem
     enum class Type {
         MissingLine,
         SurplusLine,
-        BareLineEnd, ///< CR or LF alone
+        BareLineEnd, ///< CR or LF alone, or CR CR LF
         NoLastLineEnd,
         Utf8,        ///< where the game reads its code page
         UnknownWord, ///< outside the field's coding or list
@@ -45,8 +45,8 @@ struct Problem
 /// A record that looks like one of another kind has no others but in its bytes, as its lines would
 /// be measured by the wrong fields. Of a line with very many wrong tags only the first are told.
 /// \param number of the record, from 1, for the texts
-/// \param isLast whether it is the file's last record. Its lines past the end are told in other
-/// words. The line end of its last line is asked for in any record
+/// \param isLast whether it is the file's last record: what is wrong at its end harms only what is
+/// added to the file. A last line end is asked for in any record
 std::vector<Problem> problemsOf(const Record &record, int number, bool isLast);
 
 /// The record after all repairs that are offered, and those that are offered then, until none is.

@@ -23,7 +23,6 @@ NoticeLine::NoticeLine(QWidget *parent)
     m_reload->setObjectName(u"reload"_s);
     m_reload->setPurpose(u"Reads the file again."_s);
     m_reload->hide();
-    setFocusProxy(m_reload);
     setMinimumHeight(m_reload->sizeHint().height());
 
     auto *row = new QHBoxLayout(this);
@@ -52,6 +51,11 @@ void NoticeLine::tell(const QString &text)
     if (!text.isEmpty()) {
         m_announcement->tell(text);
     }
+}
+
+void NoticeLine::focusReload()
+{
+    m_reload->setFocus();
 }
 
 void NoticeLine::show()

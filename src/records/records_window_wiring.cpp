@@ -81,7 +81,7 @@ void RecordsWindow::Parts::showFailure(const QString &text)
     }
     pages->setCurrentIndex(1);
     showKindBox(false);
-    notice->setFocus();
+    notice->focusReload();
     showTitle();
     showCounts();
     enableActions();

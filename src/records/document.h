@@ -13,6 +13,7 @@
 
 #include <functional>
 #include <optional>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -127,6 +128,7 @@ private:
     /// Replaces entries from a row on, and tells of it.
     void apply(int row, const std::vector<Entry> &from, const std::vector<Entry> &to);
     void applyInPlace(int row, const std::vector<Entry> &to);
+    void replaceRun(int row, std::span<const Entry> to, std::pair<bool, bool> fate);
     void noteMove(int id);
 
     int originOf(int id) const { return m_origins.at(std::size_t(id)); }

@@ -4,6 +4,7 @@
 #include "records/lines.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tarvold::records {
 namespace {
@@ -38,7 +39,7 @@ char fold(char byte)
 
 } // namespace
 
-Matcher::Matcher(const QByteArray &wanted) : m_wanted(wanted)
+Matcher::Matcher(QByteArray wanted) : m_wanted(std::move(wanted))
 {
     std::transform(m_wanted.begin(), m_wanted.end(), m_wanted.begin(), fold);
     const qsizetype size = m_wanted.size();

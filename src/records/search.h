@@ -14,7 +14,7 @@ namespace tarvold::records {
 class Matcher
 {
 public:
-    explicit Matcher(const QByteArray &wanted);
+    explicit Matcher(QByteArray wanted);
 
     const QByteArray &folded() const { return m_wanted; }
     bool isIn(QByteArrayView bytes) const;

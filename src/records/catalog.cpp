@@ -211,7 +211,9 @@ Catalog::Catalog(DataFileKind kind) : m_kind(kind)
     for (const CommentaryTag &tag : screens.commentary->tags) {
         KnownTag known = {.tag = QLatin1StringView(tag.tag),
                           .meaning = QLatin1StringView(tag.item)};
-        if (const auto *field = tag.refusal ? fieldOf(screens, tag.refusal->box) : nullptr) {
+        const RecordField *field =
+            tag.refusal == nullptr ? nullptr : fieldOf(screens, tag.refusal->box);
+        if (field != nullptr) {
             known.decider = placeOf(*field);
             known.isRefused = tag.refusal->isRefused;
             known.message = QLatin1StringView(tag.refusal->message);

@@ -14,20 +14,41 @@ bool Layout::isWhole() const
            std::find(lineOfField.begin(), lineOfField.end(), -1) == lineOfField.end();
 }
 
+namespace {
+
+/// What is taken off for the plain reading of a record that has the right number of lines: that one
+/// is missing and another is too many must be clear from many lines.
+constexpr int kPlain = 15 * LineCosts::kBit;
+
+Layout wholeLayout(int fieldCount)
+{
+    Layout layout;
+    layout.lineOfField.resize(std::size_t(fieldCount));
+    std::iota(layout.lineOfField.begin(), layout.lineOfField.end(), 0);
+    return layout;
+}
+
+} // namespace
+
 Layout layoutOf(const std::vector<Line> &lines, const Catalog &catalog)
 {
     const LineCosts &costs = LineCosts::of(catalog.kind());
-    Layout layout;
-    layout.lineOfField.resize(std::size_t(costs.fieldCount()), -1);
     if (costs.oddnessOf(lines).value_or(LineCosts::kMostOddness + 1) <= LineCosts::kMostOddness) {
-        std::iota(layout.lineOfField.begin(), layout.lineOfField.end(), 0);
-        return layout;
+        return wholeLayout(costs.fieldCount());
     }
     Alignment alignment(costs, Alignment::Records::One);
+    int plain = 0;
     for (std::size_t line = 0; line < lines.size(); ++line) {
-        const bool isDoubled = line > 0 && lines[line].text == lines[line - 1].text;
-        alignment.add(sortOf(lines[line].text), isDoubled);
+        const Sort sort = sortOf(lines[line].text);
+        alignment.add(sort, line > 0 && lines[line].text == lines[line - 1].text);
+        plain += line < std::size_t(costs.fieldCount()) ? costs.row(sort)[line] : 0;
     }
+    if (lines.size() == std::size_t(costs.fieldCount()) &&
+        plain <= alignment.costAtEnd() + kPlain) {
+        return wholeLayout(costs.fieldCount());
+    }
+    Layout layout;
+    layout.lineOfField.resize(std::size_t(costs.fieldCount()), -1);
     const std::vector<int> fieldOfLine = alignment.pathToEnd().fieldOfLine;
     for (int line = 0; line < int(fieldOfLine.size()); ++line) {
         if (const int field = fieldOfLine[std::size_t(line)]; field >= 0) {

@@ -46,7 +46,7 @@ std::optional<std::vector<qsizetype>> Splitter::split()
         } else {
             readDamaged();
         }
-        forgetBefore(m_line - (kRecordsBefore * m_length) - 1);
+        forgetBefore(m_line - (qsizetype(kRecordsBefore) * m_length) - 1);
     }
     return m_isStopped ? std::nullopt : std::optional(std::move(m_starts));
 }

@@ -32,39 +32,59 @@ std::vector<int> layoutWith(const Fault &fault, int fieldCount)
     return lines;
 }
 
-/// What a record's layout says is wrong with it, against the fault that it has.
-void judge(const Record &found, const RecordLines &original, const Fault &fault, Tally &tally)
+/// What a record's layout says is wrong with it.
+struct Named
 {
-    const Layout &layout = found.layout();
-    std::vector<int> missing;
+    std::vector<int> missing; ///< fields
+    std::vector<int> surplus; ///< lines
+};
+
+Named namedIn(const Layout &layout)
+{
+    Named named = {.missing = {}, .surplus = layout.surplus};
     for (int field = 0; field < int(layout.lineOfField.size()); ++field) {
         if (layout.lineOfField[std::size_t(field)] < 0) {
-            missing.push_back(field);
+            named.missing.push_back(field);
         }
     }
-    if (missing.size() != (fault.isDoubled ? 0U : 1U) ||
-        layout.surplus.size() != (fault.isDoubled ? 1U : 0U)) {
-        return;
-    }
-    QByteArray repaired;
-    int named = 0;
-    if (fault.isDoubled) {
-        const int line = layout.surplus.front();
-        named = std::max(line - 1, 0);
-        tally.fields += line == fault.field ? 1 : 0; // the first of the two
-        repaired = found.withoutLine(line);
-    } else {
-        named = missing.front();
-        repaired = found.withLine(named, original.at(fault.field));
-    }
-    const bool isAlike = repaired == bytesOf(original);
+    return named;
+}
+
+/// Compares what is named in a record with the one line that is missing from it.
+void judgeMissing(const Record &found, int named, const RecordLines &original, const Fault &fault,
+                  Tally &tally)
+{
+    const bool isAlike = found.withLine(named, original.at(fault.field)) == bytesOf(original);
+    const auto real = layoutWith(fault, found.catalog().fieldCount());
+    const bool isAsGood = oddnessOf(found, found.layout().lineOfField) <= oddnessOf(found, real);
     tally.fields += named == fault.field ? 1 : 0;
     tally.alike += isAlike ? 1 : 0;
+    tally.asGood += isAlike || isAsGood ? 1 : 0;
+}
+
+/// Compares what is named in a record with the one line that stands in it twice.
+void judgeDoubled(const Record &found, int named, const RecordLines &original, const Fault &fault,
+                  Tally &tally)
+{
+    const bool isAlike = found.withoutLine(named) == bytesOf(original);
     const auto real = layoutWith(fault, found.catalog().fieldCount());
-    const bool isAsGood = oddnessOf(found, layout.lineOfField) <= oddnessOf(found, real);
-    const bool isDoubled = !fault.isDoubled || found.lines()[std::size_t(named)].text ==
-                                                   found.lines()[std::size_t(named + 1)].text;
-    tally.asGood += isAlike || (isDoubled && isAsGood) ? 1 : 0;
+    const bool isDouble = named > 0 && found.lines()[std::size_t(named)].text ==
+                                           found.lines()[std::size_t(named - 1)].text;
+    const bool isAsGood =
+        isDouble && oddnessOf(found, found.layout().lineOfField) <= oddnessOf(found, real);
+    tally.fields += named == fault.field || named == fault.field + 1 ? 1 : 0;
+    tally.alike += isAlike ? 1 : 0;
+    tally.asGood += isAlike || isAsGood ? 1 : 0;
+}
+
+void judge(const Record &found, const RecordLines &original, const Fault &fault, Tally &tally)
+{
+    const auto [missing, surplus] = namedIn(found.layout());
+    if (fault.isDoubled && missing.empty() && surplus.size() == 1) {
+        judgeDoubled(found, surplus.front(), original, fault, tally);
+    } else if (!fault.isDoubled && surplus.empty() && missing.size() == 1) {
+        judgeMissing(found, missing.front(), original, fault, tally);
+    }
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "records/lines.h"
 
+#include <QByteArray>
+
 #include <gtest/gtest.h>
 #include <random>
 

@@ -85,6 +85,24 @@ QByteArray oddLine(Random &random, const KnownField &field)
     return field.words.isEmpty() ? pick(random, kOddNames) : pick(random, kOddWords);
 }
 
+constexpr int kOddOneIn = 12;
+
+QByteArray commentaryLine(Random &random, const Catalog &catalog, Writing writing,
+                          const QByteArray &previous)
+{
+    const bool isOdd = writing == Writing::Odd && below(random, kOddOneIn) == 0;
+    return isOdd ? QByteArray(pick(random, kOddLines)) : sentence(random, catalog, previous);
+}
+
+QByteArray detailsLine(Random &random, const KnownField &field, Writing writing)
+{
+    if (writing == Writing::Default && !field.newText.isEmpty()) {
+        return field.newText.toLatin1();
+    }
+    const bool isOdd = writing == Writing::Odd && below(random, kOddOneIn) == 0;
+    return isOdd ? oddLine(random, field) : usualLine(random, field);
+}
+
 } // namespace
 
 int below(Random &random, int bound)
@@ -94,21 +112,15 @@ int below(Random &random, int bound)
 
 RecordLines randomRecord(Random &random, const Catalog &catalog, Writing writing)
 {
-    constexpr int kOddOneIn = 12;
     RecordLines record;
     const int written = writing == Writing::Default ? 1 : 1 + below(random, 10);
     for (int place = 0; place < catalog.fieldCount(); ++place) {
-        const KnownField &field = catalog.fields().at(std::size_t(place));
-        const bool isOdd = writing == Writing::Odd && below(random, kOddOneIn) == 0;
-        if (catalog.isCommentary(place)) {
-            const bool isWritten = place - catalog.firstCommentary() < written;
-            record << (!isWritten ? QByteArray(kBlankLine)
-                       : isOdd    ? QByteArray(pick(random, kOddLines))
-                                  : sentence(random, catalog, record.back()));
-        } else if (writing == Writing::Default && !field.newText.isEmpty()) {
-            record << field.newText.toLatin1();
+        if (!catalog.isCommentary(place)) {
+            record << detailsLine(random, catalog.fields().at(std::size_t(place)), writing);
+        } else if (place - catalog.firstCommentary() < written) {
+            record << commentaryLine(random, catalog, writing, record.back());
         } else {
-            record << (isOdd ? oddLine(random, field) : usualLine(random, field));
+            record << QByteArray(kBlankLine);
         }
     }
     return record;

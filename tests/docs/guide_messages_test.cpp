@@ -2,6 +2,7 @@
 
 #include "docs/markdown.h"
 #include "docs/source_texts.h"
+#include "records/window_words.h"
 #include "screens/failures.h"
 #include "support/print.h"
 
@@ -54,15 +55,16 @@ bool hasPlaceholder(const QString &paragraph)
     return paragraph.contains(placeholder);
 }
 
-/// A text of the program, and the pattern for it in the guide.
+/// A text of the program, and the patterns for it in the guide.
 struct ProgramText
 {
     QString text;
-    QRegularExpression pattern;
+    QRegularExpression pattern; ///< of a paragraph that is this text
+    QRegularExpression within;  ///< of one in which it stands
 
     bool isIn(const QString &paragraph) const
     {
-        return pattern.match(paragraph).hasMatch() || paragraph.contains(text);
+        return within.match(paragraph).hasMatch() || paragraph.contains(text);
     }
 };
 
@@ -70,20 +72,61 @@ std::vector<ProgramText> programTexts()
 {
     static const QRegularExpression placeholder(u"\\\\%[1-9]"_s);
     const QStringList messages = sourceMessages();
-    QStringList fillings = {kName, u"[0-9]+"_s, u"record"_s, u"stipulation"_s};
+    QStringList fillings = {kName, u"[0-9]+"_s, u"(?i:record|stipulation|ending)"_s, u"ends?"_s};
     for (const QString &message : messages) {
         if (!hasPlaceholder(message)) {
             fillings << QRegularExpression::escape(message);
         }
     }
-    const QString filling = u"(?:"_s + fillings.join(u'|') + u')';
+    // Defined once in each pattern, as a pattern has a greatest length.
+    const QString define = u"(?(DEFINE)(?<filling>"_s + fillings.join(u'|') + u"))"_s;
     std::vector<ProgramText> texts;
     for (const QString &message : messages) {
-        const QString pattern = QRegularExpression::escape(message).replace(placeholder, filling);
-        texts.push_back(
-            {message, QRegularExpression(QRegularExpression::anchoredPattern(pattern))});
+        const QString pattern =
+            QRegularExpression::escape(message).replace(placeholder, u"(?&filling)"_s);
+        texts.push_back({message,
+                         QRegularExpression(define + QRegularExpression::anchoredPattern(pattern)),
+                         QRegularExpression(define + u"(?<!\\w)(?:"_s + pattern + u")(?!\\w)"_s)});
+        EXPECT_TRUE(texts.back().within.isValid()) << message.toStdString();
     }
     return texts;
+}
+
+/// Whether a sentence is one of the program, from its start or behind what the program puts before
+/// it, such as the name of a field.
+bool isSentenceOf(const std::vector<ProgramText> &program, const QString &sentence)
+{
+    static const QStringList beginnings = {QString(),
+                                           u"… has … lines; "_s,
+                                           u"… has … lines, but "_s,
+                                           u"\"…\" for \"…\" "_s,
+                                           u"…: … "_s,
+                                           u"…: "_s,
+                                           u"… "_s};
+    return std::ranges::any_of(beginnings, [&](const QString &beginning) {
+        const QString rest = sentence.mid(beginning.size());
+        const bool goesOn = beginning.isEmpty() || (!rest.isEmpty() && !rest.front().isUpper());
+        return sentence.startsWith(beginning) && goesOn &&
+               std::ranges::any_of(program, [&rest](const ProgramText &text) {
+                   return text.pattern.match(rest).hasMatch();
+               });
+    });
+}
+
+/// Whether a paragraph is a text of the program, or several of them in a row.
+bool isToldBy(const std::vector<ProgramText> &program, const QString &paragraph)
+{
+    static const QRegularExpression end(u"[.?!] "_s);
+    if (isSentenceOf(program, paragraph)) {
+        return true;
+    }
+    for (auto at = paragraph.indexOf(end); at >= 0; at = paragraph.indexOf(end, at + 1)) {
+        if (isSentenceOf(program, paragraph.first(at + 1)) &&
+            isToldBy(program, paragraph.mid(at + 2))) {
+            return true;
+        }
+    }
+    return false;
 }
 
 bool isSystemText(const QString &text)
@@ -110,10 +153,7 @@ TEST(GuideMessages, EveryTextOfTheGuideIsOneOfTheProgram)
     for (const QString &paragraph : guideParagraphs()) {
         const bool isTitle = paragraph.startsWith(u"**"_s);
         const bool isTold =
-            isTitle ? literals.contains(paragraph.mid(2).chopped(2))
-                    : std::ranges::any_of(program, [&paragraph](const ProgramText &text) {
-                          return text.pattern.match(paragraph).hasMatch();
-                      });
+            isTitle ? literals.contains(paragraph.mid(2).chopped(2)) : isToldBy(program, paragraph);
         EXPECT_TRUE(isTold || isSystemText(paragraph)) << paragraph.toStdString();
     }
 }
@@ -147,6 +187,29 @@ TEST(GuideMessages, FailureMessagesAreInTheGuideInFull)
              failures::noSource(),
              failures::notImported(kName, unchanged),
              failures::notImported(kName, changed),
+         }) {
+        EXPECT_TRUE(guide.contains(asInGuide(message))) << message.toStdString();
+    }
+}
+
+TEST(GuideMessages, MessagesOfRecordsWindowsAreInTheGuideInFull)
+{
+    namespace words = records::words;
+    const FileError unchanged = {.cause = kWhy};
+    const FileError changed = {.cause = kWhy, .outcome = FileOutcome::MaybeChanged};
+    const auto kind = DataFileKind::Interviews;
+    const QString content = QLatin1StringView(rowOf(kind).content);
+    const QStringList guide = guideMessages();
+    for (const QString &message : {
+             failures::notRewritten(kName, unchanged, words::kept()),
+             words::outdated(kName),
+             words::notCopied(kName, unchanged),
+             words::notCopied(kName, changed),
+             words::unsaved(kName),
+             words::forgetByReload(kName),
+             words::forgetByKind(kName, kind).replace(content, kName),
+             words::otherKind(kName, kind, kind).replace(content, kName),
+             words::repaired(0, 0),
          }) {
         EXPECT_TRUE(guide.contains(asInGuide(message))) << message.toStdString();
     }

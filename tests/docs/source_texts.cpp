@@ -57,7 +57,7 @@ const std::vector<Literal> &literals()
 {
     static const std::vector<Literal> all = [] {
         std::vector<Literal> found;
-        // The messages of main.cpp are not messages of a screen.
+        // The messages of main.cpp are not messages of a window.
         const QStringList sources = {u"*.cpp"_s, u"*.h"_s};
         const QDir source(QStringLiteral(TARVOLD_SOURCE));
         for (const QString &folder : source.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
@@ -75,7 +75,19 @@ const std::vector<Literal> &literals()
 bool isSentence(const QString &text)
 {
     static const QRegularExpression sentence(u"[A-Za-z].*[.!?](?: ?%[1-9])?$"_s);
-    return text.contains(sentence) || (text.contains(u'\n') && text.contains(u' '));
+    const bool isCaption = text.endsWith("..."_L1); // of something that asks before it acts
+    return !isCaption && (text.contains(sentence) || (text.contains(u'\n') && text.contains(u' ')));
+}
+
+/// Whether the code before a text makes it the purpose of a control, the description of an option,
+/// what the conditions of a record say, or what nobody sees because no window stops the reading.
+bool isDescription(const Literal &literal)
+{
+    static const QRegularExpression other(
+        uR"((?:describe\(\*\w+, u"\w+"_s,|setPurpose\(|setApplicationDescription\()"
+        R"(|QCommandLineOption \w+\( ?(?:u"\w+"_s|\{.*\}),|addPositionalArgument\(u"\w+"_s,)"
+        R"(|\w+Conditions,|if \(!starts\) \{ return failure\()$)"_s);
+    return literal.before.contains(other);
 }
 
 /// Whether the code before a text makes it a caption, a help text, an instruction, a prompt, the
@@ -103,11 +115,15 @@ QStringList sourceLiterals()
 QStringList sourceMessages()
 {
     static const QRegularExpression nothingElse(u"^(?:%[1-9])?$"_s);
+    static const QRegularExpression joint(u"^[;,:] "_s); // to what stands before it in a message
     QStringList paragraphs;
     for (const Literal &literal : literals()) {
-        if (isSentence(literal.text) && !isNoMessage(literal)) {
+        if (isSentence(literal.text) && !isNoMessage(literal) && !isDescription(literal)) {
             paragraphs << literal.text.split(u'\n');
         }
+    }
+    for (QString &text : paragraphs) {
+        text.remove(joint);
     }
     paragraphs.removeIf([](const QString &text) { return text.contains(nothingElse); });
     paragraphs.removeDuplicates();

@@ -2,6 +2,8 @@
 
 #include <QProxyStyle>
 
+class QStyleOptionButton;
+
 namespace tarvold {
 
 /// The style of all windows: flat, the same on every desktop, in the desktop's own colours.
@@ -23,6 +25,8 @@ public:
                   QStyleHintReturn *returned) const override;
     int pixelMetric(PixelMetric metric, const QStyleOption *option,
                     const QWidget *widget) const override;
+    QRect subElementRect(SubElement element, const QStyleOption *option,
+                         const QWidget *widget) const override;
     QSize sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &contents,
                            const QWidget *widget) const override;
     QRect subControlRect(ComplexControl control, const QStyleOptionComplex *option, SubControl part,
@@ -38,6 +42,8 @@ public:
                             QPainter *painter, const QWidget *widget) const override;
 
 private:
+    void drawCheckBox(const QStyleOptionButton &option, QPainter &painter,
+                      const QWidget *widget) const;
     void drawComboBox(const QStyleOptionComplex &option, QPainter &painter,
                       const QWidget *widget) const;
     void drawScrollBar(const QStyleOptionComplex &option, QPainter &painter,

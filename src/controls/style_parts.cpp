@@ -35,6 +35,16 @@ void drawShape(QPainter &painter, const QRect &rect, const QPalette &palette, co
     painter.drawRoundedRect(middleOfLine, kCorner, kCorner);
 }
 
+void drawFocusMark(QPainter &painter, const QRect &rect, const QPalette &palette)
+{
+    const SmoothPainter smooth(painter);
+    constexpr double kHalf = kFocusWidth / 2;
+    painter.setPen(QPen(focusMark(palette, palette.color(QPalette::Window)), kFocusWidth));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(QRectF(rect).marginsRemoved(QMarginsF(kHalf, kHalf, kHalf, kHalf)),
+                            kCorner, kCorner);
+}
+
 void drawArrow(QPainter &painter, const QRect &rect, Qt::ArrowType direction, const QColor &colour)
 {
     constexpr double kWide = 4;

@@ -35,6 +35,9 @@ QColor focusMark(const QPalette &palette, const QColor &fill);
 void drawShape(QPainter &painter, const QRect &rect, const QPalette &palette, const QBrush &fill,
                bool hasFocus);
 
+/// Draws the focus mark around a part that has no outline, on the background of the window.
+void drawFocusMark(QPainter &painter, const QRect &rect, const QPalette &palette);
+
 /// Draws the arrow of a combo box or scroll bar in the centre of a rectangle.
 void drawArrow(QPainter &painter, const QRect &rect, Qt::ArrowType direction, const QColor &colour);
 

@@ -53,6 +53,11 @@ void NoticeLine::tell(const QString &text)
     }
 }
 
+void NoticeLine::focusReload()
+{
+    m_reload->setFocus();
+}
+
 void NoticeLine::show()
 {
     const bool isNotice = !m_notice.isEmpty();

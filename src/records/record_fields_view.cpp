@@ -15,7 +15,6 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QScrollBar>
-#include <QTimer>
 
 #include <algorithm>
 
@@ -297,16 +296,19 @@ void RecordFieldsView::refuse(int field, char32_t character)
     }
     m_isRefusing = true;
     // Not now: the focus is just leaving the editor, and a message would take it, too.
-    QTimer::singleShot(0, this, [this, field, character] {
-        const QString caption = m_form != nullptr
-                                    ? m_form->catalog->fields().at(std::size_t(field)).caption
-                                    : QString();
-        emit refused(field);
-        messagebox::notice(window(), QLatin1StringView(messagebox::kTitle),
-                           failures::cannotHold({caption, character}));
-        m_isRefusing = false;
-        goToField(field);
-    });
+    QMetaObject::invokeMethod(
+        this, [this, field, character] { tellRefusal(field, character); }, Qt::QueuedConnection);
+}
+
+void RecordFieldsView::tellRefusal(int field, char32_t character)
+{
+    const QString caption =
+        m_form != nullptr ? m_form->catalog->fields().at(std::size_t(field)).caption : QString();
+    emit refused(field);
+    messagebox::notice(window(), QLatin1StringView(messagebox::kTitle),
+                       failures::cannotHold({caption, character}));
+    m_isRefusing = false;
+    goToField(field);
 }
 
 void RecordFieldsView::goToField(int field)

@@ -98,6 +98,7 @@ private:
     static void recolour(const Form &form);
     bool commitField(int field);
     void refuse(int field, char32_t character);
+    void tellRefusal(int field, char32_t character);
 
     ScrollPane *m_pane;
     std::unique_ptr<Form> m_form;   ///< null until the first record is shown

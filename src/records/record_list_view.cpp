@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kMostCharacters = 32; ///< of a column, before the user makes it wider
-constexpr int kPadding = 6;         ///< between a text and the edge of its cell
+constexpr int kPadding = 4;         ///< between a text and the edge of its cell
 
 /// Draws cells with some room beside their texts, and shows a text that is too wide for its cell as
 /// a tooltip.

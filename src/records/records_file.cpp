@@ -84,8 +84,9 @@ void RecordsFile::take(const QByteArray &bytes, DataFileKind kind)
 void RecordsFile::fail(const FileError &error)
 {
     m_isLoaded = false;
-    emit noticed(u"This file can't be shown."_s, true);
-    emit failed(failures::notLoaded(m_name, error));
+    const QString text = words::notRead(m_name, error);
+    emit noticed(text.section(u'\n', 2, 2), true); // the cause
+    emit failed(text);
 }
 
 void RecordsFile::chooseKind(DataFileKind kind)

@@ -99,9 +99,7 @@ void RecordsWindow::Parts::enableActions()
     for (const auto &[act, isEnabled] : enabled) {
         (*actions)[act].setEnabled(isEnabled);
     }
-    for (QWidget *widget : {static_cast<QWidget *>(search), static_cast<QWidget *>(onlyProblems)}) {
-        widget->setEnabled(isLoaded);
-    }
+    searchRow->setVisible(isLoaded);
     actions->sortMenu().setEnabled(isLoaded);
 }
 

@@ -52,7 +52,7 @@ RecordsWindow::Parts::Parts(RecordsWindow &whole)
     column->setContentsMargins(kMargin, kTightMargin, kMargin, kTightMargin);
     column->setSpacing(kRowGap);
     column->addLayout(newHead());
-    column->addLayout(newSearchRow());
+    column->addWidget(newSearchRow());
     column->addWidget(newPages(), 1);
     column->addLayout(newFoot());
     window.setCentralWidget(content);
@@ -84,27 +84,31 @@ QLayout *RecordsWindow::Parts::newHead()
     row->setSpacing(kGap);
     path = new PathLabel;
     kind = new KindBox;
+    kindLabel = newLabel(u"Kind"_s, kind);
     row->addWidget(path, 1);
-    row->addWidget(newLabel(u"Kind"_s, kind));
+    row->addWidget(kindLabel);
     row->addWidget(kind);
     return row;
 }
 
-QLayout *RecordsWindow::Parts::newSearchRow()
+QWidget *RecordsWindow::Parts::newSearchRow()
 {
-    auto *row = new QHBoxLayout;
+    searchRow = new QWidget;
+    auto *row = new QHBoxLayout(searchRow);
+    row->setContentsMargins({});
     row->setSpacing(kGap);
     search = new TextBox;
     search->setObjectName(u"search"_s);
-    search->setClearButtonEnabled(true);
-    controls::describe(*search, u"Search"_s,
-                       u"Shows the records that hold this text in any field or line."_s);
+    controls::describe(
+        *search, u"Search"_s,
+        u"Shows the records that hold this text in any field or line. Escape shows all "
+        "again."_s);
     onlyProblems = new QCheckBox(u"Only With Problems"_s);
     onlyProblems->setObjectName(u"onlyProblems"_s);
     row->addWidget(newLabel(u"Search"_s, search));
     row->addWidget(search, 1);
     row->addWidget(onlyProblems);
-    return row;
+    return searchRow;
 }
 
 QWidget *RecordsWindow::Parts::newPages()

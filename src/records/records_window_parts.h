@@ -41,7 +41,9 @@ public:
     std::unique_ptr<RecordListModel> model;
 
     PathLabel *path = nullptr;
+    QLabel *kindLabel = nullptr;
     KindBox *kind = nullptr;
+    QWidget *searchRow = nullptr;
     TextBox *search = nullptr;
     QCheckBox *onlyProblems = nullptr;
     NoticeLine *notice = nullptr;
@@ -64,7 +66,7 @@ public:
 
 private:
     QLayout *newHead();
-    QLayout *newSearchRow();
+    QWidget *newSearchRow();
     QWidget *newPages();
     QLayout *newFoot();
     void connectFile();
@@ -78,6 +80,7 @@ private:
     void fillSortMenu();
     void showRecords();
     void showFailure(const QString &text);
+    void showKindBox(bool isShown);
 };
 
 } // namespace tarvold::records

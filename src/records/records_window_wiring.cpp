@@ -36,6 +36,7 @@ void RecordsWindow::Parts::connectFile()
                      [this](const QString &text) { showFailure(text); });
     QObject::connect(file, &RecordsFile::kindWanted, &window, [this](const QString &question) {
         showFailure(question);
+        showKindBox(true);
         kind->setFocus();
     });
     QObject::connect(file, &RecordsFile::said, notice, &NoticeLine::tell);
@@ -44,12 +45,18 @@ void RecordsWindow::Parts::connectFile()
     QObject::connect(notice, &NoticeLine::reloadRequested, file, &RecordsFile::reload);
     QObject::connect(kind, &KindBox::kindChosen, file, &RecordsFile::chooseKind);
     QObject::connect(&document.undoStack(), &QUndoStack::cleanChanged, &window,
-                     [this] { showTitle(); });
+                     [this](bool isClean) {
+                         if (!isClean) {
+                             notice->tell({}); // no longer true, such as "Saved"
+                         }
+                         showTitle();
+                     });
     QObject::connect(&document, &Document::reset, &window, [this] { showCounts(); });
 }
 
 void RecordsWindow::Parts::showRecords()
 {
+    showKindBox(true);
     kind->show(document.kind());
     pages->setCurrentIndex(0);
     list->setPlaceholder(document.count() == 0 ? u"This file has no records."_s
@@ -73,8 +80,17 @@ void RecordsWindow::Parts::showFailure(const QString &text)
         failure->setAccessibleName(text);
     }
     pages->setCurrentIndex(1);
+    showKindBox(false);
+    notice->focusReload();
     showTitle();
+    showCounts();
     enableActions();
+}
+
+void RecordsWindow::Parts::showKindBox(bool isShown)
+{
+    kindLabel->setVisible(isShown);
+    kind->setVisible(isShown);
 }
 
 void RecordsWindow::Parts::showTitle()
@@ -93,8 +109,8 @@ void RecordsWindow::Parts::showCounts()
     const int problems = scan->total();
     onlyProblems->setText(u"Only With Problems (%1)"_s.arg(problems));
     const int shown = model->rowCount();
-    QString text = words::countOf(document.count());
-    if (shown != document.count()) {
+    QString text = file->isLoaded() ? words::countOf(document.count()) : QString();
+    if (file->isLoaded() && shown != document.count()) {
         text = u"%1 of %2"_s.arg(QString::number(shown), text);
     }
     counts->setText(text);

@@ -17,6 +17,12 @@ QString contentOf(DataFileKind kind)
 
 } // namespace
 
+QString notRead(const QString &name, const FileError &error)
+{
+    return u"The file \"%1\" can't be shown.\n\n%2\n\nThis window shows it as soon as it can be "
+           "read."_s.arg(name, error.cause);
+}
+
 QString outdated(const QString &name)
 {
     return u"The file \"%1\" was changed by another program after it was loaded.\n\nYes writes "

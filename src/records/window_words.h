@@ -10,6 +10,8 @@
 /// What a records window says of its file.
 namespace tarvold::records::words {
 
+/// The file could not be read, so there is nothing to show.
+QString notRead(const QString &name, const FileError &error);
 /// Another program changed the file since it was loaded: asks whether to overwrite it.
 QString outdated(const QString &name);
 /// What a failed save leaves the user.

@@ -1,6 +1,7 @@
 #include "look/parts.h"
 
 #include <QAbstractItemView>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QLabel>
@@ -9,6 +10,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QStyleOption>
+#include <QTabBar>
 
 namespace tarvold::testing::parts {
 
@@ -43,6 +45,7 @@ QList<QWidget *> focusable(const QWidget &window)
     QList<QWidget *> found = visible<QWidget>(window);
     found.removeIf([](const QWidget *widget) {
         return (widget->focusPolicy() & Qt::TabFocus) == 0 || !widget->isEnabled() ||
+               widget->focusProxy() != nullptr ||
                qobject_cast<QComboBox *>(widget->parentWidget()) != nullptr;
     });
     return found;
@@ -106,6 +109,24 @@ QRect placeOf(const QWidget &widget, const QRect &inside)
     return {widget.mapTo(widget.window(), inside.topLeft()), inside.size()};
 }
 
+QRect outlineOf(const QWidget &control)
+{
+    const auto *check = qobject_cast<const QCheckBox *>(&control);
+    if (check == nullptr) {
+        return placeOf(control);
+    }
+    QStyleOptionButton option;
+    option.initFrom(check);
+    return placeOf(control,
+                   check->style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, check));
+}
+
+QSize focusedSizeOf(const QWidget &control)
+{
+    const auto *tabs = qobject_cast<const QTabBar *>(&control);
+    return tabs == nullptr ? control.size() : tabs->tabRect(tabs->currentIndex()).size();
+}
+
 QRect textOf(const QLabel &label)
 {
     const int margin = label.margin();
@@ -144,7 +165,11 @@ QRect rowTextOf(const QAbstractItemView &list, int row)
 {
     const QModelIndex index = list.model()->index(row, 0);
     const QRect room = list.visualRect(index).adjusted(3, 3, -3, -3) & list.viewport()->rect();
-    const QRect text = textIn(room, sizeOfLine(list, index.data().toString()));
+    const QVariant across = index.data(Qt::TextAlignmentRole);
+    const QRect text =
+        textIn(room, sizeOfLine(list, index.data().toString()),
+               across.isValid() ? Qt::Alignment(across.toInt()) & Qt::AlignHorizontal_Mask
+                                : Qt::AlignLeft);
     return placeOf(*list.viewport(), text);
 }
 

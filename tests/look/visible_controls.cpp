@@ -86,7 +86,7 @@ void expectVisibleControls(const Scene &scene)
             continue;
         }
         parts::reveal(*control);
-        const QRect place = parts::placeOf(*control);
+        const QRect place = parts::outlineOf(*control);
         figures::expectAtLeast(scene, sortOf(*control), parts::nameOf(*control),
                                pictureOf(scene, place).edgeContrast(place), contrast::kControl);
         if (auto *combo = qobject_cast<QComboBox *>(control)) {

@@ -202,6 +202,7 @@ TEST(GuideMessages, MessagesOfRecordsWindowsAreInTheGuideInFull)
     const QStringList guide = guideMessages();
     for (const QString &message : {
              failures::notRewritten(kName, unchanged, words::kept()),
+             words::notRead(kName, unchanged),
              words::outdated(kName),
              words::notCopied(kName, unchanged),
              words::notCopied(kName, changed),

@@ -84,7 +84,7 @@ bool isSentence(const QString &text)
 bool isDescription(const Literal &literal)
 {
     static const QRegularExpression other(
-        uR"((?:describe\(\*\w+, u"\w+"_s,|setPurpose\(|setApplicationDescription\()"
+        uR"((?:describe\( ?\*\w+, u"\w+"_s,|setPurpose\(|setApplicationDescription\()"
         R"(|QCommandLineOption \w+\( ?(?:u"\w+"_s|\{.*\}),|addPositionalArgument\(u"\w+"_s,)"
         R"(|\w+Conditions,|if \(!starts\) \{ return failure\()$)"_s);
     return literal.before.contains(other);

@@ -178,6 +178,7 @@ void TextBox::focusOutEvent(QFocusEvent *event)
     // The focus comes back when the other window or the list closes, so nothing must move.
     const Qt::FocusReason reason = event->reason();
     if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) {
+        m_wasClicked = false;
         showBeginning();
         emit left();
     }
@@ -187,6 +188,7 @@ void TextBox::hideEvent(QHideEvent *event)
 {
     // A window that is hidden keeps the focus, but shown again it may give it to another control.
     if (!event->spontaneous()) {
+        m_wasClicked = false;
         showBeginning();
     }
     QLineEdit::hideEvent(event);
@@ -217,9 +219,12 @@ void TextBox::keyPressEvent(QKeyEvent *event)
 
 void TextBox::mousePressEvent(QMouseEvent *event)
 {
+    // Tab, or the screen that appeared, may have brought the focus and selected the word.
+    const bool wasSelected = hasSelectedText() && selectedText() == text();
+    const bool isFirst = !std::exchange(m_wasClicked, true) && wasSelected;
     QLineEdit::mousePressEvent(event);
     m_pressed.reset();
-    if (!std::exchange(m_isFocusNew, false) || !isFillWord()) {
+    if (!(std::exchange(m_isFocusNew, false) || isFirst) || !isFillWord()) {
         return;
     }
     if (event->button() == Qt::LeftButton) {

@@ -19,8 +19,9 @@ class TextBox : public QLineEdit
 {
     Q_OBJECT
 public:
-    /// What a click does that brings the focus into a box whose text is just a fill word: "Any",
-    /// "N/A" or "None". Whoever types then wants to replace the word, not to add to it.
+    /// What the first click does in a box whose text is just a fill word, "Any", "N/A" or "None":
+    /// one that brings the focus, or that finds the word selected, as when the screen has just
+    /// appeared. Whoever types then wants to replace the word, not to add to it.
     enum class FirstClick {
         SelectsFillWord, ///< selects the word; a second click places the cursor
         PlacesCursor     ///< places the cursor, as for any other text
@@ -90,6 +91,7 @@ private:
     QString m_note;
     FirstClick m_firstClick;
     bool m_isFocusNew = false;       ///< a click brought the focus, and is not handled yet
+    bool m_wasClicked = false;       ///< since the focus came
     std::optional<QPoint> m_pressed; ///< where that click began in a fill word
     int m_cursor = 0;                ///< where the cursor was when the box lost the focus
 };

@@ -313,11 +313,24 @@ TEST_F(TextBoxFocusTest, ASecondClickPlacesTheCursorInAFillWord)
     }
 }
 
-TEST_F(TextBoxFocusTest, AClickPlacesTheCursorInAFillWordThatHasTheFocus)
+TEST_F(TextBoxFocusTest, TheFirstClickLeavesAFillWordSelectedThatTheKeyboardSelected)
 {
     box.setText(u"Any"_s);
     QTest::keyClick(window.windowHandle(), Qt::Key_Backtab);
     ASSERT_TRUE(box.hasFocus());
+    ASSERT_EQ(box.selectedText(), u"Any"_s);
+    clickAt(1);
+    EXPECT_EQ(box.selectedText(), u"Any"_s);
+    clickAt(1);
+    EXPECT_FALSE(box.hasSelectedText());
+    EXPECT_EQ(box.cursorPosition(), 1);
+}
+
+TEST_F(TextBoxFocusTest, AClickPlacesTheCursorInAFillWordThatIsNotSelected)
+{
+    box.setText(u"Any"_s);
+    QTest::keyClick(window.windowHandle(), Qt::Key_Backtab);
+    QTest::keyClick(window.windowHandle(), Qt::Key_End);
     clickAt(1);
     EXPECT_FALSE(box.hasSelectedText());
     EXPECT_EQ(box.cursorPosition(), 1);

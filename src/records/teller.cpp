@@ -61,7 +61,7 @@ QStringList Teller::tellAll(std::span<const Phrase> table)
 
 QString Teller::tellName(const RecordField &field)
 {
-    const QString name = text(field);
+    QString name = text(field);
     if (names::isNoName(name)) {
         return {};
     }
@@ -83,7 +83,7 @@ QStringList Teller::tellNames(const RecordField &field)
 
 QString Teller::tellNumber(const RecordField &field)
 {
-    const QString digits = text(field);
+    QString digits = text(field);
     const bool isNumber =
         !digits.isEmpty() && std::all_of(digits.begin(), digits.end(), [](QChar character) {
             return character >= u'0' && character <= u'9';

@@ -84,7 +84,7 @@ std::optional<QString> meantWord(const Examined &examined, int field, const QStr
         return u"No"_s;
     }
     if (examined.rules.isNumber(field)) {
-        if (const std::optional<QString> number = nearestNumber(text)) {
+        if (std::optional<QString> number = nearestNumber(text)) {
             return number;
         }
     }

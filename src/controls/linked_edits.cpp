@@ -48,17 +48,17 @@ private:
 
 struct LinkedEdits::Way
 {
-    bool (QLineEdit::*isPossible)() const;
-    void (QLineEdit::*step)();
-    void (QLineEdit::*back)();
+    bool (TextBox::*isPossible)() const;
+    void (TextBox::*step)();
+    void (TextBox::*back)();
     QString Part::*from; ///< the text before the step
     bool isUndo;
 };
 
-const LinkedEdits::Way LinkedEdits::kUndo = {&QLineEdit::isUndoAvailable, &QLineEdit::undo,
-                                             &QLineEdit::redo, &Part::after, true};
-const LinkedEdits::Way LinkedEdits::kRedo = {&QLineEdit::isRedoAvailable, &QLineEdit::redo,
-                                             &QLineEdit::undo, &Part::before, false};
+const LinkedEdits::Way LinkedEdits::kUndo = {&TextBox::isUndoAvailable, &TextBox::undo,
+                                             &TextBox::redo, &Part::after, true};
+const LinkedEdits::Way LinkedEdits::kRedo = {&TextBox::isRedoAvailable, &TextBox::redo,
+                                             &TextBox::undo, &Part::before, false};
 
 void LinkedEdits::make(Bond bond, const std::vector<Change> &changes)
 {

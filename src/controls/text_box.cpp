@@ -14,6 +14,7 @@
 #include <QToolTip>
 
 #include <algorithm>
+#include <iterator>
 #include <limits>
 #include <utility>
 
@@ -34,6 +35,15 @@ QString onOneLine(QString text)
     return text.replace(lineBreak(), u" "_s);
 }
 
+/// Where what differs from another text ends.
+int endOfChange(const QString &before, const QString &now)
+{
+    const auto first = std::mismatch(before.begin(), before.end(), now.begin(), now.end());
+    const auto last = std::mismatch(before.rbegin(), std::make_reverse_iterator(first.first),
+                                    now.rbegin(), std::make_reverse_iterator(first.second));
+    return static_cast<int>(last.second.base() - now.begin());
+}
+
 } // namespace
 
 TextBox::TextBox(QWidget *parent, FirstClick firstClick)
@@ -48,6 +58,16 @@ TextBox::TextBox(QWidget *parent, FirstClick firstClick)
 void TextBox::paste()
 {
     pasteFrom(QClipboard::Clipboard);
+}
+
+void TextBox::redo()
+{
+    const QString before = text();
+    QLineEdit::redo();
+    const int place = text() == before ? cursorPosition() : endOfChange(before, text());
+    deselect();
+    setCursorPosition(std::min(place, static_cast<int>(text().size())));
+    endUndoStep();
 }
 
 void TextBox::replaceAsOneStep(const QString &text)
@@ -198,6 +218,11 @@ void TextBox::keyPressEvent(QKeyEvent *event)
         const bool fromSelection = event->key() == Qt::Key_Insert &&
                                    event->modifiers() == (Qt::ControlModifier | Qt::ShiftModifier);
         pasteFrom(fromSelection ? QClipboard::Selection : QClipboard::Clipboard);
+        event->accept();
+        return;
+    }
+    if (event->matches(QKeySequence::Redo) && !isReadOnly()) {
+        redo();
         event->accept();
         return;
     }

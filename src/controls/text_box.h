@@ -52,6 +52,12 @@ public slots:
     /// Hides QLineEdit::paste(). The context menu looks up slots by name and so calls this one.
     void paste();
 
+    /// Hides QLineEdit::redo(), likewise. The cursor is behind what was redone, nothing is
+    /// selected, and what is typed next is an undo step of its own. Qt may select what the next
+    /// step would replace, or put the cursor behind the end, and then typing on would damage the
+    /// text.
+    void redo();
+
 signals:
     /// The focus went to another control of the window, so the user has finished typing.
     void left();

@@ -114,6 +114,18 @@ TEST_F(SwapLines, UndoPutsTheCursorBackAndSelectsNothing)
     EXPECT_EQ(lineBox(1).cursorPosition(), 1);
 }
 
+TEST_F(SwapLines, TypingAfterARedoReplacesNothing)
+{
+    swapDown(1);
+    undo(2);
+    undo(2);
+    expectLines({u"One"_s});
+    redo(2); // of what was typed; the next step is the swap
+    EXPECT_FALSE(lineBox(2).hasSelectedText());
+    QTest::keyClicks(&lineBox(2), u"!"_s);
+    expectLines({u"One"_s, u"Two!"_s});
+}
+
 TEST_F(SwapLines, UndoChangesNothingIfTheOtherLineWasChangedSince)
 {
     swapDown(1);

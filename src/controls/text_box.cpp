@@ -1,9 +1,11 @@
 #include "controls/text_box.h"
 
 #include "controls/long_text.h"
+#include "controls/text_silence.h"
 
 #include <QApplication>
 #include <QHelpEvent>
+#include <QInputMethod>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMimeData>
@@ -110,6 +112,7 @@ void TextBox::endUndoStep()
     }
     // Moving the cursor ends an undo step. It comes back, so nobody needs to know.
     const QSignalBlocker quiet(this);
+    const TextSilence silence(*this);
     const int place = cursorPosition();
     home(false);
     end(false);
@@ -123,6 +126,13 @@ void TextBox::followText()
     }
     if (underMouse() && QToolTip::isVisible()) {
         QToolTip::hideText();
+    }
+}
+
+void TextBox::endComposition()
+{
+    if (hasFocus()) {
+        QGuiApplication::inputMethod()->commit();
     }
 }
 
@@ -200,6 +210,7 @@ void TextBox::focusOutEvent(QFocusEvent *event)
     if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) {
         showBeginning();
         emit left();
+        emit typingEnded();
     }
 }
 
@@ -208,6 +219,7 @@ void TextBox::hideEvent(QHideEvent *event)
     // A window that is hidden keeps the focus, but shown again it may give it to another control.
     if (!event->spontaneous()) {
         showBeginning();
+        emit typingEnded();
     }
     QLineEdit::hideEvent(event);
 }

@@ -128,20 +128,6 @@ TEST_F(UnlistedWords, TheBeginningOfAnItemIsMarkedWhenItsWindowIsHidden)
     EXPECT_TRUE(purpose("Combo7").startsWith(kLacksLine));
 }
 
-TEST_F(UnlistedWords, TheBeginningOfAnItemIsMarkedWhenKeysSave)
-{
-    screen("Form3").show();
-    screen("Form1").hide();
-    type("Form3", "matchquality", u"Just"_s);
-    EXPECT_FALSE(combo("Form3", "matchquality").isMarked());
-    given("Form3", "stipulation", {});
-    boxes.expectNotice(u"No Stipulation Stated"_s, u"Stipulation cannot be left blank!"_s);
-    hit("Form3", Qt::Key_S, Qt::ControlModifier);
-    EXPECT_TRUE(combo("Form3", "matchquality").isMarked());
-    EXPECT_EQ(combo("Form3", "matchquality").accessibleDescription(), kLacksLine);
-    EXPECT_TRUE(combo("Form3", "matchquality").hasFocus());
-}
-
 TEST_F(UnlistedWords, AnEmptyFinisherIsMarked)
 {
     goTo(kNormalPath, "Form5");

@@ -111,9 +111,9 @@ void ComboBox::markUnlisted(const QString &warning)
     m_warning = warning;
     m_mark = new WarningMark(m_box);
     m_announcement = new Announcement(this);
-    connect(m_box, &QLineEdit::textChanged, this, &ComboBox::updateMark);
-    connect(m_box, &TextBox::left, this, &ComboBox::updateMark);
-    updateMark();
+    connect(m_box, &QLineEdit::textChanged, this, [this] { updateMark(isBeingTyped()); });
+    connect(m_box, &TextBox::typingEnded, this, [this] { updateMark(false); });
+    updateMark(isBeingTyped());
 }
 
 bool ComboBox::isBeingTyped() const
@@ -121,22 +121,21 @@ bool ComboBox::isBeingTyped() const
     return m_box->hasFocus() && m_box->isModified();
 }
 
-bool ComboBox::isUnlisted() const
+bool ComboBox::isUnlisted(bool isTyping) const
 {
     if (findText(currentText(), Qt::MatchExactly | Qt::MatchCaseSensitive) >= 0) {
         return false;
     }
-    return !isBeingTyped() ||
-           findText(currentText(), Qt::MatchStartsWith | Qt::MatchCaseSensitive) < 0;
+    return !isTyping || findText(currentText(), Qt::MatchStartsWith | Qt::MatchCaseSensitive) < 0;
 }
 
-void ComboBox::updateMark()
+void ComboBox::updateMark(bool isTyping)
 {
-    if (const bool isMarked = isUnlisted(); isMarked != m_isMarked) {
+    if (const bool isMarked = isUnlisted(isTyping); isMarked != m_isMarked) {
         showMark(isMarked);
     }
-    if (!isBeingTyped()) { // a change would be read out at each key, and the mark is announced
-                           // already
+    if (!isTyping) { // a change would be read out at each key, and the mark is announced
+                     // already
         describeMark();
     }
 }

@@ -67,11 +67,11 @@ private:
     /// Sets the current index to the item whose text the box shows, or to none.
     void followText();
     /// Whether the text is outside the list and no beginning of an item that is being typed.
-    bool isUnlisted() const;
+    bool isUnlisted(bool isTyping) const;
     /// Whether the user is changing the text by keys.
     bool isBeingTyped() const;
     /// Brings the mark up to date, and its description once the user has finished typing.
-    void updateMark();
+    void updateMark(bool isTyping);
     void showMark(bool isMarked);
     /// Says in the accessible description whether there is a mark.
     void describeMark();

@@ -1,7 +1,9 @@
 #include "controls/linked_edits.h"
 
 #include "controls/text_box.h"
+#include "controls/text_silence.h"
 
+#include <QAccessible>
 #include <QSignalBlocker>
 
 #include <algorithm>
@@ -44,21 +46,37 @@ private:
     int m_length;
 };
 
+/// Tells assistive technology of a new text, after all steps that led to it.
+void tellChange(TextBox &box, const QString &before)
+{
+    const QString now = box.text();
+    if (now == before) {
+        return;
+    }
+    QAccessibleTextUpdateEvent update(&box, 0, before, now);
+    update.setCursorPosition(box.cursorPosition());
+    QAccessible::updateAccessibility(&update);
+    if (box.hasFocus()) {
+        QAccessibleTextCursorEvent cursor(&box, box.cursorPosition());
+        QAccessible::updateAccessibility(&cursor);
+    }
+}
+
 } // namespace
 
 struct LinkedEdits::Way
 {
-    bool (QLineEdit::*isPossible)() const;
-    void (QLineEdit::*step)();
-    void (QLineEdit::*back)();
+    bool (TextBox::*isPossible)() const;
+    void (TextBox::*step)();
+    void (TextBox::*back)();
     QString Part::*from; ///< the text before the step
     bool isUndo;
 };
 
-const LinkedEdits::Way LinkedEdits::kUndo = {&QLineEdit::isUndoAvailable, &QLineEdit::undo,
-                                             &QLineEdit::redo, &Part::after, true};
-const LinkedEdits::Way LinkedEdits::kRedo = {&QLineEdit::isRedoAvailable, &QLineEdit::redo,
-                                             &QLineEdit::undo, &Part::before, false};
+const LinkedEdits::Way LinkedEdits::kUndo = {&TextBox::isUndoAvailable, &TextBox::undo,
+                                             &TextBox::redo, &Part::after, true};
+const LinkedEdits::Way LinkedEdits::kRedo = {&TextBox::isRedoAvailable, &TextBox::redo,
+                                             &TextBox::undo, &Part::before, false};
 
 void LinkedEdits::make(Bond bond, const std::vector<Change> &changes)
 {
@@ -66,6 +84,7 @@ void LinkedEdits::make(Bond bond, const std::vector<Change> &changes)
     Edit edit = {.bond = bond, .parts = {}};
     for (const Change &change : changes) {
         edit.parts.push_back(insertMarked(change, mark));
+        tellChange(*change.box, edit.parts.back().before);
     }
     m_edits.push_back(std::move(edit));
 }
@@ -73,6 +92,7 @@ void LinkedEdits::make(Bond bond, const std::vector<Change> &changes)
 LinkedEdits::Part LinkedEdits::insertMarked(const Change &change, const QString &mark)
 {
     TextBox &box = *change.box;
+    const TextSilence silence(box);
     Part part = {.box = &box,
                  .cursor = box.cursorPosition(),
                  .before = box.text(),
@@ -97,63 +117,88 @@ LinkedEdits::Part LinkedEdits::insertMarked(const Change &change, const QString 
     return part;
 }
 
-TextBox *LinkedEdits::undo(TextBox &box)
+LinkedEdits::Outcome LinkedEdits::undo(TextBox &box)
 {
     return go(box, kUndo);
 }
 
-TextBox *LinkedEdits::redo(TextBox &box)
+LinkedEdits::Outcome LinkedEdits::redo(TextBox &box)
 {
     return go(box, kRedo);
 }
 
-TextBox *LinkedEdits::go(TextBox &box, const Way &way)
+LinkedEdits::Outcome LinkedEdits::go(TextBox &box, const Way &way)
 {
-    const Edit *edit = next(box, way);
+    Edit *edit = next(box, way);
     if (edit == nullptr) {
-        (box.*way.step)();
-        return nullptr;
+        stepPastMarks(box, way);
+        return {};
     }
     const bool takesAlong = edit->bond == Bond::Whole || edit->parts.front().box == &box;
-    std::vector<const Part *> along;
+    Outcome outcome;
+    std::vector<Part> along;
+    std::vector<const TextBox *> emptied;
     for (const Part &part : edit->parts) {
-        if (part.box == &box || (takesAlong && next(*part.box, way) == edit)) {
-            along.push_back(&part);
-        } else if (edit->bond == Bond::Whole && !(way.isUndo && !part.box->isUndoAvailable())) {
-            return part.box; // unless its history was emptied: then it can never follow
+        TextBox &each = *part.box;
+        if (&each == &box || (takesAlong && next(each, way) == edit)) {
+            along.push_back(part);
+        } else if (edit->bond == Bond::Whole) {
+            if (!way.isUndo || each.isUndoAvailable()) {
+                return {.blocking = &each, .kept = {}};
+            }
+            emptied.push_back(&each); // its history: it can never follow
+        } else if (takesAlong && way.isUndo && next(each, kRedo) != edit) {
+            outcome.kept.push_back(&each);
         }
     }
-    for (const Part *part : along) {
-        pass(*part, way, edit->bond);
+    std::erase_if(edit->parts, [&emptied](const Part &part) {
+        return std::find(emptied.begin(), emptied.end(), part.box) != emptied.end();
+    });
+    for (const Part &part : along) {
+        pass(part, way, edit->bond);
     }
-    return nullptr;
+    return outcome;
 }
 
 void LinkedEdits::pass(const Part &part, const Way &way, Bond bond)
 {
     TextBox &box = *part.box;
+    const QString before = box.text();
     {
-        const QSignalBlocker quiet(box);
-        (box.*way.step)();
+        const TextSilence silence(box);
+        {
+            const QSignalBlocker quiet(box);
+            (box.*way.step)();
+        }
+        stepPastMarks(box, way);
+        if (bond == Bond::Whole && way.isUndo) { // Qt selects what the edit replaced
+            box.setCursorPosition(part.cursor);
+        }
+        if (!box.hasFocus()) {
+            box.showBeginning();
+        }
     }
+    tellChange(box, before);
+}
+
+void LinkedEdits::stepPastMarks(TextBox &box, const Way &way)
+{
     (box.*way.step)();
-    if (bond == Bond::Whole && way.isUndo) { // Qt selects what the edit replaced
-        box.setCursorPosition(part.cursor);
-    }
-    if (!box.hasFocus()) {
-        box.showBeginning();
+    if (box.text().contains(kMarkStart) && (box.*way.isPossible)()) {
+        (box.*way.step)(); // the first one was that of an input method which ended just then
     }
 }
 
-const LinkedEdits::Edit *LinkedEdits::next(TextBox &box, const Way &way) const
+LinkedEdits::Edit *LinkedEdits::next(TextBox &box, const Way &way)
 {
     if (!(box.*way.isPossible)() || !mayBeNext(box, way)) {
         return nullptr;
     }
+    const TextSilence silence(box);
     const QSignalBlocker quiet(box);
     const CursorKeeper cursor(box);
     (box.*way.step)();
-    const Edit *edit = markedIn(box);
+    Edit *edit = markedIn(box);
     (box.*way.back)();
     return edit;
 }
@@ -169,7 +214,7 @@ bool LinkedEdits::mayBeNext(const TextBox &box, const Way &way) const
     });
 }
 
-const LinkedEdits::Edit *LinkedEdits::markedIn(const TextBox &box) const
+LinkedEdits::Edit *LinkedEdits::markedIn(const TextBox &box)
 {
     const QString text = box.text();
     const auto isShown = [&](const Part &part) { return part.box == &box && part.marked == text; };

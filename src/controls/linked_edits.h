@@ -13,7 +13,8 @@ class TextBox;
 /// Each box keeps its own undo history, and an edit is one step in it. To know that step again,
 /// whatever the texts are, an edit puts its number into the history: it inserts the new text with a
 /// mark in it and removes the mark at once. Undo and redo come past the text with the mark, which
-/// is never shown, saved or signalled.
+/// is never shown, saved, signalled or told to assistive technology, which hears of each change as
+/// one.
 class LinkedEdits
 {
 public:
@@ -32,21 +33,28 @@ public:
         QString text; ///< the new text
     };
 
+    /// What an undo or redo did not do.
+    struct Outcome
+    {
+        /// Null; or, where it is all or none, a box with another step, which must be undone first:
+        /// then nothing has changed.
+        TextBox *blocking = nullptr;
+        /// Boxes that were changed since and so were left as they are.
+        std::vector<TextBox *> kept;
+    };
+
     /// Makes an edit, as one undo step in each of its boxes. The cursor moves behind the new text.
     /// \param changes of different boxes; the boxes must live as long as their undo is used
     void make(Bond bond, const std::vector<Change> &changes);
 
     /// Undoes a step in a box. If it is one of these edits, also in the other boxes, as its bond
     /// says. A box that has the focus gets the cursor back where it was.
-    /// \return null; or, if all or none had to be undone, a box with a later step, which must be
-    ///     undone first: then nothing has changed. A box whose undo history was emptied, as
-    ///     setText() does, holds nothing back
-    TextBox *undo(TextBox &box);
+    /// A box whose undo history was emptied, as setText() does, holds nothing back and is no longer
+    /// part of the edit.
+    Outcome undo(TextBox &box);
 
     /// Redoes a step in a box, likewise.
-    /// \return null; or a box where this edit is not the next step to redo: then nothing has
-    ///     changed
-    TextBox *redo(TextBox &box);
+    Outcome redo(TextBox &box);
 
     /// Forgets a box whose undo history was emptied. The other boxes are no longer bound to it.
     void forget(const TextBox &box);
@@ -74,14 +82,16 @@ private:
     static const Way kRedo;
 
     static Part insertMarked(const Change &change, const QString &mark);
-    TextBox *go(TextBox &box, const Way &way);
+    Outcome go(TextBox &box, const Way &way);
     /// The edit that the next step of a box on this way belongs to; null if none. Takes the step
     /// and goes back.
-    const Edit *next(TextBox &box, const Way &way) const;
+    Edit *next(TextBox &box, const Way &way);
     /// Whether the step could be of one of these edits, going by the text alone.
     bool mayBeNext(const TextBox &box, const Way &way) const;
     /// The edit whose mark a box shows; null if none.
-    const Edit *markedIn(const TextBox &box) const;
+    Edit *markedIn(const TextBox &box);
+    /// Takes a step, and another one if the text then has a mark in it.
+    static void stepPastMarks(TextBox &box, const Way &way);
     static void pass(const Part &part, const Way &way, Bond bond);
 
     std::vector<Edit> m_edits;

@@ -1,14 +1,31 @@
 #include "controls/push_button.h"
 
+#include "controls/controls.h"
 #include "controls/long_text.h"
 #include "controls/sizes.h"
+#include "controls/text_box.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QShortcut>
 
 namespace tarvold {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Keys press a button without taking the focus from the box that is typed in.
+void endTyping()
+{
+    QWidget *focused = QApplication::focusWidget();
+    QLineEdit *box = focused == nullptr ? nullptr : controls::textBoxOf(*focused);
+    if (auto *textBox = qobject_cast<TextBox *>(box)) {
+        emit textBox->typingEnded();
+    }
+}
+
+} // namespace
 
 PushButton::PushButton(const QString &caption, QWidget *parent) : QPushButton(caption, parent)
 {
@@ -18,7 +35,10 @@ PushButton::PushButton(const QString &caption, QWidget *parent) : QPushButton(ca
 
 void PushButton::setKeys(const QKeySequence &keys, const QString &name)
 {
-    auto *shortcut = new QShortcut(keys, this, this, &QPushButton::click);
+    auto *shortcut = new QShortcut(keys, this, this, [this] {
+        endTyping();
+        click();
+    });
     shortcut->setAutoRepeat(false); // a held key would run through all screens
     m_keys = keys.toString(QKeySequence::NativeText);
     setAccessibleName(name);
@@ -28,9 +48,18 @@ void PushButton::setKeys(const QKeySequence &keys, const QString &name)
 
 void PushButton::setPurpose(const QString &purpose)
 {
-    const QString told = m_keys.isEmpty() ? purpose : u"%1 (%2)"_s.arg(purpose, m_keys);
-    setAccessibleDescription(told);
-    setToolTip(longtext::toolTip(told));
+    setAccessibleDescription(withKeys(purpose));
+    showPurpose(purpose);
+}
+
+void PushButton::showPurpose(const QString &purpose)
+{
+    setToolTip(longtext::toolTip(withKeys(purpose)));
+}
+
+QString PushButton::withKeys(const QString &purpose) const
+{
+    return m_keys.isEmpty() ? purpose : u"%1 (%2)"_s.arg(purpose, m_keys);
 }
 
 void PushButton::keyPressEvent(QKeyEvent *event)

@@ -21,10 +21,16 @@ public:
     /// the button writes to. It may be of any length.
     void setPurpose(const QString &purpose);
 
+    /// The same, but only in the tooltip: while the user types what it depends on, screen readers
+    /// would read out each change.
+    void showPurpose(const QString &purpose);
+
 protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    QString withKeys(const QString &purpose) const;
+
     QString m_keys; ///< as the tooltip shows them
 };
 

@@ -1,9 +1,11 @@
 #include "controls/text_box.h"
 
 #include "controls/long_text.h"
+#include "controls/text_silence.h"
 
 #include <QApplication>
 #include <QHelpEvent>
+#include <QInputMethod>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMimeData>
@@ -14,6 +16,7 @@
 #include <QToolTip>
 
 #include <algorithm>
+#include <iterator>
 #include <limits>
 #include <utility>
 
@@ -34,6 +37,15 @@ QString onOneLine(QString text)
     return text.replace(lineBreak(), u" "_s);
 }
 
+/// Where what differs from another text ends.
+int endOfChange(const QString &before, const QString &now)
+{
+    const auto first = std::mismatch(before.begin(), before.end(), now.begin(), now.end());
+    const auto last = std::mismatch(before.rbegin(), std::make_reverse_iterator(first.first),
+                                    now.rbegin(), std::make_reverse_iterator(first.second));
+    return static_cast<int>(last.second.base() - now.begin());
+}
+
 } // namespace
 
 TextBox::TextBox(QWidget *parent, FirstClick firstClick)
@@ -48,6 +60,16 @@ TextBox::TextBox(QWidget *parent, FirstClick firstClick)
 void TextBox::paste()
 {
     pasteFrom(QClipboard::Clipboard);
+}
+
+void TextBox::redo()
+{
+    const QString before = text();
+    QLineEdit::redo();
+    const int place = text() == before ? cursorPosition() : endOfChange(before, text());
+    deselect();
+    setCursorPosition(std::min(place, static_cast<int>(text().size())));
+    endUndoStep();
 }
 
 void TextBox::replaceAsOneStep(const QString &text)
@@ -90,6 +112,7 @@ void TextBox::endUndoStep()
     }
     // Moving the cursor ends an undo step. It comes back, so nobody needs to know.
     const QSignalBlocker quiet(this);
+    const TextSilence silence(*this);
     const int place = cursorPosition();
     home(false);
     end(false);
@@ -103,6 +126,13 @@ void TextBox::followText()
     }
     if (underMouse() && QToolTip::isVisible()) {
         QToolTip::hideText();
+    }
+}
+
+void TextBox::endComposition()
+{
+    if (hasFocus()) {
+        QGuiApplication::inputMethod()->commit();
     }
 }
 
@@ -181,6 +211,7 @@ void TextBox::focusOutEvent(QFocusEvent *event)
         m_wasClicked = false;
         showBeginning();
         emit left();
+        emit typingEnded();
     }
 }
 
@@ -190,6 +221,7 @@ void TextBox::hideEvent(QHideEvent *event)
     if (!event->spontaneous()) {
         m_wasClicked = false;
         showBeginning();
+        emit typingEnded();
     }
     QLineEdit::hideEvent(event);
 }
@@ -200,6 +232,11 @@ void TextBox::keyPressEvent(QKeyEvent *event)
         const bool fromSelection = event->key() == Qt::Key_Insert &&
                                    event->modifiers() == (Qt::ControlModifier | Qt::ShiftModifier);
         pasteFrom(fromSelection ? QClipboard::Selection : QClipboard::Clipboard);
+        event->accept();
+        return;
+    }
+    if (event->matches(QKeySequence::Redo) && !isReadOnly()) {
+        redo();
         event->accept();
         return;
     }

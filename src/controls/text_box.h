@@ -37,6 +37,9 @@ public:
     /// Separates what is typed or inserted next from what was before: Ctrl+Z undoes it alone.
     void endUndoStep();
 
+    /// Makes what an input method is composing part of the text.
+    void endComposition();
+
     /// Scrolls to the beginning; the cursor is back in its place when the focus comes back.
     void showBeginning();
 
@@ -53,9 +56,19 @@ public slots:
     /// Hides QLineEdit::paste(). The context menu looks up slots by name and so calls this one.
     void paste();
 
+    /// Hides QLineEdit::redo(), likewise. The cursor is behind what was redone, nothing is
+    /// selected, and what is typed next is an undo step of its own. Qt may select what the next
+    /// step would replace, or put the cursor behind the end, and then typing on would damage the
+    /// text.
+    void redo();
+
 signals:
     /// The focus went to another control of the window, so the user has finished typing.
     void left();
+
+    /// What the text is now is what the user means: the box was left, its window was hidden, or
+    /// keys pressed a button, which doesn't take the focus. May come more than once.
+    void typingEnded();
 
 protected:
     /// Splits a text at its line breaks: CR LF, CR, LF and those of Unicode.

@@ -123,10 +123,17 @@ void Form2::addButtons()
     connect(back, &QPushButton::clicked, this, &Form2::back);
     connect(cancel, &QPushButton::clicked, this, &Form2::goToKinds);
     connect(import, &QPushButton::clicked, this, &Form2::runImport);
-    connect(&control<TextBox>("Text1"), &QLineEdit::textChanged, import,
-            [import](const QString &name) {
-                import->setPurpose(filefacts::purpose(u"Adds to "_s, name));
-            });
+    TextBox &target = control<TextBox>("Text1");
+    const auto purpose = [&target] { return filefacts::purpose(u"Adds to "_s, target.text()); };
+    connect(&target, &QLineEdit::textChanged, import, [import, purpose, &target] {
+        if (target.hasFocus()) {
+            import->showPurpose(purpose());
+        } else {
+            import->setPurpose(purpose());
+        }
+    });
+    connect(&target, &TextBox::typingEnded, import,
+            [import, purpose] { import->setPurpose(purpose()); });
 }
 
 void Form2::showStage(Stage stage)

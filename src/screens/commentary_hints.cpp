@@ -30,6 +30,11 @@ void CommentaryHints::watch(CommentaryLine &line)
     m_lines.push_back(&line);
     connect(&line, &QLineEdit::textChanged, this, &CommentaryHints::update);
     connect(&line, &QLineEdit::cursorPositionChanged, this, &CommentaryHints::update);
+    connect(&line, &CommentaryLine::editStarted, this, [this] { ++m_editsUnderWay; });
+    connect(&line, &CommentaryLine::editEnded, this, [this] {
+        --m_editsUnderWay;
+        update();
+    });
 }
 
 CommentaryHints::State CommentaryHints::state() const
@@ -51,7 +56,7 @@ CommentaryHints::State CommentaryHints::state() const
 void CommentaryHints::update()
 {
     // One key press or click gives several signals.
-    if (m_screen->isVisible() && state() != m_state) {
+    if (m_editsUnderWay == 0 && m_screen->isVisible() && state() != m_state) {
         refresh();
     }
 }
@@ -60,18 +65,23 @@ void CommentaryHints::refresh()
 {
     m_state = state();
     QStringList hints;
+    QStringList all;
     for (const bool isMarked : {true, false}) {
         for (qsizetype line = 0; line < m_state.texts.size(); ++line) {
-            if ((m_lines.at(std::size_t(line)) == m_state.marked) == isMarked) {
-                hints << hintsFor(line);
+            const CommentaryLine *box = m_lines.at(std::size_t(line));
+            if ((box == m_state.marked) == isMarked) {
+                const QStringList inLine = hintsFor(line, std::nullopt);
+                all << inLine;
+                hints << (box == m_state.focused ? hintsFor(line, m_state.cursor) : inLine);
             }
         }
     }
     m_label->showHints(hints);
-    if (hints.value(0) != m_told && !hints.isEmpty()) {
+    m_told.removeIf([&all](const QString &hint) { return !all.contains(hint); });
+    if (!hints.isEmpty() && !m_told.contains(hints.front())) {
+        m_told << hints.front();
         m_spoken->tell(hints.front());
     }
-    m_told = hints.value(0);
 }
 
 void CommentaryHints::tell(const QString &text)
@@ -80,10 +90,8 @@ void CommentaryHints::tell(const QString &text)
     m_spoken->tell(text);
 }
 
-QStringList CommentaryHints::hintsFor(qsizetype line) const
+QStringList CommentaryHints::hintsFor(qsizetype line, std::optional<qsizetype> cursor) const
 {
-    const bool isTyping = m_lines.at(std::size_t(line)) == m_state.focused;
-    const auto cursor = isTyping ? std::optional<qsizetype>(m_state.cursor) : std::nullopt;
     QStringList hints = tags::problemsIn(m_state.texts[line], m_rules, cursor);
     for (QString &each : hints) {
         each = u"Line %1: "_s.arg(line + 1) + each;

@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QStringList>
 
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -18,7 +19,8 @@ class CommentaryLine;
 class HintLine;
 
 /// Says below the lines of commentary what is wrong with the tags in them, first in the yellow one.
-/// Screen readers are told a first hint that is new. These are only hints: anything can be saved.
+/// Screen readers are told each hint once, when it comes first. These are only hints: anything can
+/// be saved.
 class CommentaryHints : public QObject
 {
     Q_OBJECT
@@ -56,7 +58,8 @@ private:
 
     State state() const;
     /// What is wrong with the tags of a line, with its number.
-    QStringList hintsFor(qsizetype line) const;
+    /// \param cursor where the user is typing, if in this line
+    QStringList hintsFor(qsizetype line, std::optional<qsizetype> cursor) const;
     /// Why a tag would be refused now; empty if it would not.
     QString refusalOf(const QString &tag) const;
 
@@ -67,8 +70,10 @@ private:
     std::vector<CommentaryLine *> m_lines;
     HintLine *m_label;
     Announcement *m_spoken;
-    State m_state;  ///< that the hints are for
-    QString m_told; ///< the hint that screen readers were told last
+    State m_state; ///< that the hints are for
+    /// Those of the hints that screen readers were told, also where the cursor hides one for now.
+    QStringList m_told;
+    int m_editsUnderWay = 0; ///< which may change several lines: one update comes after them
 };
 
 } // namespace tarvold

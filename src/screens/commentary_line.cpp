@@ -89,6 +89,8 @@ void CommentaryLine::insertLines(QStringList lines)
 
 void CommentaryLine::swapWith(CommentaryLine &other)
 {
+    endComposition();
+    emit editStarted();
     const int cursor = cursorPosition();
     const auto replaced = [](CommentaryLine &line, const QString &text) {
         return LinkedEdits::Change{&line, 0, static_cast<int>(line.text().size()), text};
@@ -101,26 +103,45 @@ void CommentaryLine::swapWith(CommentaryLine &other)
     }
     other.setFocus(Qt::OtherFocusReason);
     other.setCursorPosition(cursor);
+    emit editEnded();
     emit swapped(&other);
 }
 
 void CommentaryLine::undo()
 {
-    if (TextBox *changed = m_edits->undo(*this)) {
-        emit notUndone(static_cast<CommentaryLine *>(changed));
+    emit editStarted();
+    endComposition();
+    const LinkedEdits::Outcome outcome = m_edits->undo(*this);
+    emit editEnded();
+    if (outcome.blocking != nullptr) {
+        emit notUndone(static_cast<CommentaryLine *>(outcome.blocking));
+    }
+    if (!outcome.kept.empty()) {
+        QList<const CommentaryLine *> kept;
+        for (const TextBox *each : outcome.kept) {
+            kept << static_cast<const CommentaryLine *>(each);
+        }
+        emit partlyUndone(kept);
     }
 }
 
 void CommentaryLine::redo()
 {
-    if (TextBox *changed = m_edits->redo(*this)) {
-        emit notRedone(static_cast<CommentaryLine *>(changed));
+    emit editStarted();
+    endComposition();
+    const LinkedEdits::Outcome outcome = m_edits->redo(*this);
+    emit editEnded();
+    if (outcome.blocking != nullptr) {
+        emit notRedone(static_cast<CommentaryLine *>(outcome.blocking));
     }
 }
 
 void CommentaryLine::insertPasted(const QString &text)
 {
+    endComposition();
+    emit editStarted();
     insertLines(fitted(text));
+    emit editEnded();
 }
 
 void CommentaryLine::dropEvent(QDropEvent *event)
@@ -130,9 +151,11 @@ void CommentaryLine::dropEvent(QDropEvent *event)
         TextBox::dropEvent(event);
         return;
     }
+    QDragLeaveEvent leave;
+    dragLeaveEvent(&leave); // else the cursor that shows where the text would go stays
     setCursorPosition(cursorPositionAt(event->position().toPoint()));
     event->acceptProposedAction();
-    insertLines(fitted(text));
+    insertPasted(text);
 }
 
 void CommentaryLine::append(const QString &text)

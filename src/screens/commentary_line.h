@@ -3,6 +3,8 @@
 #include "controls/linked_edits.h"
 #include "controls/text_box.h"
 
+#include <QList>
+
 #include <memory>
 #include <optional>
 
@@ -57,6 +59,12 @@ public slots:
     void redo();
 
 signals:
+    /// An edit begins that may change several lines and the focus, signal by signal.
+    void editStarted();
+
+    /// That edit is done.
+    void editEnded();
+
     /// A pasted text went into this line and into others below it.
     /// \param lines how many lines, including this one
     void spread(int lines);
@@ -66,6 +74,9 @@ signals:
 
     /// Nothing was undone, as another line was changed since; that must be undone first.
     void notUndone(const tarvold::CommentaryLine *changed);
+
+    /// A paste was undone, but not in these lines below, which were changed since.
+    void partlyUndone(const QList<const tarvold::CommentaryLine *> &kept);
 
     /// Nothing was redone, as another line was changed since.
     void notRedone(const tarvold::CommentaryLine *changed);

@@ -104,7 +104,7 @@ void CommentaryScreen::addLines()
     }
     column().addLayout(grid);
     add(m_hints.label(), "taghint");
-    column().addWidget(m_hints.label());
+    addFoot(m_hints.label());
 }
 
 void CommentaryScreen::announce(CommentaryLine &line)
@@ -122,6 +122,14 @@ void CommentaryScreen::announce(CommentaryLine &line)
             u"Nothing was undone, as line %1 was changed since. Press Ctrl+Z there first."_s.arg(
                 numberOf(*changed)));
     });
+    connect(&line, &CommentaryLine::partlyUndone, this,
+            [this](const QList<const CommentaryLine *> &kept) {
+                QStringList told;
+                for (const CommentaryLine *each : kept) {
+                    told << u"Line %1 was changed since, so it stays."_s.arg(numberOf(*each));
+                }
+                m_hints.tell(told.join(u' '));
+            });
     connect(&line, &CommentaryLine::notRedone, this, [this](const CommentaryLine *changed) {
         m_hints.tell(
             u"Nothing was redone, as line %1 was changed since."_s.arg(numberOf(*changed)));

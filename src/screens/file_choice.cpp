@@ -40,14 +40,23 @@ void keepNoSettings()
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, u"/dev/null"_s);
 }
 
+/// The folder of a file; empty if ".." in it leads nowhere. The system finds the folder above the
+/// one that a link leads to, Qt the folder with the link.
+QString folderOf(const QFileInfo &file)
+{
+    const QString folder = file.path();
+    return QString(folder + u'/').contains("/../"_L1) ? QFileInfo(folder).canonicalFilePath()
+                                                      : folder;
+}
+
 /// Starts the dialog in the folder of the proposed file and with its name, if both are usable. A
 /// folder is not proposed: Qt's own dialog would keep it selected beside the name that is typed.
 void startAt(QFileDialog &dialog, const Question &question)
 {
     const auto path = FilePath::ofTyped(question.name);
-    const QFileInfo file(path ? path->text() : question.usual);
-    const QDir folder = file.absoluteDir();
-    dialog.setDirectory(folder.exists() ? folder : QDir());
+    const QFileInfo file(path ? path->absolute() : question.usual);
+    const QString folder = folderOf(file);
+    dialog.setDirectory(!folder.isEmpty() && QFileInfo(folder).isDir() ? QDir(folder) : QDir());
     const QString name = isTvdName(file.fileName()) ? file.fileName() : question.usual;
     if (!QFileInfo(dialog.directory().filePath(name)).isDir()) {
         dialog.selectFile(name);
@@ -106,9 +115,10 @@ QStringList chosenFiles(QWidget *asking, const QString &title)
 
 QString nameOf(const QString &path)
 {
-    const QFileInfo file(path);
-    const bool isHere = file.absoluteDir().canonicalPath() == QDir().canonicalPath();
-    return isHere ? file.fileName() : QDir::toNativeSeparators(file.absoluteFilePath());
+    const auto typed = FilePath::ofTyped(path);
+    const QFileInfo file(typed ? typed->absolute() : path);
+    const bool isHere = QFileInfo(file.path()).canonicalFilePath() == QDir().canonicalPath();
+    return isHere ? file.fileName() : QDir::toNativeSeparators(file.filePath());
 }
 
 QString withExtension(QString name)

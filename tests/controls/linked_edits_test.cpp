@@ -2,6 +2,7 @@
 #include "controls/text_box.h"
 #include "support/print.h"
 
+#include <QAccessible>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -42,9 +43,9 @@ TEST_F(LinkedEditsTest, AWholeEditIsUndoneAndRedoneFromEitherBox)
     QTest::keyClicks(&box, u"a"_s);
     fill(kWhole, u"one"_s, u"two"_s);
     for (TextBox *at : {&box, &other}) {
-        EXPECT_EQ(edits.undo(*at), nullptr);
+        EXPECT_EQ(edits.undo(*at).blocking, nullptr);
         expectTexts(u"a"_s, {});
-        EXPECT_EQ(edits.redo(*at), nullptr);
+        EXPECT_EQ(edits.redo(*at).blocking, nullptr);
         expectTexts(u"one"_s, u"two"_s);
     }
 }
@@ -69,20 +70,20 @@ TEST_F(LinkedEditsTest, ALaterStepInTheOtherBoxKeepsAWholeEditFromBeingUndone)
     other.home(false);
     QTest::keyClicks(&other, u"xy"_s);
     other.setSelection(1, 2);
-    EXPECT_EQ(edits.undo(box), &other);
+    EXPECT_EQ(edits.undo(box).blocking, &other);
     expectTexts(u"one"_s, u"xytwo"_s);
     QTest::keyClick(&other, Qt::Key_Home);
     QTest::keyClick(&other, Qt::Key_Delete);
     QTest::keyClick(&other, Qt::Key_Delete);
     other.setSelection(3, -2);
     expectTexts(u"one"_s, u"two"_s);
-    EXPECT_EQ(edits.undo(box), &other); // the same text, but not the same step
+    EXPECT_EQ(edits.undo(box).blocking, &other); // the same text, but not the same step
     EXPECT_EQ(other.selectedText(), u"wo"_s);
     EXPECT_EQ(other.cursorPosition(), 1); // all as it was
-    EXPECT_EQ(edits.undo(other), nullptr);
+    EXPECT_EQ(edits.undo(other).blocking, nullptr);
     EXPECT_EQ(other.text(), u"xytwo"_s);
-    EXPECT_EQ(edits.undo(other), nullptr);
-    EXPECT_EQ(edits.undo(box), nullptr);
+    EXPECT_EQ(edits.undo(other).blocking, nullptr);
+    EXPECT_EQ(edits.undo(box).blocking, nullptr);
     expectTexts({}, {});
 }
 
@@ -128,8 +129,8 @@ TEST_F(LinkedEditsTest, TypingEndsWhatCouldBeRedone)
     fill(kWhole, u"one"_s, u"two"_s);
     edits.undo(box);
     QTest::keyClicks(&other, u"x"_s);
-    EXPECT_EQ(edits.redo(box), &other);
-    EXPECT_EQ(edits.redo(other), nullptr);
+    EXPECT_EQ(edits.redo(box).blocking, &other);
+    EXPECT_EQ(edits.redo(other).blocking, nullptr);
     expectTexts({}, u"x"_s);
 }
 
@@ -139,7 +140,7 @@ TEST_F(LinkedEditsTest, AForgottenBoxHoldsNothingBack)
     other.setText({});
     edits.forget(other);
     QTest::keyClicks(&other, u"new"_s);
-    EXPECT_EQ(edits.undo(box), nullptr);
+    EXPECT_EQ(edits.undo(box).blocking, nullptr);
     expectTexts({}, u"new"_s);
 }
 
@@ -148,10 +149,75 @@ TEST_F(LinkedEditsTest, ABoxWhoseTextWasSetHoldsNothingBackOnceItsTypingIsUndone
     fill(kWhole, u"one"_s, u"two"_s);
     other.setText(u"set"_s); // as assistive technology may do
     QTest::keyClicks(&other, u"!"_s);
-    EXPECT_EQ(edits.undo(box), &other);
-    EXPECT_EQ(edits.undo(other), nullptr);
-    EXPECT_EQ(edits.undo(box), nullptr);
+    EXPECT_EQ(edits.undo(box).blocking, &other);
+    EXPECT_EQ(edits.undo(other).blocking, nullptr);
+    EXPECT_EQ(edits.undo(box).blocking, nullptr);
     expectTexts({}, u"set"_s);
+}
+
+TEST_F(LinkedEditsTest, ABoxWhoseTextWasSetDoesNotKeepTheOtherFromRedo)
+{
+    fill(kWhole, u"one"_s, u"two"_s);
+    other.setText(u"set"_s);
+    EXPECT_EQ(edits.undo(box).blocking, nullptr);
+    expectTexts({}, u"set"_s);
+    EXPECT_EQ(edits.redo(box).blocking, nullptr);
+    expectTexts(u"one"_s, u"set"_s);
+}
+
+/// What assistive technology is told of texts and cursors.
+QStringList &heard()
+{
+    static QStringList all;
+    return all;
+}
+
+void hear(QAccessibleEvent *event)
+{
+    switch (event->type()) {
+    case QAccessible::TextUpdated: {
+        const auto &update = static_cast<QAccessibleTextUpdateEvent &>(*event);
+        heard() << update.textRemoved() + u'>' + update.textInserted();
+        break;
+    }
+    case QAccessible::TextInserted:
+        heard() << u'+' + static_cast<QAccessibleTextInsertEvent &>(*event).textInserted();
+        break;
+    case QAccessible::TextRemoved:
+        heard() << u'-' + static_cast<QAccessibleTextRemoveEvent &>(*event).textRemoved();
+        break;
+    case QAccessible::TextCaretMoved:
+        heard() << u"cursor"_s;
+        break;
+    default:
+        break;
+    }
+}
+
+TEST_F(LinkedEditsTest, ScreenReadersHearOfEachChangeAsOneAndNothingOfTheMark)
+{
+    QAccessible::setActive(true);
+    if (!QAccessible::isActive()) {
+        GTEST_SKIP() << "accessibility cannot be made active here";
+    }
+    const auto before = QAccessible::installUpdateHandler(hear);
+    heard().clear();
+    fill(kWhole, u"one"_s, u"two"_s);
+    EXPECT_EQ(heard().join(u' '), u">one >two"_s);
+    heard().clear();
+    edits.undo(other);
+    EXPECT_EQ(heard().join(u' '), u"one> two>"_s);
+    heard().clear();
+    edits.redo(box);
+    EXPECT_EQ(heard().join(u' '), u">one >two"_s);
+    heard().clear();
+    QTest::keyClicks(&box, u"!"_s); // as ever
+    EXPECT_TRUE(heard().contains(u"+!"_s)) << heard().join(u' ').toStdString();
+    heard().clear();
+    EXPECT_EQ(edits.undo(other).blocking, &box); // looks only
+    EXPECT_EQ(heard().join(u' '), QString());
+    EXPECT_EQ(QAccessible::installUpdateHandler(before), hear);
+    QAccessible::setActive(false);
 }
 
 TEST_F(LinkedEditsTest, NothingShowsTheMark)

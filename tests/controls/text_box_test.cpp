@@ -187,6 +187,62 @@ TEST_F(TextBoxTest, UndoingWhatWasTypedAfterAPasteKeepsThePaste)
     EXPECT_EQ(box.text(), u"<pasted>"_s);
 }
 
+TEST_F(TextBoxTest, TypingAfterARedoReplacesNothing)
+{
+    // Qt keeps an impossible selection for a character that was deleted while selected backwards.
+    typeOver(box, u"abc"_s);
+    QTest::keyClick(&box, Qt::Key_Left, Qt::ShiftModifier);
+    QTest::keyClick(&box, Qt::Key_Delete);
+    QTest::keySequence(window.windowHandle(), QKeySequence::Undo);
+    ASSERT_EQ(box.text(), u"abc"_s);
+    QTest::keySequence(window.windowHandle(), QKeySequence::Redo);
+    EXPECT_EQ(box.text(), u"ab"_s);
+    EXPECT_FALSE(box.hasSelectedText());
+    QTest::keyClicks(&box, u"x"_s);
+    EXPECT_EQ(box.text(), u"abx"_s);
+    QTest::keySequence(window.windowHandle(), QKeySequence::Undo);
+    EXPECT_EQ(box.text(), u"ab"_s);
+}
+
+TEST_F(TextBoxTest, ARedoPutsTheCursorBehindWhatItBroughtBack)
+{
+    typeOver(box, u"abc"_s);
+    QTest::keyClick(&box, Qt::Key_Home);
+    QTest::keyClick(&box, Qt::Key_End);
+    QTest::keyClicks(&box, u"d"_s);
+    QTest::keySequence(window.windowHandle(), QKeySequence::Undo);
+    QTest::keySequence(window.windowHandle(), QKeySequence::Undo);
+    QTest::keySequence(window.windowHandle(), QKeySequence::Redo);
+    EXPECT_EQ(box.text(), u"abc"_s);
+    EXPECT_EQ(box.cursorPosition(), 3);
+    QTest::keyClicks(&box, u"x"_s);
+    EXPECT_EQ(box.text(), u"abcx"_s);
+}
+
+TEST_F(TextBoxTest, TypingAfterARedoByTheContextMenuReplacesNothing)
+{
+    typeOver(box, u"One"_s);
+    paste(box, u" Two"_s);
+    box.selectAll();
+    QTest::keyClick(&box, Qt::Key_Delete);
+    for (int times = 0; times < 3; ++times) {
+        QTest::keySequence(window.windowHandle(), QKeySequence::Undo);
+    }
+    const std::unique_ptr<QMenu> menu(box.createStandardContextMenu());
+    const QList<QAction *> actions = menu->actions();
+    for (const QString &expected : {u"One"_s, u"One Two"_s}) {
+        for (QAction *action : actions) {
+            if (action->text().startsWith(u"&Redo"_s)) {
+                action->trigger();
+            }
+        }
+        EXPECT_EQ(box.text(), expected);
+        EXPECT_FALSE(box.hasSelectedText());
+    }
+    QTest::keyClicks(&box, u"!"_s);
+    EXPECT_EQ(box.text(), u"One Two!"_s);
+}
+
 TEST_F(TextBoxTest, AReadOnlyBoxIgnoresPasteAndInputMethods)
 {
     box.setText(u"fixed"_s);

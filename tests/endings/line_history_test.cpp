@@ -60,12 +60,27 @@ protected:
             pasteAtRandom(line, dice);
             break;
         case 5:
-            redo(number);
-            m_model.redo(line);
+            redoAndType(line, dice);
             break;
         default:
             undo(number);
             m_model.undo(line);
+        }
+    }
+
+    /// Redoes a step, and in some rounds types right where that leaves the cursor.
+    void redoAndType(int line, Dice &dice)
+    {
+        const QString before = m_model.text(line);
+        redo(line + 1);
+        m_model.redo(line);
+        const QString text = m_model.text(line);
+        if (text != before && dice.chance(50)) {
+            QLineEdit &box = lineBox(line + 1);
+            const QString word = newWord(dice);
+            const int at = box.cursorPosition();
+            QTest::keyClicks(&box, word);
+            m_model.insert(line, at, word);
         }
     }
 

@@ -203,11 +203,15 @@ TEST_F(PasteLines, ScreenReadersHearWhichLinesWereFilled)
     EXPECT_EQ(announcement.accessibleName(), u"Pasted into lines 3 to 5."_s);
 }
 
-TEST_F(PasteLines, ANewRecordForgetsThePastesOfTheLast)
+TEST_F(PasteLines, UndoAndRedoBringNothingOfAPasteIntoANewRecord)
 {
     pasteInto(1, u"One\nTwo"_s);
     save();
     goTo("Form7");
+    for (const int number : {1, 2}) {
+        undo(number);
+        redo(number);
+    }
     expectLines({});
     write(2, u"Two"_s);
     pasteInto(1, u"One"_s);

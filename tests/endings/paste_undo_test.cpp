@@ -9,6 +9,9 @@ namespace {
 
 class PasteUndo : public LinesTest
 {
+protected:
+    /// What is shown below the lines.
+    QString hint() { return control("Form7", "taghint").accessibleName(); }
 };
 
 TEST_F(PasteUndo, OneUndoUndoesThePasteAndOneRedoRepeatsIt)
@@ -31,6 +34,7 @@ TEST_F(PasteUndo, UndoKeepsLinesThatWereChangedSince)
     QTest::keyClicks(&lineBox(2), u"!"_s);
     hit(1, QKeySequence::Undo);
     expectLines({{}, u"Two!"_s});
+    EXPECT_EQ(hint(), u"Line 2 was changed since, so it stays."_s);
     write(3, u"new"_s);
     hit(1, QKeySequence::Redo);
     expectLines({u"One"_s, u"Two!"_s, u"new"_s});
@@ -101,6 +105,21 @@ TEST_F(PasteUndo, UndoInALineBelowUndoesOnlyItsOwnPart)
     expectLines({u"One"_s, {}, u"Three"_s});
     hit(2, QKeySequence::Redo);
     expectLines({u"One"_s, u"Two"_s, u"Three"_s});
+    undo(2);
+    undo(1);
+    expectLines({});
+    EXPECT_EQ(hint(), QString()); // nothing stays
+}
+
+TEST_F(PasteUndo, AllLinesThatStayAreTold)
+{
+    pasteInto(1, u"One\nTwo\nThree"_s);
+    add(2, u"!"_s);
+    add(3, u"!"_s);
+    undo(1);
+    expectLines({{}, u"Two!"_s, u"Three!"_s});
+    EXPECT_EQ(hint(), u"Line 2 was changed since, so it stays. "
+                      "Line 3 was changed since, so it stays."_s);
 }
 
 } // namespace

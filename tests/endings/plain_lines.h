@@ -33,7 +33,12 @@ public:
         return all;
     }
 
-    void type(int line, const QString &word) { edit({{line, text(line) + word}}, false); }
+    void type(int line, const QString &word) { insert(line, text(line).size(), word); }
+
+    void insert(int line, qsizetype at, const QString &word)
+    {
+        edit({{line, text(line).insert(at, word)}}, false);
+    }
 
     void swap(int line, int other)
     {

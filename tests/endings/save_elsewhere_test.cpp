@@ -184,6 +184,21 @@ using SaveElsewhereByName = SaveElsewhere;
 INSTANTIATE_TEST_SUITE_P(Interview, SaveElsewhereByName, ::testing::Values(kSavingFlows[3]),
                          kNameOfRow);
 
+TEST_P(SaveElsewhereByName, StartsInTheFolderAboveTheOneThatALinkLeadsTo)
+{
+    ASSERT_TRUE(QDir().mkpath(u"far/near"_s));
+    ASSERT_TRUE(QDir().mkpath(u"far/mine.tvd"_s));
+    ASSERT_TRUE(QFile::link(u"far/near"_s, u"link"_s));
+    nameFile(u"link/../mine.tvd"_s);
+    asks();
+    failsFor(u"link/../mine.tvd"_s, "It is a folder.", Answer::Elsewhere);
+    dialogs.expect({u"far"_s, {}, u"good.tvd"_s});
+    saves();
+    pressSave();
+    EXPECT_EQ(namedFile(), QDir(folder.path()).canonicalPath() + u"/far/good.tvd"_s);
+    EXPECT_FALSE(QFile::exists(u"good.tvd"_s));
+}
+
 TEST_P(SaveElsewhereByName, StartsInTheFolderOfTheFailedFileAndShowsAnotherFolderWithItsFullPath)
 {
     ASSERT_TRUE(QDir().mkpath(u"sub/mine.tvd"_s)); // a folder of the file's name

@@ -1,5 +1,8 @@
-#include "controls/announcement.h"
+#include "endings/ear.h"
 #include "endings/lines_test.h"
+
+#include <QApplication>
+#include <QInputMethodEvent>
 
 #include <utility>
 
@@ -21,18 +24,14 @@ protected:
 
     bool isMarked(int number) { return lineBox(number).palette().color(QPalette::Base) == kYellow; }
 
-    /// What screen readers were told last, by any announcement.
-    QStringList told()
-    {
-        QStringList texts;
-        for (const Announcement *each : screen("Form7").findChildren<Announcement *>()) {
-            texts << each->accessibleName();
-        }
-        return texts;
-    }
+    /// What screen readers were told since the lines were shown.
+    QStringList told() { return m_ear.told; }
 
     /// What is shown below the lines.
     QString hint() { return control("Form7", "taghint").accessibleName(); }
+
+private:
+    const Ear m_ear{screen("Form7")};
 };
 
 TEST_F(SwapLines, DownMovesTheLineWithItsCursorAndMark)
@@ -112,6 +111,18 @@ TEST_F(SwapLines, UndoPutsTheCursorBackAndSelectsNothing)
     lineBox(1).setFocus(Qt::OtherFocusReason);
     EXPECT_FALSE(lineBox(1).hasSelectedText());
     EXPECT_EQ(lineBox(1).cursorPosition(), 1);
+}
+
+TEST_F(SwapLines, TypingAfterARedoReplacesNothing)
+{
+    swapDown(1);
+    undo(2);
+    undo(2);
+    expectLines({u"One"_s});
+    redo(2); // of what was typed; the next step is the swap
+    EXPECT_FALSE(lineBox(2).hasSelectedText());
+    QTest::keyClicks(&lineBox(2), u"!"_s);
+    expectLines({u"One"_s, u"Two!"_s});
 }
 
 TEST_F(SwapLines, UndoChangesNothingIfTheOtherLineWasChangedSince)
@@ -199,19 +210,39 @@ TEST_F(SwapLines, ScreenReadersHearWhichLinesWereSwapped)
     EXPECT_TRUE(told().contains(u"Line 2 swapped with line 1."_s));
 }
 
-TEST_F(SwapLines, ANewRecordForgetsTheSwapsOfTheLast)
+TEST_F(SwapLines, UndoAndRedoBringNothingIntoANewRecord)
 {
+    swapDown(1);
+    undo(2);
     swapDown(1);
     save();
     goTo("Form7");
-    expectLines({});
-    undo(1);
-    undo(2);
+    for (int number = 1; number <= 10; ++number) {
+        undo(number);
+        redo(number);
+        EXPECT_FALSE(lineBox(number).isUndoAvailable()) << number;
+        EXPECT_FALSE(lineBox(number).isRedoAvailable()) << number;
+    }
     expectLines({});
     write(1, u"Two"_s);
     write(2, u"One"_s);
     undo(2);
     expectLines({u"Two"_s});
+}
+
+TEST_F(SwapLines, AnUnfinishedCompositionShowsNoMarkAndLosesNoLine)
+{
+    lineBox(1).setFocus(Qt::OtherFocusReason);
+    lineBox(1).setCursorPosition(1);
+    QInputMethodEvent composing(u"xyz"_s, {});
+    QApplication::sendEvent(&lineBox(1), &composing);
+    swapDown(1);
+    expectLines({u"Two"_s, u"One"_s});
+    undo(2);
+    expectLines({u"One"_s, u"Two"_s});
+    QApplication::sendEvent(&lineBox(2), &composing);
+    redo(2);
+    expectLines({u"Two"_s, u"One"_s});
 }
 
 } // namespace

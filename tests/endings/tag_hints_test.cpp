@@ -1,8 +1,10 @@
-#include "controls/announcement.h"
+#include "controls/scroll_pane.h"
+#include "endings/ear.h"
 #include "support/ending_test.h"
 #include "support/tool_tips.h"
 
 #include <QLineEdit>
+#include <QScrollBar>
 
 /// The hints about tags, below the lines of commentary.
 namespace tarvold::testing {
@@ -10,29 +12,6 @@ namespace tarvold::testing {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// Records what screen readers are told by any announcement of a screen.
-class Ear : public QObject
-{
-public:
-    explicit Ear(const QWidget &screen)
-    {
-        for (Announcement *each : screen.findChildren<Announcement *>()) {
-            each->installEventFilter(this);
-        }
-    }
-
-    QStringList told;
-
-protected:
-    bool eventFilter(QObject *watched, QEvent *event) override
-    {
-        if (event->type() == QEvent::Show) {
-            told << static_cast<Announcement *>(watched)->accessibleName();
-        }
-        return QObject::eventFilter(watched, event);
-    }
-};
 
 class TagHints : public EndingTest
 {
@@ -139,6 +118,22 @@ TEST_F(TagHints, ALongHintIsElidedAndNothingMoves)
     EXPECT_LE(label.fontMetrics().horizontalAdvance(text("Form7", "taghint")), label.width());
 }
 
+TEST_F(TagHints, TheHintStaysInSightInALowWindow)
+{
+    QWidget &form = screen("Form7");
+    const QScrollBar &scrollBar = *form.findChild<ScrollPane *>()->verticalScrollBar();
+    constexpr int kFrame = 48; // of a window
+    form.resize(form.width(), 600 - kFrame);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(scrollBar.maximum(), 0); // nothing scrolls yet
+    form.resize(form.width(), 400);
+    QCoreApplication::processEvents();
+    EXPECT_GT(scrollBar.maximum(), 0);
+    lineBox(1).setFocus(Qt::OtherFocusReason);
+    const QWidget &label = control("Form7", "taghint");
+    EXPECT_EQ(label.visibleRegion().boundingRect(), label.rect());
+}
+
 TEST_F(TagHints, ScreenReadersHearAHintOnce)
 {
     const Ear ear(screen("Form7"));
@@ -171,6 +166,48 @@ TEST_F(TagHints, ScreenReadersHearNothingWhileATagIsCorrected)
     EXPECT_EQ(ear.told, QStringList());
     QTest::keyClick(&box, Qt::Key_End);
     EXPECT_EQ(ear.told.size(), 1);
+}
+
+TEST_F(TagHints, ScreenReadersHearNothingWhenTheCursorGoesThroughATag)
+{
+    write(3, u"<recshrtname> wins"_s);
+    const Ear ear(screen("Form7"));
+    QTest::keyClick(&lineBox(3), Qt::Key_Home);
+    for (int times = 0; times < 16; ++times) {
+        QTest::keyClick(&lineBox(3), Qt::Key_Right);
+    }
+    EXPECT_EQ(hint(), kShort);
+    EXPECT_EQ(ear.told, QStringList());
+}
+
+TEST_F(TagHints, ScreenReadersHearEachOfTwoHintsOnce)
+{
+    const QString other = u"Line 5: <nobody> is not a tag."_s;
+    write(5, u"<nobody>"_s);
+    write(3, u"<recshrtname>"_s);
+    const Ear ear(screen("Form7"));
+    for (int times = 0; times < 3; ++times) {
+        lineBox(3).setCursorPosition(5);
+        EXPECT_EQ(hint(), other);
+        QTest::keyClick(&lineBox(3), Qt::Key_End);
+        EXPECT_EQ(hint(), QString(kShort + u" (1 more)"_s));
+    }
+    EXPECT_EQ(ear.told, QStringList());
+    write(3, u"<recshortname>"_s);
+    write(3, u"<recshrtname>"_s); // made again
+    EXPECT_EQ(ear.told, QStringList(kShort));
+}
+
+TEST_F(TagHints, ScreenReadersHearOneHintOfASwap)
+{
+    write(1, u"<nobody>"_s);
+    write(2, u"<recshrtname>"_s);
+    const Ear ear(screen("Form7"));
+    lineBox(1).setFocus(Qt::OtherFocusReason);
+    QTest::keyClick(&lineBox(1), Qt::Key_Down, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(lineBox(2).text(), u"<nobody>"_s);
+    EXPECT_EQ(ear.told,
+              (QStringList{u"Line 2: <nobody> is not a tag."_s, u"Line 1 swapped with line 2."_s}));
 }
 
 TEST_F(TagHints, AHintKeepsNothingFromBeingSaved)

@@ -61,9 +61,14 @@ TEST_F(ImportScreen, TheButtonTellsTheWholePathOfTheFileThatItAddsTo)
         press("Form2", "Command9");
     }
     press("Form2", kImportKinds.front().button);
+    const QString described = button.accessibleDescription();
     type("Form2", "Text1", u"my/<b>own.tvd"_s);
+    EXPECT_EQ(toolTipOf(button), QString(u"Adds to "_s + whole(u"my/<b>own.tvd"_s)));
+    EXPECT_EQ(button.accessibleDescription(), described); // it would be read out at each key
+    QTest::keyClick(screen("Form2").windowHandle(), Qt::Key_Tab);
     expectTold(u"Adds to "_s + whole(u"my/<b>own.tvd"_s));
     type("Form2", "Text1", {});
+    QTest::keyClick(screen("Form2").windowHandle(), Qt::Key_Tab);
     expectTold(u"The file name is empty."_s);
 }
 

@@ -147,7 +147,8 @@ TEST_P(SizesLookTest, OnlyTheLinesScrollInALowCommentaryWindow)
         QWidget &line = shown().control(qPrintable(name));
         EXPECT_TRUE(line.hasFocus()) << number;
         for (QWidget *part : {&line, &tags, &shown().control("Label1"), &shown().control("Label3"),
-                              &shown().control("Command1"), &shown().control("Command2")}) {
+                              &shown().control("taghint"), &shown().control("Command1"),
+                              &shown().control("Command2")}) {
             expectVisible(*part);
         }
     }

@@ -90,6 +90,13 @@ TEST_F(FileFactsTest, ABoxFollowsItsText)
     expectState("Text3", u"no/such.tvd"_s, u"The folder does not exist."_s);
 }
 
+TEST_F(FileFactsTest, ASlashBehindTheNameOfAFileIsNotThatFile)
+{
+    putBytes(u"mine.tvd"_s, records(1));
+    type("Form1", "Text3", u"mine.tvd/"_s); // the system finds nothing there
+    expectState("Text3", u"mine.tvd/"_s, u"The folder does not exist."_s);
+}
+
 TEST_F(FileFactsTest, TheDescriptionChangesOnlyWhenTheUserHasStoppedTyping)
 {
     // Screen readers read it out at each change.
@@ -142,6 +149,8 @@ TEST_F(FileFactsTest, APathIsShownWithoutNeedlessParts)
         {u"/../c.tvd"_s, u"/c.tvd"_s},
         {u"/a/./../c.tvd"_s, u"/a/../c.tvd"_s},
         {u":c.tvd"_s, here + u"/:c.tvd"_s},
+        {u"a//c.tvd/"_s, here + u"/a/c.tvd/"_s},
+        {u"/"_s, u"/"_s},
         {QString(), QString()},
     };
     for (const auto &[name, whole] : expected) {

@@ -32,6 +32,14 @@ protected:
         return toolTipOf(*combo("Form5", name).lineEdit()).value_or(QString());
     }
 
+    /// Presses keys on the window of the screen that is shown.
+    void hit(const char *name, Qt::Key key, Qt::KeyboardModifiers modifiers)
+    {
+        expectActive(screen(name));
+        QTest::keyClick(screen(name).windowHandle(), key, modifiers);
+        boxes.checkAllCame();
+    }
+
     QString purpose(const char *name) { return combo("Form5", name).accessibleDescription(); }
 };
 
@@ -82,6 +90,42 @@ TEST_F(UnlistedWords, TheBeginningOfAnItemIsMarkedOnlyWhenTheUserLeaves)
     EXPECT_FALSE(combo("Form5", "Combo7").isMarked());
     QTest::keyClick(screen("Form5").windowHandle(), Qt::Key_Tab);
     EXPECT_TRUE(combo("Form5", "Combo7").isMarked());
+}
+
+TEST_F(UnlistedWords, TheBeginningOfAnItemIsMarkedWhenKeysPressAButton)
+{
+    goTo(kNormalPath, "Form5");
+    const QString help = purpose("Combo7");
+    const Announcement &announcement = *combo("Form5", "Combo7").findChild<Announcement *>();
+    type("Form5", "Combo7", u"Sub"_s);
+    EXPECT_FALSE(combo("Form5", "Combo7").isMarked());
+    hit("Form5", Qt::Key_Right, Qt::AltModifier);
+    expectOnly("Form6");
+    EXPECT_TRUE(combo("Form5", "Combo7").isMarked());
+    EXPECT_EQ(announcement.accessibleName(), kLacksLine);
+    hit("Form6", Qt::Key_Left, Qt::AltModifier);
+    expectOnly("Form5");
+    EXPECT_TRUE(combo("Form5", "Combo7").isMarked());
+    EXPECT_EQ(purpose("Combo7"), QString(kLacksLine + u' ' + help));
+}
+
+TEST_F(UnlistedWords, AMarkThatAppearedWhileTypingIsDescribedWhenKeysPressAButton)
+{
+    goTo(kNormalPath, "Form5");
+    const QString help = purpose("Combo7");
+    type("Form5", "Combo7", u"Sux"_s);
+    EXPECT_EQ(purpose("Combo7"), help);
+    hit("Form5", Qt::Key_Right, Qt::AltModifier);
+    EXPECT_EQ(purpose("Combo7"), QString(kLacksLine + u' ' + help));
+}
+
+TEST_F(UnlistedWords, TheBeginningOfAnItemIsMarkedWhenItsWindowIsHidden)
+{
+    goTo(kNormalPath, "Form5");
+    type("Form5", "Combo7", u"Sub"_s);
+    screen("Form5").hide();
+    EXPECT_TRUE(combo("Form5", "Combo7").isMarked());
+    EXPECT_TRUE(purpose("Combo7").startsWith(kLacksLine));
 }
 
 TEST_F(UnlistedWords, AnEmptyFinisherIsMarked)

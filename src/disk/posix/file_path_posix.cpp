@@ -84,7 +84,9 @@ QString FilePath::absolute() const
             path << part;
         }
     }
-    return u'/' + path.join(u'/');
+    // A slash at the end means a folder: the system finds no file there.
+    const bool isFolder = m_text.endsWith(u'/') && !path.isEmpty();
+    return u'/' + path.join(u'/') + (isFolder ? u"/"_s : QString());
 }
 
 FilePath::Kind FilePath::kind() const

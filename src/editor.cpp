@@ -81,7 +81,8 @@ void Editor::begin(MenuEntry entry)
 void Editor::end()
 {
     if (m_isEnding) {
-        return; // a records window is asking already, which blocks no other window
+        RecordsWindow::showDialogs(); // one is asking already, which blocks no other window
+        return;
     }
     const QScopedValueRollback ending(m_isEnding, true);
     if (!RecordsWindow::closeAll()) {

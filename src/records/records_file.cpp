@@ -3,6 +3,7 @@
 #include "controls/busy_cursor.h"
 #include "controls/message_box.h"
 #include "disk/read.h"
+#include "records/to_front.h"
 #include "records/window_words.h"
 #include "screens/failures.h"
 #include "screens/file_choice.h"
@@ -285,3 +286,4 @@ bool RecordsFile::mayClose()
 }
 
 } // namespace tarvold::records
+    bringToFront(m_window); // it may be minimised, and the question with it

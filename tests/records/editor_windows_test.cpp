@@ -3,7 +3,9 @@
 #include "support/flow_test.h"
 
 #include <QAction>
+#include <QFile>
 #include <QMessageBox>
+#include <QPointer>
 #include <QSignalSpy>
 
 namespace tarvold::testing {
@@ -163,6 +165,45 @@ TEST_F(EditorWindows, ExitWhileAWindowAsksDoesNothing)
     boxes.beforeItsAnswer([this](QMessageBox &) { clickBeside("Command2"); });
     press("Form1", "Command2");
     EXPECT_EQ(ended.count(), 0);
+    EXPECT_EQ(windows().size(), 1);
+}
+
+TEST_F(EditorWindows, AWindowThatTellsSomethingIsNotClosed)
+{
+    const QSignalSpy ended(&editor, &Editor::exitRequested);
+    pressKeysOn("Text3");
+    const QPointer<RecordsWindow> window = windows().front();
+    const QByteArray tooLong = QByteArray(1'000'001, 'a') + "\r\n" + kBytes;
+    QString text;
+    boxes.catchNotice(u"Write A Similar One"_s, &text);
+    boxes.beforeItsAnswer([&](const QMessageBox &box) {
+        window->showMinimized();
+        clickBeside("Command2");
+        EXPECT_EQ(ended.count(), 0);
+        ASSERT_FALSE(window.isNull());
+        EXPECT_FALSE(window->isMinimized());
+        EXPECT_TRUE(box.isActiveWindow());
+        EXPECT_FALSE(window->close());
+    });
+    emit window->writeSimilarRequested(tooLong, DataFileKind::NormalEndings);
+    ASSERT_EQ(windows().size(), 1);
+    press("Form1", "Command2");
+    EXPECT_EQ(ended.count(), 1);
+}
+
+TEST_F(EditorWindows, AWindowThatAsksComesToTheFront)
+{
+    RecordsWindow *window = changed(u"normreports.tvd"_s);
+    window->showMinimized();
+    expectUnsaved(Answer::Cancel);
+    boxes.beforeItsAnswer([&](const QMessageBox &box) {
+        EXPECT_FALSE(window->isMinimized());
+        window->showMinimized();
+        clickBeside("Command2");
+        EXPECT_FALSE(window->isMinimized()) << "Exit is asked for again";
+        EXPECT_TRUE(box.isActiveWindow());
+    });
+    press("Form1", "Command2");
     EXPECT_EQ(windows().size(), 1);
 }
 

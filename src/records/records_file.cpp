@@ -19,6 +19,11 @@ QString title()
     return QLatin1StringView(messagebox::kTitle);
 }
 
+QString cannotReadAgain(const FileError &error)
+{
+    return u"The file can't be read again: "_s + error.cause;
+}
+
 } // namespace
 
 /// While it lives, a question waits for the user's answer. What happened to the file meanwhile is
@@ -84,7 +89,11 @@ void RecordsFile::take(const QByteArray &bytes, DataFileKind kind)
 
 void RecordsFile::fail(const FileError &error)
 {
-    m_isLoaded = false;
+    if (m_isLoaded) { // what is shown may be the only copy
+        emit noticed(cannotReadAgain(error), true);
+        emit loaded(); // the box shows the kind that it has
+        return;
+    }
     const QString text = words::notRead(m_name, error);
     emit noticed(text.section(u'\n', 2, 2), true); // the cause
     emit failed(text);
@@ -120,7 +129,7 @@ void RecordsFile::readAgain()
         return m_document.reload();
     }();
     if (!read) {
-        emit noticed(u"The file can't be read again: "_s + read.error().cause, true);
+        emit noticed(cannotReadAgain(read.error()), true);
         return;
     }
     emit noticed({}, false);

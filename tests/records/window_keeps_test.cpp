@@ -1,0 +1,58 @@
+#include "controls/combo_box.h"
+#include "records/window_fixture.h"
+
+#include <QMessageBox>
+
+namespace tarvold::testing {
+namespace {
+
+/// What the list, the pane and the disk hold stays together, and nothing of it is lost.
+class WindowKeepsTest : public RecordsWindowTest
+{
+protected:
+    /// Fails the test unless the list highlights this row alone, and the pane shows its record.
+    void expectShown(int row, const QString &text)
+    {
+        EXPECT_EQ(currentRow(), row);
+        EXPECT_EQ(selectedRows(), std::vector<int>({row}));
+        EXPECT_EQ(fieldText(kCommentary), text);
+    }
+
+    /// Writes into the file, which keeps its place on the disk, and waits until the window knows.
+    void writeInPlace(const QByteArray &bytes, const char *file = kFile)
+    {
+        writeFile(file, bytes);
+        QTest::qWait(400); // longer than the window waits for further changes
+    }
+
+    void searchFor(const QString &text, int rows)
+    {
+        auto &search = part<QLineEdit>("search");
+        click(search);
+        QTest::keyClicks(&search, text);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return list().model()->rowCount() == rows; }));
+    }
+};
+
+TEST_F(WindowKeepsTest, AnotherKindOfAFileThatIsGoneKeepsItsOnlyCopy)
+{
+    open(endings(3));
+    typeInto(kCommentary, u"Typed"_s);
+    clickRow(1);
+    ASSERT_TRUE(QFile::remove(QLatin1StringView(kFile)));
+    QTest::qWait(400);
+    QString text;
+    boxes.catchQuestion(title(), &text, Answer::Yes);
+    auto &kind = part<ComboBox>("kind");
+    pick(kind, u"Match endings with turns"_s);
+    EXPECT_TRUE(window().isLoaded());
+    EXPECT_EQ(kind.currentText(), u"Normal match endings"_s);
+    EXPECT_TRUE(notice().startsWith(u"The file can't be read again: "_s)) << notice().toStdString();
+    EXPECT_TRUE(isChanged());
+    expectShown(1, u"Ending 2"_s);
+    press(Qt::CTRL | Qt::Key_S);
+    EXPECT_EQ(onDisk(), QByteArray(ending("Typed") + endings(2, 2)));
+}
+
+} // namespace
+} // namespace tarvold::testing

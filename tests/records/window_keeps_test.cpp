@@ -34,6 +34,56 @@ protected:
     }
 };
 
+TEST_F(WindowKeepsTest, UndoAndRedoOfAMoveShowTheRecordThatMoved)
+{
+    open(endings(6));
+    list().setFocus();
+    clickRow(4);
+    press(Qt::CTRL | Qt::SHIFT | Qt::Key_Up);
+    expectShown(3, u"Ending 5"_s);
+    press(Qt::CTRL | Qt::SHIFT | Qt::Key_Up);
+    expectShown(2, u"Ending 5"_s);
+    press(Qt::CTRL | Qt::Key_Z);
+    expectShown(3, u"Ending 5"_s);
+    press(Qt::CTRL | Qt::Key_Z);
+    expectShown(4, u"Ending 5"_s);
+    press(Qt::CTRL | Qt::Key_Y);
+    expectShown(3, u"Ending 5"_s);
+    clickRow(4); // the one that gave way
+    press(Qt::CTRL | Qt::Key_Z);
+    expectShown(3, u"Ending 4"_s);
+    clickRow(0);
+    press(Qt::CTRL | Qt::Key_Y);
+    expectShown(3, u"Ending 5"_s);
+    clickRow(3);
+    press(Qt::CTRL | Qt::SHIFT | Qt::Key_Down);
+    press(Qt::CTRL | Qt::Key_Z);
+    expectShown(3, u"Ending 5"_s);
+    press(Qt::CTRL | Qt::Key_Z);
+    typeInto(kCommentary, u"Typed"_s);
+    press(Qt::CTRL | Qt::Key_S);
+    EXPECT_EQ(onDisk(), QByteArray(endings(4) + ending("Typed") + endings(1, 6)));
+}
+
+TEST_F(WindowKeepsTest, ARecordThatIsGoneIsNotShownBesideAnEmptyList)
+{
+    open(endings(3));
+    list().setFocus();
+    clickRow(1);
+    press(Qt::CTRL | Qt::Key_D);
+    field(kCommentary);
+    searchFor(u"zzz"_s, 0);
+    action("undo").trigger();
+    EXPECT_FALSE(part<QWidget>("field27").isVisible()) << "what is typed there would be lost";
+    part<QLineEdit>("search").clear();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return list().model()->rowCount() == 3; }));
+    EXPECT_EQ(currentRow(), 0);
+    typeInto(kCommentary, u"Typed"_s);
+    press(Qt::Key_Return);
+    press(Qt::CTRL | Qt::Key_S);
+    EXPECT_EQ(onDisk(), QByteArray(ending("Typed") + endings(2, 2)));
+}
+
 TEST_F(WindowKeepsTest, AnotherKindOfAFileThatIsGoneKeepsItsOnlyCopy)
 {
     open(endings(3));

@@ -104,5 +104,30 @@ TEST_F(WindowKeepsTest, AnotherKindOfAFileThatIsGoneKeepsItsOnlyCopy)
     EXPECT_EQ(onDisk(), QByteArray(ending("Typed") + endings(2, 2)));
 }
 
+TEST_F(WindowKeepsTest, ARefusalOfTheEditorBlocksItsWindowAlone)
+{
+    writeFile("other.tvd", endings(4));
+    openFile("other.tvd");
+    auto &other = window();
+    open(endings(3));
+    QWidget &editor = field(kCommentary);
+    editor.setFocus(Qt::MouseFocusReason);
+    paste(editor, u"\u4e16"_s);
+    QString text;
+    boxes.catchNotice(title(), &text);
+    boxes.beforeItsAnswer([&other](const QMessageBox &box) {
+        EXPECT_EQ(box.windowModality(), Qt::WindowModal);
+        auto &rows = *other.findChild<QAbstractItemView *>(u"list"_s);
+        QTest::mouseClick(rows.viewport(), Qt::LeftButton, {},
+                          rows.visualRect(rows.model()->index(2, 0)).center());
+        EXPECT_EQ(rows.currentIndex().row(), 2);
+    });
+    clickRow(1);
+    QTest::qWait(50);
+    boxes.checkAllCame();
+    expectShown(0, u"Ending 1\u4e16"_s);
+    EXPECT_FALSE(text.isEmpty());
+}
+
 } // namespace
 } // namespace tarvold::testing

@@ -44,14 +44,21 @@ void RecordsWindow::Parts::connectFile()
     QObject::connect(file, &RecordsFile::renamed, &window, [this] { showTitle(); });
     QObject::connect(notice, &NoticeLine::reloadRequested, file, &RecordsFile::reload);
     QObject::connect(kind, &KindBox::kindChosen, file, &RecordsFile::chooseKind);
-    QObject::connect(&document.undoStack(), &QUndoStack::cleanChanged, &window,
-                     [this](bool isClean) {
-                         if (!isClean) {
-                             notice->tell({}); // no longer true, such as "Saved"
-                         }
-                         showTitle();
-                     });
-    QObject::connect(&document, &Document::reset, &window, [this] { showCounts(); });
+    QObject::connect(
+        &document.undoStack(), &QUndoStack::cleanChanged, &window, [this](bool isClean) {
+            if (!isClean) {
+                notice->tell({}); // no longer true, such as "Saved"
+            } else {              // a change on the disk may have waited for that
+                QMetaObject::invokeMethod(file, &RecordsFile::follow, Qt::QueuedConnection);
+            }
+            showTitle();
+        });
+}
+
+void RecordsWindow::Parts::showPlaceholder()
+{
+    list->setPlaceholder(document.count() == 0 ? u"This file has no records."_s
+                                               : u"No record is like that."_s);
 }
 
 void RecordsWindow::Parts::showRecords()

@@ -129,5 +129,18 @@ TEST_F(WindowKeepsTest, ARefusalOfTheEditorBlocksItsWindowAlone)
     EXPECT_FALSE(text.isEmpty());
 }
 
+TEST_F(WindowKeepsTest, UndoingTheLastChangeFollowsTheFileAgain)
+{
+    open(endings(3));
+    list().setFocus();
+    press(Qt::Key_Delete);
+    changeOnDisk(endings(4));
+    ASSERT_TRUE(notice().startsWith(u"The file changed on the disk."_s)) << notice().toStdString();
+    press(Qt::CTRL | Qt::Key_Z);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return list().model()->rowCount() == 4; }));
+    EXPECT_EQ(notice(), u"Read the file again: 4 records."_s);
+    EXPECT_FALSE(part<QWidget>("reload").isVisible());
+}
+
 } // namespace
 } // namespace tarvold::testing

@@ -129,6 +129,32 @@ TEST_F(WindowKeepsTest, ARefusalOfTheEditorBlocksItsWindowAlone)
     EXPECT_FALSE(text.isEmpty());
 }
 
+TEST_F(WindowKeepsTest, AFileThatIsWrittenInPlaceKeepsThePlace)
+{
+    open(endings(30));
+    clickRow(5);
+    writeInPlace({});
+    EXPECT_EQ(list().model()->rowCount(), 0);
+    writeInPlace(endings(28, 2));
+    ASSERT_EQ(list().model()->rowCount(), 28);
+    expectShown(4, u"Ending 6"_s);
+}
+
+TEST_F(WindowKeepsTest, AnEmptyFileThatGrowsShowsItsFirstRecord)
+{
+    open({}, "normreports.tvd");
+    EXPECT_EQ(currentRow(), -1);
+    writeInPlace(endings(2), "normreports.tvd");
+    ASSERT_EQ(list().model()->rowCount(), 2);
+    expectShown(0, u"Ending 1"_s);
+    EXPECT_TRUE(action("delete").isEnabled());
+    searchFor(u"zzz"_s, 0);
+    const QImage grown = list().viewport()->grab().toImage();
+    open(endings(2), "other.tvd");
+    searchFor(u"zzz"_s, 0);
+    EXPECT_EQ(list().viewport()->grab().toImage(), grown) << "\"No record is like that.\"";
+}
+
 TEST_F(WindowKeepsTest, UndoingTheLastChangeFollowsTheFileAgain)
 {
     open(endings(3));

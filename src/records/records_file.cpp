@@ -286,6 +286,7 @@ bool RecordsFile::mayClose()
     if (!hasChanges()) {
         return true;
     }
+    bringToFront(m_window); // it may be minimised, and the question with it
     const messagebox::Unsaved answer = [&] {
         const Asking asking(*this);
         return messagebox::askUnsaved(&m_window, title(), words::unsaved(m_name));
@@ -295,4 +296,3 @@ bool RecordsFile::mayClose()
 }
 
 } // namespace tarvold::records
-    bringToFront(m_window); // it may be minimised, and the question with it

@@ -207,6 +207,21 @@ TEST_F(EditorWindows, AWindowThatAsksComesToTheFront)
     EXPECT_EQ(windows().size(), 1);
 }
 
+TEST_F(EditorWindows, WhatTheContentClearlyTellsComesBeforeTheKindOfTheRow)
+{
+    QFile example(QStringLiteral(TARVOLD_EXAMPLES "/interviews.tvd"));
+    ASSERT_TRUE(example.open(QIODevice::ReadOnly));
+    writeFile("turnreports.tvd", example.readAll());
+    pressKeysOn("Text5");
+    ASSERT_EQ(windows().size(), 1);
+    EXPECT_EQ(windows().front()->kind(), DataFileKind::Interviews);
+    windows().front()->close();
+    writeFile("turnreports.tvd", {}); // an empty file tells nothing
+    pressKeysOn("Text5");
+    ASSERT_EQ(windows().size(), 1);
+    EXPECT_EQ(windows().front()->kind(), DataFileKind::TurnEndings);
+}
+
 TEST_F(EditorWindows, AFlowThatBeganWhileAWindowAskedIsNotLost)
 {
     const QSignalSpy ended(&editor, &Editor::exitRequested);

@@ -2,8 +2,10 @@
 
 #include "controls/combo_box.h"
 #include "controls/message_box.h"
+#include "disk/read.h"
 #include "endings/ending_flow.h"
 #include "import/import_screen.h"
+#include "records/reading.h"
 #include "records/records_window.h"
 #include "records/similar.h"
 #include "screens/main_menu.h"
@@ -21,6 +23,17 @@ namespace tarvold {
 using namespace Qt::StringLiterals;
 using records::RecordsWindow;
 
+namespace {
+
+/// The kind of a file that a row of the main menu names.
+std::optional<DataFileKind> kindOfFile(const QString &name, DataFileKind kindOfRow)
+{
+    const Result<QByteArray> bytes = readFile(name);
+    return bytes ? records::kindFor(*bytes, name, kindOfRow) : kindOfRow;
+}
+
+} // namespace
+
 Editor::Editor(DoubleClickGuard::Clock clock)
     : m_guard(std::move(clock))
     , m_endings(m_screens, endingflow::chain(), endingflow::kLabel)
@@ -37,8 +50,9 @@ Editor::Editor(DoubleClickGuard::Clock clock)
     auto &menu = m_screens.get<Form1>();
     connect(&menu, &Form1::pressed, this, &Editor::begin);
     connect(&menu, &Screen::closeRequested, this, &Editor::end);
-    connect(&menu, &Form1::lookThrough, this,
-            [this](DataFileKind kind, const QString &name) { openRecords(name, kind); });
+    connect(&menu, &Form1::lookThrough, this, [this](DataFileKind kind, const QString &name) {
+        openRecords(name, kindOfFile(name, kind));
+    });
     connect(&menu, &Form1::fileDropped, this,
             [this](const QString &path) { openRecords(path, std::nullopt); });
 }
@@ -81,7 +95,8 @@ void Editor::begin(MenuEntry entry)
 void Editor::end()
 {
     if (m_isEnding) {
-        return; // a records window is asking already, which blocks no other window
+        RecordsWindow::showDialogs(); // one is asking already, which blocks no other window
+        return;
     }
     const QScopedValueRollback ending(m_isEnding, true);
     if (!RecordsWindow::closeAll()) {

@@ -27,6 +27,11 @@ ChosenRecord::ChosenRecord(Document &document, const ProblemScan &scan, RecordLi
             update();
         }
     });
+    connect(&document, &Document::removed, this, [this] {
+        if (m_id && !m_isReset && !shownIndex()) {
+            show(currentIndex()); // with an empty list no other row became the current one
+        }
+    });
     connect(&scan, &ProblemScan::found, this, [this](int first, int last) {
         if (isShown(first, last)) {
             m_pane.setProblems(m_scan.problemsAt(*shownIndex()));
@@ -38,16 +43,32 @@ ChosenRecord::ChosenRecord(Document &document, const ProblemScan &scan, RecordLi
 
 void ChosenRecord::follow()
 {
-    const int index = m_model.indexAt(m_list.currentIndex().row());
-    if (!m_isReset && index >= 0 && m_document.entry(index).id == m_id) {
-        m_model.setChosen(index);
+    if (isCurrentShown()) {
+        m_model.setChosen(currentIndex());
         return;
     }
     if (!m_isReset && !m_pane.commit()) {
         QMetaObject::invokeMethod(this, &ChosenRecord::goBack, Qt::QueuedConnection);
         return;
     }
-    show(index);
+    // What was kept may have started a search anew, and that have brought another current row.
+    if (isCurrentShown()) {
+        m_model.setChosen(currentIndex());
+    } else {
+        show(currentIndex());
+    }
+}
+
+/// The record of the current row; -1: there is none.
+int ChosenRecord::currentIndex() const
+{
+    return m_model.indexAt(m_list.currentIndex().row());
+}
+
+bool ChosenRecord::isCurrentShown() const
+{
+    const int index = currentIndex();
+    return !m_isReset && index >= 0 && m_document.entry(index).id == m_id;
 }
 
 void ChosenRecord::goBack()

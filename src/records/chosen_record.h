@@ -36,6 +36,8 @@ private:
     void showState(int index);
     void keepLine(int field, const QByteArray &line);
     void repair(const Problem &problem);
+    int currentIndex() const;
+    bool isCurrentShown() const;
     bool isShown(int first, int last) const;
     std::optional<int> shownIndex() const;
     Record recordAt(int index) const;

@@ -79,6 +79,15 @@ KindGuess guessKind(QByteArrayView file, const QString &fileName)
     return guess;
 }
 
+std::optional<DataFileKind> kindFor(QByteArrayView file, const QString &fileName,
+                                    DataFileKind expected)
+{
+    const KindGuess guess = guessKind(file, fileName);
+    const bool mayBe =
+        std::find(guess.likely.begin(), guess.likely.end(), expected) != guess.likely.end();
+    return mayBe ? expected : guess.kind;
+}
+
 std::optional<DataFileKind> looksLike(const std::vector<Line> &record, DataFileKind kind)
 {
     std::optional<DataFileKind> found;

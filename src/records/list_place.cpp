@@ -29,8 +29,9 @@ ListPlace::ListPlace(Document &document, const RecordListModel &model, RecordLis
 
 void ListPlace::remember()
 {
-    if (m_isAwaited) {
-        return; // the place before is still the wanted one
+    // The place before is still the wanted one. A file that is written in place is empty meanwhile.
+    if (m_isAwaited || m_document.count() == 0) {
+        return;
     }
     std::vector<int> view;
     for (const QModelIndex &index : {m_list.currentIndex(), m_list.indexAt(QPoint(0, 0))}) {

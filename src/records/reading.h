@@ -44,6 +44,12 @@ struct KindGuess
 /// several kinds or is empty. Looks only at the beginning of a large file.
 KindGuess guessKind(QByteArrayView file, const QString &fileName);
 
+/// The kind that a file is to be read as where its records are expected to be of some kind: that
+/// one, unless the content clearly tells another.
+/// \return nothing if the content fits several other kinds, but not the expected one
+std::optional<DataFileKind> kindFor(QByteArrayView file, const QString &fileName,
+                                    DataFileKind expected);
+
 /// The kind that one record looks like, if that is clearly another than `kind`.
 std::optional<DataFileKind> looksLike(const std::vector<Line> &record, DataFileKind kind);
 

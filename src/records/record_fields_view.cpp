@@ -306,7 +306,7 @@ void RecordFieldsView::tellRefusal(int field, char32_t character)
         m_form != nullptr ? m_form->catalog->fields().at(std::size_t(field)).caption : QString();
     emit refused(field);
     messagebox::notice(window(), QLatin1StringView(messagebox::kTitle),
-                       failures::cannotHold({caption, character}));
+                       failures::cannotHold({caption, character}), messagebox::Blocks::Window);
     m_isRefusing = false;
     goToField(field);
 }

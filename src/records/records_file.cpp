@@ -3,6 +3,7 @@
 #include "controls/busy_cursor.h"
 #include "controls/message_box.h"
 #include "disk/read.h"
+#include "records/to_front.h"
 #include "records/window_words.h"
 #include "screens/failures.h"
 #include "screens/file_choice.h"
@@ -16,6 +17,11 @@ namespace {
 QString title()
 {
     return QLatin1StringView(messagebox::kTitle);
+}
+
+QString cannotReadAgain(const FileError &error)
+{
+    return u"The file can't be read again: "_s + error.cause;
 }
 
 } // namespace
@@ -83,7 +89,11 @@ void RecordsFile::take(const QByteArray &bytes, DataFileKind kind)
 
 void RecordsFile::fail(const FileError &error)
 {
-    m_isLoaded = false;
+    if (m_isLoaded) { // what is shown may be the only copy
+        emit noticed(cannotReadAgain(error), true);
+        emit loaded(); // the box shows the kind that it has
+        return;
+    }
     const QString text = words::notRead(m_name, error);
     emit noticed(text.section(u'\n', 2, 2), true); // the cause
     emit failed(text);
@@ -119,7 +129,7 @@ void RecordsFile::readAgain()
         return m_document.reload();
     }();
     if (!read) {
-        emit noticed(u"The file can't be read again: "_s + read.error().cause, true);
+        emit noticed(cannotReadAgain(read.error()), true);
         return;
     }
     emit noticed({}, false);
@@ -276,6 +286,7 @@ bool RecordsFile::mayClose()
     if (!hasChanges()) {
         return true;
     }
+    bringToFront(m_window); // it may be minimised, and the question with it
     const messagebox::Unsaved answer = [&] {
         const Asking asking(*this);
         return messagebox::askUnsaved(&m_window, title(), words::unsaved(m_name));

@@ -45,6 +45,8 @@ public:
     bool mayClose();
     /// Looks whether the file changed on the disk.
     void look() { m_watch.look(); }
+    /// Shows the file as it is on the disk now, or tells the user why that cannot be.
+    void follow();
 
 signals:
     void loaded();
@@ -64,7 +66,6 @@ private:
 
     void take(const QByteArray &bytes, DataFileKind kind);
     void fail(const FileError &error);
-    void follow();
     void readAgain();
     bool hasChanges() const;
     bool asks(const QString &text);

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <optional>
 
 namespace tarvold::records {
 
@@ -131,7 +132,7 @@ void RecordsTasks::redo()
     }
 }
 
-/// Makes a change and shows the first record that it changed.
+/// Makes a change and shows the first record that it changed, but the current one if that moved.
 void RecordsTasks::follow(const std::function<void()> &change)
 {
     int first = -1;
@@ -139,11 +140,22 @@ void RecordsTasks::follow(const std::function<void()> &change)
         first = first < 0 ? record : std::min(first, record);
     };
     QObject listener;
-    connect(&m_document, &Document::changed, &listener, note);
+    const int before = current();
+    const int id = before < 0 ? -1 : m_document.entry(before).id;
+    std::optional<int> moved;
+    connect(&m_document, &Document::changed, &listener, [&](int from, int last) {
+        note(from);
+        const auto now = m_document.indexOf(id);
+        if (now && *now != before && *now >= from && *now <= last) {
+            moved = now;
+        }
+    });
     connect(&m_document, &Document::inserted, &listener, note);
     connect(&m_document, &Document::removed, &listener, note);
     change();
-    if (first >= 0 && m_document.count() > 0) {
+    if (moved) {
+        goTo(*moved);
+    } else if (first >= 0 && m_document.count() > 0) {
         goTo(std::min(first, m_document.count() - 1));
     }
 }

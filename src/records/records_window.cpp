@@ -5,11 +5,15 @@
 #include "records/records_actions.h"
 #include "records/records_file.h"
 #include "records/records_window_parts.h"
+#include "records/to_front.h"
 #include "screens/file_choice.h"
 #include "screens/file_facts.h"
 
 #include <QCloseEvent>
+#include <QDialog>
 #include <QScreen>
+
+#include <algorithm>
 
 namespace tarvold::records {
 
@@ -45,9 +49,7 @@ RecordsWindow *RecordsWindow::open(const QString &name, std::optional<DataFileKi
 {
     for (RecordsWindow *window : windows()) {
         if (isOf(*window, name)) {
-            window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
-            window->raise();
-            window->activateWindow();
+            bringToFront(*window);
             return window;
         }
     }
@@ -61,6 +63,16 @@ RecordsWindow *RecordsWindow::open(const QString &name, std::optional<DataFileKi
 QList<RecordsWindow *> RecordsWindow::all()
 {
     return windows();
+}
+
+void RecordsWindow::showDialogs()
+{
+    for (RecordsWindow *window : windows()) {
+        if (QDialog *dialog = window->openDialog()) {
+            bringToFront(*window);
+            bringToFront(*dialog);
+        }
+    }
 }
 
 bool RecordsWindow::closeAll()
@@ -117,9 +129,21 @@ void RecordsWindow::offerWriteSimilar()
 
 void RecordsWindow::closeEvent(QCloseEvent *event)
 {
-    // A question that waits for its answer is about changes as well.
-    const bool closes = !m_parts->file->isAsking() && m_parts->file->mayClose();
-    event->setAccepted(closes);
+    // Whoever opened a dialog waits for its end, and looks at the window then.
+    if (openDialog() != nullptr) {
+        showDialogs();
+        event->ignore();
+        return;
+    }
+    event->setAccepted(!m_parts->file->isAsking() && m_parts->file->mayClose());
+}
+
+QDialog *RecordsWindow::openDialog() const
+{
+    const QList<QDialog *> dialogs = findChildren<QDialog *>();
+    const auto open = std::find_if(dialogs.begin(), dialogs.end(),
+                                   [](const QDialog *dialog) { return dialog->isVisible(); });
+    return open != dialogs.end() ? *open : nullptr;
 }
 
 void RecordsWindow::changeEvent(QEvent *event)

@@ -9,6 +9,8 @@
 #include <memory>
 #include <optional>
 
+class QDialog;
+
 namespace tarvold::records {
 
 /// A window that shows all records of one data file, finds, checks and changes them.
@@ -30,8 +32,11 @@ public:
     /// All windows that are open, the oldest first.
     static QList<RecordsWindow *> all();
 
+    /// Brings the windows to the front that wait for an answer, and their dialogs.
+    static void showDialogs();
+
     /// Closes all windows, for the end of the program. Each with changes that are not saved asks
-    /// what to do with them.
+    /// what to do with them. One that waits for an answer already comes to the front instead.
     /// \return `false` if the user keeps one open; the program should not end then
     static bool closeAll();
 
@@ -62,6 +67,10 @@ protected:
 
 private:
     class Parts;
+
+    /// The message or the file dialog that waits for the user; null: none does.
+    QDialog *openDialog() const;
+
     std::unique_ptr<Parts> m_parts;
 };
 

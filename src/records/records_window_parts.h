@@ -78,6 +78,8 @@ private:
     void showScan();
     void writeSimilar();
     void fillSortMenu();
+    void showPlaceholder();
+    void showReset();
     void showRecords();
     void showFailure(const QString &text);
     void showKindBox(bool isShown);

@@ -44,14 +44,21 @@ void RecordsWindow::Parts::connectFile()
     QObject::connect(file, &RecordsFile::renamed, &window, [this] { showTitle(); });
     QObject::connect(notice, &NoticeLine::reloadRequested, file, &RecordsFile::reload);
     QObject::connect(kind, &KindBox::kindChosen, file, &RecordsFile::chooseKind);
-    QObject::connect(&document.undoStack(), &QUndoStack::cleanChanged, &window,
-                     [this](bool isClean) {
-                         if (!isClean) {
-                             notice->tell({}); // no longer true, such as "Saved"
-                         }
-                         showTitle();
-                     });
-    QObject::connect(&document, &Document::reset, &window, [this] { showCounts(); });
+    QObject::connect(
+        &document.undoStack(), &QUndoStack::cleanChanged, &window, [this](bool isClean) {
+            if (!isClean) {
+                notice->tell({}); // no longer true, such as "Saved"
+            } else {              // a change on the disk may have waited for that
+                QMetaObject::invokeMethod(file, &RecordsFile::follow, Qt::QueuedConnection);
+            }
+            showTitle();
+        });
+}
+
+void RecordsWindow::Parts::showPlaceholder()
+{
+    list->setPlaceholder(document.count() == 0 ? u"This file has no records."_s
+                                               : u"No record is like that."_s);
 }
 
 void RecordsWindow::Parts::showRecords()
@@ -59,8 +66,7 @@ void RecordsWindow::Parts::showRecords()
     showKindBox(true);
     kind->show(document.kind());
     pages->setCurrentIndex(0);
-    list->setPlaceholder(document.count() == 0 ? u"This file has no records."_s
-                                               : u"No record is like that."_s);
+    showPlaceholder();
     list->showBeside(model->problemColumn(), RecordListModel::Number + 1);
     list->fitColumns();
     fillSortMenu();
@@ -145,12 +151,23 @@ void RecordsWindow::Parts::connectList()
     for (const auto &signal : {&RecordListModel::rowsInserted, &RecordListModel::rowsRemoved}) {
         QObject::connect(model.get(), signal, &window, [this] { showCounts(); });
     }
+    // After the list's place is found again.
+    QObject::connect(&document, &Document::reset, &window, [this] { showReset(); });
     list->setContextMenuPolicy(Qt::CustomContextMenu);
     QObject::connect(list, &QWidget::customContextMenuRequested, &window,
                      [this](const QPoint &where) {
                          actions->recordMenu().popup(list->viewport()->mapToGlobal(where));
                      });
     QObject::connect(list, &QAbstractItemView::activated, &window, [this] { pane->goToField(0); });
+}
+
+void RecordsWindow::Parts::showReset()
+{
+    showPlaceholder();
+    if (!list->currentIndex().isValid()) {
+        followRows();
+    }
+    showCounts();
 }
 
 /// After a search or a sort the chosen record is in sight again.

@@ -171,8 +171,9 @@ void Form1::lookThroughFocused()
         return row.kind && (&control(row.button) == focused || &control(row.box) == focused);
     };
     const auto *row = std::find_if(kMenuRows.begin(), kMenuRows.end(), hasFocus);
-    const DataFileKind kind = *(row != kMenuRows.end() ? row : kMenuRows.begin())->kind;
-    emit lookThrough(kind, text(fileNameBox(kind).control));
+    if (row != kMenuRows.end()) {
+        emit lookThrough(*row->kind, text(fileNameBox(*row->kind).control));
+    }
 }
 
 } // namespace tarvold

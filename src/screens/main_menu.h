@@ -61,6 +61,7 @@ private:
     /// Gives a button or a box of a row the entry that looks through the row's file.
     void addLookThrough(QWidget &control, DataFileKind kind);
     void showContextMenu(QWidget &control, DataFileKind kind, const QPoint &place);
+    /// The same by the keys, for the row with the focus. Import and Exit name no file.
     void lookThroughFocused();
 
     std::vector<FileFacts *> m_facts; ///< of each file name box

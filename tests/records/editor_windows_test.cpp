@@ -3,7 +3,9 @@
 #include "support/flow_test.h"
 
 #include <QAction>
+#include <QFile>
 #include <QMessageBox>
+#include <QPointer>
 #include <QSignalSpy>
 
 namespace tarvold::testing {
@@ -164,6 +166,60 @@ TEST_F(EditorWindows, ExitWhileAWindowAsksDoesNothing)
     press("Form1", "Command2");
     EXPECT_EQ(ended.count(), 0);
     EXPECT_EQ(windows().size(), 1);
+}
+
+TEST_F(EditorWindows, AWindowThatTellsSomethingIsNotClosed)
+{
+    const QSignalSpy ended(&editor, &Editor::exitRequested);
+    pressKeysOn("Text3");
+    const QPointer<RecordsWindow> window = windows().front();
+    const QByteArray tooLong = QByteArray(1'000'001, 'a') + "\r\n" + kBytes;
+    QString text;
+    boxes.catchNotice(u"Write A Similar One"_s, &text);
+    boxes.beforeItsAnswer([&](const QMessageBox &box) {
+        window->showMinimized();
+        clickBeside("Command2");
+        EXPECT_EQ(ended.count(), 0);
+        ASSERT_FALSE(window.isNull());
+        EXPECT_FALSE(window->isMinimized());
+        EXPECT_TRUE(box.isActiveWindow());
+        EXPECT_FALSE(window->close());
+    });
+    emit window->writeSimilarRequested(tooLong, DataFileKind::NormalEndings);
+    ASSERT_EQ(windows().size(), 1);
+    press("Form1", "Command2");
+    EXPECT_EQ(ended.count(), 1);
+}
+
+TEST_F(EditorWindows, AWindowThatAsksComesToTheFront)
+{
+    RecordsWindow *window = changed(u"normreports.tvd"_s);
+    window->showMinimized();
+    expectUnsaved(Answer::Cancel);
+    boxes.beforeItsAnswer([&](const QMessageBox &box) {
+        EXPECT_FALSE(window->isMinimized());
+        window->showMinimized();
+        clickBeside("Command2");
+        EXPECT_FALSE(window->isMinimized()) << "Exit is asked for again";
+        EXPECT_TRUE(box.isActiveWindow());
+    });
+    press("Form1", "Command2");
+    EXPECT_EQ(windows().size(), 1);
+}
+
+TEST_F(EditorWindows, WhatTheContentClearlyTellsComesBeforeTheKindOfTheRow)
+{
+    QFile example(QStringLiteral(TARVOLD_EXAMPLES "/interviews.tvd"));
+    ASSERT_TRUE(example.open(QIODevice::ReadOnly));
+    writeFile("turnreports.tvd", example.readAll());
+    pressKeysOn("Text5");
+    ASSERT_EQ(windows().size(), 1);
+    EXPECT_EQ(windows().front()->kind(), DataFileKind::Interviews);
+    windows().front()->close();
+    writeFile("turnreports.tvd", {}); // an empty file tells nothing
+    pressKeysOn("Text5");
+    ASSERT_EQ(windows().size(), 1);
+    EXPECT_EQ(windows().front()->kind(), DataFileKind::TurnEndings);
 }
 
 TEST_F(EditorWindows, AFlowThatBeganWhileAWindowAskedIsNotLost)

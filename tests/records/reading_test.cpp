@@ -188,6 +188,19 @@ TEST(GuessKind, TakesTheNameWhereTheContentTellsNothing)
     }
 }
 
+TEST(KindFor, TakesTheExpectedKindUnlessTheContentClearlyTellsAnother)
+{
+    Random random(11);
+    for (int round = 0; round < 60; ++round) {
+        const DataFileKind kind = kAllKinds[round % 6];
+        const QByteArray file = randomFile(random, kind, 5);
+        for (const DataFileKind expected : kAllKinds) {
+            EXPECT_EQ(kindFor(file, u"mine.tvd"_s, expected), kind) << "round " << round;
+            EXPECT_EQ(kindFor({}, u"talkshow.tvd"_s, expected), expected);
+        }
+    }
+}
+
 TEST(LooksLike, NamesTheKindOfARecordInAnotherKindsFile)
 {
     Random random(19);

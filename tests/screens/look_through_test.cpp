@@ -115,12 +115,12 @@ TEST_F(LookThrough, TheKeysMeanTheFileOfTheRowWithTheFocus)
     }
 }
 
-TEST_F(LookThrough, ElsewhereTheKeysMeanTheFirstFile)
+TEST_F(LookThrough, ElsewhereTheKeysMeanNoFile)
 {
     for (const char *name : {"Command8", "Command2"}) {
         menu.control(name).setFocus();
         QTest::keyClick(&menu.control(name), Qt::Key_O, Qt::ControlModifier);
-        expectAsked(kRowsOfMenu[0]);
+        EXPECT_EQ(asked.count(), 0) << name;
     }
 }
 

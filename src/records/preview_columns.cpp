@@ -18,16 +18,23 @@ struct Column
 
 constexpr Column kFirstLine = {"First Line", fields::kCommentary.data()};
 constexpr Column kStipulation = {"Stipulation", &fields::kStipulation};
-constexpr Column kAttacker = {"Attacker", &fields::kAttackerNames};
-constexpr Column kReceiver = {"Receiver", &fields::kReceiverName};
+constexpr Column kAttackerColumn = {"Attacker", &fields::kAttackerNames};
+constexpr Column kReceiverColumn = {"Receiver", &fields::kReceiverName};
 constexpr Column kBasicMatch = {"Match Type", &fields::kBasicMatchType};
 
-constexpr Column kNormalColumns[] = {
-    {"Match Type", &fields::kMatchType}, kStipulation, kAttacker, kReceiver, kFirstLine};
-constexpr Column kRunInColumns[] = {
-    kBasicMatch, kStipulation, kAttacker, kReceiver, {"Run-In By", &fields::kFeudingNames},
-    kFirstLine};
-constexpr Column kTurnColumns[] = {kBasicMatch, kStipulation, kAttacker, kReceiver, kFirstLine};
+constexpr Column kNormalColumns[] = {{"Match Type", &fields::kMatchType},
+                                     kStipulation,
+                                     kAttackerColumn,
+                                     kReceiverColumn,
+                                     kFirstLine};
+constexpr Column kRunInColumns[] = {kBasicMatch,
+                                    kStipulation,
+                                    kAttackerColumn,
+                                    kReceiverColumn,
+                                    {"Run-In By", &fields::kFeudingNames},
+                                    kFirstLine};
+constexpr Column kTurnColumns[] = {kBasicMatch, kStipulation, kAttackerColumn, kReceiverColumn,
+                                   kFirstLine};
 constexpr Column kInterviewColumns[] = {{"Feud", &fields::kFeudType},
                                         {"Side 1", &fields::kSide1Names},
                                         {"Side 2", &fields::kSide2Names},

@@ -9,8 +9,8 @@
 namespace tarvold::records {
 namespace {
 
-constexpr qint64 kSlice = 10;  // milliseconds until the next event
-constexpr qint64 kAtOnce = 50; // milliseconds for records that were changed together
+constexpr qint64 kCheckSlice = 10; // milliseconds until the next event
+constexpr qint64 kAtOnce = 50;     // milliseconds for records that were changed together
 
 } // namespace
 
@@ -103,7 +103,7 @@ std::vector<Problem> ProblemScan::problemsAt(int index) const
 void ProblemScan::work()
 {
     m_busy.start();
-    while (m_next < m_document.count() && m_busy.elapsed() < kSlice) {
+    while (m_next < m_document.count() && m_busy.elapsed() < kCheckSlice) {
         step(m_next++);
     }
     m_busy.invalidate();

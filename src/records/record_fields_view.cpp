@@ -24,8 +24,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qsizetype kMostShown = 2000; ///< of a text that cannot be edited
-constexpr qsizetype kMostSurplus = 20; ///< lines at one place
+constexpr qsizetype kMostOfASurplusLine = 2000; ///< of a text that cannot be edited
+constexpr qsizetype kMostSurplus = 20;          ///< lines at one place
 
 } // namespace
 
@@ -177,7 +177,7 @@ void RecordFieldsView::showSurplus(const Record &record)
         QStringList &here = told.at(rowBehind(line));
         if (here.size() < kMostSurplus) {
             const QString text = codepage::decode(record.lines().at(std::size_t(line)).text);
-            here << u"Line too many: \"%1\""_s.arg(longtext::quoted(text, kMostShown));
+            here << u"Line too many: \"%1\""_s.arg(longtext::quoted(text, kMostOfASurplusLine));
         } else if (here.size() == kMostSurplus) {
             here << u"And more."_s;
         }

@@ -11,8 +11,8 @@
 namespace tarvold::records {
 namespace {
 
-constexpr qint64 kSlice = 10;          // milliseconds until the next event
-constexpr std::size_t kMostSingly = 8; // rows that go one by one
+constexpr qint64 kSortSlice = 10;             // milliseconds until the next event
+constexpr std::size_t kMostRemovedSingly = 8; // rows that go one by one
 
 std::vector<int> fileOrder(int count)
 {
@@ -74,7 +74,7 @@ std::vector<int> RecordListModel::keysFor(int column) const
 
 void RecordListModel::sortOn()
 {
-    if (m_sort && m_sort->work(kSlice)) {
+    if (m_sort && m_sort->work(kSortSlice)) {
         m_sortTimer.stop();
         std::vector<int> order = m_sort->order(m_sortOrder);
         m_sort.reset();
@@ -205,7 +205,7 @@ void RecordListModel::noteRemoval(int first, int last)
 /// Removes the rows whose records are gone.
 void RecordListModel::removeLost()
 {
-    if (std::size_t(std::count(m_rows.begin(), m_rows.end(), -1)) > kMostSingly) {
+    if (std::size_t(std::count(m_rows.begin(), m_rows.end(), -1)) > kMostRemovedSingly) {
         std::vector<int> rows = m_rows;
         std::erase(rows, -1);
         showRows(std::move(rows));

@@ -11,7 +11,7 @@
 namespace tarvold::records {
 namespace {
 
-constexpr qint64 kSlice = 8;              // milliseconds until the next event
+constexpr qint64 kSearchSlice = 8;        // milliseconds until the next event
 constexpr std::size_t kMostSingly = 8;    // rows that come or go one by one
 constexpr std::size_t kBetweenLooks = 16; // records to search before the clock is read
 
@@ -108,7 +108,7 @@ std::vector<int> RecordListModel::searchSlice()
     QElapsedTimer timer;
     timer.start();
     std::vector<int> found;
-    while (m_next < m_candidates.size() && timer.elapsed() < kSlice) {
+    while (m_next < m_candidates.size() && timer.elapsed() < kSearchSlice) {
         const std::size_t end = std::min(m_next + kBetweenLooks, m_candidates.size());
         for (; m_next < end; ++m_next) {
             const int index = m_candidates[m_next];

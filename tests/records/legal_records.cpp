@@ -13,7 +13,7 @@ constexpr const char *kTexts[] = {
     "Ladder Match", "The Ruckus", "Ren\xe9 Duval", "3 Count",     "Big \"Bad\" Hale",
 };
 constexpr const char *kInitials[] = {"No", "XWL", "T.V.", "ABC"};
-constexpr const char *kSentences[] = {
+constexpr const char *kLegalSentences[] = {
     "The referee counts... one, two, three!",
     "He hits it, and that is that.",
     "Nobody gets up from that one",
@@ -36,7 +36,7 @@ QByteArray commentary(const Catalog &catalog, const QByteArrayList &lines, Dice 
     QByteArray text;
     for (int parts = 1 + dice.below(3); parts > 0; --parts) {
         text += tagged(catalog, lines, dice) + (dice.chance(50) ? " " : "") +
-                dice.pick(kSentences) + (parts > 1 ? " " : "");
+                dice.pick(kLegalSentences) + (parts > 1 ? " " : "");
     }
     return text;
 }

@@ -19,7 +19,7 @@ const Catalog &interviews()
     return Catalog::of(DataFileKind::Interviews);
 }
 
-QByteArrayList interviewLines()
+QByteArrayList linesOfAnInterview()
 {
     return newLines(DataFileKind::Interviews);
 }
@@ -32,7 +32,7 @@ std::vector<Problem> problemsOfLines(const QByteArrayList &lines, bool isLast = 
 /// The only problem of an interview whose line for a field is another one.
 Problem problemWith(const RecordField &field, const QByteArray &line)
 {
-    QByteArrayList lines = interviewLines();
+    QByteArrayList lines = linesOfAnInterview();
     lines[interviews().placeOf(field)] = line;
     const std::vector<Problem> problems = problemsOfLines(lines);
     EXPECT_EQ(problems.size(), 1U) << line.toStdString();
@@ -76,7 +76,7 @@ TEST(ProblemTexts, KeepPercentSignsAsTheyAre)
 {
     EXPECT_EQ(problemWith(fields::kHeatIncrease, "%1 %2").text,
               u"Feud Heat Increase: \"%1 %2\" is not a number from 1 to 100."_s);
-    QByteArrayList lines = interviewLines();
+    QByteArrayList lines = linesOfAnInterview();
     lines.insert(3, "%3%1");
     const std::vector<Problem> problems = problemsOfLines(lines);
     ASSERT_EQ(problems.size(), 1U);
@@ -87,7 +87,7 @@ TEST(ProblemTexts, KeepPercentSignsAsTheyAre)
 
 TEST(ProblemTexts, SayWhatIsAddedToTheFileIsReadWrongly)
 {
-    const QByteArrayList lines = interviewLines() << "-BLANK-";
+    const QByteArrayList lines = linesOfAnInterview() << "-BLANK-";
     for (const bool isLast : {false, true}) {
         const std::vector<Problem> problems = problemsOfLines(lines, isLast);
         ASSERT_EQ(problems.size(), 1U);
@@ -153,7 +153,7 @@ TEST(ProblemRepairs, ReadUtf8AsOftenAsItWasSaved)
 
 TEST(ProblemLimits, TellTheFirstTenWrongTagsOfALine)
 {
-    QByteArrayList lines = interviewLines();
+    QByteArrayList lines = linesOfAnInterview();
     lines[9] = QByteArray("<x>").repeated(1000);
     EXPECT_EQ(problemsOfLines(lines).size(), 10U);
 }
@@ -215,7 +215,7 @@ TEST(Comparisons, TellOfTheSameRecordOnce)
 
 TEST(Comparisons, TakeTheNumbersThatTheyAreGiven)
 {
-    const QByteArray bytes = ended(interviewLines());
+    const QByteArray bytes = ended(linesOfAnInterview());
     Comparison comparison(interviews());
     EXPECT_TRUE(comparison.add(Record(bytes, interviews()), 3).empty());
     const std::vector<Problem> problems = comparison.add(Record(bytes, interviews()), 9);
@@ -226,7 +226,7 @@ TEST(Comparisons, TakeTheNumbersThatTheyAreGiven)
 TEST(Comparisons, SeeLinesNotWhereTheyEnd)
 {
     // The same letters, divided into lines in another place.
-    QByteArrayList one = interviewLines();
+    QByteArrayList one = linesOfAnInterview();
     QByteArrayList other = one;
     one[5] = "Rocco";
     one[6] = "Vance";

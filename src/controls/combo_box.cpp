@@ -149,7 +149,7 @@ void ComboBox::updateMark()
     }
     placeMark();
     m_mark->setVisible(isMarked);
-    if (isMarked && isVisible()) {
+    if (isMarked && isVisible() && m_box->isModified()) { // not what another control has put there
         m_announcement->tell(m_warning);
     }
 }

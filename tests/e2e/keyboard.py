@@ -20,6 +20,10 @@ SHORTCUTS = {
 }
 
 
+# Roles of what gets the focus in other ways: panes pass it on, and a click on a text selects there.
+NO_STOPS = ("filler", "label")
+
+
 class Stop:
     """A Tab stop. Its name is fetched when first needed."""
 
@@ -107,9 +111,10 @@ class Keyboard(Program):
         self._wait(f'the row "{name}"', lambda: has(self._row(name), "SELECTED"))
 
     def stops(self):
-        """The visible controls of the active window that can get the focus. Panes pass it on."""
-        return [Stop(each) for each in walk(self.active_window(), (*SIMPLE, LIST, TREE, TABS, "menu bar"))
-                if has(each, "FOCUSABLE", "SHOWING") and each.get_role_name() != "filler"]
+        """The visible controls of the active window that can get the focus by Tab."""
+        things = walk(self.active_window(), (*SIMPLE, LIST, TREE, TABS, "menu bar"))
+        return [Stop(each) for each in things
+                if has(each, "FOCUSABLE", "SHOWING") and each.get_role_name() not in NO_STOPS]
 
     def _stops_with_focus(self):
         stops = self.stops()

@@ -151,7 +151,7 @@ void ComboBox::showMark(bool isMarked)
     m_box->setNote(isMarked ? m_warning : QString());
     placeMark();
     m_mark->setVisible(isMarked);
-    if (isMarked && isVisible()) {
+    if (isMarked && isVisible() && m_box->isModified()) { // not what another control has put there
         m_announcement->tell(m_warning);
     }
 }

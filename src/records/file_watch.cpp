@@ -84,7 +84,8 @@ void FileWatch::watch()
 {
     const QStringList watched = m_watcher.files() + m_watcher.directories();
     for (const QString &place : placesOf(m_name)) {
-        if (!watched.contains(place)) {
+        // Qt would complain on the terminal of what may not be read.
+        if (!watched.contains(place) && QFileInfo(place).isReadable()) {
             m_watcher.addPath(place);
         }
     }

@@ -126,6 +126,7 @@ RecordFieldsView::Row RecordFieldsView::newRow(QGridLayout &grid, const Catalog 
         grid.setAlignment(label, Qt::AlignTop);
     }
     row.editor = newEditor(grid, known, field);
+    row.caption->setBuddy(&row.editor->control()); // assistive technology names a list by its label
     grid.addWidget(&row.editor->control(), top + 1, 2);
     row.note = newLabel(grid, top + 2, 2, 1, u"note"_s + number);
     row.note->hide();

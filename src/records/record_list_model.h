@@ -33,6 +33,9 @@ public:
     /// \param document kept by the caller for as long as the model lives, as is `scan`
     RecordListModel(const Document &document, const ProblemScan &scan, QObject *parent = nullptr);
 
+    /// Whose records it shows.
+    const Document &document() const { return m_document; }
+
     /// The column that says how many problems a record has.
     int problemColumn() const { return Telling + int(m_telling.size()); }
 

@@ -108,7 +108,7 @@ void RecordPane::tell(const Record &record)
 
 void RecordPane::showRecord(const Record &record)
 {
-    m_isUpdate = false;
+    m_areProblemsNew = true;
     tell(record);
     m_shown->showRecord(record);
     m_fields->showRecord(record);
@@ -116,7 +116,6 @@ void RecordPane::showRecord(const Record &record)
 
 void RecordPane::updateRecord(const Record &record)
 {
-    m_isUpdate = true;
     tell(record);
     m_shown->updateRecord(record);
     m_fields->updateRecord(record);
@@ -124,7 +123,7 @@ void RecordPane::updateRecord(const Record &record)
 
 void RecordPane::clear()
 {
-    m_isUpdate = false;
+    m_areProblemsNew = true;
     m_conditions->setText(u"No record is chosen."_s);
     m_problems->setProblems({});
     m_shown->clear();
@@ -137,7 +136,7 @@ void RecordPane::setProblems(const std::vector<Problem> &problems)
     const std::size_t before = m_problems->problems().size();
     m_problems->setProblems(problems);
     m_fields->setProblems(problems);
-    if (std::exchange(m_isUpdate, false) && problems.size() != before) {
+    if (!std::exchange(m_areProblemsNew, false) && problems.size() != before) {
         m_announcement->tell(announcementOf(problems.size()));
     }
 }

@@ -45,8 +45,8 @@ public:
     void updateRecord(const Record &record);
     /// Shows that no record is chosen.
     void clear();
-    /// Shows the problems of the record that is shown; call it after showRecord() or
-    /// updateRecord().
+    /// Shows the problems of the record that is shown; call it after showRecord(), and whenever
+    /// they may have changed. A change of their number is announced.
     void setProblems(const std::vector<Problem> &problems);
     /// Whether the record can be changed; a deleted one cannot.
     void setEditable(bool editable);
@@ -85,7 +85,7 @@ private:
     ShownView *m_shown;
     RecordFieldsView *m_fields;
     Announcement *m_announcement;
-    bool m_isUpdate = false; ///< the problems that come next are those of the same record
+    bool m_areProblemsNew = true; ///< those that come next are not compared with the ones before
 };
 
 } // namespace tarvold::records

@@ -2,7 +2,7 @@
 
 import time
 
-from program import BOX_TITLE, SCREEN_TITLE, Program
+from program import BOX_TITLE, SCREEN_TITLE, Program, records_title
 from things import extents, has, open_list, xdotool
 
 LIST_FRAME = 2  # height in pixels, below an opened list
@@ -28,10 +28,15 @@ class Driver(Program):
         super().wait_box(text, title)
         self._note_appearance()
 
-    def picture(self, name):
-        """Saves a screenshot of the front window, without its frame."""
-        window, *_ = self._wait("a window to take a picture of", lambda:
-                                self._windows(self._box_title) or self._windows(SCREEN_TITLE))
+    def wait_records(self, name):
+        super().wait_records(name)
+        self._note_appearance()
+
+    def picture(self, name, of=None):
+        """Saves a screenshot of the front window or of the records of a file, without its frame."""
+        titles = [records_title(of)] if of else [self._box_title, SCREEN_TITLE]
+        window, *_ = self._wait("a window to take a picture of", lambda: next(
+            filter(None, map(self._windows, titles)), None))
         self._save_picture(name, window)
 
     def press(self, button):
@@ -41,6 +46,15 @@ class Driver(Program):
     def select(self, item):
         """Clicks a row of a list box."""
         self._click(self._wait(f'the row "{item}"', lambda: self._find("list item", item)))
+
+    def select_row(self, name):
+        """Clicks a row of the list of records."""
+        self._click(self._wait(f'the row "{name}"', lambda: self._row(name)))
+
+    def choose_entry(self, menu, entry, keys):
+        """Opens a menu of the menu bar with a click and clicks an entry."""
+        for item in (menu, entry):
+            self._click(self._wait(f'"{item}" in the menu', lambda: self._find("menu item", item)))
 
     def go_to(self, name):
         """Clicks a text or combo box and waits for the focus."""

@@ -1,9 +1,10 @@
 """What the tour does in each flow, and the expected content of the data file.
 
-A flow is a function that takes a driver on the main menu and returns to the main menu. FLOWS lists
-each flow with the file that it writes and the expected lines.
+A flow is a function that takes a driver on the main menu and returns to the main menu. WRITING
+and LOOKING list each flow with the file that it writes and the expected lines; flows_of() tells who does them.
 """
 
+import records_round
 import segment_flows
 import stipulation_flow
 from steps import MENU, TAG_LIST, finish
@@ -166,7 +167,7 @@ TURN = [
     "What a betrayal by <wrestler1>", *["-BLANK-"] * 9,
 ]
 
-FLOWS = [
+WRITING = [
     (normal_ending, "normreports.tvd", NORMAL_ENDING),
     (run_in, "feudreports.tvd", RUN_IN),
     (turn, "turnreports.tvd", TURN),
@@ -175,3 +176,11 @@ FLOWS = [
     (stipulation_flow.stipulations, "stipulations.tvd", stipulation_flow.STIPULATIONS),
     (stipulation_flow.import_interviews, "shared.tvd", segment_flows.INTERVIEW),
 ]
+
+# These look inside windows.
+LOOKING = [(records_round.records, records_round.FILE, records_round.SEASON)]
+
+
+def flows_of(user):
+    """The flows for a user: those who see only windows leave out what needs a look inside."""
+    return WRITING if user in ("recorder", "replay") else [*WRITING, *LOOKING]

@@ -4,7 +4,7 @@ from functools import cached_property
 
 from program import BOX_TITLE, Program, TourError
 from steps import TAG_LIST
-from things import LIST, SIMPLE, extents, has, name_of, walk
+from things import LIST, SIMPLE, TABS, TREE, extents, has, name_of, walk
 
 # Shortcuts for buttons, by name.
 SHORTCUTS = {
@@ -18,6 +18,10 @@ SHORTCUTS = {
     "Edit": "Return",
     "Delete": "Delete",
 }
+
+
+# Roles of what gets the focus in other ways: panes pass it on, and a click on a text selects there.
+NO_STOPS = ("filler", "label")
 
 
 class Stop:
@@ -45,6 +49,11 @@ class Keyboard(Program):
         """Waits for the screen and the focus there, and returns the screen's controls."""
         super().wait_screen(heading)
         return self._wait(f'the focus on the screen "{heading}"', self._stops_with_focus)
+
+    def wait_records(self, name):
+        """Waits for the window and the focus there, and returns the window's controls."""
+        super().wait_records(name)
+        return self._wait(f'the focus in the records of "{name}"', self._stops_with_focus)
 
     def wait_box(self, text, title=BOX_TITLE):
         super().wait_box(text, title)
@@ -94,10 +103,18 @@ class Keyboard(Program):
         self.keys("Home", *["Down"] * names.index(item))
         self._wait(f'the row "{item}"', lambda: has(rows[names.index(item)], "SELECTED"))
 
+    def select_row(self, name):
+        """Moves to a row of the list of records."""
+        self.go_to("Records")
+        names = [cells[0].get_name() for cells in self._rows()]
+        self.keys("Home", *["Down"] * names.index(name))
+        self._wait(f'the row "{name}"', lambda: has(self._row(name), "SELECTED"))
+
     def stops(self):
-        """The visible controls of the active window that can get the focus."""
-        return [Stop(each) for each in walk(self.active_window(), (*SIMPLE, LIST))
-                if has(each, "FOCUSABLE", "SHOWING")]
+        """The visible controls of the active window that can get the focus by Tab."""
+        things = walk(self.active_window(), (*SIMPLE, LIST, TREE, TABS, "menu bar"))
+        return [Stop(each) for each in things
+                if has(each, "FOCUSABLE", "SHOWING") and each.get_role_name() not in NO_STOPS]
 
     def _stops_with_focus(self):
         stops = self.stops()

@@ -5,14 +5,16 @@ sent by xdotool. Every step waits for what it expects, with a timeout, and then 
 message.
 """
 
+import copy
 import os
+import re
 import subprocess
 import time
 import warnings
 
 from desktop import HEIGHT, WIDTH, plain_environment
-from things import (FIELDS, SIMPLE, Atspi, GLib, copy, extents, has, name_of, open_list, value_of, walk,
-                    xdotool)
+from things import (FIELDS, SIMPLE, TREE, Atspi, GLib, extents, has, name_of, open_list, put_on_clipboard,
+                    value_of, walk, xdotool)
 
 warnings.filterwarnings("ignore", category=DeprecationWarning)
 
@@ -36,7 +38,20 @@ class Program:
         self._picture_count = 0
         self._corner = None  # top left corner of all screens, once the first one was moved
         Atspi.init()  # starts the accessibility bus, which the program needs at startup
-        self._process = subprocess.Popen(command, cwd=folder, env=plain_environment(), stderr=log)
+        self._log = log
+        self.program = os.path.abspath(command[-1])
+        self._start(command)
+
+    def beside(self, *command):
+        """Starts another program beside this one, in the same folder and for the same user."""
+        other = copy.copy(self)
+        other._start(command)
+        other._corner = None
+        return other
+
+    def _start(self, command):
+        self._process = subprocess.Popen(command, cwd=self.folder, env=plain_environment(),
+                                         stderr=self._log)
 
     # What the program shows
 
@@ -54,6 +69,15 @@ class Program:
         self._wait(f'the message box "{text}"', lambda: self._windows(title)
                    and self._find("label", text))
         self._wait_active(title)
+
+    def wait_records(self, name):
+        """Waits until the window with the records of a file is active."""
+        self._wait_active(f"{name} - {BOX_TITLE}")
+
+    def wait_rows(self, *rows):
+        """Waits until the list of records has just these rows; of each, some texts are given."""
+        self._wait(f"the records {rows}", lambda: len(rows) == len(shown := self._rows()) and all(
+            set(row) <= {cell.get_name() for cell in cells} for row, cells in zip(rows, shown)))
 
     def wait_label(self, text):
         """Waits until a label shows this text."""
@@ -81,8 +105,9 @@ class Program:
     def finish(self):
         """Called on the main menu at the end of the tour, for checks of the whole tour."""
 
-    def picture(self, name):
-        """Takes a screenshot, in subclasses that do so."""
+    def picture(self, name, of=None):
+        """Takes a screenshot of the front window or of the records of a file, in subclasses that do
+        so."""
 
     def picture_of_all(self, name):
         """Saves a screenshot of the whole display."""
@@ -104,7 +129,7 @@ class Program:
 
     def paste(self, name, text):
         """Pastes at the cursor of the focused box and waits until the box shows just that text."""
-        copy(text)
+        put_on_clipboard(text)
         self.keys("ctrl+v")
         self.wait_value(name, text)
 
@@ -123,6 +148,10 @@ class Program:
         self.keys("Return")
         self._wait_closed(name)
 
+    def choose_entry(self, menu, entry, keys):
+        """Chooses an entry of the menu bar, by its keys."""
+        self.keys(*keys)
+
     def active_window(self):
         """The active window, if it belongs to the program."""
         return next((each for each in self._shown_windows() if has(each, "ACTIVE")), None)
@@ -132,8 +161,25 @@ class Program:
     def _wait_active(self, title):
         """Waits until the window is active, which happens a little after it appears."""
         self._wait(f'"{title}" to become active', lambda: any(
-            has(each, "ACTIVE") and each.get_name().endswith(title)
-            for each in self._shown_windows()))
+            has(each, "ACTIVE") and is_titled(each, title) for each in self._shown_windows()))
+
+    def _rows(self):
+        """The rows of the list of records in the active window, each a list of cells."""
+        tree = next((each for each in walk(self.active_window(), SIMPLE)
+                     if each.get_role_name() == TREE), None)
+        if not tree:
+            return []
+        inside = [tree.get_child_at_index(index) for index in range(tree.get_child_count())]
+        cells = [each for each in inside if each.get_role_name() == "table cell"]
+        columns = sum(each.get_role_name() == "table column header" for each in inside)
+        return [cells[first:first + columns] for first in range(0, len(cells), columns)]
+
+    def _row(self, name):
+        """The first cell of the row that is announced so."""
+        for cells in self._rows():
+            if cells[0].get_name() == name:
+                return cells[0]
+        return None
 
     def _corner_of_screen(self):
         """The position of the screen; empty while one screen replaces another."""
@@ -184,9 +230,9 @@ class Program:
         return None
 
     def _shown(self):
-        """The contents of visible windows. Hidden windows and closed lists are left out: they hold
-        most of the objects, and fetching each takes time."""
-        for window in self._shown_windows():
+        """The contents of visible windows, the active one first. Hidden windows and closed lists are
+        left out: they hold most of the objects, and fetching each takes time."""
+        for window in sorted(self._shown_windows(), key=lambda each: not has(each, "ACTIVE")):
             yield from walk(window, SIMPLE)
 
     def _shown_windows(self):
@@ -240,3 +286,15 @@ class Program:
             if now == before:
                 return
             before = now
+
+
+def records_title(name):
+    """A pattern for the title of the window with the records of a file."""
+    return rf"{re.escape(name)}\*? - {BOX_TITLE}"
+
+
+def is_titled(window, title):
+    """Whether a window has this title. A screen is announced by its heading as well, and a star
+    marks changes."""
+    name = window.get_name().replace("*", "")
+    return name == title or title == SCREEN_TITLE and name.endswith(title)

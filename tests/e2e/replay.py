@@ -9,7 +9,7 @@ import json
 import subprocess
 
 from program import BOX_TITLE, SCREEN_TITLE, Program, TourError
-from things import copy, xdotool
+from things import put_on_clipboard, xdotool
 
 
 class Replay(Program):
@@ -93,7 +93,7 @@ class Replay(Program):
         xdotool("type", "--delay", "2", text)
 
     def _copy(self, text):
-        copy(text)
+        put_on_clipboard(text)
 
     def _wait_list(self, state, picture=None):
         if state == "open":

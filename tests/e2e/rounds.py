@@ -2,7 +2,7 @@
 
 from keyboard import Keyboard, focused
 from program import TourError
-from things import extents, open_list, value_of
+from things import TREE, extents, open_list, value_of
 
 
 class Walker(Keyboard):
@@ -11,6 +11,7 @@ class Walker(Keyboard):
     def __init__(self, *arguments):
         super().__init__(*arguments)
         self._walked = []
+        self._walked_records = []
 
     def wait_screen(self, heading):
         stops = super().wait_screen(heading)
@@ -19,6 +20,18 @@ class Walker(Keyboard):
         if screen not in self._walked:
             self._walked.append(screen)
             self._walk(heading, stops)
+        return stops
+
+    def wait_records(self, name):
+        stops = super().wait_records(name)
+        names = [name, *(stop.name for stop in stops)]
+        if names not in self._walked_records:
+            self._walked_records.append(names)
+            order = columns_order(stops)
+            first = order.index(focused(stops))
+            order = [*order[first:], *order[:first]]
+            self._follow("Tab", [*order[1:], order[0]], order[0])
+            self._follow("shift+Tab", order[::-1], order[0])
         return stops
 
     def finish(self):
@@ -64,6 +77,14 @@ class Walker(Keyboard):
                 and inner.x >= outer.x and inner.x + inner.width <= outer.x + outer.width
                 and inner.y >= outer.y and inner.y + inner.height <= outer.y + outer.height):
             raise TourError(f'"{stop.name}" has the focus but is not visible')
+
+
+def columns_order(stops):
+    """The stops of a records window: what is above the list, the list, and what is beside it."""
+    tree = next(stop for stop in stops if stop.role == TREE)
+    above = [stop for stop in stops if stop.place().y < tree.place().y]
+    beside = [stop for stop in stops if stop not in (*above, tree)]
+    return [*reading_order(above), tree, *reading_order(beside)]
 
 
 def reading_order(stops):

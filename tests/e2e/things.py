@@ -10,6 +10,9 @@ from gi.repository import Atspi, GLib  # noqa: E402, F401
 FIELDS = ("text", "combo box")
 BUTTON = "push button"
 LIST = "list"
+TREE = "tree"  # a list of rows with columns
+TABS = "page tab list"
+CHECK_BOX = "check box"
 SIMPLE = (*FIELDS, BUTTON, "label", "scroll bar")  # roles whose children are not searched
 
 
@@ -56,7 +59,7 @@ def xdotool(*arguments):
     subprocess.run(["xdotool", *arguments], check=True)
 
 
-def copy(text):
+def put_on_clipboard(text):
     """Puts a text on the clipboard."""
     # It keeps running, and would print an error when the display closes.
     subprocess.run(["xclip", "-selection", "clipboard"], input=text.encode(),

@@ -20,6 +20,8 @@ With --like, the data files must be equal to those that another tour left in tha
 """
 
 import argparse
+import contextlib
+import fcntl
 import filecmp
 import glob
 import os
@@ -35,7 +37,7 @@ import watch
 import wine
 from desktop import Desktop
 from driver import Driver
-from flows import FLOWS
+from flows import flows_of
 from listener import Listener
 from points import tracing_refused
 from program import TourError
@@ -46,6 +48,7 @@ from steps import MENU
 
 LOG = "tour.log"
 TRACE = "calls.trace"
+SHOWN_FOLDER = "/tmp/tarvold-tour"
 USERS = {"mouse": Driver, "keys": Walker, "ear": Listener, "recorder": Recorder, "replay": Replay}
 
 
@@ -94,8 +97,10 @@ def tour(arguments, log):
     trace = os.path.join(os.path.abspath(folder), TRACE)
     program = os.path.abspath(arguments.program)
     command = watch.command(trace, program) if arguments.watch else [program]
+    flows = flows_of(arguments.by)
     more = {"recording": arguments.recording} if arguments.recording else {}
-    with Desktop(log), tempfile.TemporaryDirectory() as work:
+    folder_of_work = shown_folder() if arguments.by == "mouse" else tempfile.TemporaryDirectory()
+    with Desktop(log), folder_of_work as work:
         if arguments.wine:
             wine.prepare(arguments.wine, log)
             command = wine.command(arguments.wine, "wine", program)
@@ -104,7 +109,7 @@ def tour(arguments, log):
             driver.wait_screen(MENU)
             driver.move_window()
             driver.picture("menu")
-            for flow, _, _ in FLOWS:
+            for flow, _, _ in flows:
                 flow(driver)
             driver.finish()
             driver.press("Exit")
@@ -116,40 +121,60 @@ def tour(arguments, log):
             driver.stop()
             for name in os.listdir(work):
                 shutil.copy(os.path.join(work, name), folder)
-        check_files(work)
+        check_files(work, flows)
         if arguments.like:
-            check_same(work, arguments.like)
+            check_same(work, arguments.like, flows)
         if arguments.watch:
-            check_calls(trace, work)
+            check_calls(trace, work, flows)
     if arguments.pictures == "renew":
         pictures.renew(folder)
     elif arguments.pictures == "check":
         check_pictures(folder)
 
 
-def check_files(work):
+@contextlib.contextmanager
+def shown_folder():
+    """An empty folder that has the same path in every tour, as screenshots show it. Another tour has
+    to wait."""
+    os.makedirs(SHOWN_FOLDER, mode=0o700, exist_ok=True)
+    lock = os.open(SHOWN_FOLDER, os.O_RDONLY | os.O_DIRECTORY)
+    try:
+        fcntl.flock(lock, fcntl.LOCK_EX)
+        empty(SHOWN_FOLDER)
+        yield SHOWN_FOLDER
+        empty(SHOWN_FOLDER)
+    finally:
+        os.close(lock)
+
+
+def empty(folder):
+    for name in os.listdir(folder):
+        os.remove(os.path.join(folder, name))
+
+
+def check_files(work, flows):
     """Fails unless the folder contains exactly the files of the flows, byte for byte."""
-    names = sorted(name for _, name, _ in FLOWS)
+    names = sorted(name for _, name, _ in flows)
     if sorted(os.listdir(work)) != names:
         raise TourError(f"the program wrote {sorted(os.listdir(work))}, not {names}")
-    for _, name, lines in FLOWS:
+    for _, name, lines in flows:
         with open(os.path.join(work, name), "rb") as file:
             compare(name, file.read(), "".join(line + "\r\n" for line in lines).encode("cp1252"))
 
 
-def check_same(work, other):
+def check_same(work, other, flows):
     """Fails unless two folders contain equal data files, byte for byte."""
-    names = sorted(name for _, name, _ in FLOWS)
+    names = sorted(name for _, name, _ in flows)
     same, *_ = filecmp.cmpfiles(work, other, names, shallow=False)
     if same != names:
         raise TourError(f"{sorted(set(names) - set(same))} differ in {other}")
     print(f"All {len(names)} data files are equal to those in {other}.")
 
 
-def check_calls(trace, work):
+def check_calls(trace, work, flows):
     """Fails unless the trace shows the data files being written, and no forbidden call."""
     lines = watch.lines_of(trace)
-    unseen = {name for _, name, _ in FLOWS} - watch.data_files(lines)
+    unseen = {name for _, name, _ in flows} - watch.data_files(lines)
     if unseen:
         raise TourError(f"the trace does not show {unseen} being written")
     complaints = watch.complaints(lines, work)

@@ -3,6 +3,7 @@
 #include "support/spoken.h"
 #include "support/tool_tips.h"
 
+#include <QAccessible>
 #include <QLabel>
 #include <QLineEdit>
 #include <QScrollBar>
@@ -487,6 +488,16 @@ TEST_F(PaneTest, TellsAssistiveTechnologyTheNameOfEachControl)
             }
         }
     }
+}
+
+TEST_F(PaneTest, NamesEachListByALabel)
+{
+    // Qt reports the text of a list as its name, whatever name it was given.
+    open(NormalEndings);
+    const auto labels = QAccessible::queryAccessibleInterface(&combo(kFinisher))
+                            ->relations(QAccessible::Label);
+    ASSERT_EQ(labels.size(), 1);
+    EXPECT_EQ(labels.front().first->text(QAccessible::Name), u"Attacker(s) Finisher Type"_s);
 }
 
 TEST_F(PaneTest, KeepsAnItemThatIsPickedByKeyboard)

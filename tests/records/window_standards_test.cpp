@@ -1,3 +1,4 @@
+#include "controls/announcement.h"
 #include "controls/combo_box.h"
 #include "records/catalog.h"
 #include "records/window_fixture.h"
@@ -91,6 +92,33 @@ TEST_F(WindowStandardsTest, ARecordIsCorrectedAndSavedByKeyboardAlone)
     EXPECT_EQ(onDisk(), endings(1) + ending("By keyboard") + endings(1, 3));
     press(Qt::CTRL | Qt::Key_W);
     EXPECT_TRUE(QTest::qWaitFor([this] { return !isOpen(); }));
+}
+
+TEST_F(WindowStandardsTest, HowManyProblemsAreLeftIsAnnounced)
+{
+    open(endings(1) + faulty("Ending 2"));
+    clickRow(1);
+    const auto *announcement =
+        part<QWidget>("record").findChild<Announcement *>(QString(), Qt::FindDirectChildrenOnly);
+    ASSERT_NE(announcement, nullptr);
+    EXPECT_EQ(announcement->accessibleName(), QString());
+    QTest::mouseClick(&part<QWidget>("repair"), Qt::LeftButton);
+    EXPECT_EQ(announcement->accessibleName(), u"No problems."_s);
+    press(QKeySequence::Undo);
+    EXPECT_EQ(announcement->accessibleName(), u"1 problem."_s);
+}
+
+TEST_F(WindowStandardsTest, AWordOutsideTheListIsAnnouncedOnlyWhereTheUserPutsIt)
+{
+    open(endings(1) + ending("Ending 2", "Sinfles"));
+    press(Qt::CTRL | Qt::Key_2);
+    clickRow(1);
+    const auto *announcement = part<ComboBox>("field1").findChild<Announcement *>();
+    EXPECT_TRUE(part<ComboBox>("field1").isMarked());
+    EXPECT_EQ(announcement->accessibleName(), QString());
+    clickRow(0);
+    typeInto(1, u"Sinfles"_s);
+    EXPECT_EQ(announcement->accessibleName(), u"Not in the list."_s);
 }
 
 TEST_F(WindowStandardsTest, AMissingFileIsToldAndShownOnceItIsThere)

@@ -2,10 +2,12 @@
 
 #include "controls/combo_box.h"
 #include "controls/scroll_bar.h"
+#include "records/records_window.h"
 #include "screens/commentary_line.h"
 #include "screens/screen.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
@@ -133,7 +135,8 @@ QString windows()
 {
     QStringList seen;
     for (const QWidget *window : QApplication::topLevelWidgets()) {
-        if (window->isVisible() && !isPopup(*window)) {
+        const bool isBeside = qobject_cast<const records::RecordsWindow *>(window) != nullptr;
+        if (window->isVisible() && !isPopup(*window) && !isBeside) {
             seen << window->objectName();
         }
     }
@@ -146,6 +149,30 @@ QString windows()
     return visibleScreen()->windowTitle() == u"Tarvold 1.3 Data Editor"_s
                ? QString()
                : u"the window has the wrong title"_s;
+}
+
+std::map<QString, QString> contents()
+{
+    std::map<QString, QString> all;
+    for (const QWidget *window : QApplication::topLevelWidgets()) {
+        const auto *screen = qobject_cast<const Screen *>(window);
+        if (screen == nullptr) {
+            continue;
+        }
+        all[screen->objectName()] = screen->isVisible() ? u"visible"_s : u"hidden"_s;
+        for (const QLineEdit *field : screen->findChildren<QLineEdit *>()) {
+            const auto *line = qobject_cast<const CommentaryLine *>(field);
+            all[nameOf(*field->parentWidget()) + u'/' + field->objectName()] =
+                field->text() + (line != nullptr && line->isMarked() ? u" yellow"_s : QString());
+        }
+        for (const QScrollBar *bar : screen->findChildren<ScrollBar *>()) {
+            all[nameOf(*bar)] = QString::number(bar->value());
+        }
+        for (const QLabel *tag : screen->findChildren<QLabel *>(u"hiddenlabel"_s)) {
+            all[nameOf(*tag)] = tag->text();
+        }
+    }
+    return all;
 }
 
 QString controls(const Screen &screen)

@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <map>
+
 namespace tarvold {
 class Screen;
 }
@@ -10,11 +12,15 @@ class Screen;
 /// error message, or an empty text.
 namespace tarvold::testing::checks {
 
-/// Exactly one window of the program is visible, and can be used.
+/// Exactly one window of the program is visible beside the records windows, and can be used.
 QString windows();
 
 /// The controls of the visible screen are in a valid state.
 QString controls(const Screen &screen);
+
+/// What the author has put in on all screens: texts, bars, the yellow line and the last tag, by
+/// screen and control.
+std::map<QString, QString> contents();
 
 /// The visible screen, or null.
 Screen *visibleScreen();

@@ -1,5 +1,6 @@
 #include "walk/day.h"
 
+#include "records/records_window.h"
 #include "screens/main_menu.h"
 #include "support/mouse.h"
 #include "walk/checks.h"
@@ -37,6 +38,8 @@ const Day::Action Day::kActions[] = {
     {"name a file",          3, &Day::nameFile},
     {"write the first line", 8, &Day::writeFirstLine},
     {"change the folder",    3, &Day::changeFolder},
+    {"open records",        30, &Day::openRecords},
+    {"use records",         14, &Day::useRecords},
 };
 // clang-format on
 
@@ -61,6 +64,7 @@ Day::Day(unsigned seed) : m_dice(seed), m_oldFolder(QDir::currentPath())
 
 Day::~Day()
 {
+    qDeleteAll(records::RecordsWindow::all());
     QDir::setCurrent(m_oldFolder);
 }
 
@@ -147,8 +151,10 @@ void Day::step()
 
 QString Day::checkFolder()
 {
-    const bool hasLoaded = m_shown == u"Form1"_s && screen().objectName() == u"Form16"_s;
-    m_shown = screen().objectName();
+    // "Write A Similar One" goes from the main menu by way of the list to the form at once.
+    const QString now = screen().objectName();
+    const bool hasLoaded = m_shown == u"Form1"_s && (now == u"Form16"_s || now == u"Form3"_s);
+    m_shown = now;
     return hasLoaded ? m_ledger->checkLoaded(nameIn(Form1::fileNameBox(DataFileKind::Stipulations)))
                      : m_ledger->checkUnchanged();
 }

@@ -13,6 +13,10 @@
 #include <set>
 #include <string>
 
+namespace tarvold::records {
+class RecordsWindow;
+}
+
 class QFileDialog;
 class QLineEdit;
 class QMessageBox;
@@ -80,6 +84,32 @@ private:
     bool nameFile();
     bool writeFirstLine();
     bool changeFolder();
+    bool openRecords();
+    bool useRecords();
+
+    /// An action in a records window, which may close it.
+    struct RecordsAction
+    {
+        const char *name;
+        int weight;
+        void (Day::*act)(records::RecordsWindow &window);
+    };
+    static const RecordsAction kRecordsActions[];
+
+    void followRecords();
+    void actIn(records::RecordsWindow &window);
+    void chooseRecord(records::RecordsWindow &window);
+    void changeField(records::RecordsWindow &window);
+    void pressKeysIn(records::RecordsWindow &window);
+    void chooseEntry(records::RecordsWindow &window);
+    void copyRecords(records::RecordsWindow &window);
+    void writeSimilar(records::RecordsWindow &window);
+    void searchRecords(records::RecordsWindow &window);
+    void sortRecords(records::RecordsWindow &window);
+    void chooseKind(records::RecordsWindow &window);
+    void pressButtonIn(records::RecordsWindow &window);
+    void clickIn(records::RecordsWindow &window);
+    void closeRecords(records::RecordsWindow &window);
 
     void handleDialogs();
     void handleBox(QMessageBox &box);
@@ -112,6 +142,7 @@ private:
     QString m_error;
     QString m_shown; ///< the window that was visible before this action
     bool m_wantsEnd = false;
+    bool m_mayChangeScreens = false; ///< an action in a records window began a flow
 };
 
 } // namespace tarvold::testing

@@ -8,6 +8,7 @@
 #include "walk/trace.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -93,7 +94,9 @@ void Day::handleFileDialog(QFileDialog &dialog)
     auto &field = *dialog.findChild<QLineEdit *>(u"fileNameEdit"_s);
     const QString name =
         samples::fileName(m_dice).remove(QChar::Null); // which Qt's dialog would warn about
-    const bool saves = m_dice.chance(70);
+    // The dialog may be in another folder, from which this would lead out of what is checked.
+    const bool leadsOut = name.startsWith(u".."_s) && dialog.directory() != QDir::current();
+    const bool saves = m_dice.chance(70) && !leadsOut;
     trace::note(u"other file %1, saves %2"_s.arg(name).arg(saves));
     field.setText(name);
     QTest::keyClick(&field, saves ? Qt::Key_Return : Qt::Key_Escape);

@@ -234,6 +234,42 @@ QString Ledger::checkDeleted(const QString &name, int line)
     return {};
 }
 
+QString Ledger::checkReplaced(const QString &name, const QByteArray &bytes)
+{
+    const QString key = keyOf(name);
+    if (QString wrong = checkOnlyChanged(key); !wrong.isEmpty()) {
+        return wrong;
+    }
+    if (m_found[key] != bytes) {
+        return key + u": the file holds other bytes than the records that were saved"_s;
+    }
+    m_known = std::move(m_found);
+    return {};
+}
+
+QString Ledger::checkGrown()
+{
+    QString grown;
+    for (const auto &[path, bytes] : contentOf(m_folder)) {
+        const auto before = m_known.find(path);
+        if (before != m_known.end() && before->second == bytes) {
+            continue;
+        }
+        if (before != m_known.end() && !bytes.startsWith(before->second)) {
+            return path + u": the old records have changed"_s;
+        }
+        if (!grown.isEmpty()) {
+            return grown + u" and "_s + path + u" have changed"_s;
+        }
+        grown = path;
+    }
+    const QString wrong = checkOnlyChanged(grown);
+    if (wrong.isEmpty()) {
+        m_known = std::move(m_found);
+    }
+    return wrong;
+}
+
 qsizetype Ledger::size() const
 {
     qsizetype size = 0;

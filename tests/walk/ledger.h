@@ -52,6 +52,12 @@ public:
     /// Expects the loaded stipulations without the one that starts at `line`.
     QString checkDeleted(const QString &name, int line);
 
+    /// Expects that one file, and nothing else, was written anew.
+    QString checkReplaced(const QString &name, const QByteArray &bytes);
+
+    /// Expects that something was added to the end of one file at most.
+    QString checkGrown();
+
     /// The number of bytes in the folder.
     qsizetype size() const;
 

@@ -47,11 +47,13 @@ void drawFocusRect(const QStyleOption &option, QPainter &painter, const QWidget 
     }
     const bool isSelected = option.state.testFlag(QStyle::State_Selected);
     const QPalette::ColorRole box = isSelected ? QPalette::Highlight : QPalette::Base;
+    constexpr int kOfTabs = 126; // how much lighter than buttons Qt's style draws dark tabs
     const QColor behind = option.palette.color(isTab ? QPalette::Window : box);
+    const QColor tab = option.palette.color(QPalette::Button).lighter(kOfTabs);
     painter.save();
-    painter.setPen(QPen(
-        contrast::visible(option.palette.color(QPalette::Highlight), {behind}, contrast::kControl),
-        kFrame));
+    painter.setPen(QPen(contrast::visible(option.palette.color(QPalette::Highlight),
+                                          {behind, isTab ? tab : behind}, contrast::kControl),
+                        kFrame));
     painter.drawRect(option.rect.adjusted(1, 1, -1, -1));
     painter.restore();
 }

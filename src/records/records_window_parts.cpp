@@ -101,6 +101,7 @@ QLayout *RecordsWindow::Parts::newSearchRow()
                        u"Shows the records that hold this text in any field or line."_s);
     onlyProblems = new QCheckBox(u"Only With Problems"_s);
     onlyProblems->setObjectName(u"onlyProblems"_s);
+    onlyProblems->setMinimumHeight(kLeastTarget);
     row->addWidget(newLabel(u"Search"_s, search));
     row->addWidget(search, 1);
     row->addWidget(onlyProblems);

@@ -1,6 +1,7 @@
 #include "look/parts.h"
 
 #include <QAbstractItemView>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QLabel>
@@ -9,6 +10,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QStyleOption>
+#include <QTabBar>
 
 namespace tarvold::testing::parts {
 
@@ -21,6 +23,7 @@ bool isInsideAnother(const QWidget &widget)
     const QWidget *parent = widget.parentWidget();
     return qobject_cast<const QComboBox *>(parent) != nullptr ||
            qobject_cast<const QAbstractScrollArea *>(parent) != nullptr ||
+           qobject_cast<const QLineEdit *>(parent) != nullptr ||
            (parent != nullptr && parent->inherits("QComboBoxPrivateContainer"));
 }
 
@@ -43,6 +46,7 @@ QList<QWidget *> focusable(const QWidget &window)
     QList<QWidget *> found = visible<QWidget>(window);
     found.removeIf([](const QWidget *widget) {
         return (widget->focusPolicy() & Qt::TabFocus) == 0 || !widget->isEnabled() ||
+               widget->focusProxy() != nullptr || // which has the focus in its place
                qobject_cast<QComboBox *>(widget->parentWidget()) != nullptr;
     });
     return found;
@@ -104,6 +108,19 @@ QRect placeOf(const QWidget &widget)
 QRect placeOf(const QWidget &widget, const QRect &inside)
 {
     return {widget.mapTo(widget.window(), inside.topLeft()), inside.size()};
+}
+
+QRect frameOf(const QWidget &control)
+{
+    if (const auto *tabs = qobject_cast<const QTabBar *>(&control)) {
+        return tabs->tabRect(tabs->currentIndex());
+    }
+    if (qobject_cast<const QCheckBox *>(&control) == nullptr) {
+        return control.rect();
+    }
+    QStyleOptionButton option;
+    option.initFrom(&control);
+    return control.style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, &control);
 }
 
 QRect textOf(const QLabel &label)

@@ -44,6 +44,10 @@ QRect placeOf(const QWidget &widget);
 /// The rectangle in the window of a rectangle `inside` a widget.
 QRect placeOf(const QWidget &widget, const QRect &inside);
 
+/// What has the outline and the focus mark inside a control: of a check box only its square,
+/// of tabs the current one.
+QRect frameOf(const QWidget &control);
+
 /// The rectangle in the window of the visible text.
 QRect textOf(const QLabel &label);
 QRect textOf(const QPushButton &button);

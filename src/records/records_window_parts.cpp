@@ -105,6 +105,7 @@ QWidget *RecordsWindow::Parts::newSearchRow()
         "again."_s);
     onlyProblems = new QCheckBox(u"Only With Problems"_s);
     onlyProblems->setObjectName(u"onlyProblems"_s);
+    onlyProblems->setMinimumHeight(kLeastTarget);
     row->addWidget(newLabel(u"Search"_s, search));
     row->addWidget(search, 1);
     row->addWidget(onlyProblems);

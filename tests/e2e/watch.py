@@ -141,5 +141,5 @@ def complaints(lines, folder):
 
 def data_files(lines):
     """The names of the data files that were opened for writing."""
-    opened = [line for line in lines if " openat(" in line and "O_CREAT" in line]
+    opened = [line for line in lines if " openat(" in line and WRITING.search(line)]
     return {os.path.basename(QUOTED.search(line)[1]) for line in opened}

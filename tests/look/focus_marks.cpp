@@ -46,8 +46,8 @@ double contrastOfMark(const Scene &scene, QWidget &control)
         << parts::nameOf(control).toStdString() << " moves when it gets the focus";
     const Picture after(scene.window, place);
     const std::vector<double> changes = before.changesTo(after);
-    const QSize size = parts::focusedSizeOf(control);
-    const double perimeter = 2.0 * (size.width() + size.height()) - 4;
+    const QSize frame = parts::frameOf(control).size();
+    const double perimeter = 2.0 * (frame.width() + frame.height()) - 4;
     const auto asked = std::size_t(perimeter * before.scale() * before.scale());
     return changes.size() < asked ? 1 : changes[asked - 1];
 }

@@ -23,6 +23,7 @@ bool isInsideAnother(const QWidget &widget)
     const QWidget *parent = widget.parentWidget();
     return qobject_cast<const QComboBox *>(parent) != nullptr ||
            qobject_cast<const QAbstractScrollArea *>(parent) != nullptr ||
+           qobject_cast<const QLineEdit *>(parent) != nullptr ||
            (parent != nullptr && parent->inherits("QComboBoxPrivateContainer"));
 }
 
@@ -45,7 +46,7 @@ QList<QWidget *> focusable(const QWidget &window)
     QList<QWidget *> found = visible<QWidget>(window);
     found.removeIf([](const QWidget *widget) {
         return (widget->focusPolicy() & Qt::TabFocus) == 0 || !widget->isEnabled() ||
-               widget->focusProxy() != nullptr ||
+               widget->focusProxy() != nullptr || // which has the focus in its place
                qobject_cast<QComboBox *>(widget->parentWidget()) != nullptr;
     });
     return found;
@@ -109,22 +110,17 @@ QRect placeOf(const QWidget &widget, const QRect &inside)
     return {widget.mapTo(widget.window(), inside.topLeft()), inside.size()};
 }
 
-QRect outlineOf(const QWidget &control)
+QRect frameOf(const QWidget &control)
 {
-    const auto *check = qobject_cast<const QCheckBox *>(&control);
-    if (check == nullptr) {
-        return placeOf(control);
+    if (const auto *tabs = qobject_cast<const QTabBar *>(&control)) {
+        return tabs->tabRect(tabs->currentIndex());
+    }
+    if (qobject_cast<const QCheckBox *>(&control) == nullptr) {
+        return control.rect();
     }
     QStyleOptionButton option;
-    option.initFrom(check);
-    return placeOf(control,
-                   check->style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, check));
-}
-
-QSize focusedSizeOf(const QWidget &control)
-{
-    const auto *tabs = qobject_cast<const QTabBar *>(&control);
-    return tabs == nullptr ? control.size() : tabs->tabRect(tabs->currentIndex()).size();
+    option.initFrom(&control);
+    return control.style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, &control);
 }
 
 QRect textOf(const QLabel &label)
@@ -165,11 +161,7 @@ QRect rowTextOf(const QAbstractItemView &list, int row)
 {
     const QModelIndex index = list.model()->index(row, 0);
     const QRect room = list.visualRect(index).adjusted(3, 3, -3, -3) & list.viewport()->rect();
-    const QVariant across = index.data(Qt::TextAlignmentRole);
-    const QRect text =
-        textIn(room, sizeOfLine(list, index.data().toString()),
-               across.isValid() ? Qt::Alignment(across.toInt()) & Qt::AlignHorizontal_Mask
-                                : Qt::AlignLeft);
+    const QRect text = textIn(room, sizeOfLine(list, index.data().toString()));
     return placeOf(*list.viewport(), text);
 }
 

@@ -44,11 +44,9 @@ QRect placeOf(const QWidget &widget);
 /// The rectangle in the window of a rectangle `inside` a widget.
 QRect placeOf(const QWidget &widget, const QRect &inside);
 
-/// The rectangle in the window of the outline of a control: of a check box, its square.
-QRect outlineOf(const QWidget &control);
-
-/// The size of what a focus mark surrounds: of a tab bar, the chosen tab.
-QSize focusedSizeOf(const QWidget &control);
+/// What has the outline and the focus mark inside a control: of a check box only its square,
+/// of tabs the current one.
+QRect frameOf(const QWidget &control);
 
 /// The rectangle in the window of the visible text.
 QRect textOf(const QLabel &label);

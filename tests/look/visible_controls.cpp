@@ -19,7 +19,7 @@ Picture pictureOf(const Scene &scene, const QRect &place)
     return {scene.window, place.adjusted(-kAround, -kAround, kAround, kAround)};
 }
 
-const char *sortOf(const QWidget &control)
+const char *kindOf(const QWidget &control)
 {
     if (qobject_cast<const QComboBox *>(&control) != nullptr) {
         return "Control: combo boxes";
@@ -63,12 +63,12 @@ void expectThumb(const Scene &scene, const QScrollBar &bar)
                            picture.strongest(inner, picture.commonest(rest)), contrast::kControl);
 }
 
-void expectBar(const Scene &scene, QScrollBar &bar)
+void expectVisibleBar(const Scene &scene, QScrollBar &bar)
 {
     bar.setValue(bar.minimum());
     parts::reveal(bar);
     const QRect place = parts::placeOf(bar);
-    figures::expectAtLeast(scene, sortOf(bar), parts::nameOf(bar),
+    figures::expectAtLeast(scene, kindOf(bar), parts::nameOf(bar),
                            pictureOf(scene, place).edgeContrast(place), contrast::kControl);
     for (const auto arrow : {QStyle::SC_ScrollBarAddLine, QStyle::SC_ScrollBarSubLine}) {
         expectSymbol(scene, "Control: arrows of scroll bars", bar, parts::partOf(bar, arrow));
@@ -86,8 +86,8 @@ void expectVisibleControls(const Scene &scene)
             continue;
         }
         parts::reveal(*control);
-        const QRect place = parts::outlineOf(*control);
-        figures::expectAtLeast(scene, sortOf(*control), parts::nameOf(*control),
+        const QRect place = parts::placeOf(*control, parts::frameOf(*control));
+        figures::expectAtLeast(scene, kindOf(*control), parts::nameOf(*control),
                                pictureOf(scene, place).edgeContrast(place), contrast::kControl);
         if (auto *combo = qobject_cast<QComboBox *>(control)) {
             expectSymbol(scene, "Control: arrows of combo boxes", *combo,
@@ -95,7 +95,7 @@ void expectVisibleControls(const Scene &scene)
         }
     }
     for (QScrollBar *bar : parts::visible<QScrollBar>(scene.window)) {
-        expectBar(scene, *bar);
+        expectVisibleBar(scene, *bar);
     }
 }
 

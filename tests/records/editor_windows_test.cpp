@@ -173,7 +173,7 @@ TEST_F(EditorWindows, AWindowThatTellsSomethingIsNotClosed)
     const QSignalSpy ended(&editor, &Editor::exitRequested);
     pressKeysOn("Text3");
     const QPointer<RecordsWindow> window = windows().front();
-    const QByteArray tooLong = QByteArray(1'000'001, 'a') + "\r\n" + kBytes;
+    const QByteArray tooLong = QByteArray(1'000'001, 'a') + kBytes.mid(3);
     QString text;
     boxes.catchNotice(u"Write A Similar One"_s, &text);
     boxes.beforeItsAnswer([&](const QMessageBox &box) {
@@ -182,7 +182,7 @@ TEST_F(EditorWindows, AWindowThatTellsSomethingIsNotClosed)
         EXPECT_EQ(ended.count(), 0);
         ASSERT_FALSE(window.isNull());
         EXPECT_FALSE(window->isMinimized());
-        EXPECT_TRUE(box.isActiveWindow());
+        EXPECT_TRUE(QTest::qWaitFor([&box] { return box.isActiveWindow(); }));
         EXPECT_FALSE(window->close());
     });
     emit window->writeSimilarRequested(tooLong, DataFileKind::NormalEndings);
@@ -201,7 +201,7 @@ TEST_F(EditorWindows, AWindowThatAsksComesToTheFront)
         window->showMinimized();
         clickBeside("Command2");
         EXPECT_FALSE(window->isMinimized()) << "Exit is asked for again";
-        EXPECT_TRUE(box.isActiveWindow());
+        EXPECT_TRUE(QTest::qWaitFor([&box] { return box.isActiveWindow(); }));
     });
     press("Form1", "Command2");
     EXPECT_EQ(windows().size(), 1);
@@ -216,6 +216,7 @@ TEST_F(EditorWindows, WhatTheContentClearlyTellsComesBeforeTheKindOfTheRow)
     ASSERT_EQ(windows().size(), 1);
     EXPECT_EQ(windows().front()->kind(), DataFileKind::Interviews);
     windows().front()->close();
+    ASSERT_TRUE(windows().isEmpty());
     writeFile("turnreports.tvd", {}); // an empty file tells nothing
     pressKeysOn("Text5");
     ASSERT_EQ(windows().size(), 1);

@@ -44,6 +44,13 @@ protected:
         QTest::keyClick(&control("Form1", name), Qt::Key_O, Qt::ControlModifier);
     }
 
+    static QByteArray example(const char *name)
+    {
+        QFile file(QStringLiteral(TARVOLD_EXAMPLES "/") + QLatin1StringView(name));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name;
+        return file.readAll();
+    }
+
     static RecordsWindow *changed(const QString &name)
     {
         RecordsWindow *window = RecordsWindow::open(name, DataFileKind::NormalEndings);
@@ -73,6 +80,7 @@ protected:
 
 TEST_F(EditorWindows, TheKeysOpenTheFileOfTheRow)
 {
+    writeFile("normreports.tvd", example("normreports.tvd"));
     pressKeysOn("Text3");
     ASSERT_EQ(windows().size(), 1);
     EXPECT_EQ(windows().front()->fileName(), u"normreports.tvd"_s);
@@ -209,9 +217,7 @@ TEST_F(EditorWindows, AWindowThatAsksComesToTheFront)
 
 TEST_F(EditorWindows, WhatTheContentClearlyTellsComesBeforeTheKindOfTheRow)
 {
-    QFile example(QStringLiteral(TARVOLD_EXAMPLES "/interviews.tvd"));
-    ASSERT_TRUE(example.open(QIODevice::ReadOnly));
-    writeFile("turnreports.tvd", example.readAll());
+    writeFile("turnreports.tvd", example("interviews.tvd"));
     pressKeysOn("Text5");
     ASSERT_EQ(windows().size(), 1);
     EXPECT_EQ(windows().front()->kind(), DataFileKind::Interviews);

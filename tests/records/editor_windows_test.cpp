@@ -44,6 +44,13 @@ protected:
         QTest::keyClick(&control("Form1", name), Qt::Key_O, Qt::ControlModifier);
     }
 
+    static QByteArray example(const char *name)
+    {
+        QFile file(QStringLiteral(TARVOLD_EXAMPLES "/") + QLatin1StringView(name));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name;
+        return file.readAll();
+    }
+
     static RecordsWindow *changed(const QString &name)
     {
         RecordsWindow *window = RecordsWindow::open(name, DataFileKind::NormalEndings);
@@ -73,6 +80,7 @@ protected:
 
 TEST_F(EditorWindows, TheKeysOpenTheFileOfTheRow)
 {
+    writeFile("normreports.tvd", example("normreports.tvd"));
     pressKeysOn("Text3");
     ASSERT_EQ(windows().size(), 1);
     EXPECT_EQ(windows().front()->fileName(), u"normreports.tvd"_s);
@@ -173,7 +181,7 @@ TEST_F(EditorWindows, AWindowThatTellsSomethingIsNotClosed)
     const QSignalSpy ended(&editor, &Editor::exitRequested);
     pressKeysOn("Text3");
     const QPointer<RecordsWindow> window = windows().front();
-    const QByteArray tooLong = QByteArray(1'000'001, 'a') + "\r\n" + kBytes;
+    const QByteArray tooLong = QByteArray(1'000'001, 'a') + kBytes.mid(3);
     QString text;
     boxes.catchNotice(u"Write A Similar One"_s, &text);
     boxes.beforeItsAnswer([&](const QMessageBox &box) {
@@ -182,7 +190,7 @@ TEST_F(EditorWindows, AWindowThatTellsSomethingIsNotClosed)
         EXPECT_EQ(ended.count(), 0);
         ASSERT_FALSE(window.isNull());
         EXPECT_FALSE(window->isMinimized());
-        EXPECT_TRUE(box.isActiveWindow());
+        EXPECT_TRUE(QTest::qWaitFor([&box] { return box.isActiveWindow(); }));
         EXPECT_FALSE(window->close());
     });
     emit window->writeSimilarRequested(tooLong, DataFileKind::NormalEndings);
@@ -201,7 +209,7 @@ TEST_F(EditorWindows, AWindowThatAsksComesToTheFront)
         window->showMinimized();
         clickBeside("Command2");
         EXPECT_FALSE(window->isMinimized()) << "Exit is asked for again";
-        EXPECT_TRUE(box.isActiveWindow());
+        EXPECT_TRUE(QTest::qWaitFor([&box] { return box.isActiveWindow(); }));
     });
     press("Form1", "Command2");
     EXPECT_EQ(windows().size(), 1);
@@ -209,13 +217,12 @@ TEST_F(EditorWindows, AWindowThatAsksComesToTheFront)
 
 TEST_F(EditorWindows, WhatTheContentClearlyTellsComesBeforeTheKindOfTheRow)
 {
-    QFile example(QStringLiteral(TARVOLD_EXAMPLES "/interviews.tvd"));
-    ASSERT_TRUE(example.open(QIODevice::ReadOnly));
-    writeFile("turnreports.tvd", example.readAll());
+    writeFile("turnreports.tvd", example("interviews.tvd"));
     pressKeysOn("Text5");
     ASSERT_EQ(windows().size(), 1);
     EXPECT_EQ(windows().front()->kind(), DataFileKind::Interviews);
     windows().front()->close();
+    ASSERT_TRUE(windows().isEmpty());
     writeFile("turnreports.tvd", {}); // an empty file tells nothing
     pressKeysOn("Text5");
     ASSERT_EQ(windows().size(), 1);

@@ -125,7 +125,7 @@ TEST_F(WindowKeepsTest, ARefusalOfTheEditorBlocksItsWindowAlone)
     clickRow(1);
     QTest::qWait(50);
     boxes.checkAllCame();
-    expectShown(0, u"Ending 1\u4e16"_s);
+    expectShown(0, u"\u4e16Ending 1"_s);
     EXPECT_FALSE(text.isEmpty());
 }
 

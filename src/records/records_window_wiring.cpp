@@ -17,6 +17,7 @@
 
 #include <QCheckBox>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QLabel>
 #include <QMenu>
 #include <QProgressBar>
@@ -62,6 +63,9 @@ void RecordsWindow::Parts::showRecords()
     list->setPlaceholder(document.count() == 0 ? u"This file has no records."_s
                                                : u"No record is like that."_s);
     list->showBeside(model->problemColumn(), RecordListModel::Number + 1);
+    if (model->sortColumn() < 0 && list->header()->sortIndicatorSection() >= 0) {
+        list->showFileOrder(); // another kind ends the sort
+    }
     list->fitColumns();
     fillSortMenu();
     if (tasks->current() < 0 && model->rowCount() > 0 && !place->isAwaited()) {

@@ -142,7 +142,8 @@ protected:
             m_saved = m_place;
         } else if (what == 8 && below(4) == 0) {
             ASSERT_TRUE(document.reload());
-            m_history = {plain()};
+            m_disk = plain(); // odd lines may be divided into records in another way
+            m_history = {m_disk};
             m_place = 0;
             m_saved = 0;
         } else if (document.count() > 0) {

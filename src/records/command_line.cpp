@@ -7,6 +7,9 @@
 #include <QCommandLineParser>
 #include <QCoreApplication>
 
+#include <algorithm>
+#include <array>
+
 namespace tarvold::records::commandline {
 
 using namespace Qt::StringLiterals;
@@ -25,6 +28,55 @@ Command failed(const QString &text)
 Command told(const QString &text)
 {
     return {.action = Command::Action::Tell, .text = text.trimmed()};
+}
+
+/// Options that QApplication takes, with their value if they have one.
+constexpr std::array kValueOptions = {
+    "display"_L1,         "geometry"_L1,           "icon"_L1,          "name"_L1,
+    "platform"_L1,        "platformpluginpath"_L1, "platformtheme"_L1, "plugin"_L1,
+    "qwindowgeometry"_L1, "qwindowicon"_L1,        "qwindowtitle"_L1,  "session"_L1,
+    "style"_L1,           "stylesheet"_L1,         "title"_L1,
+};
+constexpr std::array kPlainOptions = {"dograb"_L1, "nograb"_L1, "reverse"_L1, "widgetcount"_L1};
+
+template <std::size_t size>
+bool isOneOf(const std::array<QLatin1StringView, size> &options, const QString &name)
+{
+    return std::find(options.begin(), options.end(), name) != options.end();
+}
+
+/// How many arguments from a place on are an option for QApplication.
+qsizetype sizeOfQtOption(const QStringList &arguments, qsizetype place)
+{
+    const QString &argument = arguments.at(place);
+    if (!argument.startsWith(u'-')) {
+        return 0;
+    }
+    const QString name = argument.sliced(argument.startsWith("--"_L1) ? 2 : 1);
+    const qsizetype equals = name.indexOf(u'=');
+    if (equals >= 0) {
+        return isOneOf(kValueOptions, name.first(equals)) ? 1 : 0;
+    }
+    if (isOneOf(kPlainOptions, name)) {
+        return 1;
+    }
+    return isOneOf(kValueOptions, name) && place + 1 < arguments.size() ? 2 : 0;
+}
+
+QStringList withoutQtOptions(const QStringList &arguments)
+{
+    QStringList own;
+    for (qsizetype place = 0; place < arguments.size();) {
+        if (arguments.at(place) == "--"_L1) {
+            return own + arguments.sliced(place);
+        }
+        const qsizetype size = sizeOfQtOption(arguments, place);
+        if (size == 0) {
+            own << arguments.at(place);
+        }
+        place += std::max<qsizetype>(size, 1);
+    }
+    return own;
 }
 
 } // namespace
@@ -48,7 +100,7 @@ Command read(const QStringList &arguments)
     const QCommandLineOption version({u"v"_s, u"version"_s}, u"Show the version."_s);
     parser.addOptions({check, kind, help, version});
     parser.addPositionalArgument(u"FILE"_s, u"A data file."_s, u"[FILE...]"_s);
-    if (!parser.parse(arguments)) {
+    if (!parser.parse(withoutQtOptions(arguments))) {
         return failed(parser.errorText());
     }
     if (parser.isSet(help)) {

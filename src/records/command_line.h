@@ -25,8 +25,8 @@ struct Command
     QString text = {};
 };
 
-/// Reads the arguments. Needs a QCoreApplication, for the program's name and version.
-/// \param arguments with the program's name as the first
+/// Reads the arguments but those for QApplication, such as "-platform". Needs a QCoreApplication,
+/// for the program's name and version. \param arguments with the program's name as the first
 Command read(const QStringList &arguments);
 
 /// Does what needs no window, and returns the exit status of the program; nothing for Open.

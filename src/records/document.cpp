@@ -144,10 +144,11 @@ int Document::last() const
     return index;
 }
 
-void Document::push(std::vector<Patch> patches, const QString &what)
+void Document::push(std::vector<Patch> patches, const QString &what, int moved)
 {
     if (!patches.empty()) {
-        m_undo.push(new Change(*this, std::move(patches), what));
+        keepLinesApart(patches);
+        m_undo.push(new Change(*this, std::move(patches), what, moved));
     }
 }
 
@@ -228,7 +229,7 @@ void Document::move(int index, int by)
     std::swap(patch.after.front(), patch.after.back());
     patch.after.front().bytes = ended(patch.after.front().bytes);
     const QString what = by < 0 ? u"Move Record %1 Up"_s : u"Move Record %1 Down"_s;
-    m_undo.push(new Change(*this, {patch}, what.arg(index + 1), entry(index).id));
+    push({patch}, what.arg(index + 1), entry(index).id);
 }
 
 /// A record that was moved and came back is in its place, so nothing need be forgotten.

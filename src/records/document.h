@@ -69,7 +69,8 @@ public:
     /// \name Changes. Each is one step to undo. One that changes no byte is none.
     ///
     /// Only the last line of the file may lack its end: a record that is not the last one gets a CR
-    /// LF as a part of the change.
+    /// LF as a part of the change. So does one that ends with a lone CR when an empty line comes to
+    /// follow it.
     /// \{
     void replace(int index, const QByteArray &bytes, const QString &what);
     /// Replaces many records at once, such as by all repairs.
@@ -123,7 +124,9 @@ private:
     [[nodiscard]] Result<void> show(const QString &name, const QByteArray &bytes, DataFileKind kind,
                                     const Progress &progress);
     /// Pushes a change to the undo stack, which makes it.
-    void push(std::vector<Patch> patches, const QString &what);
+    /// \param moved see Change
+    void push(std::vector<Patch> patches, const QString &what, int moved = -1);
+    void keepLinesApart(std::vector<Patch> &patches) const;
     void setDeleted(const std::vector<int> &indexes, bool isDeleted, const QString &what);
     /// Replaces entries from a row on, and tells of it.
     void apply(int row, const std::vector<Entry> &from, const std::vector<Entry> &to);

@@ -6,6 +6,59 @@
 #include <utility>
 
 namespace tarvold::records {
+namespace {
+
+/// The entries after these changes.
+std::vector<Entry> applied(std::vector<Entry> entries, const std::vector<Patch> &patches)
+{
+    for (const Patch &patch : patches) {
+        const auto place = entries.begin() + patch.row;
+        if (patch.before.empty()) {
+            entries.insert(place, patch.after.begin(), patch.after.end());
+        } else {
+            std::copy(patch.after.begin(), patch.after.end(), place);
+        }
+    }
+    return entries;
+}
+
+} // namespace
+
+/// Ends a record with CR LF that ends with a lone CR, if the changes bring it before one whose
+/// first line is empty: the file would have one line in place of two. In a file that was read no
+/// two records follow each other so, so only what the changes brought together can.
+void Document::keepLinesApart(std::vector<Patch> &patches) const
+{
+    const std::vector<Entry> after = applied(m_entries.all(), patches);
+    const auto isWritten = [&after](int row) {
+        const Entry &one = after[std::size_t(row)];
+        return !one.isDeleted && !one.bytes.isEmpty();
+    };
+    int first = int(after.size());
+    int last = 0;
+    for (const Patch &patch : patches) {
+        first = std::min(first, patch.row);
+        last = std::max(last, patch.row + int(patch.after.size()) - 1);
+    }
+    for (--first; first > 0 && !isWritten(first);) {
+        --first;
+    }
+    for (++last; last < int(after.size()) && !isWritten(last);) {
+        ++last;
+    }
+    QByteArray behind;
+    for (int row = std::min(last, int(after.size()) - 1); row >= std::max(first, 0); --row) {
+        if (!isWritten(row)) {
+            continue;
+        }
+        Entry one = after[std::size_t(row)];
+        if (joinsLines(one.bytes, behind)) {
+            one.bytes = one.bytes + '\n';
+            patches.push_back({row, {after[std::size_t(row)]}, {one}});
+        }
+        behind = one.bytes;
+    }
+}
 
 void Document::apply(int row, const std::vector<Entry> &from, const std::vector<Entry> &to)
 {

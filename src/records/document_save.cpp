@@ -34,16 +34,16 @@ QByteArray joinedBytes(const std::vector<QByteArrayView> &parts)
     return bytes;
 }
 
-/// Whether a file's last line has no end. A file that cannot be read is left to the append, which
-/// says why.
-bool lacksLastEnd(const QString &name)
+/// The last byte of a file; nothing if it has none. A file that cannot be read is left to the
+/// append, which says why.
+std::optional<char> lastByteOf(const QString &name)
 {
     const auto path = FilePath::ofOrdinary(name);
     const auto file = path ? File::openLocked(*path, File::Access::Read) : failure(path.error());
     const qint64 size = file ? file->size().value_or(0) : 0;
     std::array<char, 1> last{};
-    return size > 0 && file->readAt(size - 1, last) == 1 &&
-           !isEnded(QByteArrayView(last.data(), 1));
+    const bool isRead = size > 0 && file->readAt(size - 1, last) == 1;
+    return isRead ? std::optional(last.front()) : std::nullopt;
 }
 
 } // namespace
@@ -79,9 +79,14 @@ Result<void> Document::saveAs(const QString &name)
 
 Result<void> Document::copyTo(const QString &name, const std::vector<int> &indexes) const
 {
-    QByteArray bytes = lacksLastEnd(name) ? "\r\n" : "";
+    QByteArray bytes;
     for (const int index : indexes) {
-        bytes += ended(entry(index).bytes);
+        const QByteArray record = ended(entry(index).bytes);
+        bytes += joinsLines(bytes, record) ? "\n" + record : record;
+    }
+    if (const std::optional<char> last = lastByteOf(name)) {
+        const QByteArray before(1, *last);
+        bytes.prepend(!isEnded(before) ? "\r\n" : joinsLines(before, bytes) ? "\n" : "");
     }
     return appendToFile(name, bytes);
 }

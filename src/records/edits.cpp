@@ -58,7 +58,11 @@ QByteArrayView endOf(const Record &record, int line)
 QByteArray withText(const Record &record, int line, QByteArrayView text)
 {
     Pieces pieces = piecesOf(record);
-    pieces.at(std::size_t(line)).text = text;
+    Piece &piece = pieces.at(std::size_t(line));
+    piece.text = text;
+    if (text.isEmpty() && piece.end.isEmpty()) {
+        piece.end = kLineEnd; // else there would be no line
+    }
     return bytesOf(std::move(pieces));
 }
 

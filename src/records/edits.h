@@ -12,7 +12,7 @@ namespace tarvold::records::edits {
 /// The bytes that end a line of a record.
 QByteArrayView endOf(const Record &record, int line);
 
-/// Another text for one line, which keeps its end.
+/// Another text for one line, which keeps its end; an empty last line gets one.
 QByteArray withText(const Record &record, int line, QByteArrayView text);
 
 /// New lines, ended by CR LF, before a line; the number of lines puts them at the end.

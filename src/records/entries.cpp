@@ -23,6 +23,11 @@ bool isPartOf(QByteArrayView bytes, const QByteArray &file)
            std::less_equal<>()(bytes.end(), file.constEnd());
 }
 
+bool joinsLines(QByteArrayView before, QByteArrayView behind)
+{
+    return before.endsWith('\r') && (behind.startsWith("\n") || behind.startsWith("\r\n"));
+}
+
 bool isEnded(QByteArrayView bytes)
 {
     return !bytes.isEmpty() && (bytes.back() == '\n' || bytes.back() == '\r');

@@ -23,6 +23,10 @@ QByteArray partOf(const QByteArray &file, qsizetype start, qsizetype size);
 /// Whether bytes are a part of a file's, and no copy.
 bool isPartOf(QByteArrayView bytes, const QByteArray &file);
 
+/// Whether a lone CR at the end of bytes would become a part of the end of the first line behind
+/// them, as that line is empty.
+bool joinsLines(QByteArrayView before, QByteArrayView behind);
+
 /// Whether bytes end with a line end.
 bool isEnded(QByteArrayView bytes);
 

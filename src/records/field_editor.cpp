@@ -2,6 +2,7 @@
 
 #include "controls/combo_box.h"
 #include "controls/contrast.h"
+#include "controls/long_text.h"
 #include "controls/text_box.h"
 #include "records/field_text.h"
 #include "records/wrapped_box.h"
@@ -11,6 +12,16 @@
 namespace tarvold::records {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// What is shown of a text that is too long to be edited.
+QString beginningAndEnd(const QString &text)
+{
+    return longtext::quoted(text, WrappedBox::kMostEdited / 10);
+}
+
+} // namespace
 
 FieldEditor::FieldEditor(const KnownField &known, QWidget *parent) : QObject(parent), m_known(known)
 {
@@ -26,21 +37,31 @@ FieldEditor::FieldEditor(const KnownField &known, QWidget *parent) : QObject(par
         m_combo->markUnlisted(u"Not in the list."_s);
         connect(qobject_cast<TextBox *>(m_combo->lineEdit()), &TextBox::left, this,
                 &FieldEditor::finished);
-        connect(m_combo, &ComboBox::chosen, this, &FieldEditor::finished);
+        connect(m_combo, &ComboBox::chosen, this, [this] {
+            m_long.clear(); // what was too long to be edited is replaced
+            m_combo->lineEdit()->setReadOnly(false);
+            emit finished();
+        });
     }
     m_control->installEventFilter(this);
 }
 
 QString FieldEditor::text() const
 {
-    return m_combo != nullptr ? m_combo->currentText() : m_box->text();
+    if (m_combo == nullptr) {
+        return m_box->text();
+    }
+    const QString shown = m_combo->currentText();
+    return !m_long.isEmpty() && shown == beginningAndEnd(m_long) ? m_long : shown;
 }
 
 void FieldEditor::setText(const QString &text)
 {
     if (m_combo != nullptr) {
         const int cursor = m_combo->lineEdit()->cursorPosition();
-        m_combo->setText(text);
+        m_long = text.size() > WrappedBox::kMostEdited ? text : QString();
+        m_combo->setText(m_long.isEmpty() ? text : beginningAndEnd(text));
+        m_combo->lineEdit()->setReadOnly(!m_long.isEmpty()); // its list can still be used
         m_combo->lineEdit()->setCursorPosition(m_combo->lineEdit()->hasFocus() ? cursor : 0);
     } else {
         m_box->setText(text);

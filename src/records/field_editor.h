@@ -65,6 +65,7 @@ private:
     WrappedBox *m_box = nullptr;
     QWidget *m_control;
     QString m_shown; ///< what the control shows of the file
+    QString m_long;  ///< the text of a list's box that shows only its beginning and end
 };
 
 } // namespace tarvold::records

@@ -53,7 +53,8 @@ FileChooser::FileChooser(QWidget *parent)
 
 void FileChooser::addList()
 {
-    const QString folder = QDir::toNativeSeparators(QDir::currentPath());
+    QString folder = QDir::toNativeSeparators(QDir::currentPath());
+    folder.replace(u'&', u"&&"_s); // a single one would mark a key, as the label is of the list
     const bool isEmpty = m_names->rowCount() == 0;
     auto *prompt = new QLabel((isEmpty ? u"There is no .tvd file in %1."_s
                                        : u"Which files in %1 would you like to look through?"_s)

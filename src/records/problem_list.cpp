@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace tarvold::records {
 
@@ -52,6 +53,7 @@ ProblemList::ProblemList(QWidget *parent)
     m_offer->setObjectName(u"repairoffer"_s);
     m_offer->setWordWrap(true);
     m_repair->setObjectName(u"repair"_s);
+    m_repair->setFocusPolicy(Qt::TabFocus); // a click leaves no editor: its text changes problems
     for (QLabel *label : {m_heading, m_offer}) {
         label->setTextFormat(Qt::PlainText);
     }
@@ -65,9 +67,13 @@ ProblemList::ProblemList(QWidget *parent)
     column->addWidget(m_heading);
     column->addWidget(m_list);
     column->addLayout(row);
+    connect(m_repair, &QPushButton::pressed, this, [this] {
+        const Problem *problem = selected();
+        m_pressed = problem != nullptr ? std::optional(*problem) : std::nullopt;
+    });
     connect(m_repair, &QPushButton::clicked, this, [this] {
-        if (const Problem *problem = selected(); problem != nullptr) {
-            emit repairRequested(Problem(*problem)); // a repair changes the list
+        if (const auto problem = std::exchange(m_pressed, {})) {
+            emit repairRequested(*problem);
         }
     });
     hide();

@@ -5,6 +5,7 @@
 #include <QStringListModel>
 #include <QWidget>
 
+#include <optional>
 #include <vector>
 
 class QLabel;
@@ -34,7 +35,7 @@ public:
 signals:
     /// The user clicked a problem, or pressed Enter on it.
     void chosen(const tarvold::records::Problem &problem);
-    /// The user pressed "Repair".
+    /// The user pressed "Repair" while this problem was selected.
     void repairRequested(const tarvold::records::Problem &problem);
 
 protected:
@@ -48,6 +49,7 @@ private:
     void fitHeight();
 
     std::vector<Problem> m_problems;
+    std::optional<Problem> m_pressed; ///< selected when the button went down
     QStringListModel m_texts;
     QLabel *m_heading;
     ListBox *m_list;

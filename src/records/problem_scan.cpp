@@ -64,12 +64,20 @@ void ProblemScan::compareAnew()
     m_comparison.emplace(m_document.catalog());
     if (m_isWanted) {
         m_timer.start();
+    } else {
+        forgetCompared(); // which records are equal, and their numbers, may be others now
     }
 }
 
 int ProblemScan::countAt(int index) const
 {
     return countOf(m_document.entry(index).id);
+}
+
+bool ProblemScan::isSound(int index) const
+{
+    const int id = m_document.entry(index).id;
+    return ownOf(id) == 0 && countOf(id) == 0;
 }
 
 int ProblemScan::countOf(int id) const
@@ -153,9 +161,9 @@ void ProblemScan::checkAtOnce(int first, int last)
     }
     for (int index = first; index <= last; ++index) {
         const Entry &entry = m_document.entry(index);
+        setCompared(index, {});
         if (entry.isDeleted) {
             setOwn(index, 0);
-            setCompared(index, {});
         } else if (m_busy.elapsed() < kAtOnce) {
             check(index, Record(entry.bytes, m_document.catalog()));
         } else {
@@ -237,6 +245,19 @@ void ProblemScan::setCompared(int index, const std::vector<Problem> &problems)
     }
     m_total += countOf(id) > 0 ? 1 : 0;
     note(index);
+}
+
+void ProblemScan::forgetCompared()
+{
+    if (m_compared.isEmpty()) {
+        return;
+    }
+    for (auto one = m_compared.keyBegin(); one != m_compared.keyEnd(); ++one) {
+        m_total -= ownOf(*one) > 0 ? 0 : 1;
+    }
+    m_compared.clear();
+    note(0);
+    note(m_document.count() - 1);
 }
 
 void ProblemScan::note(int index)

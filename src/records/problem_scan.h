@@ -30,7 +30,8 @@ public:
     /// Goes on where it was stopped.
     void start();
     /// Stops until start() or until a file is loaded. Records that change are checked all the same,
-    /// but no longer compared with the others.
+    /// but no longer compared with the others; after a change, what was found by comparing is
+    /// forgotten, as it may be wrong now.
     void stop();
     bool isRunning() const { return m_timer.isActive(); }
 
@@ -40,6 +41,8 @@ public:
     int total() const { return m_total; }
     /// How many problems a record has, as far as they are known.
     int countAt(int index) const;
+    /// Whether a record was checked and has no problem, by itself or beside others.
+    bool isSound(int index) const;
     /// All problems of a record, in the order of its lines; those of a deleted one are gone.
     std::vector<Problem> problemsAt(int index) const;
 
@@ -68,6 +71,7 @@ private:
     int ownOf(int id) const;
     void setOwn(int index, int count);
     void setCompared(int index, const std::vector<Problem> &problems);
+    void forgetCompared();
     void note(int index);
     void tell();
 

@@ -1,6 +1,7 @@
 #include "records/record.h"
 
 #include "datafiles/code_page.h"
+#include "records/edits.h"
 
 namespace tarvold::records {
 
@@ -63,14 +64,9 @@ qsizetype Record::startOf(int line) const
 
 QByteArray Record::withLine(int field, QByteArrayView line) const
 {
-    QByteArray changed = m_bytes;
     const int place = placeFor(field);
-    const qsizetype start = startOf(place);
-    if (const auto old = lineBytes(field)) {
-        return changed.replace(start, old->size(), line.toByteArray());
-    }
-    const bool isEnded = start == 0 || m_lines.at(std::size_t(place - 1)).end != LineEnd::None;
-    return changed.insert(start, (isEnded ? "" : kLineEnd) + line.toByteArray() + kLineEnd);
+    return lineBytes(field) ? edits::withText(*this, place, line)
+                            : edits::withInserted(*this, place, {line.toByteArray()});
 }
 
 QByteArray Record::withoutLine(int line) const

@@ -29,8 +29,9 @@ public:
     QString shownText(const RecordField &field) const;
 
     /// The record with another line for a field. The line keeps its end, a missing line is inserted
-    /// where it belongs, ended by CR LF; all other bytes stay. \param line as it stands in the
-    /// file, without an end; encoded by encodeLine()
+    /// where it belongs, ended by CR LF; all other bytes stay, but an end becomes CR LF where two
+    /// lines would become one, or the last one none. \param line as it stands in the file, without
+    /// an end; encoded by encodeLine()
     QByteArray withLine(int field, QByteArrayView line) const;
 
     /// The record without a line and its end; all other bytes stay. \param line from 0

@@ -14,6 +14,8 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+#include <algorithm>
+#include <tuple>
 #include <utility>
 
 namespace tarvold::records {
@@ -59,12 +61,27 @@ RecordPane::RecordPane(QWidget *parent)
     connect(m_problems, &ProblemList::chosen, this, &RecordPane::goTo);
     connect(m_problems, &ProblemList::repairRequested, this, [this](const Problem &problem) {
         if (commit()) {
-            emit repairRequested(problem);
+            repair(problem);
         }
     });
     connect(m_fields, &RecordFieldsView::lineEdited, this, &RecordPane::lineEdited);
     connect(m_fields, &RecordFieldsView::refused, this, [this] { setView(View::AsWritten); });
     clear();
+}
+
+/// What was typed until now may have ended the problem, and is a part of its repair if it did not.
+void RecordPane::repair(const Problem &wanted)
+{
+    const auto identity = [](const Problem &problem) {
+        return std::tie(problem.type, problem.field, problem.line, problem.text);
+    };
+    const std::vector<Problem> now = m_problems->problems(); // a repair changes the list
+    const auto found = std::find_if(now.begin(), now.end(), [&](const Problem &problem) {
+        return identity(problem) == identity(wanted);
+    });
+    if (found != now.end() && !found->repair.isEmpty()) {
+        emit repairRequested(*found);
+    }
 }
 
 RecordPane::~RecordPane()

@@ -78,6 +78,7 @@ signals:
 private:
     void addTabs();
     void tell(const Record &record);
+    void repair(const Problem &wanted);
 
     QLabel *m_conditions;
     ProblemList *m_problems;

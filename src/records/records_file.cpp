@@ -8,6 +8,8 @@
 #include "screens/failures.h"
 #include "screens/file_choice.h"
 
+#include <algorithm>
+
 namespace tarvold::records {
 
 using namespace Qt::StringLiterals;
@@ -187,7 +189,7 @@ bool RecordsFile::save()
         return !isRefused;
     });
     if (isRefused) {
-        emit said(u"Not saved."_s);
+        emit said(words::notSaved());
         return false;
     }
     if (!Document::isInFile(saved)) {
@@ -223,7 +225,7 @@ bool RecordsFile::saveElsewhere(const FileError &error)
         return messagebox::offer(&m_window, title(), text, u"&Save To Another File..."_s,
                                  messagebox::Blocks::Window);
     }();
-    emit said(u"Not saved."_s);
+    emit said(words::notSaved());
     return isWanted && saveAs();
 }
 
@@ -246,12 +248,14 @@ bool RecordsFile::saveAs()
     if (filechoice::areSame(name, m_name)) {
         return save();
     }
-    if (fileExists(name) && !asks(failures::inTheWay(name))) {
+    if (fileExists(name) && !asks(words::inTheWay(name))) {
+        emit said(words::notSaved());
         return false;
     }
     const Result<void> saved = m_document.saveAs(name);
     if (!Document::isInFile(saved)) {
         tell(failures::notRewritten(name, saved.error(), words::kept()));
+        emit said(words::notSaved());
         return false;
     }
     m_name = name;
@@ -260,25 +264,52 @@ bool RecordsFile::saveAs()
     return true;
 }
 
+/// Whether records of this kind may be added to a file, as far as it tells. Tells or asks the user
+/// if not.
+bool RecordsFile::mayAddTo(const QString &name)
+{
+    const Result<QByteArray> there = fileExists(name) ? readFile(name) : QByteArray();
+    if (!there || there->isEmpty()) {
+        return true; // an error comes again when the file is written
+    }
+    const KindGuess guess = guessKind(*there, name);
+    const DataFileKind kind = m_document.kind();
+    const std::vector<DataFileKind> &likely = guess.likely;
+    if (std::find(likely.begin(), likely.end(), kind) == likely.end()) {
+        tell(words::otherKind(name, likely.front(), kind));
+        return false;
+    }
+    if (guess.kind && *guess.kind != kind) {
+        tell(words::otherKind(name, *guess.kind, kind)); // as its name says
+        return false;
+    }
+    return guess.kind || asks(words::uncertainKind(name, kind));
+}
+
 void RecordsFile::copy(const std::vector<int> &records)
 {
-    const auto chosen = m_typing.keep() ? chosenName(u"Copy To Another File"_s) : std::nullopt;
+    if (!m_typing.keep()) {
+        return;
+    }
+    std::vector<int> copied = records;
+    std::erase_if(copied, [this](int index) { return m_document.entry(index).isDeleted; });
+    if (copied.empty()) {
+        emit said(u"Deleted records are not copied."_s);
+        return;
+    }
+    const auto chosen = chosenName(u"Copy To Another File"_s);
     if (!chosen) {
         return;
     }
     const QString name = fileExists(*chosen) ? *chosen : filechoice::withExtension(*chosen);
-    if (const Result<QByteArray> there = fileExists(name) ? readFile(name) : QByteArray()) {
-        const KindGuess guess = guessKind(*there, name);
-        if (!there->isEmpty() && guess.kind && *guess.kind != m_document.kind()) {
-            tell(words::otherKind(name, *guess.kind, m_document.kind()));
-            return;
-        }
-    }
-    if (const Result<void> copied = m_document.copyTo(name, records); !copied) {
-        tell(words::notCopied(name, copied.error()));
+    if (!mayAddTo(name)) {
         return;
     }
-    emit said(words::copied(name, int(records.size())));
+    if (const Result<void> added = m_document.copyTo(name, copied); !added) {
+        tell(words::notCopied(name, added.error()));
+        return;
+    }
+    emit said(words::copied(name, int(copied.size())));
 }
 
 bool RecordsFile::mayClose()

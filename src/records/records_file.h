@@ -39,7 +39,7 @@ public:
     /// Returns `true` when all changes are in the file.
     bool save();
     bool saveAs();
-    /// Appends records to another file that the user chooses.
+    /// Appends records, without those that are deleted, to another file that the user chooses.
     void copy(const std::vector<int> &records);
     /// Asks what should become of changes that are not saved. Returns `false` if they stay.
     bool mayClose();
@@ -72,6 +72,7 @@ private:
     void tell(const QString &text);
     void finishSave(const Result<void> &saved);
     bool saveElsewhere(const FileError &error);
+    bool mayAddTo(const QString &name);
     std::optional<QString> chosenName(const QString &title);
 
     Document &m_document;

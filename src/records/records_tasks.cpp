@@ -64,8 +64,11 @@ void RecordsTasks::remove()
         emit said(u"Select the records to delete."_s);
         return;
     }
+    const auto there = std::count_if(records.begin(), records.end(), [this](int record) {
+        return !m_document.entry(record).isDeleted;
+    });
     m_document.remove(records);
-    emit said(words::deleted(int(records.size())));
+    emit said(words::deleted(int(there)));
 }
 
 void RecordsTasks::restore()
@@ -178,7 +181,8 @@ void RecordsTasks::goToProblem(int step)
             return;
         }
     }
-    emit said(m_scan.isRunning() ? u"No problem found so far."_s : u"No problems."_s);
+    const bool isAllChecked = m_scan.checked() >= m_document.count() && !m_scan.isRunning();
+    emit said(isAllChecked ? u"No problems."_s : u"No problem found so far."_s);
 }
 
 void RecordsTasks::repair(const std::vector<int> &records, const QString &what)
@@ -189,15 +193,16 @@ void RecordsTasks::repair(const std::vector<int> &records, const QString &what)
     const BusyCursor busy;
     std::vector<std::pair<int, QByteArray>> repaired;
     int left = 0; // records with problems that have no repair
+    const int last = m_document.last();
     for (const int index : records) {
         const Entry &entry = m_document.entry(index);
-        if (entry.isDeleted || m_scan.countAt(index) == 0) {
+        if (entry.isDeleted || m_scan.isSound(index)) {
             continue;
         }
-        QByteArray bytes = records::repairAll(Record(entry.bytes, m_document.catalog()),
-                                              index == m_document.last());
+        QByteArray bytes =
+            records::repairAll(Record(entry.bytes, m_document.catalog()), index == last);
         if (bytes == entry.bytes) {
-            ++left;
+            left += m_scan.problemsAt(index).empty() ? 0 : 1;
         } else {
             repaired.emplace_back(index, std::move(bytes));
         }

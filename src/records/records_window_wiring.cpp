@@ -17,6 +17,7 @@
 
 #include <QCheckBox>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QLabel>
 #include <QMenu>
 #include <QProgressBar>
@@ -68,6 +69,9 @@ void RecordsWindow::Parts::showRecords()
     pages->setCurrentIndex(0);
     showPlaceholder();
     list->showBeside(model->problemColumn(), RecordListModel::Number + 1);
+    if (model->sortColumn() < 0 && list->header()->sortIndicatorSection() >= 0) {
+        list->showFileOrder(); // another kind ends the sort
+    }
     list->fitColumns();
     fillSortMenu();
     if (tasks->current() < 0 && model->rowCount() > 0 && !place->isAwaited()) {

@@ -2,6 +2,7 @@
 
 #include "datafiles/code_page.h"
 #include "records/lines.h"
+#include "records/reading.h"
 
 #include <algorithm>
 #include <utility>
@@ -75,7 +76,9 @@ bool Matcher::isIn(QByteArrayView bytes) const
     return false;
 }
 
-SearchText::SearchText(const QString &text, DataFileKind kind) : m_text(text)
+SearchText::SearchText(const QString &text, DataFileKind kind)
+    : m_text(text)
+    , m_catalog(&Catalog::of(kind))
 {
     if (text.isEmpty()) {
         return;
@@ -105,18 +108,30 @@ bool SearchText::isIn(QByteArrayView record) const
                                  [record](const Matcher &one) { return one.isIn(record); })) {
         return true;
     }
-    AnyLineReader reader(record);
-    int line = -1;
-    QByteArrayView text;
-    for (const CodedLine &coded : m_coded) {
-        for (; line < coded.line && !reader.atEnd(); ++line) {
-            text = reader.readLine().text;
-        }
-        if (line == coded.line && text == QByteArrayView(coded.word)) {
-            return true;
-        }
+    return hasCoded(record);
+}
+
+/// Whether a line that its screen shows as another text stands at its field. Which field a line is
+/// for takes long to find, so only records with such a word are looked at.
+bool SearchText::hasCoded(QByteArrayView record) const
+{
+    const auto isWord = [this](const Line &line) {
+        return std::any_of(m_coded.begin(), m_coded.end(), [&line](const CodedLine &coded) {
+            return line.text == QByteArrayView(coded.word);
+        });
+    };
+    if (m_coded.empty()) {
+        return false;
     }
-    return false;
+    const std::vector<Line> lines = linesOf(record);
+    if (std::none_of(lines.begin(), lines.end(), isWord)) {
+        return false;
+    }
+    const Layout layout = layoutOf(lines, *m_catalog);
+    return std::any_of(m_coded.begin(), m_coded.end(), [&](const CodedLine &coded) {
+        const int line = layout.lineOfField.at(std::size_t(coded.field));
+        return line >= 0 && lines.at(std::size_t(line)).text == QByteArrayView(coded.word);
+    });
 }
 
 bool SearchText::narrows(const SearchText &other) const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "datafiles/data_file_kind.h"
+#include "records/catalog.h"
 
 #include <QByteArray>
 #include <QString>
@@ -46,13 +47,16 @@ private:
     /// A line whose screen shows another text than the file has, such as "Top Rope" for "t".
     struct CodedLine
     {
-        int line;
+        int field;
         QByteArray word;
     };
 
+    bool hasCoded(QByteArrayView record) const;
+
     QString m_text;
+    const Catalog *m_catalog = nullptr;
     std::vector<Matcher> m_spellings; ///< in the encodings that a file may have
-    std::vector<CodedLine> m_coded;   ///< in the order of the lines
+    std::vector<CodedLine> m_coded;   ///< in the order of the fields
 };
 
 } // namespace tarvold::records

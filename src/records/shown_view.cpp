@@ -42,12 +42,14 @@ QTextCharFormat formatOf(ShownPart::Type type, const QPalette &palette)
 void insertLine(QTextCursor &cursor, const ShownLine &line, const QPalette &palette)
 {
     constexpr std::size_t kMostParts = 500;
-    constexpr qsizetype kMostOfPart = 10'000;
-    for (std::size_t part = 0; part < std::min(line.size(), kMostParts); ++part) {
-        cursor.insertText(longtext::quoted(line.at(part).text, kMostOfPart),
-                          formatOf(line.at(part).type, palette));
+    qsizetype room = 20'000; // characters; a long text takes seconds to be laid out
+    std::size_t part = 0;
+    for (; part < std::min(line.size(), kMostParts) && room > 0; ++part) {
+        const QString &text = line.at(part).text;
+        cursor.insertText(longtext::quoted(text, room), formatOf(line.at(part).type, palette));
+        room -= text.size();
     }
-    if (line.size() > kMostParts) {
+    if (part < line.size()) {
         cursor.insertText(u" [...]"_s, formatOf(ShownPart::Type::Written, palette));
     }
 }

@@ -31,6 +31,18 @@ QString outdated(const QString &name)
            "Write over it?"_s.arg(name);
 }
 
+QString inTheWay(const QString &name)
+{
+    return u"The file \"%1\" is there already.\n\nYes writes all records of this window over it, "
+           "and what is in it now is lost. After No it stays as it is.\n\nWrite over it?"_s.arg(
+               name);
+}
+
+QString notSaved()
+{
+    return u"Not saved."_s;
+}
+
 QString kept()
 {
     return u"All your changes are still here."_s;
@@ -67,6 +79,12 @@ QString otherKind(const QString &name, DataFileKind found, DataFileKind kind)
 {
     return u"The file \"%1\" seems to hold %2, and these records are %3.\n\nNothing was written. "
            "Choose a file of the same kind."_s.arg(name, contentOf(found), contentOf(kind));
+}
+
+QString uncertainKind(const QString &name, DataFileKind kind)
+{
+    return u"It is not certain that the file \"%1\" holds %2.\n\nYes adds the records to its "
+           "end.\n\nAdd them?"_s.arg(name, contentOf(kind));
 }
 
 QString tossUp(const std::vector<DataFileKind> &likely)

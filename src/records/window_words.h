@@ -14,6 +14,9 @@ namespace tarvold::records::words {
 QString notRead(const QString &name, const FileError &error);
 /// Another program changed the file since it was loaded: asks whether to overwrite it.
 QString outdated(const QString &name);
+/// Asks whether to overwrite a file that "Save As" names.
+QString inTheWay(const QString &name);
+QString notSaved();
 /// What a failed save leaves the user.
 QString kept();
 /// Records could not be copied to another file.
@@ -26,6 +29,8 @@ QString forgetByReload(const QString &name);
 QString forgetByKind(const QString &name, DataFileKind kind);
 /// A record can't be copied to a file of another kind.
 QString otherKind(const QString &name, DataFileKind found, DataFileKind kind);
+/// Asks whether to add records to a file that may hold another kind.
+QString uncertainKind(const QString &name, DataFileKind kind);
 /// The kinds that a file may be of, and that the user has to choose.
 QString tossUp(const std::vector<DataFileKind> &likely);
 

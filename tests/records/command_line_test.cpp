@@ -34,6 +34,27 @@ TEST(CommandLine, TheKindGoesWithAnyUse)
     EXPECT_EQ(check.kind, DataFileKind::Interviews);
 }
 
+TEST(CommandLine, OptionsOfQtPass)
+{
+    const QStringList others[] = {{u"-platform"_s, u"offscreen"_s},
+                                  {u"--platform"_s, u"offscreen"_s},
+                                  {u"-style=fusion"_s},
+                                  {u"-style"_s, u"fusion"_s},
+                                  {u"-reverse"_s},
+                                  {u"-display"_s, u":0"_s, u"-name"_s, u"x"_s}};
+    for (const QStringList &other : others) {
+        SCOPED_TRACE(other.join(u' ').toStdString());
+        for (const QStringList &all :
+             {other + QStringList{u"a.tvd"_s}, QStringList{u"a.tvd"_s} + other}) {
+            const Command command = commandOf(all);
+            EXPECT_EQ(command.action, Command::Action::Open) << command.text.toStdString();
+            EXPECT_EQ(command.files, QStringList{u"a.tvd"_s});
+        }
+    }
+    EXPECT_EQ(commandOf({u"--"_s, u"-reverse"_s}).files, QStringList{u"-reverse"_s});
+    EXPECT_EQ(commandOf({u"-platform"_s}).action, Command::Action::Fail);
+}
+
 TEST(CommandLine, MistakesAreTold)
 {
     const QStringList mistakes[] = {

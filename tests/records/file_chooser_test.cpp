@@ -97,6 +97,15 @@ TEST_F(Chooser, EnterOpensWhatTheKeysSelected)
     expectClosed();
 }
 
+TEST_F(Chooser, ShowsAnAndSignOfTheFolderAsItIs)
+{
+    ASSERT_TRUE(QDir().mkdir(u"R&D"_s));
+    ASSERT_TRUE(QDir::setCurrent(folder.filePath(u"R&D"_s)));
+    show();
+    const QString text = chooser->findChild<QLabel *>(u"prompt"_s)->text();
+    EXPECT_TRUE(text.contains(u"R&&D"_s)) << text.toStdString(); // a single one would mark a key
+}
+
 TEST_F(Chooser, SaysThatTheFolderHasNone)
 {
     show();

@@ -205,10 +205,11 @@ TEST(ProblemProperties, ARepairKeepsAllOtherBytes)
             // A surplus line may be joined with the one before it.
             EXPECT_TRUE(problem.repaired.startsWith(
                 upTo(record, isJoin ? std::max(0, problem.line - 1) : problem.line)));
-            if (!isSurplus) {
-                EXPECT_TRUE(
-                    problem.repaired.endsWith(from(record, problem.line + (isMissing ? 0 : 1))));
-            }
+            const auto removed = int(record.lines().size()) -
+                                 int(Record(problem.repaired, record.catalog()).lines().size());
+            const int surplus = removed + (isJoin ? 1 : 0);
+            const int behind = problem.line + (isMissing ? 0 : isSurplus ? surplus : 1);
+            EXPECT_TRUE(problem.repaired.endsWith(from(record, behind)));
         }
     });
 }

@@ -3,6 +3,7 @@
 #include <QSignalSpy>
 
 #include <algorithm>
+#include <functional>
 
 namespace tarvold::testing {
 namespace {
@@ -90,6 +91,34 @@ TEST_F(RecordListTest, CanBeStoppedAndGoesOnLater)
     waitForScan();
     EXPECT_EQ(scan.checked(), 4'000);
     EXPECT_EQ(scan.total(), 3'999); // all but the first stand twice
+}
+
+TEST_F(RecordListTest, KeepsNoComparisonThatMayBeWrongWhileItIsStopped)
+{
+    const auto stopAmongMany = [this] {
+        writeFile(kFile, one + one + two + QByteArray(three + damaged("A")).repeated(3'000));
+        open();
+        ASSERT_TRUE(QTest::qWaitFor([this] { return scan.checked() >= 3; }));
+        scan.stop();
+        ASSERT_LT(scan.checked(), document.count());
+        ASSERT_EQ(scan.countAt(1), 1) << "the same as the first";
+    };
+    const std::function<void()> changes[] = {
+        [this] { document.replace(1, two, u"Edit"_s); }, [this] { document.remove({0}); },
+        [this] { document.duplicate(2); }, [this] { document.move(1, 1); }};
+    for (const auto &change : changes) {
+        stopAmongMany();
+        change();
+        QTest::qWait(10);
+        int known = 0;
+        for (int index = 0; index < 4; ++index) {
+            EXPECT_EQ(scan.countAt(index), 0) << index;
+        }
+        for (int index = 0; index < document.count(); ++index) {
+            known += scan.countAt(index) > 0 ? 1 : 0;
+        }
+        EXPECT_EQ(scan.total(), known);
+    }
 }
 
 TEST_F(RecordListTest, GoesOnAfterASaveWithWhatItKnows)

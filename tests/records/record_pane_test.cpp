@@ -235,6 +235,25 @@ TEST_F(PaneTest, ShowsATextThatIsTooLongToEditByItsBeginningAndEnd)
     EXPECT_FALSE(box(kAttacker).isReadOnly());
 }
 
+TEST_F(PaneTest, ShowsATextThatIsTooLongForAListByItsBeginningAndEnd)
+{
+    const QString text = u"Begin"_s + QString(int(WrappedBox::kMostEdited), u'x') + u"End"_s;
+    open(NormalEndings, {{kFinisher, text}});
+    const QString shown = combo(kFinisher).currentText();
+    EXPECT_LT(shown.size(), WrappedBox::kMostEdited);
+    EXPECT_TRUE(shown.startsWith("Begin"_L1) && shown.endsWith("End"_L1)) << shown.toStdString();
+    EXPECT_TRUE(combo(kFinisher).lineEdit()->isReadOnly());
+    typeInto(kFinisher, u"no"_s);
+    clickRow(1);
+    clickRow(0);
+    EXPECT_EQ(edits, Edits());
+    pane.goToField(kFinisher - 1);
+    settle();
+    testing::pick(combo(kFinisher), u"Top Rope"_s);
+    EXPECT_EQ(edits, (Edits{{kFinisher, "t"}}));
+    EXPECT_FALSE(combo(kFinisher).lineEdit()->isReadOnly());
+}
+
 TEST_F(PaneTest, ShowsAMissingLineAtItsPlaceAndPutsALineThere)
 {
     QByteArray bytes = samples::bytes(NormalEndings, {{kFinisher, u"gone"_s}});

@@ -81,6 +81,26 @@ TEST(RecordOfAFile, EndsTheLineBeforeAMissingLastOne)
     EXPECT_EQ(record.withLine(35, "-BLANK-"), bytes + "\r\n-BLANK-\r\n");
 }
 
+TEST(RecordOfAFile, KeepsItsLinesApartWhenOneIsEmptied)
+{
+    RecordLines lines = someEnding();
+    lines[6] = "Rocco";
+    lines[7] = "Vance";
+    const QByteArray bytes = bytesOf(lines).replace("Rocco\r\nVance\r\n", "Rocco\rVance\r\n");
+    const Record record(bytes, endings());
+    ASSERT_TRUE(record.layout().isWhole());
+    const QByteArray emptied = record.withLine(7, "");
+    EXPECT_EQ(emptied, QByteArray(bytes).replace("Rocco\rVance\r\n", "Rocco\r\n\r\n"));
+    EXPECT_EQ(Record(emptied, endings()).lines().size(), record.lines().size());
+}
+
+TEST(RecordOfAFile, KeepsALastLineWithoutAnEndWhenItIsEmptied)
+{
+    const QByteArray bytes = bytesOf(someEnding()).chopped(2);
+    const Record record(bytes, endings());
+    EXPECT_EQ(record.withLine(35, ""), bytes.chopped(7) + "\r\n");
+}
+
 TEST(RecordOfAFile, LosesOnlyTheLineThatIsTakenOut)
 {
     RecordLines lines = someEnding();

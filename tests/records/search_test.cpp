@@ -16,6 +16,18 @@ bool finds(const QString &text, const QByteArray &record,
     return SearchText(text, kind).isIn(record);
 }
 
+/// An ending as its screens start, with one other line.
+QByteArray endingWith(int line, const QByteArray &text)
+{
+    QByteArrayList lines;
+    for (const records::KnownField &field :
+         records::Catalog::of(DataFileKind::NormalEndings).fields()) {
+        lines << field.newText.toLatin1();
+    }
+    lines[line] = text;
+    return records::bytesOf(lines);
+}
+
 TEST(SearchText, FindsEverythingWhileItIsEmpty)
 {
     EXPECT_TRUE(SearchText().isIn("x\r\n"));
@@ -54,13 +66,25 @@ TEST(SearchText, FindsWhatAScreenShowsForAWordOfTheFile)
     const RecordFormat format = rowOf(kind).format;
     for (std::size_t line = 0; line < format.size(); ++line) {
         if (format[line]->coding == Coding::FinisherType) {
-            const QByteArray record =
-                QByteArray("-\r\n").repeated(qsizetype(line)) + "t\r\n" + "-\r\n-\r\n";
+            const QByteArray record = endingWith(int(line), "t");
             EXPECT_TRUE(finds(u"top r"_s, record, kind)) << line;
             EXPECT_FALSE(finds(u"submission"_s, record, kind)) << line;
             EXPECT_FALSE(finds(u"top r"_s, record, DataFileKind::TalkShows)) << line;
         }
     }
+}
+
+TEST(SearchText, FindsAWordOfTheFileBehindAMissingAndASurplusLine)
+{
+    const auto kind = DataFileKind::NormalEndings;
+    constexpr int kFinisher = 14;
+    ASSERT_EQ(rowOf(kind).format[kFinisher]->coding, Coding::FinisherType);
+    const QByteArray whole = endingWith(kFinisher, "t");
+    const qsizetype second = whole.indexOf('\n') + 1;
+    const QByteArray shorter = whole.first(second) + whole.sliced(whole.indexOf('\n', second) + 1);
+    EXPECT_TRUE(finds(u"top r"_s, shorter, kind));
+    EXPECT_TRUE(finds(u"top r"_s, "a surplus line\r\n" + whole, kind));
+    EXPECT_FALSE(finds(u"top r"_s, endingWith(kFinisher - 1, "t"), kind)) << "another field's";
 }
 
 TEST(SearchText, NarrowsWhenItGrows)

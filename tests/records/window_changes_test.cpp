@@ -1,13 +1,58 @@
+#include "controls/push_button.h"
 #include "records/window_fixture.h"
 
+#include <QAccessible>
 #include <QCheckBox>
 #include <QHeaderView>
+#include <QProgressBar>
 #include <QTreeView>
 
 namespace tarvold::testing {
 namespace {
 
-using WindowChangesTest = RecordsWindowTest;
+class WindowChangesTest : public RecordsWindowTest
+{
+protected:
+    static constexpr int kFinisher = 15;
+    static constexpr int kOtherFinisher = 25;
+
+    static QByteArray withLine(const QByteArray &record, int number, const QByteArray &line)
+    {
+        QByteArrayList lines = record.split('\n');
+        lines[number - 1] = line + '\r';
+        return lines.join('\n');
+    }
+
+    static QByteArray withFinishers(const QByteArray &one, const QByteArray &other)
+    {
+        return withLine(withLine(ending("Ending 1"), kFinisher, one), kOtherFinisher, other);
+    }
+
+    /// Opens a file that takes long to check, and stops that by a click.
+    void openAndStop(const QByteArray &bytes)
+    {
+        writeFile(kFile, bytes);
+        openFile(kFile);
+        auto &stop = part<PushButton>("stop");
+        ASSERT_TRUE(stop.isVisible()) << "all was checked too soon";
+        click(stop);
+        EXPECT_EQ(stop.text(), u"Go On"_s);
+        auto &progress = part<QProgressBar>("progress");
+        const int checked = progress.value();
+        ASSERT_LT(checked, progress.maximum());
+        QTest::qWait(50);
+        EXPECT_EQ(progress.value(), checked);
+    }
+
+    /// Presses the button as a screen reader does: the focus stays where it is.
+    void pressRepair()
+    {
+        auto *button = QAccessible::queryAccessibleInterface(&part<PushButton>("repair"));
+        ASSERT_TRUE(part<PushButton>("repair").isVisible());
+        button->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        QTest::qWait(300); // it is held down for a moment
+    }
+};
 
 TEST_F(WindowChangesTest, ATypedTextIsKeptWhenAnotherRowIsClicked)
 {
@@ -165,6 +210,79 @@ TEST_F(WindowChangesTest, AllRepairsAreOneStepToUndo)
     press(Qt::CTRL | Qt::Key_Z);
     press(Qt::CTRL | Qt::Key_S);
     EXPECT_EQ(onDisk(), QByteArray(lf + endings(1, 2) + lf));
+}
+
+TEST_F(WindowChangesTest, AllRepairsReachRecordsThatAreNotCheckedYet)
+{
+    constexpr int kSound = 20'000;
+    const QByteArray lf = endings(1, kSound + 1).replace("\r\n", "\n");
+    openAndStop(endings(kSound) + lf);
+    press(Qt::Key_F8);
+    EXPECT_EQ(notice(), u"No problem found so far."_s);
+    action("repairAll").trigger();
+    EXPECT_EQ(notice(), u"Repaired 1 record."_s);
+    press(Qt::CTRL | Qt::Key_S);
+    EXPECT_EQ(onDisk(), endings(kSound + 1));
+}
+
+TEST_F(WindowChangesTest, TheSelectedRepairsReachRecordsThatAreNotCheckedYet)
+{
+    constexpr int kSound = 20'000;
+    openAndStop(endings(kSound) + faulty("Ending"));
+    list().setFocus();
+    press(Qt::Key_End);
+    action("repairSelected").trigger();
+    EXPECT_EQ(notice(), u"No problem has a repair. 1 record with problems that only you can "
+                        "decide."_s);
+    click(part<PushButton>("stop")); // goes on
+    auto &progress = part<QWidget>("progress");
+    ASSERT_TRUE(QTest::qWaitFor([&progress] { return !progress.isVisible(); }, 60'000));
+    EXPECT_EQ(part<QCheckBox>("onlyProblems").text(), u"Only With Problems (1)"_s);
+}
+
+TEST_F(WindowChangesTest, ARepairKeepsWhatIsTypedAndNotLeftYet)
+{
+    open(QByteArray(endings(1)).replace("\r\n", "\n") + endings(1, 2));
+    typeInto(kCommentary, u"Typed"_s);
+    pressRepair();
+    press(Qt::CTRL | Qt::Key_S);
+    EXPECT_EQ(onDisk(), ending("Typed") + endings(1, 2));
+}
+
+TEST_F(WindowChangesTest, ARepairOfWhatTheTypedTextRepairedDoesNothing)
+{
+    open(withFinishers("Top Rope", "Any"));
+    typeInto(kFinisher, u"s"_s);
+    pressRepair();
+    EXPECT_FALSE(part<PushButton>("repair").isVisible());
+    press(Qt::CTRL | Qt::Key_S);
+    EXPECT_EQ(onDisk(), withFinishers("s", "Any"));
+}
+
+TEST_F(WindowChangesTest, AClickOnRepairRepairsNothingElse)
+{
+    open(withFinishers("Top Rope", "Top Rope"));
+    typeInto(kFinisher, u"s"_s);
+    auto &repair = part<PushButton>("repair");
+    click(repair);
+    press(Qt::CTRL | Qt::Key_S);
+    EXPECT_EQ(onDisk(), withFinishers("s", "Top Rope"));
+    ASSERT_TRUE(repair.isVisible()) << "the other problem is there still";
+    click(repair);
+    press(Qt::CTRL | Qt::Key_S);
+    EXPECT_EQ(onDisk(), withFinishers("s", "t"));
+}
+
+TEST_F(WindowChangesTest, OnlyRecordsThatWereThereAreToldAsDeleted)
+{
+    open(endings(4));
+    list().setFocus();
+    clickRow(1);
+    press(Qt::Key_Delete);
+    clickRow(0);
+    press(QKeySequence::SelectAll);
+    press(Qt::Key_Delete);
+    EXPECT_TRUE(notice().startsWith(u"Deleted 3 records."_s)) << notice().toStdString();
 }
 
 TEST_F(WindowChangesTest, ProblemKeysGoRoundTheList)

@@ -1,4 +1,6 @@
 #include "controls/push_button.h"
+#include "records/catalog.h"
+#include "records/reading.h"
 #include "records/window_fixture.h"
 #include "support/hindrances.h"
 
@@ -84,6 +86,10 @@ TEST_F(WindowFileTest, AFileHasOneWindow)
     openFile("other.tvd");
     EXPECT_NE(&window(), first);
     openFile("./endings.tvd");
+    EXPECT_EQ(&window(), first);
+    openFile("other.tvd");
+    ASSERT_EQ(symlink("endings.tvd", "link.tvd"), 0);
+    openFile("link.tvd");
     EXPECT_EQ(&window(), first);
     EXPECT_EQ(records::RecordsWindow::all().size(), 2);
 }
@@ -226,8 +232,29 @@ TEST_F(WindowFileTest, SaveAsAsksBeforeItOverwrites)
     QString text;
     boxes.catchQuestion(title(), &text, Answer::No);
     press(Qt::CTRL | Qt::SHIFT | Qt::Key_S);
+    EXPECT_EQ(text, u"The file \"there.tvd\" is there already.\n\nYes writes all records of this "
+                    "window over it, and what is in it now is lost. After No it stays as it "
+                    "is.\n\nWrite over it?"_s);
+    EXPECT_EQ(notice(), u"Not saved."_s);
     EXPECT_EQ(onDisk("there.tvd"), endings(1));
     EXPECT_EQ(window().fileName(), u"endings.tvd"_s);
+}
+
+TEST_F(WindowFileTest, AFailedSaveAsIsToldAndLosesNothing)
+{
+    open(endings(3));
+    change();
+    dialogs.expect({folder.path(), u"endings.tvd"_s, u"mine"_s, true, u"Save As"_s});
+    QString text;
+    boxes.catchNotice(title(), &text);
+    {
+        const FileSizeLimit limit(100);
+        press(Qt::CTRL | Qt::SHIFT | Qt::Key_S);
+    }
+    EXPECT_TRUE(text.contains(u"All your changes are still here."_s)) << text.toStdString();
+    EXPECT_EQ(notice(), u"Not saved."_s);
+    EXPECT_EQ(window().fileName(), u"endings.tvd"_s);
+    EXPECT_TRUE(isChanged());
 }
 
 TEST_F(WindowFileTest, CopiesRecordsToTheEndOfAnotherFile)
@@ -241,6 +268,65 @@ TEST_F(WindowFileTest, CopiesRecordsToTheEndOfAnotherFile)
     action("copyTo").trigger();
     EXPECT_EQ(onDisk("there.tvd"), endings(1, 9) + endings(2));
     EXPECT_EQ(notice(), u"Copied 2 records to there.tvd."_s);
+}
+
+TEST_F(WindowFileTest, DeletedRecordsAreNotCopied)
+{
+    open(endings(3));
+    list().setFocus();
+    clickRow(1);
+    press(Qt::Key_Delete);
+    action("copyTo").trigger();
+    EXPECT_EQ(notice(), u"Deleted records are not copied."_s);
+    press(QKeySequence::SelectAll);
+    dialogs.expect(
+        {folder.path(), u"endings.tvd"_s, u"there.tvd"_s, true, u"Copy To Another File"_s});
+    action("copyTo").trigger();
+    EXPECT_EQ(onDisk("there.tvd"), endings(1) + endings(1, 3));
+    EXPECT_EQ(notice(), u"Copied 2 records to there.tvd."_s);
+}
+
+TEST_F(WindowFileTest, RecordsAreNotCopiedToAFileOfAnotherKind)
+{
+    const auto recordsOf = [](DataFileKind kind) {
+        QByteArray record;
+        for (const records::KnownField &field : records::Catalog::of(kind).fields()) {
+            record += field.newText.toLatin1() + "\r\n";
+        }
+        return record;
+    };
+    const QByteArray interviews = recordsOf(DataFileKind::Interviews);
+    // May be either of two kinds, and is certainly not of a third.
+    const QByteArray open2 = interviews + recordsOf(DataFileKind::TalkShows);
+    ASSERT_EQ(records::guessKind(open2, u"there.tvd"_s).kind, std::nullopt);
+    open(endings(3));
+    for (const QByteArray &other : {interviews, open2}) {
+        writeFile("there.tvd", other);
+        dialogs.expect(
+            {folder.path(), u"endings.tvd"_s, u"there.tvd"_s, true, u"Copy To Another File"_s});
+        QString text;
+        boxes.catchNotice(title(), &text);
+        action("copyTo").trigger();
+        EXPECT_TRUE(text.contains(u"Choose a file of the same kind."_s)) << text.toStdString();
+        EXPECT_EQ(onDisk("there.tvd"), other);
+    }
+}
+
+TEST_F(WindowFileTest, CopyingToAFileOfAnUncertainKindIsAskedFor)
+{
+    open(endings(3));
+    writeFile("there.tvd", "Hello.\r\n");
+    QString text;
+    for (const Answer answer : {Answer::No, Answer::Yes}) {
+        dialogs.expect(
+            {folder.path(), u"endings.tvd"_s, u"there.tvd"_s, true, u"Copy To Another File"_s});
+        boxes.catchQuestion(title(), &text, answer);
+        action("copyTo").trigger();
+        EXPECT_EQ(onDisk("there.tvd"),
+                  "Hello.\r\n" + (answer == Answer::Yes ? endings(1) : QByteArray()));
+    }
+    EXPECT_EQ(text, u"It is not certain that the file \"there.tvd\" holds normal match "
+                    "endings.\n\nYes adds the records to its end.\n\nAdd them?"_s);
 }
 
 } // namespace

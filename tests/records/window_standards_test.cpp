@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
+#include <QTextEdit>
 
 namespace tarvold::testing {
 namespace {
@@ -69,13 +70,51 @@ TEST_F(WindowStandardsTest, EveryMenuEntryHasItsMnemonicAndNoTwoShareKeys)
 
 TEST_F(WindowStandardsTest, TabReachesEveryControlFromTopToBottom)
 {
-    open(endings(2));
+    open(faulty("Ending 1") + endings(1, 2));
+    press(Qt::CTRL | Qt::Key_2);
+    kind().setFocus();
     QStringList stops;
     for (const QWidget *stop : tabStops(window())) {
         stops << stop->objectName();
     }
-    for (const char *name : {"search", "onlyProblems", "list", "viewtabs"}) {
-        EXPECT_TRUE(stops.contains(QLatin1StringView(name))) << stops.join(u' ').toStdString();
+    QStringList expected = {u"kind"_s, u"search"_s,   u"onlyProblems"_s,
+                            u"list"_s, u"problems"_s, u"viewtabs"_s};
+    for (int number = 1; number <= 36; ++number) {
+        expected << u"field%1"_s.arg(number);
+    }
+    EXPECT_EQ(stops, expected) << stops.join(u' ').toStdString();
+}
+
+TEST_F(WindowStandardsTest, EditorsAndListsGetOnlySoMuchOfALongText)
+{
+    constexpr qsizetype kLong = 1'000'000;
+    constexpr qsizetype kMost = 50'000; // of one control
+    const auto &catalog = records::Catalog::of(DataFileKind::NormalEndings);
+    QByteArray record;
+    for (int place = 0; place < catalog.fieldCount(); ++place) {
+        const bool isLong = place == 1 || place == 6 || place == catalog.firstCommentary();
+        record += isLong ? QByteArray(kLong, char('a' + place % 20))
+                         : catalog.fields().at(std::size_t(place)).newText.toLatin1();
+        record += "\r\n";
+    }
+    open(record);
+    for (const Qt::Key view : {Qt::Key_1, Qt::Key_2}) {
+        press(Qt::CTRL | view);
+        for (const auto *box : window().findChildren<QLineEdit *>()) {
+            EXPECT_LE(box->text().size(), kMost) << box->parent()->objectName().toStdString();
+        }
+        for (const auto *box : window().findChildren<QTextEdit *>()) {
+            EXPECT_LE(box->document()->characterCount(), kMost) << box->objectName().toStdString();
+        }
+        for (const auto *label : window().findChildren<QLabel *>()) {
+            EXPECT_LE(label->text().size(), kMost) << label->objectName().toStdString();
+        }
+        for (const auto *control : window().findChildren<QWidget *>()) {
+            EXPECT_LE(control->toolTip().size(), kMost) << control->objectName().toStdString();
+        }
+    }
+    for (int column = 0; column < list().model()->columnCount(); ++column) {
+        EXPECT_LE(list().model()->index(0, column).data().toString().size(), kMost) << column;
     }
 }
 

@@ -17,9 +17,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kFrame = 3;      ///< room for the focus mark
-constexpr int kCheckMark = 18; ///< the side of a check box's square
-constexpr int kHeaderMargin = 6;
+constexpr int kFrame = 3;       ///< room for the focus mark
+constexpr int kCheckMark = 18;  ///< the side of a check box's square
+constexpr int kCheckMargin = 6; ///< beside a check box and its caption
+constexpr int kHeaderMargin = 4;
 
 bool hasFocus(const QStyleOption &option)
 {
@@ -47,12 +48,13 @@ void drawFocusRect(const QStyleOption &option, QPainter &painter, const QWidget 
     }
     const bool isSelected = option.state.testFlag(QStyle::State_Selected);
     const QPalette::ColorRole box = isSelected ? QPalette::Highlight : QPalette::Base;
-    constexpr int kOfTabs = 126; // how much lighter than buttons Qt's style draws dark tabs
     const QColor behind = option.palette.color(isTab ? QPalette::Window : box);
+    constexpr int kOfTabs = 126; // how much lighter than buttons Qt's style draws dark tabs
     const QColor tab = option.palette.color(QPalette::Button).lighter(kOfTabs);
     painter.save();
     painter.setPen(QPen(contrast::visible(option.palette.color(QPalette::Highlight),
-                                          {behind, isTab ? tab : behind}, contrast::kControl),
+                                          {behind, isTab ? tab : behind},
+                                          isTab ? contrast::kFocus : contrast::kControl),
                         kFrame));
     painter.drawRect(option.rect.adjusted(1, 1, -1, -1));
     painter.restore();
@@ -85,7 +87,6 @@ QSize leastSize(QStyle::ContentsType type)
     case QStyle::CT_LineEdit:
     case QStyle::CT_ComboBox:
         return {kLeastTarget, kControlHeight};
-    case QStyle::CT_CheckBox:
     case QStyle::CT_HeaderSection:
     case QStyle::CT_ItemViewItem:
     case QStyle::CT_MenuBarItem:
@@ -142,9 +143,27 @@ int EditorStyle::pixelMetric(PixelMetric metric, const QStyleOption *option,
     }
 }
 
+QRect EditorStyle::subElementRect(SubElement element, const QStyleOption *option,
+                                  const QWidget *widget) const
+{
+    const QRect rect = QProxyStyle::subElementRect(element, option, widget);
+    switch (element) {
+    case SE_CheckBoxIndicator: // beside it and the caption is room for the focus mark
+    case SE_CheckBoxContents:
+        return rect.translated(option->direction == Qt::LeftToRight ? kCheckMargin : -kCheckMargin,
+                               0);
+    default:
+        return rect;
+    }
+}
+
 QSize EditorStyle::sizeFromContents(ContentsType type, const QStyleOption *option,
                                     const QSize &contents, const QWidget *widget) const
 {
+    if (type == CT_CheckBox) {
+        const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+        return (size + QSize(2 * kCheckMargin, 0)).expandedTo({kLeastTarget, kControlHeight});
+    }
     return QProxyStyle::sizeFromContents(type, option, contents, widget)
         .expandedTo(leastSize(type));
 }
@@ -190,7 +209,8 @@ void EditorStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *op
                               hasFocus(*option));
         return;
     case PE_IndicatorCheckBox:
-        styleparts::drawShape(*painter, option->rect, palette, palette.base(), hasFocus(*option));
+        // The focus mark is around the caption, too.
+        styleparts::drawShape(*painter, option->rect, palette, palette.base(), false);
         if (option->state.testFlag(State_On)) {
             styleparts::drawTick(*painter, option->rect, palette.color(QPalette::Text));
         }
@@ -214,7 +234,12 @@ void EditorStyle::drawControl(ControlElement element, const QStyleOption *option
 {
     const auto *tab = qstyleoption_cast<const QStyleOptionTab *>(option);
     if (element != CE_TabBarTabLabel || tab == nullptr || !hasFocus(*tab)) {
-        QProxyStyle::drawControl(element, option, painter, widget);
+        if (const auto *check = qstyleoption_cast<const QStyleOptionButton *>(option);
+            element == CE_CheckBox && check != nullptr) {
+            drawCheckBox(*check, *painter, widget);
+        } else {
+            QProxyStyle::drawControl(element, option, painter, widget);
+        }
         return;
     }
     QStyleOptionTab label = *tab; // Fusion would draw a focus mark of its own, too pale to see
@@ -222,6 +247,19 @@ void EditorStyle::drawControl(ControlElement element, const QStyleOption *option
     QProxyStyle::drawControl(element, &label, painter, widget);
     label.rect.adjust(kFrame, kFrame, -kFrame, -kFrame);
     drawFocusRect(label, *painter, widget);
+}
+
+void EditorStyle::drawCheckBox(const QStyleOptionButton &option, QPainter &painter,
+                               const QWidget *widget) const
+{
+    QStyleOptionButton part = option;
+    part.rect = proxy()->subElementRect(SE_CheckBoxIndicator, &option, widget);
+    proxy()->drawPrimitive(PE_IndicatorCheckBox, &part, &painter, widget);
+    part.rect = proxy()->subElementRect(SE_CheckBoxContents, &option, widget);
+    proxy()->drawControl(CE_CheckBoxLabel, &part, &painter, widget);
+    if (hasFocus(option)) {
+        styleparts::drawFocusMark(painter, option.rect, option.palette);
+    }
 }
 
 void EditorStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option,

@@ -17,8 +17,7 @@ inline QByteArray talkShow(const QByteArray &host)
 {
     records::Random random(1);
     const auto &catalog = records::Catalog::of(DataFileKind::TalkShows);
-    records::RecordLines lines =
-        records::randomRecord(random, catalog, records::Writing::Default);
+    records::RecordLines lines = records::randomRecord(random, catalog, records::Writing::Default);
     lines.first() = host;
     return records::bytesOf(lines);
 }
@@ -33,10 +32,7 @@ protected:
         open();
     }
 
-    void open()
-    {
-        ASSERT_TRUE(document.open(QString::fromLatin1(kFile), DataFileKind::TalkShows));
-    }
+    void open() { ASSERT_TRUE(document.open(QString::fromLatin1(kFile), DataFileKind::TalkShows)); }
 
     /// All bytes that a save would write.
     QByteArray content() const

@@ -513,8 +513,8 @@ TEST_F(PaneTest, NamesEachListByALabel)
 {
     // Qt reports the text of a list as its name, whatever name it was given.
     open(NormalEndings);
-    const auto labels = QAccessible::queryAccessibleInterface(&combo(kFinisher))
-                            ->relations(QAccessible::Label);
+    const auto labels =
+        QAccessible::queryAccessibleInterface(&combo(kFinisher))->relations(QAccessible::Label);
     ASSERT_EQ(labels.size(), 1);
     EXPECT_EQ(labels.front().first->text(QAccessible::Name), u"Attacker(s) Finisher Type"_s);
 }

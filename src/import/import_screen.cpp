@@ -123,7 +123,7 @@ void Form2::addButtons()
     connect(back, &QPushButton::clicked, this, &Form2::back);
     connect(cancel, &QPushButton::clicked, this, &Form2::goToKinds);
     connect(import, &QPushButton::clicked, this, &Form2::runImport);
-    TextBox &target = control<TextBox>("Text1");
+    auto &target = control<TextBox>("Text1");
     const auto purpose = [&target] { return filefacts::purpose(u"Adds to "_s, target.text()); };
     connect(&target, &QLineEdit::textChanged, import, [import, purpose, &target] {
         if (target.hasFocus()) {

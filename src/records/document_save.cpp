@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <array>
-#include <ranges>
 
 namespace tarvold::records {
 namespace {
@@ -153,11 +152,11 @@ std::vector<std::pair<int, int>> Document::deletedRuns() const
 /// Shows records no longer. Their entries stay for undo.
 void Document::hide(const std::vector<std::pair<int, int>> &runs)
 {
-    for (const auto &[first, last] : runs | std::views::reverse) {
-        emit aboutToRemove(first, last);
-        m_entries.hideShown(first, last);
-        emit removed(first, last);
-    }
+    std::for_each(runs.rbegin(), runs.rend(), [this](const std::pair<int, int> &run) {
+        emit aboutToRemove(run.first, run.second);
+        m_entries.hideShown(run.first, run.second);
+        emit removed(run.first, run.second);
+    });
 }
 
 /// Lets all entries share the bytes of the new file and nothing of the old one, whose memory is

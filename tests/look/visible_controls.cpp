@@ -5,6 +5,7 @@
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
+#include <QAbstractScrollArea>
 #include <QComboBox>
 #include <QLabel>
 #include <QScrollBar>
@@ -63,9 +64,23 @@ void expectThumb(const Scene &scene, const QScrollBar &bar)
                            picture.strongest(inner, picture.commonest(rest)), contrast::kControl);
 }
 
+/// Shows the last row whole above a horizontal bar: beside a row that is cut off, the bar's outline
+/// would be compared with its text.
+void showLastRow(const QScrollBar &bar)
+{
+    const QWidget *container = bar.parentWidget();
+    auto *area = container == nullptr
+                     ? nullptr
+                     : qobject_cast<QAbstractScrollArea *>(container->parentWidget());
+    if (area != nullptr && bar.orientation() == Qt::Horizontal) {
+        area->verticalScrollBar()->setValue(area->verticalScrollBar()->maximum());
+    }
+}
+
 void expectVisibleBar(const Scene &scene, QScrollBar &bar)
 {
     bar.setValue(bar.minimum());
+    showLastRow(bar);
     parts::reveal(bar);
     const QRect place = parts::placeOf(bar);
     figures::expectAtLeast(scene, kindOf(bar), parts::nameOf(bar),

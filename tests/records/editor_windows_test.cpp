@@ -18,7 +18,7 @@ namespace {
 /// The records windows that the editor opens, and its end while they are open.
 class EditorWindows : public FlowTest
 {
-protected:
+public:
     EditorWindows()
     {
         writeFile("normreports.tvd", kBytes);
@@ -29,7 +29,9 @@ protected:
         // What a test changed is not worth a question.
         qDeleteAll(RecordsWindow::all());
     }
+    Q_DISABLE_COPY_MOVE(EditorWindows)
 
+protected:
     /// The windows that the user sees; a closed one is deleted by the event loop.
     static QList<RecordsWindow *> windows()
     {

@@ -19,9 +19,12 @@ namespace {
 
 class Chooser : public FolderTest
 {
-protected:
+public:
+    Chooser() = default;
     ~Chooser() override { delete chooser; }
+    Q_DISABLE_COPY_MOVE(Chooser)
 
+protected:
     void show()
     {
         chooser = new FileChooser;

@@ -88,6 +88,20 @@ protected:
         ASSERT_EQ(scan.total(), problems);
     }
 
+    /// Changes the list or the document, and checks the list now and then.
+    void takeStep()
+    {
+        below(3) == 0 ? changeList() : changeDocument();
+        if (below(3) == 0) {
+            QCoreApplication::processEvents();
+        }
+        if (below(5) == 0) {
+            waitForScan();
+            waitForSearch();
+            check();
+        }
+    }
+
     records::Random m_random;
     QString m_wanted;
     bool m_isOnlyProblems = false;
@@ -106,15 +120,7 @@ TEST_F(ListAtRandom, ShowsWhatItShould)
         load(all);
         for (int step = 0; step < 80 && !HasFatalFailure() && document.count() > 0; ++step) {
             SCOPED_TRACE("step " + std::to_string(step));
-            below(3) == 0 ? changeList() : changeDocument();
-            if (below(3) == 0) {
-                QCoreApplication::processEvents();
-            }
-            if (below(5) == 0) {
-                waitForScan();
-                waitForSearch();
-                check();
-            }
+            takeStep();
         }
     }
 }

@@ -6,6 +6,7 @@
 #include <QAccessible>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScrollArea>
 #include <QScrollBar>
 #include <QTabBar>
 

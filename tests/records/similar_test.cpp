@@ -20,9 +20,12 @@ const FlowPath *const kPaths[] = {&kNormalPath, &kRunInPath, &kTurnPath, &kInter
 
 class Similar : public FlowTest
 {
-protected:
+public:
+    Similar() = default;
     ~Similar() override { EXPECT_TRUE(RecordsWindow::closeAll()); }
+    Q_DISABLE_COPY_MOVE(Similar)
 
+protected:
     /// Opens a records window and asks it for a record like this one. The window is closed again,
     /// so that the screens are alone.
     void request(const QByteArray &record, DataFileKind kind)

@@ -2,7 +2,8 @@
 
 from functools import cached_property
 
-from program import BOX_TITLE, Program, TourError
+from program import BOX_TITLE, Program
+from tour_error import TourError
 from steps import TAG_LIST
 from things import LIST, SIMPLE, TABS, TREE, extents, has, name_of, walk
 

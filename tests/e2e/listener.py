@@ -2,7 +2,8 @@
 
 from flows import NO_MANAGER
 from keyboard import Keyboard, focused
-from program import BOX_TITLE, SCREEN_TITLE, TourError
+from program import BOX_TITLE, SCREEN_TITLE
+from tour_error import TourError
 from steps import TAG_LIST
 from stipulation_flow import FORM
 from records_round import ATTACKER, FILE, FOLLOWED, PROBLEM

@@ -13,8 +13,9 @@ import time
 import warnings
 
 from desktop import HEIGHT, WIDTH, plain_environment
-from things import (FIELDS, SIMPLE, TREE, Atspi, GLib, extents, has, name_of, open_list, put_on_clipboard,
-                    value_of, walk, xdotool)
+from things import (FIELDS, SIMPLE, TREE, Atspi, GLib, extents, has, name_of, open_list,
+                    put_on_clipboard, value_of, walk, xdotool)
+from tour_error import TourError
 
 warnings.filterwarnings("ignore", category=DeprecationWarning)
 
@@ -22,10 +23,6 @@ BOX_TITLE = "Tarvold Data Editor"
 SCREEN_TITLE = "Tarvold 1.3 Data Editor"
 PLACE = (100, 30)  # of windows, away from the edge of the display
 RETRIES = 20  # for reading something that may change meanwhile
-
-
-class TourError(RuntimeError):
-    """The program did not do what the tour expects."""
 
 
 class Program:

@@ -6,7 +6,7 @@ Users who see only windows leave it out: all of it is about what stands inside o
 import os
 import subprocess
 
-from program import TourError
+from tour_error import TourError
 from steps import MENU, finish
 
 FILE = "season.tvd"

@@ -8,7 +8,8 @@ to wait for windows: screens, message boxes and opened lists.
 import json
 import subprocess
 
-from program import BOX_TITLE, SCREEN_TITLE, Program, TourError
+from program import BOX_TITLE, SCREEN_TITLE, Program
+from tour_error import TourError
 from things import put_on_clipboard, xdotool
 
 

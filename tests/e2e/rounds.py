@@ -1,7 +1,7 @@
 """A user without a mouse who first checks the Tab order of each screen."""
 
 from keyboard import Keyboard, focused
-from program import TourError
+from tour_error import TourError
 from things import TREE, extents, open_list, value_of
 
 

@@ -40,7 +40,7 @@ from driver import Driver
 from flows import flows_of
 from listener import Listener
 from points import tracing_refused
-from program import TourError
+from tour_error import TourError
 from recording import Recorder
 from replay import Replay
 from rounds import Walker

@@ -135,8 +135,9 @@ TEST_F(WindowStandardsTest, ARecordIsCorrectedAndSavedByKeyboardAlone)
 
 TEST_F(WindowStandardsTest, HowManyProblemsAreLeftIsAnnounced)
 {
-    open(endings(1) + faulty("Ending 2"));
+    open(endings(1) + ending("Ending 2 <recshortnam>"));
     clickRow(1);
+    ASSERT_TRUE(part<QWidget>("repair").isVisible());
     const auto *announcement =
         part<QWidget>("record").findChild<Announcement *>(QString(), Qt::FindDirectChildrenOnly);
     ASSERT_NE(announcement, nullptr);

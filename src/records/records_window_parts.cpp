@@ -152,7 +152,6 @@ QLayout *RecordsWindow::Parts::newFoot()
     progress->setFormat(u"Checking: %p %"_s);
     stop = new PushButton(u"Stop"_s);
     stop->setObjectName(u"stop"_s);
-    stop->setPurpose(u"Stops the search for problems."_s);
     progress->hide();
     stop->hide();
     row->addWidget(counts);

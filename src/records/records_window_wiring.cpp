@@ -210,7 +210,13 @@ void RecordsWindow::Parts::showScan()
     const bool isDone = scan->checked() >= document.count() && !scan->isRunning();
     progress->setVisible(!isDone);
     stop->setVisible(!isDone);
-    stop->setText(scan->isRunning() ? u"Stop"_s : u"Go On"_s);
+    if (scan->isRunning()) {
+        stop->setText(u"Stop"_s);
+        stop->setPurpose(u"Stops the search for problems."_s);
+    } else {
+        stop->setText(u"Go On"_s);
+        stop->setPurpose(u"Goes on with the search for problems."_s);
+    }
     showCounts();
 }
 

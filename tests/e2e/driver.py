@@ -3,7 +3,7 @@
 import time
 
 from program import BOX_TITLE, SCREEN_TITLE, Program, records_title
-from things import extents, has, open_list, xdotool
+from things import extents, open_list, xdotool
 
 LIST_FRAME = 2  # height in pixels, below an opened list
 # In seconds. The program ignores clicks on controls that have not been visible this long, as they may
@@ -59,7 +59,7 @@ class Driver(Program):
     def go_to(self, name):
         """Clicks a text or combo box and waits for the focus."""
         self._click(self._field(name))
-        self._wait(f'the focus in "{name}"', lambda: has(self._field(name), "FOCUSED"))
+        self.wait_focus(name)
 
     def fill(self, name, text):
         """Clicks a box and types over its text."""

@@ -7,12 +7,15 @@ from tour_error import TourError
 from steps import TAG_LIST
 from stipulation_flow import FORM
 from records_round import ATTACKER, FILE, FOLLOWED, PROBLEM
-from things import BUTTON, CHECK_BOX, FIELDS, LIST, TABS, TREE, Atspi, GLib, walk
+from things import BUTTON, CHECK_BOX, FIELDS, LIST, TABS, TREE, Atspi, GLib, name_of, walk
 
 BAR = "scroll bar"
+# What an edit of several lines leaves in their undo histories, which nobody must ever hear.
+MARKS = "\uFDD0\uFDD1"
 BOXES = ("alert", "dialog")
 EVENTS = ("object:state-changed:focused", "object:state-changed:showing",
-          "object:property-change:accessible-name", "window:activate")
+          "object:property-change:accessible-name", "window:activate",
+          "object:text-changed", "object:text-caret-moved", "object:text-selection-changed")
 
 # The screens that explain the focused field in a help line.
 WITH_HELP = ("GENERAL DETAILS", "ATTACKER DETAILS", "RECEIVER DETAILS", "FEUD DETAILS",
@@ -36,7 +39,8 @@ ANNOUNCED = [
     NO_MANAGER, "Tag refused. Inserted <recshortname> into line 3.", *ENDING,
     "Inserted <feudteam> into line 1.", *ENDING,
     "Inserted <wrestler1> into line 1.", *ENDING,
-    "Inserted <town> into line 1.", "Add this interview segment to the file?", "Saved OK.",
+    "Inserted <town> into line 1.", "Pasted into lines 2 to 4.", "Line 2 swapped with line 3.",
+    "Line 3 swapped with line 4.", "Line 4 swapped with line 3.", "Add this interview segment to the file?", "Saved OK.",
     "Inserted <talkshowname> into line 1.", "Add this talk show segment to the file?", "Saved OK.",
     # the records window
     f"Undone: Edit {ATTACKER}.", f"Done again: Edit {ATTACKER}.", PROBLEM, "1 problem.",
@@ -49,6 +53,8 @@ class Listener(Keyboard):
 
     def __init__(self, *arguments):
         self._heard = []  # since the last key: (event, role, name or description)
+        self._changes = []  # of texts, since the last key: (removed or inserted, name, text)
+        self._marks = []  # events in which a mark was heard, ever
         self._announced = []
         self._met = []
         Atspi.init()
@@ -109,16 +115,30 @@ class Listener(Keyboard):
         if title == BOX_TITLE:
             self._announced.append(text)
 
+    def wait_changes(self, changes):
+        """Each change must be heard as one: the old text is gone, the new one is there."""
+        wanted = sorted((kind, name, text) for name, texts in changes.items()
+                        for kind, text in zip(("delete", "insert"), texts) if text)
+        self._wait(f"the changes {wanted} to be announced",
+                   lambda: len(self._changes) >= len(wanted))
+        expect(sorted(self._changes) == wanted, f"{self._changes} was heard, not {wanted}")
+        self._expect_no_marks()
+
     def keys(self, *keys):
         self._heard.clear()
+        self._changes.clear()
         super().keys(*keys)
 
     def finish(self):
+        self._expect_no_marks()
         self._wait("the last message", lambda: len(self._announced) > len(ANNOUNCED))
         # The records window follows its file by itself, before or after the next message.
         announced = [each for each in self._announced if each != FOLLOWED]
         expect(announced == ANNOUNCED and len(self._announced) == len(ANNOUNCED) + 1,
                f"the program announced {self._announced}, not {ANNOUNCED} and {FOLLOWED}")
+
+    def _expect_no_marks(self):
+        expect(not self._marks, f"marks were heard: {self._marks}")
 
     def _insert_nowhere(self):
         """Tries to insert tags while no line is marked."""
@@ -153,6 +173,9 @@ class Listener(Keyboard):
 
     def _hear(self, event):
         try:
+            if event.type.startswith("object:text-"):
+                self._hear_text(event)
+                return
             role = event.source.get_role_name()
             if event.type == "window:activate":
                 self._heard.append(("window", role, event.source.get_name()))
@@ -165,6 +188,16 @@ class Listener(Keyboard):
                     self._announced.append(event.source.get_name())
         except GLib.Error:
             pass  # the object no longer exists
+
+    def _hear_text(self, event):
+        told = event.any_data if isinstance(event.any_data, str) else ""
+        # Whoever hears of a cursor, a selection or a text asks at once what the text is.
+        for text in (told, Atspi.Text.get_text(event.source, 0, -1)):
+            if any(mark in text for mark in MARKS):
+                self._marks.append((event.type, text))
+        if event.type.startswith("object:text-changed:"):
+            kind = event.type.split(":")[2]
+            self._changes.append((kind, name_of(event.source), told))
 
 
 def expect_clear(heading, stops):

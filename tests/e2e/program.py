@@ -84,6 +84,15 @@ class Program:
         """Waits until a text or combo box shows this text."""
         self._wait(f'"{text}" in "{name}"', lambda: value_of(self._field(name)) == text)
 
+    def wait_focus(self, name):
+        """Waits until the field with this name has the focus."""
+        self._wait(f'the focus in "{name}"', lambda: has(self._field(name), "FOCUSED"))
+
+    def wait_changes(self, changes):
+        """Called after keys that change texts, in subclasses that check what is told of that.
+
+        `changes` are the texts before and after, by the name of the field."""
+
     def wait_end(self):
         """Waits until the program has ended and fails unless its exit status is 0."""
         try:
@@ -124,11 +133,12 @@ class Program:
         xdotool("type", "--delay", "2", text)
         self.wait_value(name, shows or text)
 
-    def paste(self, name, text):
-        """Pastes at the cursor of the focused box and waits until the box shows just that text."""
+    def paste(self, name, text, shows=None):
+        """Pastes at the cursor of the focused box and waits until the box shows `shows`, by default
+        just that text."""
         put_on_clipboard(text)
         self.keys("ctrl+v")
-        self.wait_value(name, text)
+        self.wait_value(name, shows or text)
 
     def keys(self, *keys):
         xdotool("key", "--clearmodifiers", *keys)

@@ -54,9 +54,9 @@ class Recorder(Keyboard):
         self._note("text", text)
         super().type(name, text, shows)
 
-    def paste(self, name, text):
+    def paste(self, name, text, shows=None):
         self._note("copy", text)
-        super().paste(name, text)
+        super().paste(name, text, shows)
 
     def keys(self, *keys):
         self._note("keys", *keys)

@@ -58,7 +58,7 @@ class Replay(Program):
         pass
 
     press = go_to = select = fill = type = paste = choose = choose_by_keys = keys = _nothing
-    wait_label = wait_value = _nothing
+    wait_label = wait_value = wait_focus = _nothing
 
     # Implementation
 

@@ -2,6 +2,8 @@
 
 from steps import TAG_LIST, finish
 
+LINE = "Commentary line {}"
+
 
 def interview(driver):
     driver.press("Add New Interview Segments")
@@ -18,12 +20,45 @@ def interview(driver):
     driver.choose(TAG_LIST, "Town Name")
     driver.wait_value("Commentary line 1", "Good evening from <town>")
     driver.picture("interview-commentary")
+    move_lines(driver)
     finish(driver, "Add This Interview Segment", "Add this interview segment to the file?")
+
+
+def move_lines(driver):
+    """Pastes three lines at once and swaps lines; takes both back and does them again."""
+    pasted = {2: "One", 3: "Two", 4: "Three"}
+    driver.go_to(LINE.format(2))
+    driver.paste(LINE.format(2), "One\nTwo\nThree\n", shows="One")
+    wait_lines(driver, {2: "", 3: "", 4: ""}, pasted)
+    press_on_lines(driver, "ctrl+z", pasted, {2: "", 3: "", 4: ""})
+    press_on_lines(driver, "ctrl+shift+z", {2: "", 3: "", 4: ""}, pasted)
+    press_on_lines(driver, "ctrl+shift+Down", {2: "One", 3: "Two"}, {2: "Two", 3: "One"})
+    driver.wait_focus(LINE.format(3))
+    press_on_lines(driver, "ctrl+z", {2: "Two", 3: "One"}, {2: "One", 3: "Two"})
+    press_on_lines(driver, "ctrl+shift+z", {2: "One", 3: "Two"}, {2: "Two", 3: "One"})
+    driver.wait_focus(LINE.format(3))
+    press_on_lines(driver, "ctrl+shift+Down", {3: "One", 4: "Three"}, {3: "Three", 4: "One"})
+    driver.wait_focus(LINE.format(4))
+    press_on_lines(driver, "ctrl+shift+Up", {3: "Three", 4: "One"}, {3: "One", 4: "Three"})
+    driver.wait_focus(LINE.format(3))
+
+
+def press_on_lines(driver, key, before, after):
+    driver.keys(key)
+    wait_lines(driver, before, after)
+
+
+def wait_lines(driver, before, after):
+    """Waits until the commentary lines with these numbers show their new texts."""
+    for number, text in after.items():
+        driver.wait_value(LINE.format(number), text)
+    driver.wait_changes({LINE.format(number): (before[number], text)
+                         for number, text in after.items()})
 
 
 INTERVIEW = [
     "Singles", "Yes", "N/A", "Any", "Any", "Any", "Any", "Female", "12",
-    "Good evening from <town>", *["-BLANK-"] * 9,
+    "Good evening from <town>", "Two", "One", "Three", *["-BLANK-"] * 6,
 ]
 
 

@@ -69,6 +69,27 @@ QString fields(const Screen &screen)
     return {};
 }
 
+/// What an edit of several lines leaves in their undo histories must never be seen.
+bool hasEditMark(const QString &text)
+{
+    return text.contains(QChar(0xFDD0)) || text.contains(QChar(0xFDD1));
+}
+
+QString editMarks(const Screen &screen)
+{
+    for (const QLineEdit *field : screen.findChildren<QLineEdit *>()) {
+        if (hasEditMark(field->text())) {
+            return nameOf(*field) + u" holds the mark of an edit"_s;
+        }
+    }
+    for (const QLabel *label : screen.findChildren<QLabel *>()) {
+        if (hasEditMark(label->text()) || hasEditMark(label->accessibleName())) {
+            return nameOf(*label) + u" shows the mark of an edit"_s;
+        }
+    }
+    return {};
+}
+
 QString marks(const Screen &screen)
 {
     const auto lines = screen.findChildren<CommentaryLine *>();
@@ -177,7 +198,7 @@ std::map<QString, QString> contents()
 
 QString controls(const Screen &screen)
 {
-    for (const auto check : {lists, fields, marks, buttons, bars, focus}) {
+    for (const auto check : {lists, fields, editMarks, marks, buttons, bars, focus}) {
         if (QString wrong = check(screen); !wrong.isEmpty()) {
             return wrong;
         }

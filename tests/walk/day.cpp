@@ -37,6 +37,8 @@ const Day::Action Day::kActions[] = {
     {"resize",               2, &Day::resize},
     {"name a file",          3, &Day::nameFile},
     {"write the first line", 8, &Day::writeFirstLine},
+    {"swap lines",          12, &Day::swapLines},
+    {"paste lines",          8, &Day::pasteLines},
     {"change the folder",    3, &Day::changeFolder},
     {"open records",        30, &Day::openRecords},
     {"use records",         14, &Day::useRecords},

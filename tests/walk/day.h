@@ -13,9 +13,12 @@
 #include <set>
 #include <string>
 
-namespace tarvold::records {
+namespace tarvold {
+class CommentaryLine;
+namespace records {
 class RecordsWindow;
 }
+} // namespace tarvold
 
 class QFileDialog;
 class QLineEdit;
@@ -83,6 +86,8 @@ private:
     bool resize();
     bool nameFile();
     bool writeFirstLine();
+    bool swapLines();
+    bool pasteLines();
     bool changeFolder();
     bool openRecords();
     bool useRecords();
@@ -126,6 +131,10 @@ private:
     QPushButton *randomButton();
     QPoint randomPosition(const QWidget &widget);
     void putText(QLineEdit &field, const QString &text);
+    /// Undoes and redoes an edit of the commentary lines a few times, in any of some lines.
+    /// \param before,after the texts of all lines
+    void undoAndRedo(const QList<CommentaryLine *> &lines, const QStringList &before,
+                     const QStringList &after);
     void key(int code, Qt::KeyboardModifiers modifiers = {}, const QString &text = {});
 
     /// Expects that nothing has changed except what opening the next window changes.

@@ -58,6 +58,8 @@ const Keys kKeys[] = {
     {Qt::Key_Z, Qt::ControlModifier},
     {Qt::Key_Z, Qt::ControlModifier},
     {Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier},
+    {Qt::Key_Up, Qt::ControlModifier | Qt::ShiftModifier},
+    {Qt::Key_Down, Qt::ControlModifier | Qt::ShiftModifier},
     {Qt::Key_Insert, Qt::ShiftModifier},
     {Qt::Key_K, Qt::ControlModifier},
     {Qt::Key_Backspace, Qt::ControlModifier},

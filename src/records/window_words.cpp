@@ -1,6 +1,7 @@
 #include "records/window_words.h"
 
 #include "records/kind_box.h"
+#include "screens/failures.h"
 
 #include <QStringList>
 
@@ -54,7 +55,8 @@ QString notCopied(const QString &name, const FileError &error)
                               ? u"Nothing was written."_s
                               : u"Part of the records may be in the file and could not be taken "
                                 "out again."_s;
-    return u"The file \"%1\" could not be written.\n\n%2\n\n%3"_s.arg(name, error.cause, state);
+    return u"The file \"%1\" could not be written.\n\n%2\n\n%3"_s.arg(failures::fileOf(name, error),
+                                                                      error.cause, state);
 }
 
 QString unsaved(const QString &name)

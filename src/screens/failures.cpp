@@ -1,5 +1,10 @@
 #include "screens/failures.h"
 
+#include "disk/file_path.h"
+#include "screens/file_facts.h"
+
+#include <QFileInfo>
+
 namespace tarvold::failures {
 
 using namespace Qt::StringLiterals;
@@ -24,13 +29,22 @@ bool isUnchanged(const FileError &error)
 
 } // namespace
 
+QString fileOf(const QString &name, const FileError &error)
+{
+    const auto typed = FilePath::ofTyped(name);
+    const QString folder = typed ? QFileInfo(typed->absolute()).path() : QString();
+    const bool isTold = error.cause.contains(u"\"%1\""_s.arg(folder));
+    return isTold ? name : filefacts::wholePath(name);
+}
+
 QString notSaved(const QString &name, const FileError &error)
 {
     const QString state =
         isUnchanged(error) ? u"Nothing was written, and everything that you typed is still here."_s
                            : u"Part of the record may be in the file and could not be taken out "
                              "again. Everything that you typed is still here."_s;
-    return u"The file \"%1\" could not be written.\n\n%2\n\n%3"_s.arg(name, error.cause, state);
+    return u"The file \"%1\" could not be written.\n\n%2\n\n%3"_s.arg(fileOf(name, error),
+                                                                      error.cause, state);
 }
 
 QString notRewritten(const QString &name, const FileError &error, const QString &kept)
@@ -38,10 +52,10 @@ QString notRewritten(const QString &name, const FileError &error, const QString 
     if (error.outcome == FileOutcome::Unconfirmed) {
         return u"The file \"%1\" was written, but the disk did not confirm it.\n\n%2\n\n"
                "The change is in the file. Should the computer stop before the disk "
-               "has caught up, it may be lost."_s.arg(name, error.cause);
+               "has caught up, it may be lost."_s.arg(fileOf(name, error), error.cause);
     }
     return u"The file \"%1\" could not be written.\n\n%2\n\nThe file is as it was. %3"_s.arg(
-        name, error.cause, kept);
+        fileOf(name, error), error.cause, kept);
 }
 
 QString outdated(const QString &name, const QString &kept)
@@ -64,7 +78,8 @@ QString notLoaded(const QString &name, const FileError &error)
     const QString state = isUnchanged(error)
                               ? u"Nothing was changed."_s
                               : u"The file was missing, and an empty one may be there now."_s;
-    return u"The file \"%1\" could not be loaded.\n\n%2\n\n%3"_s.arg(name, error.cause, state);
+    return u"The file \"%1\" could not be loaded.\n\n%2\n\n%3"_s.arg(fileOf(name, error),
+                                                                     error.cause, state);
 }
 
 QString tooLongToEdit(int line, qsizetype length, qsizetype most)
@@ -87,8 +102,8 @@ QString notImported(const QString &name, const FileError &error)
                              "import again."_s
                            : u"Part of the records may be in the file and could not be taken out "
                              "again."_s;
-    return u"The file \"%1\" kept the import from being done.\n\n%2\n\n%3"_s.arg(name, error.cause,
-                                                                                 state);
+    return u"The file \"%1\" kept the import from being done.\n\n%2\n\n%3"_s.arg(
+        fileOf(name, error), error.cause, state);
 }
 
 QString cannotHold(const MissingCharacter &missing)

@@ -6,6 +6,11 @@
 /// The messages shown when a file or a text cannot be used.
 namespace tarvold::failures {
 
+/// What the first line of a message calls a file: its whole path; or what the user typed, if the
+/// cause tells the whole path of its folder.
+/// \param name as the user typed it
+QString fileOf(const QString &name, const FileError &error);
+
 /// A record could not be added to the file.
 /// \param name as the user typed it
 QString notSaved(const QString &name, const FileError &error);

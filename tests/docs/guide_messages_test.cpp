@@ -4,6 +4,7 @@
 #include "docs/source_texts.h"
 #include "records/window_words.h"
 #include "screens/failures.h"
+#include "screens/file_facts.h"
 #include "support/print.h"
 
 #include <QRegularExpression>
@@ -140,10 +141,10 @@ bool isSystemText(const QString &text)
     return false;
 }
 
-/// A message with its paragraphs separated as in the guide.
+/// A message as in the guide: the paragraphs are separated, and a path differs each time.
 QString asInGuide(QString message)
 {
-    return message.replace(u"\n\n"_s, kBreak);
+    return message.replace(filefacts::wholePath(kName), kName).replace(u"\n\n"_s, kBreak);
 }
 
 TEST(GuideMessages, EveryTextOfTheGuideIsOneOfTheProgram)

@@ -168,6 +168,7 @@ TEST_P(SaveFailure, AMissingFolderIsReportedWithTheFileName)
     expectTold(told, "missing/mine.tvd");
     expectTold(told, qPrintable(u"The folder \"%1\" does not exist."_s.arg(
                          QDir::current().absoluteFilePath(u"missing"_s))));
+    EXPECT_EQ(told.count(QDir::currentPath()), 1) << told.toStdString();
     EXPECT_TRUE(QDir().isEmpty());
     expectSecondTryWorks(u"good.tvd"_s);
 }
@@ -177,8 +178,9 @@ TEST_P(SaveFailure, AFolderIsReported)
     QDir().mkdir(u"sub"_s);
     nameFile(u"sub"_s);
     const QString told = failedSave();
-    expectTold(told, "\"sub\"");
+    expectTold(told, qPrintable(u"\"%1\""_s.arg(QDir::current().filePath(u"sub"_s))));
     expectTold(told, "It is a folder.");
+    EXPECT_EQ(told.count(QDir::currentPath()), 1) << told.toStdString();
 }
 
 TEST_P(SaveFailure, APipeIsReportedWithoutWaiting)

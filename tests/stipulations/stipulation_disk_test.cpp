@@ -2,6 +2,8 @@
 
 #include "stipulations/stipulation_test.h"
 
+#include <QDir>
+
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -60,10 +62,11 @@ protected:
     {
         boxes.expectNotice(
             u"Stipulations Editor"_s,
-            u"The file \"stipulations.tvd\" was written, but the disk did not confirm it.\n\n"
+            u"The file \"%1\" was written, but the disk did not confirm it.\n\n"
             "The disk failed, or was removed.\n\nThe change is in the file. Should the computer "
             "stop before "
-            "the disk has caught up, it may be lost."_s);
+            "the disk has caught up, it may be lost."_s.arg(
+                QDir::current().filePath(u"stipulations.tvd"_s)));
     }
 
     const QByteArray one = stipulation("Singles", "One");
@@ -115,8 +118,8 @@ protected:
         press("Form16", "Command3");
         type("Form1", "Text1", u"new.tvd"_s);
         boxes.expectNotice(u"Stipulations Editor"_s,
-                           u"The file \"new.tvd\" could not be loaded.\n\nThe disk "
-                           "failed, or was removed.\n\n"_s +
+                           u"The file \"%1\" could not be loaded.\n\nThe disk failed, or was "
+                           "removed.\n\n"_s.arg(QDir::current().filePath(u"new.tvd"_s)) +
                                utf8(state));
         press("Form1", "Command1");
         expectOnly("Form1");

@@ -41,7 +41,10 @@ protected:
             answer);
     }
 
-    void failsForTheFolder(Answer answer) { failsFor(utf8(kFile), "It is a folder.", answer); }
+    void failsForTheFolder(Answer answer)
+    {
+        failsFor(QDir::current().filePath(utf8(kFile)), "It is a folder.", answer);
+    }
 
     void chooses(const char *typed, const char *proposed = "")
     {

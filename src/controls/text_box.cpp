@@ -254,6 +254,14 @@ void TextBox::keyPressEvent(QKeyEvent *event)
     event->setAccepted(clean.isAccepted());
 }
 
+void TextBox::dragLeaveEvent(QDragLeaveEvent *event)
+{
+    QLineEdit::dragLeaveEvent(event);
+    if (!hasFocus()) {
+        setCursorPosition(0); // nothing was dropped, so m_cursor is still right
+    }
+}
+
 void TextBox::dropEvent(QDropEvent *event)
 {
     const QString dropped = event->mimeData()->text();
@@ -262,6 +270,9 @@ void TextBox::dropEvent(QDropEvent *event)
         QLineEdit::dropEvent(event);
     } else {
         drop(event, oneLine);
+    }
+    if (!hasFocus()) {
+        showBeginning();
     }
 }
 

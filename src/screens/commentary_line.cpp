@@ -151,9 +151,10 @@ void CommentaryLine::dropEvent(QDropEvent *event)
         TextBox::dropEvent(event);
         return;
     }
+    const int place = cursorPositionAt(event->position().toPoint());
     QDragLeaveEvent leave;
     dragLeaveEvent(&leave); // else the cursor that shows where the text would go stays
-    setCursorPosition(cursorPositionAt(event->position().toPoint()));
+    setCursorPosition(place);
     event->acceptProposedAction();
     insertPasted(text);
 }

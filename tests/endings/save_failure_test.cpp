@@ -32,7 +32,7 @@ void PrintTo(const FailingFlow &row, std::ostream *out)
     *out << row.name;
 }
 
-const FailingFlow kFlows[] = {
+const FailingFlow kFailingFlows[] = {
     {"Normal",
      &kNormalPath,
      36,
@@ -143,7 +143,7 @@ protected:
     const char *m_screen = flow().screens.back();
 };
 
-INSTANTIATE_TEST_SUITE_P(Flows, SaveFailure, ::testing::ValuesIn(kFlows), kNameOfRow);
+INSTANTIATE_TEST_SUITE_P(Flows, SaveFailure, ::testing::ValuesIn(kFailingFlows), kNameOfRow);
 
 void expectTold(const QString &told, const char *part)
 {

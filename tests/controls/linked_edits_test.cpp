@@ -2,7 +2,6 @@
 #include "controls/text_box.h"
 #include "support/print.h"
 
-#include <QAccessible>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -163,61 +162,6 @@ TEST_F(LinkedEditsTest, ABoxWhoseTextWasSetDoesNotKeepTheOtherFromRedo)
     expectTexts({}, u"set"_s);
     EXPECT_EQ(edits.redo(box).blocking, nullptr);
     expectTexts(u"one"_s, u"set"_s);
-}
-
-/// What assistive technology is told of texts and cursors.
-QStringList &heard()
-{
-    static QStringList all;
-    return all;
-}
-
-void hear(QAccessibleEvent *event)
-{
-    switch (event->type()) {
-    case QAccessible::TextUpdated: {
-        const auto &update = static_cast<QAccessibleTextUpdateEvent &>(*event);
-        heard() << update.textRemoved() + u'>' + update.textInserted();
-        break;
-    }
-    case QAccessible::TextInserted:
-        heard() << u'+' + static_cast<QAccessibleTextInsertEvent &>(*event).textInserted();
-        break;
-    case QAccessible::TextRemoved:
-        heard() << u'-' + static_cast<QAccessibleTextRemoveEvent &>(*event).textRemoved();
-        break;
-    case QAccessible::TextCaretMoved:
-        heard() << u"cursor"_s;
-        break;
-    default:
-        break;
-    }
-}
-
-TEST_F(LinkedEditsTest, ScreenReadersHearOfEachChangeAsOneAndNothingOfTheMark)
-{
-    QAccessible::setActive(true);
-    if (!QAccessible::isActive()) {
-        GTEST_SKIP() << "accessibility cannot be made active here";
-    }
-    const auto before = QAccessible::installUpdateHandler(hear);
-    heard().clear();
-    fill(kWhole, u"one"_s, u"two"_s);
-    EXPECT_EQ(heard().join(u' '), u">one >two"_s);
-    heard().clear();
-    edits.undo(other);
-    EXPECT_EQ(heard().join(u' '), u"one> two>"_s);
-    heard().clear();
-    edits.redo(box);
-    EXPECT_EQ(heard().join(u' '), u">one >two"_s);
-    heard().clear();
-    QTest::keyClicks(&box, u"!"_s); // as ever
-    EXPECT_TRUE(heard().contains(u"+!"_s)) << heard().join(u' ').toStdString();
-    heard().clear();
-    EXPECT_EQ(edits.undo(other).blocking, &box); // looks only
-    EXPECT_EQ(heard().join(u' '), QString());
-    EXPECT_EQ(QAccessible::installUpdateHandler(before), hear);
-    QAccessible::setActive(false);
 }
 
 TEST_F(LinkedEditsTest, NothingShowsTheMark)

@@ -164,7 +164,7 @@ void RecordPane::setProblems(const std::vector<Problem> &problems)
         m_problems->setProblems(problems);
         m_fields->setProblems(problems);
     });
-    if (!std::exchange(m_areProblemsNew, false) && problems.size() != before) {
+    if (!std::exchange(m_areProblemsNew, false) && problems.size() != before && isActiveWindow()) {
         m_announcement->tell(announcementOf(problems.size()));
     }
 }

@@ -47,7 +47,7 @@ public:
     /// Shows that no record is chosen.
     void clear();
     /// Shows the problems of the record that is shown; call it after showRecord(), and whenever
-    /// they may have changed. A change of their number is announced.
+    /// they may have changed. A change of their number is announced if the window is in use.
     void setProblems(const std::vector<Problem> &problems);
     /// Whether the record can be changed; a deleted one cannot.
     void setEditable(bool editable);

@@ -148,6 +148,47 @@ TEST_F(WindowStandardsTest, HowManyProblemsAreLeftIsAnnounced)
     EXPECT_EQ(announcement->accessibleName(), u"1 problem."_s);
 }
 
+TEST_F(WindowStandardsTest, AWindowInTheBackgroundAnnouncesNothingUntilItIsUsedAgain)
+{
+    open(endings(1) + ending("Ending 2 <recshortnam>"));
+    clickRow(1);
+    auto *said = part<QWidget>("notice").parentWidget()->findChild<Announcement *>();
+    const auto *problems =
+        part<QWidget>("record").findChild<Announcement *>(QString(), Qt::FindDirectChildrenOnly);
+    QWidget other;
+    other.show();
+    expectActive(other);
+    changeOnDisk(endings(3));
+    EXPECT_EQ(list().model()->rowCount(), 3);
+    EXPECT_EQ(notice(), u"Read the file again: 3 records."_s);
+    EXPECT_EQ(said->accessibleName(), QString());
+    EXPECT_EQ(problems->accessibleName(), QString());
+    const auto isSaid = [&said] { return !said->accessibleName().isEmpty(); };
+    expectActive(window());
+    EXPECT_TRUE(QTest::qWaitFor(isSaid));
+    EXPECT_EQ(said->accessibleName(), notice());
+    said->setAccessibleName({});
+    expectActive(other);
+    expectActive(window());
+    EXPECT_FALSE(QTest::qWaitFor(isSaid, 100)) << "once is enough";
+}
+
+TEST_F(WindowStandardsTest, WhatIsNoLongerSoIsNotAnnouncedLater)
+{
+    open(endings(2));
+    auto *said = part<QWidget>("notice").parentWidget()->findChild<Announcement *>();
+    QWidget other;
+    other.show();
+    expectActive(other);
+    ASSERT_TRUE(QFile::remove(QString::fromLatin1(kFile)));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return notice().contains(u"is gone"_s); }));
+    writeFile(kFile, endings(2));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !notice().contains(u"is gone"_s); }));
+    expectActive(window());
+    QTest::qWait(100);
+    EXPECT_FALSE(said->accessibleName().contains(u"is gone"_s));
+}
+
 TEST_F(WindowStandardsTest, AWordOutsideTheListIsAnnouncedOnlyWhereTheUserPutsIt)
 {
     open(endings(1) + ending("Ending 2", "Sinfles"));

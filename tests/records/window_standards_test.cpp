@@ -261,6 +261,15 @@ TEST_F(WindowStandardsTest, AFileThatTellsNothingIsAskedFor)
     EXPECT_EQ(notice(), QString());
 }
 
+TEST_F(WindowStandardsTest, AFileOfTheSameWordAgainAndAgainIsAskedFor)
+{
+    writeFile("mystery.tvd", QByteArray("Any\r\n").repeated(38));
+    openFile("mystery.tvd");
+    EXPECT_EQ(window().kind(), std::nullopt);
+    EXPECT_TRUE(kind().hasFocus());
+    EXPECT_TRUE(failure().contains(u"Nothing in this file tells"_s)) << failure().toStdString();
+}
+
 TEST_F(WindowStandardsTest, AnotherKindAsksBeforeItForgetsChanges)
 {
     open(endings(3));

@@ -173,6 +173,22 @@ TEST_P(RecordsLookTest, EveryTargetIsLargeEnough)
     for (const QTreeView *list : parts::visible<QTreeView>(scene().window)) {
         checks::expectLargeRows(scene(), "Target: rows of lists", *list);
     }
+    if (const auto *cross = scene().window.findChild<QWidget *>(u"clearSearch"_s)) {
+        if (cross->isVisible()) { // no Tab stop, and so none of the targets above
+            figures::expectAtLeast(scene(), "Target: buttons", cross->objectName(),
+                                   std::min(cross->width(), cross->height()), 24);
+        }
+    }
+}
+
+TEST_P(RecordsLookTest, TheCrossInTheSearchBoxIsVisible)
+{
+    auto *cross = scene().window.findChild<QWidget *>(u"clearSearch"_s);
+    if (cross == nullptr || !cross->isVisible()) {
+        GTEST_SKIP() << "nothing is searched for";
+    }
+    const QRect place = parts::placeOf(*cross);
+    EXPECT_GE(Picture(scene().window, place).textContrast(place), contrast::kControl);
 }
 
 TEST_P(RecordsLookTest, NoTextIsCutOff)

@@ -207,6 +207,7 @@ private:
         press(Qt::CTRL | Qt::Key_F);
         press(Qt::Key_Escape);
         waitFor([this] { return !m_model->isSearching() && !m_model->isFiltered(); });
+        m_list->setFocus(); // in the box, undo would be that of its text
     }
 
     void sort(int column)

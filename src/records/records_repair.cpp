@@ -16,6 +16,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 kRepairSlice = 10; // milliseconds until the next event
+constexpr int kUntilNextLook = 100; // milliseconds while it must wait
 
 } // namespace
 
@@ -75,6 +76,11 @@ void RecordsRepair::end(const QString &text)
 
 void RecordsRepair::work()
 {
+    const bool mustWait = m_mustWait && m_mustWait();
+    m_timer.setInterval(mustWait ? kUntilNextLook : 0);
+    if (mustWait) {
+        return;
+    }
     m_last = m_document.last();
     QElapsedTimer timer;
     timer.start();

@@ -7,6 +7,8 @@
 #include <QString>
 #include <QTimer>
 
+#include <functional>
+#include <utility>
 #include <vector>
 
 namespace tarvold::records {
@@ -26,6 +28,10 @@ class RecordsRepair : public QObject
 public:
     /// \param document kept by the caller for as long as this lives, as is `scan`
     RecordsRepair(Document &document, const ProblemScan &scan, Typing typing);
+
+    /// \param mustWait asked before each part of the work, such as whether a question is open that
+    /// is about the document as it is
+    void setMustWait(std::function<bool()> mustWait) { m_mustWait = std::move(mustWait); }
 
     /// Starts, unless it is running.
     /// \param what the name of the change
@@ -58,6 +64,7 @@ private:
     Document &m_document;
     const ProblemScan &m_scan;
     Typing m_typing;
+    std::function<bool()> m_mustWait;
     QTimer m_timer;
     QString m_what;
     bool m_isRunning = false;

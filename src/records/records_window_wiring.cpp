@@ -192,6 +192,8 @@ void RecordsWindow::Parts::connectScan()
     QObject::connect(scan.get(), &ProblemScan::progress, &window, [this] { showProgress(); });
     QObject::connect(scan.get(), &ProblemScan::found, &window, [this] { showCounts(); });
     QObject::connect(scan.get(), &ProblemScan::finished, &window, [this] { showProgress(); });
+    // A save asks with the bytes in hand that it is about to write.
+    tasks->repair().setMustWait([this] { return file->isAsking(); });
     QObject::connect(&tasks->repair(), &RecordsRepair::progress, &window,
                      [this](int done, int count) {
                          repaired = {done, count};

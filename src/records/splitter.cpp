@@ -19,7 +19,7 @@ constexpr int kRecordsOpen = 8;
 constexpr int kHopeless = 6 * LineCosts::kBit;
 
 /// How many bytes are read between two calls of `progress`.
-constexpr qsizetype kAskAfter = 1 << 20;
+constexpr qsizetype kAskAfter = 1 << 19;
 
 /// How many lines may be forgotten at once.
 constexpr qsizetype kForgetAfter = 8192;

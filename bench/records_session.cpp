@@ -64,7 +64,8 @@ public:
         qApp->installEventFilter(this);
         m_window = RecordsWindow::open(session.file);
         waitFor([this] { return m_isPainted; });
-        print("first rows", millisecondsSince(session.start));
+        print(session.changes ? "first rows, faulty" : "first rows",
+              millisecondsSince(session.start));
         m_list = m_window->findChild<QAbstractItemView *>(u"list"_s);
         m_model = qobject_cast<RecordListModel *>(m_list->model());
         connect(m_model, &RecordListModel::settled, this, [this] { m_isSettled = true; });

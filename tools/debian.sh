@@ -9,6 +9,8 @@ packages_tour=(
     xvfb
 )
 # shellcheck disable=SC2034
+packages_test_linux=(desktop-file-utils shared-mime-info strace)
+# shellcheck disable=SC2034
 packages_test_windows=(googletest wine wine64 xauth)
 # shellcheck disable=SC2034
 packages_test=(

@@ -9,6 +9,8 @@ packages_tour=(
     xvfb
 )
 # shellcheck disable=SC2034
+packages_test_linux=(desktop-file-utils shared-mime-info strace)
+# shellcheck disable=SC2034
 packages_test_windows=(googletest wine wine64 xauth)
 # shellcheck disable=SC2034
 packages_test=(
@@ -22,6 +24,14 @@ packages_test=(
 packages_windows=(
     build-essential cmake debian-archive-keyring g++-mingw-w64-x86-64-posix icoutils libexpected-dev
     librsvg2-bin ninja-build perl python3 qt6-base-dev
+)
+# shellcheck disable=SC2034
+packages_linux=(
+    bison build-essential cmake debian-archive-keyring libatspi2.0-dev libexpected-dev libfontconfig-dev
+    libfreetype-dev libxcb-icccm4-dev libxcb-image0-dev libxcb-keysyms1-dev libxcb-randr0-dev
+    libxcb-render-util0-dev libxcb-render0-dev libxcb-shape0-dev libxcb-shm0-dev libxcb-sync-dev
+    libxcb-util0-dev libxcb-xfixes0-dev libxcb-xinput-dev libxcb-xkb-dev libxcb1-dev meson ninja-build
+    perl pkgconf python3 qt6-base-dev
 )
 
 # install_missing PACKAGE...: installs what is not there; asks for root only then.

@@ -28,7 +28,8 @@ Layout layoutOf(const std::vector<Line> &lines, const Catalog &catalog);
 using Progress = std::function<bool(double)>;
 
 /// Divides a file into records, where each starts in its bytes. Records have as many lines as their
-/// kind, or some fewer or more where that makes the cheapest reading of the whole file.
+/// kind, or some fewer or more where that makes the cheapest reading of the whole file. Two threads
+/// share a large file; `progress` hears of the one that called this, and ends with its half.
 /// \return nothing if `progress` stopped it
 std::optional<std::vector<qsizetype>> splitIntoRecords(QByteArrayView file, const Catalog &catalog,
                                                        const Progress &progress = {});

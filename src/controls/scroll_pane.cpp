@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QEvent>
 #include <QGridLayout>
+#include <QResizeEvent>
 #include <QScrollBar>
 
 #include <algorithm>
@@ -54,11 +55,16 @@ ScrollPane::ScrollPane(QWidget *parent) : QScrollArea(parent)
     });
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) {
         if (now != nullptr && widget()->isAncestorOf(now)) {
-            // Qt only keeps the cursor visible, which leaves boxes cut off.
-            const QPoint middle = now->mapTo(widget(), now->rect().center());
-            ensureVisible(middle.x(), middle.y(), 0, now->height() / 2 + kRowGap);
+            reveal(*now);
         }
     });
+}
+
+void ScrollPane::reveal(const QWidget &control)
+{
+    // Qt only keeps the cursor visible, which leaves boxes cut off.
+    const QPoint middle = control.mapTo(widget(), control.rect().center());
+    ensureVisible(middle.x(), middle.y(), 0, control.height() / 2 + kRowGap);
 }
 
 QSize ScrollPane::sizeHint() const
@@ -68,8 +74,16 @@ QSize ScrollPane::sizeHint() const
 
 void ScrollPane::resizeEvent(QResizeEvent *event)
 {
+    const QWidget *focus = QApplication::focusWidget();
+    const bool isInSight =
+        focus != nullptr && widget()->isAncestorOf(focus) &&
+        QRect(QPoint(), event->oldSize())
+            .intersects(QRect(focus->mapTo(viewport(), QPoint()), focus->size()));
     fitGaps();
     QScrollArea::resizeEvent(event);
+    if (isInSight) {
+        reveal(*focus); // a lower pane would leave it out of sight
+    }
 }
 
 bool ScrollPane::eventFilter(QObject *watched, QEvent *event)

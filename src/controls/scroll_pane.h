@@ -30,6 +30,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    void reveal(const QWidget &control);
     void rememberGaps();
     void setGaps(int step);
     /// The height that the content needs with its gaps as they are now.

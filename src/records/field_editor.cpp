@@ -33,6 +33,8 @@ FieldEditor::FieldEditor(const KnownField &known, QWidget *parent) : QObject(par
         m_combo = new ComboBox(parent);
         m_control = m_combo;
         m_combo->addItems(known.items);
+        m_combo->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+        m_combo->setMinimumContentsLength(0); // any other one allows items to be cut off
         m_combo->setText({}); // it starts with its first item, which no record has put there
         m_combo->markUnlisted(u"Not in the list."_s);
         connect(qobject_cast<TextBox *>(m_combo->lineEdit()), &TextBox::left, this,

@@ -17,10 +17,15 @@ constexpr int kClear = 20 * LineCosts::kBit;
 /// Lines that on average cost more than this look like no kind at all.
 constexpr int kStrange = 5 * LineCosts::kBit;
 
+/// One of so many lines at least must hold a field. The same line again and again costs little if
+/// it is taken for a line that stands there twice, but tells nothing.
+constexpr int kOneOf = 2;
+
 struct Candidate
 {
     DataFileKind kind;
     int cost;
+    int surplus; ///< lines that hold no field then
 };
 
 /// What the first lines cost when they are read as records of each kind, the cheapest first.
@@ -33,7 +38,9 @@ std::vector<Candidate> candidatesFor(const std::vector<Line> &lines)
             const bool isDoubled = line > 0 && lines[line].text == lines[line - 1].text;
             alignment.add(sortOf(lines[line].text), isDoubled);
         }
-        candidates.push_back({row.kind, alignment.leastCost()});
+        const std::vector<int> fields = alignment.cheapestPath().fieldOfLine;
+        candidates.push_back(
+            {row.kind, alignment.leastCost(), int(std::count(fields.begin(), fields.end(), -1))});
     }
     std::stable_sort(
         candidates.begin(), candidates.end(),
@@ -63,7 +70,9 @@ KindGuess guessKind(QByteArrayView file, const QString &fileName)
     }
     const std::vector<Candidate> candidates = candidatesFor(lines);
     const int least = candidates.front().cost;
-    const bool isStrange = least > kStrange * int(lines.size());
+    const int count = int(lines.size());
+    const bool isStrange =
+        least > kStrange * count || (count - candidates.front().surplus) * kOneOf < count;
     KindGuess guess;
     for (const Candidate &candidate : candidates) {
         if (isStrange || candidate.cost < least + kClear) {

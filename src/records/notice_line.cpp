@@ -5,9 +5,12 @@
 #include "controls/sizes.h"
 #include "screens/hint_line.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
+#include <QTimer>
 
 #include <algorithm>
+#include <utility>
 
 namespace tarvold::records {
 
@@ -35,22 +38,47 @@ NoticeLine::NoticeLine(QWidget *parent)
 
 void NoticeLine::notice(const QString &text, bool offersReload)
 {
-    const bool isNew = text != m_notice;
     m_reload->setVisible(offersReload);
-    m_notice = text;
+    const QString before = std::exchange(m_notice, text);
     show();
-    if (isNew && !text.isEmpty()) {
-        m_announcement->tell(text);
+    if (text != before) {
+        announceInsteadOf(before, text);
     }
 }
 
 void NoticeLine::tell(const QString &text)
 {
-    m_told = text;
+    const QString before = std::exchange(m_told, text);
     show();
-    if (!text.isEmpty()) {
-        m_announcement->tell(text);
+    announceInsteadOf(before, text);
+}
+
+void NoticeLine::announceInsteadOf(const QString &before, const QString &text)
+{
+    if (m_unsaid == before) {
+        m_unsaid.clear(); // no longer true
     }
+    if (text.isEmpty()) {
+        return;
+    }
+    if (isActiveWindow()) {
+        m_announcement->tell(text);
+    } else {
+        m_unsaid = text; // who works in another window is not to be interrupted
+    }
+}
+
+bool NoticeLine::event(QEvent *event)
+{
+    if (event->type() == QEvent::WindowActivate) {
+        // After the window itself and the control with the focus.
+        QTimer::singleShot(0, this, [this] {
+            if (isActiveWindow() && !m_unsaid.isEmpty()) {
+                m_announcement->tell(std::exchange(m_unsaid, {}));
+            }
+        });
+    }
+    return QWidget::event(event);
 }
 
 void NoticeLine::focusReload()

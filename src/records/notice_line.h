@@ -12,7 +12,8 @@ namespace tarvold::records {
 
 /// One quiet line at the foot of a window. It says what the user should know of the file, with a
 /// button that reads the file again where that helps; else what was done last. It takes the same
-/// height whether it says something or not. Screen readers read it out.
+/// height whether it says something or not. Screen readers read it out: at once in the window that
+/// is in use, in any other when the user comes back to it.
 class NoticeLine : public QWidget
 {
     Q_OBJECT
@@ -30,14 +31,19 @@ public:
 signals:
     void reloadRequested();
 
+protected:
+    bool event(QEvent *event) override;
+
 private:
     void show();
+    void announceInsteadOf(const QString &before, const QString &text);
 
     QString m_notice;
     QString m_told;
     HintLine *m_line;
     PushButton *m_reload;
     Announcement *m_announcement;
+    QString m_unsaid; ///< what is announced when the window is in use again
 };
 
 } // namespace tarvold::records

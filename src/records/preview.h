@@ -16,6 +16,8 @@ struct Cast
     {
         QString tag;  ///< such as "<recfullname>"
         QString text; ///< what it is filled with
+
+        bool operator==(const Member &) const = default;
     };
     std::vector<Member> members;
 
@@ -26,6 +28,8 @@ struct Cast
     QString textFor(const QString &tag) const;
     /// Fills a tag with another text.
     void setText(const QString &tag, const QString &text);
+
+    bool operator==(const Cast &) const = default;
 };
 
 /// A stretch of a line that looks the same.

@@ -154,6 +154,8 @@ void RecordFieldsView::updateRecord(const Record &record)
         dropForm();
         m_form = newForm(record.catalog());
         m_pane->column().addWidget(m_form->place);
+        m_pane->setMinimumWidth(m_form->place->minimumSizeHint().width() +
+                                m_pane->verticalScrollBar()->sizeHint().width() + kRowGap);
     }
     fill(record);
     showSurplus(record);

@@ -3,15 +3,16 @@
 #include "controls/announcement.h"
 #include "controls/long_text.h"
 #include "controls/sizes.h"
+#include "records/pane_scroll.h"
 #include "records/preview.h"
 #include "records/problem_list.h"
 #include "records/record_fields_view.h"
+#include "records/record_tabs.h"
 #include "records/shown_view.h"
 
 #include <QLabel>
 #include <QShortcut>
 #include <QTabBar>
-#include <QTabWidget>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -39,11 +40,12 @@ QString announcementOf(std::size_t problems)
 
 RecordPane::RecordPane(QWidget *parent)
     : QWidget(parent)
-    , m_conditions(new QLabel(this))
-    , m_problems(new ProblemList(this))
-    , m_tabs(new QTabWidget(this))
+    , m_conditions(new QLabel)
+    , m_problems(new ProblemList)
+    , m_tabs(new RecordTabs)
     , m_shown(new ShownView)
     , m_fields(new RecordFieldsView)
+    , m_scroll(new PaneScroll(this))
     , m_announcement(new Announcement(this))
 {
     setObjectName(u"record"_s);
@@ -53,10 +55,13 @@ RecordPane::RecordPane(QWidget *parent)
     m_conditions->setTextInteractionFlags(Qt::TextSelectableByMouse);
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins({});
-    column->setSpacing(kGap);
-    column->addWidget(m_conditions);
-    column->addWidget(m_problems);
-    column->addWidget(m_tabs, 1);
+    column->addWidget(m_scroll);
+    m_scroll->setObjectName(u"pane"_s);
+    m_scroll->column().addWidget(m_conditions);
+    m_scroll->column().addWidget(m_problems);
+    m_scroll->column().addWidget(m_tabs, 1);
+    connect(m_scroll, &PaneScroll::heightChanged, this,
+            [this] { m_tabs->setRoom(m_scroll->viewport()->height()); });
     addTabs();
     connect(m_problems, &ProblemList::chosen, this, &RecordPane::goTo);
     connect(m_problems, &ProblemList::repairRequested, this, [this](const Problem &problem) {
@@ -126,16 +131,20 @@ void RecordPane::tell(const Record &record)
 void RecordPane::showRecord(const Record &record)
 {
     m_areProblemsNew = true;
-    tell(record);
-    m_shown->showRecord(record);
-    m_fields->showRecord(record);
+    m_scroll->change([this, &record] {
+        tell(record);
+        m_shown->showRecord(record);
+        m_fields->showRecord(record);
+    });
 }
 
 void RecordPane::updateRecord(const Record &record)
 {
-    tell(record);
-    m_shown->updateRecord(record);
-    m_fields->updateRecord(record);
+    m_scroll->change([this, &record] {
+        tell(record);
+        m_shown->updateRecord(record);
+        m_fields->updateRecord(record);
+    });
 }
 
 void RecordPane::clear()
@@ -151,9 +160,11 @@ void RecordPane::clear()
 void RecordPane::setProblems(const std::vector<Problem> &problems)
 {
     const std::size_t before = m_problems->problems().size();
-    m_problems->setProblems(problems);
-    m_fields->setProblems(problems);
-    if (!std::exchange(m_areProblemsNew, false) && problems.size() != before) {
+    m_scroll->change([this, &problems] {
+        m_problems->setProblems(problems);
+        m_fields->setProblems(problems);
+    });
+    if (!std::exchange(m_areProblemsNew, false) && problems.size() != before && isActiveWindow()) {
         m_announcement->tell(announcementOf(problems.size()));
     }
 }
@@ -188,6 +199,7 @@ void RecordPane::goToField(int field)
 {
     setView(View::AsWritten);
     m_fields->goToField(field);
+    m_scroll->reveal(*m_tabs);
 }
 
 void RecordPane::goTo(const Problem &problem)
@@ -198,6 +210,7 @@ void RecordPane::goTo(const Problem &problem)
     } else {
         m_fields->goToLine(problem.line);
     }
+    m_scroll->reveal(*m_tabs); // the view has scrolled to the place
 }
 
 QSize RecordPane::sizeHint() const

@@ -8,7 +8,6 @@
 #include <vector>
 
 class QLabel;
-class QTabWidget;
 
 namespace tarvold {
 class Announcement;
@@ -16,13 +15,15 @@ class Announcement;
 
 namespace tarvold::records {
 
+class PaneScroll;
 class ProblemList;
 class RecordFieldsView;
+class RecordTabs;
 class ShownView;
 
 /// The chosen record: its conditions in a sentence, its problems, and below them two tabs, the
 /// commentary as its audience reads it and all lines as they are written. Ctrl+1 and Ctrl+2 go to
-/// the tabs.
+/// the tabs. Where the window is too low for all that, the pane scrolls as a whole.
 ///
 /// It changes nothing itself: it tells what the user wants, and is told the outcome by
 /// updateRecord() and setProblems(), which may come while a signal is being sent. It keeps no bytes
@@ -46,7 +47,7 @@ public:
     /// Shows that no record is chosen.
     void clear();
     /// Shows the problems of the record that is shown; call it after showRecord(), and whenever
-    /// they may have changed. A change of their number is announced.
+    /// they may have changed. A change of their number is announced if the window is in use.
     void setProblems(const std::vector<Problem> &problems);
     /// Whether the record can be changed; a deleted one cannot.
     void setEditable(bool editable);
@@ -82,9 +83,10 @@ private:
 
     QLabel *m_conditions;
     ProblemList *m_problems;
-    QTabWidget *m_tabs;
+    RecordTabs *m_tabs;
     ShownView *m_shown;
     RecordFieldsView *m_fields;
+    PaneScroll *m_scroll; ///< has all of these
     Announcement *m_announcement;
     bool m_areProblemsNew = true; ///< those that come next are not compared with the ones before
 };

@@ -4,12 +4,14 @@
 #include "controls/contrast.h"
 #include "controls/controls.h"
 #include "controls/long_text.h"
+#include "controls/push_button.h"
 #include "controls/scroll_pane.h"
 #include "controls/sizes.h"
 #include "controls/text_box.h"
 
 #include <QEvent>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QScrollBar>
 #include <QTextEdit>
@@ -85,6 +87,7 @@ ShownView::ShownView(QWidget *parent)
     , m_text(new QTextEdit(this))
     , m_legend(newLabel("legend", this))
     , m_castHeading(newLabel("castheading", this))
+    , m_castRestore(new PushButton(u"Example Names Again"_s, this))
     , m_castPane(new ScrollPane(this))
     , m_castGrid(new QGridLayout)
 {
@@ -98,7 +101,11 @@ ShownView::ShownView(QWidget *parent)
     column->setContentsMargins({});
     column->addWidget(m_text, 1);
     column->addWidget(m_legend);
-    column->addWidget(m_castHeading);
+    auto *castHead = new QHBoxLayout;
+    castHead->setSpacing(kGap);
+    castHead->addWidget(m_castHeading, 1);
+    castHead->addWidget(m_castRestore, 0, Qt::AlignTop);
+    column->addLayout(castHead);
     column->addWidget(m_castPane);
     clear();
 }
@@ -106,6 +113,9 @@ ShownView::ShownView(QWidget *parent)
 void ShownView::addCast()
 {
     m_castHeading->setText(u"Names that the record leaves open (an example, for this run only):"_s);
+    m_castRestore->setObjectName(u"exampleAgain"_s);
+    m_castRestore->setPurpose(u"Fills all names with the example again."_s);
+    connect(m_castRestore, &QPushButton::clicked, this, &ShownView::restoreCast);
     m_castPane->setObjectName(u"cast"_s);
     m_castPane->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Maximum);
     m_castPane->column().addLayout(m_castGrid);
@@ -138,12 +148,15 @@ void ShownView::clear()
     m_text->clear();
     m_legend->hide();
     m_castHeading->hide();
+    m_castRestore->hide();
     m_castPane->hide();
 }
 
 void ShownView::write()
 {
-    const std::vector<ShownLine> lines = asShown(*m_record, Cast::ofThisRun());
+    m_cast = Cast::ofThisRun();
+    m_castRestore->setEnabled(m_cast != Cast::example());
+    const std::vector<ShownLine> lines = asShown(*m_record, m_cast);
     const int scrolled = m_text->verticalScrollBar()->value();
     m_text->clear();
     QTextCursor cursor(m_text->document());
@@ -181,6 +194,11 @@ void ShownView::newCastRow()
     box->setObjectName(u"cast%1"_s.arg(row + 1));
     m_castGrid->addWidget(label, row, 0);
     m_castGrid->addWidget(box, row, 1);
+    QWidget *before = m_castRestore;
+    if (!m_castRows.empty()) {
+        before = m_castRows.back().box;
+    }
+    setTabOrder(before, box);
     m_castRows.push_back({label, box, {}});
     connect(box, &QLineEdit::textEdited, this, [this, row](const QString &text) {
         Cast::ofThisRun().setText(m_castRows.at(std::size_t(row)).tag, text);
@@ -210,7 +228,31 @@ void ShownView::fillCast()
         }
     }
     m_castHeading->setVisible(!tags.isEmpty());
+    m_castRestore->setVisible(!tags.isEmpty());
     m_castPane->setVisible(!tags.isEmpty());
+}
+
+void ShownView::restoreCast()
+{
+    if (m_castRestore->hasFocus()) {
+        m_castRows.front().box->setFocus(Qt::OtherFocusReason); // the button can't keep it
+    }
+    Cast::ofThisRun() = Cast::example();
+    followCast();
+}
+
+void ShownView::followCast()
+{
+    write();
+    fillCast();
+}
+
+bool ShownView::event(QEvent *event)
+{
+    if (event->type() == QEvent::WindowActivate && m_record && m_cast != Cast::ofThisRun()) {
+        followCast();
+    }
+    return QWidget::event(event);
 }
 
 void ShownView::changeEvent(QEvent *event)

@@ -12,6 +12,7 @@ class QLabel;
 class QTextEdit;
 
 namespace tarvold {
+class PushButton;
 class ScrollPane;
 class TextBox;
 } // namespace tarvold
@@ -19,7 +20,8 @@ class TextBox;
 namespace tarvold::records {
 
 /// A record as its audience reads it, and the cast that fills the tags which the record's own names
-/// leave open. The user may change the cast; it lasts as long as the program.
+/// leave open. The user may change the cast; it lasts as long as the program, or until a button
+/// brings the example back.
 class ShownView : public QWidget
 {
     Q_OBJECT
@@ -33,6 +35,7 @@ public:
     void clear();
 
 protected:
+    bool event(QEvent *event) override;
     void changeEvent(QEvent *event) override;
 
 private:
@@ -46,6 +49,8 @@ private:
     void addCast();
     void newCastRow();
     void fillCast();
+    void restoreCast();
+    void followCast();
     void write();
     void writeLegend(bool hasFilledIn, bool hasUnknown);
 
@@ -53,9 +58,11 @@ private:
     QTextEdit *m_text;
     QLabel *m_legend;
     QLabel *m_castHeading;
+    PushButton *m_castRestore;
     ScrollPane *m_castPane;
     QGridLayout *m_castGrid;
     std::vector<CastRow> m_castRows; ///< used again for each record
+    Cast m_cast;                     ///< that is shown; another window may have changed it since
 };
 
 } // namespace tarvold::records

@@ -28,4 +28,23 @@ struct Step
     static Step of(const Record &record);
 };
 
+/// Fields in a row, the first and the last of them.
+struct FieldRun
+{
+    int first;
+    int last;
+
+    bool isOne() const { return first == last; }
+    bool operator==(const FieldRun &) const = default;
+};
+
+/// The fields in a row whose lines are missing.
+std::vector<FieldRun> missingRuns(const Layout &layout);
+
+/// The fields of which some may be the ones that are missing, so that nobody can tell which. Among
+/// lines that suit each other's fields, such as "Any" three times, it may be any of them.
+/// \param missing one of missingRuns()
+/// \return the same fields if hardly any other can be meant
+FieldRun fieldsInDoubt(const Record &record, const Step &step, const FieldRun &missing);
+
 } // namespace tarvold::records

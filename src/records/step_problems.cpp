@@ -35,38 +35,42 @@ QString howManyLines(const Examined &examined)
                       : u"%1 %2 has %3 lines"_s.arg(record).arg(examined.number).arg(lines);
 }
 
-/// Fields in a row whose lines are missing.
-struct MissingRun
-{
-    int first;
-    int last;
-};
-
-std::vector<MissingRun> missingRuns(const Examined &examined)
-{
-    std::vector<MissingRun> runs;
-    for (int field = 0; field < examined.record.catalog().fieldCount(); ++field) {
-        if (examined.step.layout.lineOfField.at(std::size_t(field)) >= 0) {
-            continue;
-        }
-        if (!runs.empty() && runs.back().last == field - 1) {
-            runs.back().last = field;
-        } else {
-            runs.push_back({field, field});
-        }
-    }
-    return runs;
-}
-
 /// What a repair puts where lines are missing.
-QString repairOf(const Examined &examined, const MissingRun &run)
+/// \param doubt see fieldsInDoubt()
+QString repairOf(const Examined &examined, const FieldRun &run, const FieldRun &doubt)
 {
     const QString text = examined.known(run.first).newText;
-    if (run.first == run.last) {
-        return text.isEmpty() ? u"Put an empty line there"_s : u"Put \"%1\" there"_s.arg(text);
+    const QString first = captionOf(examined.known(run.first));
+    if (run.isOne()) {
+        const QString place = run == doubt ? u"there"_s : u"at %1"_s.arg(first);
+        return text.isEmpty() ? u"Put an empty line %1"_s.arg(place)
+                              : u"Put \"%1\" %2"_s.arg(text, place);
     }
-    return u"Put %1 lines there as in a new %2"_s.arg(run.last - run.first + 1)
-        .arg(recordOf(examined.record.catalog().kind()));
+    const QString place = run == doubt
+                              ? u"there"_s
+                              : u"from %1 to %2"_s.arg(first, captionOf(examined.known(run.last)));
+    return u"Put %1 lines %2 as in a new %3"_s.arg(QString::number(run.last - run.first + 1), place,
+                                                   recordOf(examined.record.catalog().kind()));
+}
+
+/// Which lines are missing, as far as that can be told.
+QString whichOf(const Examined &examined, const FieldRun &run, const FieldRun &doubt)
+{
+    const QString first = captionOf(examined.known(doubt.first));
+    const QString last = captionOf(examined.known(doubt.last));
+    if (doubt.isOne()) {
+        return u"the line for %1 is missing."_s.arg(first);
+    }
+    if (run == doubt) {
+        return u"the lines from %1 to %2 are missing."_s.arg(first, last);
+    }
+    const int count = run.last - run.first + 1;
+    if (count == 1) {
+        return u"one of the lines from %1 to %2 is missing, and it is not certain which."_s.arg(
+            first, last);
+    }
+    return u"%1 of the lines from %2 to %3 are missing, and it is not certain which."_s.arg(
+        QString::number(count), first, last);
 }
 
 /// The line of a field; of a broken one its last part.
@@ -76,13 +80,9 @@ int lastLineOf(const Examined &examined, int field)
     return examined.step.wholes.at(std::size_t(whole)).last;
 }
 
-Problem missing(const Examined &examined, const MissingRun &run)
+Problem missing(const Examined &examined, const FieldRun &run)
 {
-    const QString which =
-        run.first == run.last
-            ? u"the line for %1 is missing."_s.arg(captionOf(examined.known(run.first)))
-            : u"the lines from %1 to %2 are missing."_s.arg(captionOf(examined.known(run.first)),
-                                                            captionOf(examined.known(run.last)));
+    const FieldRun doubt = fieldsInDoubt(examined.record, examined.step, run);
     const auto lines = int(examined.record.lines().size());
     const bool isShort = lines < examined.record.catalog().fieldCount();
     const int place = run.first == 0 ? 0 : lastLineOf(examined, run.first - 1) + 1;
@@ -93,9 +93,9 @@ Problem missing(const Examined &examined, const MissingRun &run)
     return {.type = Problem::Type::MissingLine,
             .field = run.first,
             .line = place,
-            .text = howManyLines(examined) + (isShort ? u"; "_s : u", but "_s) + which +
-                    consequence(examined, place == lines),
-            .repair = repairOf(examined, run),
+            .text = howManyLines(examined) + (isShort ? u"; "_s : u", but "_s) +
+                    whichOf(examined, run, doubt) + consequence(examined, place == lines),
+            .repair = repairOf(examined, run, doubt),
             .repaired = edits::withInserted(examined.record, place, texts)};
 }
 
@@ -160,7 +160,7 @@ void checkStep(const Examined &examined, Problems &problems)
     if (examined.record.layout().isWhole()) {
         return;
     }
-    for (const MissingRun &run : missingRuns(examined)) {
+    for (const FieldRun &run : missingRuns(examined.step.layout)) {
         problems.push_back(missing(examined, run));
     }
     for (const SurplusRun &run : surplusRuns(examined)) {

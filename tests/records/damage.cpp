@@ -1,6 +1,7 @@
 #include "records/damage.h"
 
 #include "records/line_costs.h"
+#include "records/step.h"
 
 #include <set>
 
@@ -60,6 +61,11 @@ void judgeMissing(const Record &found, int named, const RecordLines &original, c
     tally.fields += named == fault.field ? 1 : 0;
     tally.alike += isAlike ? 1 : 0;
     tally.asGood += isAlike || isAsGood ? 1 : 0;
+    const FieldRun doubt = fieldsInDoubt(found, Step::of(found), {named, named});
+    tally.missing += 1;
+    tally.certain += doubt.isOne() ? 1 : 0;
+    tally.wrong += doubt.isOne() && named != fault.field ? 1 : 0;
+    tally.outside += fault.field < doubt.first || fault.field > doubt.last ? 1 : 0;
 }
 
 /// Compares what is named in a record with the one line that stands in it twice.
@@ -148,6 +154,10 @@ Tally &Tally::operator+=(const Tally &other)
     records += other.records;
     fields += other.fields;
     alike += other.alike;
+    missing += other.missing;
+    certain += other.certain;
+    wrong += other.wrong;
+    outside += other.outside;
     asGood += other.asGood;
     return *this;
 }

@@ -27,6 +27,10 @@ struct Tally
     int records = 0; ///< files where exactly the damaged records were named
     int fields = 0;  ///< faults whose field was named
     int alike = 0;   ///< faults whose repair gives back the record that was
+    int missing = 0; ///< faults of a line that is missing, and nothing else named
+    int certain = 0; ///< faults for which a single field is named as the missing one
+    int wrong = 0;   ///< faults of these that were at another field
+    int outside = 0; ///< faults at a field that is not even among those named as possible
     int asGood = 0;  ///< faults that are alike, or whose lines suit the named fields as well
 
     /// Counts one damaged file.

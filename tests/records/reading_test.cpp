@@ -219,6 +219,24 @@ TEST(GuessKind, TakesTheNameWhereTheContentTellsNothing)
     }
 }
 
+TEST(GuessKind, AsksWhereEveryLineIsAWordThatStandsInAllKinds)
+{
+    for (const char *word : {"Any", "N/A", "None", "Yes", "No", "-BLANK-", "1", ""}) {
+        for (const int lines : {1, 5, 18, 19, 20, 33, 34, 36, 38, 44, 57, 684, 5000}) {
+            const QByteArray file = QByteArray(word).append("\r\n").repeated(lines);
+            const KindGuess guess = guessKind(file, u"mine.tvd"_s);
+            EXPECT_EQ(guess.kind, std::nullopt) << lines << " lines of " << word;
+            EXPECT_GE(guess.likely.size(), 2U) << lines << " lines of " << word;
+            const KindGuess named = guessKind(file, u"interviews.tvd"_s);
+            const bool isLikely =
+                std::count(named.likely.begin(), named.likely.end(), DataFileKind::Interviews) > 0;
+            EXPECT_EQ(named.kind, isLikely ? std::optional(DataFileKind::Interviews) : std::nullopt)
+                << lines << " lines of " << word;
+            EXPECT_TRUE(isLikely || lines < 19) << lines << " lines of " << word;
+        }
+    }
+}
+
 TEST(KindFor, TakesTheExpectedKindUnlessTheContentClearlyTellsAnother)
 {
     Random random(11);

@@ -449,6 +449,42 @@ TEST_F(PaneTest, FillsInTheCastAndTakesAnotherForTheRun)
     Cast::ofThisRun() = Cast::example();
 }
 
+TEST_F(PaneTest, BringsTheExampleCastBackByKeyboard)
+{
+    open(NormalEndings,
+         {{kFirstLine, u"<recfullname> meets <att1fullname>."_s}, {kAttacker, u"Al Ray"_s}});
+    press(Qt::CTRL | Qt::Key_1);
+    auto &again = get<PushButton>("exampleAgain");
+    auto &name = get<TextBox>("cast1");
+    EXPECT_FALSE(again.isEnabled()) << "the example is there";
+    testing::typeOver(name, u"Max"_s);
+    EXPECT_EQ(shownText(), u"Max meets Al Ray."_s);
+    EXPECT_TRUE(again.isEnabled());
+    press(Qt::SHIFT | Qt::Key_Tab);
+    EXPECT_TRUE(again.hasFocus());
+    press(Qt::Key_Return);
+    EXPECT_EQ(shownText(), u"Kit Sample meets Al Ray."_s);
+    EXPECT_EQ(name.text(), u"Kit Sample"_s);
+    EXPECT_FALSE(again.isEnabled());
+    EXPECT_TRUE(name.hasFocus());
+}
+
+TEST_F(PaneTest, ShowsTheCastThatAnotherWindowChanged)
+{
+    open(NormalEndings, {{kFirstLine, u"<recfullname> wins."_s}});
+    press(Qt::CTRL | Qt::Key_1);
+    QWidget other;
+    other.show();
+    testing::expectActive(other);
+    Cast::ofThisRun().setText(u"<recfullname>"_s, u"Max"_s);
+    testing::expectActive(window);
+    EXPECT_EQ(shownText(), u"Max wins."_s);
+    EXPECT_EQ(get<TextBox>("cast1").text(), u"Max"_s);
+    EXPECT_TRUE(get<PushButton>("exampleAgain").isEnabled());
+    testing::click(get<PushButton>("exampleAgain"));
+    EXPECT_TRUE(Cast::ofThisRun() == Cast::example());
+}
+
 TEST_F(PaneTest, ShowsTheConditionsAboveAndFollowsChanges)
 {
     open(NormalEndings);

@@ -1,4 +1,3 @@
-#include "controls/announcement.h"
 #include "controls/combo_box.h"
 #include "records/catalog.h"
 #include "records/window_fixture.h"
@@ -133,34 +132,6 @@ TEST_F(WindowStandardsTest, ARecordIsCorrectedAndSavedByKeyboardAlone)
     EXPECT_TRUE(QTest::qWaitFor([this] { return !isOpen(); }));
 }
 
-TEST_F(WindowStandardsTest, HowManyProblemsAreLeftIsAnnounced)
-{
-    open(endings(1) + ending("Ending 2 <recshortnam>"));
-    clickRow(1);
-    ASSERT_TRUE(part<QWidget>("repair").isVisible());
-    const auto *announcement =
-        part<QWidget>("record").findChild<Announcement *>(QString(), Qt::FindDirectChildrenOnly);
-    ASSERT_NE(announcement, nullptr);
-    EXPECT_EQ(announcement->accessibleName(), QString());
-    QTest::mouseClick(&part<QWidget>("repair"), Qt::LeftButton);
-    EXPECT_EQ(announcement->accessibleName(), u"No problems."_s);
-    press(QKeySequence::Undo);
-    EXPECT_EQ(announcement->accessibleName(), u"1 problem."_s);
-}
-
-TEST_F(WindowStandardsTest, AWordOutsideTheListIsAnnouncedOnlyWhereTheUserPutsIt)
-{
-    open(endings(1) + ending("Ending 2", "Sinfles"));
-    press(Qt::CTRL | Qt::Key_2);
-    clickRow(1);
-    const auto *announcement = part<ComboBox>("field1").findChild<Announcement *>();
-    EXPECT_TRUE(part<ComboBox>("field1").isMarked());
-    EXPECT_EQ(announcement->accessibleName(), QString());
-    clickRow(0);
-    typeInto(1, u"Sinfles"_s);
-    EXPECT_EQ(announcement->accessibleName(), u"Not in the list."_s);
-}
-
 TEST_F(WindowStandardsTest, AMissingFileIsToldAndShownOnceItIsThere)
 {
     openFile("missing.tvd");
@@ -218,6 +189,15 @@ TEST_F(WindowStandardsTest, AFileThatTellsNothingIsAskedFor)
     pickByKeyboard(kind(), u"Talk show segments"_s);
     EXPECT_EQ(window().kind(), DataFileKind::TalkShows);
     EXPECT_EQ(notice(), QString());
+}
+
+TEST_F(WindowStandardsTest, AFileOfTheSameWordAgainAndAgainIsAskedFor)
+{
+    writeFile("mystery.tvd", QByteArray("Any\r\n").repeated(38));
+    openFile("mystery.tvd");
+    EXPECT_EQ(window().kind(), std::nullopt);
+    EXPECT_TRUE(kind().hasFocus());
+    EXPECT_TRUE(failure().contains(u"Nothing in this file tells"_s)) << failure().toStdString();
 }
 
 TEST_F(WindowStandardsTest, AnotherKindAsksBeforeItForgetsChanges)

@@ -260,7 +260,8 @@ void damageLightly(Damaged &record, DataFileKind kind, Dice &dice)
     QByteArray &text = record.texts[line];
     const qsizetype word = known.words.indexOf(QString::fromLatin1(text));
     if (word >= 0) {
-        text = dice.chance(50) ? text.toLower() : known.items.at(word).toUtf8();
+        text = dice.chance(50) ? text.toLower()
+                               : known.items.value(word, QString::fromLatin1(text)).toUtf8();
     } else if (text == kBlankLine) {
         text = dice.chance(50) ? "" : "-Blank-";
     } else if (catalog.isCommentary(line)) {

@@ -1,5 +1,6 @@
 // What holds for the problems and repairs of all records, tried on random ones.
 
+#include "datafiles/code_page.h"
 #include "records/edits.h"
 #include "records/legal_records.h"
 #include "records/problems_test.h"
@@ -267,7 +268,7 @@ void damageLightly(Damaged &record, DataFileKind kind, Dice &dice)
     } else if (catalog.isCommentary(line)) {
         const qsizetype close = text.indexOf('>');
         const bool isTag = close >= 0 && text.lastIndexOf('<', close) >= 0 && dice.chance(50);
-        text = isTag ? text.remove(close, 1) : QString::fromLatin1(text).toUtf8();
+        text = isTag ? text.remove(close, 1) : codepage::decode(text).toUtf8();
     }
     switch (dice.below(5)) {
     case 0:

@@ -1,6 +1,7 @@
 #include "datafiles/tags.h"
 
 #include <algorithm>
+#include <iterator>
 #include <numeric>
 #include <utility>
 #include <vector>
@@ -73,21 +74,38 @@ std::optional<Tag> nextTag(const QString &line, qsizetype from)
 
 std::optional<QString> nearest(const QString &tag, const QStringList &known)
 {
+    const QStringList all = allNearest(tag, known);
+    return all.isEmpty() ? std::nullopt : std::optional(all.front());
+}
+
+QStringList allNearest(const QString &tag, const QStringList &known)
+{
     if (tag.size() > kLongestTag) {
-        return std::nullopt;
+        return {};
     }
     constexpr qsizetype kBrackets = 2;
     // A third of its letters may be wrong, or one of very few.
-    qsizetype least = std::max<qsizetype>(1, (tag.size() - kBrackets) / 3) + 1;
-    std::optional<QString> found;
+    qsizetype least = std::max<qsizetype>(1, (tag.size() - kBrackets) / 3);
+    QStringList found;
     for (const QString &candidate : known) {
         const qsizetype away = distance(tag.toLower(), candidate.toLower());
         if (away < least) {
             least = away;
-            found = candidate;
+            found.clear();
+        }
+        if (away == least) {
+            found << candidate;
         }
     }
     return found;
+}
+
+QString digitsOf(const QString &text)
+{
+    QString digits;
+    std::copy_if(text.begin(), text.end(), std::back_inserter(digits),
+                 [](QChar character) { return character.isDigit(); });
+    return digits;
 }
 
 QStringList problemsIn(const QString &line, const Rules &rules, std::optional<qsizetype> cursor)

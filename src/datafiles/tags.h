@@ -27,6 +27,12 @@ std::optional<Tag> nextTag(const QString &line, qsizetype from);
 /// letters. Nothing if even that is too far away to be meant.
 std::optional<QString> nearest(const QString &tag, const QStringList &known);
 
+/// All known tags that are as close to it as the closest one, in their order.
+QStringList allNearest(const QString &tag, const QStringList &known);
+
+/// The digits of a text, one after the other.
+QString digitsOf(const QString &text);
+
 /// Which tags a commentary may have.
 struct Rules
 {

@@ -155,6 +155,18 @@ Items stipulationItems(const stipulationform::FormLine &line)
     return {};
 }
 
+/// A stipulation may belong to any match type that a match ending may be limited to, also to those
+/// that its form does not offer.
+void addOtherMatchTypes(KnownField &known)
+{
+    for (const Field &row : Form4::fields()) {
+        for (const char *item : row.field == &fields::kMatchType ? row.items : Items()) {
+            const QString word = QLatin1StringView(item);
+            known.words += known.words.contains(word) ? QStringList() : QStringList(word);
+        }
+    }
+}
+
 /// The field that a control of a kind's screens feeds; nullptr if there is none.
 const RecordField *fieldOf(const Screening &screens, const ControlRef &control)
 {
@@ -200,6 +212,7 @@ Catalog::Catalog(DataFileKind kind) : m_kind(kind)
                                 .newText = QLatin1StringView(line.newValue)});
             addItems(m_fields.back(), stipulationItems(line));
         }
+        addOtherMatchTypes(m_fields.at(std::size_t(placeOf(stipulationfields::kMatchType))));
         m_firstCommentary = fieldCount();
         return;
     }

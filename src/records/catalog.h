@@ -26,8 +26,10 @@ struct KnownField
     const RecordField *field = nullptr;
     QString caption;        ///< its name, without a colon at the end
     QStringList items = {}; ///< the list that its screen offers, as shown there; empty: any text
-    QStringList words = {}; ///< the same as they stand in the file
-    QString newText = {};   ///< the line that the field has in a record that nobody filled in
+    /// The same as they stand in the file, and behind them words that the game knows, too, although
+    /// the screen does not offer them.
+    QStringList words = {};
+    QString newText = {}; ///< the line that the field has in a record that nobody filled in
 };
 
 /// What the screens know of one kind of record: made from their own tables, so it cannot disagree

@@ -3,6 +3,7 @@
 #include "datafiles/code_page.h"
 #include "records/checks.h"
 #include "records/edits.h"
+#include "records/utf8_evidence.h"
 #include "records/wording.h"
 
 #include <QStringDecoder>
@@ -22,7 +23,7 @@ bool isAboveAscii(char byte)
 }
 
 /// The text of a line as UTF-8, without a mark at its beginning (a byte order mark); nothing if it
-/// is plain ASCII or no UTF-8.
+/// is plain ASCII or no UTF-8, or may as well be of the code page.
 std::optional<QString> readAsUtf8(QByteArrayView line)
 {
     if (std::none_of(line.begin(), line.end(), isAboveAscii)) {
@@ -30,7 +31,7 @@ std::optional<QString> readAsUtf8(QByteArrayView line)
     }
     QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
     QString text = decoder.decode(line);
-    return decoder.hasError() ? std::nullopt : std::optional(text);
+    return decoder.hasError() || !isSurelyUtf8(line) ? std::nullopt : std::optional(text);
 }
 
 /// What a line says when it is read as UTF-8, as often as it was saved as that.

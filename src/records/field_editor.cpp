@@ -7,6 +7,8 @@
 #include "records/field_text.h"
 #include "records/wrapped_box.h"
 
+#include <QGuiApplication>
+#include <QInputMethod>
 #include <QKeyEvent>
 
 namespace tarvold::records {
@@ -42,6 +44,7 @@ FieldEditor::FieldEditor(const KnownField &known, QWidget *parent) : QObject(par
         connect(m_combo, &ComboBox::chosen, this, [this] {
             m_long.clear(); // what was too long to be edited is replaced
             m_combo->lineEdit()->setReadOnly(false);
+            m_isPicked = true;
             emit finished();
         });
     }
@@ -98,6 +101,8 @@ void FieldEditor::show(const std::optional<QString> &line)
     const bool wasPending = isPending();
     setPlaceholder(line ? fieldtext::emptyMark(m_known, *line) : u"(missing)"_s);
     const QString shown = line ? fieldtext::shown(m_known, *line) : QString();
+    m_isPicked = m_isPicked && line == m_line;
+    m_line = line;
     if (shown == m_shown) {
         return;
     }
@@ -114,10 +119,44 @@ QString FieldEditor::pendingLine() const
     return fieldtext::lineFor(m_known, text());
 }
 
+bool FieldEditor::isPending() const
+{
+    return text() != m_shown || (m_isPicked && pendingLine() != m_line);
+}
+
+void FieldEditor::endComposition()
+{
+    if (isComposing()) {
+        QGuiApplication::inputMethod()->commit();
+    }
+    if (isComposing()) { // the input method does not do it
+        QInputMethodEvent finished;
+        finished.setCommitString(m_composed);
+        QGuiApplication::inputMethod()->reset();
+        QCoreApplication::sendEvent(m_control, &finished);
+    }
+}
+
+void FieldEditor::keep()
+{
+    m_line = pendingLine();
+    m_shown = text();
+    m_isPicked = false;
+}
+
+void FieldEditor::revert()
+{
+    m_isPicked = false;
+    setText(m_shown);
+}
+
 bool FieldEditor::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress) {
         return filterKey(static_cast<QKeyEvent &>(*event));
+    }
+    if (event->type() == QEvent::InputMethod) {
+        m_composed = static_cast<QInputMethodEvent &>(*event).preeditString();
     }
     return QObject::eventFilter(watched, event);
 }

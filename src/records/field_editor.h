@@ -37,15 +37,21 @@ public:
     /// cursor where the text is the same.
     void show(const std::optional<QString> &line);
 
-    bool isPending() const { return text() != m_shown; }
+    /// Whether it shows another text than the record, or an item was picked whose word is not that
+    /// of the record, although both look the same: "Pin" stands for "p".
+    bool isPending() const;
+    /// Whether an input method is composing a text, which is in no box yet.
+    bool isComposing() const { return !m_composed.isEmpty(); }
+    /// Puts that text into the box, as if the user had finished it.
+    void endComposition();
     /// The line for what is pending.
     QString pendingLine() const;
     /// Takes what is pending as what is there.
-    void keep() { m_shown = text(); }
+    void keep();
     /// Takes its colours from the desktop's anew.
     void followPalette();
     /// Forgets what is pending.
-    void revert() { setText(m_shown); }
+    void revert();
 
 signals:
     /// The user left the editor, pressed Enter or picked an item.
@@ -64,8 +70,11 @@ private:
     ComboBox *m_combo = nullptr;
     WrappedBox *m_box = nullptr;
     QWidget *m_control;
-    QString m_shown; ///< what the control shows of the file
-    QString m_long;  ///< the text of a list's box that shows only its beginning and end
+    QString m_shown;               ///< what the control shows of the file
+    std::optional<QString> m_line; ///< that this stands for
+    bool m_isPicked = false;       ///< from the list, since it was shown or kept
+    QString m_composed;            ///< by an input method, and not finished
+    QString m_long; ///< the text of a list's box that shows only its beginning and end
 };
 
 } // namespace tarvold::records

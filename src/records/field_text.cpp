@@ -19,7 +19,7 @@ QString shown(const KnownField &field, const QString &line)
         return {};
     }
     const qsizetype known = field.words.indexOf(line);
-    return known < 0 ? line : field.items.at(known);
+    return field.items.value(known, line);
 }
 
 QString lineFor(const KnownField &field, const QString &text)

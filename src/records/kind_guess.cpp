@@ -28,6 +28,16 @@ struct Candidate
     int surplus; ///< lines that hold no field then
 };
 
+/// Whether the file was saved with two bytes for each character, so that every line looks odd, and
+/// none like one of a kind.
+bool isWide(QByteArrayView file)
+{
+    constexpr qsizetype kRead = 1000;
+    constexpr qsizetype kOneByteOf = 4;
+    const QByteArrayView start = file.first(std::min(file.size(), kRead));
+    return std::count(start.begin(), start.end(), '\0') * kOneByteOf > start.size();
+}
+
 /// What the first lines cost when they are read as records of each kind, the cheapest first.
 std::vector<Candidate> candidatesFor(const std::vector<Line> &lines)
 {
@@ -71,8 +81,8 @@ KindGuess guessKind(QByteArrayView file, const QString &fileName)
     const std::vector<Candidate> candidates = candidatesFor(lines);
     const int least = candidates.front().cost;
     const int count = int(lines.size());
-    const bool isStrange =
-        least > kStrange * count || (count - candidates.front().surplus) * kOneOf < count;
+    const bool isStrange = isWide(file) || least > kStrange * count ||
+                           (count - candidates.front().surplus) * kOneOf < count;
     KindGuess guess;
     for (const Candidate &candidate : candidates) {
         if (isStrange || candidate.cost < least + kClear) {

@@ -105,7 +105,8 @@ QString ownName(const Record &record, const QString &tag)
     if (source->which == kWholeText) {
         return names::isNoName(text.trimmed()) ? QString() : text.trimmed();
     }
-    const QStringList all = names::in(text);
+    const QStringList all =
+        names::mayBeSeveral(*source->field) ? names::in(text) : names::only(text);
     return source->form == Form::Short ? names::shortOf(all, source->which)
                                        : all.value(source->which);
 }

@@ -12,7 +12,8 @@ bool RecordFieldsView::hasPending() const
 {
     return m_form != nullptr &&
            std::any_of(m_form->rows.begin(), m_form->rows.end(), [](const Row &row) {
-               return row.editor != nullptr && row.editor->isPending();
+               return row.editor != nullptr &&
+                      (row.editor->isPending() || row.editor->isComposing());
            });
 }
 
@@ -31,6 +32,7 @@ bool RecordFieldsView::commit()
 bool RecordFieldsView::commitField(int field)
 {
     FieldEditor &editor = *m_form->rows.at(std::size_t(field)).editor;
+    editor.endComposition();
     if (!editor.isPending()) {
         return true;
     }

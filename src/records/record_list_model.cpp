@@ -12,6 +12,7 @@
 #include <QPalette>
 
 #include <array>
+#include <utility>
 
 namespace tarvold::records {
 
@@ -83,7 +84,7 @@ RecordListModel::RecordListModel(const Document &document, const ProblemScan &sc
     connect(&document, &Document::saved, this, [this] { tellOfData(0, rowCount() - 1); });
     connect(&scan, &ProblemScan::found, this, &RecordListModel::noteProblems);
     connect(&scan, &ProblemScan::finished, this, [this] {
-        if (m_sortColumn == problemColumn()) {
+        if (std::exchange(m_isSortedTooSoon, false)) {
             sortAnew();
         }
     });

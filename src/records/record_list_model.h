@@ -53,7 +53,8 @@ public:
     bool isSearching() const { return m_isSearching; }
 
     /// Sorts by a column; -1: in the order of the file. The first click brings the changed records
-    /// and those with most problems to the top.
+    /// and those with most problems to the top. By problems it sorts once more when the scan that
+    /// runs has found all of them, but not after each change.
     void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
     int sortColumn() const { return m_sortColumn; }
     Qt::SortOrder sortOrder() const { return m_sortOrder; }
@@ -133,6 +134,7 @@ private:
 
     int m_sortColumn = -1;
     Qt::SortOrder m_sortOrder = Qt::AscendingOrder;
+    bool m_isSortedTooSoon = false;   ///< by problems, before all were found
     std::optional<RecordSort> m_sort; ///< that runs
     QTimer m_sortTimer;
 

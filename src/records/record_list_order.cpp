@@ -36,6 +36,7 @@ void RecordListModel::sort(int column, Qt::SortOrder order)
 {
     m_sortColumn = column > problemColumn() ? -1 : column;
     m_sortOrder = order;
+    m_isSortedTooSoon = m_sortColumn == problemColumn() && m_scan.isRunning();
     m_sort.reset();
     m_sortTimer.stop();
     if (m_sortColumn < Telling || m_sortColumn == problemColumn()) {
@@ -104,6 +105,7 @@ void RecordListModel::noteReset()
     const QStringList telling = columnsOf(m_document.kind());
     if (telling != std::exchange(m_telling, telling)) {
         m_sortColumn = -1;
+        m_isSortedTooSoon = false;
     }
     m_textsOf = -1;
     m_chosen = -1;

@@ -229,22 +229,27 @@ bool RecordsFile::saveElsewhere(const FileError &error)
     return isWanted && saveAs();
 }
 
-std::optional<QString> RecordsFile::chosenName(const QString &title)
+std::optional<QString> RecordsFile::chosenName(const QString &title, bool proposesOwn)
 {
     const Asking asking(*this);
     const auto path = filechoice::chosenPath(
         {&m_window, title, m_name, QLatin1StringView(rowOf(m_document.kind()).defaultName),
-         messagebox::Blocks::Window});
-    return path ? std::optional(filechoice::nameOf(*path)) : std::nullopt;
+         messagebox::Blocks::Window, proposesOwn});
+    if (!path) {
+        return std::nullopt;
+    }
+    // A file that is there may have its extension in capital letters.
+    const QString name = filechoice::nameOf(*path);
+    return fileExists(name) ? name : filechoice::withExtension(name);
 }
 
 bool RecordsFile::saveAs()
 {
-    const auto chosen = m_typing.keep() ? chosenName(u"Save As"_s) : std::nullopt;
+    const auto chosen = m_typing.keep() ? chosenName(u"Save As"_s, true) : std::nullopt;
     if (!chosen) {
         return false;
     }
-    const QString name = filechoice::withExtension(*chosen);
+    const QString &name = *chosen;
     if (filechoice::areSame(name, m_name)) {
         return save();
     }

@@ -72,8 +72,9 @@ private:
     void tell(const QString &text);
     void finishSave(const Result<void> &saved);
     bool saveElsewhere(const FileError &error);
-    bool mayAddTo(const QString &name);
-    std::optional<QString> chosenName(const QString &title);
+    bool mayAddTo(const QString &name, const QByteArray &there);
+    bool mayCopy(const std::vector<int> &records);
+    std::optional<QString> chosenName(const QString &title, bool proposesOwn);
 
     Document &m_document;
     QWidget &m_window;

@@ -46,6 +46,23 @@ std::vector<int> RecordsTasks::selected() const
     return records;
 }
 
+RecordsTasks::Selection RecordsTasks::selection() const
+{
+    Selection selection;
+    for (const int row : m_list.selectedRows()) {
+        const int record = m_model.indexAt(row);
+        if (record < 0) {
+            continue; // the row is about to go
+        }
+        const bool isDeleted = m_document.entry(record).isDeleted;
+        (isDeleted ? selection.hasDeleted : selection.hasKept) = true;
+        if (selection.hasDeleted && selection.hasKept) {
+            break;
+        }
+    }
+    return selection;
+}
+
 bool RecordsTasks::isWholeFileShown() const
 {
     return m_list.header()->sortIndicatorSection() < 0 && m_model.rowCount() == m_document.count();
@@ -207,6 +224,10 @@ void RecordsTasks::goToProblem(int step)
 
 void RecordsTasks::repairSelected()
 {
+    if (m_list.selectedRows().empty()) {
+        emit said(u"Select the records to repair."_s);
+        return;
+    }
     m_repair->start(selected(), u"Repair Selected Records"_s);
 }
 

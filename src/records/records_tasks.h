@@ -31,6 +31,13 @@ public:
     int current() const;
     /// The records that are selected, in the order of the file.
     std::vector<int> selected() const;
+    /// What is among the selected records.
+    struct Selection
+    {
+        bool hasKept = false;
+        bool hasDeleted = false;
+    };
+    Selection selection() const;
     /// Whether the list shows the records in the order of the file, and all of them.
     bool isWholeFileShown() const;
     /// Shows a record in the list, if the filter lets it through.

@@ -76,6 +76,8 @@ void RecordsWindow::Parts::enableActions()
     const int current = isLoaded ? tasks->current() : -1;
     const bool isOne = current >= 0;
     const bool isDeleted = isOne && document.entry(current).isDeleted;
+    const RecordsTasks::Selection selection =
+        isLoaded ? tasks->selection() : RecordsTasks::Selection();
     const bool mayRepair = !tasks->repair().isRunning();
     const QUndoStack &stack = document.undoStack();
     const std::pair<Act, bool> enabled[] = {
@@ -84,8 +86,9 @@ void RecordsWindow::Parts::enableActions()
         {Act::Undo, isLoaded && stack.canUndo()},
         {Act::Redo, isLoaded && stack.canRedo()},
         {Act::Find, isLoaded},
-        {Act::Delete, isOne && !isDeleted},
-        {Act::Restore, isDeleted},
+        // Without a selection it says so.
+        {Act::Delete, selection.hasKept || (isOne && !selection.hasDeleted)},
+        {Act::Restore, selection.hasDeleted},
         {Act::Duplicate, isOne && !isDeleted},
         {Act::MoveUp, current > 0},
         {Act::MoveDown, isOne && current + 1 < document.count()},

@@ -7,6 +7,7 @@
 #include "records/wording.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tarvold::records::checks {
 
@@ -40,44 +41,60 @@ bool areTagsRight(const Examined &examined, QByteArrayView line)
     return true;
 }
 
-/// A stretch of a line, and the tag that was probably meant by it.
+/// A stretch of a line, and the tags that may have been meant by it.
 struct Meant
 {
-    qsizetype length;
-    QString tag;
+    qsizetype length = 0;
+    QStringList tags;
+
+    /// Whether a repair may put the tag there: no other is as close, and it has the same digits,
+    /// as "<wrestler5>" is no misspelling of another wrestler.
+    bool isSure(const QString &text) const
+    {
+        return tags.size() == 1 &&
+               tags::digitsOf(tags.front()) == tags::digitsOf(text.first(length));
+    }
 };
 
 /// What was meant by a tag that is not closed: the known one that it begins with, or else the
 /// closest to its letters.
-std::optional<Meant> meantByUnclosed(const QString &text, const QStringList &known)
+Meant meantByUnclosed(const QString &text, const QStringList &known)
 {
     const auto isPart = [](QChar character) {
         return character.unicode() < 0x80 && character.isLetterOrNumber();
     };
     const auto end = std::find_if_not(text.begin() + 1, text.end(), isPart);
     const QString begun = text.left(end - text.begin());
-    std::optional<Meant> meant;
+    Meant meant;
     for (const QString &tag : known) {
         const qsizetype length = tag.size() - 1;
-        if (begun.startsWith(tag.chopped(1), Qt::CaseInsensitive) &&
-            (!meant || length > meant->length)) {
-            meant = Meant{.length = length, .tag = tag};
+        if (begun.startsWith(tag.chopped(1), Qt::CaseInsensitive) && length > meant.length) {
+            meant = {.length = length, .tags = {tag}};
         }
     }
-    if (meant) {
-        return meant;
-    }
-    const std::optional<QString> nearest = tags::nearest(begun + u'>', known);
-    return nearest ? std::optional(Meant{.length = begun.size(), .tag = *nearest}) : std::nullopt;
+    return meant.tags.isEmpty()
+               ? Meant{.length = begun.size(), .tags = tags::allNearest(begun + u'>', known)}
+               : meant;
 }
 
-std::optional<Meant> meantBy(const tags::Tag &tag, const QStringList &known)
+Meant meantBy(const tags::Tag &tag, const QStringList &known)
 {
-    const std::optional<QString> nearest =
-        tag.isClosed ? tags::nearest(tag.text, known) : std::nullopt;
+    QStringList nearest = tag.isClosed ? tags::allNearest(tag.text, known) : QStringList();
     // A ">" may also stand in the text behind a tag that is not closed.
-    return nearest ? std::optional(Meant{.length = tag.text.size(), .tag = *nearest})
-                   : meantByUnclosed(tag.text, known);
+    return nearest.isEmpty() ? meantByUnclosed(tag.text, known)
+                             : Meant{.length = tag.text.size(), .tags = std::move(nearest)};
+}
+
+/// Asks whether a tag was meant, or one of several.
+QString didYouMean(QStringList tags)
+{
+    constexpr qsizetype kMostTags = 4;
+    if (tags.isEmpty() || tags.size() > kMostTags) {
+        return {};
+    }
+    const QString last = tags.takeLast();
+    return u" Did you mean %1?"_s.arg(tags.isEmpty() ? last
+                                                     : tags.join(u", "_s) + u" or "_s + last);
 }
 
 /// A line of commentary and where it stands.
@@ -97,15 +114,16 @@ Problem wrongTag(const Examined &examined, const CommentaryLine &line, const tag
                        .field = line.field,
                        .line = line.line,
                        .text = captionOf(examined.known(line.field)) + u": "_s + what};
-    if (const std::optional<Meant> meant = meantBy(tag, examined.rules.tags())) {
-        QString repaired = line.text;
-        repaired.replace(tag.from, meant->length, meant->tag);
-        const codepage::Encoded encoded = codepage::encode(repaired);
-        problem.text += u" Did you mean %1?"_s.arg(meant->tag);
-        if (!encoded.missing) {
-            problem.repair = u"Put %1 there"_s.arg(meant->tag);
-            problem.repaired = edits::withText(examined.record, line.line, encoded.bytes);
-        }
+    const Meant meant = meantBy(tag, examined.rules.tags());
+    problem.text += didYouMean(meant.tags);
+    if (!meant.isSure(tag.text)) {
+        return problem;
+    }
+    QString repaired = line.text;
+    repaired.replace(tag.from, meant.length, meant.tags.front());
+    if (const codepage::Encoded encoded = codepage::encode(repaired); !encoded.missing) {
+        problem.repair = u"Put %1 there"_s.arg(meant.tags.front());
+        problem.repaired = edits::withText(examined.record, line.line, encoded.bytes);
     }
     return problem;
 }

@@ -71,7 +71,8 @@ QString Teller::tellName(const RecordField &field)
 
 QStringList Teller::tellNames(const RecordField &field)
 {
-    QStringList all = names::in(text(field));
+    QStringList all =
+        names::mayBeSeveral(field) ? names::in(text(field)) : names::only(text(field));
     const auto isName = [](const QString &name) { return !name.isEmpty(); };
     if (std::none_of(all.begin(), all.end(), isName)) {
         return {};

@@ -31,7 +31,8 @@ public:
 
     /// A field's text, which is thereby told; empty, and untold, where it is no name.
     QString tellName(const RecordField &field);
-    /// The names of a field that holds several, see names::in(). Empty where none is a name.
+    /// The names of a field, several where it may hold several, see names::in(). Empty where none
+    /// is a name.
     QStringList tellNames(const RecordField &field);
     /// A field's whole number, without a sign; empty, and untold, if it holds anything else.
     QString tellNumber(const RecordField &field);

@@ -2,6 +2,7 @@
 
 #include "records/kind_box.h"
 #include "screens/failures.h"
+#include "records/wording.h"
 
 #include <QStringList>
 
@@ -87,6 +88,28 @@ QString uncertainKind(const QString &name, DataFileKind kind)
 {
     return u"It is not certain that the file \"%1\" holds %2.\n\nYes adds the records to its "
            "end.\n\nAdd them?"_s.arg(name, contentOf(kind));
+}
+
+QString outOfStep(const QString &name)
+{
+    return u"Lines are missing in the file \"%1\", or there are too many. The game would read what "
+           "is added to its end wrongly.\n\nYes adds the records all the same. After No nothing is "
+           "written; look through that file and repair it first.\n\nAdd them?"_s.arg(name);
+}
+
+QString notWhole(DataFileKind kind, int number)
+{
+    return u"Lines of %1 %2 are missing, or there are too many. In another file, too, the game "
+           u"would "
+           "read it wrongly, and maybe all that follows it.\n\nYes copies it as it is. After No "
+           "nothing is written; repair it first.\n\nCopy it?"_s.arg(wording::recordOf(kind),
+                                                                    QString::number(number));
+}
+
+QString sameFile(const QString &name)
+{
+    return u"The file \"%1\" is the one that these records are in.\n\nNothing was written. Choose "
+           "another file, or use Duplicate in the menu Record."_s.arg(name);
 }
 
 QString tossUp(const std::vector<DataFileKind> &likely)

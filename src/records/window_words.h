@@ -31,6 +31,12 @@ QString forgetByKind(const QString &name, DataFileKind kind);
 QString otherKind(const QString &name, DataFileKind found, DataFileKind kind);
 /// Asks whether to add records to a file that may hold another kind.
 QString uncertainKind(const QString &name, DataFileKind kind);
+/// Asks whether to add records to a file whose last record is not whole.
+QString outOfStep(const QString &name);
+/// Asks whether to copy a record with lines missing or too many. \param number from 1
+QString notWhole(DataFileKind kind, int number);
+/// The file to copy records to is the one that they are in.
+QString sameFile(const QString &name);
 /// The kinds that a file may be of, and that the user has to choose.
 QString tossUp(const std::vector<DataFileKind> &likely);
 

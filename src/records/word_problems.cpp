@@ -53,46 +53,76 @@ std::optional<QString> nearestNumber(const QString &text)
                     : std::nullopt;
 }
 
-/// The index of the item that was probably meant; -1 if none was. A text that looks the same but
-/// for capital letters and marks comes before one with wrong letters, as "NA" is close to "No" too.
-qsizetype meantItem(const KnownField &known, const QString &text)
+/// What a list shows for one of its words; the word itself if it stands only in files.
+QString itemOf(const KnownField &known, qsizetype word)
+{
+    return known.items.value(word, known.words.at(word));
+}
+
+/// The index of the word that looks the same but for capital letters and marks; -1 if none does.
+qsizetype sameWord(const KnownField &known, const QString &text)
 {
     const QString letters = bare(text);
-    if (letters.isEmpty()) {
+    for (qsizetype word = 0; word < known.words.size() && !letters.isEmpty(); ++word) {
+        if (letters == bare(itemOf(known, word)) || letters == bare(known.words.at(word))) {
+            return word;
+        }
+    }
+    return -1;
+}
+
+/// The index of the word with other letters that was probably meant; -1 if none was. One with
+/// another number was not: six men are no misspelling of eight.
+qsizetype nearestWord(const KnownField &known, const QString &text)
+{
+    constexpr qsizetype kFewestLetters = 3; // of two letters, one wrong one is too much
+    if (bare(text).size() < kFewestLetters) {
         return -1;
     }
     QStringList candidates;
-    for (qsizetype item = 0; item < known.items.size(); ++item) {
-        if (letters == bare(known.items.at(item)) || letters == bare(known.words.at(item))) {
-            return item;
-        }
+    for (qsizetype word = 0; word < known.words.size(); ++word) {
+        const QString item = itemOf(known, word);
         bool isNumber = false;
-        (void)known.items.at(item).toInt(&isNumber);
-        candidates << (isNumber ? QString() : known.items.at(item));
+        (void)item.toInt(&isNumber);
+        candidates << (isNumber || tags::digitsOf(item) != tags::digitsOf(text) ? QString() : item);
     }
-    constexpr qsizetype kFewestLetters = 3; // of two letters, one wrong one is too much
-    const auto nearest =
-        letters.size() < kFewestLetters ? std::nullopt : tags::nearest(text, candidates);
+    const auto nearest = tags::nearest(text, candidates);
     return nearest ? candidates.indexOf(*nearest) : -1;
 }
 
-/// The word that was probably meant, as it stands in the file.
-std::optional<QString> meantWord(const Examined &examined, int field, const QString &text)
+/// Whether the field takes any text, although most write a word of its list.
+bool isOpenList(const KnownField &known)
+{
+    return known.items.size() < known.words.size();
+}
+
+/// A word that was probably meant.
+struct Meant
+{
+    QString word; ///< as it stands in the file
+    bool isSure;  ///< so that a repair may put it there
+};
+
+std::optional<Meant> meantWord(const Examined &examined, int field, const QString &text)
 {
     const KnownField &known = examined.known(field);
     if (known.field->coding == Coding::AlwaysNo) {
-        return u"No"_s;
+        return Meant{u"No"_s, true};
     }
     if (examined.rules.isNumber(field)) {
-        if (std::optional<QString> number = nearestNumber(text)) {
-            return number;
+        if (const std::optional<QString> number = nearestNumber(text)) {
+            return Meant{*number, true};
         }
     }
     if (known.field->coding == Coding::Number) {
         return std::nullopt;
     }
-    const qsizetype item = meantItem(known, text);
-    return item < 0 ? std::nullopt : std::optional(known.words.at(item));
+    if (const qsizetype same = sameWord(known, text); same >= 0) {
+        return Meant{known.words.at(same), true};
+    }
+    const qsizetype nearest = nearestWord(known, text);
+    return nearest < 0 ? std::nullopt
+                       : std::optional(Meant{known.words.at(nearest), !isOpenList(known)});
 }
 
 /// What is wrong with the word.
@@ -134,9 +164,11 @@ Problem unknownWord(const Examined &examined, int field)
                        .field = field,
                        .line = examined.lineOf(field),
                        .text = captionOf(known) + u": "_s + whyUnknown(known, quoted(text))};
-    if (const std::optional<QString> meant = meantWord(examined, field, text)) {
-        problem.text += didYouMean(known, *meant);
-        offer(examined, *meant, problem);
+    if (const std::optional<Meant> meant = meantWord(examined, field, text)) {
+        problem.text += didYouMean(known, meant->word);
+        if (meant->isSure) {
+            offer(examined, meant->word, problem);
+        }
     }
     return problem;
 }

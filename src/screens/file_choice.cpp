@@ -58,7 +58,7 @@ void startAt(QFileDialog &dialog, const Question &question)
     const QString folder = folderOf(file);
     dialog.setDirectory(!folder.isEmpty() && QFileInfo(folder).isDir() ? QDir(folder) : QDir());
     const QString name = isTvdName(file.fileName()) ? file.fileName() : question.usual;
-    if (!QFileInfo(dialog.directory().filePath(name)).isDir()) {
+    if (question.proposesName && !QFileInfo(dialog.directory().filePath(name)).isDir()) {
         dialog.selectFile(name);
     }
 }

@@ -20,6 +20,7 @@ struct Question
     QString name;  ///< of the file that is proposed, as the user typed it
     QString usual; ///< proposed instead of a name that no data file can have
     messagebox::Blocks blocks = messagebox::Blocks::Program;
+    bool proposesName = true; ///< else only the folder of that file
 };
 
 /// Asks for a file to write to, which need not be there. Nothing is asked before an existing one is

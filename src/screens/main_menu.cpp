@@ -171,8 +171,11 @@ void Form1::lookThroughFocused()
         return row.kind && (&control(row.button) == focused || &control(row.box) == focused);
     };
     const auto *row = std::find_if(kMenuRows.begin(), kMenuRows.end(), hasFocus);
-    if (row != kMenuRows.end()) {
-        emit lookThrough(*row->kind, text(fileNameBox(*row->kind).control));
+    if (row == kMenuRows.end()) {
+        return;
+    }
+    if (const QString name = text(fileNameBox(*row->kind).control); !name.isEmpty()) {
+        emit lookThrough(*row->kind, name);
     }
 }
 

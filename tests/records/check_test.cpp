@@ -145,6 +145,22 @@ TEST_F(Check, ATossUpAsksForTheKind)
     EXPECT_EQ(results, QStringList());
 }
 
+TEST_F(Check, AFileOfTwoBytesForEachCharacterIsOfNoKind)
+{
+    const QByteArray narrow = bytesOfLines(talkShowLines("A")) + bytesOfLines(talkShowLines("B"));
+    for (const bool isBigEndian : {false, true}) {
+        QByteArray wide = isBigEndian ? "\xfe\xff" : "\xff\xfe";
+        for (const char byte : narrow) {
+            wide.append(isBigEndian ? '\0' : byte).append(isBigEndian ? byte : '\0');
+        }
+        writeFile("some.tvd", wide);
+        errors.clear();
+        EXPECT_EQ(run({u"some.tvd"_s}), check::Outcome::NotChecked);
+        EXPECT_EQ(errors.size(), 1);
+        EXPECT_EQ(results, QStringList());
+    }
+}
+
 TEST_F(Check, ResultsThatCannotBeWrittenEndIt)
 {
     canWrite = false;

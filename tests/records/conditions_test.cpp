@@ -38,6 +38,9 @@ const Sentence kEndings[] = {
       {18, u"Heel"_s}},
      "Tag Team, Ladder Match, title on the line: Rocco Vance and Dex Vance win off the top rope "
      "against a heel."},
+    {NormalEndings,
+     {{7, u"Rocco Vance"_s}, {17, u"Kit Sample, Jr."_s}, {18, u"Heel"_s}},
+     "Rocco Vance wins against Kit Sample, Jr., a heel."},
     {NormalEndings, {{5, u"DQ"_s}}, "Anyone wins by disqualification."},
     {NormalEndings,
      {{5, u"DQ"_s}, {15, u"s"_s}},

@@ -91,6 +91,16 @@ TEST_F(EditorWindows, TheKeysOpenTheFileOfTheRow)
     EXPECT_TRUE(screen("Form1").isVisible());
 }
 
+TEST_F(EditorWindows, TheKeysDoNothingWithoutAName)
+{
+    QWidget &box = control("Form1", "Text3");
+    box.setFocus();
+    QTest::keySequence(&box, QKeySequence::SelectAll);
+    QTest::keyClick(&box, Qt::Key_Delete);
+    pressKeysOn("Text3");
+    EXPECT_TRUE(windows().isEmpty());
+}
+
 TEST_F(EditorWindows, EachFileHasOneWindow)
 {
     pressKeysOn("Text3");

@@ -9,8 +9,9 @@ using records::KnownTag;
 namespace {
 
 constexpr const char *kTexts[] = {
-    "Any",          "N/A",        "None",          "Rocco Vance", "Rocco Vance,Dex Vance",
-    "Ladder Match", "The Ruckus", "Ren\xe9 Duval", "3 Count",     "Big \"Bad\" Hale",
+    "Any",          "N/A",          "None",          "Rocco Vance", "Rocco Vance,Dex Vance",
+    "Ladder Match", "The Ruckus",   "Ren\xe9 Duval", "3 Count",     "Big \"Bad\" Hale",
+    "OL\xc9\x85",   "IRM\xc3\x92S",
 };
 constexpr const char *kInitials[] = {"No", "XWL", "T.V.", "ABC"};
 constexpr const char *kLegalSentences[] = {
@@ -20,6 +21,9 @@ constexpr const char *kLegalSentences[] = {
     "\"There is nobody here who can stop me.\"",
     "The fans in the caf\xe9 can't believe it; 5 > 4!",
     "One... Two... N/A",
+    "OL\xc9\x85",
+    "REN\xc9\x92S IRM\xc3\x85 Ol\xe9\x85\x94",
+    "\x93It\x92s over\x85\x94 \x96 5 \x80\x99!",
 };
 
 /// The words of a sentence with a tag that this record allows.

@@ -1,5 +1,6 @@
 // What holds for the problems and repairs of all records, tried on random ones.
 
+#include "datafiles/code_page.h"
 #include "records/edits.h"
 #include "records/legal_records.h"
 #include "records/problems_test.h"
@@ -260,13 +261,14 @@ void damageLightly(Damaged &record, DataFileKind kind, Dice &dice)
     QByteArray &text = record.texts[line];
     const qsizetype word = known.words.indexOf(QString::fromLatin1(text));
     if (word >= 0) {
-        text = dice.chance(50) ? text.toLower() : known.items.at(word).toUtf8();
+        text = dice.chance(50) ? text.toLower()
+                               : known.items.value(word, QString::fromLatin1(text)).toUtf8();
     } else if (text == kBlankLine) {
         text = dice.chance(50) ? "" : "-Blank-";
     } else if (catalog.isCommentary(line)) {
         const qsizetype close = text.indexOf('>');
         const bool isTag = close >= 0 && text.lastIndexOf('<', close) >= 0 && dice.chance(50);
-        text = isTag ? text.remove(close, 1) : QString::fromLatin1(text).toUtf8();
+        text = isTag ? text.remove(close, 1) : codepage::decode(text).toUtf8();
     }
     switch (dice.below(5)) {
     case 0:

@@ -55,6 +55,23 @@ TEST_F(RecordListTest, StrikesOutADeletedRecord)
     EXPECT_TRUE(isStruck(1));
 }
 
+TEST_F(RecordListTest, SortsByProblemsOnceMoreWhenAllAreFound)
+{
+    writeFile(kFile, one + damaged("Broken") + three);
+    open();
+    ASSERT_TRUE(scan.isRunning());
+    list.sort(list.problemColumn());
+    EXPECT_EQ(numbers(), "1 2 3");
+    waitForScan();
+    EXPECT_EQ(numbers(), "2 1 3");
+    document.replace(1, talkShow("Mended"), u"Edit"_s);
+    waitForScan();
+    EXPECT_EQ(numbers(), "2 1 3") << "a row stays where it is until the next sort";
+    document.replace(2, damaged("Broken"), u"Edit"_s);
+    list.sort(list.problemColumn());
+    EXPECT_EQ(numbers(), "3 1 2");
+}
+
 TEST_F(RecordListTest, HasColoursThatCanBeReadInEveryPalette)
 {
     load({one, damaged("Broken"), three});

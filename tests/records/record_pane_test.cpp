@@ -1,4 +1,5 @@
 #include "records/pane_test.h"
+#include "records/preview.h"
 #include "screens/failures.h"
 #include "support/spoken.h"
 #include "support/tool_tips.h"

@@ -69,6 +69,23 @@ TEST(AsShown, TakesTheLastWordForAShortNameButTheFirstWherePartnersShareTheLast)
     EXPECT_EQ(shownLine(NormalEndings, line, {{7, u"Rocco,Dex"_s}}), u"[Rocco], [Dex]"_s);
 }
 
+TEST(AsShown, KeepsTheCommaOfTheOneNameOfAReceiverOrGuest)
+{
+    for (const QString &name : {u"Kit Sample, Jr."_s, u"Kit Sample Jr."_s, u"Kit Sample III"_s}) {
+        EXPECT_EQ(shownLine(NormalEndings, u"<recfullname>, <recshortname>!"_s, {{17, name}}),
+                  u"[%1], [Sample]!"_s.arg(name));
+        EXPECT_EQ(shownLine(TalkShows,
+                            u"<guest1longname> <guest1shortname> <guest2longname> "
+                            "<guest2shortname>"_s,
+                            {{4, name}, {6, name}}),
+                  u"[%1] [Sample] [%1] [Sample]"_s.arg(name));
+    }
+    EXPECT_EQ(shownLine(NormalEndings, u"<att1shortname>, <att2shortname>"_s,
+                        {{7, u"Rocco Vance Jr.,Dex Vance Sr."_s}}),
+              u"[Rocco], [Dex]"_s);
+    EXPECT_EQ(shownLine(NormalEndings, u"<recshortname>"_s, {{17, u"Jr."_s}}), u"[Jr.]"_s);
+}
+
 TEST(AsShown, FillsATagFromTheCastWhereTheFieldHasNoName)
 {
     for (const QString &word : {u"Any"_s, u"N/A"_s, u"None"_s, QString(), u" "_s}) {

@@ -147,6 +147,27 @@ TEST_F(WindowListTest, AnotherKindEndsTheSortAndItsMark)
     EXPECT_EQ(currentRow(), 1) << "records move in the file's order";
 }
 
+TEST_F(WindowListTest, ARepairedRecordKeepsItsPlaceInAListSortedByProblems)
+{
+    open(endings(20) + faulty("Ending 21") + faulty("Ending 22") + faulty("Ending 23"));
+    clickHead(u"Problems"_s);
+    const QStringList sorted = column(u"Number"_s);
+    ASSERT_EQ(sorted.first(4), QStringList({u"21"_s, u"22"_s, u"23"_s, u"1"_s}));
+    clickRow(1);
+    typeInto(kCommentary, u"Mended"_s);
+    press(Qt::Key_Return);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return cell(1, u"Problems"_s).isEmpty(); }));
+    QTest::qWait(100); // all records are compared anew
+    EXPECT_EQ(column(u"Number"_s), sorted);
+    EXPECT_EQ(currentRow(), 1);
+    press(Qt::Key_F8);
+    EXPECT_EQ(cell(currentRow(), u"Number"_s), u"23"_s);
+    clickHead(u"Problems"_s);
+    clickHead(u"Problems"_s);
+    clickHead(u"Problems"_s);
+    EXPECT_EQ(column(u"Number"_s).first(3), QStringList({u"21"_s, u"23"_s, u"1"_s}));
+}
+
 TEST_F(WindowListTest, AThirdClickOnAHeadGoesBackToTheFilesOrder)
 {
     open(ending("Ending 1", "Tag Team") + ending("Ending 2", "Any") +

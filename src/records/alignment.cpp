@@ -59,6 +59,8 @@ void Alignment::add(Sort sort, bool isDoubled)
 {
     const std::uint16_t *const cost = m_costs.row(sort, isDoubled);
     const int surplus = surplusCost(sort, isDoubled);
+    const bool isText = sort >= Sort::OtherNumber && sort < Sort::FirstWord;
+    const int surplusToo = isDoubled && isText ? LineCosts::kSurplusSame : LineCosts::kSurplusToo;
 
     const int behind =
         m_records == Records::One ? m_costs.surplusBehind() : LineCosts::kSurplusBetween;
@@ -73,7 +75,7 @@ void Alignment::add(Sort sort, bool isDoubled)
     const std::uint8_t *const bestStep = m_bestStep.data();
     for (int column = 0; column < m_columns; ++column) {
         const int opened = best[column] + (column + 1 == m_columns ? behind : surplus);
-        const int extended = skipped[column] + LineCosts::kSurplusToo;
+        const int extended = skipped[column] + surplusToo;
         const bool isFurther = extended <= opened;
         skipped[column] = isFurther ? extended : opened;
         steps[column] = coded(Surplus, isFurther ? int(Surplus) : int(bestStep[column]));

@@ -56,14 +56,14 @@ public:
     static constexpr int kSurplus = 14 * kBit;
     static constexpr int kSurplusEmpty = 9 * kBit;
     static constexpr int kSurplusToo = 8 * kBit;
+    static constexpr int kSurplusSame = 3 * kBit; ///< if it is the same text as the one before it
     /// \}
     /// A surplus line behind the last one of a record; and the same of a record by itself, where a
     /// text that is strange there must not count as commentary.
     static constexpr int kSurplusBetween = 11 * kBit;
     int surplusBehind() const { return m_surplusBehind; }
     /// What is taken off for a surplus line that is the same as the one before it. Not for a
-    /// further one: records have many lines that are the same, and each would be cheap to leave
-    /// out.
+    /// further word: records have many that are the same, and each would be cheap to leave out.
     int doubled(Sort sort) const { return m_doubled[std::size_t(sort)]; }
 
 private:

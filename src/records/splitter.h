@@ -25,6 +25,9 @@ public:
     std::optional<std::vector<qsizetype>> split();
 
 private:
+    /// How many records' lines are looked at ahead, or aligned, at most.
+    static constexpr int kWindow = 64;
+
     struct Sample
     {
         QByteArrayView text;

@@ -48,40 +48,47 @@ std::uint8_t *Alignment::lastSteps()
     return m_steps.data() + m_steps.size() - std::size_t(m_columns);
 }
 
-/// What it costs to skip a line that follows one which is not skipped.
-int Alignment::surplusCost(Sort sort, bool isDoubled) const
+/// Skips a line at each column.
+void Alignment::passSurplus(Sort sort, bool isDoubled)
 {
-    return (sort == Sort::Empty ? LineCosts::kSurplusEmpty : LineCosts::kSurplus) -
-           (isDoubled ? m_costs.doubled(sort) : 0);
+    const int surplus = (sort == Sort::Empty ? LineCosts::kSurplusEmpty : LineCosts::kSurplus) -
+                        (isDoubled ? m_costs.doubled(sort) : 0);
+    const int behind =
+        m_records == Records::One ? m_costs.surplusBehind() : LineCosts::kSurplusBetween;
+    const bool isText = sort >= Sort::OtherNumber && sort < Sort::FirstWord;
+    const int further = isDoubled && isText ? LineCosts::kSurplusSame : LineCosts::kSurplusToo;
+    std::uint8_t *const steps = lastSteps();
+    int *const skipped = m_row[Surplus].data();
+    const int *const best = m_best.data();
+    const std::uint8_t *const bestStep = m_bestStep.data();
+    const auto skip = [&](int column, int first) {
+        const int opened = best[column] + first;
+        const int extended = skipped[column] + further;
+        const bool isFurther = extended <= opened;
+        skipped[column] = isFurther ? extended : opened;
+        steps[column] = coded(Surplus, isFurther ? int(Surplus) : int(bestStep[column]));
+    };
+    const int last = m_columns - 1;
+    for (int column = 0; column < last; ++column) {
+        skip(column, surplus);
+    }
+    skip(last, behind);
 }
 
 void Alignment::add(Sort sort, bool isDoubled)
 {
     const std::uint16_t *const cost = m_costs.row(sort, isDoubled);
-    const int surplus = surplusCost(sort, isDoubled);
-    const bool isText = sort >= Sort::OtherNumber && sort < Sort::FirstWord;
-    const int surplusToo = isDoubled && isText ? LineCosts::kSurplusSame : LineCosts::kSurplusToo;
-
-    const int behind =
-        m_records == Records::One ? m_costs.surplusBehind() : LineCosts::kSurplusBetween;
     // Only the lines before the first record are none of a record before.
     const bool isInFront = m_records == Records::One || lines() == 0;
     m_steps.resize(m_steps.size() + std::size_t(m_columns));
     m_cuts.emplace_back();
+    passSurplus(sort, isDoubled);
     std::uint8_t *const steps = lastSteps();
     int *const matched = m_row[Matched].data();
-    int *const skipped = m_row[Surplus].data();
     const int *const best = m_best.data();
     const std::uint8_t *const bestStep = m_bestStep.data();
-    for (int column = 0; column < m_columns; ++column) {
-        const int opened = best[column] + (column + 1 == m_columns ? behind : surplus);
-        const int extended = skipped[column] + surplusToo;
-        const bool isFurther = extended <= opened;
-        skipped[column] = isFurther ? extended : opened;
-        steps[column] = coded(Surplus, isFurther ? int(Surplus) : int(bestStep[column]));
-    }
     if (!isInFront && (steps[0] >> (int(Surplus) * kBitsPerStep)) != Surplus) {
-        skipped[0] = kNever;
+        m_row[Surplus].front() = kNever;
     }
     matched[0] = kNever;
     for (int column = 1; column < m_columns; ++column) {
@@ -118,16 +125,22 @@ void Alignment::passRest()
     const int *const matched = m_row[Matched].data();
     const int *const skipped = m_row[Surplus].data();
     int &atEnd = m_row[Missing].back();
+    const int limit = atEnd - LineCosts::kRestMissing;
+    int least = kNever;
     for (int column = 1; column + 1 < m_columns; ++column) {
-        const bool isSkipped = skipped[column] < matched[column];
-        const int cost = (isSkipped ? skipped[column] : matched[column]) + LineCosts::kRestMissing;
-        if (cost < atEnd) {
-            atEnd = cost;
-            m_cuts.back() = {std::uint8_t(column), isSkipped ? Surplus : Matched};
-            std::uint8_t &steps = lastSteps()[m_columns - 1];
-            steps = std::uint8_t(steps | coded(Missing, kCut));
-        }
+        least = std::min(least, std::min(matched[column], skipped[column]));
     }
+    if (least >= limit) {
+        return;
+    }
+    int column = 1;
+    while (std::min(matched[column], skipped[column]) != least) {
+        ++column;
+    }
+    atEnd = least + LineCosts::kRestMissing;
+    m_cuts.back() = {std::uint8_t(column), skipped[column] < matched[column] ? Surplus : Matched};
+    std::uint8_t &steps = lastSteps()[m_columns - 1];
+    steps = std::uint8_t(steps | coded(Missing, kCut));
 }
 
 /// Of several steps it chooses the one that puts a gap as late as possible: what is missing from a

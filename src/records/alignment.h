@@ -67,7 +67,7 @@ private:
         std::uint8_t step = Matched;
     };
 
-    int surplusCost(Sort sort, bool isDoubled) const;
+    void passSurplus(Sort sort, bool isDoubled);
     void passMissing();
     void passRest();
     void passMissingFrom(int from, bool isFirst);

@@ -45,20 +45,23 @@ qsizetype Splitter::legalUntil()
     return m_line;
 }
 
-/// Takes records whose lines are legal as they stand, though they are odd.
-/// \return whether there were any
+/// Takes a record whose lines are legal as it stands, though it is odd, if what follows allows it.
+/// \return whether it did
 bool Splitter::takeLegal()
 {
     if (!m_isRestLegal) {
         m_isRestLegal = isRestLegal(); // once, for the sake of time
     }
-    const qsizetype end = *m_isRestLegal ? m_line + m_length : legalUntil();
-    m_inStep += (end - m_line) / m_length;
-    const bool isAny = m_line < end;
-    for (; m_line < end; m_line += m_length) {
-        begin(m_line);
+    if (!*m_isRestLegal && m_line >= m_legalUntil) {
+        m_legalUntil = legalUntil();
     }
-    return isAny;
+    const bool isTaken = *m_isRestLegal || m_line < m_legalUntil;
+    if (isTaken) {
+        begin(m_line);
+        m_line += m_length;
+        ++m_inStep;
+    }
+    return isTaken;
 }
 
 /// How many lines a record of another kind has that begins at a line; 0 if none does.

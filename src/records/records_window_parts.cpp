@@ -5,6 +5,7 @@
 #include "controls/sizes.h"
 #include "controls/text_box.h"
 #include "records/chosen_record.h"
+#include "records/clear_button.h"
 #include "records/kind_box.h"
 #include "records/list_place.h"
 #include "records/notice_line.h"
@@ -103,6 +104,8 @@ QWidget *RecordsWindow::Parts::newSearchRow()
         *search, u"Search"_s,
         u"Shows the records that hold this text in any field or line. Escape shows all "
         "again."_s);
+    auto *clear = new ClearButton(*search, u"Clear The Search"_s, u"Esc"_s);
+    clear->setObjectName(u"clearSearch"_s);
     onlyProblems = new QCheckBox(u"Only With Problems"_s);
     onlyProblems->setObjectName(u"onlyProblems"_s);
     onlyProblems->setMinimumHeight(kLeastTarget);

@@ -2,6 +2,7 @@
 
 #include "controls/controls.h"
 #include "endings/ending_commentary.h"
+#include "records/step.h"
 #include "screens/screens.h"
 #include "segments/segment_commentary.h"
 #include "stipulations/form_tables.h"
@@ -66,16 +67,31 @@ const char *commentaryOf(DataFileKind kind)
     return nullptr;
 }
 
-/// What of a field's line cannot be shown or saved as it stands; empty if nothing.
-QString noteOn(const KnownField &known, std::optional<QByteArrayView> line)
+/// A line is missing, as far as can be told that of this field.
+QString noteOnMissing(const Record &record, int field)
 {
-    if (!line) {
-        return u"The line for \"%1\" is missing; its box is as for a new record."_s.arg(
-            known.caption);
+    const auto caption = [&record](int any) {
+        return record.catalog().fields().at(std::size_t(any)).caption;
+    };
+    const Step step = Step::of(record);
+    for (const FieldRun &run : missingRuns(step.layout)) {
+        const FieldRun doubt = fieldsInDoubt(record, step, run);
+        if (run.first <= field && field <= run.last && doubt != run) {
+            return u"A line from \"%1\" to \"%2\" is missing, and it is not certain which; the box "
+                   u"of "
+                   "\"%3\" is as for a new record."_s.arg(caption(doubt.first), caption(doubt.last),
+                                                          caption(field));
+        }
     }
+    return u"The line for \"%1\" is missing; its box is as for a new record."_s.arg(caption(field));
+}
+
+/// What of a field's line cannot be shown or saved as it stands; empty if nothing.
+QString noteOn(const KnownField &known, QByteArrayView line)
+{
     const Coding coding = known.field->coding;
-    const std::optional<QString> shown = textOf(coding, *line);
-    const QString quoted = u"\"%1\" for \"%2\" "_s.arg(codepage::decode(*line), known.caption);
+    const std::optional<QString> shown = textOf(coding, line);
+    const QString quoted = u"\"%1\" for \"%2\" "_s.arg(codepage::decode(line), known.caption);
     if (!shown) {
         return quoted + u"is no word that its screen knows; it is shown as it stands."_s;
     }
@@ -94,7 +110,9 @@ QStringList notesOn(const Record &record)
 {
     QStringList notes;
     for (int place = 0; const KnownField &known : record.catalog().fields()) {
-        notes << noteOn(known, record.lineBytes(place++));
+        const auto line = record.lineBytes(place);
+        notes << (line ? noteOn(known, *line) : noteOnMissing(record, place));
+        ++place;
     }
     notes.removeAll(QString());
     constexpr qsizetype kMost = 6;

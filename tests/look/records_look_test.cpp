@@ -106,6 +106,13 @@ protected:
                 QLatin1StringView(paletteOf(GetParam())), *m_window};
     }
 
+    static bool hasSearch()
+    {
+        return view() != RecordsView::Chooser && view() != RecordsView::Unreadable;
+    }
+    /// What ends the search.
+    QWidget &cross() { return *scene().window.findChild<QWidget *>(u"clearSearch"_s); }
+
     /// Expects enough contrast of the text in a part of the window.
     void expectText(const char *sort, const QString &part, const QRect &place)
     {
@@ -160,6 +167,11 @@ TEST_P(RecordsLookTest, EveryTextIsReadable)
 TEST_P(RecordsLookTest, EveryControlIsVisible)
 {
     checks::expectVisibleControls(scene());
+    if (hasSearch()) {
+        ASSERT_TRUE(cross().isVisible());
+        const QRect place = parts::placeOf(cross());
+        EXPECT_GE(Picture(scene().window, place).textContrast(place), contrast::kControl);
+    }
 }
 
 TEST_P(RecordsLookTest, EveryControlHasAFocusMark)
@@ -172,6 +184,10 @@ TEST_P(RecordsLookTest, EveryTargetIsLargeEnough)
     checks::expectLargeTargets(scene());
     for (const QTreeView *list : parts::visible<QTreeView>(scene().window)) {
         checks::expectLargeRows(scene(), "Target: rows of lists", *list);
+    }
+    if (hasSearch()) { // the cross is no Tab stop, and so none of the targets above
+        figures::expectAtLeast(scene(), "Target: buttons", cross().objectName(),
+                               std::min(cross().width(), cross().height()), 24);
     }
 }
 

@@ -246,6 +246,18 @@ TEST_F(Similar, AMissingLineLeavesTheStartValueAndIsTold)
     EXPECT_EQ(text("Form13", "Text1"), u"Hello there."_s);
 }
 
+TEST_F(Similar, ALineThatIsMissingAmongEqualsIsNotNamedForCertain)
+{
+    QByteArrayList lines = interviewLines();
+    lines.removeAt(5); // "Any"
+    boxes.expectNotice(
+        u"Write A Similar One"_s,
+        u"A line from \"Disposition Of Side 1\" to \"Gender of Feuding Wrestlers\" is "
+        "missing, and it is not certain which; the box of \"Gender of Feuding "
+        "Wrestlers\" is as for a new record."_s);
+    request(asFile({lines.begin(), lines.end()}), DataFileKind::Interviews);
+}
+
 TEST_F(Similar, ANumberThatTheBarCannotShowIsTold)
 {
     QByteArrayList lines = interviewLines();

@@ -1,6 +1,7 @@
 #include "controls/combo_box.h"
 #include "records/window_fixture.h"
 
+#include <QAbstractButton>
 #include <QCheckBox>
 #include <QHeaderView>
 #include <QLabel>
@@ -79,6 +80,46 @@ TEST_F(WindowListTest, EscapeEndsTheSearchAndKeepsTheRecord)
     EXPECT_TRUE(shows(30));
     EXPECT_EQ(search().text(), QString());
     EXPECT_EQ(cell(currentRow(), u"Number"_s), u"25"_s);
+}
+
+TEST_F(WindowListTest, EscapeInAnEmptySearchDoesNothing)
+{
+    open(endings(3));
+    press(Qt::CTRL | Qt::Key_F);
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(isOpen());
+    EXPECT_TRUE(window().isVisible());
+    EXPECT_TRUE(search().hasFocus());
+    EXPECT_EQ(list().model()->rowCount(), 3);
+}
+
+TEST_F(WindowListTest, TheCrossInTheSearchBoxEndsTheSearch)
+{
+    open(endings(30));
+    auto &cross = part<QAbstractButton>("clearSearch");
+    EXPECT_FALSE(cross.isVisible()) << "there is nothing to clear";
+    press(Qt::CTRL | Qt::Key_F);
+    QTest::keyClicks(&search(), u"ending 25"_s);
+    ASSERT_TRUE(shows(1));
+    EXPECT_TRUE(cross.isVisible());
+    EXPECT_TRUE(search().rect().contains(cross.geometry()));
+    EXPECT_EQ(cross.accessibleName(), u"Clear The Search"_s);
+    press(Qt::Key_Return);
+    click(cross);
+    EXPECT_TRUE(shows(30));
+    EXPECT_EQ(search().text(), QString());
+    EXPECT_TRUE(search().hasFocus());
+    EXPECT_FALSE(cross.isVisible());
+}
+
+TEST_F(WindowListTest, ALongSearchDoesNotRunUnderTheCross)
+{
+    open(endings(3));
+    search().setFocus();
+    search().setText(QString(300, u'x'));
+    QCoreApplication::processEvents();
+    const QRect cursor = search().inputMethodQuery(Qt::ImCursorRectangle).toRect();
+    EXPECT_LT(cursor.center().x(), part<QWidget>("clearSearch").x());
 }
 
 TEST_F(WindowListTest, ASearchForNothingThatIsThereSaysSo)

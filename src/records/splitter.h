@@ -70,7 +70,7 @@ private:
     qsizetype m_line = 0;   ///< where the next record starts
     qsizetype m_inStep = 0; ///< how many likely records precede it
     std::vector<qsizetype> m_starts;
-    qsizetype m_legalUntil = 0; ///< the line where legal records end
+    qsizetype m_legalUntil = 0;        ///< the line where legal records end
     std::optional<bool> m_isRestLegal; ///< nothing as long as no record was doubtful
     qsizetype m_asked = 0; ///< how many bytes had been read when `m_progress` was asked last
     bool m_isStopped = false;

@@ -12,6 +12,9 @@ constexpr int kNever = std::numeric_limits<int>::max() / 4;
 constexpr int kBitsPerStep = 2;
 constexpr unsigned kStepMask = (1U << kBitsPerStep) - 1;
 
+/// Stands for the step before a missing line where the whole rest of the record is missing.
+constexpr int kCut = 3;
+
 constexpr std::uint8_t coded(int last, int before)
 {
     return std::uint8_t(before << (last * kBitsPerStep));
@@ -32,6 +35,7 @@ Alignment::Alignment(const LineCosts &costs, Records records)
 void Alignment::clear()
 {
     m_steps.assign(std::size_t(m_columns), 0);
+    m_cuts.assign(1, {});
     for (std::vector<int> &costs : m_row) {
         costs.assign(std::size_t(m_columns), kNever);
     }
@@ -44,31 +48,47 @@ std::uint8_t *Alignment::lastSteps()
     return m_steps.data() + m_steps.size() - std::size_t(m_columns);
 }
 
-void Alignment::add(Sort sort, bool isDoubled)
+/// Skips a line at each column.
+void Alignment::passSurplus(Sort sort, bool isDoubled)
 {
-    const std::uint16_t *const cost = m_costs.row(sort);
-    const int off = isDoubled ? m_costs.doubled(sort) : 0;
-    const int surplus =
-        (sort == Sort::Empty ? LineCosts::kSurplusEmpty : LineCosts::kSurplus) - off;
-    const int surplusToo = std::max(LineCosts::kSurplusToo - off, LineCosts::kBit);
-
-    // Only the lines before the first record are none of a record before.
-    const bool isInFront = m_records == Records::One || lines() == 0;
-    m_steps.resize(m_steps.size() + std::size_t(m_columns));
+    const int surplus = (sort == Sort::Empty ? LineCosts::kSurplusEmpty : LineCosts::kSurplus) -
+                        (isDoubled ? m_costs.doubled(sort) : 0);
+    const int behind =
+        m_records == Records::One ? m_costs.surplusBehind() : LineCosts::kSurplusBetween;
+    const bool isText = sort >= Sort::OtherNumber && sort < Sort::FirstWord;
+    const int further = isDoubled && isText ? LineCosts::kSurplusSame : LineCosts::kSurplusToo;
     std::uint8_t *const steps = lastSteps();
-    int *const matched = m_row[Matched].data();
     int *const skipped = m_row[Surplus].data();
     const int *const best = m_best.data();
     const std::uint8_t *const bestStep = m_bestStep.data();
-    for (int column = 0; column < m_columns; ++column) {
-        const int opened = best[column] + surplus;
-        const int extended = skipped[column] + surplusToo;
+    const auto skip = [&](int column, int first) {
+        const int opened = best[column] + first;
+        const int extended = skipped[column] + further;
         const bool isFurther = extended <= opened;
         skipped[column] = isFurther ? extended : opened;
         steps[column] = coded(Surplus, isFurther ? int(Surplus) : int(bestStep[column]));
+    };
+    const int last = m_columns - 1;
+    for (int column = 0; column < last; ++column) {
+        skip(column, surplus);
     }
+    skip(last, behind);
+}
+
+void Alignment::add(Sort sort, bool isDoubled)
+{
+    const std::uint16_t *const cost = m_costs.row(sort, isDoubled);
+    // Only the lines before the first record are none of a record before.
+    const bool isInFront = m_records == Records::One || lines() == 0;
+    m_steps.resize(m_steps.size() + std::size_t(m_columns));
+    m_cuts.emplace_back();
+    passSurplus(sort, isDoubled);
+    std::uint8_t *const steps = lastSteps();
+    int *const matched = m_row[Matched].data();
+    const int *const best = m_best.data();
+    const std::uint8_t *const bestStep = m_bestStep.data();
     if (!isInFront && (steps[0] >> (int(Surplus) * kBitsPerStep)) != Surplus) {
-        skipped[0] = kNever;
+        m_row[Surplus].front() = kNever;
     }
     matched[0] = kNever;
     for (int column = 1; column < m_columns; ++column) {
@@ -84,6 +104,7 @@ void Alignment::passMissing()
     int *const missing = m_row[Missing].data();
     missing[0] = kNever;
     passMissingFrom(1, true);
+    passRest();
     if (m_records == Records::Many && lines() > 0) {
         // The next record begins. A way that leaves out a whole record is never the cheapest.
         const auto end = std::size_t(m_columns - 1);
@@ -96,6 +117,30 @@ void Alignment::passMissing()
         passMissingFrom(1, false);
     }
     chooseBest();
+}
+
+/// Leaves out the rest of a record, from wherever that is the cheapest.
+void Alignment::passRest()
+{
+    const int *const matched = m_row[Matched].data();
+    const int *const skipped = m_row[Surplus].data();
+    int &atEnd = m_row[Missing].back();
+    const int limit = atEnd - LineCosts::kRestMissing;
+    int least = kNever;
+    for (int column = 1; column + 1 < m_columns; ++column) {
+        least = std::min(least, std::min(matched[column], skipped[column]));
+    }
+    if (least >= limit) {
+        return;
+    }
+    int column = 1;
+    while (std::min(matched[column], skipped[column]) != least) {
+        ++column;
+    }
+    atEnd = least + LineCosts::kRestMissing;
+    m_cuts.back() = {std::uint8_t(column), skipped[column] < matched[column] ? Surplus : Matched};
+    std::uint8_t &steps = lastSteps()[m_columns - 1];
+    steps = std::uint8_t(steps | coded(Missing, kCut));
 }
 
 /// Of several steps it chooses the one that puts a gap as late as possible: what is missing from a
@@ -125,7 +170,7 @@ void Alignment::passMissingFrom(int from, bool isFirst)
     for (int column = from; column < m_columns; ++column) {
         const bool isSkipped = skipped[column - 1] < matched[column - 1];
         const int opened =
-            (isSkipped ? skipped[column - 1] : matched[column - 1]) + LineCosts::kMissing;
+            (isSkipped ? skipped[column - 1] : matched[column - 1]) + m_costs.missing(column - 1);
         const int extended = missing[column - 1] + LineCosts::kMissingToo;
         const int cost = std::min(opened, extended);
         if (!isFirst && cost >= missing[column]) {
@@ -173,7 +218,14 @@ Alignment::Path Alignment::path(int column) const
     while (line > 0 || column > 0) {
         const std::uint8_t steps =
             m_steps[std::size_t(line) * std::size_t(m_columns) + std::size_t(column)];
-        const auto before = Step((steps >> (int(step) * kBitsPerStep)) & kStepMask);
+        const unsigned code = (steps >> (int(step) * kBitsPerStep)) & kStepMask;
+        if (step == Missing && code == kCut) {
+            const Cut &cut = m_cuts[std::size_t(line)];
+            column = cut.column;
+            step = Step(cut.step);
+            continue;
+        }
+        const auto before = Step(code);
         if (column == 0 && step != Surplus) {
             path.starts.push_back(line);
             column = m_columns - 1;

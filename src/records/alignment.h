@@ -17,7 +17,9 @@ namespace tarvold::records {
 /// https://doi.org/10.1016/0022-2836(70)90057-4, with gaps whose further lines cost less than their
 /// first, as O. Gotoh's "An improved algorithm for matching biological sequences" (1982),
 /// https://doi.org/10.1016/0022-2836(82)90398-9, has them. Where records follow one another, the
-/// column behind the last field leads to the one before the first.
+/// column behind the last field leads to the one before the first. A step from any column to the
+/// one behind the last field stands for a record that was cut short: it costs the same however many
+/// lines are missing.
 ///
 /// Time and memory grow with the number of lines times the number of fields: a byte for each pair.
 class Alignment
@@ -58,7 +60,16 @@ private:
     /// The costs of the cheapest ways to each column, by their last step.
     using Row = std::array<std::vector<int>, kSteps>;
 
+    /// Where a way left out the rest of a record: at a column, behind a step.
+    struct Cut
+    {
+        std::uint8_t column = 0;
+        std::uint8_t step = Matched;
+    };
+
+    void passSurplus(Sort sort, bool isDoubled);
     void passMissing();
+    void passRest();
     void passMissingFrom(int from, bool isFirst);
     void chooseBest();
     Path path(int column) const;
@@ -72,6 +83,7 @@ private:
     std::vector<int> m_best;              ///< the least cost of each column
     std::vector<std::uint8_t> m_bestStep; ///< its last step
     std::vector<std::uint8_t> m_steps; ///< by line, then by column: the step before each last step
+    std::vector<Cut> m_cuts;           ///< by line: the cheapest one
 };
 
 } // namespace tarvold::records

@@ -30,6 +30,9 @@ using Problems = std::vector<Problem>;
 /// Lines that are missing, and lines that are too many.
 void checkStep(const Examined &examined, Problems &problems);
 
+/// The latter of these.
+void checkSurplus(const Examined &examined, Problems &problems);
+
 /// Lines that end with LF or CR alone, or not at all.
 /// \param isOfKind whether the record is of its kind, so that its layout is meaningful
 void checkLineEnds(const Examined &examined, bool isOfKind, Problems &problems);

@@ -4,6 +4,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <map>
 
 namespace tarvold::records {
 namespace {
@@ -17,15 +18,14 @@ constexpr int kClear = 20 * LineCosts::kBit;
 /// Lines that on average cost more than this look like no kind at all.
 constexpr int kStrange = 5 * LineCosts::kBit;
 
-/// One of so many lines at least must hold a field. The same line again and again costs little if
-/// it is taken for a line that stands there twice, but tells nothing.
-constexpr int kOneOf = 2;
+/// Lines of which more than so many percent are the same tell nothing: half of the lines of a
+/// record that nobody filled in are "-BLANK-".
+constexpr qsizetype kMostAlike = 75;
 
 struct Candidate
 {
     DataFileKind kind;
     int cost;
-    int surplus; ///< lines that hold no field then
 };
 
 /// Whether the file was saved with two bytes for each character, so that every line looks odd, and
@@ -48,14 +48,23 @@ std::vector<Candidate> candidatesFor(const std::vector<Line> &lines)
             const bool isDoubled = line > 0 && lines[line].text == lines[line - 1].text;
             alignment.add(sortOf(lines[line].text), isDoubled);
         }
-        const std::vector<int> fields = alignment.cheapestPath().fieldOfLine;
-        candidates.push_back(
-            {row.kind, alignment.leastCost(), int(std::count(fields.begin(), fields.end(), -1))});
+        candidates.push_back({row.kind, alignment.leastCost()});
     }
     std::stable_sort(
         candidates.begin(), candidates.end(),
         [](const Candidate &one, const Candidate &other) { return one.cost < other.cost; });
     return candidates;
+}
+
+/// Whether nearly all lines are the same.
+bool areAlike(const std::vector<Line> &lines)
+{
+    std::map<QByteArrayView, qsizetype> counts;
+    qsizetype most = 0;
+    for (const Line &line : lines) {
+        most = std::max(most, ++counts[line.text]);
+    }
+    return most * 100 > kMostAlike * qsizetype(lines.size());
 }
 
 /// The kind whose files have such a name.
@@ -80,9 +89,7 @@ KindGuess guessKind(QByteArrayView file, const QString &fileName)
     }
     const std::vector<Candidate> candidates = candidatesFor(lines);
     const int least = candidates.front().cost;
-    const int count = int(lines.size());
-    const bool isStrange = isWide(file) || least > kStrange * count ||
-                           (count - candidates.front().surplus) * kOneOf < count;
+    const bool isStrange = isWide(file) || least > kStrange * int(lines.size()) || areAlike(lines);
     KindGuess guess;
     for (const Candidate &candidate : candidates) {
         if (isStrange || candidate.cost < least + kClear) {

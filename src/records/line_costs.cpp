@@ -42,6 +42,13 @@ Role roleOf(const Catalog &catalog, int field)
     return isStrict ? Role::List : Role::OpenList;
 }
 
+/// Whether the screens write no line for a text that is not in the field's list.
+bool codedAsWord(const Catalog &catalog, int field)
+{
+    const Coding coding = catalog.fields().at(std::size_t(field)).field->coding;
+    return coding == Coding::FinisherType || coding == Coding::QualityWord;
+}
+
 /// How odd each sort is in each role, in bits; the last column is for the words of other lists.
 // clang-format off
 constexpr std::array<std::array<double, 8>, 8> kOddness = {{
@@ -92,6 +99,7 @@ std::optional<int> LineCosts::oddnessOf(const std::vector<Line> &record) const
 
 LineCosts::LineCosts(const Catalog &catalog)
     : m_fieldCount(catalog.fieldCount())
+    , m_surplusBehind((catalog.firstCommentary() < m_fieldCount ? 9 : 11) * kBit)
     , m_costs(kSorts * std::size_t(m_fieldCount))
     , m_oddness(kSorts * std::size_t(m_fieldCount))
 {
@@ -101,11 +109,21 @@ LineCosts::LineCosts(const Catalog &catalog)
     m_doubled[std::size_t(Sort::Number)] = kDoubledNumber;
     for (int field = 0; field < m_fieldCount; ++field) {
         const Role role = roleOf(catalog, field);
+        const bool isCode = codedAsWord(catalog, field);
+        m_missing.push_back(isCode ? kMissingCode : kMissing);
         for (std::size_t sort = 0; sort < kSorts; ++sort) {
             put(field, Sort(sort), roleOddness(role, Sort(sort)), kUsual);
         }
         if (!catalog.isCommentary(field)) {
             putWords(field, catalog.fields().at(std::size_t(field)));
+        }
+    }
+    m_chantCosts = m_costs;
+    for (std::size_t sort = 0; sort < kSorts; ++sort) {
+        for (int field = catalog.firstCommentary() + 1; field < m_fieldCount; ++field) {
+            std::uint16_t &cost =
+                m_chantCosts[sort * std::size_t(m_fieldCount) + std::size_t(field)];
+            cost = std::min(cost, kChant);
         }
     }
 }

@@ -23,9 +23,12 @@ public:
     static const LineCosts &of(DataFileKind kind);
 
     /// The costs of a line for all fields, in their order.
-    const std::uint16_t *row(Sort sort) const
+    /// \param isDoubled whether it is the same as the one before it. In a commentary it costs
+    /// little then, whatever it is: the crowd chants
+    const std::uint16_t *row(Sort sort, bool isDoubled = false) const
     {
-        return m_costs.data() + std::size_t(sort) * std::size_t(m_fieldCount);
+        const std::vector<std::uint16_t> &costs = isDoubled ? m_chantCosts : m_costs;
+        return costs.data() + std::size_t(sort) * std::size_t(m_fieldCount);
     }
 
     /// How odd a line is for a field: 0 for all that its screen offers. Costs have it, too.
@@ -43,16 +46,24 @@ public:
 
     /// \name A missing line, and each further one beside it.
     /// \{
-    static constexpr int kMissing = 15 * kBit;
+    int missing(int field) const { return m_missing[std::size_t(field)]; }
     static constexpr int kMissingToo = 7 * kBit;
     /// \}
+    /// All lines of a record from some field on, whose writing was interrupted.
+    static constexpr int kRestMissing = 20 * kBit;
     /// \name A surplus line, and each further one beside it.
     /// \{
     static constexpr int kSurplus = 14 * kBit;
     static constexpr int kSurplusEmpty = 9 * kBit;
     static constexpr int kSurplusToo = 8 * kBit;
+    static constexpr int kSurplusSame = 3 * kBit; ///< if it is the same text as the one before it
     /// \}
-    /// What is taken off for a surplus line that is the same as the one before it.
+    /// A surplus line behind the last one of a record; and the same of a record by itself, where a
+    /// text that is strange there must not count as commentary.
+    static constexpr int kSurplusBetween = 11 * kBit;
+    int surplusBehind() const { return m_surplusBehind; }
+    /// What is taken off for a surplus line that is the same as the one before it. Not for a
+    /// further word: records have many that are the same, and each would be cheap to leave out.
     int doubled(Sort sort) const { return m_doubled[std::size_t(sort)]; }
 
 private:
@@ -69,10 +80,22 @@ private:
     static constexpr std::uint8_t kDoubledNumber = 6 * kBit;
     static constexpr std::uint8_t kDoubledText = 8 * kBit;
     /// \}
+    /// The most that a commentary's line costs which is the same as the one before it.
+    static constexpr std::uint16_t kChant = 3 * kBit;
+
+    /// \name A missing line. The screens write none for a finisher type or a quality that is not in
+    /// its list.
+    /// \{
+    static constexpr int kMissing = 15 * kBit;
+    static constexpr int kMissingCode = 13 * kBit;
+    /// \}
 
     int m_fieldCount;
-    std::vector<std::uint16_t> m_costs;  ///< by sort, then by field
-    std::vector<std::uint8_t> m_oddness; ///< by field, then by sort
+    int m_surplusBehind;
+    std::vector<int> m_missing;              ///< by field
+    std::vector<std::uint16_t> m_costs;      ///< by sort, then by field
+    std::vector<std::uint16_t> m_chantCosts; ///< the same of lines that are doubled
+    std::vector<std::uint8_t> m_oddness;     ///< by field, then by sort
     std::array<std::uint8_t, kSorts> m_doubled{};
 };
 

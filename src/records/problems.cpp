@@ -97,7 +97,9 @@ QByteArray repairAll(const Record &record, bool isLast)
     Record repaired = record;
     for (int repairs = 0; repairs < kMostRepairs; ++repairs) {
         const Problems problems = problemsOf(repaired, 1, isLast);
-        const auto isOffered = [](const Problem &problem) { return !problem.repair.isEmpty(); };
+        const auto isOffered = [](const Problem &problem) {
+            return !problem.repair.isEmpty() && !problem.isSingle;
+        };
         // What the other lines hold is sure only when every line is at its place.
         auto next = std::find_if(problems.begin(), problems.end(), [&](const Problem &problem) {
             return isStep(problem) && isOffered(problem);

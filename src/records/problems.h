@@ -38,6 +38,7 @@ struct Problem
     QString repair =
         {}; ///< what a repair would do, such as "Put "Any" there"; empty: none is offered
     QByteArray repaired = {}; ///< the record after that repair
+    bool isSingle = false;    ///< offered by itself only, as it may change a text that is right
 };
 
 /// All problems of one record by itself, in the order of its lines.
@@ -50,7 +51,7 @@ struct Problem
 std::vector<Problem> problemsOf(const Record &record, int number, bool isLast);
 
 /// The record after all repairs that are offered, and those that are offered then, until none is.
-/// The same bytes if there is none.
+/// Without those that are offered by themselves only. The same bytes if there is none.
 QByteArray repairAll(const Record &record, bool isLast);
 
 /// Finds what can only be seen by comparing records: the same record or key twice. Add all records

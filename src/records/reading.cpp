@@ -1,6 +1,7 @@
 #include "records/reading.h"
 
 #include "records/alignment.h"
+#include "records/rules.h"
 #include "records/splitter.h"
 
 #include <QThreadPool>
@@ -37,15 +38,19 @@ Layout wholeLayout(int fieldCount)
 Layout layoutOf(const std::vector<Line> &lines, const Catalog &catalog)
 {
     const LineCosts &costs = LineCosts::of(catalog.kind());
-    if (costs.oddnessOf(lines).value_or(LineCosts::kMostOddness + 1) <= LineCosts::kMostOddness) {
+    // Commentary may be anything, so that odd lines are no sign of damage where all others are as
+    // they should be.
+    if (Rules::of(catalog).areLegal(lines) ||
+        costs.oddnessOf(lines).value_or(LineCosts::kMostOddness + 1) <= LineCosts::kMostOddness) {
         return wholeLayout(costs.fieldCount());
     }
     Alignment alignment(costs, Alignment::Records::One);
     int plain = 0;
     for (std::size_t line = 0; line < lines.size(); ++line) {
         const Sort sort = sortOf(lines[line].text);
-        alignment.add(sort, line > 0 && lines[line].text == lines[line - 1].text);
-        plain += line < std::size_t(costs.fieldCount()) ? costs.row(sort)[line] : 0;
+        const bool isDoubled = line > 0 && lines[line].text == lines[line - 1].text;
+        alignment.add(sort, isDoubled);
+        plain += line < std::size_t(costs.fieldCount()) ? costs.row(sort, isDoubled)[line] : 0;
     }
     if (lines.size() == std::size_t(costs.fieldCount()) &&
         plain <= alignment.costAtEnd() + kPlain) {
@@ -68,13 +73,12 @@ std::optional<std::vector<qsizetype>> splitIntoRecords(QByteArrayView file, cons
                                                        const Progress &progress)
 {
     constexpr qsizetype kLarge = 4 << 20; // is worth a second thread
-    const LineCosts &costs = LineCosts::of(catalog.kind());
-    Splitter splitter(file, costs, progress);
-    const auto middle = file.size() < kLarge ? std::nullopt : Splitter::middle(file, costs);
+    Splitter splitter(file, catalog, progress);
+    const auto middle = file.size() < kLarge ? std::nullopt : Splitter::middle(file, catalog);
     std::promise<std::vector<qsizetype>> promise;
     const auto divideBehind = [&] {
         const Progress none;
-        promise.set_value(*Splitter(file.sliced(*middle), costs, none).split());
+        promise.set_value(*Splitter(file.sliced(*middle), catalog, none).split());
     };
     if (!middle || !QThreadPool::globalInstance()->tryStart(divideBehind)) {
         return splitter.split();

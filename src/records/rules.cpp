@@ -73,6 +73,14 @@ bool Rules::takes(int field, QByteArrayView line) const
     return words.empty() || std::binary_search(words.begin(), words.end(), line);
 }
 
+bool Rules::areLegal(const std::vector<Line> &record) const
+{
+    int field = 0;
+    return record.size() == m_words.size() &&
+           std::all_of(record.begin(), record.end(),
+                       [&](const Line &line) { return isLegal(field++, line.text); });
+}
+
 bool Rules::isNumber(int field) const
 {
     return hasWords(field) && takes(field, "100");

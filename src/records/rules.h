@@ -1,6 +1,7 @@
 #pragma once
 
 #include "records/catalog.h"
+#include "records/lines.h"
 
 #include <QByteArray>
 #include <QByteArrayView>
@@ -22,6 +23,14 @@ public:
     bool hasWords(int field) const { return !m_words.at(std::size_t(field)).empty(); }
     /// Whether the field takes the line: it is one of its words, or the field takes any text.
     bool takes(int field, QByteArrayView line) const;
+    /// Whether a record may hold the line there as it stands: the field takes it, and it is not
+    /// empty.
+    bool isLegal(int field, QByteArrayView line) const
+    {
+        return !line.isEmpty() && takes(field, line);
+    }
+    /// Whether lines are those of a whole record, each legal for its field.
+    bool areLegal(const std::vector<Line> &record) const;
     /// Whether its list is of numbers, apart from other words that it may have.
     bool isNumber(int field) const;
 

@@ -10,9 +10,7 @@ namespace {
 constexpr int kRecordsBefore = 2;
 constexpr int kRecordsBehind = 2;
 
-/// How many records' lines are aligned at most, and how many of these are left to be aligned with
-/// what follows.
-constexpr int kWindow = 64;
+/// How many records' lines of those aligned at most are left to be aligned with what follows.
 constexpr int kRecordsOpen = 8;
 
 /// Lines that on average cost more than this are no records of this kind.
@@ -26,24 +24,25 @@ constexpr qsizetype kForgetAfter = 8192;
 
 } // namespace
 
-Splitter::Splitter(QByteArrayView file, const LineCosts &costs, const Progress &progress)
+Splitter::Splitter(QByteArrayView file, const Catalog &catalog, const Progress &progress)
     : m_file(file)
     , m_reader(file)
-    , m_costs(costs)
+    , m_rules(Rules::of(catalog))
+    , m_costs(LineCosts::of(catalog.kind()))
     , m_progress(progress)
-    , m_length(costs.fieldCount())
-    , m_alignment(costs, Alignment::Records::Many)
+    , m_length(catalog.fieldCount())
+    , m_alignment(m_costs, Alignment::Records::Many)
 {
 }
 
-std::optional<qsizetype> Splitter::middle(QByteArrayView file, const LineCosts &costs)
+std::optional<qsizetype> Splitter::middle(QByteArrayView file, const Catalog &catalog)
 {
     const qsizetype end = file.indexOf('\n', file.size() / 2);
     if (end < 0) {
         return std::nullopt;
     }
     const Progress none;
-    Splitter behind(file.sliced(end + 1), costs, none);
+    Splitter behind(file.sliced(end + 1), catalog, none);
     for (qsizetype line = 0; line < 2 * behind.m_length; ++line) {
         bool isInStep = true;
         for (int record = 0; isInStep && record <= kRecordsBefore; ++record) {
@@ -67,7 +66,7 @@ std::optional<std::vector<qsizetype>> Splitter::split(qsizetype until)
             begin(m_line);
             m_line += m_length;
             ++m_inStep;
-        } else {
+        } else if (!takeLegal() && !takeForeign()) {
             readDamaged();
         }
         forgetBefore(m_line - (qsizetype(kRecordsBefore) * m_length) - 1);

@@ -2,24 +2,27 @@
 
 #include "records/alignment.h"
 #include "records/reading.h"
+#include "records/rules.h"
 
 namespace tarvold::records {
 
 /// Divides a file into records, see splitIntoRecords().
 ///
-/// Records whose lines all suit their fields are taken as they come. At the first other one the
-/// lines are aligned with records, from two records before it to the next line where records are
-/// in step again. Where that is too far away, only so many lines are aligned, and what comes of the
-/// last of them is left open; and where that makes no sense either, lines are counted until records
-/// are in step again. So the time is linear in the size of the file, and but for the result the
-/// memory is bounded.
+/// Records whose lines all suit their fields are taken as they come. So is what follows the first
+/// other one if it is a whole number of records whose lines are all legal, and any stretch of such
+/// records up to where they are in step; commentary may be anything. A record of another kind that
+/// stands between them is one by itself. Else the lines are aligned with records, from two records
+/// before it to the next line where records are in step again. Where that is too far away, only so
+/// many lines are aligned, and what comes of the last of them is left open; and where that makes no
+/// sense either, lines are counted until records are in step again. So the time is linear in the
+/// size of the file, and but for the result the memory is bounded.
 class Splitter
 {
 public:
-    Splitter(QByteArrayView file, const LineCosts &costs, const Progress &progress);
+    Splitter(QByteArrayView file, const Catalog &catalog, const Progress &progress);
 
     /// A byte near the middle where some records start that are in step; nothing if there is none.
-    static std::optional<qsizetype> middle(QByteArrayView file, const LineCosts &costs);
+    static std::optional<qsizetype> middle(QByteArrayView file, const Catalog &catalog);
 
     /// Where records start; nothing if `progress` stopped it.
     /// \param until it stops if a record starts at this byte, see isAt()
@@ -29,6 +32,9 @@ public:
     bool isAt() const { return m_isAt; }
 
 private:
+    /// How many records' lines are looked at ahead, or aligned, at most.
+    static constexpr int kWindow = 64;
+
     struct Sample
     {
         QByteArrayView text;
@@ -45,6 +51,12 @@ private:
 
     bool isLikely(qsizetype line);
     bool isInStep(qsizetype line);
+    bool isLegal(qsizetype line);
+    bool isRestLegal();
+    qsizetype legalUntil();
+    bool takeLegal();
+    qsizetype foreignLength(qsizetype line);
+    bool takeForeign();
     std::optional<qsizetype> nextInStep(qsizetype from, qsizetype to);
     bool mayGoOn();
     void begin(qsizetype line);
@@ -55,6 +67,7 @@ private:
 
     QByteArrayView m_file;
     AnyLineReader m_reader;
+    const Rules &m_rules;
     const LineCosts &m_costs;
     const Progress &m_progress;
     const int m_length; ///< lines of a record
@@ -64,6 +77,8 @@ private:
     qsizetype m_line = 0;   ///< where the next record starts
     qsizetype m_inStep = 0; ///< how many likely records precede it
     std::vector<qsizetype> m_starts;
+    qsizetype m_legalUntil = 0;        ///< the line where legal records end
+    std::optional<bool> m_isRestLegal; ///< nothing as long as no record was doubtful
     qsizetype m_asked = 0; ///< how many bytes had been read when `m_progress` was asked last
     bool m_isStopped = false;
     bool m_isAt = false;

@@ -1,5 +1,6 @@
 #include "records/step.h"
 
+#include "records/broken_lines.h"
 #include "records/edits.h"
 #include "records/line_costs.h"
 
@@ -48,19 +49,6 @@ std::vector<Step::Whole> joined(std::vector<Step::Whole> wholes, const Step::Who
     return wholes;
 }
 
-Layout layoutOfWholes(const Record &record, const std::vector<Step::Whole> &wholes)
-{
-    std::vector<QByteArray> texts;
-    texts.reserve(wholes.size());
-    std::vector<Line> lines;
-    lines.reserve(wholes.size());
-    for (const Step::Whole &whole : wholes) {
-        texts.push_back(edits::joinedText(record, whole.first, whole.last));
-        lines.push_back({texts.back(), LineEnd::CrLf});
-    }
-    return layoutOf(lines, record.catalog());
-}
-
 auto missingIn(const Layout &layout)
 {
     return std::count(layout.lineOfField.begin(), layout.lineOfField.end(), -1);
@@ -105,6 +93,19 @@ private:
 
 } // namespace
 
+Layout layoutOf(const Record &record, const std::vector<Step::Whole> &wholes)
+{
+    std::vector<QByteArray> texts;
+    texts.reserve(wholes.size());
+    std::vector<Line> lines;
+    lines.reserve(wholes.size());
+    for (const Step::Whole &whole : wholes) {
+        texts.push_back(edits::joinedText(record, whole.first, whole.last));
+        lines.push_back({texts.back(), LineEnd::CrLf});
+    }
+    return layoutOf(lines, record.catalog());
+}
+
 std::vector<FieldRun> missingRuns(const Layout &layout)
 {
     std::vector<FieldRun> runs;
@@ -143,7 +144,7 @@ Step Step::of(const Record &record)
     if (record.layout().isWhole()) {
         return {};
     }
-    Step step = {{}, record.layout()};
+    Step step = {.wholes = {}, .layout = record.layout()};
     for (int line = 0; line < int(record.lines().size()); ++line) {
         step.wholes.push_back({line, line});
     }
@@ -153,13 +154,14 @@ Step Step::of(const Record &record)
         if (tooMany > step.layout.surplus.size() || ++tries > kMostTries) {
             continue;
         }
-        Step other = {joined(step.wholes, lines), {}};
-        other.layout = layoutOfWholes(record, other.wholes);
+        Step other = {.wholes = joined(step.wholes, lines), .layout = {}};
+        other.layout = layoutOf(record, other.wholes);
         if (other.layout.surplus.size() + tooMany == step.layout.surplus.size() &&
             missingIn(other.layout) == missingIn(step.layout)) {
             step = std::move(other);
         }
     }
+    joinBroken(record, step);
     return step;
 }
 

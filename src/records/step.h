@@ -10,7 +10,7 @@ namespace tarvold::records {
 ///
 /// A line that a bare LF or CR broke into parts is one again if that makes up for lines that are
 /// too many. Texts fit any field, so that the record's own layout rarely tells where the line is
-/// broken.
+/// broken. For lines of commentary that were broken by CR LF see joinBroken().
 struct Step
 {
     /// A line as it is meant: lines of the record, first to last.
@@ -24,9 +24,13 @@ struct Step
 
     std::vector<Whole> wholes; ///< none if the record is not out of step
     Layout layout;             ///< of these
+    bool isSure = true;        ///< whether no other lines of commentary may be the ones too many
 
     static Step of(const Record &record);
 };
+
+/// Matches lines as they are meant with fields.
+Layout layoutOf(const Record &record, const std::vector<Step::Whole> &wholes);
 
 /// Fields in a row, the first and the last of them.
 struct FieldRun

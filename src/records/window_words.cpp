@@ -1,8 +1,8 @@
 #include "records/window_words.h"
 
 #include "records/kind_box.h"
-#include "screens/failures.h"
 #include "records/wording.h"
+#include "screens/failures.h"
 
 #include <QStringList>
 
@@ -144,7 +144,7 @@ QString deleted(int records)
 QString repaired(int records, int left)
 {
     QString text =
-        records == 0 ? u"No problem has a repair."_s : u"Repaired %1."_s.arg(countOf(records));
+        records == 0 ? u"Nothing was repaired."_s : u"Repaired %1."_s.arg(countOf(records));
     if (left > 0) {
         text += u" %1 with problems that only you can decide."_s.arg(countOf(left));
     }

@@ -43,15 +43,6 @@ QString randomTag(Random &random, const Catalog &catalog)
     return catalog.tags().at(std::size_t(below(random, int(catalog.tags().size())))).tag;
 }
 
-/// A line of commentary; hardly anybody writes the same twice, one behind the other.
-QByteArray sentence(Random &random, const Catalog &catalog, const QByteArray &previous)
-{
-    QString text = QLatin1StringView(pick(random, kSentences));
-    text.replace("%1"_L1, randomTag(random, catalog)).replace("%2"_L1, randomTag(random, catalog));
-    const QByteArray line = text.toLatin1();
-    return line == previous ? sentence(random, catalog, previous) : line;
-}
-
 QByteArray number(Random &random)
 {
     return QByteArray::number(1 + below(random, 100));
@@ -91,7 +82,7 @@ QByteArray commentaryLine(Random &random, const Catalog &catalog, Writing writin
                           const QByteArray &previous)
 {
     const bool isOdd = writing == Writing::Odd && below(random, kOddOneIn) == 0;
-    return isOdd ? QByteArray(pick(random, kOddLines)) : sentence(random, catalog, previous);
+    return isOdd ? QByteArray(pick(random, kOddLines)) : randomSentence(random, catalog, previous);
 }
 
 QByteArray detailsLine(Random &random, const KnownField &field, Writing writing)
@@ -108,6 +99,14 @@ QByteArray detailsLine(Random &random, const KnownField &field, Writing writing)
 int below(Random &random, int bound)
 {
     return int(random() % unsigned(bound));
+}
+
+QByteArray randomSentence(Random &random, const Catalog &catalog, const QByteArray &previous)
+{
+    QString text = QLatin1StringView(pick(random, kSentences));
+    text.replace("%1"_L1, randomTag(random, catalog)).replace("%2"_L1, randomTag(random, catalog));
+    const QByteArray line = text.toLatin1();
+    return line == previous ? randomSentence(random, catalog, previous) : line;
 }
 
 RecordLines randomRecord(Random &random, const Catalog &catalog, Writing writing)

@@ -25,6 +25,9 @@ enum class Writing {
 
 int below(Random &random, int bound);
 
+/// A line of commentary. \param previous the one before it, which it is not
+QByteArray randomSentence(Random &random, const Catalog &catalog, const QByteArray &previous);
+
 RecordLines randomRecord(Random &random, const Catalog &catalog, Writing writing);
 
 std::vector<RecordLines> randomRecords(Random &random, const Catalog &catalog, Writing writing,

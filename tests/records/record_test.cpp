@@ -66,6 +66,12 @@ TEST(RecordOfAFile, PutsAMissingLineWhereItBelongs)
         ASSERT_FALSE(record.layout().isWhole());
         const auto &found = record.layout().lineOfField;
         const auto missing = std::find(found.begin(), found.end(), -1);
+        if (endings().fields()[std::size_t(field)].field->name == fields::kAttackerStable.name ||
+            endings().fields()[std::size_t(field)].field->name == fields::kReceiverStable.name) {
+            // The finisher type before it is likelier to be missing: the screens leave it out.
+            EXPECT_EQ(missing - found.begin(), field - 1);
+            continue;
+        }
         EXPECT_EQ(record.withLine(int(missing - found.begin()), line), whole) << field;
         EXPECT_EQ(record.lineText(int(missing - found.begin())), std::nullopt);
     }

@@ -233,7 +233,7 @@ TEST_F(WindowChangesTest, TheSelectedRepairsReachRecordsThatAreNotCheckedYet)
     list().setFocus();
     press(Qt::Key_End);
     action("repairSelected").trigger();
-    EXPECT_EQ(notice(), u"No problem has a repair. 1 record with problems that only you can "
+    EXPECT_EQ(notice(), u"Nothing was repaired. 1 record with problems that only you can "
                         "decide."_s);
     click(part<PushButton>("stop")); // goes on
     auto &progress = part<QWidget>("progress");

@@ -1,4 +1,5 @@
-// Loads the libraries whose names are its arguments, as a program does that does not say from where.
+// Loads the libraries whose names are its arguments, as a program does that does not say from
+// where.
 
 #include <windows.h>
 

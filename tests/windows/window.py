@@ -33,9 +33,10 @@ class OnOwnDisplay(unittest.TestCase):
 
 class Shown:
     """A context manager: a program whose window with this title is there inside the `with` block.
-    The program is killed after that unless it has ended."""
+    After that Wine ends, and with it the program and its window."""
 
     def __init__(self, disk, title, *words, folder):
+        self._disk = disk
         self._title = title
         self._command = wine.command(disk, "wine", *words)
         self._folder = folder
@@ -71,9 +72,8 @@ class Shown:
         raise RuntimeError(f"waited in vain for {what}")
 
     def __exit__(self, *_):
-        if self._process.poll() is None:
-            self._process.kill()
-        self._process.wait()
+        wine.end(self._disk)
+        self._process.wait(TIMEOUT)
 
 
 def xdotool(*words):

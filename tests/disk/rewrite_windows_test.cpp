@@ -14,21 +14,23 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-FILETIME creationAskedFor = {}; ///< which not all file systems keep
+LARGE_INTEGER creationAskedFor = {}; ///< which not all file systems keep
 
-BOOL WINAPI noteTime(HANDLE file, const FILETIME *created, const FILETIME *read,
-                     const FILETIME *written)
+BOOL WINAPI noteTime(HANDLE file, FILE_INFO_BY_HANDLE_CLASS what, void *information, DWORD size)
 {
-    static const auto set = tarvold::testing::systemCall<decltype(&noteTime)>("SetFileTime");
-    creationAskedFor = created != nullptr ? *created : FILETIME{};
-    return set(file, created, read, written);
+    static const auto set =
+        tarvold::testing::systemCall<decltype(&noteTime)>("SetFileInformationByHandle");
+    if (what == FileBasicInfo) {
+        creationAskedFor = static_cast<const FILE_BASIC_INFO *>(information)->CreationTime;
+    }
+    return set(file, what, information, size);
 }
 
 } // namespace
 
 // The import pointer of that function; without this definition the linker takes the system's.
-extern "C" decltype(&noteTime) __imp_SetFileTime;
-decltype(&noteTime) __imp_SetFileTime = noteTime;
+extern "C" decltype(&noteTime) __imp_SetFileInformationByHandle;
+decltype(&noteTime) __imp_SetFileInformationByHandle = noteTime;
 
 namespace tarvold::testing {
 namespace {
@@ -163,7 +165,8 @@ TEST_F(Rewrite, AsksForTheOldTimeOfCreation)
     ASSERT_TRUE(::GetFileAttributesExW(nativeName(kFile).c_str(), GetFileExInfoStandard, &before));
     creationAskedFor = {};
     EXPECT_TRUE(rewriteFile(kFile, "new"));
-    EXPECT_EQ(::CompareFileTime(&creationAskedFor, &before.ftCreationTime), 0);
+    EXPECT_EQ(creationAskedFor.LowPart, before.ftCreationTime.dwLowDateTime);
+    EXPECT_EQ(DWORD(creationAskedFor.HighPart), before.ftCreationTime.dwHighDateTime);
 }
 
 TEST_F(Rewrite, KeepsTheNameAsItWasWritten)

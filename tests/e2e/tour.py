@@ -119,6 +119,8 @@ def tour(arguments, log):
             raise
         finally:
             driver.stop()
+            if arguments.wine:
+                wine.end(arguments.wine, log)
             for name in os.listdir(work):
                 shutil.copy(os.path.join(work, name), folder)
         check_files(work, flows)

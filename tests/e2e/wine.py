@@ -23,6 +23,12 @@ def command(disk, *words):
 def prepare(disk, log):
     """Creates the disk if it is missing, after ending what an earlier run left running on it."""
     os.makedirs(disk, exist_ok=True)
-    subprocess.run(command(disk, "wineserver", "-k"), stderr=log, check=False)
+    end(disk, log)
     for step in (["wineboot", "--init"], ["wine", "reg", "add", *SMOOTH_LETTERS]):
         subprocess.run(command(disk, *step), stdout=log, stderr=log, check=True)
+
+
+def end(disk, log=None):
+    """Ends Wine and all its programs. What it leaves running belongs to the display of its first
+    program."""
+    subprocess.run(command(disk, "wineserver", "-k"), stderr=log, check=False)

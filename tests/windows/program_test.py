@@ -15,17 +15,21 @@ import unittest
 
 MOST_BYTES = 20_000_000
 
-# The libraries of Windows 10 and later. No compiler runtime, and no Qt.
-OF_WINDOWS = {
-    "advapi32", "authz", "comdlg32", "d2d1", "d3d11", "d3d9", "dwmapi", "dwrite", "dxgi", "gdi32",
-    "imm32", "kernel32", "mpr", "msvcrt", "netapi32", "ole32", "oleaut32", "rpcrt4", "setupapi",
-    "shcore", "shell32", "shlwapi", "user32", "userenv", "uxtheme", "version", "winmm", "ws2_32",
-    "wtsapi32",
+# The libraries that Windows 10 and later know (KnownDLLs), and so never look for in the program's
+# folder. No compiler runtime, and no Qt.
+KNOWN = {
+    "advapi32", "combase", "gdi32", "imm32", "kernel32", "msvcrt", "ole32", "oleaut32",
+    "shcore", "shell32", "shlwapi", "user32", "ws2_32",
 }
-PARTS_OF_WINDOWS = "api-ms-win-core-"  # aliases of some of those
+PARTS_OF_WINDOWS = "api-ms-win-core-"  # aliases of libraries, which are in no folder
 
 # Address space layout randomization with 64 bits, and non-executable data.
 CHARACTERISTICS = {"HIGH_ENTROPY_VA", "DYNAMIC_BASE", "NX_COMPAT"}
+
+# The structure by which the program tells Windows where to look for libraries.
+LOAD_CONFIGURATION = ".loadcfg"
+LIBRARIES_FROM = 78  # DependentLoadFlags
+SYSTEM_FOLDER = 0x800  # LOAD_LIBRARY_SEARCH_SYSTEM32
 
 ICONS, ICON, VERSION, MANIFEST = 14, 3, 16, 24  # resource types of Windows
 RESOURCE_DIRECTORY = struct.Struct("<12x2H")
@@ -57,12 +61,23 @@ class WindowsProgram(unittest.TestCase):
     def test_is_small(self):
         self.assertLessEqual(os.path.getsize(self.program), MOST_BYTES)
 
-    def test_needs_only_libraries_of_windows(self):
+    def test_starts_with_known_libraries_alone(self):
         names = re.findall(r"DLL Name: (\S+)\.(?:dll|drv)$", self.headers, re.MULTILINE | re.I)
         self.assertIn("kernel32", [name.lower() for name in names])
         self.assertEqual(len(names), self.headers.count("DLL Name:"))
-        others = {name.lower() for name in names} - OF_WINDOWS
+        others = {name.lower() for name in names} - KNOWN
         self.assertEqual([name for name in others if not name.startswith(PARTS_OF_WINDOWS)], [])
+
+    def test_takes_libraries_from_the_system_folder(self):
+        place, size = re.search(r"^Entry a (\w+) (\w+) Load Config", self.headers, re.M).groups()
+        _, _, _, address, _, start, _ = self.sections[LOAD_CONFIGURATION]
+        base = int(re.search(r"^ImageBase\s+(\w+)", self.headers, re.M)[1], 16)
+        self.assertEqual(int(place, 16), int(address, 16) - base)
+        with open(self.program, "rb") as file:
+            file.seek(int(start, 16))
+            configuration = file.read(int(size, 16))
+        self.assertEqual(struct.unpack_from("<I", configuration), (len(configuration),))
+        self.assertEqual(struct.unpack_from("<H", configuration, LIBRARIES_FROM), (SYSTEM_FOLDER,))
 
     def test_is_a_64_bit_program(self):
         self.assertEqual(re.search(r"file format (\S+)", self.headers)[1], "pei-x86-64")

@@ -77,6 +77,18 @@ Result<File> create(const FilePath &path, DWORD attributes)
                                 nullptr));
 }
 
+/// Gives a new file the time that another was created at. Names its attributes again, because Wine
+/// 10 takes none to mean that the file is no longer hidden. A hint; failure is ignored, as some
+/// file systems have no such time.
+void setCreationTime(const File &file, FILETIME time, DWORD attributes)
+{
+    FILE_BASIC_INFO information = {};
+    information.CreationTime.LowPart = time.dwLowDateTime;
+    information.CreationTime.HighPart = LONG(time.dwHighDateTime);
+    information.FileAttributes = attributes & ~DWORD(FILE_ATTRIBUTE_ENCRYPTED); // not set this way
+    ::SetFileInformationByHandle(handleOf(file), FileBasicInfo, &information, sizeof information);
+}
+
 /// Renames an open file, over another one if that is there.
 /// \param isPosix whether that other one may be open
 /// \return the error code of the system
@@ -162,9 +174,9 @@ Result<void> Replacement::write(QByteArrayView bytes)
                });
            })
         .and_then([&] {
-            // A hint; failure is ignored, as some file systems have no such time.
-            ::SetFileTime(handleOf(m_file), known ? &known->ftCreationTime : nullptr, nullptr,
-                          nullptr);
+            if (known) {
+                setCreationTime(m_file, known->ftCreationTime, attributes);
+            }
             return old ? copyPermissions(*old, m_file) : Result<void>();
         })
         .and_then([&] { return m_file.append(bytes); })

@@ -38,7 +38,8 @@ put_entry() {
 
 # tell_desktop: has the desktop read its menus and file types again, where it needs to be told.
 tell_desktop() {
-    if command -v update-mime-database >/dev/null && [ -d "$data/mime/packages" ]; then
+    if command -v update-mime-database >/dev/null && [ -d "$data/mime" ]; then
+        mkdir -p "$data/mime/packages" # without it nothing is taken out either
         update-mime-database "$data/mime" || true
     fi
     if command -v update-desktop-database >/dev/null && [ -d "$data/applications" ]; then

@@ -8,10 +8,12 @@ import configparser
 import glob
 import os
 import re
+import signal
 import subprocess
 import sys
 import tarfile
 import tempfile
+import time
 import unittest
 
 PROGRAMS = ("tarvold-editor", "tarvold-records")
@@ -118,13 +120,30 @@ class Install(unittest.TestCase):
     def test_replaces_a_program_that_runs(self):
         self.install()
         program = os.path.join(self.home, ".local", "bin", "tarvold-editor")
-        environment = dict(os.environ, HOME=self.home, QT_QPA_PLATFORM="offscreen")
-        with subprocess.Popen([program], env=environment, cwd=self.home) as running:
+        # It has the platform for X only, so it needs a display.
+        with subprocess.Popen(["xvfb-run", "-a", program], cwd=self.home, start_new_session=True,
+                              env=dict(os.environ, HOME=self.home)) as running:
             try:
+                self.wait_until_it_runs(program)
                 self.install()
                 self.assertIsNone(running.poll())
             finally:
-                running.kill()
+                os.killpg(running.pid, signal.SIGTERM)
+
+    def wait_until_it_runs(self, program):
+        """Waits until a process runs the program, so that its file is busy."""
+        for _ in range(600):
+            if program in map(self.program_of, glob.glob("/proc/[0-9]*")):
+                return
+            time.sleep(0.1)
+        self.fail("the program did not start")
+
+    @staticmethod
+    def program_of(process):
+        try:
+            return os.readlink(process + "/exe")
+        except OSError:  # it has ended, or is another user's
+            return None
 
     def test_uses_the_data_folder_that_the_user_has_set(self):
         data = os.path.join(self.home, "data")

@@ -1,7 +1,5 @@
 #include "controls/combo_box.h"
 
-#include "controls/announcement.h"
-#include "controls/contrast.h"
 #include "controls/list_box.h"
 #include "controls/text_box.h"
 
@@ -9,46 +7,12 @@
 #include <QAccessible>
 #include <QHelpEvent>
 #include <QKeyEvent>
-#include <QPainter>
 #include <QStandardItemModel>
 #include <QWheelEvent>
 
 #include <utility>
 
 namespace tarvold {
-
-namespace {
-
-constexpr int kMarkSize = 16;
-
-/// A triangle with an exclamation mark, so that it is not told by its colour alone.
-class WarningMark : public QWidget
-{
-public:
-    explicit WarningMark(QWidget *parent) : QWidget(parent)
-    {
-        setAttribute(Qt::WA_TransparentForMouseEvents);
-        setFixedSize(kMarkSize, kMarkSize);
-        hide();
-    }
-
-protected:
-    void paintEvent(QPaintEvent * /*event*/) override
-    {
-        const QColor behind = palette().color(QPalette::Base);
-        const QColor amber(0xC0, 0x70, 0x00);
-        QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(contrast::visible(amber, {behind}, contrast::kFocus));
-        painter.drawPolygon(QPolygonF({{8, 1}, {15.5, 15}, {0.5, 15}}));
-        painter.setBrush(behind);
-        painter.drawRect(QRectF(7, 5, 2, 5));
-        painter.drawRect(QRectF(7, 11.5, 2, 2));
-    }
-};
-
-} // namespace
 
 /// The items of the list.
 class ComboBox::Items : public QStandardItemModel
@@ -59,6 +23,13 @@ public:
     /// Invalidates all persistent copies of this index.
     void forget(const QModelIndex &index) { changePersistentIndex(index, {}); }
 };
+
+bool ComboBox::isTyping(const QKeyEvent &event)
+{
+    const Qt::KeyboardModifiers others = ~(Qt::ShiftModifier | Qt::KeypadModifier);
+    const QString text = event.text();
+    return !text.isEmpty() && text.front().isPrint() && !(event.modifiers() & others);
+}
 
 ComboBox::ComboBox(QWidget *parent)
     : QComboBox(parent)
@@ -87,6 +58,7 @@ void ComboBox::connectToList()
     if (m_isListConnected) {
         return;
     }
+    view()->installEventFilter(this);
     // Only this signal distinguishes a pick from typed text that equals an item: Qt emits
     // activated() for both. Qt's own handler is disconnected because it would clear the undo
     // history. The signal is private, so another Qt version may lack it.
@@ -106,80 +78,6 @@ void ComboBox::setText(const QString &text)
     setEditText(text);
 }
 
-void ComboBox::markUnlisted(const QString &warning)
-{
-    m_warning = warning;
-    m_mark = new WarningMark(m_box);
-    m_announcement = new Announcement(this);
-    connect(m_box, &QLineEdit::textChanged, this, [this] { updateMark(isBeingTyped()); });
-    connect(m_box, &TextBox::typingEnded, this, [this] { updateMark(false); });
-    updateMark(isBeingTyped());
-}
-
-bool ComboBox::isBeingTyped() const
-{
-    return m_box->hasFocus() && m_box->isModified();
-}
-
-bool ComboBox::isUnlisted(bool isTyping) const
-{
-    if (findText(currentText(), Qt::MatchExactly | Qt::MatchCaseSensitive) >= 0) {
-        return false;
-    }
-    return !isTyping || findText(currentText(), Qt::MatchStartsWith | Qt::MatchCaseSensitive) < 0;
-}
-
-void ComboBox::updateMark(bool isTyping)
-{
-    if (const bool isMarked = isUnlisted(isTyping); isMarked != m_isMarked) {
-        showMark(isMarked);
-    }
-    if (!isTyping) { // a change would be read out at each key, and the mark is announced
-                     // already
-        describeMark();
-    }
-}
-
-void ComboBox::showMark(bool isMarked)
-{
-    m_isMarked = isMarked;
-    constexpr int kGapToText = 4;
-    const int room = kMarkSize + kGapToText;
-    QMargins margins = m_box->textMargins();
-    margins.setRight(margins.right() + (isMarked ? room : -room));
-    m_box->setTextMargins(margins);
-    m_box->setNote(isMarked ? m_warning : QString());
-    placeMark();
-    m_mark->setVisible(isMarked);
-    if (isMarked && isVisible() && m_box->isModified()) { // not what another control has put there
-        m_announcement->tell(m_warning);
-    }
-}
-
-void ComboBox::describeMark()
-{
-    if (m_isMarked == m_isMarkDescribed) {
-        return;
-    }
-    m_isMarkDescribed = m_isMarked;
-    for (QWidget *spoken : {static_cast<QWidget *>(this), static_cast<QWidget *>(m_box)}) {
-        QString purpose = spoken->accessibleDescription();
-        if (m_isMarked) {
-            purpose = purpose.isEmpty() ? m_warning : m_warning + u' ' + purpose;
-        } else if (purpose.startsWith(m_warning)) {
-            purpose = purpose.mid(m_warning.size()).trimmed();
-        }
-        spoken->setAccessibleDescription(purpose);
-    }
-}
-
-void ComboBox::placeMark()
-{
-    if (m_mark != nullptr) {
-        m_mark->move(m_box->width() - kMarkSize - 3, (m_box->height() - kMarkSize) / 2);
-    }
-}
-
 void ComboBox::resizeEvent(QResizeEvent *event)
 {
     QComboBox::resizeEvent(event);
@@ -190,7 +88,12 @@ void ComboBox::showPopup()
 {
     connectToList();
     m_isListOpen = true;
+    m_isSearchNew = true;
+    const bool isAllSelected = m_box->hasSelectedText() && m_box->selectedText() == m_box->text();
     QComboBox::showPopup();
+    if (isAllSelected) { // the list has taken the focus, and with it the selection
+        m_box->selectAll();
+    }
     // Select the item that the box shows, or none if its text is not in the list. This must not set
     // the box's text, even to the same text, as that would clear its undo history.
     const int row = findText(currentText(), Qt::MatchExactly | Qt::MatchCaseSensitive);
@@ -201,6 +104,30 @@ void ComboBox::showPopup()
         item.setChild(row);
         QAccessible::updateAccessibility(&item);
     }
+}
+
+void ComboBox::startSearch(const QString &letter)
+{
+    m_isSearchNew = false;
+    const QModelIndex shown = view()->currentIndex();
+    const bool isFound = findText(letter, Qt::MatchStartsWith) >= 0;
+    {
+        const QSignalBlocker quiet(view()->selectionModel()); // nobody has moved yet
+        view()->setCurrentIndex({});
+        view()->keyboardSearch({}); // forgets the letters of an earlier search
+        view()->setCurrentIndex(isFound ? QModelIndex() : shown);
+    }
+    view()->viewport()->update();
+}
+
+bool ComboBox::eventFilter(QObject *watched, QEvent *event)
+{
+    if (m_isSearchNew && watched == view() && event->type() == QEvent::KeyPress) {
+        if (const auto &key = static_cast<QKeyEvent &>(*event); isTyping(key)) {
+            startSearch(key.text());
+        }
+    }
+    return QComboBox::eventFilter(watched, event);
 }
 
 void ComboBox::choose(const QModelIndex &item)
@@ -214,6 +141,7 @@ void ComboBox::choose(const QModelIndex &item)
         m_box->replaceAsOneStep(picked);
     }
     m_box->end(false);
+    m_box->selectFillWord();
     describeMark();
     emit chosen();
 }
@@ -258,6 +186,12 @@ void ComboBox::keyPressEvent(QKeyEvent *event)
     default:
         QComboBox::keyPressEvent(event);
     }
+}
+
+void ComboBox::mousePressEvent(QMouseEvent *event)
+{
+    m_box->selectAfterClickBeside(); // before the list opens and takes the focus
+    QComboBox::mousePressEvent(event);
 }
 
 void ComboBox::wheelEvent(QWheelEvent *event)

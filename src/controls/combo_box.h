@@ -13,6 +13,8 @@ class TextBox;
 /// item in the opened list, by mouse or keyboard, counts as a choice, even if the box already shows
 /// that item. Down, F4 and Alt+Down open the list; no other key and no wheel turn changes the text
 /// while the list is closed.
+/// In the opened list letters find an item; the first one always searches from the top, so that the
+/// same letters find the same item.
 ///
 /// Undo after a pick restores the typed text; neither undo nor redo counts as a choice. The current
 /// index follows what the user types, picks and undoes, and what setText() shows: it is the index
@@ -23,7 +25,9 @@ class TextBox;
 /// when the mark appears. While the user types the beginning of an item there is no mark, and
 /// while the user types anything the description stays, as it would be read out at each change.
 ///
-/// Clicks, focus and tooltips are those of a TextBox, the tooltip also over the arrow.
+/// Clicks, focus and tooltips are those of a TextBox, the tooltip also over the arrow. A click on
+/// the arrow that brings the focus selects a fill word as well, and so does its pick: what is typed
+/// then replaces it.
 class ComboBox : public QComboBox
 {
     Q_OBJECT
@@ -37,7 +41,7 @@ public:
     /// Shows a text, whether or not it is in the list. This is not a choice, and can't be undone.
     void setText(const QString &text);
 
-    /// Marks every text outside the list.
+    /// Marks every text outside the list. Called again, it only changes what is said of it.
     /// \param warning what to say of it
     void markUnlisted(const QString &warning);
 
@@ -51,8 +55,17 @@ signals:
     void chosen();
 
 protected:
+    /// Whether a key types a character, which searches in a list.
+    static bool isTyping(const QKeyEvent &event);
+
+    /// Makes the letter that is typed next the first one of a search from the top of the opened
+    /// list. If no item starts with it, it finds nothing.
+    void startSearch(const QString &letter);
+
     bool event(QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 
@@ -74,7 +87,8 @@ private:
     void updateMark(bool isTyping);
     void showMark(bool isMarked);
     /// Says in the accessible description whether there is a mark.
-    void describeMark();
+    void describeMark() { describeMark(m_isMarked); }
+    void describeMark(bool isMarked);
     void placeMark();
 
     Items *m_items;
@@ -86,6 +100,7 @@ private:
     bool m_isMarkDescribed = false;
     bool m_isListConnected = false;
     bool m_isListOpen = false;
+    bool m_isSearchNew = false; ///< no letter was typed since the list opened
 };
 
 } // namespace tarvold

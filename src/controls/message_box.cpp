@@ -146,6 +146,16 @@ protected:
         }
     }
 
+    /// Some desktops offer to minimise the box all the same. Its window would vanish with it.
+    void changeEvent(QEvent *event) override
+    {
+        QMessageBox::changeEvent(event);
+        if (event->type() == QEvent::WindowStateChange && isMinimized()) {
+            setWindowState(windowState() & ~Qt::WindowMinimized);
+            activateWindow();
+        }
+    }
+
     /// Buttons get Enter before the box does.
     bool eventFilter(QObject *watched, QEvent *event) override
     {

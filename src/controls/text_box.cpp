@@ -8,7 +8,6 @@
 #include <QInputMethod>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
-#include <QMimeData>
 #include <QMouseEvent>
 #include <QRegularExpression>
 #include <QSignalBlocker>
@@ -207,8 +206,10 @@ void TextBox::focusOutEvent(QFocusEvent *event)
     m_pressed.reset();
     // The focus comes back when the other window or the list closes, so nothing must move.
     const Qt::FocusReason reason = event->reason();
+    if (reason != Qt::PopupFocusReason) {
+        m_wasClicked = false; // a click that comes back is a first one again
+    }
     if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) {
-        m_wasClicked = false;
         showBeginning();
         emit left();
         emit typingEnded();
@@ -251,40 +252,6 @@ void TextBox::keyPressEvent(QKeyEvent *event)
     QKeyEvent clean(event->type(), event->key(), event->modifiers(), oneLine, event->isAutoRepeat(),
                     static_cast<quint16>(event->count()));
     QLineEdit::keyPressEvent(&clean);
-    event->setAccepted(clean.isAccepted());
-}
-
-void TextBox::dragLeaveEvent(QDragLeaveEvent *event)
-{
-    QLineEdit::dragLeaveEvent(event);
-    if (!hasFocus()) {
-        setCursorPosition(0); // nothing was dropped, so m_cursor is still right
-    }
-}
-
-void TextBox::dropEvent(QDropEvent *event)
-{
-    const QString dropped = event->mimeData()->text();
-    const QString oneLine = onOneLine(dropped);
-    if (oneLine == dropped) {
-        QLineEdit::dropEvent(event);
-    } else {
-        drop(event, oneLine);
-    }
-    if (!hasFocus()) {
-        showBeginning();
-    }
-}
-
-void TextBox::drop(QDropEvent *event, const QString &text)
-{
-    // The base class reads the text from the event, so pass it an event with this text.
-    QMimeData mimeData;
-    mimeData.setText(text);
-    QDropEvent clean(event->position(), event->possibleActions(), &mimeData, event->buttons(),
-                     event->modifiers());
-    QLineEdit::dropEvent(&clean);
-    event->setDropAction(clean.dropAction());
     event->setAccepted(clean.isAccepted());
 }
 

@@ -21,9 +21,10 @@ class TextBox : public QLineEdit
 public:
     /// What the first click does in a box whose text is just a fill word, "Any", "N/A" or "None":
     /// one that brings the focus, or that finds the word selected, as when the screen has just
-    /// appeared. Whoever types then wants to replace the word, not to add to it.
+    /// appeared or another window was in use. Whoever types then wants to replace the word, not to
+    /// add to it.
     enum class FirstClick {
-        SelectsFillWord, ///< selects the word; a second click places the cursor
+        SelectsFillWord, ///< selects the word, or pastes over it; a second one places the cursor
         PlacesCursor     ///< places the cursor, as for any other text
     };
 
@@ -39,6 +40,13 @@ public:
 
     /// Makes what an input method is composing part of the text.
     void endComposition();
+
+    /// Selects a fill word if a click has just brought the focus here but not into the text, such
+    /// as one on the arrow of a list. What is typed then replaces the word all the same.
+    void selectAfterClickBeside();
+
+    /// Selects the text if it is a fill word.
+    void selectFillWord();
 
     /// Scrolls to the beginning; the cursor is back in its place when the focus comes back.
     void showBeginning();
@@ -96,6 +104,9 @@ protected:
 
 private:
     void pasteFrom(QClipboard::Mode mode);
+    /// Pastes the selection of the desktop where the user clicked.
+    /// \param replacesAll whether it takes the place of the whole text instead
+    void pasteByMouse(const QPoint &place, bool replacesAll);
     /// Inserts a text where it was dropped, instead of the text of the event.
     void drop(QDropEvent *event, const QString &text);
     void followText();
@@ -105,7 +116,7 @@ private:
     QString m_note;
     FirstClick m_firstClick;
     bool m_isFocusNew = false;       ///< a click brought the focus, and is not handled yet
-    bool m_wasClicked = false;       ///< since the focus came
+    bool m_wasClicked = false;       ///< since the focus came, also back from another window
     std::optional<QPoint> m_pressed; ///< where that click began in a fill word
     int m_cursor = 0;                ///< where the cursor was when the box lost the focus
 };

@@ -2,11 +2,26 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QMimeData>
 #include <QMouseEvent>
 
 #include <utility>
 
 namespace tarvold {
+
+void TextBox::selectFillWord()
+{
+    if (isFillWord()) {
+        selectAll();
+    }
+}
+
+void TextBox::selectAfterClickBeside()
+{
+    if (std::exchange(m_isFocusNew, false)) {
+        selectFillWord();
+    }
+}
 
 void TextBox::mousePressEvent(QMouseEvent *event)
 {
@@ -18,7 +33,7 @@ void TextBox::mousePressEvent(QMouseEvent *event)
     if (!(std::exchange(m_isFocusNew, false) || isFirst) || !isFillWord()) {
         return;
     }
-    if (event->button() == Qt::LeftButton) {
+    if (event->button() == Qt::LeftButton || event->button() == Qt::MiddleButton) {
         m_pressed = event->position().toPoint();
     } else if (event->button() == Qt::RightButton) {
         selectAll(); // for "Paste" in the context menu
@@ -35,23 +50,63 @@ void TextBox::mouseDoubleClickEvent(QMouseEvent *event)
 
 void TextBox::mouseReleaseEvent(QMouseEvent *event)
 {
-    if (const auto pressed = std::exchange(m_pressed, std::nullopt)) {
-        const QPoint way = event->position().toPoint() - *pressed;
-        const bool isDrag = way.manhattanLength() >= QApplication::startDragDistance();
-        QLineEdit::mouseReleaseEvent(event);
-        if (!isDrag || !hasSelectedText()) {
-            selectAll(); // not before: a drag has to select what it passes
-        }
-        return;
-    }
-    QClipboard *clipboard = QGuiApplication::clipboard();
-    if (event->button() == Qt::MiddleButton && clipboard->supportsSelection()) {
-        deselect();
-        setCursorPosition(cursorPositionAt(event->position().toPoint()));
-        pasteFrom(QClipboard::Selection);
+    const auto pressed = std::exchange(m_pressed, std::nullopt);
+    if (event->button() == Qt::MiddleButton && QGuiApplication::clipboard()->supportsSelection()) {
+        pasteByMouse(event->position().toPoint(), pressed.has_value());
         return;
     }
     QLineEdit::mouseReleaseEvent(event);
+    if (pressed && event->button() == Qt::LeftButton) {
+        const QPoint way = event->position().toPoint() - *pressed;
+        const bool isDrag = way.manhattanLength() >= QApplication::startDragDistance();
+        if (!isDrag || !hasSelectedText()) {
+            selectAll(); // not before: a drag has to select what it passes
+        }
+    }
+}
+
+void TextBox::pasteByMouse(const QPoint &place, bool replacesAll)
+{
+    deselect();
+    setCursorPosition(cursorPositionAt(place));
+    if (replacesAll) {
+        selectAll();
+    }
+    pasteFrom(QClipboard::Selection);
+}
+
+void TextBox::dragLeaveEvent(QDragLeaveEvent *event)
+{
+    QLineEdit::dragLeaveEvent(event);
+    if (!hasFocus()) {
+        setCursorPosition(0); // nothing was dropped, so m_cursor is still right
+    }
+}
+
+void TextBox::dropEvent(QDropEvent *event)
+{
+    const QString dropped = event->mimeData()->text();
+    const QString oneLine = linesOf(dropped).join(u' ');
+    if (oneLine == dropped) {
+        QLineEdit::dropEvent(event);
+    } else {
+        drop(event, oneLine);
+    }
+    if (!hasFocus()) { // a drop doesn't bring it
+        showBeginning();
+    }
+}
+
+void TextBox::drop(QDropEvent *event, const QString &text)
+{
+    // The base class reads the text from the event, so pass it an event with this text.
+    QMimeData mimeData;
+    mimeData.setText(text);
+    QDropEvent clean(event->position(), event->possibleActions(), &mimeData, event->buttons(),
+                     event->modifiers());
+    QLineEdit::dropEvent(&clean);
+    event->setDropAction(clean.dropAction());
+    event->setAccepted(clean.isAccepted());
 }
 
 } // namespace tarvold

@@ -10,16 +10,19 @@ std::optional<FileError> whyNotWhole(QByteArrayView bytes, qsizetype lines, int 
     if (lines % linesPerRecord == 0) {
         return std::nullopt;
     }
+    const auto odd = [](const QString &cause) {
+        return FileError{.cause = cause, .reason = FileError::Reason::OddLines};
+    };
     if (bytes.contains('\r') && !bytes.contains('\n')) {
-        return FileError{u"Its lines end with CR alone, not with CR LF."_s};
+        return odd(u"Its lines end with CR alone, not with CR LF."_s);
     }
     if (bytes.contains('\n') && !bytes.contains(kLineEnd)) {
-        return FileError{u"Its lines do not end with CR LF."_s};
+        return odd(u"Its lines do not end with CR LF."_s);
     }
-    return FileError{u"It breaks off at line %1, inside %2 %3: each %2 takes %4 "
-                     "lines (lines found: %1)."_s.arg(QString::number(lines), record,
-                                                      QString::number(lines / linesPerRecord + 1),
-                                                      QString::number(linesPerRecord))};
+    return odd(u"It breaks off at line %1, inside %2 %3: each %2 takes %4 "
+               "lines (lines found: %1)."_s.arg(QString::number(lines), record,
+                                                QString::number(lines / linesPerRecord + 1),
+                                                QString::number(linesPerRecord)));
 }
 
 codepage::Encoded encodeLine(const QString &text)

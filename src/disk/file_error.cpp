@@ -12,7 +12,7 @@ namespace {
 
 using Reason = FileError::Reason;
 
-/// What a writer is told, on every system. `Other` has the system's own words.
+/// What a writer is told, on every system. `OddLines` and `Other` have words of their own.
 QString wordsFor(Reason reason)
 {
     switch (reason) {
@@ -42,6 +42,7 @@ QString wordsFor(Reason reason)
         return u"Its name or path is too long."_s;
     case Reason::LinkLoop:
         return u"Its symbolic links lead in a circle."_s;
+    case Reason::OddLines:
     case Reason::Other:
         break;
     }
@@ -72,7 +73,7 @@ QString denial(const FilePath &path, FileUse use)
     // If the file itself can be written, its folder takes no new file.
     const bool isFile = path.exists() && !File::open(path, File::Access::Write);
     return isFile ? u"You have no permission to write to the file."_s
-                  : u"You have no permission to write in the folder \"%1\"."_s.arg(folderOf(path));
+                  : u"You may not write in the folder \"%1\"."_s.arg(folderOf(path));
 }
 
 } // namespace

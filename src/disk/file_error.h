@@ -36,6 +36,7 @@ struct FileError
         BelowAFile, ///< a part of the path that should be a folder is none
         LongName,
         LinkLoop,
+        OddLines, ///< it can be read, but its lines are not those of whole records
     };
 
     QString cause; ///< in words, for the user
@@ -60,7 +61,7 @@ inline tl::unexpected<FileError> failure(QString cause,
     return failure({std::move(cause), outcome});
 }
 
-/// The error with the words for a reason other than `Other`.
+/// The error with the words for a reason other than `OddLines` and `Other`.
 [[nodiscard]] FileError errorFor(FileError::Reason reason);
 
 /// What an operation on a file was for.

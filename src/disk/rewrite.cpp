@@ -98,9 +98,10 @@ Result<void> rewriteFile(const QString &name, QByteArrayView bytes,
                          std::optional<QByteArrayView> known)
 {
     // Links are followed first, because the rename must replace the file and not a link to it.
-    const auto path = FilePath::ofOrdinary(name).and_then(&FilePath::real);
+    const auto typed = FilePath::ofOrdinary(name);
+    const auto path = typed.and_then(&FilePath::real);
     if (!path) {
-        return failure(path.error());
+        return failure(typed ? withPath(path.error(), *typed, FileUse::Write) : path.error());
     }
     Result<File> old = claim(*path); // keeps its lock until the new file has taken its place
     if (!old) {

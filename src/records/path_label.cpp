@@ -2,6 +2,9 @@
 
 #include "controls/long_text.h"
 
+#include <QHelpEvent>
+#include <QToolTip>
+
 namespace tarvold::records {
 
 using namespace Qt::StringLiterals;
@@ -17,7 +20,6 @@ void PathLabel::show(const QString &path)
 {
     m_path = path;
     setAccessibleName(u"File "_s + path);
-    setToolTip(longtext::toolTip(path));
     elide();
 }
 
@@ -29,6 +31,17 @@ QSize PathLabel::sizeHint() const
 QSize PathLabel::minimumSizeHint() const
 {
     return sizeHint();
+}
+
+bool PathLabel::event(QEvent *event)
+{
+    // Not by setToolTip(): assistive technology would read out its markup as the description.
+    if (event->type() == QEvent::ToolTip && !m_path.isEmpty()) {
+        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), longtext::toolTip(m_path),
+                           this);
+        return true;
+    }
+    return QLabel::event(event);
 }
 
 void PathLabel::resizeEvent(QResizeEvent *event)

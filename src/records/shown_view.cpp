@@ -11,8 +11,10 @@
 
 #include <QEvent>
 #include <QGridLayout>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QScrollBar>
 #include <QTextEdit>
 
@@ -23,6 +25,28 @@ namespace tarvold::records {
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// A text that the user may drag to a box.
+class DraggableText : public QTextEdit
+{
+public:
+    using QTextEdit::QTextEdit;
+
+protected:
+    void mouseMoveEvent(QMouseEvent *event) override
+    {
+        QTextEdit::mouseMoveEvent(event);
+        // A drag ends in there, and takes the release of the button with it. Qt would go on to
+        // scroll, and begin a new drag that the next click drops.
+        if (event->buttons().testFlag(Qt::LeftButton) &&
+            !QGuiApplication::mouseButtons().testFlag(Qt::LeftButton)) {
+            QMouseEvent release(QEvent::MouseButtonRelease, event->position(),
+                                event->globalPosition(), Qt::LeftButton, Qt::NoButton,
+                                event->modifiers());
+            mouseReleaseEvent(&release);
+        }
+    }
+};
 
 QTextCharFormat formatOf(ShownPart::Type type, const QPalette &palette)
 {
@@ -84,7 +108,7 @@ QLabel *newLabel(const char *name, QWidget *parent)
 
 ShownView::ShownView(QWidget *parent)
     : QWidget(parent)
-    , m_text(new QTextEdit(this))
+    , m_text(new DraggableText(this))
     , m_legend(newLabel("legend", this))
     , m_castHeading(newLabel("castheading", this))
     , m_castRestore(new PushButton(u"Example Names Again"_s, this))

@@ -137,8 +137,7 @@ QString copied(const QString &name, int records)
 
 QString deleted(int records)
 {
-    return u"Deleted %1. What the file holds stays in the list until it is saved."_s.arg(
-        countOf(records));
+    return u"Deleted %1. The file changes only when you save."_s.arg(countOf(records));
 }
 
 QString repaired(int records, int left)

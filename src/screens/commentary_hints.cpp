@@ -6,6 +6,9 @@
 
 #include <QApplication>
 
+#include <algorithm>
+#include <utility>
+
 namespace tarvold {
 
 using namespace Qt::StringLiterals;
@@ -64,23 +67,68 @@ void CommentaryHints::update()
 void CommentaryHints::refresh()
 {
     m_state = state();
-    QStringList hints;
-    QStringList all;
+    std::vector<Hint> shown;
+    std::vector<Hint> all;
     for (const bool isMarked : {true, false}) {
-        for (qsizetype line = 0; line < m_state.texts.size(); ++line) {
-            const CommentaryLine *box = m_lines.at(std::size_t(line));
+        for (std::size_t line = 0; line < m_lines.size(); ++line) {
+            const CommentaryLine *box = m_lines.at(line);
             if ((box == m_state.marked) == isMarked) {
-                const QStringList inLine = hintsFor(line, std::nullopt);
-                all << inLine;
-                hints << (box == m_state.focused ? hintsFor(line, m_state.cursor) : inLine);
+                const std::vector<Hint> inLine = hintsFor(line, std::nullopt);
+                all.insert(all.end(), inLine.begin(), inLine.end());
+                const bool isFocused = box == m_state.focused;
+                const auto now = isFocused ? hintsFor(line, m_state.cursor) : inLine;
+                shown.insert(shown.end(), now.begin(), now.end());
             }
         }
     }
+    QStringList hints;
+    for (const Hint &hint : shown) {
+        hints << wordsOf(hint);
+    }
     m_label->showHints(hints);
-    m_told.removeIf([&all](const QString &hint) { return !all.contains(hint); });
-    if (!hints.isEmpty() && !m_told.contains(hints.front())) {
-        m_told << hints.front();
-        m_spoken->tell(hints.front());
+    followTold(all);
+    tellNew(shown);
+}
+
+QString CommentaryHints::wordsOf(const Hint &hint)
+{
+    return u"Line %1: "_s.arg(hint.line + 1) + hint.text;
+}
+
+void CommentaryHints::followTold(const std::vector<Hint> &all)
+{
+    const auto isIn = [](const std::vector<Hint> &hints, const Hint &hint) {
+        return std::find(hints.begin(), hints.end(), hint) != hints.end();
+    };
+    std::vector<Hint> kept;
+    std::vector<Hint> gone;
+    for (const Hint &hint : m_told) {
+        (isIn(all, hint) ? kept : gone).push_back(hint);
+    }
+    for (const Hint &hint : all) {
+        const auto from = std::find_if(
+            gone.begin(), gone.end(), [&hint](const Hint &each) { return each.text == hint.text; });
+        if (from != gone.end() && !isIn(m_told, hint)) { // it moved with the text, as in a swap
+            gone.erase(from);
+            kept.push_back(hint);
+        }
+    }
+    m_told = std::move(kept);
+}
+
+void CommentaryHints::tellNew(const std::vector<Hint> &shown)
+{
+    QStringList told;
+    for (const Hint &hint : shown) {
+        const bool isTold = std::find(m_told.begin(), m_told.end(), hint) != m_told.end();
+        const bool isMarked = m_lines.at(hint.line) == m_state.marked;
+        if (!isTold && (isMarked || &hint == shown.data())) {
+            m_told.push_back(hint);
+            told << wordsOf(hint);
+        }
+    }
+    if (!told.isEmpty()) {
+        m_spoken->tell(told.join(u' '));
     }
 }
 
@@ -90,11 +138,12 @@ void CommentaryHints::tell(const QString &text)
     m_spoken->tell(text);
 }
 
-QStringList CommentaryHints::hintsFor(qsizetype line, std::optional<qsizetype> cursor) const
+std::vector<CommentaryHints::Hint> CommentaryHints::hintsFor(std::size_t line,
+                                                             std::optional<qsizetype> cursor) const
 {
-    QStringList hints = tags::problemsIn(m_state.texts[line], m_rules, cursor);
-    for (QString &each : hints) {
-        each = u"Line %1: "_s.arg(line + 1) + each;
+    std::vector<Hint> hints;
+    for (const QString &text : tags::problemsIn(m_state.texts[qsizetype(line)], m_rules, cursor)) {
+        hints.push_back({line, text});
     }
     return hints;
 }

@@ -19,8 +19,9 @@ class CommentaryLine;
 class HintLine;
 
 /// Says below the lines of commentary what is wrong with the tags in them, first in the yellow one.
-/// Screen readers are told each hint once, when it comes first. These are only hints: anything can
-/// be saved.
+/// Screen readers are told each hint once: those of the yellow line as they appear, and another one
+/// when it comes first. A hint that moves to another line with its text is not told again. These
+/// are only hints: anything can be saved.
 class CommentaryHints : public QObject
 {
     Q_OBJECT
@@ -56,10 +57,24 @@ private:
         bool operator==(const State &) const = default;
     };
 
+    struct Hint
+    {
+        std::size_t line; ///< from 0
+        QString text;
+
+        bool operator==(const Hint &) const = default;
+    };
+
     State state() const;
-    /// What is wrong with the tags of a line, with its number.
+    /// What is wrong with the tags of a line.
     /// \param cursor where the user is typing, if in this line
-    QStringList hintsFor(qsizetype line, std::optional<qsizetype> cursor) const;
+    std::vector<Hint> hintsFor(std::size_t line, std::optional<qsizetype> cursor) const;
+    /// A hint with the number of its line.
+    static QString wordsOf(const Hint &hint);
+    /// Forgets hints that are no more, and finds again those that moved to another line.
+    void followTold(const std::vector<Hint> &all);
+    /// Tells screen readers what they have not heard yet.
+    void tellNew(const std::vector<Hint> &shown);
     /// Why a tag would be refused now; empty if it would not.
     QString refusalOf(const QString &tag) const;
 
@@ -72,7 +87,7 @@ private:
     Announcement *m_spoken;
     State m_state; ///< that the hints are for
     /// Those of the hints that screen readers were told, also where the cursor hides one for now.
-    QStringList m_told;
+    std::vector<Hint> m_told;
     int m_editsUnderWay = 0; ///< which may change several lines: one update comes after them
 };
 

@@ -75,9 +75,12 @@ QString inTheWay(const QString &name)
 
 QString notLoaded(const QString &name, const FileError &error)
 {
-    const QString state = isUnchanged(error)
-                              ? u"Nothing was changed."_s
-                              : u"The file was missing, and an empty one may be there now."_s;
+    QString state = isUnchanged(error)
+                        ? u"Nothing was changed."_s
+                        : u"The file was missing, and an empty one may be there now."_s;
+    if (error.reason == FileError::Reason::OddLines) {
+        state += u" To repair the file, press Ctrl+O on the main menu."_s;
+    }
     return u"The file \"%1\" could not be loaded.\n\n%2\n\n%3"_s.arg(fileOf(name, error),
                                                                      error.cause, state);
 }

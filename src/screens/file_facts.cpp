@@ -25,9 +25,14 @@ namespace {
 /// Larger files are not read just for a tooltip.
 constexpr qint64 kMostCounted = qint64(16) * 1024 * 1024;
 
-QString tooLarge()
+QString showsRecords()
 {
-    return u"Its records are not counted, as it is larger than 16 MB."_s;
+    return u"Ctrl+O shows them."_s;
+}
+
+filefacts::State tooLarge()
+{
+    return {u"Its records are not counted, as it is larger than 16 MB."_s, showsRecords()};
 }
 
 /// Reads a file, or a little more than `kMostCounted` bytes of it. Takes no lock: a save must never
@@ -36,7 +41,7 @@ Result<QByteArray> readSome(const FilePath &path)
 {
     const Result<File> file = File::openOrdinary(path, File::Access::Read);
     if (!file) {
-        return failure(file.error());
+        return failure(withPath(file.error(), path, FileUse::Read));
     }
     constexpr std::size_t kBlock = 65536;
     std::array<char, kBlock> block{};
@@ -54,23 +59,31 @@ Result<QByteArray> readSome(const FilePath &path)
     return bytes;
 }
 
-QString countOf(const FilePath &path, int linesPerRecord)
+filefacts::State countOf(const QByteArray &bytes, int linesPerRecord)
 {
-    const Result<QByteArray> bytes = readSome(path);
-    if (!bytes) {
-        return bytes.error().cause;
-    }
-    if (bytes->size() > kMostCounted) {
+    if (bytes.size() > kMostCounted) {
         return tooLarge();
     }
     qsizetype lines = 0;
-    for (LineReader reader(*bytes); !reader.atEnd(); reader.readLine()) {
+    for (LineReader reader(bytes); !reader.atEnd(); reader.readLine()) {
         ++lines;
     }
-    if (const auto error = whyNotWhole(*bytes, lines, linesPerRecord)) {
-        return u"Not a whole number of records. "_s + error->cause;
+    if (const auto error = whyNotWhole(bytes, lines, linesPerRecord)) {
+        return {u"Not a whole number of records. "_s + error->cause,
+                u"Ctrl+O shows what to repair."_s};
     }
-    return u"Records: %1"_s.arg(lines / linesPerRecord);
+    return {u"Records: %1"_s.arg(lines / linesPerRecord), lines > 0 ? showsRecords() : QString()};
+}
+
+/// What to tell of a file that could not be read.
+QString stateWithout(const QString &path, const FileError &error)
+{
+    const bool isHidden = error.reason == FileError::Reason::Denied; // perhaps it is there
+    if (!isHidden && !QFileInfo(path).dir().exists()) {
+        return u"The folder does not exist."_s;
+    }
+    return error.reason == FileError::Reason::Missing ? u"The file does not exist yet."_s
+                                                      : error.cause;
 }
 
 } // namespace
@@ -91,23 +104,26 @@ QString purpose(const QString &verb, const QString &name)
     return name.isEmpty() ? u"The file name is empty."_s : QString(verb + wholePath(name));
 }
 
-QString stateOf(const QString &path, DataFileKind kind)
+QString State::text() const
+{
+    if (keys.isEmpty()) {
+        return words;
+    }
+    return words + (words.endsWith(u'.') ? u" "_s : u". "_s) + keys;
+}
+
+State stateOf(const QString &path, DataFileKind kind)
 {
     const Result<FilePath> ordinary = FilePath::ofOrdinary(path);
     if (!ordinary) {
-        return ordinary.error().cause;
+        return {ordinary.error().cause, {}};
     }
-    const QFileInfo file(path);
-    if (!file.dir().exists()) {
-        return u"The folder does not exist."_s;
-    }
-    if (!fileExists(path)) {
-        return u"The file does not exist yet."_s;
-    }
-    if (file.size() > kMostCounted) {
+    if (QFileInfo(path).size() > kMostCounted) {
         return tooLarge();
     }
-    return countOf(*ordinary, rowOf(kind).linesPerRecord());
+    const Result<QByteArray> bytes = readSome(*ordinary);
+    return bytes ? countOf(*bytes, rowOf(kind).linesPerRecord())
+                 : State{stateWithout(path, bytes.error()), {}};
 }
 
 } // namespace filefacts
@@ -119,9 +135,14 @@ FileFacts::FileFacts(TextBox &box, DataFileKind kind) : QObject(&box), m_box(box
     m_pause.setInterval(kPause);
     connect(&m_pause, &QTimer::timeout, this, &FileFacts::look);
     connect(&box, &QLineEdit::textChanged, this, &FileFacts::follow);
-    connect(&m_state, &QFutureWatcher<QString>::finished, this, [this] {
+    connect(&box, &TextBox::left, this, [this] {
+        if (m_tellsKeys && !m_state.keys.isEmpty()) {
+            emit keysTold();
+        }
+    });
+    connect(&m_found, &QFutureWatcher<filefacts::State>::finished, this, [this] {
         if (!m_pause.isActive()) { // otherwise it was another file
-            show(m_state.result());
+            show(m_found.result());
         }
     });
     show({});
@@ -142,14 +163,15 @@ void FileFacts::refresh()
 void FileFacts::follow()
 {
     m_box.setNote(filefacts::wholePath(m_box.text()));
+    m_state = {};
     describe({});
     m_pause.start();
 }
 
 void FileFacts::look()
 {
-    auto promise = std::make_shared<QPromise<QString>>();
-    m_state.setFuture(promise->future()); // what an earlier look finds is no longer reported
+    auto promise = std::make_shared<QPromise<filefacts::State>>();
+    m_found.setFuture(promise->future()); // what an earlier look finds is no longer reported
     promise->start();
     // Detached: a file on a network that does not answer must not keep the program from ending.
     std::thread([promise, path = filefacts::wholePath(m_box.text()), kind = m_kind] {
@@ -158,13 +180,23 @@ void FileFacts::look()
     }).detach();
 }
 
-void FileFacts::show(const QString &state)
+void FileFacts::show(const filefacts::State &state)
 {
+    m_state = state;
     const QString path = filefacts::wholePath(m_box.text());
-    QStringList facts = {path, state};
-    facts.removeAll(QString());
-    m_box.setNote(facts.join(u'\n'));
-    describe(facts.join(u". "_s));
+    const auto facts = [&path](const QString &told, const QString &separator) {
+        QStringList all = {path, told};
+        all.removeAll(QString());
+        return all.join(separator);
+    };
+    m_box.setNote(facts(state.text(), u"\n"_s));
+    describe(facts(m_tellsKeys ? state.text() : state.words, u". "_s));
+}
+
+void FileFacts::endKeys()
+{
+    m_tellsKeys = false;
+    show(m_state);
 }
 
 void FileFacts::describe(const QString &facts)

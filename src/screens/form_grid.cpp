@@ -26,7 +26,7 @@ const char *captionOf(const Field &field)
 QString warningFor(const Field &field)
 {
     if (field.field != nullptr && !codedTexts(field.field->coding).empty()) {
-        return u"Not in the list. The file will lack this line."_s;
+        return lackingLine();
     }
     const auto isYes = [](const char *item) { return qstrcmp(item, "Yes") == 0; };
     const bool isYesNo = std::any_of(field.items.begin(), field.items.end(), isYes);
@@ -75,6 +75,11 @@ QWidget *withValueLabel(Screen &screen, const Bar &bar, ScrollBar &scrollBar)
 }
 
 } // namespace
+
+QString lackingLine()
+{
+    return u"Not in the list. The file will lack this line."_s;
+}
 
 int labelWidth(const Screen &screen)
 {

@@ -48,6 +48,9 @@ namespace formgrid {
 /// \param help the label that shows their help texts, or nullptr
 QGridLayout *build(Screen &screen, std::span<const Field> fields, HelpLine *help);
 
+/// What a list says of a text outside it where the file would lack a line for such a text.
+QString lackingLine();
+
 /// The width of the labels. All screens share it, so that their controls line up.
 int labelWidth(const Screen &screen);
 

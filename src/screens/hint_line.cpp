@@ -2,6 +2,9 @@
 
 #include "controls/long_text.h"
 
+#include <QHelpEvent>
+#include <QToolTip>
+
 namespace tarvold {
 
 using namespace Qt::StringLiterals;
@@ -21,7 +24,7 @@ void HintLine::showHints(const QStringList &hints)
     m_hint = hints.value(0);
     m_more = hints.size() > 1 ? u" (%1 more)"_s.arg(hints.size() - 1) : QString();
     setAccessibleName(m_hint + m_more);
-    setToolTip(hints.isEmpty() ? QString() : longtext::toolTip(hints.join(u'\n')));
+    setAccessibleDescription(hints.mid(1).join(u'\n'));
     elide();
 }
 
@@ -33,6 +36,17 @@ QSize HintLine::sizeHint() const
 QSize HintLine::minimumSizeHint() const
 {
     return sizeHint();
+}
+
+bool HintLine::event(QEvent *event)
+{
+    // Not by setToolTip(): assistive technology would read out its markup as the description.
+    if (event->type() == QEvent::ToolTip && !m_hints.isEmpty()) {
+        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(),
+                           longtext::toolTip(m_hints.join(u'\n')), this);
+        return true;
+    }
+    return QLabel::event(event);
 }
 
 void HintLine::resizeEvent(QResizeEvent *event)

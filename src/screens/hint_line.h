@@ -5,7 +5,8 @@
 namespace tarvold {
 
 /// A quiet line of text for hints. It always takes the room of one line, so that nothing moves when
-/// a hint appears; a hint that is too long is elided, and all are shown in the tooltip.
+/// a hint appears; a hint that is too long is elided, and all are shown in the tooltip. For
+/// assistive technology the first one is its name and the others are its description.
 class HintLine : public QLabel
 {
     Q_OBJECT
@@ -19,6 +20,7 @@ public:
     QSize minimumSizeHint() const override;
 
 protected:
+    bool event(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 
 private:

@@ -133,12 +133,23 @@ void Form1::addRows(QGridLayout &grid)
         addLookThrough(*button, *row.kind);
         addLookThrough(*box, *row.kind);
         m_drop->watch(*box); // else it would insert the path as text
-        m_facts.push_back(new FileFacts(*box, *row.kind));
+        addFacts(*box, *row.kind);
         auto *label = new QLabel(caption);
         label->setTextFormat(Qt::PlainText); // no buddy: all six would be spoken alike
         grid.addWidget(label, line, 1);
         grid.addWidget(box, line, 2);
     }
+}
+
+void Form1::addFacts(TextBox &box, DataFileKind kind)
+{
+    auto *facts = new FileFacts(box, kind);
+    m_facts.push_back(facts);
+    connect(facts, &FileFacts::keysTold, this, [this] {
+        for (FileFacts *each : m_facts) { // once is enough for all
+            each->endKeys();
+        }
+    });
 }
 
 void Form1::addLookThrough(QWidget &control, DataFileKind kind)

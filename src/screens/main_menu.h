@@ -10,6 +10,7 @@ namespace tarvold {
 
 class FileDrop;
 class FileFacts;
+class TextBox;
 enum class DataFileKind;
 
 /// What the user can start from the main menu.
@@ -58,6 +59,8 @@ signals:
 
 private:
     void addRows(QGridLayout &grid);
+    /// Shows at a box what is in the file that it names.
+    void addFacts(TextBox &box, DataFileKind kind);
     /// Gives a button or a box of a row the entry that looks through the row's file.
     void addLookThrough(QWidget &control, DataFileKind kind);
     void showContextMenu(QWidget &control, DataFileKind kind, const QPoint &place);

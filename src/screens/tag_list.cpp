@@ -5,17 +5,6 @@
 #include <QLineEdit>
 
 namespace tarvold {
-namespace {
-
-bool isTyping(const QKeyEvent &event)
-{
-    const Qt::KeyboardModifiers others = ~(Qt::ShiftModifier | Qt::KeypadModifier);
-    const QString text = event.text();
-    return !text.isEmpty() && text.front().isPrint() && !(event.modifiers() & others);
-}
-
-} // namespace
-
 TagList::TagList(QWidget *parent) : ComboBox(parent)
 {
     lineEdit()->setReadOnly(true);
@@ -35,11 +24,7 @@ void TagList::keyPressEvent(QKeyEvent *event)
 void TagList::openAt(const QString &letter)
 {
     showPopup();
-    if (findText(letter, Qt::MatchStartsWith) < 0) {
-        return;
-    }
-    view()->setCurrentIndex({});
-    view()->keyboardSearch({}); // resets the search, and goes to the first item
+    startSearch(letter);
     view()->keyboardSearch(letter);
 }
 

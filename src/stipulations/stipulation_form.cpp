@@ -134,6 +134,7 @@ void Form3::showTarget()
 void Form3::showDefaults(const StipulationTable &table)
 {
     m_table = &table;
+    warnOfQuality(formgrid::lackingLine());
     for (const FormLine &line : kLines) {
         show(line, line.newValue);
     }
@@ -142,6 +143,7 @@ void Form3::showDefaults(const StipulationTable &table)
 void Form3::showRecords(const StipulationTable &table, const std::vector<int> &indexes)
 {
     m_table = &table;
+    warnOfQuality(u"Not in the list. The file keeps what it has."_s);
     for (int offset = 0; const FormLine &line : kLines) {
         // A line that cannot be shown leaves what the stipulation before it showed. Backwards, to
         // set each control once: a hand-made file may have thousands that look the same.
@@ -151,6 +153,11 @@ void Form3::showRecords(const StipulationTable &table, const std::vector<int> &i
         }
         ++offset;
     }
+}
+
+void Form3::warnOfQuality(const QString &warning)
+{
+    control<ComboBox>("matchquality").markUnlisted(warning);
 }
 
 bool Form3::show(const FormLine &line, QByteArrayView bytes)

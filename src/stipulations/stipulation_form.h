@@ -52,6 +52,9 @@ protected:
 
 private:
     void addForm();
+    /// Says of an unknown quality what becomes of it, which differs between a new stipulation and
+    /// an edited one.
+    void warnOfQuality(const QString &warning);
     void addValueTable();
     void addButtons();
     /// Tells by the button which file it saves in.

@@ -187,6 +187,23 @@ TEST_F(ComboBoxTest, TheListOpensOnTheShownItem)
     EXPECT_EQ(combo.view()->currentIndex().row(), 1);
 }
 
+TEST_F(ComboBoxTest, TheFirstLetterInTheListSearchesFromTheTop)
+{
+    for (const char *shown : {"Any", "Apple", "Apple Pie", "mine"}) {
+        SCOPED_TRACE(shown);
+        combo.setText(QLatin1StringView(shown));
+        QTest::keyClick(&combo, Qt::Key_F4);
+        QTest::keyClick(combo.view(), Qt::Key_A);
+        EXPECT_EQ(combo.view()->currentIndex().row(), 0);
+        QTest::keyClick(combo.view(), Qt::Key_P);
+        EXPECT_EQ(combo.view()->currentIndex().row(), 1);
+        QTest::keyClick(combo.view(), Qt::Key_Escape);
+        EXPECT_EQ(combo.currentText(), QLatin1StringView(shown));
+        reactivateWindow();
+    }
+    EXPECT_EQ(chosen.count(), 0);
+}
+
 TEST_F(ComboBoxTest, WheelTurnsChangeNothing)
 {
     for (QWidget *focused : {static_cast<QWidget *>(&combo), static_cast<QWidget *>(&elsewhere)}) {
@@ -397,13 +414,14 @@ TEST_F(ComboBoxTest, AClickPlacesTheCursorInAnyOtherText)
     }
 }
 
-TEST_F(ComboBoxTest, AClickAfterThePickOfAFillWordPlacesTheCursor)
+TEST_F(ComboBoxTest, ASecondClickAfterThePickOfAFillWordPlacesTheCursor)
 {
-    // The click on the arrow brought the focus.
     click(elsewhere);
     pick(combo, u"Any"_s);
     reactivateWindow();
     ASSERT_TRUE(combo.hasFocus());
+    click(combo);
+    EXPECT_EQ(combo.lineEdit()->selectedText(), u"Any"_s);
     click(combo);
     EXPECT_FALSE(combo.lineEdit()->hasSelectedText());
 }

@@ -7,8 +7,10 @@
 #include <QFontDatabase>
 #include <QLabel>
 #include <QMessageBox>
+#include <QProcess>
 #include <QScreen>
 #include <QTest>
+#include <QWindow>
 
 #include <cstdlib>
 #include <functional>
@@ -295,21 +297,40 @@ TEST_F(MessageBoxPlaceTest, TheMarginsAreEven)
     });
 }
 
-TEST_F(MessageBoxPlaceTest, HasACloseButtonOnly)
+TEST_F(MessageBoxPlaceTest, AsksForACloseButtonOnly)
 {
     checkAll([](QMessageBox &shown) {
         const Qt::WindowFlags flags = shown.windowFlags();
-        for (const Qt::WindowType wanted :
-             {Qt::WindowTitleHint, Qt::WindowSystemMenuHint, Qt::WindowCloseButtonHint}) {
-            EXPECT_TRUE(flags.testFlag(wanted)) << wanted;
-        }
-        for (const Qt::WindowType unwanted :
-             {Qt::WindowMinimizeButtonHint, Qt::WindowMaximizeButtonHint,
-              Qt::WindowContextHelpButtonHint}) {
-            EXPECT_FALSE(flags.testFlag(unwanted)) << unwanted;
-        }
+        EXPECT_TRUE(flags.testFlag(Qt::WindowCloseButtonHint));
+        EXPECT_FALSE(flags.testFlag(Qt::WindowMinimizeButtonHint));
+        EXPECT_FALSE(flags.testFlag(Qt::WindowMaximizeButtonHint));
         EXPECT_EQ(shown.minimumSize(), shown.maximumSize());
     });
+}
+
+TEST_F(MessageBoxPlaceTest, ComesBackWhenTheDesktopMinimisesIt)
+{
+    const bool hasDesktop = QGuiApplication::platformName() == "xcb"_L1;
+    boxes.expectNotice(title(), u"Saved OK."_s);
+    boxes.beforeItsAnswer([&](QMessageBox &shown) {
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&shown));
+        bool wasMinimised = false;
+        QObject::connect(
+            shown.windowHandle(), &QWindow::windowStateChanged, &shown,
+            [&](Qt::WindowState state) { wasMinimised |= state == Qt::WindowMinimized; });
+        if (hasDesktop) {
+            const QString id = QString::number(shown.winId());
+            ASSERT_EQ(QProcess::execute(u"xdotool"_s, {u"windowminimize"_s, id}), 0);
+        } else {
+            shown.showMinimized();
+        }
+        EXPECT_TRUE(QTest::qWaitFor([&] { return wasMinimised && !shown.isMinimized(); }));
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&shown));
+        EXPECT_TRUE(QTest::qWaitFor([this] { return window.windowHandle()->isExposed(); }));
+        EXPECT_FALSE(window.isMinimized());
+    });
+    messagebox::notice(&window, title(), u"Saved OK."_s);
+    boxes.checkAllCame();
 }
 
 /// Counts how often a message box is moved or resized while the user sees it.

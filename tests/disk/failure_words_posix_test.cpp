@@ -98,12 +98,25 @@ TEST_F(FailureWords, NameTheFolderThatTakesNoFile)
     const QString closed = QDir::currentPath();
     ASSERT_EQ(::chmod(".", 0555), 0);
     EXPECT_TRUE(holdsForOrdinaryUser([&] {
-        const QString cause =
-            u"You have no permission to write in the folder \"%1\"."_s.arg(closed);
+        const QString cause = u"You may not write in the folder \"%1\"."_s.arg(closed);
         const QStringList causes = causesFor(u"x.tvd"_s);
         return causes == QStringList{cause, cause, u"The file does not exist."_s};
     }));
     ASSERT_EQ(::chmod(".", 0755), 0);
+}
+
+TEST_F(FailureWords, AreTheSameForAFolderThatMayNotBeEntered)
+{
+    ASSERT_TRUE(QDir().mkdir(u"locked"_s));
+    const QString locked = QDir::current().absoluteFilePath(u"locked"_s);
+    ASSERT_EQ(::chmod(".", 0777), 0);
+    ASSERT_EQ(::chmod("locked", 0), 0);
+    EXPECT_TRUE(holdsForOrdinaryUser([&] {
+        const QString write = u"You may not write in the folder \"%1\"."_s.arg(locked);
+        const QString read = u"You have no permission to read the file."_s;
+        return causesFor(u"locked/x.tvd"_s) == QStringList{write, write, read};
+    }));
+    ASSERT_EQ(::chmod("locked", 0755), 0);
 }
 
 TEST_F(FailureWords, TellAReadOnlyFileFromOneOfSomebodyElse)

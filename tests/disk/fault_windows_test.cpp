@@ -150,7 +150,7 @@ TEST_F(Fault, ARewriteThatMayNotRenameFailsAtOnce)
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
     ASSERT_FALSE(saved);
     EXPECT_EQ(saved.error().cause,
-              u"You have no permission to write in the folder \"%1\"."_s.arg(QDir::currentPath()));
+              u"You may not write in the folder \"%1\"."_s.arg(QDir::currentPath()));
     EXPECT_EQ(saved.error().outcome, FileOutcome::Unchanged);
     EXPECT_EQ(bytesIn(kFile), kOld);
     EXPECT_EQ(folderContent(), "data.tvd");

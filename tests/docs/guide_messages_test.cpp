@@ -176,6 +176,7 @@ TEST(GuideMessages, FailureMessagesAreInTheGuideInFull)
     const FileError unchanged = {.cause = kWhy};
     const FileError changed = {.cause = kWhy, .outcome = FileOutcome::MaybeChanged};
     const FileError unconfirmed = {.cause = kWhy, .outcome = FileOutcome::Unconfirmed};
+    const FileError odd = {.cause = kWhy, .reason = FileError::Reason::OddLines};
     const QString stays = u"Everything that you typed is still here."_s;
     const QStringList guide = guideMessages();
     for (const QString &message : {
@@ -185,6 +186,7 @@ TEST(GuideMessages, FailureMessagesAreInTheGuideInFull)
              failures::notRewritten(kName, unconfirmed, stays),
              failures::notLoaded(kName, unchanged),
              failures::notLoaded(kName, changed),
+             failures::notLoaded(kName, odd),
              failures::noSource(),
              failures::notImported(kName, unchanged),
              failures::notImported(kName, changed),

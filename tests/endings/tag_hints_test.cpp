@@ -3,6 +3,7 @@
 #include "support/ending_test.h"
 #include "support/tool_tips.h"
 
+#include <QAccessible>
 #include <QLineEdit>
 #include <QScrollBar>
 
@@ -198,16 +199,62 @@ TEST_F(TagHints, ScreenReadersHearEachOfTwoHintsOnce)
     EXPECT_EQ(ear.told, QStringList(kShort));
 }
 
-TEST_F(TagHints, ScreenReadersHearOneHintOfASwap)
+TEST_F(TagHints, ScreenReadersHearEveryHintOfALine)
+{
+    const Ear ear(screen("Form7"));
+    write(1, u"<nobody> and "_s);
+    QTest::keyClicks(&lineBox(1), u"<noone> here "_s);
+    QTest::keyClicks(&lineBox(1), u"<attmanager> x"_s);
+    ASSERT_EQ(ear.told.size(), 3);
+    EXPECT_EQ(ear.told[0], u"Line 1: <nobody> is not a tag."_s);
+    EXPECT_EQ(ear.told[1], u"Line 1: <noone> is not a tag."_s);
+    EXPECT_TRUE(ear.told[2].startsWith(u"Line 1: <attmanager>: You have the"_s));
+    EXPECT_TRUE(hint().endsWith(u"(2 more)"_s));
+}
+
+TEST_F(TagHints, ScreenReadersHearAllHintsOfAPasteAtOnce)
+{
+    const Ear ear(screen("Form7"));
+    click(lineBox(2));
+    paste(lineBox(2), u"<nobody> and <noone> here"_s);
+    EXPECT_EQ(ear.told,
+              QStringList(u"Line 2: <nobody> is not a tag. Line 2: <noone> is not a tag."_s));
+}
+
+TEST_F(TagHints, ScreenReadersHearNoHintAgainWhenLinesAreSwapped)
 {
     write(1, u"<nobody>"_s);
     write(2, u"<recshrtname>"_s);
     const Ear ear(screen("Form7"));
     lineBox(1).setFocus(Qt::OtherFocusReason);
-    QTest::keyClick(&lineBox(1), Qt::Key_Down, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_EQ(lineBox(2).text(), u"<nobody>"_s);
+    for (int times = 0; times < 2; ++times) {
+        QTest::keyClick(screen("Form7").focusWidget(), Qt::Key_Down,
+                        Qt::ControlModifier | Qt::ShiftModifier);
+    }
+    EXPECT_EQ(lineBox(3).text(), u"<nobody>"_s);
     EXPECT_EQ(ear.told,
-              (QStringList{u"Line 2: <nobody> is not a tag."_s, u"Line 1 swapped with line 2."_s}));
+              (QStringList{u"Line 1 swapped with line 2."_s, u"Line 2 swapped with line 3."_s}));
+    QTest::keySequence(&lineBox(3), QKeySequence::Undo);
+    EXPECT_EQ(lineBox(2).text(), u"<nobody>"_s);
+    EXPECT_EQ(ear.told.size(), 2);
+    write(3, u"<nobody>"_s); // another one
+    EXPECT_EQ(ear.told.size(), 3);
+    EXPECT_EQ(ear.told.last(), u"Line 3: <nobody> is not a tag."_s);
+}
+
+TEST_F(TagHints, TheOtherHintsAreTheDescriptionInPlainWords)
+{
+    const QWidget &label = control("Form7", "taghint");
+    const auto description = [&label] {
+        return QAccessible::queryAccessibleInterface(const_cast<QWidget *>(&label))
+            ->text(QAccessible::Description);
+    };
+    EXPECT_EQ(description(), QString());
+    write(1, u"<nobody> here"_s);
+    EXPECT_EQ(description(), QString());
+    QTest::keyClicks(&lineBox(1), u" <noone> or <recshrtname>"_s);
+    EXPECT_EQ(description(), u"Line 1: <noone> is not a tag.\n"
+                             "Line 1: <recshrtname> is not a tag. Did you mean <recshortname>?"_s);
 }
 
 TEST_F(TagHints, AHintKeepsNothingFromBeingSaved)
@@ -219,13 +266,8 @@ TEST_F(TagHints, AHintKeepsNothingFromBeingSaved)
     EXPECT_EQ(hint(), QString());
 }
 
-TEST_F(TagHints, EveryTagOfTheListIsKnown)
+TEST_F(TagHints, ATagOfAnotherKindOfEndingIsNotKnown)
 {
-    lineBox(1).setFocus(Qt::OtherFocusReason);
-    for (const char *tag : {"<att1fullname>", "<recfullname>", "<titleholder>", "<recfinisher>"}) {
-        write(1, QLatin1StringView(tag));
-        EXPECT_EQ(hint(), QString()) << tag;
-    }
     write(1, u"<feudname1>"_s); // only endings with run-ins have it
     EXPECT_TRUE(hint().startsWith(u"Line 1: <feudname1> is not a tag."_s));
 }

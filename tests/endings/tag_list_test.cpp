@@ -254,6 +254,45 @@ TEST_F(TagSearch, EnterPicksTheItemThatTheLettersFound)
     EXPECT_EQ(line("Text2"), u"Pinned: <recfullname>"_s);
 }
 
+TEST_F(TagSearch, TheSameLettersFindTheSameItemHoweverTheListWasOpened)
+{
+    const std::pair<Qt::Key, Qt::KeyboardModifiers> openers[] = {
+        {Qt::Key_F4, Qt::NoModifier}, {Qt::Key_Down, Qt::AltModifier}, {Qt::Key_Down, {}}};
+    for (const auto &[key, modifiers] : openers) {
+        for (const char *shown : {"Attacker 1 Full Name", "Receiver's Manager Name", "no item"}) {
+            for (const auto &[letters, item] :
+                 {std::pair("a", "Attacker 1 Full Name"), std::pair("r", "Receiver Full Name"),
+                  std::pair("receiver'", "Receiver's Manager Name")}) {
+                given(m_screen, "Combo1", QLatin1StringView(shown));
+                list().setFocus(Qt::TabFocusReason);
+                QTest::keyClick(&list(), key, modifiers);
+                EXPECT_EQ(foundBy(QLatin1StringView(letters)), QLatin1StringView(item)) << shown;
+                leave();
+            }
+        }
+    }
+}
+
+TEST_F(TagSearch, TheSameLetterAfterAPauseFindsTheNextItem)
+{
+    given(m_screen, "Combo1", u"Receiver Full Name"_s);
+    list().setFocus(Qt::TabFocusReason);
+    QTest::keyClick(&list(), Qt::Key_F4);
+    for (const char *item :
+         {"Attacker 1 Full Name", "Attacker 1 Short Name", "Attacker 2 Full Name"}) {
+        EXPECT_EQ(foundBy(u"a"_s), QLatin1StringView(item));
+        QTest::qWait(QApplication::keyboardInputInterval() + 50);
+    }
+}
+
+TEST_F(TagSearch, AnUnknownLetterInTheOpenListLeavesItAtTheShownItem)
+{
+    given(m_screen, "Combo1", u"Receiver Short Name"_s);
+    list().setFocus(Qt::TabFocusReason);
+    QTest::keyClick(&list(), Qt::Key_F4);
+    EXPECT_EQ(foundBy(u"x"_s), u"Receiver Short Name"_s);
+}
+
 class TagMouse : public TagSearch
 {
 public:

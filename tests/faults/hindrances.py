@@ -10,7 +10,7 @@ from saves import ALL_OLD, FILE, LINES, LINK, RECORD, REWRITTEN, SOURCE, TARGET,
 PAGE = 4096
 FULL = "There is no space left on the disk"
 READ_ONLY = "The disk is read-only"
-DENIED = "You have no permission|The file is read-only"
+DENIED = "You have no permission|You may not write|The file is read-only"
 NOTHING = "does not exist"
 LOOP = "Its symbolic links lead in a circle"
 SAVED = None  # instead of a cause: nothing hinders this save

@@ -7,9 +7,11 @@
 #include <QAccessible>
 #include <QLabel>
 #include <QLineEdit>
+#include <QProcess>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTabBar>
+#include <QTextEdit>
 
 namespace tarvold::records {
 namespace {
@@ -586,6 +588,53 @@ TEST_F(PaneTest, StopsByTabAtEveryControlInTheOrderOfReading)
     pane.setView(RecordPane::View::AsShown);
     EXPECT_EQ(stops(),
               QStringList({u"problems"_s, u"viewtabs"_s, u"shown"_s, u"cast1"_s, u"cast2"_s}));
+}
+
+/// Acts with the mouse of the desktop: a drag needs a real one.
+void onDesktop(const QStringList &actions)
+{
+    QProcess xdotool;
+    xdotool.start(u"xdotool"_s, actions);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return xdotool.state() == QProcess::NotRunning; }, 20'000));
+    ASSERT_EQ(xdotool.exitCode(), 0);
+}
+
+QStringList moveTo(const QPoint &place)
+{
+    return {u"mousemove"_s, QString::number(place.x()), QString::number(place.y())};
+}
+
+TEST_F(PaneTest, ATextThatWasDraggedOutOnADesktopIsDroppedOnce)
+{
+    if (QGuiApplication::platformName() == "offscreen"_L1) {
+        GTEST_SKIP() << "needs a desktop";
+    }
+    open(NormalEndings, {{kFirstLine, u"Off the top rope and through the table! "_s.repeated(20)}});
+    pane.setView(RecordPane::View::AsShown);
+    auto *target = new TextBox(&window);
+    target->setMinimumWidth(300);
+    window.layout()->addWidget(target);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    QTest::qWait(100); // for the window manager to place it
+    auto &shown = get<QTextEdit>("shown");
+    shown.setFocus(Qt::OtherFocusReason);
+    QTest::keySequence(&shown, QKeySequence::SelectAll);
+    const QTextCursor cursor = shown.cursorForPosition({100, 20});
+    const QPoint from = shown.viewport()->mapToGlobal(shown.cursorRect(cursor).center());
+    const QPoint to = testing::mouse::middleOf(*target);
+    // The first movement already leads out: Qt scrolls then. A drag runs an event loop of its own,
+    // which only the release ends.
+    const QStringList press = {u"mousedown"_s, u"1"_s};
+    const QStringList release = {u"sleep"_s, u"0.2"_s, u"mouseup"_s, u"1"_s};
+    onDesktop(moveTo(from) + press + moveTo(to) + QStringList{u"sleep"_s, u"0.2"_s} +
+              moveTo(to + QPoint(3, 0)) + release);
+    const auto drops = [target] { return target->text().count(u"Off the top rope"_s) / 20; };
+    ASSERT_TRUE(QTest::qWaitFor([&] { return drops() == 1; }));
+    QTest::qWait(500);
+    onDesktop({u"click"_s, u"1"_s});
+    QTest::qWait(500);
+    EXPECT_EQ(drops(), 1);
+    EXPECT_TRUE(target->hasFocus());
 }
 
 TEST_F(PaneTest, GoesToTheLineOfAProblemThatNamesNoField)

@@ -3,6 +3,7 @@
 #include "records/window_fixture.h"
 #include "support/hindrances.h"
 #include "support/spoken.h"
+#include "support/tool_tips.h"
 
 #include <QLabel>
 #include <QMenu>
@@ -115,6 +116,17 @@ TEST_F(WindowStandardsTest, EditorsAndListsGetOnlySoMuchOfALongText)
     for (int column = 0; column < list().model()->columnCount(); ++column) {
         EXPECT_LE(list().model()->index(0, column).data().toString().size(), kMost) << column;
     }
+}
+
+TEST_F(WindowStandardsTest, ThePathIsToldWithoutTheMarkupOfItsTooltip)
+{
+    open(endings(1));
+    auto &path = part<QLabel>("path");
+    QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(&path);
+    EXPECT_EQ(spoken->text(QAccessible::Description), QString());
+    const QString whole = spoken->text(QAccessible::Name).mid(u"File "_s.size());
+    EXPECT_TRUE(whole.endsWith(u".tvd"_s)) << whole.toStdString();
+    EXPECT_EQ(toolTipOf(path), whole);
 }
 
 TEST_F(WindowStandardsTest, ARecordIsCorrectedAndSavedByKeyboardAlone)

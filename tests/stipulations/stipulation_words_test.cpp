@@ -1,7 +1,9 @@
+#include "controls/announcement.h"
 #include "controls/combo_box.h"
 #include "stipulations/stipulation_test.h"
 #include "support/tool_tips.h"
 
+#include <QDir>
 #include <QMessageBox>
 
 #include <iterator>
@@ -15,6 +17,7 @@ namespace {
 
 constexpr char kNotListed[] = "Not in the list.";
 constexpr char kLacksLine[] = "Not in the list. The file will lack this line.";
+constexpr char kKeepsLine[] = "Not in the list. The file keeps what it has.";
 
 /// A list of the form, and what happens to a word outside it.
 struct WordRow
@@ -33,7 +36,7 @@ void PrintTo(const WordRow &row, std::ostream *out)
 const WordRow kRows[] = {
     {"dqposs", "Ye", kNotListed, {{4, "Ye"}}}, {"usedefault", "N", kNotListed, {{5, "N"}}},
     {"runins", "Y", kNotListed, {{7, "Y"}}},   {"titleneeded", "Ye", kNotListed, {{19, "Ye"}}},
-    {"matchquality", "Just", kLacksLine, {}}, // no code stands for it, so the old line stays
+    {"matchquality", "Just", kKeepsLine, {}}, // no code stands for it, so the old line stays
 };
 
 class StipulationWords : public StipulationTest, public ::testing::WithParamInterface<WordRow>
@@ -124,6 +127,64 @@ TEST_P(StipulationWordsInTheFile, AreMarkedOnceTheFormShowsThem)
     boxes.expectNotice(u"Stipulations Editor"_s, u"Saved OK!"_s);
     hit(Qt::Key_S, Qt::ControlModifier);
     EXPECT_EQ(readBack(kFile), stipulation("Singles", "One", GetParam().saved));
+}
+
+class QualityOfAStipulation : public StipulationTest
+{
+protected:
+    ComboBox &box() { return screen("Form3").control<ComboBox>("matchquality"); }
+
+    /// Types an unknown quality, leaves the box, and expects what is said of it.
+    void expectSaid(const char *warning, const char *other)
+    {
+        put("matchquality", "Great");
+        QTest::keyClick(screen("Form3").windowHandle(), Qt::Key_Tab);
+        EXPECT_EQ(toolTipOf(*box().lineEdit()), utf8(warning));
+        EXPECT_EQ(box().accessibleDescription(), utf8(warning));
+        EXPECT_EQ(box().lineEdit()->accessibleDescription(), utf8(warning));
+        EXPECT_EQ(box().findChild<Announcement *>()->accessibleName(), utf8(warning));
+        EXPECT_FALSE(box().accessibleDescription().contains(utf8(other)));
+    }
+};
+
+TEST_F(QualityOfAStipulation, IsLackedByANewOneAndKeptByAnEditedOne)
+{
+    const QByteArray before = stipulation("Singles", "One", {{18, "Both"}});
+    open(before);
+    edit(0);
+    expectSaid(kKeepsLine, kLacksLine);
+    boxes.expectNotice(u"Stipulations Editor"_s, u"Saved OK!"_s);
+    press("Form3", "Command2");
+    EXPECT_EQ(readBack(kFile), before);
+
+    press("Form16", "Command1");
+    expectSaid(kLacksLine, kKeepsLine);
+    put("stipulation", "Two");
+    boxes.expectNotice(u"Stipulations Editor"_s, u"Saved OK!"_s);
+    press("Form3", "Command2");
+    EXPECT_EQ(readBack(kFile).count("\r\n"), 19 + 18);
+    EXPECT_TRUE(readBack(kFile).startsWith(before));
+
+    press("Form16", "Command3");
+    boxes.expectNotice(
+        u"Stipulations Editor"_s,
+        u"The file \"%1\" could not be loaded.\n\nIt breaks off at line 37, inside stipulation 2: "
+        "each stipulation takes 19 lines (lines found: 37).\n\nNothing was changed. To repair the "
+        "file, press Ctrl+O on the main menu."_s.arg(QDir::current().filePath(utf8(kFile))));
+    press("Form1", "Command1");
+    expectOnly("Form1");
+}
+
+TEST_F(QualityOfAStipulation, IsSaidAnewWhereTheWordStays)
+{
+    open(stipulation("Singles", "One", {{18, "Odd"}}));
+    press("Form16", "Command1");
+    expectSaid(kLacksLine, kKeepsLine);
+    cancel();
+    edit(0); // its unknown quality leaves the box as it was
+    EXPECT_EQ(shown("matchquality"), u"Great"_s);
+    EXPECT_EQ(toolTipOf(*box().lineEdit()), utf8(kKeepsLine));
+    EXPECT_EQ(box().accessibleDescription(), utf8(kKeepsLine));
 }
 
 } // namespace

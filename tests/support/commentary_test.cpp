@@ -80,6 +80,7 @@ void CommentaryTest::expectEveryTagInserted(std::span<const TagRow> tags)
             }
             EXPECT_EQ(insertedBy(row.item), QLatin1StringView(row.tag));
             EXPECT_EQ(pending(), QLatin1StringView(row.tag));
+            EXPECT_EQ(control(m_screen, "taghint").accessibleName(), QString());
         }
     }
 }

@@ -85,7 +85,7 @@ QString FilePath::absolute() const
         }
     }
     // A slash at the end means a folder: the system finds no file there.
-    const bool isFolder = m_text.endsWith(u'/') && !path.isEmpty();
+    const bool isFolder = (m_text.endsWith(u'/') || m_text.endsWith("/."_L1)) && !path.isEmpty();
     return u'/' + path.join(u'/') + (isFolder ? u"/"_s : QString());
 }
 

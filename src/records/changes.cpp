@@ -2,8 +2,6 @@
 
 #include "records/document.h"
 
-#include <algorithm>
-
 namespace tarvold::records {
 
 Change::Change(Document &document, std::vector<Patch> patches, const QString &text, int moved)
@@ -17,17 +15,13 @@ Change::Change(Document &document, std::vector<Patch> patches, const QString &te
 void Change::undo()
 {
     m_document.noteMove(m_moved);
-    std::for_each(m_patches.rbegin(), m_patches.rend(), [this](const Patch &patch) {
-        m_document.apply(patch.row, patch.after, patch.before);
-    });
+    m_document.apply(m_patches, true);
 }
 
 void Change::redo()
 {
     m_document.noteMove(m_moved);
-    for (const Patch &patch : m_patches) {
-        m_document.apply(patch.row, patch.before, patch.after);
-    }
+    m_document.apply(m_patches, false);
 }
 
 void Change::own(const QByteArray &file) const

@@ -5,6 +5,8 @@
 #include "records/record_list_view.h"
 #include "records/record_pane.h"
 
+#include <algorithm>
+
 namespace tarvold::records {
 
 using namespace Qt::StringLiterals;
@@ -22,8 +24,9 @@ ChosenRecord::ChosenRecord(Document &document, const ProblemScan &scan, RecordLi
             &ChosenRecord::follow);
     connect(&document, &Document::aboutToReset, this, [this] { m_isReset = true; });
     connect(&document, &Document::reset, this, &ChosenRecord::follow);
-    connect(&document, &Document::changed, this, [this](int first, int last) {
-        if (isShown(first, last)) {
+    connect(&document, &Document::changed, this, [this](const std::vector<int> &indexes) {
+        const auto shown = shownIndex();
+        if (shown && std::binary_search(indexes.begin(), indexes.end(), *shown)) {
             update();
         }
     });

@@ -97,6 +97,15 @@ std::optional<int> Document::indexOf(int id) const
     return {};
 }
 
+std::vector<int> Document::indexesById() const
+{
+    std::vector<int> indexes(m_origins.size(), -1);
+    for (int index = 0; index < count(); ++index) {
+        indexes[std::size_t(entry(index).id)] = index;
+    }
+    return indexes;
+}
+
 EntryState Document::stateOf(int index) const
 {
     const Entry &shown = entry(index);

@@ -60,6 +60,8 @@ public:
     const Entry &entry(int index) const { return m_entries.at(index); }
     /// Where the record with this id is; nothing if it is not shown.
     std::optional<int> indexOf(int id) const;
+    /// The same for all ids there are; -1: it is not shown.
+    std::vector<int> indexesById() const;
     EntryState stateOf(int index) const;
     /// The last record that is not deleted, whose line end may be missing; -1: there is none.
     int last() const;
@@ -109,16 +111,24 @@ public:
 
 signals:
     void aboutToReset();
-    void reset(); ///< all entries are others, or very many of them
+    void reset(); ///< all entries are others, or others are shown here and there
     void aboutToInsert(int first, int last);
     void inserted(int first, int last);
     void aboutToRemove(int first, int last);
     void removed(int first, int last);
-    void changed(int first, int last); ///< their bytes or states
-    void saved();                      ///< all states are others, but no bytes
+    void changed(const std::vector<int> &indexes); ///< their bytes or states; ascending
+    void saved();                                  ///< all states are others, but no bytes
 
 private:
     friend class Change;
+
+    /// A patch as it is applied forwards or backwards.
+    struct Replacement
+    {
+        int row;
+        const std::vector<Entry> &from;
+        const std::vector<Entry> &to;
+    };
 
     /// Divides bytes into records and shows them.
     [[nodiscard]] Result<void> show(const QString &name, const QByteArray &bytes, DataFileKind kind,
@@ -128,10 +138,14 @@ private:
     void push(std::vector<Patch> patches, const QString &what, int moved = -1);
     void keepLinesApart(std::vector<Patch> &patches) const;
     void setDeleted(const std::vector<int> &indexes, bool isDeleted, const QString &what);
-    /// Replaces entries from a row on, and tells of it.
-    void apply(int row, const std::vector<Entry> &from, const std::vector<Entry> &to);
-    void applyInPlace(int row, const std::vector<Entry> &to);
-    void replaceRun(int row, std::span<const Entry> to, std::pair<bool, bool> fate);
+    /// Makes the changes of patches, or takes them back, and tells of it.
+    void apply(const std::vector<Patch> &patches, bool isUndo);
+    void applyAtOnce(const Replacement &patch);
+    void applyInPlace(const Replacement &patch, std::vector<int> &rows);
+    void replaceRun(int row, std::span<const Entry> to, bool isShown);
+    void tellOfChanges(std::vector<int> rows);
+    int countRuns(const std::vector<Replacement> &replacements) const;
+    bool isFateSame(const Entry &from, const Entry &to) const { return isGone(from) == isGone(to); }
     void noteMove(int id);
 
     int originOf(int id) const { return m_origins.at(std::size_t(id)); }

@@ -60,67 +60,143 @@ void Document::keepLinesApart(std::vector<Patch> &patches) const
     }
 }
 
-void Document::apply(int row, const std::vector<Entry> &from, const std::vector<Entry> &to)
+void Document::apply(const std::vector<Patch> &patches, bool isUndo)
 {
-    if (from.size() == to.size()) {
-        applyInPlace(row, to);
-    } else if (to.empty()) {
-        const int first = m_entries.shownBefore(row);
-        const int last = first + int(from.size()) - 1;
-        emit aboutToRemove(first, last);
-        m_entries.erase(row, int(from.size()));
-        emit removed(first, last);
+    constexpr int kMostRuns = 100; // telling of each takes time that grows with the file
+    std::vector<Replacement> all;
+    all.reserve(patches.size());
+    if (isUndo) {
+        std::for_each(patches.rbegin(), patches.rend(), [&all](const Patch &patch) {
+            all.push_back({patch.row, patch.after, patch.before});
+        });
     } else {
-        const int first = m_entries.shownBefore(row);
-        const int last = first + int(to.size()) - 1;
-        emit aboutToInsert(first, last);
-        m_entries.insert(row, to);
-        emit inserted(first, last);
+        std::for_each(patches.begin(), patches.end(), [&all](const Patch &patch) {
+            all.push_back({patch.row, patch.before, patch.after});
+        });
+    }
+    if (countRuns(all) > kMostRuns) {
+        emit aboutToReset();
+        std::for_each(all.begin(), all.end(), [this](const Replacement &one) { applyAtOnce(one); });
+        m_entries.showAll([this](const Entry &entry) { return !isGone(entry); });
+        emit reset();
+        return;
+    }
+    std::vector<int> rows; // that change where they are shown
+    for (const Replacement &one : all) {
+        if (one.from.size() == one.to.size()) {
+            applyInPlace(one, rows);
+            continue;
+        }
+        tellOfChanges(std::exchange(rows, {})); // before their rows are others
+        const int first = m_entries.shownBefore(one.row);
+        if (one.to.empty()) {
+            const int last = first + int(one.from.size()) - 1;
+            emit aboutToRemove(first, last);
+            m_entries.erase(one.row, int(one.from.size()));
+            emit removed(first, last);
+        } else {
+            const int last = first + int(one.to.size()) - 1;
+            emit aboutToInsert(first, last);
+            m_entries.insert(one.row, one.to);
+            emit inserted(first, last);
+        }
+    }
+    tellOfChanges(std::move(rows));
+}
+
+/// How many runs of records come, go, are shown or are hidden.
+int Document::countRuns(const std::vector<Replacement> &replacements) const
+{
+    int runs = 0;
+    for (const auto &[row, from, to] : replacements) {
+        if (from.size() != to.size()) {
+            ++runs;
+            continue;
+        }
+        bool wasSame = true;
+        for (std::size_t place = 0; place < to.size(); ++place) {
+            const bool isSame = isFateSame(from[place], to[place]);
+            runs += wasSame && !isSame ? 1 : 0;
+            wasSame = isSame;
+        }
+    }
+    return runs;
+}
+
+/// Makes a change without a word of it; others may be shown then.
+void Document::applyAtOnce(const Replacement &patch)
+{
+    std::vector<Entry> &all = m_entries.all();
+    const auto place = all.begin() + patch.row;
+    if (patch.from.size() == patch.to.size()) {
+        std::copy(patch.to.begin(), patch.to.end(), place);
+    } else if (patch.to.empty()) {
+        all.erase(place, place + std::ptrdiff_t(patch.from.size()));
+    } else {
+        all.insert(place, patch.to.begin(), patch.to.end());
     }
 }
 
-/// A change may also show or hide what a save took from the file.
-void Document::applyInPlace(int row, const std::vector<Entry> &to)
+/// A change may also show or hide what a save took from the file. That is told here.
+/// \param rows gets those to be told of
+void Document::applyInPlace(const Replacement &patch, std::vector<int> &rows)
 {
-    const auto entryAt = [&](std::size_t place) -> Entry & {
-        return m_entries.all()[std::size_t(row) + place];
-    };
-    const auto fateOf = [&](std::size_t place) {
-        return std::pair(!isGone(entryAt(place)), !isGone(to[place]));
-    };
+    const auto &[row, from, to] = patch;
     for (std::size_t start = 0; start < to.size();) {
-        const auto fate = fateOf(start);
-        std::size_t end = start + 1;
-        while (end < to.size() && fateOf(end) == fate) {
-            ++end;
+        const bool isSame = isFateSame(from[start], to[start]);
+        const bool isShown = !isGone(to[start]);
+        std::size_t end = start;
+        for (; end < to.size() && isFateSame(from[end], to[end]) == isSame &&
+               isGone(to[end]) != isShown;
+             ++end) {
+            if (isSame) {
+                m_entries.all()[std::size_t(row) + end] = to[end];
+                rows.push_back(row + int(end));
+            }
         }
-        replaceRun(row + int(start), {to.begin() + qsizetype(start), to.begin() + qsizetype(end)},
-                   fate);
+        if (!isSame) {
+            replaceRun(row + int(start),
+                       {to.begin() + std::ptrdiff_t(start), to.begin() + std::ptrdiff_t(end)},
+                       isShown);
+        }
         start = end;
     }
 }
 
-/// \param fate whether these records were shown, and whether they are now
-void Document::replaceRun(int row, std::span<const Entry> to, std::pair<bool, bool> fate)
+/// \param isShown whether these records are shown now, or hidden
+void Document::replaceRun(int row, std::span<const Entry> to, bool isShown)
 {
-    const auto [wasShown, isShown] = fate;
     const int size = int(to.size());
     const int first = m_entries.shownBefore(row);
     const int last = first + size - 1;
-    if (wasShown && !isShown) {
-        emit aboutToRemove(first, last);
-        m_entries.hide(row, size);
-    } else if (!wasShown && isShown) {
+    if (isShown) {
         emit aboutToInsert(first, last);
         m_entries.show(row, size);
+    } else {
+        emit aboutToRemove(first, last);
+        m_entries.hide(row, size);
     }
     std::copy(to.begin(), to.end(), m_entries.all().begin() + row);
-    if (wasShown && isShown) {
-        emit changed(first, last);
-    } else if (wasShown) {
-        emit removed(first, last);
-    } else if (isShown) {
+    if (isShown) {
         emit inserted(first, last);
+    } else {
+        emit removed(first, last);
+    }
+}
+
+void Document::tellOfChanges(std::vector<int> rows)
+{
+    std::sort(rows.begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    std::vector<int> indexes;
+    indexes.reserve(rows.size());
+    for (const int row : rows) {
+        if (!isGone(m_entries.all()[std::size_t(row)])) {
+            indexes.push_back(m_entries.shownBefore(row));
+        }
+    }
+    if (!indexes.empty()) {
+        emit changed(indexes);
     }
 }
 

@@ -118,7 +118,7 @@ void Document::takeOver(const QString &name, const QByteArray &bytes)
     const bool isReset = runs.size() > kMostRuns;
     if (isReset) {
         emit aboutToReset();
-        m_entries.hideDeleted();
+        m_entries.showAll([](const Entry &one) { return !one.isDeleted; });
     } else {
         hide(runs);
     }

@@ -85,9 +85,14 @@ void Entries::hideShown(int first, int last)
     m_shown.erase(m_shown.begin() + first, m_shown.begin() + last + 1);
 }
 
-void Entries::hideDeleted()
+void Entries::showAll(const std::function<bool(const Entry &)> &isShown)
 {
-    std::erase_if(m_shown, [this](int row) { return m_all[std::size_t(row)].isDeleted; });
+    m_shown.clear();
+    for (std::size_t row = 0; row < m_all.size(); ++row) {
+        if (isShown(m_all[row])) {
+            m_shown.push_back(int(row));
+        }
+    }
 }
 
 } // namespace tarvold::records

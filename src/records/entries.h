@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 
+#include <functional>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -58,8 +59,8 @@ public:
     void hide(int row, int count);
     /// Hides some that are shown, by their indexes.
     void hideShown(int first, int last);
-    /// Hides all that are deleted.
-    void hideDeleted();
+    /// Shows those, and only those, for which this is true.
+    void showAll(const std::function<bool(const Entry &)> &isShown);
 
 private:
     std::vector<Entry> m_all;

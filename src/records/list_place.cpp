@@ -5,6 +5,8 @@
 
 #include <QScrollBar>
 
+#include <algorithm>
+
 namespace tarvold::records {
 
 ListPlace::ListPlace(Document &document, const RecordListModel &model, RecordListView &list)
@@ -75,15 +77,26 @@ void ListPlace::goBack()
 
 void ListPlace::select()
 {
-    QItemSelection selection;
+    std::vector<int> rows;
     for (const int record : m_selectedFound) {
         if (const int row = m_model.rowOf(record); row >= 0) {
-            const QModelIndex index = m_model.index(row, 0);
-            selection.select(index, index);
+            rows.push_back(row);
         }
     }
-    m_list.selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect |
-                                                   QItemSelectionModel::Rows);
+    std::sort(rows.begin(), rows.end());
+    // Whole rows at once, and those that follow each other as one range: where Qt makes the ranges,
+    // it compares each with all others.
+    QItemSelection selection;
+    for (std::size_t place = 0; place < rows.size();) {
+        const int first = rows[place];
+        int last = first;
+        for (; place < rows.size() && rows[place] <= last + 1; ++place) {
+            last = rows[place];
+        }
+        selection.append(QItemSelectionRange(m_model.index(first, 0),
+                                             m_model.index(last, m_model.columnCount() - 1)));
+    }
+    m_list.selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
 }
 
 } // namespace tarvold::records

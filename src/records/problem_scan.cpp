@@ -4,13 +4,14 @@
 
 #include <algorithm>
 #include <limits>
+#include <numeric>
 #include <utility>
 
 namespace tarvold::records {
 namespace {
 
 constexpr qint64 kCheckSlice = 10; // milliseconds until the next event
-constexpr qint64 kAtOnce = 50;     // milliseconds for records that were changed together
+constexpr qint64 kAtOnce = 20;     // milliseconds for records that were changed together
 
 } // namespace
 
@@ -146,20 +147,20 @@ void ProblemScan::check(int index, const Record &record)
     setOwn(index, int(problemsOf(record, index + 1, index == m_last).size()));
 }
 
-void ProblemScan::recheck(int first, int last)
+void ProblemScan::recheck(const std::vector<int> &indexes)
 {
-    checkAtOnce(first, last);
+    checkAtOnce(indexes);
     compareAnew();
     tell();
 }
 
-void ProblemScan::checkAtOnce(int first, int last)
+void ProblemScan::checkAtOnce(const std::vector<int> &indexes)
 {
     if (!m_busy.isValid()) {
         m_busy.start();
         m_soon.start(); // ends it
     }
-    for (int index = first; index <= last; ++index) {
+    for (const int index : indexes) {
         const Entry &entry = m_document.entry(index);
         setCompared(index, {});
         if (entry.isDeleted) {
@@ -191,7 +192,9 @@ void ProblemScan::insert(int first, int last)
     const int count = last - first + 1;
     m_last += m_last >= first ? count : 0;
     m_lastFound += m_firstFound >= 0 ? count : 0;
-    checkAtOnce(first, last);
+    std::vector<int> inserted(static_cast<std::size_t>(count));
+    std::iota(inserted.begin(), inserted.end(), first);
+    checkAtOnce(inserted);
     compareAnew();
     m_soon.start(); // others may not have heard yet that records came or went
 }

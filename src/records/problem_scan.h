@@ -60,8 +60,8 @@ private:
     void step(int index);
     /// Checks a record by itself.
     void check(int index, const Record &record);
-    void recheck(int first, int last);
-    void checkAtOnce(int first, int last);
+    void recheck(const std::vector<int> &indexes);
+    void checkAtOnce(const std::vector<int> &indexes);
     /// Only the last record's line end may be missing, and another one may be the last now.
     void checkLast();
     void insert(int first, int last);

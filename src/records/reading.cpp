@@ -3,7 +3,11 @@
 #include "records/alignment.h"
 #include "records/splitter.h"
 
+#include <QThreadPool>
+
 #include <algorithm>
+#include <future>
+#include <iterator>
 #include <numeric>
 
 namespace tarvold::records {
@@ -63,7 +67,25 @@ Layout layoutOf(const std::vector<Line> &lines, const Catalog &catalog)
 std::optional<std::vector<qsizetype>> splitIntoRecords(QByteArrayView file, const Catalog &catalog,
                                                        const Progress &progress)
 {
-    return Splitter(file, LineCosts::of(catalog.kind()), progress).split();
+    constexpr qsizetype kLarge = 4 << 20; // is worth a second thread
+    const LineCosts &costs = LineCosts::of(catalog.kind());
+    Splitter splitter(file, costs, progress);
+    const auto middle = file.size() < kLarge ? std::nullopt : Splitter::middle(file, costs);
+    std::promise<std::vector<qsizetype>> promise;
+    const auto divideBehind = [&] {
+        const Progress none;
+        promise.set_value(*Splitter(file.sliced(*middle), costs, none).split());
+    };
+    if (!middle || !QThreadPool::globalInstance()->tryStart(divideBehind)) {
+        return splitter.split();
+    }
+    std::optional<std::vector<qsizetype>> starts = splitter.split(*middle);
+    const std::vector<qsizetype> behind = promise.get_future().get(); // it looks at what is here
+    if (starts && splitter.isAt()) {
+        std::transform(behind.begin(), behind.end(), std::back_inserter(*starts),
+                       [&middle](qsizetype start) { return *middle + start; });
+    }
+    return starts;
 }
 
 } // namespace tarvold::records

@@ -91,6 +91,7 @@ private:
     std::vector<int> searchSlice();
     void append(const std::vector<int> &found);
     void update(int first, int last);
+    void update(const std::vector<int> &indexes);
     void reconsider();
     void insertRow(int index);
     void removeRow(int row);
@@ -108,10 +109,11 @@ private:
 
     // What the document and its scan tell.
     void noteReset();
-    void noteChange(int first, int last);
+    void noteChange(const std::vector<int> &indexes);
     void noteInsertion(int first, int last);
     void noteRemoval(int first, int last);
     void noteProblems(int first, int last);
+    void tellOfRecords(int first, int last);
 
     const Document &m_document;
     const ProblemScan &m_scan;

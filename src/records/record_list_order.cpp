@@ -124,18 +124,18 @@ void RecordListModel::noteReset()
     }
 }
 
-void RecordListModel::noteChange(int first, int last)
+void RecordListModel::noteChange(const std::vector<int> &indexes)
 {
     m_textsOf = -1;
     if (stopSearch()) {
         searchAnew();
     } else if (isFiltered()) {
-        update(first, last);
+        update(indexes);
     }
     if (m_sort) {
         sortAnew();
     }
-    noteProblems(first, last);
+    tellOfRecords(indexes.front(), indexes.back());
 }
 
 void RecordListModel::noteProblems(int first, int last)
@@ -144,6 +144,12 @@ void RecordListModel::noteProblems(int first, int last)
     if (m_isOnlyProblems) {
         update(first, last);
     }
+    tellOfRecords(first, last);
+}
+
+/// Tells of the rows of some records that follow each other in the file.
+void RecordListModel::tellOfRecords(int first, int last)
+{
     int from = rowCount();
     int to = -1;
     for (int index = first; index <= last; ++index) {

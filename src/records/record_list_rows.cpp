@@ -7,6 +7,7 @@
 #include <QElapsedTimer>
 
 #include <algorithm>
+#include <numeric>
 
 namespace tarvold::records {
 namespace {
@@ -143,9 +144,16 @@ void RecordListModel::append(const std::vector<int> &found)
 /// Shows or hides records that may have become wanted or unwanted.
 void RecordListModel::update(int first, int last)
 {
+    std::vector<int> indexes(std::size_t(std::max(last - first + 1, 0)));
+    std::iota(indexes.begin(), indexes.end(), first);
+    update(indexes);
+}
+
+void RecordListModel::update(const std::vector<int> &indexes)
+{
     std::vector<int> found;
     std::vector<int> lost;
-    for (int index = first; index <= last; ++index) {
+    for (const int index : indexes) {
         const bool isShown = rowOf(index) >= 0;
         if (!isAhead(index) && isShown != isWanted(index)) {
             (isShown ? lost : found).push_back(index);

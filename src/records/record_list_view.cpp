@@ -82,6 +82,20 @@ void RecordListView::setModel(QAbstractItemModel *model)
     setSortingEnabled(true);
 }
 
+void RecordListView::dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
+                                 const QList<int> &roles)
+{
+    // Qt looks where each row is, in sight or not.
+    const QModelIndex top = indexAt(QPoint(0, 0));
+    const QModelIndex bottom = indexAt(QPoint(0, viewport()->height() - 1));
+    const int first = std::max(topLeft.row(), top.row());
+    const int last =
+        bottom.isValid() ? std::min(bottomRight.row(), bottom.row()) : bottomRight.row();
+    if (first <= last) {
+        QTreeView::dataChanged(topLeft.siblingAtRow(first), bottomRight.siblingAtRow(last), roles);
+    }
+}
+
 void RecordListView::showFileOrder()
 {
     sortByColumn(-1, Qt::AscendingOrder);

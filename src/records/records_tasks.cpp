@@ -1,9 +1,9 @@
 #include "records/records_tasks.h"
 
-#include "controls/busy_cursor.h"
 #include "records/problem_scan.h"
 #include "records/record_list_model.h"
 #include "records/record_list_view.h"
+#include "records/records_repair.h"
 #include "records/window_words.h"
 
 #include <QHeaderView>
@@ -23,8 +23,12 @@ RecordsTasks::RecordsTasks(Document &document, RecordListModel &model, ProblemSc
     , m_scan(scan)
     , m_list(list)
     , m_typing(std::move(typing))
+    , m_repair(std::make_unique<RecordsRepair>(document, scan, m_typing))
 {
+    connect(m_repair.get(), &RecordsRepair::said, this, &RecordsTasks::said);
 }
+
+RecordsTasks::~RecordsTasks() = default;
 
 int RecordsTasks::current() const
 {
@@ -146,21 +150,37 @@ void RecordsTasks::follow(const std::function<void()> &change)
     const int before = current();
     const int id = before < 0 ? -1 : m_document.entry(before).id;
     std::optional<int> moved;
-    connect(&m_document, &Document::changed, &listener, [&](int from, int last) {
-        note(from);
+    connect(&m_document, &Document::changed, &listener, [&](const std::vector<int> &indexes) {
+        note(indexes.front());
         const auto now = m_document.indexOf(id);
-        if (now && *now != before && *now >= from && *now <= last) {
+        if (now && *now != before && std::binary_search(indexes.begin(), indexes.end(), *now)) {
             moved = now;
         }
     });
     connect(&m_document, &Document::inserted, &listener, note);
     connect(&m_document, &Document::removed, &listener, note);
+    std::vector<int> ids;
+    connect(&m_document, &Document::aboutToReset, &listener, [&] { ids = shownIds(); });
+    connect(&m_document, &Document::reset, &listener, [&] {
+        const std::vector<int> now = shownIds();
+        note(
+            int(std::mismatch(ids.begin(), ids.end(), now.begin(), now.end()).first - ids.begin()));
+    });
     change();
     if (moved) {
         goTo(*moved);
     } else if (first >= 0 && m_document.count() > 0) {
         goTo(std::min(first, m_document.count() - 1));
     }
+}
+
+std::vector<int> RecordsTasks::shownIds() const
+{
+    std::vector<int> ids(std::size_t(m_document.count()));
+    for (std::size_t index = 0; index < ids.size(); ++index) {
+        ids[index] = m_document.entry(int(index)).id;
+    }
+    return ids;
 }
 
 void RecordsTasks::goToProblem(int step)
@@ -185,44 +205,16 @@ void RecordsTasks::goToProblem(int step)
     emit said(isAllChecked ? u"No problems."_s : u"No problem found so far."_s);
 }
 
-void RecordsTasks::repair(const std::vector<int> &records, const QString &what)
-{
-    if (!m_typing.keep()) {
-        return;
-    }
-    const BusyCursor busy;
-    std::vector<std::pair<int, QByteArray>> repaired;
-    int left = 0; // records with problems that have no repair
-    const int last = m_document.last();
-    for (const int index : records) {
-        const Entry &entry = m_document.entry(index);
-        if (entry.isDeleted || m_scan.isSound(index)) {
-            continue;
-        }
-        QByteArray bytes =
-            records::repairAll(Record(entry.bytes, m_document.catalog()), index == last);
-        if (bytes == entry.bytes) {
-            left += m_scan.problemsAt(index).empty() ? 0 : 1;
-        } else {
-            repaired.emplace_back(index, std::move(bytes));
-        }
-    }
-    if (!repaired.empty()) {
-        m_document.replace(repaired, what);
-    }
-    emit said(words::repaired(int(repaired.size()), left));
-}
-
 void RecordsTasks::repairSelected()
 {
-    repair(selected(), u"Repair Selected Records"_s);
+    m_repair->start(selected(), u"Repair Selected Records"_s);
 }
 
 void RecordsTasks::repairAll()
 {
     std::vector<int> all(std::size_t(m_document.count()));
     std::iota(all.begin(), all.end(), 0);
-    repair(all, u"Repair All Problems"_s);
+    m_repair->start(all, u"Repair All Problems"_s);
 }
 
 } // namespace tarvold::records

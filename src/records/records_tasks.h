@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <functional>
+#include <memory>
 #include <vector>
 
 namespace tarvold::records {
@@ -14,6 +15,7 @@ namespace tarvold::records {
 class ProblemScan;
 class RecordListModel;
 class RecordListView;
+class RecordsRepair;
 
 /// What the user does to the records of a window's list: deletes, moves, duplicates and repairs
 /// them, takes that back, and goes from problem to problem.
@@ -23,6 +25,7 @@ class RecordsTasks : public QObject
 public:
     RecordsTasks(Document &document, RecordListModel &model, ProblemScan &scan,
                  RecordListView &list, Typing typing);
+    ~RecordsTasks() override;
 
     /// The record of the current row; -1: none.
     int current() const;
@@ -42,23 +45,26 @@ public:
 
     /// Goes to the next record with a problem (1) or the one before (-1), round the end.
     void goToProblem(int step);
-    /// Makes all repairs that are offered.
+    /// Makes all repairs that are offered, see RecordsRepair.
     void repairSelected();
     void repairAll();
+    /// What makes the repairs, a few at a time.
+    RecordsRepair &repair() { return *m_repair; }
 
 signals:
     /// Something was done, or could not be done; to be told in passing.
     void said(const QString &text);
 
 private:
-    void repair(const std::vector<int> &records, const QString &what);
     void follow(const std::function<void()> &change);
+    std::vector<int> shownIds() const;
 
     Document &m_document;
     RecordListModel &m_model;
     ProblemScan &m_scan;
     RecordListView &m_list;
     Typing m_typing;
+    std::unique_ptr<RecordsRepair> m_repair;
 };
 
 } // namespace tarvold::records

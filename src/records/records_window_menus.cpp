@@ -5,6 +5,7 @@
 #include "records/record_pane.h"
 #include "records/records_actions.h"
 #include "records/records_file.h"
+#include "records/records_repair.h"
 #include "records/records_tasks.h"
 #include "records/records_window_parts.h"
 
@@ -75,6 +76,7 @@ void RecordsWindow::Parts::enableActions()
     const int current = isLoaded ? tasks->current() : -1;
     const bool isOne = current >= 0;
     const bool isDeleted = isOne && document.entry(current).isDeleted;
+    const bool mayRepair = !tasks->repair().isRunning();
     const QUndoStack &stack = document.undoStack();
     const std::pair<Act, bool> enabled[] = {
         {Act::Save, isLoaded},
@@ -91,8 +93,8 @@ void RecordsWindow::Parts::enableActions()
         {Act::WriteSimilar, isOne && !isDeleted},
         {Act::NextProblem, isLoaded},
         {Act::PreviousProblem, isLoaded},
-        {Act::RepairSelected, isOne},
-        {Act::RepairAll, isLoaded},
+        {Act::RepairSelected, isOne && mayRepair},
+        {Act::RepairAll, isLoaded && mayRepair},
         {Act::OnlyProblems, isLoaded},
         {Act::FileOrder, isLoaded},
     };

@@ -151,8 +151,6 @@ QLayout *RecordsWindow::Parts::newFoot()
     notice = new NoticeLine;
     progress = new QProgressBar;
     progress->setObjectName(u"progress"_s);
-    progress->setAccessibleName(u"Records checked"_s);
-    progress->setFormat(u"Checking: %p %"_s);
     stop = new PushButton(u"Stop"_s);
     stop->setObjectName(u"stop"_s);
     progress->hide();

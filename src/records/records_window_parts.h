@@ -3,6 +3,8 @@
 #include "records/document.h"
 #include "records/records_window.h"
 
+#include <utility>
+
 class QCheckBox;
 class QLabel;
 class QProgressBar;
@@ -54,6 +56,7 @@ public:
     QLabel *counts = nullptr;
     QProgressBar *progress = nullptr;
     PushButton *stop = nullptr;
+    std::pair<int, int> repaired; ///< how many records the repairs that run have looked at, of all
 
     RecordsFile *file = nullptr;
     RecordsTasks *tasks = nullptr;
@@ -75,7 +78,7 @@ private:
     void connectList();
     void connectScan();
     void followRows();
-    void showScan();
+    void showProgress();
     void writeSimilar();
     void fillSortMenu();
     void showPlaceholder();

@@ -10,6 +10,7 @@
 #include "records/record_pane.h"
 #include "records/records_actions.h"
 #include "records/records_file.h"
+#include "records/records_repair.h"
 #include "records/records_tasks.h"
 #include "records/records_window_parts.h"
 #include "records/window_words.h"
@@ -188,34 +189,52 @@ void RecordsWindow::Parts::followRows()
 
 void RecordsWindow::Parts::connectScan()
 {
-    QObject::connect(scan.get(), &ProblemScan::progress, &window, [this](int checked, int count) {
-        progress->setRange(0, count);
-        progress->setValue(checked);
-        showScan();
-    });
+    QObject::connect(scan.get(), &ProblemScan::progress, &window, [this] { showProgress(); });
     QObject::connect(scan.get(), &ProblemScan::found, &window, [this] { showCounts(); });
-    QObject::connect(scan.get(), &ProblemScan::finished, &window, [this] { showScan(); });
+    QObject::connect(scan.get(), &ProblemScan::finished, &window, [this] { showProgress(); });
+    // A save asks with the bytes in hand that it is about to write.
+    tasks->repair().setMustWait([this] { return file->isAsking(); });
+    QObject::connect(&tasks->repair(), &RecordsRepair::progress, &window,
+                     [this](int done, int count) {
+                         repaired = {done, count};
+                         showProgress();
+                         enableActions();
+                     });
     QObject::connect(stop, &QPushButton::clicked, &window, [this] {
-        if (scan->isRunning()) {
+        if (tasks->repair().isRunning()) {
+            tasks->repair().stop();
+        } else if (scan->isRunning()) {
             scan->stop();
         } else {
             scan->start();
         }
-        showScan();
+        showProgress();
     });
 }
 
-void RecordsWindow::Parts::showScan()
+/// A repair, which the user waits for, is shown before the search for problems.
+void RecordsWindow::Parts::showProgress()
 {
-    const bool isDone = scan->checked() >= document.count() && !scan->isRunning();
-    progress->setVisible(!isDone);
-    stop->setVisible(!isDone);
-    if (scan->isRunning()) {
+    const bool isRepairing = tasks->repair().isRunning();
+    const bool isChecked = scan->checked() >= document.count() && !scan->isRunning();
+    progress->setVisible(isRepairing || !isChecked);
+    stop->setVisible(isRepairing || !isChecked);
+    const auto show = [this](const QString &name, const QString &format, int value, int count) {
+        progress->setAccessibleName(name);
+        progress->setFormat(format);
+        progress->setRange(0, count);
+        progress->setValue(value);
+    };
+    if (isRepairing) {
+        show(u"Records looked at for repairs"_s, u"Repairing: %p %"_s, repaired.first,
+             repaired.second);
         stop->setText(u"Stop"_s);
-        stop->setPurpose(u"Stops the search for problems."_s);
+        stop->setPurpose(u"Stops the repairs. No record is changed then."_s);
     } else {
-        stop->setText(u"Go On"_s);
-        stop->setPurpose(u"Goes on with the search for problems."_s);
+        show(u"Records checked"_s, u"Checking: %p %"_s, scan->checked(), document.count());
+        stop->setText(scan->isRunning() ? u"Stop"_s : u"Go On"_s);
+        stop->setPurpose(scan->isRunning() ? u"Stops the search for problems."_s
+                                           : u"Goes on with the search for problems."_s);
     }
     showCounts();
 }

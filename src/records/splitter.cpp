@@ -36,9 +36,33 @@ Splitter::Splitter(QByteArrayView file, const LineCosts &costs, const Progress &
 {
 }
 
-std::optional<std::vector<qsizetype>> Splitter::split()
+std::optional<qsizetype> Splitter::middle(QByteArrayView file, const LineCosts &costs)
+{
+    const qsizetype end = file.indexOf('\n', file.size() / 2);
+    if (end < 0) {
+        return std::nullopt;
+    }
+    const Progress none;
+    Splitter behind(file.sliced(end + 1), costs, none);
+    for (qsizetype line = 0; line < 2 * behind.m_length; ++line) {
+        bool isInStep = true;
+        for (int record = 0; isInStep && record <= kRecordsBefore; ++record) {
+            isInStep = behind.isLikely(line + (qsizetype(record) * behind.m_length));
+        }
+        if (isInStep) {
+            return end + 1 + behind.startOf(line);
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<std::vector<qsizetype>> Splitter::split(qsizetype until)
 {
     while (has(m_line) && mayGoOn()) {
+        if (startOf(m_line) == until) {
+            m_isAt = true;
+            break;
+        }
         if (isLikely(m_line)) {
             begin(m_line);
             m_line += m_length;

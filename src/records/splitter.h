@@ -18,8 +18,15 @@ class Splitter
 public:
     Splitter(QByteArrayView file, const LineCosts &costs, const Progress &progress);
 
+    /// A byte near the middle where some records start that are in step; nothing if there is none.
+    static std::optional<qsizetype> middle(QByteArrayView file, const LineCosts &costs);
+
     /// Where records start; nothing if `progress` stopped it.
-    std::optional<std::vector<qsizetype>> split();
+    /// \param until it stops if a record starts at this byte, see isAt()
+    std::optional<std::vector<qsizetype>> split(qsizetype until = -1);
+    /// Whether it stopped at that byte. What is behind can be divided by itself then, if some
+    /// records there are in step: these are all that the damage behind them is compared with.
+    bool isAt() const { return m_isAt; }
 
 private:
     struct Sample
@@ -59,6 +66,7 @@ private:
     std::vector<qsizetype> m_starts;
     qsizetype m_asked = 0; ///< how many bytes had been read when `m_progress` was asked last
     bool m_isStopped = false;
+    bool m_isAt = false;
 };
 
 } // namespace tarvold::records

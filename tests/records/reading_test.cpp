@@ -1,5 +1,6 @@
 #include "records/damage.h"
 #include "records/reading.h"
+#include "records/splitter.h"
 
 #include <gtest/gtest.h>
 
@@ -128,6 +129,36 @@ TEST(SplitIntoRecords, NamesTheFieldsThatATruncatedLastRecordLacks)
     for (int field = 0; field < 36; ++field) {
         EXPECT_EQ(found.back().layout().lineOfField[std::size_t(field)], field < 20 ? field : -1);
     }
+}
+
+/// A large file is divided by two threads.
+TEST(SplitIntoRecords, DividesALargeFileAsInOneGo)
+{
+    Random random(17);
+    const Catalog &catalog = Catalog::of(DataFileKind::NormalEndings);
+    const QByteArray sound = randomFile(random, DataFileKind::NormalEndings, 10000);
+    ASSERT_GT(sound.size(), 4 << 20);
+    int together = 0;
+    for (int round = 0; round < 60; ++round) {
+        QByteArray file = sound;
+        for (int fault = below(random, 6); fault > 0; --fault) {
+            // Most faults are near the place where the second thread begins.
+            const int reach = round % 3 == 0 ? int(file.size() / 2) : 6000;
+            const auto place = file.size() / 2 - reach / 2 + below(random, reach);
+            const auto from = file.indexOf('\n', place) + 1;
+            file.remove(from, file.indexOf('\n', from) + 1 - from);
+        }
+        const records::Progress none;
+        const records::LineCosts &costs = records::LineCosts::of(catalog.kind());
+        const auto expected = records::Splitter(file, costs, none).split();
+        ASSERT_EQ(splitIntoRecords(file, catalog), expected) << "round " << round;
+        if (const auto middle = records::Splitter::middle(file, costs)) {
+            records::Splitter first(file, costs, none);
+            static_cast<void>(first.split(*middle));
+            together += first.isAt() ? 1 : 0;
+        }
+    }
+    EXPECT_GT(together, 30) << "the second thread hardly ever helps";
 }
 
 TEST(SplitIntoRecords, AsksOnTheWayAndCanBeStopped)

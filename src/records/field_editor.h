@@ -41,7 +41,7 @@ public:
     /// The line for what is pending.
     QString pendingLine() const;
     /// Takes what is pending as what is there.
-    void keep() { m_shown = text(); }
+    void keep();
     /// Takes its colours from the desktop's anew.
     void followPalette();
     /// Forgets what is pending.
@@ -50,6 +50,8 @@ public:
 signals:
     /// The user left the editor, pressed Enter or picked an item.
     void finished();
+    /// Its text, or what isPending() tells, may be another.
+    void edited();
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;

@@ -25,11 +25,17 @@ using records::RecordsWindow;
 
 namespace {
 
-/// The kind of a file that a row of the main menu names.
+constexpr QStringView kSimilarTitle = u"Write A Similar One";
+
+/// The kind of a file that a row of the main menu names, if its window would not find the same.
 std::optional<DataFileKind> kindOfFile(const QString &name, DataFileKind kindOfRow)
 {
     const Result<QByteArray> bytes = readFile(name);
-    return bytes ? records::kindFor(*bytes, name, kindOfRow) : kindOfRow;
+    if (!bytes) {
+        return kindOfRow;
+    }
+    const auto kind = records::kindFor(*bytes, name, kindOfRow);
+    return kind == records::guessKind(*bytes, name).kind ? std::nullopt : kind;
 }
 
 } // namespace
@@ -122,7 +128,7 @@ void Editor::openRecords(const QString &name, std::optional<DataFileKind> kind)
     window->offerWriteSimilar();
     connect(window, &RecordsWindow::writeSimilarRequested, this,
             [this, window](const QByteArray &record, DataFileKind recordKind) {
-                writeSimilar(window, record, recordKind);
+                writeSimilar(*window, record, recordKind);
             });
 }
 
@@ -140,23 +146,30 @@ bool Editor::beginRecord(DataFileKind kind)
     return true;
 }
 
-void Editor::writeSimilar(QWidget *asking, const QByteArray &bytes, DataFileKind kind)
+bool Editor::mayWriteSimilar(RecordsWindow &asking, const records::Record &record) const
 {
-    const QString title = u"Write A Similar One"_s;
-    const records::Record record(bytes, records::Catalog::of(kind));
     for (const QString &refusal :
          {records::similar::refusal(m_screens), records::similar::refusal(record)}) {
         if (!refusal.isEmpty()) {
-            messagebox::notice(asking, title, refusal, messagebox::Blocks::Window);
-            return;
+            messagebox::notice(&asking, kSimilarTitle.toString(), refusal,
+                               messagebox::Blocks::Window);
+            return false;
         }
     }
-    if (!beginRecord(kind)) {
+    return true;
+}
+
+void Editor::writeSimilar(RecordsWindow &asking, const QByteArray &bytes, DataFileKind kind)
+{
+    const records::Record record(bytes, records::Catalog::of(kind));
+    // The screens are free while the window asks, so that another record may have begun then.
+    if (!mayWriteSimilar(asking, record) || !asking.saveFirst() ||
+        !mayWriteSimilar(asking, record) || !beginRecord(kind)) {
         return;
     }
     const QStringList notes = records::similar::fill(m_screens, record);
     if (!notes.isEmpty()) {
-        messagebox::notice(m_screens.shown(), title, notes.join(u"\n\n"_s));
+        messagebox::notice(m_screens.shown(), kSimilarTitle.toString(), notes.join(u"\n\n"_s));
     }
 }
 

@@ -13,6 +13,11 @@ namespace tarvold {
 enum class DataFileKind;
 enum class MenuEntry;
 
+namespace records {
+class Record;
+class RecordsWindow;
+} // namespace records
+
 /// The program: all screens, the flows that the main menu's buttons start, and the records windows
 /// that stand beside them.
 class Editor : public QObject
@@ -37,8 +42,11 @@ private:
     void end();
     /// Opens a records window, or shows the one that the file has already.
     void openRecords(const QString &name, std::optional<DataFileKind> kind);
-    /// Begins a new record with the values of another one. Tells the user why, if it can't.
-    void writeSimilar(QWidget *asking, const QByteArray &bytes, DataFileKind kind);
+    /// Begins a new record with the values of another one, after the window has saved its changes.
+    /// Tells the user why, if it can't.
+    void writeSimilar(records::RecordsWindow &asking, const QByteArray &bytes, DataFileKind kind);
+    /// Whether that can be done now; tells the user why not.
+    bool mayWriteSimilar(records::RecordsWindow &asking, const records::Record &record) const;
     /// Whether that shows the first screen of the record's flow.
     bool beginRecord(DataFileKind kind);
 

@@ -242,4 +242,12 @@ Unsaved askUnsaved(QWidget *parent, const QString &title, const QString &text)
     return pressed == discard ? Unsaved::Discard : Unsaved::Cancel;
 }
 
+bool askSave(QWidget *parent, const QString &title, const QString &text)
+{
+    Box box(parent, title, text, Blocks::Window);
+    QPushButton *save = box.addButton(QMessageBox::Save);
+    QPushButton *cancel = box.addButton(QMessageBox::Cancel);
+    return box.ask(save, cancel) == save;
+}
+
 } // namespace tarvold::messagebox

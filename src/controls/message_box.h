@@ -40,4 +40,8 @@ enum class Unsaved { Save, Discard, Cancel };
 /// closing the box mean Cancel. Blocks only the window of the parent.
 Unsaved askUnsaved(QWidget *parent, const QString &title, const QString &text);
 
+/// Asks whether to save changes before something else is done; returns `true` for Save. Enter means
+/// Save; Escape and closing the box mean Cancel. Blocks only the window of the parent.
+bool askSave(QWidget *parent, const QString &title, const QString &text);
+
 } // namespace tarvold::messagebox

@@ -2,6 +2,8 @@
 
 #include "records/document.h"
 
+#include <algorithm>
+
 namespace tarvold::records {
 
 Change::Change(Document &document, std::vector<Patch> patches, const QString &text, int moved)
@@ -24,18 +26,11 @@ void Change::redo()
     m_document.apply(m_patches, false);
 }
 
-void Change::own(const QByteArray &file) const
+void Change::visit(const std::function<void(Entry &)> &visitor) const
 {
-    const auto copy = [&file](std::vector<Entry> &entries) {
-        for (Entry &entry : entries) {
-            if (isPartOf(entry.bytes, file)) {
-                entry.bytes = QByteArrayView(entry.bytes).toByteArray();
-            }
-        }
-    };
     for (Patch &patch : m_patches) {
-        copy(patch.before);
-        copy(patch.after);
+        std::for_each(patch.before.begin(), patch.before.end(), visitor);
+        std::for_each(patch.after.begin(), patch.after.end(), visitor);
     }
 }
 

@@ -4,6 +4,7 @@
 
 #include <QUndoCommand>
 
+#include <functional>
 #include <utility>
 #include <vector>
 
@@ -31,9 +32,9 @@ public:
     void undo() override;
     void redo() override;
 
-    /// Copies what is still a part of the file's bytes, as the file is about to be replaced. To the
-    /// user this changes nothing.
-    void own(const QByteArray &file) const;
+    /// Calls a function with each entry that it holds. The function may let an entry share other
+    /// bytes, as the file is about to be replaced, but they must be the same to the user.
+    void visit(const std::function<void(Entry &)> &visitor) const;
 
 private:
     Document &m_document;

@@ -2,6 +2,7 @@
 
 #include "disk/read.h"
 #include "records/kind_names.h"
+#include "records/window_words.h"
 
 #include <algorithm>
 
@@ -49,6 +50,7 @@ std::optional<std::vector<Finding>> checked(QByteArrayView file, const QString &
     if (file.isEmpty()) {
         return std::vector<Finding>(); // whatever its kind
     }
+    std::vector<Finding> findings;
     if (!kind) {
         const KindAnswer answer = kindOf(file, name);
         if (!answer.kind) {
@@ -56,8 +58,14 @@ std::optional<std::vector<Finding>> checked(QByteArrayView file, const QString &
             return std::nullopt;
         }
         kind = answer.kind;
+        if (!answer.misnamed.isEmpty()) {
+            findings.push_back({1, answer.misnamed}); // of the file as a whole
+        }
     }
-    return findingsIn(file, Catalog::of(*kind));
+    for (Finding &finding : findingsIn(file, Catalog::of(*kind))) {
+        findings.push_back(std::move(finding));
+    }
+    return findings;
 }
 
 } // namespace
@@ -86,7 +94,9 @@ KindAnswer kindOf(QByteArrayView file, const QString &name)
 {
     const KindGuess guess = guessKind(file, name);
     if (guess.kind) {
-        return {.kind = guess.kind, .doubt = {}};
+        const QString misnamed =
+            guess.named ? words::misnamed(*guess.named, *guess.kind) : QString();
+        return {.kind = guess.kind, .doubt = {}, .misnamed = misnamed};
     }
     QStringList names;
     for (const DataFileKind kind : guess.likely) {
@@ -94,7 +104,8 @@ KindAnswer kindOf(QByteArrayView file, const QString &name)
     }
     return {.kind = std::nullopt,
             .doubt = u"The kind of its records is not clear: %1. Say it by --kind."_s.arg(
-                names.join(u" or "_s))};
+                names.join(u" or "_s)),
+            .misnamed = {}};
 }
 
 Outcome run(const QStringList &files, std::optional<DataFileKind> kind, const Sinks &sinks)

@@ -27,7 +27,8 @@ std::vector<Finding> findingsIn(QByteArrayView file, const Catalog &catalog);
 struct KindAnswer
 {
     std::optional<DataFileKind> kind;
-    QString doubt; ///< a sentence, if there is no kind
+    QString doubt;    ///< a sentence, if there is no kind
+    QString misnamed; ///< a sentence, if the file has the usual name of another kind
 };
 KindAnswer kindOf(QByteArrayView file, const QString &name);
 

@@ -26,7 +26,7 @@ enum class EntryState { Unchanged, Edited, Added, Moved, Deleted };
 /// the disk only by a save.
 ///
 /// Every byte of a record that nobody touched stays as it is, whatever it holds. Nothing is read or
-/// written but by open(), reload(), save(), saveAs(), copyTo() and isFileUnchanged().
+/// written but by open(), reload(), save(), saveAs(), copyTo(), takeGrowth() and isFileUnchanged().
 ///
 /// A record is known by its index among those that are shown, from 0, which changes when records
 /// before it are added or go, or by its id, which never does until the file is loaded again.
@@ -55,6 +55,8 @@ public:
 
     const QString &fileName() const { return m_name; }
     DataFileKind kind() const { return m_kind; }
+    /// What the file held when it was last loaded or saved.
+    const QByteArray &file() const { return m_file; }
     const Catalog &catalog() const { return Catalog::of(m_kind); }
     int count() const { return m_entries.count(); }
     const Entry &entry(int index) const { return m_entries.at(index); }
@@ -88,9 +90,10 @@ public:
     /// \}
 
     /// Replaces the file atomically, see rewriteFile(). Deleted records are no longer shown then,
-    /// but undoing their deletion brings them back.
-    /// \param mayOverwrite asked if another program changed the file; without it, or if it says no,
-    ///        the error says `ChangedByAnother`
+    /// but undoing their deletion brings them back. What was only added to the end of the file
+    /// since it was loaded is kept, see takeGrowth().
+    /// \param mayOverwrite asked if the file was changed in any other way; without it, or if it
+    ///        says no, the error says `ChangedByAnother`
     /// \return see isInFile(); all changes are kept after any other error
     [[nodiscard]] Result<void> save(const std::function<bool()> &mayOverwrite);
 
@@ -105,6 +108,15 @@ public:
     /// Appends records to the end of another file, see appendToFile(), each with its line end. If
     /// that file's last line has no end, it gets one first.
     [[nodiscard]] Result<void> copyTo(const QString &name, const std::vector<int> &indexes) const;
+
+    /// Takes over what was added to the end of the file since it was loaded or saved, such as by
+    /// the screens of the editor. It comes behind all other records, as what the file holds and no
+    /// change: all changes stay, and so does what can be undone.
+    ///
+    /// Where the file changed in another way, or where a record of any step to undo would run into
+    /// the one added behind it for want of a line end, nothing is done.
+    /// \return how many records came
+    int takeGrowth();
 
     /// Whether the file still holds what was loaded or saved last.
     bool isFileUnchanged() const;
@@ -153,6 +165,10 @@ private:
     bool isGone(const Entry &entry) const { return entry.isDeleted && originOf(entry.id) < 0; }
     QByteArrayView original(int origin) const;
     bool isOutOfPlace(int index) const;
+
+    bool isEndedBefore(QByteArrayView added) const;
+    void adopt(const QByteArray &longer, const std::vector<qsizetype> &starts);
+    void visitChanges(const std::function<void(Entry &)> &visitor) const;
 
     QByteArray joined() const;
     void takeOver(const QString &name, const QByteArray &bytes);

@@ -54,10 +54,18 @@ bool Document::isInFile(const Result<void> &saved)
 
 Result<void> Document::save(const std::function<bool()> &mayOverwrite)
 {
-    const QByteArray bytes = joined();
+    constexpr int kMostGrowths = 10; // a file that grows all the time is not waited for
+    const auto isRefused = [](const Result<void> &result) {
+        return !result && result.error().outcome == FileOutcome::ChangedByAnother;
+    };
+    QByteArray bytes = joined();
     Result<void> written = rewriteFile(m_name, bytes, m_file);
-    if (!written && written.error().outcome == FileOutcome::ChangedByAnother && mayOverwrite &&
-        mayOverwrite()) {
+    for (int growths = 0; isRefused(written) && growths < kMostGrowths && takeGrowth() > 0;
+         ++growths) {
+        bytes = joined();
+        written = rewriteFile(m_name, bytes, m_file);
+    }
+    if (isRefused(written) && mayOverwrite && mayOverwrite()) {
         written = rewriteFile(m_name, bytes);
     }
     if (isInFile(written)) {
@@ -163,9 +171,11 @@ void Document::hide(const std::vector<std::pair<int, int>> &runs)
 /// free then.
 void Document::rebase(const QByteArray &bytes)
 {
-    for (int index = 0; index < m_undo.count(); ++index) {
-        static_cast<const Change *>(m_undo.command(index))->own(m_file);
-    }
+    visitChanges([this](Entry &entry) {
+        if (isPartOf(entry.bytes, m_file)) {
+            entry.bytes = QByteArrayView(entry.bytes).toByteArray();
+        }
+    });
     std::fill(m_origins.begin(), m_origins.end(), -1);
     m_starts.clear();
     qsizetype start = 0;

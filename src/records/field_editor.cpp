@@ -31,6 +31,7 @@ FieldEditor::FieldEditor(const KnownField &known, QWidget *parent) : QObject(par
         m_box = new WrappedBox(parent);
         m_control = m_box;
         connect(m_box, &WrappedBox::left, this, &FieldEditor::finished);
+        connect(m_box, &QTextEdit::textChanged, this, &FieldEditor::edited);
     } else {
         m_combo = new ComboBox(parent);
         m_control = m_combo;
@@ -41,6 +42,7 @@ FieldEditor::FieldEditor(const KnownField &known, QWidget *parent) : QObject(par
         m_combo->markUnlisted(u"Not in the list."_s);
         connect(qobject_cast<TextBox *>(m_combo->lineEdit()), &TextBox::left, this,
                 &FieldEditor::finished);
+        connect(m_combo, &QComboBox::editTextChanged, this, &FieldEditor::edited);
         connect(m_combo, &ComboBox::chosen, this, [this] {
             m_long.clear(); // what was too long to be edited is replaced
             m_combo->lineEdit()->setReadOnly(false);
@@ -58,6 +60,12 @@ QString FieldEditor::text() const
     }
     const QString shown = m_combo->currentText();
     return !m_long.isEmpty() && shown == beginningAndEnd(m_long) ? m_long : shown;
+}
+
+void FieldEditor::keep()
+{
+    m_shown = text();
+    emit edited();
 }
 
 void FieldEditor::setText(const QString &text)
@@ -108,6 +116,7 @@ void FieldEditor::show(const std::optional<QString> &line)
     }
     if (wasPending) {
         m_shown = shown;
+        emit edited();
         return;
     }
     setText(shown);

@@ -56,6 +56,8 @@ public:
 signals:
     /// The user left the editor, pressed Enter or picked an item.
     void finished();
+    /// Its text, or what isPending() tells, may be another.
+    void edited();
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;

@@ -99,6 +99,7 @@ KindGuess guessKind(QByteArrayView file, const QString &fileName)
     const auto named = kindOfName(fileName);
     if (guess.likely.size() == 1) {
         guess.kind = guess.likely.front();
+        guess.named = named != guess.kind ? named : std::nullopt;
     } else if (named && std::count(guess.likely.begin(), guess.likely.end(), *named) > 0) {
         guess.kind = named;
     }

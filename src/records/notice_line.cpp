@@ -53,6 +53,11 @@ void NoticeLine::tell(const QString &text)
     announceInsteadOf(before, text);
 }
 
+void NoticeLine::announce(const QString &text)
+{
+    announceInsteadOf({}, text);
+}
+
 void NoticeLine::announceInsteadOf(const QString &before, const QString &text)
 {
     if (m_unsaid == before) {

@@ -24,6 +24,8 @@ public:
     void notice(const QString &text, bool offersReload);
     /// Says what was done.
     void tell(const QString &text);
+    /// Announces a text that is shown elsewhere.
+    void announce(const QString &text);
     /// Gives the focus to the button. No proxy of the line's own focus does that, as Tab would stop
     /// at a hidden button.
     void focusReload();

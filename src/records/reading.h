@@ -39,6 +39,8 @@ struct KindGuess
 {
     std::optional<DataFileKind> kind; ///< nothing if several are about as likely
     std::vector<DataFileKind> likely; ///< those that are, the likeliest first; never empty
+    /// What the game takes such a file for by its name, if `kind` is clearly another.
+    std::optional<DataFileKind> named = {};
 };
 
 /// Guesses the kind of a file from its content first, and from its name where the content fits

@@ -34,6 +34,10 @@ RecordFieldsView::RecordFieldsView(QWidget *parent) : QWidget(parent), m_pane(ne
     m_pane->setObjectName(u"fields"_s);
     // Else texts would wrap anew whenever the bar comes or goes.
     m_pane->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    // Once for all editors, which get other texts when another record is shown.
+    m_pendingTimer.setSingleShot(true);
+    m_pendingTimer.setInterval(0);
+    connect(&m_pendingTimer, &QTimer::timeout, this, &RecordFieldsView::pendingChanged);
 }
 
 RecordFieldsView::~RecordFieldsView()
@@ -137,6 +141,11 @@ FieldEditor *RecordFieldsView::newEditor(QGridLayout &grid, const KnownField &kn
     editor->control().setObjectName(u"field"_s + number);
     controls::describe(editor->control(), known.caption, u"Line "_s + number);
     connect(editor, &FieldEditor::finished, this, [this, field] { commitField(field); });
+    connect(editor, &FieldEditor::edited, this, [this] {
+        if (!m_pendingTimer.isActive()) {
+            m_pendingTimer.start();
+        }
+    });
     return editor;
 }
 
@@ -145,6 +154,7 @@ void RecordFieldsView::showRecord(const Record &record)
     clear();
     updateRecord(record);
     m_pane->verticalScrollBar()->setValue(0);
+    revealMatchSoon();
 }
 
 void RecordFieldsView::updateRecord(const Record &record)
@@ -159,13 +169,16 @@ void RecordFieldsView::updateRecord(const Record &record)
     }
     fill(record);
     showSurplus(record);
+    markMatches();
     setUpdatesEnabled(true);
 }
 
 void RecordFieldsView::fill(const Record &record)
 {
+    m_lines.clear();
     for (int field = 0; field < record.catalog().fieldCount(); ++field) {
-        m_form->rows.at(std::size_t(field)).editor->show(record.lineText(field));
+        m_lines.push_back(record.lineText(field));
+        m_form->rows.at(std::size_t(field)).editor->show(m_lines.back());
     }
 }
 
@@ -173,10 +186,14 @@ void RecordFieldsView::showSurplus(const Record &record)
 {
     m_lineOfField = record.layout().lineOfField;
     std::vector<QStringList> told(m_form->rows.size());
+    m_surplusLines.clear();
+    m_surplus.clear();
     for (const int line : record.layout().surplus) {
         QStringList &here = told.at(rowBehind(line));
         if (here.size() < kMostSurplus) {
             const QString text = codepage::decode(record.lines().at(std::size_t(line)).text);
+            m_surplusLines.push_back(line);
+            m_surplus << text;
             here << u"Line too many: \"%1\""_s.arg(longtext::quoted(text, kMostOfASurplusLine));
         } else if (here.size() == kMostSurplus) {
             here << u"And more."_s;
@@ -220,9 +237,7 @@ void RecordFieldsView::showNote(const Row &row, const QString &note)
     }
     row.note->setText(shown);
     row.note->setVisible(!note.isEmpty());
-    const QString line = u"Line "_s + row.number->text();
-    controls::describe(row.editor->control(), row.editor->known().caption,
-                       note.isEmpty() ? line : line + u". "_s + note);
+    describe(row);
 }
 
 void RecordFieldsView::recolour(const Form &form)

@@ -3,6 +3,7 @@
 #include "records/problems.h"
 #include "records/record.h"
 
+#include <QTimer>
 #include <QWidget>
 
 #include <memory>
@@ -29,6 +30,9 @@ class RecordFieldsView : public QWidget
 {
     Q_OBJECT
 public:
+    /// The text of each field's line; nothing where it is missing.
+    using Lines = std::vector<std::optional<QString>>;
+
     explicit RecordFieldsView(QWidget *parent = nullptr);
     ~RecordFieldsView() override;
     Q_DISABLE_COPY_MOVE(RecordFieldsView)
@@ -51,6 +55,17 @@ public:
     bool commit();
     bool hasPending() const;
 
+    const Lines &lines() const { return m_lines; }
+    /// The field whose line differs from another record's: this one if it does, else the first.
+    std::optional<int> differenceTo(const Lines &other, int field) const;
+    QString captionOf(int field) const;
+
+    /// Marks the lines that hold a text, whatever the letter case, and scrolls to the first of
+    /// them, now and in each record that is shown from now on. An empty text ends that.
+    void setSearch(const QString &text);
+    /// The next line that holds it behind the one with the focus, round the end.
+    std::optional<int> nextMatch() const;
+
     /// Gives the focus to a field's editor.
     void goToField(int field);
     /// Goes to the field of a line of the record, from 0, or scrolls to a surplus line.
@@ -62,9 +77,12 @@ signals:
     void lineEdited(int field, const QByteArray &line);
     /// A text could not be kept, and its editor has to be in sight for the message.
     void refused(int field);
+    /// What hasPending() tells may have changed.
+    void pendingChanged();
 
 protected:
     void changeEvent(QEvent *event) override;
+    void showEvent(QShowEvent *event) override;
 
 private:
     struct Row
@@ -74,6 +92,7 @@ private:
         QLabel *caption;
         FieldEditor *editor; ///< null in the last row, behind the last field
         QLabel *note;        ///< what is wrong; hidden if nothing
+        bool isMatch;        ///< holds the text that is searched for
     };
     /// The rows of one kind.
     struct Form
@@ -95,6 +114,12 @@ private:
     /// The row before whose field a surplus line stands.
     std::size_t rowBehind(int line) const;
     static void showNote(const Row &row, const QString &note);
+    static void describe(const Row &row);
+    bool isMatch(const QString &line) const;
+    void markMatches();
+    void mark(Row &row, bool isMatch) const;
+    void revealMatchSoon();
+    void revealMatch();
     static void recolour(const Form &form);
     bool commitField(int field);
     void refuse(int field, char32_t character);
@@ -103,7 +128,13 @@ private:
     ScrollPane *m_pane;
     std::unique_ptr<Form> m_form;   ///< null until the first record is shown
     std::vector<int> m_lineOfField; ///< see Layout
-    bool m_isRefusing = false;      ///< a message is shown, or about to be
+    Lines m_lines;
+    QStringList m_surplus;           ///< the lines that hold no field
+    std::vector<int> m_surplusLines; ///< the same by their numbers, from 0
+    QString m_search;
+    bool m_mustReveal = false; ///< the first line that holds it is to be scrolled to
+    QTimer m_pendingTimer;
+    bool m_isRefusing = false; ///< a message is shown, or about to be
 };
 
 } // namespace tarvold::records

@@ -6,6 +6,7 @@
 #include "records/document.h"
 #include "records/preview.h"
 #include "records/problem_scan.h"
+#include "records/record_list_view.h"
 
 #include <QApplication>
 #include <QFont>
@@ -103,6 +104,9 @@ int RecordListModel::columnCount(const QModelIndex &parent) const
 
 QVariant RecordListModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
+    if (orientation == Qt::Horizontal && role == RecordListView::kLongestText && section == State) {
+        return QLatin1StringView(rowOfState(EntryState::Deleted).word);
+    }
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section < 0 ||
         section > problemColumn()) {
         return {};
@@ -122,7 +126,10 @@ QVariant RecordListModel::data(const QModelIndex &index, int role) const
     }
     switch (role) {
     case Qt::DisplayRole:
-        return textAt(record, index.column());
+        // Below its head a number is enough.
+        return index.column() == problemColumn() && m_scan.countAt(record) > 0
+                   ? QString::number(m_scan.countAt(record))
+                   : textAt(record, index.column());
     case Qt::ForegroundRole:
         return colourOf(record, index.column());
     case Qt::FontRole:

@@ -47,7 +47,8 @@ public:
     /// Shows the records in which a text stands, see SearchText. The first of them are shown when
     /// this returns. A search that runs is over.
     void setSearch(const QString &text);
-    /// Shows only records with problems, as they are found.
+    /// Shows only records with problems, as they are found, and those that are deleted but still in
+    /// the file.
     void setOnlyProblems(bool isOnly);
     bool isFiltered() const { return m_isOnlyProblems || !m_search.isEmpty(); }
     bool isSearching() const { return m_isSearching; }

@@ -34,8 +34,8 @@ bool RecordListModel::isWanted(int index)
     if (entry.id == m_kept) {
         return true;
     }
-    const bool isFound =
-        (!m_isOnlyProblems || m_scan.countAt(index) > 0) && m_search.isIn(entry.bytes);
+    const bool isFound = (!m_isOnlyProblems || m_scan.countAt(index) > 0 || entry.isDeleted) &&
+                         m_search.isIn(entry.bytes);
     m_kept = isFound && entry.id == m_chosen ? m_chosen : m_kept;
     return isFound;
 }

@@ -10,6 +10,7 @@
 #include <QToolTip>
 
 #include <algorithm>
+#include <utility>
 
 namespace tarvold::records {
 
@@ -18,6 +19,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kMostCharacters = 32; ///< of a column, before the user makes it wider
+constexpr int kLeastCharacters = 9; ///< of a column, even if others are out of sight then
 constexpr int kPadding = 4;         ///< between a text and the edge of its cell
 
 /// Draws cells with some room beside their texts, and shows a text that is too wide for its cell as
@@ -73,6 +75,7 @@ RecordListView::RecordListView(QWidget *parent) : QTreeView(parent)
     header()->setSectionsMovable(false);
     header()->setSortIndicatorClearable(true);
     header()->setHighlightSections(false);
+    connect(header(), &QHeaderView::sortIndicatorChanged, this, &RecordListView::widenSorted);
 }
 
 void RecordListView::setModel(QAbstractItemModel *model)
@@ -127,12 +130,73 @@ void RecordListView::showBeside(int column, int place)
     header()->moveSection(header()->visualIndex(column), place);
 }
 
+void RecordListView::fitColumns(int first, int last)
+{
+    m_first = first;
+    m_last = last;
+    fitColumns();
+}
+
 void RecordListView::fitColumns()
 {
     const int most = fontMetrics().averageCharWidth() * kMostCharacters;
+    const int least = fontMetrics().averageCharWidth() * kLeastCharacters;
+    std::vector<int> widths;
+    std::vector<int> leastWidths;
+    header()->setSortIndicatorShown(false); // its room is taken from the heads only while sorted
     for (int column = 0; column < model()->columnCount(); ++column) {
-        resizeColumnToContents(column);
-        setColumnWidth(column, std::min(columnWidth(column), most));
+        const int head = header()->sectionSizeHint(column);
+        const QString longest =
+            model()->headerData(column, Qt::Horizontal, kLongestText).toString();
+        const int content = std::max(sizeHintForColumn(column),
+                                     fontMetrics().horizontalAdvance(longest) + 4 * kPadding);
+        widths.push_back(std::max(std::min(content, most), head));
+        leastWidths.push_back(std::max(least, head));
+    }
+    header()->setSortIndicatorShown(true);
+    narrow(widths, leastWidths);
+    for (int column = 0; column < model()->columnCount(); ++column) {
+        setColumnWidth(column, widths.at(std::size_t(column)));
+    }
+    widenSorted();
+}
+
+/// Makes the widest of the columns that should be in sight narrower until all of them are, or are
+/// as narrow as makes sense.
+void RecordListView::narrow(std::vector<int> &widths, const std::vector<int> &least) const
+{
+    int excess = -viewport()->width();
+    for (int column = 0; column < int(widths.size()); ++column) {
+        const bool isBehind = header()->visualIndex(column) > header()->visualIndex(m_last);
+        excess += isBehind ? 0 : widths.at(std::size_t(column));
+    }
+    for (; excess > 0; --excess) {
+        std::size_t widest = std::size_t(m_first);
+        for (auto column = widest; column <= std::size_t(m_last); ++column) {
+            widest =
+                widths[column] - least[column] > widths[widest] - least[widest] ? column : widest;
+        }
+        if (widths[widest] <= least[widest]) {
+            return;
+        }
+        --widths[widest];
+    }
+}
+
+/// The sort indicator takes no room from the head of its column.
+void RecordListView::widenSorted()
+{
+    const int column = header()->sortIndicatorSection();
+    if (column >= 0 && column < header()->count()) {
+        setColumnWidth(column, std::max(columnWidth(column), header()->sectionSizeHint(column)));
+    }
+}
+
+void RecordListView::showEvent(QShowEvent *event)
+{
+    QTreeView::showEvent(event);
+    if (!event->spontaneous() && !std::exchange(m_isFitted, true) && m_first <= m_last) {
+        fitColumns(); // now the room is known
     }
 }
 

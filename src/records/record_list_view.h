@@ -33,8 +33,14 @@ public:
     /// Shows a column in another place, from 0 at the left.
     void showBeside(int column, int place);
 
-    /// Gives the columns the widths that their heads and first rows need.
-    void fitColumns();
+    /// Gives the columns the widths that their heads and first rows need. Does so again when the
+    /// list is shown first, as only then its room is known.
+    /// \param first, last columns that should be in sight; they are made narrower for that
+    void fitColumns(int first, int last);
+
+    /// The role of a head for the longest text that its column may come to show; none: that is not
+    /// known.
+    static constexpr int kLongestText = Qt::UserRole;
 
     void dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
                      const QList<int> &roles = {}) override;
@@ -44,8 +50,16 @@ protected:
     void paintEvent(QPaintEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
+    void showEvent(QShowEvent *event) override;
 
 private:
+    void fitColumns();
+    void narrow(std::vector<int> &widths, const std::vector<int> &least) const;
+    void widenSorted();
+
+    int m_first = 0;
+    int m_last = -1;         ///< see fitColumns(); before the first call there are none
+    bool m_isFitted = false; ///< to the room that it has
     QString m_placeholder;
 };
 

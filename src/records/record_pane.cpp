@@ -6,7 +6,6 @@
 #include "records/pane_scroll.h"
 #include "records/preview.h"
 #include "records/problem_list.h"
-#include "records/record_fields_view.h"
 #include "records/record_tabs.h"
 #include "records/shown_view.h"
 
@@ -70,6 +69,7 @@ RecordPane::RecordPane(QWidget *parent)
         }
     });
     connect(m_fields, &RecordFieldsView::lineEdited, this, &RecordPane::lineEdited);
+    connect(m_fields, &RecordFieldsView::pendingChanged, this, &RecordPane::pendingChanged);
     connect(m_fields, &RecordFieldsView::refused, this, [this] { setView(View::AsWritten); });
     clear();
 }
@@ -85,8 +85,25 @@ void RecordPane::repair(const Problem &wanted)
         return identity(problem) == identity(wanted);
     });
     if (found != now.end() && !found->repair.isEmpty()) {
-        emit repairRequested(*found);
+        const Problem problem = *found;
+        const RecordFieldsView::Lines before = m_fields->lines();
+        emit repairRequested(problem);
+        showRepaired(problem, before);
     }
+}
+
+/// Goes to the line that a repair has put there or changed. Where it changed none, such as by
+/// another line end or by taking a line away, the view stays as it is.
+void RecordPane::showRepaired(const Problem &problem, const RecordFieldsView::Lines &before)
+{
+    const std::optional<int> field = m_fields->differenceTo(before, problem.field);
+    if (!field) {
+        emit said(u"Repaired."_s);
+        return;
+    }
+    goToField(*field);
+    emit said(
+        u"Repaired line %1, %2."_s.arg(QString::number(*field + 1), m_fields->captionOf(*field)));
 }
 
 RecordPane::~RecordPane()
@@ -200,6 +217,20 @@ void RecordPane::goToField(int field)
     setView(View::AsWritten);
     m_fields->goToField(field);
     m_scroll->reveal(*m_tabs);
+}
+
+void RecordPane::setSearch(const QString &text)
+{
+    m_fields->setSearch(text);
+}
+
+bool RecordPane::goToNextMatch()
+{
+    const std::optional<int> field = m_fields->nextMatch();
+    if (field) {
+        goToField(*field);
+    }
+    return field.has_value();
 }
 
 void RecordPane::goTo(const Problem &problem)

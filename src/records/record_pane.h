@@ -2,6 +2,7 @@
 
 #include "records/problems.h"
 #include "records/record.h"
+#include "records/record_fields_view.h"
 
 #include <QWidget>
 
@@ -17,7 +18,6 @@ namespace tarvold::records {
 
 class PaneScroll;
 class ProblemList;
-class RecordFieldsView;
 class RecordTabs;
 class ShownView;
 
@@ -64,6 +64,11 @@ public:
     void setView(View view);
     /// Shows the record as written, with the focus in a field's editor.
     void goToField(int field);
+    /// Marks the lines that hold a text, and scrolls to the first of them, now and in each record
+    /// that is shown from now on. An empty text ends that.
+    void setSearch(const QString &text);
+    /// Goes to the next line that holds that text, round the end. Returns whether there is one.
+    bool goToNextMatch();
     /// Shows where a problem is.
     void goTo(const Problem &problem);
 
@@ -75,11 +80,16 @@ signals:
     void lineEdited(int field, const QByteArray &line);
     /// The user wants a problem repaired.
     void repairRequested(const tarvold::records::Problem &problem);
+    /// Something was done; to be told in passing.
+    void said(const QString &text);
+    /// Whether there is text that was not left yet, see hasPending(), may have changed.
+    void pendingChanged();
 
 private:
     void addTabs();
     void tell(const Record &record);
     void repair(const Problem &wanted);
+    void showRepaired(const Problem &problem, const RecordFieldsView::Lines &before);
 
     QLabel *m_conditions;
     ProblemList *m_problems;

@@ -36,6 +36,7 @@ const std::vector<ActRow> &rows()
          "&Redo",
          {Qt::CTRL | Qt::SHIFT | Qt::Key_Z, Qt::CTRL | Qt::Key_Y}},
         {Act::Find, "&Edit", "find", "&Find", {Qt::CTRL | Qt::Key_F}, true},
+        {Act::FindNext, "&Edit", "findNext", "Find &Next In Record", {Qt::Key_F3}},
         {Act::Delete, "&Record", "delete", "&Delete", {Qt::Key_Delete}},
         {Act::Restore, "&Record", "restore", "&Restore Deleted"},
         {Act::Duplicate, "&Record", "duplicate", "D&uplicate", {Qt::CTRL | Qt::Key_D}},

@@ -19,6 +19,7 @@ enum class Act {
     Undo,
     Redo,
     Find,
+    FindNext,
     Delete,
     Restore,
     Duplicate,

@@ -87,6 +87,15 @@ void RecordsFile::take(const QByteArray &bytes, DataFileKind kind)
     m_isLoaded = true;
     emit noticed({}, false);
     emit loaded();
+    compareName();
+}
+
+/// Whether the records are what the game takes them for. A kind that the user chose is no guess.
+void RecordsFile::compareName()
+{
+    const KindGuess guess = m_kind ? KindGuess{} : guessKind(m_document.file(), m_name);
+    const bool isOther = guess.named && guess.kind == m_document.kind();
+    emit kindDoubted(isOther ? words::misnamed(*guess.named, *guess.kind) : QString());
 }
 
 void RecordsFile::fail(const FileError &error)
@@ -135,6 +144,7 @@ void RecordsFile::readAgain()
         return;
     }
     emit noticed({}, false);
+    compareName();
     emit said(u"Read the file again: %1."_s.arg(words::countOf(m_document.count())));
 }
 
@@ -157,12 +167,15 @@ void RecordsFile::follow()
         emit noticed({}, false);
         return;
     }
-    if (hasChanges()) {
+    if (!hasChanges()) {
+        readAgain();
+    } else if (const int more = m_document.takeGrowth(); more > 0) {
+        emit noticed({}, false);
+        emit said(words::grown(more));
+    } else {
         emit noticed(u"The file changed on the disk. Reload shows it as it is now and forgets "
                      "your changes."_s,
                      true);
-    } else {
-        readAgain();
     }
 }
 
@@ -203,6 +216,7 @@ void RecordsFile::finishSave(const Result<void> &saved)
 {
     m_watch.follow(m_name);
     emit noticed({}, false);
+    compareName();
     if (!saved) {
         tell(failures::notRewritten(m_name, saved.error(), {})); // the disk did not confirm it
         emit said({});
@@ -267,6 +281,18 @@ bool RecordsFile::saveAs()
     emit renamed();
     finishSave(saved);
     return true;
+}
+
+bool RecordsFile::saveFirst()
+{
+    if (!hasChanges()) {
+        return true;
+    }
+    const bool isWanted = [&] {
+        const Asking asking(*this);
+        return messagebox::askSave(&m_window, title(), words::unsavedBeforeSimilar(m_name));
+    }();
+    return isWanted && save();
 }
 
 bool RecordsFile::mayClose()

@@ -41,6 +41,9 @@ public:
     bool saveAs();
     /// Appends records, without those that are deleted, to another file that the user chooses.
     void copy(const std::vector<int> &records);
+    /// Before a record is written that is similar to one: asks to save changes, if there are any.
+    /// Returns `true` when all changes are in the file.
+    bool saveFirst();
     /// Asks what should become of changes that are not saved. Returns `false` if they stay.
     bool mayClose();
     /// Looks whether the file changed on the disk.
@@ -58,6 +61,8 @@ signals:
     void said(const QString &text);
     /// What the user should know of the file from now on; empty: nothing.
     void noticed(const QString &text, bool offersReload);
+    /// What there is to say of the kind of the records and the name of the file; empty: nothing.
+    void kindDoubted(const QString &text);
     /// The file has another name.
     void renamed();
 
@@ -65,6 +70,7 @@ private:
     class Asking;
 
     void take(const QByteArray &bytes, DataFileKind kind);
+    void compareName();
     void fail(const FileError &error);
     void readAgain();
     bool hasChanges() const;

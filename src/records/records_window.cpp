@@ -127,6 +127,11 @@ void RecordsWindow::offerWriteSimilar()
     (*m_parts->actions)[Act::WriteSimilar].setVisible(true);
 }
 
+bool RecordsWindow::saveFirst()
+{
+    return m_parts->file->saveFirst();
+}
+
 void RecordsWindow::closeEvent(QCloseEvent *event)
 {
     // Whoever opened a dialog waits for its end, and looks at the window then.

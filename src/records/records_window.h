@@ -56,6 +56,10 @@ public:
     /// not show that entry.
     void offerWriteSimilar();
 
+    /// Asks to save the changes, if there are any, before the screens of a record begin. Returns
+    /// whether they may: when all changes are in the file.
+    bool saveFirst();
+
 signals:
     /// The user wants to write a record like this one. Whoever answers tells the user why not, if
     /// it cannot be done now.

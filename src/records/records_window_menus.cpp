@@ -1,4 +1,5 @@
 #include "controls/text_box.h"
+#include "records/notice_line.h"
 #include "records/problem_scan.h"
 #include "records/record_list_model.h"
 #include "records/record_list_view.h"
@@ -34,6 +35,11 @@ void RecordsWindow::Parts::connectActions()
     on(Act::Find, [this] {
         search->setFocus(Qt::ShortcutFocusReason);
         search->selectAll();
+    });
+    on(Act::FindNext, [this] {
+        if (pane->commit() && !pane->goToNextMatch()) {
+            notice->tell(u"No line of this record holds the text of the search."_s);
+        }
     });
     on(Act::Delete, [this] { tasks->remove(); });
     on(Act::Restore, [this] { tasks->restore(); });
@@ -86,6 +92,7 @@ void RecordsWindow::Parts::enableActions()
         {Act::Undo, isLoaded && stack.canUndo()},
         {Act::Redo, isLoaded && stack.canRedo()},
         {Act::Find, isLoaded},
+        {Act::FindNext, isOne && !search->text().isEmpty()},
         // Without a selection it says so.
         {Act::Delete, selection.hasKept || (isOne && !selection.hasDeleted)},
         {Act::Restore, selection.hasDeleted},

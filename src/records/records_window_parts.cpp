@@ -53,6 +53,11 @@ RecordsWindow::Parts::Parts(RecordsWindow &whole)
     column->setContentsMargins(kMargin, kTightMargin, kMargin, kTightMargin);
     column->setSpacing(kRowGap);
     column->addLayout(newHead());
+    kindNote = newLabel({});
+    kindNote->setObjectName(u"kindNote"_s);
+    kindNote->setWordWrap(true);
+    kindNote->hide();
+    column->addWidget(kindNote);
     column->addWidget(newSearchRow());
     column->addWidget(newPages(), 1);
     column->addLayout(newFoot());
@@ -134,7 +139,7 @@ QWidget *RecordsWindow::Parts::newPages()
     failure->setObjectName(u"failure"_s);
     failure->setWordWrap(true);
     failure->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    failure->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    failure->setTextInteractionFlags(Qt::TextSelectableByMouse); // without a blinking cursor
     failure->setAccessibleName(u"Why the file can't be shown"_s);
     pages = new QStackedWidget;
     pages->addWidget(splitter);

@@ -45,6 +45,7 @@ public:
     PathLabel *path = nullptr;
     QLabel *kindLabel = nullptr;
     KindBox *kind = nullptr;
+    QLabel *kindNote = nullptr; ///< where the file's name says another kind
     QWidget *searchRow = nullptr;
     TextBox *search = nullptr;
     QCheckBox *onlyProblems = nullptr;
@@ -86,6 +87,7 @@ private:
     void showRecords();
     void showFailure(const QString &text);
     void showKindBox(bool isShown);
+    void showKindNote(const QString &text);
 };
 
 } // namespace tarvold::records

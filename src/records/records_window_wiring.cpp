@@ -43,6 +43,8 @@ void RecordsWindow::Parts::connectFile()
     });
     QObject::connect(file, &RecordsFile::said, notice, &NoticeLine::tell);
     QObject::connect(file, &RecordsFile::noticed, notice, &NoticeLine::notice);
+    QObject::connect(file, &RecordsFile::kindDoubted, &window,
+                     [this](const QString &text) { showKindNote(text); });
     QObject::connect(file, &RecordsFile::renamed, &window, [this] { showTitle(); });
     QObject::connect(notice, &NoticeLine::reloadRequested, file, &RecordsFile::reload);
     QObject::connect(kind, &KindBox::kindChosen, file, &RecordsFile::chooseKind);
@@ -73,7 +75,9 @@ void RecordsWindow::Parts::showRecords()
     if (model->sortColumn() < 0 && list->header()->sortIndicatorSection() >= 0) {
         list->showFileOrder(); // another kind ends the sort
     }
-    list->fitColumns();
+    // All but the commentary, which is as long as can be.
+    list->fitColumns(RecordListModel::Telling,
+                     std::max(int(RecordListModel::Telling), model->problemColumn() - 2));
     fillSortMenu();
     if (tasks->current() < 0 && model->rowCount() > 0 && !place->isAwaited()) {
         list->goTo(0);
@@ -92,6 +96,7 @@ void RecordsWindow::Parts::showFailure(const QString &text)
     }
     pages->setCurrentIndex(1);
     showKindBox(false);
+    showKindNote({});
     notice->focusReload();
     showTitle();
     showCounts();
@@ -104,6 +109,15 @@ void RecordsWindow::Parts::showKindBox(bool isShown)
     kind->setVisible(isShown);
 }
 
+void RecordsWindow::Parts::showKindNote(const QString &text)
+{
+    if (kindNote->text() != text) {
+        kindNote->setText(text);
+        notice->announce(text);
+    }
+    kindNote->setVisible(!text.isEmpty());
+}
+
 void RecordsWindow::Parts::showTitle()
 {
     const QString name = file->name();
@@ -112,7 +126,7 @@ void RecordsWindow::Parts::showTitle()
     // The mark of changes is written as "[*]", and so can be a file's name.
     const QString shown = QFileInfo(name).fileName().replace(u"[*]"_s, u"[*][*]"_s);
     window.setWindowTitle(shown + u"[*] - Tarvold Data Editor"_s);
-    window.setWindowModified(file->isLoaded() && document.isChanged());
+    window.setWindowModified(file->isLoaded() && (document.isChanged() || pane->hasPending()));
 }
 
 void RecordsWindow::Parts::showCounts()
@@ -139,6 +153,8 @@ void RecordsWindow::Parts::connectSearch()
         onKey(key, [this] { list->setFocus(Qt::ShortcutFocusReason); });
     }
     QObject::connect(search, &QLineEdit::textChanged, model.get(), &RecordListModel::setSearch);
+    QObject::connect(search, &QLineEdit::textChanged, pane, &RecordPane::setSearch);
+    QObject::connect(search, &QLineEdit::textChanged, &window, [this] { enableActions(); });
     QObject::connect(onlyProblems, &QCheckBox::toggled, model.get(),
                      &RecordListModel::setOnlyProblems);
 }
@@ -164,6 +180,14 @@ void RecordsWindow::Parts::connectList()
                          actions->recordMenu().popup(list->viewport()->mapToGlobal(where));
                      });
     QObject::connect(list, &QAbstractItemView::activated, &window, [this] { pane->goToField(0); });
+    QObject::connect(pane, &RecordPane::said, notice, &NoticeLine::tell);
+    QObject::connect(pane, &RecordPane::pendingChanged, &window, [this] {
+        const bool isNew = pane->hasPending() && !window.isWindowModified();
+        if (isNew) {
+            notice->tell({}); // no longer true, such as "Saved"
+        }
+        window.setWindowModified(file->isLoaded() && (document.isChanged() || pane->hasPending()));
+    });
 }
 
 void RecordsWindow::Parts::showReset()

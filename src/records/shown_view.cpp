@@ -54,9 +54,7 @@ QTextCharFormat formatOf(ShownPart::Type type, const QPalette &palette)
     QTextCharFormat format;
     format.setForeground(palette.color(QPalette::Text));
     if (type == ShownPart::Type::FilledIn) {
-        const QColor blue(0x10, 0x58, 0xB0);
-        format.setForeground(contrast::visible(blue, {behind}, contrast::kText));
-        format.setFontUnderline(true);
+        format.setUnderlineStyle(QTextCharFormat::DotLine); // a plain blue one would be a link
     } else if (type == ShownPart::Type::UnknownTag) {
         format.setForeground(contrast::visible(Qt::red, {behind}, contrast::kText));
         format.setFontWeight(QFont::Bold);
@@ -201,7 +199,7 @@ void ShownView::writeLegend(bool hasFilledIn, bool hasUnknown)
 {
     QStringList told;
     if (hasFilledIn) {
-        told << u"Underlined words are filled in."_s;
+        told << u"Words underlined with dots are filled in."_s;
     }
     if (hasUnknown) {
         told << u"Bold red words are no known tags."_s;

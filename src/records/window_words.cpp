@@ -27,10 +27,22 @@ QString notRead(const QString &name, const FileError &error)
 
 QString outdated(const QString &name)
 {
-    return u"The file \"%1\" was changed by another program after it was loaded.\n\nYes writes "
-           "your records over it, and what the other program changed is lost. After No your "
-           "changes are still here; to keep both, save them to another file with Save As.\n\n"
-           "Write over it?"_s.arg(name);
+    return u"The file \"%1\" was changed after it was loaded, by another program or by a screen of "
+           "this editor.\n\nYes writes your records over it, and what was changed there is lost. "
+           "After No your changes are still here; to keep both, save them to another file with "
+           "Save As.\n\nWrite over it?"_s.arg(name);
+}
+
+QString unsavedBeforeSimilar(const QString &name)
+{
+    return u"The file \"%1\" has changes that are not saved.\n\nSave them before you write a "
+           "similar record?"_s.arg(name);
+}
+
+QString grown(int records)
+{
+    return u"The file got %1 more, now at the end of the list. Your changes are still here; Save "
+           "writes all."_s.arg(countOf(records));
 }
 
 QString inTheWay(const QString &name)
@@ -123,6 +135,12 @@ QString tossUp(const std::vector<DataFileKind> &likely)
     }
     const QString last = kinds.takeLast();
     return u"This file may hold %1 or %2. Choose the kind above."_s.arg(kinds.join(u", "_s), last);
+}
+
+QString misnamed(DataFileKind named, DataFileKind kind)
+{
+    return u"The name says %1, but the records look like %2. The game reads this file as %1."_s.arg(
+        contentOf(named), contentOf(kind));
 }
 
 QString saved(const QString &name, int records)

@@ -12,8 +12,13 @@ namespace tarvold::records::words {
 
 /// The file could not be read, so there is nothing to show.
 QString notRead(const QString &name, const FileError &error);
-/// Another program changed the file since it was loaded: asks whether to overwrite it.
+/// Another program, or a screen of the editor, changed the file since it was loaded: asks whether
+/// to overwrite it.
 QString outdated(const QString &name);
+/// Asks whether to save the changes before the screens of a record begin with its values.
+QString unsavedBeforeSimilar(const QString &name);
+/// The file became longer while there were changes, and these records were added to them.
+QString grown(int records);
 /// Asks whether to overwrite a file that "Save As" names.
 QString inTheWay(const QString &name);
 QString notSaved();
@@ -39,6 +44,8 @@ QString notWhole(DataFileKind kind, int number);
 QString sameFile(const QString &name);
 /// The kinds that a file may be of, and that the user has to choose.
 QString tossUp(const std::vector<DataFileKind> &likely);
+/// The usual name of a file says another kind than its records.
+QString misnamed(DataFileKind named, DataFileKind kind);
 
 QString saved(const QString &name, int records);
 QString copied(const QString &name, int records);

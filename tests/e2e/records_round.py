@@ -111,6 +111,8 @@ def repair(driver):
     driver.wait_label("2 problems:")
     driver.wait_label('Put "Any" there')
     driver.wait_label(PROBLEM)
+    driver.select(PROBLEM)
+    driver.keys("Return")  # goes to the line, as the click did
     driver.picture("records-problems", of=FILE)
     driver.press("Repair")
     driver.wait_label("1 problem:")

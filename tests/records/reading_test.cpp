@@ -237,6 +237,25 @@ TEST(GuessKind, AsksWhereEveryLineIsAWordThatStandsInAllKinds)
     }
 }
 
+TEST(KindGuess, TellsWhereTheUsualNameSaysAnotherKind)
+{
+    Random random(23);
+    for (int round = 0; round < 60; ++round) {
+        const DataFileKind kind = kAllKinds[round % 6];
+        const QByteArray file = randomFile(random, kind, 5);
+        EXPECT_EQ(guessKind(file, u"mine.tvd"_s).named, std::nullopt);
+        for (const DataFileKind other : kAllKinds) {
+            const QString name = QLatin1StringView(rowOf(other).defaultName);
+            const KindGuess guess = guessKind(file, u"folder/"_s + name);
+            EXPECT_EQ(guess.kind, kind) << "round " << round;
+            EXPECT_EQ(guess.named, other == kind ? std::nullopt : std::optional(other));
+            EXPECT_EQ(guessKind(QByteArray("Any\r\n").repeated(19 * 5), name).named, std::nullopt)
+                << "nothing tells the kind of such lines";
+            EXPECT_EQ(guessKind({}, name).named, std::nullopt);
+        }
+    }
+}
+
 TEST(KindFor, TakesTheExpectedKindUnlessTheContentClearlyTellsAnother)
 {
     Random random(11);

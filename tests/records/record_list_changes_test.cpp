@@ -79,7 +79,8 @@ protected:
             const bool isShown = std::binary_search(rows.begin(), rows.end(), index);
             const bool isDamaged = !scan.problemsAt(index).empty();
             const bool isWanted =
-                wanted.isIn(document.entry(index).bytes) && (isDamaged || !m_isOnlyProblems);
+                wanted.isIn(document.entry(index).bytes) &&
+                (isDamaged || document.entry(index).isDeleted || !m_isOnlyProblems);
             problems += isDamaged ? 1 : 0;
             ASSERT_EQ(scan.countAt(index), int(scan.problemsAt(index).size())) << index;
             ASSERT_TRUE(isShown == isWanted || (isShown && document.entry(index).id == m_chosen))

@@ -106,6 +106,22 @@ TEST_F(RecordListTest, ShowsOnlyRecordsWithProblems)
     EXPECT_EQ(numbers(), "1 2 3 4");
 }
 
+TEST_F(RecordListTest, KeepsDeletedRecordsAmongThoseWithProblemsUntilTheSave)
+{
+    load({one, damaged("A"), two, damaged("Bruno")});
+    list.setOnlyProblems(true);
+    document.remove({1, 3});
+    EXPECT_EQ(numbers(), "2 4");
+    EXPECT_EQ(textAt(0, RecordListModel::State), u"Deleted");
+    list.setSearch(u"bruno"_s);
+    EXPECT_EQ(numbers(), "4");
+    list.setSearch({});
+    document.restore({1});
+    EXPECT_EQ(numbers(), "2 4");
+    ASSERT_TRUE(document.save({}));
+    EXPECT_EQ(numbers(), "2");
+}
+
 TEST_F(RecordListTest, ShowsRecordsWithProblemsAsTheyAreFound)
 {
     list.setOnlyProblems(true);

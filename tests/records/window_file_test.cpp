@@ -98,14 +98,14 @@ TEST_F(WindowFileTest, SaveAsksBeforeItOverwritesWhatAnotherProgramWrote)
 {
     open(endings(3));
     change();
-    changeOnDisk(endings(4));
+    changeOnDisk(endings(4, 2));
     EXPECT_EQ(notice(), u"The file changed on the disk. Reload shows it as it is now and forgets "
                         "your changes."_s);
     QString text;
     boxes.catchQuestion(title(), &text, Answer::No);
     press(Qt::CTRL | Qt::Key_S);
-    EXPECT_TRUE(text.contains(u"was changed by another program"_s)) << text.toStdString();
-    EXPECT_EQ(onDisk(), endings(4));
+    EXPECT_TRUE(text.contains(u"was changed after it was loaded"_s)) << text.toStdString();
+    EXPECT_EQ(onDisk(), endings(4, 2));
     EXPECT_TRUE(isChanged());
     boxes.catchQuestion(title(), &text, Answer::Yes);
     press(Qt::CTRL | Qt::Key_S);
@@ -117,7 +117,7 @@ TEST_F(WindowFileTest, ReloadAsksBeforeItForgetsChanges)
 {
     open(endings(3));
     change();
-    changeOnDisk(endings(4));
+    changeOnDisk(endings(4, 2));
     auto &reload = part<PushButton>("reload");
     QString text;
     boxes.catchQuestion(title(), &text, Answer::Enter);
@@ -174,7 +174,7 @@ TEST_F(WindowFileTest, ATextThatIsBeingTypedIsNotLostWhenTheFileChanges)
 {
     open(endings(3));
     typeInto(kCommentary, u"Typ"_s);
-    changeOnDisk(endings(4));
+    changeOnDisk(endings(4, 2));
     QTest::keyClicks(window().windowHandle() != nullptr ? QApplication::focusWidget() : nullptr,
                      u"ed"_s);
     EXPECT_EQ(fieldText(kCommentary), u"Typed"_s);

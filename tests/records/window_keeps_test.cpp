@@ -160,7 +160,7 @@ TEST_F(WindowKeepsTest, UndoingTheLastChangeFollowsTheFileAgain)
     open(endings(3));
     list().setFocus();
     press(Qt::Key_Delete);
-    changeOnDisk(endings(4));
+    changeOnDisk(endings(4, 2));
     ASSERT_TRUE(notice().startsWith(u"The file changed on the disk."_s)) << notice().toStdString();
     press(Qt::CTRL | Qt::Key_Z);
     EXPECT_TRUE(QTest::qWaitFor([this] { return list().model()->rowCount() == 4; }));

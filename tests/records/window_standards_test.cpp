@@ -65,7 +65,7 @@ TEST_F(WindowStandardsTest, EveryMenuEntryHasItsMnemonicAndNoTwoShareKeys)
             }
         }
     }
-    EXPECT_EQ(keys.size(), 14);
+    EXPECT_EQ(keys.size(), 15);
 }
 
 TEST_F(WindowStandardsTest, TabReachesEveryControlFromTopToBottom)

@@ -113,6 +113,11 @@ void Boxes::expectUnsaved(const QString &title, const QString &text, Answer answ
     m_awaited.push_back({{title, text, {u"Cancel"_s, u"Discard"_s, u"Save"_s}, answer}});
 }
 
+void Boxes::expectSave(const QString &title, const QString &text, Answer answer)
+{
+    m_awaited.push_back({{title, text, {u"Cancel"_s, u"Save"_s}, answer}});
+}
+
 void Boxes::catchFailedSave(const QString &title, QString *text, Answer answer)
 {
     m_awaited.push_back({{title, {}, {u"OK"_s, QLatin1StringView(kElsewhere)}, answer}, text});

@@ -65,6 +65,9 @@ public:
     /// Expects the question what should become of changes that are not saved.
     void expectUnsaved(const QString &title, const QString &text, Answer answer);
 
+    /// Expects the question whether to save changes before something else is done.
+    void expectSave(const QString &title, const QString &text, Answer answer);
+
     /// Runs `action` on the box that was expected last, before it is answered.
     void beforeItsAnswer(const std::function<void(QMessageBox &)> &action);
 

@@ -41,7 +41,8 @@ protected:
     void type(const char *screen, const char *name, const QString &text);
     void choose(const char *screen, const char *name, const QString &item);
 
-    /// Fails the test unless this screen is the only visible window.
+    /// Fails the test unless this screen is the only visible window but for records windows, which
+    /// stand beside the screens.
     static void expectOnly(const char *screen);
 
     /// Fails the test unless the screen has a widget with this name and control() returns it.

@@ -62,12 +62,6 @@ QString FieldEditor::text() const
     return !m_long.isEmpty() && shown == beginningAndEnd(m_long) ? m_long : shown;
 }
 
-void FieldEditor::keep()
-{
-    m_shown = text();
-    emit edited();
-}
-
 void FieldEditor::setText(const QString &text)
 {
     if (m_combo != nullptr) {
@@ -151,6 +145,7 @@ void FieldEditor::keep()
     m_line = pendingLine();
     m_shown = text();
     m_isPicked = false;
+    emit edited();
 }
 
 void FieldEditor::revert()

@@ -116,7 +116,8 @@ TEST_F(WindowRepairTest, AReloadEndsRepairsWithNothingRepaired)
 {
     open(withLf(endings(kMany)));
     startRepairs();
-    changeOnDisk(withLf(endings(3)));
+    writeFile(kFile, withLf(endings(3)));
+    press(Qt::Key_F5);
     EXPECT_FALSE(isRepairing());
     EXPECT_FALSE(isChanged());
     EXPECT_EQ(list().model()->rowCount(), 3);

@@ -10,7 +10,6 @@
 
 #include <QApplication>
 #include <QLabel>
-#include <QLayout>
 
 #include <algorithm>
 
@@ -69,17 +68,17 @@ void RecordFieldsView::markMatches()
     }
 }
 
-/// By bold letters, and to screen readers in words.
+/// By a line below number and caption, which takes no room, and to screen readers in words.
 void RecordFieldsView::mark(Row &row, bool isMatch) const
 {
     if (row.isMatch == isMatch) {
         return;
     }
     row.isMatch = isMatch;
-    QFont bold = font();
-    bold.setBold(isMatch);
+    QFont marked = font();
+    marked.setUnderline(isMatch);
     for (QLabel *label : {row.number, row.caption}) {
-        label->setFont(bold);
+        label->setFont(marked);
         label->setToolTip(isMatch ? u"Holds the text of the search."_s : QString());
     }
     describe(row);
@@ -136,7 +135,6 @@ void RecordFieldsView::revealMatch()
         return;
     }
     m_mustReveal = false;
-    m_pane->widget()->layout()->activate(); // the texts may be of another height
     const auto row = std::find_if(m_form->rows.begin(), m_form->rows.end(),
                                   [](const Row &one) { return one.isMatch; });
     if (row != m_form->rows.end()) {

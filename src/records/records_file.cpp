@@ -90,14 +90,6 @@ void RecordsFile::take(const QByteArray &bytes, DataFileKind kind)
     compareName();
 }
 
-/// Whether the records are what the game takes them for. A kind that the user chose is no guess.
-void RecordsFile::compareName()
-{
-    const KindGuess guess = m_kind ? KindGuess{} : guessKind(m_document.file(), m_name);
-    const bool isOther = guess.named && guess.kind == m_document.kind();
-    emit kindDoubted(isOther ? words::misnamed(*guess.named, *guess.kind) : QString());
-}
-
 void RecordsFile::fail(const FileError &error)
 {
     if (m_isLoaded) { // what is shown may be the only copy
@@ -108,19 +100,6 @@ void RecordsFile::fail(const FileError &error)
     const QString text = words::notRead(m_name, error);
     emit noticed(text.section(u'\n', 2, 2), true); // the cause
     emit failed(text);
-}
-
-void RecordsFile::chooseKind(DataFileKind kind)
-{
-    if (!m_isLoaded) {
-        load(m_name, kind);
-        return;
-    }
-    if (kind == m_document.kind() || (hasChanges() && !asks(words::forgetByKind(m_name, kind)))) {
-        emit loaded(); // the box shows the kind that the file has
-        return;
-    }
-    load(m_name, kind);
 }
 
 void RecordsFile::reload()

@@ -54,7 +54,7 @@ protected:
             const auto &label = part<QLabel>(qPrintable(u"caption%1"_s.arg(number)));
             const bool isTold =
                 editor(number).accessibleDescription().contains(u"Holds the text of the search."_s);
-            EXPECT_EQ(label.font().bold(), isTold) << number;
+            EXPECT_EQ(label.font().underline(), isTold) << number;
             if (isTold) {
                 numbers.push_back(number);
             }

@@ -149,11 +149,10 @@ TEST(SplitIntoRecords, DividesALargeFileAsInOneGo)
             file.remove(from, file.indexOf('\n', from) + 1 - from);
         }
         const records::Progress none;
-        const records::LineCosts &costs = records::LineCosts::of(catalog.kind());
-        const auto expected = records::Splitter(file, costs, none).split();
+        const auto expected = records::Splitter(file, catalog, none).split();
         ASSERT_EQ(splitIntoRecords(file, catalog), expected) << "round " << round;
-        if (const auto middle = records::Splitter::middle(file, costs)) {
-            records::Splitter first(file, costs, none);
+        if (const auto middle = records::Splitter::middle(file, catalog)) {
+            records::Splitter first(file, catalog, none);
             static_cast<void>(first.split(*middle));
             together += first.isAt() ? 1 : 0;
         }

@@ -174,8 +174,7 @@ TEST_F(WindowCopyTest, DeleteAndRestoreGoByTheSelection)
     ASSERT_EQ(currentRow(), 2) << "which is deleted";
     EXPECT_TRUE(action("delete").isEnabled());
     press(Qt::Key_Delete);
-    EXPECT_EQ(notice(),
-              u"Deleted 1 record. What the file holds stays in the list until it is saved."_s);
+    EXPECT_EQ(notice(), u"Deleted 1 record. The file changes only when you save."_s);
 }
 
 } // namespace

@@ -209,6 +209,14 @@ Alignment::Path Alignment::cheapestPath() const
     return path(cheapestColumn());
 }
 
+/// How the cheapest reading came to a step at a line and a column.
+unsigned Alignment::codeOf(int line, int column, Step step) const
+{
+    const std::uint8_t steps =
+        m_steps[std::size_t(line) * std::size_t(m_columns) + std::size_t(column)];
+    return (steps >> (int(step) * kBitsPerStep)) & kStepMask;
+}
+
 Alignment::Path Alignment::path(int column) const
 {
     Path path;
@@ -216,9 +224,7 @@ Alignment::Path Alignment::path(int column) const
     path.fieldOfLine.resize(std::size_t(line), -1);
     auto step = Step(m_bestStep[std::size_t(column)]);
     while (line > 0 || column > 0) {
-        const std::uint8_t steps =
-            m_steps[std::size_t(line) * std::size_t(m_columns) + std::size_t(column)];
-        const unsigned code = (steps >> (int(step) * kBitsPerStep)) & kStepMask;
+        const unsigned code = codeOf(line, column, step);
         if (step == Missing && code == kCut) {
             const Cut &cut = m_cuts[std::size_t(line)];
             column = cut.column;
@@ -236,8 +242,8 @@ Alignment::Path Alignment::path(int column) const
         if (step == Matched) {
             path.fieldOfLine[std::size_t(line - 1)] = column - 1;
         }
-        line -= step == Missing ? 0 : 1;
-        column -= step == Surplus ? 0 : 1;
+        line -= int(step != Missing);
+        column -= int(step != Surplus);
         step = before;
     }
     std::reverse(path.starts.begin(), path.starts.end());

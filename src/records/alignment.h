@@ -72,6 +72,7 @@ private:
     void passRest();
     void passMissingFrom(int from, bool isFirst);
     void chooseBest();
+    unsigned codeOf(int line, int column, Step step) const;
     Path path(int column) const;
     int cheapestColumn() const;
     std::uint8_t *lastSteps();

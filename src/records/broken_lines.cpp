@@ -108,8 +108,9 @@ private:
 /// Makes each of some lines one with the line behind it.
 void join(const Record &record, const std::vector<int> &lines, Step &step)
 {
-    for (auto line = lines.rbegin(); line != lines.rend(); ++line) {
-        const auto first = step.wholes.begin() + *line;
+    // Backwards, so that those before keep their numbers.
+    for (std::size_t left = lines.size(); left > 0; --left) {
+        const auto first = step.wholes.begin() + lines[left - 1];
         first->last = (first + 1)->last;
         step.wholes.erase(first + 1);
     }

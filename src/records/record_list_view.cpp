@@ -171,7 +171,7 @@ void RecordListView::narrow(std::vector<int> &widths, const std::vector<int> &le
         excess += isBehind ? 0 : widths.at(std::size_t(column));
     }
     for (; excess > 0; --excess) {
-        std::size_t widest = std::size_t(m_first);
+        auto widest = std::size_t(m_first);
         for (auto column = widest; column <= std::size_t(m_last); ++column) {
             widest =
                 widths[column] - least[column] > widths[widest] - least[widest] ? column : widest;

@@ -85,7 +85,7 @@ void RecordPane::repair(const Problem &wanted)
         return identity(problem) == identity(wanted);
     });
     if (found != now.end() && !found->repair.isEmpty()) {
-        const Problem problem = *found;
+        const Problem &problem = *found;
         const RecordFieldsView::Lines before = m_fields->lines();
         emit repairRequested(problem);
         showRepaired(problem, before);

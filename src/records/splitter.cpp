@@ -43,7 +43,7 @@ std::optional<qsizetype> Splitter::middle(QByteArrayView file, const Catalog &ca
     }
     const Progress none;
     Splitter behind(file.sliced(end + 1), catalog, none);
-    for (qsizetype line = 0; line < 2 * behind.m_length; ++line) {
+    for (qsizetype line = 0; line < qsizetype(2) * behind.m_length; ++line) {
         bool isInStep = true;
         for (int record = 0; isInStep && record <= kRecordsBefore; ++record) {
             isInStep = behind.isLikely(line + (qsizetype(record) * behind.m_length));

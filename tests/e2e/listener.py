@@ -44,7 +44,8 @@ ANNOUNCED = [
     "Inserted <talkshowname> into line 1.", "Add this talk show segment to the file?", "Saved OK.",
     # the records window
     f"Undone: Edit {ATTACKER}.", f"Done again: Edit {ATTACKER}.", PROBLEM, "1 problem.",
-    "No problems.", f"Saved 3 records to {FILE}.", *ENDING,
+    "Repaired line 15, Attacker(s) Finisher Type.", "No problems.",
+    "Repaired line 27, Commentary line 1.", f"Saved 3 records to {FILE}.", *ENDING,
 ]
 
 

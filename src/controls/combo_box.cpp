@@ -90,6 +90,7 @@ void ComboBox::showPopup()
     m_isListOpen = true;
     m_isSearchNew = true;
     const bool isAllSelected = m_box->hasSelectedText() && m_box->selectedText() == m_box->text();
+    m_selectsAgain = m_selectsAgain || isAllSelected;
     QComboBox::showPopup();
     if (isAllSelected) { // the list has taken the focus, and with it the selection
         m_box->selectAll();
@@ -103,6 +104,15 @@ void ComboBox::showPopup()
         QAccessibleEvent item(view(), QAccessible::Focus);
         item.setChild(row);
         QAccessible::updateAccessibility(&item);
+    }
+}
+
+void ComboBox::hidePopup()
+{
+    QComboBox::hidePopup();
+    if (std::exchange(m_selectsAgain, false)) {
+        // Later, as the focus is still on its way back.
+        QMetaObject::invokeMethod(m_box, &TextBox::selectFillWord, Qt::QueuedConnection);
     }
 }
 
@@ -190,6 +200,8 @@ void ComboBox::keyPressEvent(QKeyEvent *event)
 
 void ComboBox::mousePressEvent(QMouseEvent *event)
 {
+    // A window that becomes active by this click takes the focus, and the selection, only later.
+    m_selectsAgain = !isActiveWindow();
     m_box->selectAfterClickBeside(); // before the list opens and takes the focus
     QComboBox::mousePressEvent(event);
 }

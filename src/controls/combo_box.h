@@ -49,6 +49,7 @@ public:
     bool isMarked() const { return m_mark != nullptr && m_isMarked; }
 
     void showPopup() override;
+    void hidePopup() override;
 
 signals:
     /// The user picked an item in the opened list; the box already shows it.
@@ -100,7 +101,8 @@ private:
     bool m_isMarkDescribed = false;
     bool m_isListConnected = false;
     bool m_isListOpen = false;
-    bool m_isSearchNew = false; ///< no letter was typed since the list opened
+    bool m_isSearchNew = false;  ///< no letter was typed since the list opened
+    bool m_selectsAgain = false; ///< a fill word, when the list has closed
 };
 
 } // namespace tarvold

@@ -79,8 +79,10 @@ void TextBox::replaceAsOneStep(const QString &text)
 
 void TextBox::pasteFrom(QClipboard::Mode mode)
 {
-    if (!isReadOnly()) {
-        insertPasted(QGuiApplication::clipboard()->text(mode));
+    // Pasting nothing must not remove what is selected.
+    const QString pasted = QGuiApplication::clipboard()->text(mode);
+    if (!isReadOnly() && !pasted.isEmpty()) {
+        insertPasted(pasted);
     }
 }
 

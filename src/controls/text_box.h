@@ -98,6 +98,7 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
     void dragLeaveEvent(QDragLeaveEvent *event) override;
     void dropEvent(QDropEvent *event) override;
     void inputMethodEvent(QInputMethodEvent *event) override;
@@ -118,7 +119,13 @@ private:
     bool m_isFocusNew = false;       ///< a click brought the focus, and is not handled yet
     bool m_wasClicked = false;       ///< since the focus came, also back from another window
     std::optional<QPoint> m_pressed; ///< where that click began in a fill word
-    int m_cursor = 0;                ///< where the cursor was when the box lost the focus
+    struct
+    {
+        int cursor;
+        int selection; ///< -1: nothing was selected
+        int selected;
+    } m_beforeDrag{};
+    int m_cursor = 0; ///< where the cursor was when the box lost the focus
 };
 
 } // namespace tarvold

@@ -69,17 +69,29 @@ void TextBox::pasteByMouse(const QPoint &place, bool replacesAll)
 {
     deselect();
     setCursorPosition(cursorPositionAt(place));
-    if (replacesAll) {
+    if (replacesAll && !QGuiApplication::clipboard()->text(QClipboard::Selection).isEmpty()) {
         selectAll();
     }
     pasteFrom(QClipboard::Selection);
 }
 
+void TextBox::dragEnterEvent(QDragEnterEvent *event)
+{
+    m_beforeDrag = {cursorPosition(), selectionStart(), static_cast<int>(selectionLength())};
+    QLineEdit::dragEnterEvent(event);
+}
+
 void TextBox::dragLeaveEvent(QDragLeaveEvent *event)
 {
     QLineEdit::dragLeaveEvent(event);
-    if (!hasFocus()) {
-        setCursorPosition(0); // nothing was dropped, so m_cursor is still right
+    if (hasFocus()) {
+        return;
+    }
+    // Nothing was dropped. The box may have the focus as soon as its window is active again.
+    if (m_beforeDrag.selection >= 0) {
+        setSelection(m_beforeDrag.selection, m_beforeDrag.selected);
+    } else {
+        setCursorPosition(m_beforeDrag.cursor);
     }
 }
 

@@ -66,7 +66,7 @@ void CommentaryHints::update()
 
 void CommentaryHints::refresh()
 {
-    m_state = state();
+    const QStringList before = std::exchange(m_state, state()).texts;
     std::vector<Hint> shown;
     std::vector<Hint> all;
     for (const bool isMarked : {true, false}) {
@@ -86,7 +86,7 @@ void CommentaryHints::refresh()
         hints << wordsOf(hint);
     }
     m_label->showHints(hints);
-    followTold(all);
+    followTold(all, before);
     tellNew(shown);
 }
 
@@ -95,7 +95,7 @@ QString CommentaryHints::wordsOf(const Hint &hint)
     return u"Line %1: "_s.arg(hint.line + 1) + hint.text;
 }
 
-void CommentaryHints::followTold(const std::vector<Hint> &all)
+void CommentaryHints::followTold(const std::vector<Hint> &all, const QStringList &before)
 {
     const auto isIn = [](const std::vector<Hint> &hints, const Hint &hint) {
         return std::find(hints.begin(), hints.end(), hint) != hints.end();
@@ -106,9 +106,13 @@ void CommentaryHints::followTold(const std::vector<Hint> &all)
         (isIn(all, hint) ? kept : gone).push_back(hint);
     }
     for (const Hint &hint : all) {
-        const auto from = std::find_if(
-            gone.begin(), gone.end(), [&hint](const Hint &each) { return each.text == hint.text; });
-        if (from != gone.end() && !isIn(m_told, hint)) { // it moved with the text, as in a swap
+        // A swap moves it with the text of its line.
+        const auto from = std::find_if(gone.begin(), gone.end(), [&](const Hint &each) {
+            const QString text = m_state.texts.value(qsizetype(hint.line));
+            return each.text == hint.text && text == before.value(qsizetype(each.line)) &&
+                   text != before.value(qsizetype(hint.line));
+        });
+        if (from != gone.end() && !isIn(m_told, hint)) {
             gone.erase(from);
             kept.push_back(hint);
         }

@@ -72,7 +72,8 @@ private:
     /// A hint with the number of its line.
     static QString wordsOf(const Hint &hint);
     /// Forgets hints that are no more, and finds again those that moved to another line.
-    void followTold(const std::vector<Hint> &all);
+    /// \param before the texts of the lines then
+    void followTold(const std::vector<Hint> &all, const QStringList &before);
     /// Tells screen readers what they have not heard yet.
     void tellNew(const std::vector<Hint> &shown);
     /// Why a tag would be refused now; empty if it would not.

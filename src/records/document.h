@@ -167,6 +167,7 @@ private:
     bool isOutOfPlace(int index) const;
 
     bool isEndedBefore(QByteArrayView added) const;
+    bool areWhole(QByteArrayView added, const std::vector<qsizetype> &starts) const;
     void adopt(const QByteArray &longer, const std::vector<qsizetype> &starts);
     void visitChanges(const std::function<void(Entry &)> &visitor) const;
 

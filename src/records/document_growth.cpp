@@ -20,12 +20,27 @@ int Document::takeGrowth()
     }
     // Without a callback nothing stops it.
     const std::vector<qsizetype> starts = splitIntoRecords(added, catalog()).value();
+    if (!areWhole(added, starts)) {
+        return 0; // a program may be in the middle of writing a record
+    }
     const int before = count();
     const int more = int(starts.size());
     emit aboutToInsert(before, before + more - 1);
     adopt(*longer, starts);
     emit inserted(before, before + more - 1);
     return more;
+}
+
+/// Whether records that were added are whole, and the last one has a line end.
+bool Document::areWhole(QByteArrayView added, const std::vector<qsizetype> &starts) const
+{
+    bool isEach = isEnded(added);
+    for (std::size_t number = 0; isEach && number < starts.size(); ++number) {
+        const qsizetype end = number + 1 < starts.size() ? starts[number + 1] : added.size();
+        const QByteArrayView record = added.sliced(starts[number], end - starts[number]);
+        isEach = layoutOf(linesOf(record), catalog()).isWhole();
+    }
+    return isEach;
 }
 
 /// Whether whatever record may come to be the last one, now or by undo, has a line end that stays

@@ -52,7 +52,7 @@ void ListPlace::remember()
 
 void ListPlace::find()
 {
-    m_viewFound = m_view.found();
+    m_viewFound = m_view.foundByNumber();
     m_selectedFound = m_selected.found();
     m_isAwaited = !m_viewFound.empty();
     goBack();

@@ -16,6 +16,16 @@ void PlaceKeeper::remember(const std::vector<int> &records)
 
 std::vector<int> PlaceKeeper::found() const
 {
+    return find(m_kept.size() == 1);
+}
+
+std::vector<int> PlaceKeeper::foundByNumber() const
+{
+    return find(true);
+}
+
+std::vector<int> PlaceKeeper::find(bool byNumber) const
+{
     QHash<QByteArray, std::vector<int>> places;
     for (const Kept &kept : m_kept) {
         places.insert(kept.bytes, {});
@@ -28,8 +38,11 @@ std::vector<int> PlaceKeeper::found() const
     }
     std::vector<int> all;
     for (const Kept &kept : m_kept) {
-        if (const auto index = find(kept, places)) {
+        const auto index = find(kept, places);
+        if (index) {
             all.push_back(*index);
+        } else if (byNumber && kept.index < m_document.count()) {
+            all.push_back(kept.index);
         }
     }
     return all;
@@ -39,12 +52,12 @@ std::optional<int> PlaceKeeper::find(const Kept &kept,
                                      const QHash<QByteArray, std::vector<int>> &places) const
 {
     const std::vector<int> same = places.value(kept.bytes);
-    if (!same.empty()) {
-        return *std::min_element(same.begin(), same.end(), [&kept](int one, int other) {
-            return std::abs(one - kept.index) < std::abs(other - kept.index);
-        });
+    if (same.empty()) {
+        return std::nullopt;
     }
-    return kept.index < m_document.count() ? std::optional(kept.index) : std::nullopt;
+    return *std::min_element(same.begin(), same.end(), [&kept](int one, int other) {
+        return std::abs(one - kept.index) < std::abs(other - kept.index);
+    });
 }
 
 } // namespace tarvold::records

@@ -21,8 +21,10 @@ public:
     void remember(const std::vector<int> &records);
 
     /// Where the remembered records are now, in the same order; those that are gone for certain are
-    /// left out.
+    /// left out. Of several, so are those that changed: others may have their numbers by now.
     std::vector<int> found() const;
+    /// The same, but each one that changed is found by its number.
+    std::vector<int> foundByNumber() const;
 
 private:
     struct Kept
@@ -31,6 +33,7 @@ private:
         QByteArray bytes; ///< a copy: the document's own are gone after a reload
     };
 
+    std::vector<int> find(bool byNumber) const;
     std::optional<int> find(const Kept &kept,
                             const QHash<QByteArray, std::vector<int>> &places) const;
 

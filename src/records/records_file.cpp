@@ -124,7 +124,7 @@ void RecordsFile::readAgain()
     }
     emit noticed({}, false);
     compareName();
-    emit said(u"Read the file again: %1."_s.arg(words::countOf(m_document.count())));
+    emit said(words::readAgain(m_document.count()));
 }
 
 void RecordsFile::follow()
@@ -146,11 +146,13 @@ void RecordsFile::follow()
         emit noticed({}, false);
         return;
     }
-    if (!hasChanges()) {
-        readAgain();
-    } else if (const int more = m_document.takeGrowth(); more > 0) {
+    // What can be undone or done again is worth as much as changes.
+    const bool isUsed = hasChanges() || m_document.undoStack().count() > 0;
+    if (const int more = isUsed ? m_document.takeGrowth() : 0; more > 0) {
         emit noticed({}, false);
-        emit said(words::grown(more));
+        emit said(hasChanges() ? words::grown(more) : words::readAgain(m_document.count()));
+    } else if (!hasChanges()) {
+        readAgain();
     } else {
         emit noticed(u"The file changed on the disk. Reload shows it as it is now and forgets "
                      "your changes."_s,

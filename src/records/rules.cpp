@@ -42,6 +42,8 @@ std::vector<QByteArray> wordsOf(const KnownField &known)
 } // namespace
 
 Rules::Rules(const Catalog &catalog)
+    : m_costs(LineCosts::of(catalog.kind()))
+    , m_firstCommentary(catalog.firstCommentary())
 {
     for (const KnownField &known : catalog.fields()) {
         m_words.push_back(wordsOf(known));
@@ -71,6 +73,14 @@ bool Rules::takes(int field, QByteArrayView line) const
 {
     const std::vector<QByteArray> &words = m_words.at(std::size_t(field));
     return words.empty() || std::binary_search(words.begin(), words.end(), line);
+}
+
+bool Rules::isLegal(int field, QByteArrayView line) const
+{
+    constexpr int kMostOdd = 2 * LineCosts::kBit;
+    return !line.isEmpty() && takes(field, line) &&
+           (hasWords(field) || field >= m_firstCommentary ||
+            m_costs.oddnessOf(field, sortOf(line)) <= kMostOdd);
 }
 
 bool Rules::areLegal(const std::vector<Line> &record) const

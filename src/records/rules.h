@@ -1,6 +1,7 @@
 #pragma once
 
 #include "records/catalog.h"
+#include "records/line_costs.h"
 #include "records/lines.h"
 
 #include <QByteArray>
@@ -23,12 +24,9 @@ public:
     bool hasWords(int field) const { return !m_words.at(std::size_t(field)).empty(); }
     /// Whether the field takes the line: it is one of its words, or the field takes any text.
     bool takes(int field, QByteArrayView line) const;
-    /// Whether a record may hold the line there as it stands: the field takes it, and it is not
-    /// empty.
-    bool isLegal(int field, QByteArrayView line) const
-    {
-        return !line.isEmpty() && takes(field, line);
-    }
+    /// Whether a record may well hold the line there as it stands: it is not empty, and the field
+    /// takes it; no name looks like a line of commentary, but commentary may be anything.
+    bool isLegal(int field, QByteArrayView line) const;
     /// Whether lines are those of a whole record, each legal for its field.
     bool areLegal(const std::vector<Line> &record) const;
     /// Whether its list is of numbers, apart from other words that it may have.
@@ -48,6 +46,8 @@ private:
 
     explicit Rules(const Catalog &catalog);
 
+    const LineCosts &m_costs;
+    int m_firstCommentary;
     std::vector<std::vector<QByteArray>> m_words; ///< of each field, sorted; none: any text
     std::vector<TagBytes> m_tagBytes;             ///< sorted
     QStringList m_tags;

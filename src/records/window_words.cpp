@@ -148,6 +148,11 @@ QString saved(const QString &name, int records)
     return u"Saved %1 to %2."_s.arg(countOf(records), name);
 }
 
+QString readAgain(int records)
+{
+    return u"Read the file again: %1."_s.arg(countOf(records));
+}
+
 QString copied(const QString &name, int records)
 {
     return u"Copied %1 to %2."_s.arg(countOf(records), name);

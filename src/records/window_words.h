@@ -52,6 +52,8 @@ QString copied(const QString &name, int records);
 QString deleted(int records);
 /// \param left records with problems that no repair is known for
 QString repaired(int records, int left);
+/// The file is shown as it is on the disk now.
+QString readAgain(int records);
 /// "1 record", "2 records".
 QString countOf(int records);
 

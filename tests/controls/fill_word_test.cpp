@@ -198,6 +198,16 @@ TEST_F(FillWordInABox, KeepsTheCursorThatWasPlacedBeforeAnotherWindow)
     EXPECT_FALSE(box.hasSelectedText());
 }
 
+TEST_F(FillWordInABox, StaysWhenNothingIsPasted)
+{
+    QApplication::clipboard()->clear();
+    click(box);
+    ASSERT_TRUE(box.hasSelectedText());
+    QTest::keySequence(&box, QKeySequence::Paste);
+    EXPECT_EQ(box.text(), u"Any"_s);
+    EXPECT_TRUE(box.hasSelectedText());
+}
+
 TEST_F(FillWordInABox, IsReplacedByWhatTheMiddleButtonPastes)
 {
     QClipboard &clipboard = *QApplication::clipboard();

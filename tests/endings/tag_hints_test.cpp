@@ -147,6 +147,21 @@ TEST_F(TagHints, ScreenReadersHearAHintOnce)
     EXPECT_EQ(ear.told, (QStringList{kShort, u"Line 4: <nobody> is not a tag."_s}));
 }
 
+TEST_F(TagHints, ScreenReadersHearTheSameHintOfEachLineThatHasIt)
+{
+    const Ear ear(screen("Form7"));
+    write(1, u"A <nobody> x"_s);
+    write(2, u"B <nobody> y"_s);
+    write(3, u"C <nobody> z"_s);
+    for (const int line : {1, 2, 3}) {
+        click(lineBox(line));
+        EXPECT_TRUE(ear.told.contains(u"Line %1: <nobody> is not a tag."_s.arg(line))) << line;
+        lineBox(line).selectAll();
+        QTest::keyClicks(&lineBox(line), u"right"_s);
+    }
+    EXPECT_EQ(ear.told.size(), 3);
+}
+
 TEST_F(TagHints, ScreenReadersHearNothingWhileATagIsCorrected)
 {
     write(3, u"<recshrtname> wins"_s);

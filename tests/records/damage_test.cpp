@@ -1,5 +1,6 @@
 #include "records/damage.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <gtest/gtest.h>
@@ -150,6 +151,34 @@ TEST(Damage, IsNamedForCertainOnlyWhereNoOtherLineMayBeMissing)
     EXPECT_GE(percent(tally.certain, tally.missing), 20.0);
     EXPECT_EQ(tally.wrong, 0);
     EXPECT_LE(percent(tally.outside, tally.missing), 0.1);
+}
+
+/// Whether a file seems to have no damage.
+bool seemsWhole(const QByteArray &file, const Catalog &catalog)
+{
+    const std::vector<Record> records = recordsOf(file, catalog);
+    return std::all_of(records.begin(), records.end(),
+                       [](const Record &record) { return record.layout().isWhole(); });
+}
+
+TEST(Damage, ThatCancelsOutIsHardlyEverTakenForAWholeFile)
+{
+    Random random(seed());
+    for (const DataFileKindRow &row : kDataFileKinds) {
+        const Catalog &catalog = Catalog::of(row.kind);
+        const int texts = catalog.fieldCount() - catalog.firstCommentary();
+        int unseen = 0;
+        constexpr int kFiles = 200;
+        for (int round = 0; texts > 0 && round < kFiles; ++round) {
+            const auto records = randomRecords(random, catalog, Writing::Usual, 6);
+            const int record = below(random, 5);
+            const Fault doubled{record, catalog.firstCommentary() + below(random, texts), true};
+            const Fault missing{record + 1, below(random, catalog.firstCommentary()), false};
+            unseen += seemsWhole(damaged(records, {doubled, missing}), catalog) ? 1 : 0;
+        }
+        // In talk shows nearly all details are names.
+        EXPECT_LE(unseen, row.kind == DataFileKind::TalkShows ? kFiles / 5 : 0) << row.content;
+    }
 }
 
 TEST(Damage, ToTwoRecordsOfAFileIsFound)

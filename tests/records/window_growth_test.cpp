@@ -44,6 +44,35 @@ TEST_F(WindowGrowthTest, ATextThatIsBeingTypedStays)
     EXPECT_EQ(onDisk(), ending("Typed") + endings(3, 2));
 }
 
+TEST_F(WindowGrowthTest, WhatCanBeDoneAgainStaysWhenNothingIsChanged)
+{
+    open(endings(3));
+    typeInto(kCommentary, u"Typed"_s);
+    press(Qt::CTRL | Qt::Key_Z);
+    ASSERT_FALSE(isChanged());
+    changeOnDisk(endings(4));
+    EXPECT_EQ(column(u"Number"_s).size(), 4);
+    EXPECT_EQ(notice(), u"Read the file again: 4 records."_s);
+    press(Qt::CTRL | Qt::Key_Y);
+    EXPECT_TRUE(isChanged());
+    EXPECT_EQ(fieldText(kCommentary), u"Typed"_s);
+}
+
+TEST_F(WindowGrowthTest, APartOfARecordDoesNotJoinTheChanges)
+{
+    const QByteArray more = ending("Written in two parts");
+    open(endings(3));
+    typeInto(kCommentary, u"Typed"_s);
+    changeOnDisk(endings(3) + more.first(more.indexOf("Normal")));
+    EXPECT_EQ(column(u"Number"_s).size(), 3);
+    EXPECT_TRUE(part<QWidget>("reload").isVisible());
+    changeOnDisk(endings(3) + more);
+    EXPECT_EQ(column(u"Number"_s).size(), 4);
+    press(Qt::CTRL | Qt::Key_S);
+    EXPECT_EQ(onDisk(), ending("Typed") + endings(2, 2) + more);
+    EXPECT_EQ(cell(3, u"Problems"_s), QString());
+}
+
 /// The editor and a window of its file.
 class OwnFlow : public FlowTest
 {

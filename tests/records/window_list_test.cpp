@@ -183,6 +183,23 @@ TEST_F(WindowListTest, AThirdClickOnAHeadGoesBackToTheFilesOrder)
     EXPECT_EQ(column(u"Number"_s), QStringList({u"1"_s, u"2"_s, u"3"_s}));
 }
 
+TEST_F(WindowListTest, NoOtherRecordsAreSelectedWhenManyHaveGone)
+{
+    QByteArray file;
+    for (int number = 0; number < 260; ++number) {
+        file += ending((number % 2 == 0 ? "good " : "zzz ") + QByteArray::number(number));
+    }
+    open(file);
+    search(u"zzz"_s);
+    list().setFocus();
+    press(Qt::CTRL | Qt::Key_A);
+    press(Qt::Key_Delete);
+    press(Qt::CTRL | Qt::Key_S);
+    search(QString());
+    EXPECT_EQ(column(u"Number"_s).size(), 130);
+    EXPECT_EQ(list().selectionModel()->selectedRows().size(), 0);
+}
+
 TEST_F(WindowListTest, RecordsAreNotMovedInASortedList)
 {
     open(ending("Ending 1", "Tag Team") + ending("Ending 2", "Any"));

@@ -59,7 +59,7 @@ struct Taken
 class User : public QObject
 {
 public:
-    explicit User(const Session &session) : m_session(session)
+    explicit User(const Session &session)
     {
         qApp->installEventFilter(this);
         m_window = RecordsWindow::open(session.file);
@@ -224,7 +224,6 @@ private:
         tell("sort", {atOnce + then.all + shown.all, std::max({atOnce, then.wait, shown.wait})});
     }
 
-    const Session &m_session;
     RecordsWindow *m_window = nullptr;
     QAbstractItemView *m_list = nullptr;
     RecordListModel *m_model = nullptr;

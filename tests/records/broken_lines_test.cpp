@@ -28,39 +28,50 @@ bool breakLine(Random &random, RecordLines &record, int line)
     return true;
 }
 
+/// Writes the first lines of the commentary of a record; the others are blank.
+void writeCommentary(Random &random, const Catalog &catalog, RecordLines &record, int used)
+{
+    for (int line = 0; line < 10; ++line) {
+        const int field = catalog.firstCommentary() + line;
+        record[field] = line < used ? randomSentence(random, catalog, record[field - 1])
+                                    : QByteArray(kBlankLine);
+    }
+}
+
+/// Whether a repair that is told makes a record what it was.
+bool isRepairNamed(const Record &record, const QByteArray &before)
+{
+    const std::vector<Problem> problems = problemsOf(record, 2, false);
+    return std::any_of(problems.begin(), problems.end(),
+                       [&before](const Problem &problem) { return problem.repaired == before; });
+}
+
+/// Adds a file whose second record has a broken line.
+void addBroken(Score &score, const Catalog &catalog, const std::vector<RecordLines> &whole,
+               const std::vector<RecordLines> &broken)
+{
+    const QByteArray file = bytesOf(broken);
+    const auto found = recordsOf(file, catalog);
+    const bool isKept = areOthersWhole(found, broken, 1);
+    const QByteArray after = repaired(file, catalog);
+    score.files += 1;
+    score.kept += isKept ? 1 : 0;
+    score.named += isKept && isRepairNamed(found[1], bytesOf(whole[1])) ? 1 : 0;
+    score.restored += after == bytesOf(whole) ? 1 : 0;
+    score.lost += isTextLost(file, after) ? 1 : 0;
+}
+
 Score brokenLines(const Catalog &catalog, int used)
 {
     Random random(heavySeed() + unsigned(catalog.kind()));
     Score score;
     while (score.files < 150) {
-        auto records = randomRecords(random, catalog, Writing::Usual, 5);
-        for (int line = 0; line < 10; ++line) {
-            records[1][catalog.firstCommentary() + line] =
-                line < used ? randomSentence(random, catalog,
-                                             records[1][catalog.firstCommentary() + line - 1])
-                            : QByteArray(kBlankLine);
+        auto whole = randomRecords(random, catalog, Writing::Usual, 5);
+        writeCommentary(random, catalog, whole[1], used);
+        auto broken = whole;
+        if (breakLine(random, broken[1], catalog.firstCommentary() + below(random, used))) {
+            addBroken(score, catalog, whole, broken);
         }
-        const QByteArray original = bytesOf(records);
-        const QByteArray before = bytesOf(records[1]);
-        if (!breakLine(random, records[1], catalog.firstCommentary() + below(random, used))) {
-            continue;
-        }
-        const QByteArray file = bytesOf(records);
-        const auto found = recordsOf(file, catalog);
-        const bool isKept = areOthersWhole(found, records, 1);
-        const QByteArray after = repaired(file, catalog);
-        bool isNamed = false;
-        if (isKept) {
-            const std::vector<Problem> problems = problemsOf(found[1], 2, false);
-            isNamed = std::any_of(problems.begin(), problems.end(), [&](const Problem &problem) {
-                return problem.repaired == before;
-            });
-        }
-        score.files += 1;
-        score.kept += isKept ? 1 : 0;
-        score.named += isNamed ? 1 : 0;
-        score.restored += after == original ? 1 : 0;
-        score.lost += isTextLost(file, after) ? 1 : 0;
     }
     return score;
 }

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <gtest/gtest.h>
+#include <utility>
 
 namespace tarvold::records {
 namespace {
@@ -24,6 +25,24 @@ bool isCutAfter(const Record &record, int lines)
 
 constexpr int kCutRecord = 2;
 
+/// Adds a file in which one record, between others, has just its first lines.
+void addCut(Score &score, const Catalog &catalog, const std::vector<RecordLines> &records,
+            int lines)
+{
+    const QByteArray file = bytesOf(records);
+    const auto found = recordsOf(file, catalog);
+    const bool isKept = areOthersWhole(found, records, kCutRecord);
+    score.files += 1;
+    score.kept += isKept ? 1 : 0;
+    score.named += isKept && isCutAfter(found[kCutRecord], lines) ? 1 : 0;
+    const QByteArray after = repaired(file, catalog);
+    score.restored += after.startsWith(bytesOf({records[0], records[1], records[2]})) &&
+                              after.endsWith(bytesOf({records[3], records[4]}))
+                          ? 1
+                          : 0;
+    score.lost += isTextLost(file, after) ? 1 : 0;
+}
+
 /// Files in which one record, between others, was cut short behind some line.
 Score cutAtEveryLine(const Catalog &catalog, Writing writing, int from)
 {
@@ -33,18 +52,7 @@ Score cutAtEveryLine(const Catalog &catalog, Writing writing, int from)
         for (int lines = from; lines + 3 <= catalog.fieldCount(); ++lines) {
             auto records = randomRecords(random, catalog, writing, 5);
             records[kCutRecord] = records[kCutRecord].first(lines);
-            const QByteArray file = bytesOf(records);
-            const auto found = recordsOf(file, catalog);
-            const bool isKept = areOthersWhole(found, records, kCutRecord);
-            score.files += 1;
-            score.kept += isKept ? 1 : 0;
-            score.named += isKept && isCutAfter(found[kCutRecord], lines) ? 1 : 0;
-            const QByteArray after = repaired(file, catalog);
-            score.restored += after.startsWith(bytesOf({records[0], records[1], records[2]})) &&
-                                      after.endsWith(bytesOf({records[3], records[4]}))
-                                  ? 1
-                                  : 0;
-            score.lost += isTextLost(file, after) ? 1 : 0;
+            addCut(score, catalog, records, lines);
         }
     }
     return score;
@@ -146,6 +154,30 @@ TEST(HeavyDamage, AStrangeLastLineIsNamed)
     }
 }
 
+/// Whether the one problem of a record is its kind.
+bool isJustOtherKind(const Record &record, int number)
+{
+    const std::vector<Problem> problems = problemsOf(record, number, false);
+    return problems.size() == 1 && problems.front().type == Problem::Type::OtherKind;
+}
+
+/// Adds a file in which one record is of another kind.
+void addForeign(Score &score, Random &random, const Catalog &catalog, DataFileKind foreign)
+{
+    auto records = randomRecords(random, catalog, Writing::Usual, 5);
+    const auto at = std::size_t(below(random, 5));
+    records[at] = randomRecord(random, Catalog::of(foreign), Writing::Usual);
+    const QByteArray file = bytesOf(records);
+    const auto found = recordsOf(file, catalog);
+    const bool isKept = areOthersWhole(found, records, at);
+    score.files += 1;
+    score.kept += isKept ? 1 : 0;
+    score.named += isKept && isJustOtherKind(found[at], int(at) + 1) ? 1 : 0;
+    const QByteArray after = repaired(file, catalog);
+    score.restored += after == file ? 1 : 0;
+    score.lost += isTextLost(file, after) ? 1 : 0;
+}
+
 TEST(HeavyDamage, ARecordOfAnotherKindIsOneByItself)
 {
     showHeadings("Unchanged by all repairs");
@@ -155,26 +187,9 @@ TEST(HeavyDamage, ARecordOfAnotherKindIsOneByItself)
         Score score;
         for (int round = 0; round < 100; ++round) {
             const auto foreign = DataFileKind(below(random, 6));
-            if (foreign == row.kind) {
-                continue;
+            if (foreign != row.kind) {
+                addForeign(score, random, catalog, foreign);
             }
-            auto records = randomRecords(random, catalog, Writing::Usual, 5);
-            const auto at = std::size_t(below(random, 5));
-            records[at] = randomRecord(random, Catalog::of(foreign), Writing::Usual);
-            const QByteArray file = bytesOf(records);
-            const auto found = recordsOf(file, catalog);
-            const bool isKept = areOthersWhole(found, records, at);
-            bool isNamed = false;
-            if (isKept) {
-                const std::vector<Problem> problems = problemsOf(found[at], int(at) + 1, false);
-                isNamed = problems.size() == 1 && problems.front().type == Problem::Type::OtherKind;
-            }
-            score.files += 1;
-            score.kept += isKept ? 1 : 0;
-            score.named += isNamed ? 1 : 0;
-            const QByteArray after = repaired(file, catalog);
-            score.restored += after == file ? 1 : 0;
-            score.lost += isTextLost(file, after) ? 1 : 0;
         }
         show(QByteArray(row.content) + ", with a record of another kind", score);
         EXPECT_GE(score.percentOf(score.named), 95.0) << row.content;
@@ -186,6 +201,49 @@ TEST(HeavyDamage, ARecordOfAnotherKindIsOneByItself)
 /// out.
 constexpr std::array<const char *, 3> kStables = {"N/A", "Any", "The Syndicate"};
 
+/// Whether a field takes any text, and is no line of commentary.
+bool isFreeField(const Catalog &catalog, int field)
+{
+    return field < catalog.fieldCount() && catalog.fields()[std::size_t(field)].words.isEmpty() &&
+           !catalog.isCommentary(field);
+}
+
+/// Whether just the line of one field is missing.
+bool isJustMissing(const Layout &layout, int field)
+{
+    return layout.lineOfField[std::size_t(field)] == -1 && layout.surplus.empty();
+}
+
+/// Adds a file whose second record lacks the line of a field.
+void addLeftOut(Score &score, const Catalog &catalog, std::vector<RecordLines> records, int field)
+{
+    const QByteArray original = bytesOf(records);
+    records[1].removeAt(field);
+    const QByteArray file = bytesOf(records);
+    const auto found = recordsOf(file, catalog);
+    const QByteArray after = repaired(file, catalog);
+    score.restored += after == original ? 1 : 0;
+    score.lost += isTextLost(file, after) ? 1 : 0;
+    const bool isKept = areOthersWhole(found, records, 1);
+    score.files += 1;
+    score.kept += isKept ? 1 : 0;
+    score.named += isKept && isJustMissing(found[1].layout(), field) ? 1 : 0;
+}
+
+Score leftOut(Random &random, const Catalog &catalog, int field)
+{
+    Score score;
+    for (int round = 0; round < 120; ++round) {
+        const Writing writing = round % 2 == 0 ? Writing::Usual : Writing::Default;
+        auto records = randomRecords(random, catalog, writing, 3);
+        if (isFreeField(catalog, field + 1)) {
+            records[1][field + 1] = kStables[std::size_t(round % 3)];
+        }
+        addLeftOut(score, catalog, std::move(records), field);
+    }
+    return score;
+}
+
 /// The one line that the screens themselves leave out is named, whatever stands beside it.
 TEST(HeavyDamage, AFinisherOrQualityThatTheScreensLeftOutIsNamed)
 {
@@ -194,37 +252,14 @@ TEST(HeavyDamage, AFinisherOrQualityThatTheScreensLeftOutIsNamed)
         const Catalog &catalog = Catalog::of(row.kind);
         Random random(heavySeed());
         for (int field = 0; field < catalog.fieldCount(); ++field) {
-            const Coding coding = catalog.fields()[std::size_t(field)].field->coding;
+            const KnownField &place = catalog.fields()[std::size_t(field)];
+            const Coding coding = place.field->coding;
             if (coding != Coding::FinisherType && coding != Coding::QualityWord) {
                 continue;
             }
-            Score score;
-            for (int round = 0; round < 120; ++round) {
-                const Writing writing = round % 2 == 0 ? Writing::Usual : Writing::Default;
-                auto records = randomRecords(random, catalog, writing, 3);
-                if (field + 1 < catalog.fieldCount() &&
-                    catalog.fields()[std::size_t(field) + 1].words.isEmpty() &&
-                    !catalog.isCommentary(field + 1)) {
-                    records[1][field + 1] = kStables[std::size_t(round % 3)];
-                }
-                const QByteArray original = bytesOf(records);
-                records[1].removeAt(field);
-                const QByteArray file = bytesOf(records);
-                const auto found = recordsOf(file, catalog);
-                const QByteArray after = repaired(file, catalog);
-                score.restored += after == original ? 1 : 0;
-                score.lost += isTextLost(file, after) ? 1 : 0;
-                const bool isKept = areOthersWhole(found, records, 1);
-                score.files += 1;
-                score.kept += isKept ? 1 : 0;
-                score.named += isKept && found[1].layout().lineOfField[std::size_t(field)] == -1 &&
-                                       found[1].layout().surplus.empty()
-                                   ? 1
-                                   : 0;
-            }
-            const QByteArray name = QByteArray(row.content) + ", " +
-                                    catalog.fields()[std::size_t(field)].caption.toLatin1() +
-                                    " left out";
+            const Score score = leftOut(random, catalog, field);
+            const QByteArray name =
+                QByteArray(row.content) + ", " + place.caption.toLatin1() + " left out";
             show(name, score);
             EXPECT_GE(score.percentOf(score.named), 85.0) << name.constData();
             EXPECT_EQ(score.lost, 0) << name.constData();

@@ -5,6 +5,8 @@
 #include "screens/main_menu.h"
 #include "support/flow_test.h"
 
+#include <QMessageBox>
+
 namespace tarvold::testing {
 namespace {
 

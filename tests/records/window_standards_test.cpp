@@ -5,6 +5,7 @@
 #include "support/spoken.h"
 #include "support/tool_tips.h"
 
+#include <QAccessible>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>

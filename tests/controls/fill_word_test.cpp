@@ -201,6 +201,7 @@ TEST_F(FillWordInABox, KeepsTheCursorThatWasPlacedBeforeAnotherWindow)
 TEST_F(FillWordInABox, StaysWhenNothingIsPasted)
 {
     QApplication::clipboard()->clear();
+    box.setText(u"Any"_s);
     click(box);
     ASSERT_TRUE(box.hasSelectedText());
     QTest::keySequence(&box, QKeySequence::Paste);

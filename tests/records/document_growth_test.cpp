@@ -166,12 +166,22 @@ TEST_F(DocumentGrowth, AnEmptyFileGrows)
     EXPECT_TRUE(document.isFileUnchanged());
 }
 
-TEST_F(DocumentGrowth, KeepsTheBytesOfPartsOfRecordsAsWell)
+TEST_F(DocumentGrowth, AsksWhileAProgramIsInTheMiddleOfARecord)
 {
+    const QByteArray file = one + two + three;
     document.remove({1});
     append(four.first(40));
+    EXPECT_EQ(document.takeGrowth(), 0);
+    int asked = 0;
+    EXPECT_FALSE(document.save([&asked] {
+        ++asked;
+        return false;
+    }));
+    EXPECT_EQ(asked, 1);
+    EXPECT_EQ(readBack(kFile), file + four.first(40));
+    append(four.sliced(40));
     ASSERT_TRUE(document.save(noQuestion()));
-    EXPECT_EQ(readBack(kFile), one + three + four.first(40));
+    EXPECT_EQ(readBack(kFile), one + three + four);
 }
 
 /// Random changes, undos, saves and appends; what comes of them is compared with a list of hosts

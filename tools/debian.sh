@@ -5,8 +5,8 @@
 packages_run=(build-essential cmake fonts-liberation libexpected-dev ninja-build qt6-base-dev)
 # shellcheck disable=SC2034
 packages_tour=(
-    at-spi2-core dbus-daemon gir1.2-atspi-2.0 imagemagick openbox python3 python3-gi xclip xdotool
-    xvfb
+    at-spi2-core dbus-daemon gir1.2-atspi-2.0 imagemagick openbox python3 python3-gi x11-utils xclip
+    xdotool xvfb
 )
 # shellcheck disable=SC2034
 packages_test_linux=(desktop-file-utils shared-mime-info strace)
@@ -18,7 +18,7 @@ packages_test=(
     libclang-rt-14-dev libgtest-dev librsvg2-bin libxcb1-dev lintian man-db
     pkgconf shared-mime-info strace
     util-linux
-    x11-utils xauth
+    xauth
 )
 # shellcheck disable=SC2034
 packages_windows=(

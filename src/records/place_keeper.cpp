@@ -49,7 +49,7 @@ std::vector<int> PlaceKeeper::find(bool byNumber) const
 }
 
 std::optional<int> PlaceKeeper::find(const Kept &kept,
-                                     const QHash<QByteArray, std::vector<int>> &places) const
+                                     const QHash<QByteArray, std::vector<int>> &places)
 {
     const std::vector<int> same = places.value(kept.bytes);
     if (same.empty()) {

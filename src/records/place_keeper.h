@@ -34,8 +34,8 @@ private:
     };
 
     std::vector<int> find(bool byNumber) const;
-    std::optional<int> find(const Kept &kept,
-                            const QHash<QByteArray, std::vector<int>> &places) const;
+    static std::optional<int> find(const Kept &kept,
+                                   const QHash<QByteArray, std::vector<int>> &places);
 
     const Document &m_document;
     std::vector<Kept> m_kept;

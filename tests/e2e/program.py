@@ -212,8 +212,17 @@ class Program:
         raise TourError(f"waited {self._timeout} seconds for {what}")
 
     def _windows(self, title):
-        """The visible windows with this title."""
-        return self._search("--name", f"^{title}$")
+        """The visible windows with this title. xdotool knows titles of the old form only, which the
+        programs for any Linux do not set, as they do without the old library of X."""
+        return self._search("--name", f"^{title}$") or [
+            window for window in self._search("--class", "tarvold")
+            if re.fullmatch(title, self._title_of(window))]
+
+    @staticmethod
+    def _title_of(window):
+        shown = subprocess.run(["xprop", "-id", window, "_NET_WM_NAME"], capture_output=True, text=True,
+                               check=False, env=dict(os.environ, LC_ALL="C.UTF-8")).stdout
+        return shown.partition(' = "')[2].rstrip('"\n')
 
     def _search(self, *what):
         """The visible windows that match. If any window closes during a search, it fails, so retry

@@ -4,6 +4,7 @@
 #include "support/tool_tips.h"
 
 #include <QDir>
+#include <QLineEdit>
 #include <QMessageBox>
 
 #include <iterator>

@@ -66,8 +66,9 @@ TEST(RecordOfAFile, PutsAMissingLineWhereItBelongs)
         ASSERT_FALSE(record.layout().isWhole());
         const auto &found = record.layout().lineOfField;
         const auto missing = std::find(found.begin(), found.end(), -1);
-        if (endings().fields()[std::size_t(field)].field->name == fields::kAttackerStable.name ||
-            endings().fields()[std::size_t(field)].field->name == fields::kReceiverStable.name) {
+        const QLatin1StringView name(endings().fields()[std::size_t(field)].field->name);
+        if (name == QLatin1StringView(fields::kAttackerStable.name) ||
+            name == QLatin1StringView(fields::kReceiverStable.name)) {
             // The finisher type before it is likelier to be missing: the screens leave it out.
             EXPECT_EQ(missing - found.begin(), field - 1);
             continue;

@@ -3,6 +3,7 @@
 #include "disk/file.h"
 
 #include <algorithm>
+#include <functional>
 
 namespace tarvold {
 
@@ -43,6 +44,37 @@ Result<QByteArray> readToEnd(const File &file)
     }
 }
 
+Result<QByteArray> readFirst(const File &file, qsizetype size)
+{
+    QByteArray bytes(size, Qt::Uninitialized);
+    qsizetype length = 0;
+    while (length < size) {
+        const Result<qint64> count =
+            file.readAt(length, {bytes.data() + length, std::size_t(size - length)});
+        if (!count) {
+            return failure(count.error());
+        }
+        if (*count == 0) {
+            break;
+        }
+        length += *count;
+    }
+    bytes.truncate(length);
+    return bytes;
+}
+
+/// Locked, so that a record that another copy of this program is writing is not read in part.
+Result<QByteArray> readLocked(const QString &name,
+                              const std::function<Result<QByteArray>(const File &)> &read)
+{
+    return FilePath::ofOrdinary(name).and_then([&read](const FilePath &path) {
+        return File::openLocked(path, File::Access::Read)
+            .and_then(read)
+            .map_error(
+                [&path](const FileError &error) { return withPath(error, path, FileUse::Read); });
+    });
+}
+
 } // namespace
 
 bool fileExists(const QString &name)
@@ -53,13 +85,12 @@ bool fileExists(const QString &name)
 
 Result<QByteArray> readFile(const QString &name)
 {
-    // Locked, so that a record that another copy of this program is writing is not read in part.
-    return FilePath::ofOrdinary(name).and_then([](const FilePath &path) {
-        return File::openLocked(path, File::Access::Read)
-            .and_then(readToEnd)
-            .map_error(
-                [&path](const FileError &error) { return withPath(error, path, FileUse::Read); });
-    });
+    return readLocked(name, readToEnd);
+}
+
+Result<QByteArray> readBeginning(const QString &name, qsizetype size)
+{
+    return readLocked(name, [size](const File &file) { return readFirst(file, size); });
 }
 
 } // namespace tarvold

@@ -16,4 +16,8 @@ namespace tarvold {
 /// \param name as the user typed it; a relative one starts at the current folder
 [[nodiscard]] Result<QByteArray> readFile(const QString &name);
 
+/// The same for the beginning of a file, which need not be small.
+/// \param size how many bytes are read at most; fewer if the file ends before
+[[nodiscard]] Result<QByteArray> readBeginning(const QString &name, qsizetype size);
+
 } // namespace tarvold

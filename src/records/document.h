@@ -34,6 +34,9 @@ class Document : public QObject
 {
     Q_OBJECT
 public:
+    /// What takeGrowth() takes.
+    enum class Growth { WholeRecords, Anything };
+
     explicit Document(QObject *parent = nullptr);
 
     /// Loads a file. On an error the document is as it was.
@@ -115,8 +118,10 @@ public:
     ///
     /// Where the file changed in another way, or where a record of any step to undo would run into
     /// the one added behind it for want of a line end, nothing is done.
+    /// \param growth whether anything may come, or only whole records, as another program may be in
+    ///        the middle of one
     /// \return how many records came
-    int takeGrowth();
+    int takeGrowth(Growth growth = Growth::WholeRecords);
 
     /// Whether the file still holds what was loaded or saved last.
     bool isFileUnchanged() const;

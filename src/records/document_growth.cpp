@@ -8,7 +8,7 @@
 
 namespace tarvold::records {
 
-int Document::takeGrowth()
+int Document::takeGrowth(Growth growth)
 {
     const Result<QByteArray> longer = readFile(m_name);
     if (!longer || longer->size() <= m_file.size() || !longer->startsWith(m_file)) {
@@ -20,8 +20,8 @@ int Document::takeGrowth()
     }
     // Without a callback nothing stops it.
     const std::vector<qsizetype> starts = splitIntoRecords(added, catalog()).value();
-    if (!areWhole(added, starts)) {
-        return 0; // a program may be in the middle of writing a record
+    if (growth == Growth::WholeRecords && !areWhole(added, starts)) {
+        return 0;
     }
     const int before = count();
     const int more = int(starts.size());

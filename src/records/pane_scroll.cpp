@@ -1,5 +1,6 @@
 #include "records/pane_scroll.h"
 
+#include "controls/lay_out.h"
 #include "controls/sizes.h"
 
 #include <QApplication>
@@ -52,17 +53,9 @@ void PaneScroll::change(const std::function<void()> &changeIt)
     if (focus == nullptr || !focus->isVisibleTo(this)) {
         return;
     }
-    layOut();
+    layOutNow(*this);
     verticalScrollBar()->setValue(verticalScrollBar()->value() + heightOf(*focus) - before);
     reveal(*focus);
-}
-
-/// Lays the content out now, as Qt does later.
-void PaneScroll::layOut()
-{
-    m_column->activate();
-    QEvent request(QEvent::LayoutRequest);
-    QCoreApplication::sendEvent(widget(), &request);
 }
 
 QSize PaneScroll::minimumSizeHint() const
@@ -78,7 +71,7 @@ void PaneScroll::resizeEvent(QResizeEvent *event)
     emit heightChanged();
     QScrollArea::resizeEvent(event);
     if (focus != nullptr) {
-        layOut();
+        layOutNow(*this);
         reveal(*focus);
     }
 }

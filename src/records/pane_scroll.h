@@ -43,7 +43,6 @@ private:
     /// The control with the focus if it is a part of the content and in sight; else null.
     QWidget *focusInSight(const QSize &room) const;
     int heightOf(const QWidget &part) const;
-    void layOut();
 
     QVBoxLayout *m_column;
     int m_leastWidth = 0; ///< that the layout around knows

@@ -92,4 +92,9 @@ std::optional<std::vector<qsizetype>> splitIntoRecords(QByteArrayView file, cons
     return starts;
 }
 
+std::optional<qsizetype> endOfRecords(QByteArrayView beginning, const Catalog &catalog)
+{
+    return Splitter::middle(beginning, catalog);
+}
+
 } // namespace tarvold::records

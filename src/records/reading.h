@@ -34,6 +34,11 @@ using Progress = std::function<bool(double)>;
 std::optional<std::vector<qsizetype>> splitIntoRecords(QByteArrayView file, const Catalog &catalog,
                                                        const Progress &progress = {});
 
+/// Where some of the records end that begin a large file, about in the middle of these bytes. They
+/// can be divided by themselves, and so can what is behind them.
+/// \return nothing if no such place is sure
+std::optional<qsizetype> endOfRecords(QByteArrayView beginning, const Catalog &catalog);
+
 /// How likely it is that a file is of some kind.
 struct KindGuess
 {

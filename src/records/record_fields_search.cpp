@@ -36,7 +36,7 @@ std::optional<int> RecordFieldsView::differenceTo(const Lines &other, int field)
 
 QString RecordFieldsView::captionOf(int field) const
 {
-    return m_form != nullptr ? m_form->catalog->fields().at(std::size_t(field)).caption : QString();
+    return m_catalog != nullptr ? m_catalog->fields().at(std::size_t(field)).caption : QString();
 }
 
 /// Whether the text stands in a line as it was saved, or saved as UTF-8 by mistake, as in the
@@ -98,8 +98,9 @@ void RecordFieldsView::describe(const Row &row)
     controls::describe(row.editor->control(), row.editor->known().caption, text);
 }
 
-std::optional<int> RecordFieldsView::nextMatch() const
+std::optional<int> RecordFieldsView::nextMatch()
 {
+    prepare();
     if (m_form == nullptr) {
         return {};
     }
@@ -152,6 +153,7 @@ void RecordFieldsView::revealMatch()
 void RecordFieldsView::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);
+    prepare();
     if (m_mustReveal) {
         QMetaObject::invokeMethod(this, &RecordFieldsView::revealMatch, Qt::QueuedConnection);
     }

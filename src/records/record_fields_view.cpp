@@ -3,6 +3,7 @@
 #include "controls/bounded_column.h"
 #include "controls/contrast.h"
 #include "controls/controls.h"
+#include "controls/lay_out.h"
 #include "controls/long_text.h"
 #include "controls/scroll_pane.h"
 #include "controls/sizes.h"
@@ -159,37 +160,30 @@ void RecordFieldsView::showRecord(const Record &record)
 
 void RecordFieldsView::updateRecord(const Record &record)
 {
-    setUpdatesEnabled(false);
-    if (m_form == nullptr || m_form->catalog != &record.catalog()) {
+    m_catalog = &record.catalog();
+    read(record);
+    if (m_form != nullptr && m_form->catalog != m_catalog) {
         dropForm();
-        m_form = newForm(record.catalog());
-        m_pane->column().addWidget(m_form->place);
-        m_pane->setMinimumWidth(m_form->place->minimumSizeHint().width() +
-                                m_pane->verticalScrollBar()->sizeHint().width() + kRowGap);
     }
-    fill(record);
-    showSurplus(record);
-    markMatches();
-    setUpdatesEnabled(true);
+    if (m_form != nullptr || isVisible()) {
+        fill();
+    }
 }
 
-void RecordFieldsView::fill(const Record &record)
+void RecordFieldsView::read(const Record &record)
 {
+    const auto fields = std::size_t(record.catalog().fieldCount());
     m_lines.clear();
-    for (int field = 0; field < record.catalog().fieldCount(); ++field) {
-        m_lines.push_back(record.lineText(field));
-        m_form->rows.at(std::size_t(field)).editor->show(m_lines.back());
+    for (std::size_t field = 0; field < fields; ++field) {
+        m_lines.push_back(record.lineText(int(field)));
     }
-}
-
-void RecordFieldsView::showSurplus(const Record &record)
-{
+    m_notes.assign(fields, {});
     m_lineOfField = record.layout().lineOfField;
-    std::vector<QStringList> told(m_form->rows.size());
+    m_surplusAt.assign(fields + 1, {});
     m_surplusLines.clear();
     m_surplus.clear();
     for (const int line : record.layout().surplus) {
-        QStringList &here = told.at(rowBehind(line));
+        QStringList &here = m_surplusAt.at(rowBehind(line));
         if (here.size() < kMostSurplus) {
             const QString text = codepage::decode(record.lines().at(std::size_t(line)).text);
             m_surplusLines.push_back(line);
@@ -199,10 +193,37 @@ void RecordFieldsView::showSurplus(const Record &record)
             here << u"And more."_s;
         }
     }
-    for (std::size_t row = 0; row < told.size(); ++row) {
+}
+
+/// Shows the record in the rows, which are made first where the kind has none yet.
+void RecordFieldsView::fill()
+{
+    setUpdatesEnabled(false);
+    if (m_form == nullptr) {
+        m_form = newForm(*m_catalog);
+        m_pane->column().addWidget(m_form->place);
+        m_pane->setMinimumWidth(m_form->place->minimumSizeHint().width() +
+                                m_pane->verticalScrollBar()->sizeHint().width() + kRowGap);
+    }
+    for (std::size_t field = 0; field < m_lines.size(); ++field) {
+        m_form->rows.at(field).editor->show(m_lines[field]);
+    }
+    for (std::size_t row = 0; row < m_surplusAt.size(); ++row) {
         QLabel *label = m_form->rows.at(row).surplus;
-        label->setText(longtext::breakable(told.at(row).join(u'\n')));
-        label->setVisible(!told.at(row).isEmpty());
+        label->setText(longtext::breakable(m_surplusAt[row].join(u'\n')));
+        label->setVisible(!m_surplusAt[row].isEmpty());
+    }
+    markMatches();
+    setUpdatesEnabled(true);
+}
+
+void RecordFieldsView::prepare()
+{
+    if (m_form == nullptr && m_catalog != nullptr) {
+        fill();
+        showNotes();
+        m_form->place->show(); // Qt would do both later, and the places of editors are asked for
+        layOutNow(*m_pane);
     }
 }
 
@@ -215,17 +236,19 @@ std::size_t RecordFieldsView::rowBehind(int line) const
 
 void RecordFieldsView::setProblems(const std::vector<Problem> &problems)
 {
-    if (m_form == nullptr) {
-        return;
-    }
-    std::vector<QStringList> notes(m_form->rows.size());
+    m_notes.assign(m_notes.size(), {});
     for (const Problem &problem : problems) {
-        if (problem.field >= 0 && std::size_t(problem.field) + 1 < notes.size()) {
-            notes.at(std::size_t(problem.field)) << problem.text;
+        if (problem.field >= 0 && std::size_t(problem.field) < m_notes.size()) {
+            m_notes.at(std::size_t(problem.field)) << problem.text;
         }
     }
-    for (std::size_t field = 0; field + 1 < notes.size(); ++field) {
-        showNote(m_form->rows.at(field), notes.at(field).join(u'\n'));
+    showNotes();
+}
+
+void RecordFieldsView::showNotes()
+{
+    for (std::size_t field = 0; m_form != nullptr && field < m_notes.size(); ++field) {
+        showNote(m_form->rows.at(field), m_notes.at(field).join(u'\n'));
     }
 }
 
@@ -270,6 +293,7 @@ void RecordFieldsView::setEditable(bool editable)
 
 void RecordFieldsView::goToField(int field)
 {
+    prepare();
     if (m_form == nullptr || field < 0 || field >= m_form->catalog->fieldCount()) {
         return;
     }
@@ -280,6 +304,7 @@ void RecordFieldsView::goToField(int field)
 
 void RecordFieldsView::goToLine(int line)
 {
+    prepare();
     if (m_form == nullptr) {
         return;
     }

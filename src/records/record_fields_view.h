@@ -25,7 +25,8 @@ class FieldEditor;
 /// and a surplus line as such at its place. What is wrong with a line stands below it.
 ///
 /// A text is kept when its editor is left, by Enter, and by commit(). The editors are made once for
-/// all records of a kind.
+/// all records of a kind, when they are first shown or by prepare(), as that takes longer than all
+/// else that shows a record.
 class RecordFieldsView : public QWidget
 {
     Q_OBJECT
@@ -44,6 +45,9 @@ public:
     void updateRecord(const Record &record);
     /// Forgets what is pending, as no record is chosen.
     void clear();
+
+    /// Makes the editors, if there are none yet, so that they are shown without a pause.
+    void prepare();
 
     void setProblems(const std::vector<Problem> &problems);
 
@@ -64,7 +68,7 @@ public:
     /// them, now and in each record that is shown from now on. An empty text ends that.
     void setSearch(const QString &text);
     /// The next line that holds it behind the one with the focus, round the end.
-    std::optional<int> nextMatch() const;
+    std::optional<int> nextMatch();
 
     /// Gives the focus to a field's editor.
     void goToField(int field);
@@ -109,8 +113,9 @@ private:
     FieldEditor *newEditor(QGridLayout &grid, const KnownField &known, int field);
     static QLabel *newLabel(QGridLayout &grid, int row, int column, int columns,
                             const QString &name);
-    void fill(const Record &record);
-    void showSurplus(const Record &record);
+    void read(const Record &record);
+    void fill();
+    void showNotes();
     /// The row before whose field a surplus line stands.
     std::size_t rowBehind(int line) const;
     static void showNote(const Row &row, const QString &note);
@@ -126,10 +131,13 @@ private:
     void tellRefusal(int field, char32_t character);
 
     ScrollPane *m_pane;
-    std::unique_ptr<Form> m_form;   ///< null until the first record is shown
-    std::vector<int> m_lineOfField; ///< see Layout
+    std::unique_ptr<Form> m_form;       ///< null until it is needed
+    const Catalog *m_catalog = nullptr; ///< of the record; null until the first one is shown
+    std::vector<int> m_lineOfField;     ///< see Layout
     Lines m_lines;
-    QStringList m_surplus;           ///< the lines that hold no field
+    std::vector<QStringList> m_notes;     ///< by field: what is wrong
+    std::vector<QStringList> m_surplusAt; ///< by row: what is told of the lines that hold no field
+    QStringList m_surplus;                ///< these lines
     std::vector<int> m_surplusLines; ///< the same by their numbers, from 0
     QString m_search;
     bool m_mustReveal = false; ///< the first line that holds it is to be scrolled to

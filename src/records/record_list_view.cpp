@@ -21,6 +21,7 @@ namespace {
 constexpr int kMostCharacters = 32; ///< of a column, before the user makes it wider
 constexpr int kLeastCharacters = 9; ///< of a column, even if others are out of sight then
 constexpr int kPadding = 4;         ///< between a text and the edge of its cell
+constexpr int kRowsMeasured = 100;  ///< to find out how wide a column has to be
 
 /// Draws cells with some room beside their texts, and shows a text that is too wide for its cell as
 /// a tooltip.
@@ -75,6 +76,7 @@ RecordListView::RecordListView(QWidget *parent) : QTreeView(parent)
     header()->setSectionsMovable(false);
     header()->setSortIndicatorClearable(true);
     header()->setHighlightSections(false);
+    header()->setResizeContentsPrecision(kRowsMeasured);
     connect(header(), &QHeaderView::sortIndicatorChanged, this, &RecordListView::widenSorted);
 }
 
@@ -134,7 +136,9 @@ void RecordListView::fitColumns(int first, int last)
 {
     m_first = first;
     m_last = last;
-    fitColumns();
+    if (m_isFitted) { // else when it is shown
+        fitColumns();
+    }
 }
 
 void RecordListView::fitColumns()

@@ -164,6 +164,11 @@ void RecordPane::updateRecord(const Record &record)
     });
 }
 
+void RecordPane::prepare()
+{
+    m_fields->prepare();
+}
+
 void RecordPane::clear()
 {
     m_areProblemsNew = true;

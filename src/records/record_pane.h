@@ -44,6 +44,8 @@ public:
     /// Shows the same record with other bytes, such as after an undo: the focus, the cursor, the
     /// scroll positions and what is pending stay.
     void updateRecord(const Record &record);
+    /// Makes what the tab behind needs, so that it is shown without a pause.
+    void prepare();
     /// Shows that no record is chosen.
     void clear();
     /// Shows the problems of the record that is shown; call it after showRecord(), and whenever

@@ -9,6 +9,7 @@
 #include "screens/file_choice.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tarvold::records {
 
@@ -57,19 +58,56 @@ RecordsFile::RecordsFile(Document &document, QWidget &asking, Typing typing)
     connect(&m_watch, &FileWatch::changed, this, &RecordsFile::follow);
 }
 
+void RecordsFile::open(const QString &name, std::optional<DataFileKind> kind)
+{
+    constexpr qsizetype kBeginning = 1 << 20;
+    m_name = name;
+    m_kind = kind;
+    m_watch.follow(name); // before it is read, or a change in between would go unseen
+    const Result<QByteArray> bytes = readBeginning(name, kBeginning);
+    if (bytes && bytes->size() == kBeginning) {
+        const KindGuess guess = guessOf(*bytes);
+        const auto end = guess.kind ? endOfRecords(*bytes, Catalog::of(*guess.kind)) : std::nullopt;
+        if (end) {
+            m_isRestDue = true;
+            take(bytes->first(*end), guess, Part::Beginning);
+            return;
+        }
+    }
+    show(bytes && bytes->size() < kBeginning ? bytes : readFile(name));
+}
+
+bool RecordsFile::readRest()
+{
+    m_isRestDue = false;
+    if (!m_isAllRead) {
+        follow();
+    }
+    return m_isAllRead;
+}
+
 void RecordsFile::load(const QString &name, std::optional<DataFileKind> kind)
 {
     m_name = name;
     m_kind = kind;
     m_watch.follow(name); // before it is read, or a change in between would go unseen
-    const Result<QByteArray> bytes = readFile(name);
+    show(readFile(name));
+}
+
+KindGuess RecordsFile::guessOf(const QByteArray &bytes) const
+{
+    return m_kind ? KindGuess{m_kind, {*m_kind}} : guessKind(bytes, m_name);
+}
+
+void RecordsFile::show(const Result<QByteArray> &bytes)
+{
     if (!bytes) {
         fail(bytes.error());
         return;
     }
-    const KindGuess guess = kind ? KindGuess{kind, {*kind}} : guessKind(*bytes, name);
+    const KindGuess guess = guessOf(*bytes);
     if (guess.kind) {
-        take(*bytes, *guess.kind);
+        take(*bytes, guess, Part::Whole);
         return;
     }
     m_isLoaded = false;
@@ -77,17 +115,18 @@ void RecordsFile::load(const QString &name, std::optional<DataFileKind> kind)
     emit kindWanted(words::tossUp(guess.likely));
 }
 
-void RecordsFile::take(const QByteArray &bytes, DataFileKind kind)
+void RecordsFile::take(const QByteArray &bytes, const KindGuess &guess, Part part)
 {
     const BusyCursor busy;
-    if (const Result<void> taken = m_document.take(m_name, bytes, kind); !taken) {
+    m_isAllRead = part == Part::Whole; // whoever is told of the records asks for it
+    if (const Result<void> taken = m_document.take(m_name, bytes, *guess.kind); !taken) {
         fail(taken.error());
         return;
     }
     m_isLoaded = true;
     emit noticed({}, false);
     emit loaded();
-    compareName();
+    tellOfKind(guess);
 }
 
 void RecordsFile::fail(const FileError &error)
@@ -122,6 +161,7 @@ void RecordsFile::readAgain()
         emit noticed(cannotReadAgain(read.error()), true);
         return;
     }
+    m_isAllRead = true;
     emit noticed({}, false);
     compareName();
     emit said(words::readAgain(m_document.count()));
@@ -129,35 +169,50 @@ void RecordsFile::readAgain()
 
 void RecordsFile::follow()
 {
-    if (isAsking()) {
-        return;
-    }
-    if (!m_isLoaded) {
-        load(m_name, m_kind);
-        return;
-    }
-    if (!fileExists(m_name)) {
-        emit noticed(u"The file is gone from the disk. Its records are still here; Save writes "
-                     "them again."_s,
-                     false);
-        return;
-    }
-    if (m_document.isFileUnchanged()) {
-        emit noticed({}, false);
+    if (isAsking() || m_isRestDue) {
         return;
     }
     // What can be undone or done again is worth as much as changes.
     const bool isUsed = hasChanges() || m_document.undoStack().count() > 0;
-    if (const int more = isUsed ? m_document.takeGrowth() : 0; more > 0) {
+    if (!m_isLoaded || (!m_isAllRead && !isUsed)) {
+        m_isLoaded = false; // if it cannot be read, its beginning must not pass for the file
+        load(m_name, m_kind);
+        return;
+    }
+    if (!fileExists(m_name)) {
+        emit noticed(words::gone(m_isAllRead), false);
+        return;
+    }
+    if (m_document.isFileUnchanged()) {
+        m_isAllRead = true;
         emit noticed({}, false);
-        emit said(hasChanges() ? words::grown(more) : words::readAgain(m_document.count()));
-    } else if (!hasChanges()) {
+        return;
+    }
+    if (isUsed && takeGrowth()) {
+        return;
+    }
+    if (!hasChanges()) {
         readAgain();
     } else {
         emit noticed(u"The file changed on the disk. Reload shows it as it is now and forgets "
                      "your changes."_s,
                      true);
     }
+}
+
+/// Adds what came behind the records that are shown, and says so unless it was there before.
+bool RecordsFile::takeGrowth()
+{
+    using Growth = Document::Growth;
+    const int more = m_document.takeGrowth(m_isAllRead ? Growth::WholeRecords : Growth::Anything);
+    if (more == 0) {
+        return false;
+    }
+    emit noticed({}, false);
+    if (std::exchange(m_isAllRead, true)) {
+        emit said(hasChanges() ? words::grown(more) : words::readAgain(m_document.count()));
+    }
+    return true;
 }
 
 bool RecordsFile::hasChanges() const
@@ -175,6 +230,10 @@ bool RecordsFile::asks(const QString &text)
 bool RecordsFile::save()
 {
     if (!m_typing.keep()) {
+        return false;
+    }
+    if (!readRest()) {
+        emit said(words::notSaved());
         return false;
     }
     bool isRefused = false;
@@ -240,7 +299,8 @@ std::optional<QString> RecordsFile::chosenName(const QString &title, bool propos
 
 bool RecordsFile::saveAs()
 {
-    const auto chosen = m_typing.keep() ? chosenName(u"Save As"_s, true) : std::nullopt;
+    const bool isReady = m_typing.keep() && readRest();
+    const auto chosen = isReady ? chosenName(u"Save As"_s, true) : std::nullopt;
     if (!chosen) {
         return false;
     }

@@ -22,9 +22,17 @@ public:
     /// \param asking the window of all questions, which they block
     RecordsFile(Document &document, QWidget &asking, Typing typing);
 
-    /// Loads a file.
+    /// Loads a file. Of a large one only the beginning is loaded at once, so that its first records
+    /// can be shown; then call readRest().
     /// \param kind of its records; nothing: it is guessed, or asked for
-    void load(const QString &name, std::optional<DataFileKind> kind);
+    void open(const QString &name, std::optional<DataFileKind> kind);
+    /// Loads what open() left. Changes made since then stay.
+    /// \return whether the document holds the whole file now; if not, the user was told why
+    bool readRest();
+    /// Whether the document holds more than the beginning of the file.
+    bool isAllRead() const { return m_isAllRead; }
+    /// Whether readRest() is still to be called.
+    bool isRestDue() const { return m_isRestDue; }
 
     const QString &name() const { return m_name; }
     /// Whether the document holds the file.
@@ -68,9 +76,15 @@ signals:
 
 private:
     class Asking;
+    enum class Part { Beginning, Whole };
 
-    void take(const QByteArray &bytes, DataFileKind kind);
+    void load(const QString &name, std::optional<DataFileKind> kind);
+    KindGuess guessOf(const QByteArray &bytes) const;
+    void show(const Result<QByteArray> &bytes);
+    void take(const QByteArray &bytes, const KindGuess &guess, Part part);
+    bool takeGrowth();
     void compareName();
+    void tellOfKind(const KindGuess &guess);
     void fail(const FileError &error);
     void readAgain();
     bool hasChanges() const;
@@ -89,6 +103,8 @@ private:
     QString m_name;
     std::optional<DataFileKind> m_kind; ///< that was asked for or chosen
     bool m_isLoaded = false;
+    bool m_isAllRead = true;
+    bool m_isRestDue = false;
     int m_asking = 0;
 };
 

@@ -21,7 +21,11 @@ void RecordsFile::chooseKind(DataFileKind kind)
 /// Whether the records are what the game takes them for. A kind that the user chose is no guess.
 void RecordsFile::compareName()
 {
-    const KindGuess guess = m_kind ? KindGuess{} : guessKind(m_document.file(), m_name);
+    tellOfKind(guessOf(m_document.file()));
+}
+
+void RecordsFile::tellOfKind(const KindGuess &guess)
+{
     const bool isOther = guess.named && guess.kind == m_document.kind();
     emit kindDoubted(isOther ? words::misnamed(*guess.named, *guess.kind) : QString());
 }

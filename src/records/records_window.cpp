@@ -2,6 +2,7 @@
 
 #include "records/editor_keys.h"
 #include "records/record_list_view.h"
+#include "records/record_pane.h"
 #include "records/records_actions.h"
 #include "records/records_file.h"
 #include "records/records_window_parts.h"
@@ -12,8 +13,11 @@
 #include <QCloseEvent>
 #include <QDialog>
 #include <QScreen>
+#include <QTimer>
 
 #include <algorithm>
+#include <chrono>
+#include <utility>
 
 namespace tarvold::records {
 
@@ -93,7 +97,9 @@ RecordsWindow::RecordsWindow(const QString &name, std::optional<DataFileKind> ki
     new EditorKeys(*this);
     resize(startSize(*this));
     windows() << this;
-    m_parts->file->load(name, kind);
+    m_parts->file->open(name, kind);
+    constexpr std::chrono::seconds kLatest(1);
+    QTimer::singleShot(kLatest, this, &RecordsWindow::finishStart); // if it is not painted
     if (isLoaded()) {
         m_parts->list->setFocus();
     }
@@ -141,6 +147,23 @@ void RecordsWindow::closeEvent(QCloseEvent *event)
         return;
     }
     event->setAccepted(!m_parts->file->isAsking() && m_parts->file->mayClose());
+}
+
+void RecordsWindow::paintEvent(QPaintEvent *event)
+{
+    QMainWindow::paintEvent(event);
+    if (!std::exchange(m_isPainted, true)) {
+        QTimer::singleShot(0, this, &RecordsWindow::finishStart);
+    }
+}
+
+/// Does what would only delay the first records on the screen.
+void RecordsWindow::finishStart()
+{
+    if (m_parts->file->isRestDue()) {
+        m_parts->file->readRest();
+    }
+    m_parts->pane->prepare();
 }
 
 QDialog *RecordsWindow::openDialog() const

@@ -68,14 +68,18 @@ signals:
 protected:
     void closeEvent(QCloseEvent *event) override;
     void changeEvent(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
 
 private:
     class Parts;
+
+    void finishStart();
 
     /// The message or the file dialog that waits for the user; null: none does.
     QDialog *openDialog() const;
 
     std::unique_ptr<Parts> m_parts;
+    bool m_isPainted = false;
 };
 
 } // namespace tarvold::records

@@ -65,6 +65,7 @@ public:
     RecordsActions *actions = nullptr;
 
     void showCounts();
+    QString countsText() const;
     void showTitle();
     void enableActions();
 

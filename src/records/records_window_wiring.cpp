@@ -133,12 +133,20 @@ void RecordsWindow::Parts::showCounts()
 {
     const int problems = scan->total();
     onlyProblems->setText(u"Only With Problems (%1)"_s.arg(problems));
-    const int shown = model->rowCount();
-    QString text = file->isLoaded() ? words::countOf(document.count()) : QString();
-    if (file->isLoaded() && shown != document.count()) {
-        text = u"%1 of %2"_s.arg(QString::number(shown), text);
+    counts->setText(countsText());
+}
+
+QString RecordsWindow::Parts::countsText() const
+{
+    if (!file->isLoaded()) {
+        return {};
     }
-    counts->setText(text);
+    if (!file->isAllRead()) {
+        return u"Reading..."_s;
+    }
+    const QString all = words::countOf(document.count());
+    const int shown = model->rowCount();
+    return shown == document.count() ? all : u"%1 of %2"_s.arg(QString::number(shown), all);
 }
 
 void RecordsWindow::Parts::connectSearch()

@@ -165,7 +165,7 @@ void RecordFieldsView::updateRecord(const Record &record)
     if (m_form != nullptr && m_form->catalog != m_catalog) {
         dropForm();
     }
-    if (m_form != nullptr || isVisible()) {
+    if (m_isPrepared || isVisible()) {
         fill();
     }
 }
@@ -219,6 +219,7 @@ void RecordFieldsView::fill()
 
 void RecordFieldsView::prepare()
 {
+    m_isPrepared = true;
     if (m_form == nullptr && m_catalog != nullptr) {
         fill();
         showNotes();

@@ -25,8 +25,8 @@ class FieldEditor;
 /// and a surplus line as such at its place. What is wrong with a line stands below it.
 ///
 /// A text is kept when its editor is left, by Enter, and by commit(). The editors are made once for
-/// all records of a kind, when they are first shown or by prepare(), as that takes longer than all
-/// else that shows a record.
+/// all records of a kind, but none before the view is shown or prepare() is called, as that takes
+/// longer than all else that shows a record.
 class RecordFieldsView : public QWidget
 {
     Q_OBJECT
@@ -46,7 +46,7 @@ public:
     /// Forgets what is pending, as no record is chosen.
     void clear();
 
-    /// Makes the editors, if there are none yet, so that they are shown without a pause.
+    /// Makes the editors from now on, so that they are shown without a pause.
     void prepare();
 
     void setProblems(const std::vector<Problem> &problems);
@@ -132,13 +132,14 @@ private:
 
     ScrollPane *m_pane;
     std::unique_ptr<Form> m_form;       ///< null until it is needed
+    bool m_isPrepared = false;          ///< see prepare()
     const Catalog *m_catalog = nullptr; ///< of the record; null until the first one is shown
     std::vector<int> m_lineOfField;     ///< see Layout
     Lines m_lines;
     std::vector<QStringList> m_notes;     ///< by field: what is wrong
     std::vector<QStringList> m_surplusAt; ///< by row: what is told of the lines that hold no field
     QStringList m_surplus;                ///< these lines
-    std::vector<int> m_surplusLines; ///< the same by their numbers, from 0
+    std::vector<int> m_surplusLines;      ///< the same by their numbers, from 0
     QString m_search;
     bool m_mustReveal = false; ///< the first line that holds it is to be scrolled to
     QTimer m_pendingTimer;

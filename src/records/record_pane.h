@@ -44,7 +44,7 @@ public:
     /// Shows the same record with other bytes, such as after an undo: the focus, the cursor, the
     /// scroll positions and what is pending stay.
     void updateRecord(const Record &record);
-    /// Makes what the tab behind needs, so that it is shown without a pause.
+    /// Makes what the tab behind needs from now on, so that it is shown without a pause.
     void prepare();
     /// Shows that no record is chosen.
     void clear();

@@ -98,8 +98,12 @@ RecordsWindow::RecordsWindow(const QString &name, std::optional<DataFileKind> ki
     resize(startSize(*this));
     windows() << this;
     m_parts->file->open(name, kind);
-    constexpr std::chrono::seconds kLatest(1);
-    QTimer::singleShot(kLatest, this, &RecordsWindow::finishStart); // if it is not painted
+    if (m_parts->file->isRestDue()) {
+        constexpr std::chrono::seconds kLatest(1);
+        QTimer::singleShot(kLatest, this, &RecordsWindow::finishStart); // if it is not painted
+    } else {
+        m_parts->pane->prepare(); // at once, as what it makes may need a wider pane
+    }
     if (isLoaded()) {
         m_parts->list->setFocus();
     }
@@ -157,12 +161,10 @@ void RecordsWindow::paintEvent(QPaintEvent *event)
     }
 }
 
-/// Does what would only delay the first records on the screen.
+/// Does what would only delay the first records of a large file.
 void RecordsWindow::finishStart()
 {
-    if (m_parts->file->isRestDue()) {
-        m_parts->file->readRest();
-    }
+    m_parts->readRest();
     m_parts->pane->prepare();
 }
 

@@ -24,7 +24,10 @@ using namespace Qt::StringLiterals;
 void RecordsWindow::Parts::connectActions()
 {
     const auto on = [this](Act act, const std::function<void()> &doIt) {
-        QObject::connect(&(*actions)[act], &QAction::triggered, &window, doIt);
+        QObject::connect(&(*actions)[act], &QAction::triggered, &window, [this, doIt] {
+            readRest();
+            doIt();
+        });
     };
     on(Act::Save, [this] { file->save(); });
     on(Act::SaveAs, [this] { file->saveAs(); });

@@ -64,6 +64,7 @@ public:
     ListPlace *place = nullptr;
     RecordsActions *actions = nullptr;
 
+    void readRest();
     void showCounts();
     QString countsText() const;
     void showTitle();

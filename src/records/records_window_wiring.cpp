@@ -59,6 +59,15 @@ void RecordsWindow::Parts::connectFile()
         });
 }
 
+/// Of a large file the first records are shown alone for a moment. Nothing is done with these but
+/// to look at them.
+void RecordsWindow::Parts::readRest()
+{
+    if (file->isRestDue()) {
+        file->readRest();
+    }
+}
+
 void RecordsWindow::Parts::showPlaceholder()
 {
     list->setPlaceholder(document.count() == 0 ? u"This file has no records."_s
@@ -233,6 +242,7 @@ void RecordsWindow::Parts::connectScan()
                          enableActions();
                      });
     QObject::connect(stop, &QPushButton::clicked, &window, [this] {
+        readRest();
         if (tasks->repair().isRunning()) {
             tasks->repair().stop();
         } else if (scan->isRunning()) {
@@ -248,7 +258,8 @@ void RecordsWindow::Parts::connectScan()
 void RecordsWindow::Parts::showProgress()
 {
     const bool isRepairing = tasks->repair().isRunning();
-    const bool isChecked = scan->checked() >= document.count() && !scan->isRunning();
+    const bool isChecked =
+        file->isAllRead() && scan->checked() >= document.count() && !scan->isRunning();
     progress->setVisible(isRepairing || !isChecked);
     stop->setVisible(isRepairing || !isChecked);
     const auto show = [this](const QString &name, const QString &format, int value, int count) {

@@ -155,9 +155,10 @@ QString readAgain(int records)
 
 QString gone(bool isWhole)
 {
-    return isWhole ? u"The file is gone from the disk. Its records are still here; Save writes them "
-                     "again."_s
-                   : u"The file is gone from the disk. Only its first records are still here."_s;
+    return isWhole
+               ? u"The file is gone from the disk. Its records are still here; Save writes them "
+                 "again."_s
+               : u"The file is gone from the disk. Only its first records are still here."_s;
 }
 
 QString copied(const QString &name, int records)

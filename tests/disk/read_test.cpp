@@ -18,6 +18,19 @@ TEST_F(Read, GivesAllBytes)
     EXPECT_EQ(*bytes, all);
 }
 
+TEST_F(Read, GivesTheBeginning)
+{
+    writeFile("a.tvd", "abcdef");
+    for (const auto &[size, beginning] :
+         {std::pair(0, ""), std::pair(3, "abc"), std::pair(6, "abcdef"), std::pair(7, "abcdef")}) {
+        const auto bytes = readBeginning(u"a.tvd"_s, size);
+        ASSERT_TRUE(bytes);
+        EXPECT_EQ(*bytes, beginning);
+    }
+    EXPECT_FALSE(readBeginning(u"missing"_s, 3));
+    EXPECT_FALSE(readBeginning(u"."_s, 3));
+}
+
 TEST_F(Read, RefusesWhatIsNoOrdinaryFile)
 {
     ASSERT_TRUE(QDir().mkdir(u"folder"_s));

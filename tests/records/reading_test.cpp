@@ -268,6 +268,27 @@ TEST(KindFor, TakesTheExpectedKindUnlessTheContentClearlyTellsAnother)
     }
 }
 
+TEST(EndOfRecords, IsWhereARecordOfTheWholeFileStarts)
+{
+    Random random(20);
+    for (int round = 0; round < 100; ++round) {
+        const DataFileKind kind = kAllKinds[round % 6];
+        const Catalog &catalog = Catalog::of(kind);
+        const QByteArray file = randomFile(random, kind, 40);
+        const QByteArrayView beginning = QByteArrayView(file).first(file.size() * 3 / 4);
+        const auto end = endOfRecords(beginning, catalog);
+        ASSERT_TRUE(end) << "round " << round;
+        const std::vector<qsizetype> starts = splitIntoRecords(file, catalog).value();
+        EXPECT_TRUE(std::binary_search(starts.begin(), starts.end(), *end)) << "round " << round;
+        EXPECT_GT(*end, 0);
+        EXPECT_LT(*end, beginning.size());
+    }
+    const Catalog &catalog = Catalog::of(DataFileKind::NormalEndings);
+    EXPECT_FALSE(endOfRecords({}, catalog));
+    EXPECT_FALSE(endOfRecords("no line end", catalog));
+    EXPECT_FALSE(endOfRecords("some\r\nlines\r\nonly\r\n", catalog));
+}
+
 TEST(LooksLike, NamesTheKindOfARecordInAnotherKindsFile)
 {
     Random random(19);

@@ -5,6 +5,7 @@
 
 #include <QComboBox>
 #include <QHeaderView>
+#include <QLabel>
 #include <QTextEdit>
 #include <QTreeView>
 
@@ -55,6 +56,8 @@ void RecordsWindowTest::openFile(const char *file)
 {
     m_window = records::RecordsWindow::open(QString::fromUtf8(file));
     expectActive(window());
+    const auto &counts = part<QLabel>("counts");
+    ASSERT_TRUE(QTest::qWaitFor([&counts] { return counts.text() != u"Reading..."_s; }));
 }
 
 void RecordsWindowTest::press(const QKeySequence &keys)

@@ -1,0 +1,229 @@
+// How a window with a large file starts: the first records are shown before the rest is read.
+
+#include "records/records_file.h"
+#include "records/window_fixture.h"
+
+#include <QLabel>
+#include <QProgressBar>
+#include <QSignalSpy>
+
+namespace tarvold::testing {
+namespace {
+
+using records::Document;
+using records::RecordsFile;
+
+constexpr int kMany = 10'000;
+
+class WindowStartTest : public RecordsWindowTest
+{
+protected:
+    static QByteArray large()
+    {
+        static const QByteArray bytes = endings(kMany);
+        return bytes;
+    }
+
+    /// Opens a window that has had no time to show anything.
+    records::RecordsWindow &openAtOnce(const QByteArray &bytes)
+    {
+        writeFile(kFile, bytes);
+        records::RecordsWindow *window = records::RecordsWindow::open(QLatin1StringView(kFile));
+        return *window;
+    }
+    static int rowsOf(const QWidget &window)
+    {
+        return window.findChild<QAbstractItemView *>(u"list"_s)->model()->rowCount();
+    }
+    static QString countsOf(const QWidget &window)
+    {
+        return window.findChild<QLabel *>(u"counts"_s)->text();
+    }
+    static bool waitForAll(const QWidget &window)
+    {
+        return QTest::qWaitFor([&window] { return countsOf(window) != u"Reading..."_s; });
+    }
+};
+
+TEST_F(WindowStartTest, TheFirstRecordsAreShownAloneForAMoment)
+{
+    const auto &window = openAtOnce(large());
+    EXPECT_TRUE(window.isLoaded());
+    EXPECT_EQ(countsOf(window), u"Reading..."_s);
+    EXPECT_GT(rowsOf(window), 100);
+    EXPECT_LT(rowsOf(window), kMany / 2);
+    ASSERT_TRUE(waitForAll(window));
+    EXPECT_EQ(countsOf(window), u"10000 records"_s);
+    EXPECT_EQ(rowsOf(window), kMany);
+    EXPECT_EQ(window.findChild<QWidget *>(u"notice"_s)->accessibleName(), QString())
+        << "nothing was read again";
+}
+
+TEST_F(WindowStartTest, TheFirstRecordStaysTheChosenOne)
+{
+    writeFile(kFile, large());
+    openFile(kFile);
+    EXPECT_EQ(currentRow(), 0);
+    EXPECT_EQ(selectedRows(), std::vector<int>({0}));
+    EXPECT_TRUE(list().hasFocus());
+    press(Qt::Key_End);
+    EXPECT_EQ(currentRow(), kMany - 1);
+    field(kCommentary);
+    EXPECT_EQ(fieldText(kCommentary), u"Ending 10000"_s);
+}
+
+TEST_F(WindowStartTest, ProblemsAreSoughtInTheWholeFile)
+{
+    open(large() + faulty("Last"));
+    EXPECT_EQ(part<QWidget>("onlyProblems").property("text").toString(),
+              u"Only With Problems (1)"_s);
+}
+
+TEST_F(WindowStartTest, TheSearchForProblemsIsNotOverBeforeAllIsRead)
+{
+    const auto &window = openAtOnce(large());
+    const auto &progress = *window.findChild<QProgressBar *>(u"progress"_s);
+    bool wasVisible = false;
+    while (countsOf(window) == u"Reading..."_s) {
+        EXPECT_TRUE(progress.isVisible() || !wasVisible);
+        wasVisible = progress.isVisible();
+        QCoreApplication::processEvents();
+    }
+    EXPECT_TRUE(QTest::qWaitFor([&progress] { return !progress.isVisible(); }));
+}
+
+TEST_F(WindowStartTest, ACommandFirstReadsTheRest)
+{
+    const QByteArray lf = large().replace("\r\n", "\n");
+    const auto &window = openAtOnce(lf);
+    ASSERT_EQ(countsOf(window), u"Reading..."_s);
+    window.findChild<QAction *>(u"repairAll"_s)->trigger();
+    EXPECT_EQ(countsOf(window), u"10000 records"_s);
+    ASSERT_TRUE(QTest::qWaitFor([&window] { return window.isWindowModified(); }, 60'000));
+    window.findChild<QAction *>(u"save"_s)->trigger();
+    EXPECT_TRUE(onDisk() == large());
+}
+
+TEST_F(WindowStartTest, AFileWithoutRecordsAtItsBeginningIsReadWhole)
+{
+    QByteArray noise;
+    while (noise.size() < (2 << 20)) {
+        noise += "no record at all\r\n";
+    }
+    writeFile(kFile, noise);
+    const auto *window =
+        records::RecordsWindow::open(QLatin1StringView(kFile), DataFileKind::NormalEndings);
+    EXPECT_TRUE(window->isLoaded());
+    EXPECT_NE(countsOf(*window), u"Reading..."_s);
+}
+
+TEST_F(WindowStartTest, TheKindOfALargeFileIsAskedFor)
+{
+    QByteArray blank;
+    while (blank.size() < (2 << 20)) {
+        blank += "-BLANK-\r\n";
+    }
+    const auto &window = openAtOnce(blank);
+    EXPECT_FALSE(window.isLoaded());
+    EXPECT_TRUE(window.findChild<QLabel *>(u"failure"_s)->isVisible());
+    QTest::qWait(50);
+    EXPECT_FALSE(window.isLoaded());
+}
+
+TEST_F(WindowStartTest, AFileThatIsGoneBeforeItIsReadIsNotShownInPart)
+{
+    const auto &window = openAtOnce(large());
+    ASSERT_TRUE(QFile::remove(QLatin1StringView(kFile)));
+    ASSERT_TRUE(QTest::qWaitFor([&window] { return !window.isLoaded(); }));
+    EXPECT_TRUE(window.findChild<QLabel *>(u"failure"_s)->isVisible());
+    EXPECT_EQ(countsOf(window), QString());
+    writeFile(kFile, endings(3));
+    ASSERT_TRUE(QTest::qWaitFor([&window] { return window.isLoaded(); }));
+    EXPECT_EQ(countsOf(window), u"3 records"_s);
+}
+
+/// A file of which only the beginning was read when something happened.
+class FileInPartTest : public RecordsWindowTest
+{
+protected:
+    FileInPartTest()
+    {
+        writeFile(kFile, all());
+        file.open(QLatin1StringView(kFile), {});
+    }
+
+    static QByteArray all()
+    {
+        static const QByteArray bytes = endings(kMany);
+        return bytes;
+    }
+
+    void edit() { document.replace(0, ending("Edited"), u"Edit"_s); }
+
+    static QByteArray edited()
+    {
+        return ending("Edited") + all().sliced(ending("Ending 1").size());
+    }
+
+    Document document;
+    QWidget asking;
+    RecordsFile file{document, asking, {[] { return true; }, [] { return false; }}};
+};
+
+TEST_F(FileInPartTest, AChangeStaysWhenTheRestIsRead)
+{
+    ASSERT_FALSE(file.isAllRead());
+    edit();
+    const QSignalSpy said(&file, &RecordsFile::said);
+    EXPECT_TRUE(file.readRest());
+    EXPECT_TRUE(file.isAllRead());
+    EXPECT_EQ(document.count(), kMany);
+    EXPECT_TRUE(document.isChanged());
+    EXPECT_TRUE(said.isEmpty()) << "nothing came that was not there before";
+    ASSERT_TRUE(file.save());
+    EXPECT_TRUE(onDisk() == edited());
+}
+
+TEST_F(FileInPartTest, AChangeStaysWhenTheRestIsDamaged)
+{
+    const QByteArray damaged = all() + "only\r\ntwo lines\r\n";
+    writeFile(kFile, damaged);
+    edit();
+    EXPECT_TRUE(file.readRest());
+    ASSERT_TRUE(file.save());
+    EXPECT_TRUE(onDisk() == edited() + "only\r\ntwo lines\r\n");
+}
+
+TEST_F(FileInPartTest, ASaveReadsTheRestFirst)
+{
+    edit();
+    ASSERT_TRUE(file.save());
+    EXPECT_TRUE(file.isAllRead());
+    EXPECT_TRUE(onDisk() == edited());
+}
+
+TEST_F(FileInPartTest, NoPartIsSavedForTheWhole)
+{
+    edit();
+    ASSERT_TRUE(QFile::remove(QLatin1StringView(kFile)));
+    const QSignalSpy noticed(&file, &RecordsFile::noticed);
+    EXPECT_FALSE(file.save());
+    EXPECT_FALSE(file.saveAs());
+    EXPECT_FALSE(QFile::exists(QLatin1StringView(kFile)));
+    EXPECT_EQ(noticed.last().first().toString(),
+              u"The file is gone from the disk. Only its first records are still here."_s);
+    EXPECT_TRUE(document.isChanged());
+    writeFile(kFile, all()); // it is back
+    ASSERT_TRUE(file.save());
+    EXPECT_TRUE(onDisk() == edited());
+}
+
+TEST_F(FileInPartTest, AFileThatChangedBeforeItWasReadIsShownAsItIs)
+{
+    writeFile(kFile, endings(2));
+    EXPECT_TRUE(file.readRest());
+    EXPECT_EQ(document.count(), 2);
+}
+
+} // namespace
+} // namespace tarvold::testing

@@ -65,14 +65,21 @@ Result<void> Document::show(const QString &name, const QByteArray &bytes, DataFi
     if (!starts) {
         return failure(u"Reading it was stopped."_s);
     }
-    const std::size_t count = starts->size();
-    starts->push_back(bytes.size());
+    take(name, bytes, kind, std::move(*starts));
+    return {};
+}
+
+void Document::take(const QString &name, const QByteArray &bytes, DataFileKind kind,
+                    std::vector<qsizetype> starts)
+{
+    const std::size_t count = starts.size();
+    starts.push_back(bytes.size());
     std::vector<Entry> entries(count);
     std::vector<int> origins(count);
     for (std::size_t number = 0; number < count; ++number) {
-        const qsizetype start = (*starts)[number];
+        const qsizetype start = starts[number];
         origins[number] = int(number);
-        entries[number] = {partOf(bytes, start, (*starts)[number + 1] - start), int(number)};
+        entries[number] = {partOf(bytes, start, starts[number + 1] - start), int(number)};
     }
     emit aboutToReset();
     m_undo.clear();
@@ -80,11 +87,10 @@ Result<void> Document::show(const QString &name, const QByteArray &bytes, DataFi
     m_name = name;
     m_kind = kind;
     m_file = bytes;
-    m_starts = std::move(*starts);
+    m_starts = std::move(starts);
     m_origins = std::move(origins);
     m_entries.reset(std::move(entries));
     emit reset();
-    return {};
 }
 
 std::optional<int> Document::indexOf(int id) const

@@ -50,6 +50,10 @@ public:
     [[nodiscard]] Result<void> take(const QString &name, const QByteArray &bytes, DataFileKind kind,
                                     const Progress &progress = {});
 
+    /// The same with where the records start in these bytes, see splitIntoRecords().
+    void take(const QString &name, const QByteArray &bytes, DataFileKind kind,
+              std::vector<qsizetype> starts);
+
     /// Reads the file again and forgets all changes.
     [[nodiscard]] Result<void> reload();
 

@@ -8,7 +8,11 @@
 #include "screens/failures.h"
 #include "screens/file_choice.h"
 
+#include <QPromise>
+#include <QThreadPool>
+
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 namespace tarvold::records {
@@ -56,6 +60,7 @@ RecordsFile::RecordsFile(Document &document, QWidget &asking, Typing typing)
     , m_typing(std::move(typing))
 {
     connect(&m_watch, &FileWatch::changed, this, &RecordsFile::follow);
+    connect(&m_rest, &QFutureWatcher<Rest>::finished, this, &RecordsFile::finishReading);
 }
 
 void RecordsFile::open(const QString &name, std::optional<DataFileKind> kind)
@@ -77,13 +82,63 @@ void RecordsFile::open(const QString &name, std::optional<DataFileKind> kind)
     show(bytes && bytes->size() < kBeginning ? bytes : readFile(name));
 }
 
+void RecordsFile::startReadingRest()
+{
+    if (!m_isRestDue || m_isReading) {
+        return;
+    }
+    m_isReading = true;
+    auto promise = std::make_shared<QPromise<Rest>>();
+    m_rest.setFuture(promise->future());
+    promise->start();
+    QThreadPool::globalInstance()->start([promise, name = m_name, kind = m_document.kind()] {
+        Result<QByteArray> bytes = readFile(name);
+        std::vector<qsizetype> starts;
+        if (bytes) {
+            starts = splitIntoRecords(*bytes, Catalog::of(kind)).value(); // nothing stops it
+        }
+        promise->addResult(Rest{std::move(bytes), std::move(starts)});
+        promise->finish();
+    });
+}
+
 bool RecordsFile::readRest()
 {
-    m_isRestDue = false;
-    if (!m_isAllRead) {
+    const bool isRead = std::exchange(m_isRestDue, false) && m_isReading;
+    if (isRead && !isUsed() && !isAsking()) {
+        takeRest(m_rest.future().result()); // waits for it
+    } else if (!m_isAllRead) {
         follow();
     }
     return m_isAllRead;
+}
+
+void RecordsFile::finishReading()
+{
+    if (m_isRestDue) { // else somebody has waited for it
+        readRest();
+    }
+}
+
+void RecordsFile::takeRest(const Rest &rest)
+{
+    m_isLoaded = false; // if it could not be read, its beginning must not pass for the file
+    const bool isSameKind = rest.bytes && guessOf(*rest.bytes).kind == m_document.kind();
+    if (!isSameKind) {
+        show(rest.bytes);
+        return;
+    }
+    m_isAllRead = true; // whoever is told of the records asks for it
+    m_isLoaded = true;
+    m_document.take(m_name, *rest.bytes, m_document.kind(), rest.starts);
+    emit loaded();
+}
+
+/// Whether there is what reading the file anew would lose. What can be undone or done again is
+/// worth as much as changes.
+bool RecordsFile::isUsed() const
+{
+    return hasChanges() || m_document.undoStack().count() > 0;
 }
 
 void RecordsFile::load(const QString &name, std::optional<DataFileKind> kind)
@@ -172,9 +227,7 @@ void RecordsFile::follow()
     if (isAsking() || m_isRestDue) {
         return;
     }
-    // What can be undone or done again is worth as much as changes.
-    const bool isUsed = hasChanges() || m_document.undoStack().count() > 0;
-    if (!m_isLoaded || (!m_isAllRead && !isUsed)) {
+    if (!m_isLoaded || (!m_isAllRead && !isUsed())) {
         m_isLoaded = false; // if it cannot be read, its beginning must not pass for the file
         load(m_name, m_kind);
         return;
@@ -188,7 +241,7 @@ void RecordsFile::follow()
         emit noticed({}, false);
         return;
     }
-    if (isUsed && takeGrowth()) {
+    if (isUsed() && takeGrowth()) {
         return;
     }
     if (!hasChanges()) {

@@ -5,6 +5,7 @@
 #include "records/reading.h"
 #include "records/typing.h"
 
+#include <QFutureWatcher>
 #include <QObject>
 #include <QWidget>
 
@@ -23,15 +24,17 @@ public:
     RecordsFile(Document &document, QWidget &asking, Typing typing);
 
     /// Loads a file. Of a large one only the beginning is loaded at once, so that its first records
-    /// can be shown; then call readRest().
+    /// can be shown; then call startReadingRest().
     /// \param kind of its records; nothing: it is guessed, or asked for
     void open(const QString &name, std::optional<DataFileKind> kind);
-    /// Loads what open() left. Changes made since then stay.
+    /// Reads what open() left in another thread, and loads it then. Changes made since open() stay.
+    void startReadingRest();
+    /// The same at once.
     /// \return whether the document holds the whole file now; if not, the user was told why
     bool readRest();
     /// Whether the document holds more than the beginning of the file.
     bool isAllRead() const { return m_isAllRead; }
-    /// Whether readRest() is still to be called.
+    /// Whether open() left something that is not loaded yet.
     bool isRestDue() const { return m_isRestDue; }
 
     const QString &name() const { return m_name; }
@@ -77,11 +80,20 @@ signals:
 private:
     class Asking;
     enum class Part { Beginning, Whole };
+    /// A file that was read in another thread.
+    struct Rest
+    {
+        Result<QByteArray> bytes;
+        std::vector<qsizetype> starts; ///< of its records
+    };
 
     void load(const QString &name, std::optional<DataFileKind> kind);
     KindGuess guessOf(const QByteArray &bytes) const;
     void show(const Result<QByteArray> &bytes);
     void take(const QByteArray &bytes, const KindGuess &guess, Part part);
+    void finishReading();
+    void takeRest(const Rest &rest);
+    bool isUsed() const;
     bool takeGrowth();
     void compareName();
     void tellOfKind(const KindGuess &guess);
@@ -105,6 +117,8 @@ private:
     bool m_isLoaded = false;
     bool m_isAllRead = true;
     bool m_isRestDue = false;
+    bool m_isReading = false; ///< in another thread
+    QFutureWatcher<Rest> m_rest;
     int m_asking = 0;
 };
 

@@ -164,7 +164,7 @@ void RecordsWindow::paintEvent(QPaintEvent *event)
 /// Does what would only delay the first records of a large file.
 void RecordsWindow::finishStart()
 {
-    m_parts->readRest();
+    m_parts->file->startReadingRest();
     m_parts->pane->prepare();
 }
 

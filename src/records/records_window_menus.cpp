@@ -23,8 +23,11 @@ using namespace Qt::StringLiterals;
 
 void RecordsWindow::Parts::connectActions()
 {
-    const auto on = [this](Act act, const std::function<void()> &doIt) {
-        QObject::connect(&(*actions)[act], &QAction::triggered, &window, [this, doIt] {
+    const auto onAtOnce = [this](Act act, const std::function<void()> &doIt) {
+        QObject::connect(&(*actions)[act], &QAction::triggered, &window, doIt);
+    };
+    const auto on = [this, onAtOnce](Act act, const std::function<void()> &doIt) {
+        onAtOnce(act, [this, doIt] {
             readRest();
             doIt();
         });
@@ -32,10 +35,10 @@ void RecordsWindow::Parts::connectActions()
     on(Act::Save, [this] { file->save(); });
     on(Act::SaveAs, [this] { file->saveAs(); });
     on(Act::Reload, [this] { file->reload(); });
-    on(Act::Close, [this] { window.close(); });
+    onAtOnce(Act::Close, [this] { window.close(); });
     on(Act::Undo, [this] { tasks->undo(); });
     on(Act::Redo, [this] { tasks->redo(); });
-    on(Act::Find, [this] {
+    onAtOnce(Act::Find, [this] {
         search->setFocus(Qt::ShortcutFocusReason);
         search->selectAll();
     });

@@ -130,6 +130,15 @@ TEST_F(WindowStartTest, TheKindOfALargeFileIsAskedFor)
     EXPECT_FALSE(window.isLoaded());
 }
 
+TEST_F(WindowStartTest, AWindowCanBeClosedWhileItsFileIsRead)
+{
+    QPointer<records::RecordsWindow> window = &openAtOnce(large());
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
+    EXPECT_TRUE(window->close());
+    EXPECT_TRUE(QTest::qWaitFor([&window] { return window.isNull(); }));
+    QTest::qWait(50);
+}
+
 TEST_F(WindowStartTest, AFileThatIsGoneBeforeItIsReadIsNotShownInPart)
 {
     const auto &window = openAtOnce(large());
@@ -192,6 +201,36 @@ TEST_F(FileInPartTest, AChangeStaysWhenTheRestIsDamaged)
     EXPECT_TRUE(file.readRest());
     ASSERT_TRUE(file.save());
     EXPECT_TRUE(onDisk() == edited() + "only\r\ntwo lines\r\n");
+}
+
+TEST_F(FileInPartTest, TheRestIsReadInAnotherThread)
+{
+    file.startReadingRest();
+    EXPECT_FALSE(file.isAllRead());
+    ASSERT_TRUE(QTest::qWaitFor([this] { return file.isAllRead(); }));
+    EXPECT_EQ(document.count(), kMany);
+    EXPECT_FALSE(document.isChanged());
+    EXPECT_FALSE(file.isRestDue());
+}
+
+TEST_F(FileInPartTest, AChangeMadeWhileItIsReadStays)
+{
+    file.startReadingRest();
+    edit();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return file.isAllRead(); }));
+    EXPECT_EQ(document.count(), kMany);
+    ASSERT_TRUE(file.save());
+    EXPECT_TRUE(onDisk() == edited());
+}
+
+TEST_F(FileInPartTest, WhoNeedsTheRestWaitsForTheThread)
+{
+    file.startReadingRest();
+    EXPECT_TRUE(file.readRest());
+    EXPECT_EQ(document.count(), kMany);
+    edit();
+    QTest::qWait(50);
+    EXPECT_TRUE(document.isChanged()) << "what the thread has read came a second time";
 }
 
 TEST_F(FileInPartTest, ASaveReadsTheRestFirst)

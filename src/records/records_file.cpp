@@ -1,18 +1,11 @@
 #include "records/records_file.h"
 
 #include "controls/busy_cursor.h"
-#include "controls/message_box.h"
 #include "disk/read.h"
-#include "records/to_front.h"
 #include "records/window_words.h"
 #include "screens/failures.h"
 #include "screens/file_choice.h"
 
-#include <QPromise>
-#include <QThreadPool>
-
-#include <algorithm>
-#include <memory>
 #include <utility>
 
 namespace tarvold::records {
@@ -21,37 +14,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString title()
-{
-    return QLatin1StringView(messagebox::kTitle);
-}
-
 QString cannotReadAgain(const FileError &error)
 {
     return u"The file can't be read again: "_s + error.cause;
 }
 
 } // namespace
-
-/// While it lives, a question waits for the user's answer. What happened to the file meanwhile is
-/// looked at afterwards.
-class RecordsFile::Asking
-{
-public:
-    explicit Asking(RecordsFile &file) : m_file(file) { ++m_file.m_asking; }
-    ~Asking()
-    {
-        --m_file.m_asking;
-        QMetaObject::invokeMethod(&m_file, &RecordsFile::follow, Qt::QueuedConnection);
-    }
-    Asking(const Asking &) = delete;
-    Asking &operator=(const Asking &) = delete;
-    Asking(Asking &&) = delete;
-    Asking &operator=(Asking &&) = delete;
-
-private:
-    RecordsFile &m_file;
-};
 
 RecordsFile::RecordsFile(Document &document, QWidget &asking, Typing typing)
     : QObject(&asking)
@@ -61,84 +29,6 @@ RecordsFile::RecordsFile(Document &document, QWidget &asking, Typing typing)
 {
     connect(&m_watch, &FileWatch::changed, this, &RecordsFile::follow);
     connect(&m_rest, &QFutureWatcher<Rest>::finished, this, &RecordsFile::finishReading);
-}
-
-void RecordsFile::open(const QString &name, std::optional<DataFileKind> kind)
-{
-    constexpr qsizetype kBeginning = 1 << 20;
-    m_name = name;
-    m_kind = kind;
-    m_watch.follow(name); // before it is read, or a change in between would go unseen
-    const Result<QByteArray> bytes = readBeginning(name, kBeginning);
-    if (bytes && bytes->size() == kBeginning) {
-        const KindGuess guess = guessOf(*bytes);
-        const auto end = guess.kind ? endOfRecords(*bytes, Catalog::of(*guess.kind)) : std::nullopt;
-        if (end) {
-            m_isRestDue = true;
-            take(bytes->first(*end), guess, Part::Beginning);
-            return;
-        }
-    }
-    show(bytes && bytes->size() < kBeginning ? bytes : readFile(name));
-}
-
-void RecordsFile::startReadingRest()
-{
-    if (!m_isRestDue || m_isReading) {
-        return;
-    }
-    m_isReading = true;
-    auto promise = std::make_shared<QPromise<Rest>>();
-    m_rest.setFuture(promise->future());
-    promise->start();
-    QThreadPool::globalInstance()->start([promise, name = m_name, kind = m_document.kind()] {
-        Result<QByteArray> bytes = readFile(name);
-        std::vector<qsizetype> starts;
-        if (bytes) {
-            starts = splitIntoRecords(*bytes, Catalog::of(kind)).value(); // nothing stops it
-        }
-        promise->addResult(Rest{std::move(bytes), std::move(starts)});
-        promise->finish();
-    });
-}
-
-bool RecordsFile::readRest()
-{
-    const bool isRead = std::exchange(m_isRestDue, false) && m_isReading;
-    if (isRead && !isUsed() && !isAsking()) {
-        takeRest(m_rest.future().result()); // waits for it
-    } else if (!m_isAllRead) {
-        follow();
-    }
-    return m_isAllRead;
-}
-
-void RecordsFile::finishReading()
-{
-    if (m_isRestDue) { // else somebody has waited for it
-        readRest();
-    }
-}
-
-void RecordsFile::takeRest(const Rest &rest)
-{
-    m_isLoaded = false; // if it could not be read, its beginning must not pass for the file
-    const bool isSameKind = rest.bytes && guessOf(*rest.bytes).kind == m_document.kind();
-    if (!isSameKind) {
-        show(rest.bytes);
-        return;
-    }
-    m_isAllRead = true; // whoever is told of the records asks for it
-    m_isLoaded = true;
-    m_document.take(m_name, *rest.bytes, m_document.kind(), rest.starts);
-    emit loaded();
-}
-
-/// Whether there is what reading the file anew would lose. What can be undone or done again is
-/// worth as much as changes.
-bool RecordsFile::isUsed() const
-{
-    return hasChanges() || m_document.undoStack().count() > 0;
 }
 
 void RecordsFile::load(const QString &name, std::optional<DataFileKind> kind)
@@ -268,16 +158,16 @@ bool RecordsFile::takeGrowth()
     return true;
 }
 
+/// Whether there is what reading the file anew would lose. What can be undone or done again is
+/// worth as much as changes.
+bool RecordsFile::isUsed() const
+{
+    return hasChanges() || m_document.undoStack().count() > 0;
+}
+
 bool RecordsFile::hasChanges() const
 {
     return m_isLoaded && (m_document.isChanged() || m_typing.isPending());
-}
-
-bool RecordsFile::asks(const QString &text)
-{
-    const Asking asking(*this);
-    return messagebox::question(&m_window, title(), text, messagebox::EnterMeans::No,
-                                messagebox::Blocks::Window);
 }
 
 bool RecordsFile::save()
@@ -318,38 +208,6 @@ void RecordsFile::finishSave(const Result<void> &saved)
     emit said(words::saved(m_name, m_document.count()));
 }
 
-void RecordsFile::tell(const QString &text)
-{
-    const Asking asking(*this);
-    messagebox::notice(&m_window, title(), text, messagebox::Blocks::Window);
-}
-
-bool RecordsFile::saveElsewhere(const FileError &error)
-{
-    const QString text = failures::notRewritten(m_name, error, words::kept());
-    const bool isWanted = [&] {
-        const Asking asking(*this);
-        return messagebox::offer(&m_window, title(), text, u"&Save To Another File..."_s,
-                                 messagebox::Blocks::Window);
-    }();
-    emit said(words::notSaved());
-    return isWanted && saveAs();
-}
-
-std::optional<QString> RecordsFile::chosenName(const QString &title, bool proposesOwn)
-{
-    const Asking asking(*this);
-    const auto path = filechoice::chosenPath(
-        {&m_window, title, m_name, QLatin1StringView(rowOf(m_document.kind()).defaultName),
-         messagebox::Blocks::Window, proposesOwn});
-    if (!path) {
-        return std::nullopt;
-    }
-    // A file that is there may have its extension in capital letters.
-    const QString name = filechoice::nameOf(*path);
-    return fileExists(name) ? name : filechoice::withExtension(name);
-}
-
 bool RecordsFile::saveAs()
 {
     const bool isReady = m_typing.keep() && readRest();
@@ -375,32 +233,6 @@ bool RecordsFile::saveAs()
     emit renamed();
     finishSave(saved);
     return true;
-}
-
-bool RecordsFile::saveFirst()
-{
-    if (!hasChanges()) {
-        return true;
-    }
-    const bool isWanted = [&] {
-        const Asking asking(*this);
-        return messagebox::askSave(&m_window, title(), words::unsavedBeforeSimilar(m_name));
-    }();
-    return isWanted && save();
-}
-
-bool RecordsFile::mayClose()
-{
-    if (!hasChanges()) {
-        return true;
-    }
-    bringToFront(m_window); // it may be minimised, and the question with it
-    const messagebox::Unsaved answer = [&] {
-        const Asking asking(*this);
-        return messagebox::askUnsaved(&m_window, title(), words::unsaved(m_name));
-    }();
-    return answer == messagebox::Unsaved::Discard ||
-           (answer == messagebox::Unsaved::Save && save());
 }
 
 } // namespace tarvold::records

@@ -154,6 +154,8 @@ bool RecordsFile::takeGrowth()
     emit noticed({}, false);
     if (std::exchange(m_isAllRead, true)) {
         emit said(hasChanges() ? words::grown(more) : words::readAgain(m_document.count()));
+    } else {
+        emit loaded();
     }
     return true;
 }

@@ -57,6 +57,7 @@ public:
     QLabel *counts = nullptr;
     QProgressBar *progress = nullptr;
     PushButton *stop = nullptr;
+    bool isScanHeld = false;      ///< until the file is read whole
     std::pair<int, int> repaired; ///< how many records the repairs that run have looked at, of all
 
     RecordsFile *file = nullptr;

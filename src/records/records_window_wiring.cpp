@@ -26,6 +26,7 @@
 #include <QStackedWidget>
 
 #include <functional>
+#include <utility>
 
 namespace tarvold::records {
 
@@ -76,6 +77,13 @@ void RecordsWindow::Parts::showPlaceholder()
 
 void RecordsWindow::Parts::showRecords()
 {
+    // Marks for the first records alone would come, go and come again.
+    if (std::exchange(isScanHeld, !file->isAllRead())) {
+        scan->start();
+    }
+    if (isScanHeld) {
+        scan->stop();
+    }
     showKindBox(true);
     kind->show(document.kind());
     pages->setCurrentIndex(0);
@@ -258,8 +266,7 @@ void RecordsWindow::Parts::connectScan()
 void RecordsWindow::Parts::showProgress()
 {
     const bool isRepairing = tasks->repair().isRunning();
-    const bool isChecked =
-        file->isAllRead() && scan->checked() >= document.count() && !scan->isRunning();
+    const bool isChecked = scan->checked() >= document.count() && !scan->isRunning();
     progress->setVisible(isRepairing || !isChecked);
     stop->setVisible(isRepairing || !isChecked);
     const auto show = [this](const QString &name, const QString &format, int value, int count) {

@@ -1,8 +1,10 @@
 // How a window with a large file starts: the first records are shown before the rest is read.
 
+#include "records/record_pane.h"
 #include "records/records_file.h"
 #include "records/window_fixture.h"
 
+#include <QCheckBox>
 #include <QLabel>
 #include <QProgressBar>
 #include <QSignalSpy>
@@ -72,23 +74,19 @@ TEST_F(WindowStartTest, TheFirstRecordStaysTheChosenOne)
     EXPECT_EQ(fieldText(kCommentary), u"Ending 10000"_s);
 }
 
-TEST_F(WindowStartTest, ProblemsAreSoughtInTheWholeFile)
+TEST_F(WindowStartTest, ProblemsAreSoughtWhenAllIsRead)
 {
-    open(large() + faulty("Last"));
-    EXPECT_EQ(part<QWidget>("onlyProblems").property("text").toString(),
-              u"Only With Problems (1)"_s);
-}
-
-TEST_F(WindowStartTest, TheSearchForProblemsIsNotOverBeforeAllIsRead)
-{
-    const auto &window = openAtOnce(large());
+    const QByteArray faults = faulty("First") + large() + faulty("Last");
+    const auto &window = openAtOnce(faults);
     const auto &progress = *window.findChild<QProgressBar *>(u"progress"_s);
-    bool wasVisible = false;
+    const auto &only = *window.findChild<QCheckBox *>(u"onlyProblems"_s);
     while (countsOf(window) == u"Reading..."_s) {
-        EXPECT_TRUE(progress.isVisible() || !wasVisible);
-        wasVisible = progress.isVisible();
+        EXPECT_EQ(only.text(), u"Only With Problems (0)"_s)
+            << "marks would come, go and come again";
+        EXPECT_FALSE(progress.isVisible());
         QCoreApplication::processEvents();
     }
+    EXPECT_TRUE(QTest::qWaitFor([&only] { return only.text().endsWith(u"(2)"_s); }));
     EXPECT_TRUE(QTest::qWaitFor([&progress] { return !progress.isVisible(); }));
 }
 
@@ -102,6 +100,24 @@ TEST_F(WindowStartTest, ACommandFirstReadsTheRest)
     ASSERT_TRUE(QTest::qWaitFor([&window] { return window.isWindowModified(); }, 60'000));
     window.findChild<QAction *>(u"save"_s)->trigger();
     EXPECT_TRUE(onDisk() == large());
+}
+
+TEST_F(WindowStartTest, ATextTypedWhileTheRestIsReadIsKept)
+{
+    openAtOnce(large() + faulty("Last"));
+    auto &window = *records::RecordsWindow::all().front();
+    auto &pane = *window.findChild<records::RecordPane *>(u"record"_s);
+    emit pane.lineEdited(kCommentary - 1, "Edited"); // as an editor does
+    ASSERT_EQ(countsOf(window), u"Reading..."_s);
+    ASSERT_TRUE(waitForAll(window));
+    EXPECT_EQ(countsOf(window), u"10001 records"_s);
+    EXPECT_TRUE(window.isWindowModified());
+    const auto &only = *window.findChild<QCheckBox *>(u"onlyProblems"_s);
+    EXPECT_TRUE(QTest::qWaitFor([&only] { return only.text().endsWith(u"(1)"_s); }))
+        << "problems are not sought";
+    window.findChild<QAction *>(u"save"_s)->trigger();
+    EXPECT_TRUE(onDisk() ==
+                ending("Edited") + large().sliced(ending("Ending 1").size()) + faulty("Last"));
 }
 
 TEST_F(WindowStartTest, AFileWithoutRecordsAtItsBeginningIsReadWhole)

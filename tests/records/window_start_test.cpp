@@ -104,13 +104,14 @@ TEST_F(WindowStartTest, ACommandFirstReadsTheRest)
 
 TEST_F(WindowStartTest, ATextTypedWhileTheRestIsReadIsKept)
 {
-    openAtOnce(large() + faulty("Last"));
+    const QByteArray behind = faulty("Last but one") + ending("Last");
+    openAtOnce(large() + behind);
     auto &window = *records::RecordsWindow::all().front();
     auto &pane = *window.findChild<records::RecordPane *>(u"record"_s);
     emit pane.lineEdited(kCommentary - 1, "Edited"); // as an editor does
     ASSERT_EQ(countsOf(window), u"Reading..."_s);
     ASSERT_TRUE(waitForAll(window));
-    EXPECT_EQ(countsOf(window), u"10001 records"_s);
+    EXPECT_EQ(countsOf(window), u"10002 records"_s);
     EXPECT_TRUE(window.isWindowModified());
     const auto &only = *window.findChild<QCheckBox *>(u"onlyProblems"_s);
     EXPECT_TRUE(QTest::qWaitFor([&only] { return only.text().endsWith(u"(1)"_s); }))
@@ -271,6 +272,15 @@ TEST_F(FileInPartTest, NoPartIsSavedForTheWhole)
     writeFile(kFile, all()); // it is back
     ASSERT_TRUE(file.save());
     EXPECT_TRUE(onDisk() == edited());
+}
+
+TEST_F(FileInPartTest, NoPartIsShownForTheWhole)
+{
+    ASSERT_TRUE(QFile::remove(QLatin1StringView(kFile)));
+    const QSignalSpy failed(&file, &RecordsFile::failed);
+    EXPECT_FALSE(file.readRest());
+    EXPECT_EQ(failed.size(), 1);
+    EXPECT_FALSE(file.isLoaded());
 }
 
 TEST_F(FileInPartTest, AFileThatChangedBeforeItWasReadIsShownAsItIs)

@@ -29,7 +29,8 @@ enum class EntryState { Unchanged, Edited, Added, Moved, Deleted };
 /// written but by open(), reload(), save(), saveAs(), copyTo(), takeGrowth() and isFileUnchanged().
 ///
 /// A record is known by its index among those that are shown, from 0, which changes when records
-/// before it are added or go, or by its id, which never does until the file is loaded again.
+/// before it are added or go, or by its id, which never does until the file is loaded again, see
+/// loads().
 class Document : public QObject
 {
     Q_OBJECT
@@ -56,6 +57,10 @@ public:
     /// Reads the same bytes as another kind of records. Only while nothing is changed.
     void setKind(DataFileKind kind);
 
+    /// How often a file was loaded. An id is that of the same record as long as this is the same,
+    /// whatever is reset meanwhile.
+    int loads() const { return m_loads; }
+
     const QString &fileName() const { return m_name; }
     DataFileKind kind() const { return m_kind; }
     /// What the file held when it was last loaded or saved.
@@ -65,7 +70,10 @@ public:
     const Entry &entry(int index) const { return m_entries.at(index); }
     /// Where the record with this id is; nothing if it is not shown.
     std::optional<int> indexOf(int id) const;
-    /// The same for all ids there are; -1: it is not shown.
+    /// The same, but for one that is not shown where the record behind it is, or else the last one;
+    /// nothing if none is shown, or none ever had that id.
+    std::optional<int> indexFrom(int id) const;
+    /// The same as indexOf() for all ids there are; -1: it is not shown.
     std::vector<int> indexesById() const;
     EntryState stateOf(int index) const;
     /// The last record that is not deleted, whose line end may be missing; -1: there is none.
@@ -184,7 +192,8 @@ private:
 
     QString m_name;
     DataFileKind m_kind = DataFileKind::NormalEndings;
-    QByteArray m_file;               ///< what it held when it was last loaded or saved
+    QByteArray m_file; ///< what it held when it was last loaded or saved
+    int m_loads = 0;
     std::vector<qsizetype> m_starts; ///< of the records in it, and its end
     Entries m_entries;
     std::vector<int> m_origins; ///< by id: its index in the file; -1: it is not in it

@@ -54,8 +54,8 @@ public:
     bool isSearching() const { return m_isSearching; }
 
     /// Sorts by a column; -1: in the order of the file. The first click brings the changed records
-    /// and those with most problems to the top. By problems it sorts once more when the scan that
-    /// runs has found all of them, but not after each change.
+    /// and those with most problems to the top. By problems it sorts once more when the scan has
+    /// found all of them, also one that was stopped and goes on, but not after each change.
     void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
     int sortColumn() const { return m_sortColumn; }
     Qt::SortOrder sortOrder() const { return m_sortOrder; }

@@ -36,7 +36,7 @@ void RecordListModel::sort(int column, Qt::SortOrder order)
 {
     m_sortColumn = column > problemColumn() ? -1 : column;
     m_sortOrder = order;
-    m_isSortedTooSoon = m_sortColumn == problemColumn() && m_scan.isRunning();
+    m_isSortedTooSoon = m_sortColumn == problemColumn() && !m_scan.isFinished();
     m_sort.reset();
     m_sortTimer.stop();
     if (m_sortColumn < Telling || m_sortColumn == problemColumn()) {

@@ -204,6 +204,16 @@ TEST(Comparisons, FindAKeyOnlyWhereBothPartsAreTheSame)
                           "Match\" for \"Singles\"."_s));
 }
 
+TEST(Comparisons, TakeNoLinesOfAnotherKindForAKey)
+{
+    QByteArrayList lines = newLines(DataFileKind::NormalEndings);
+    const QByteArray one = ended(lines);
+    lines.back() = "And that is all!";
+    EXPECT_EQ(compared({one, ended(lines)}), QStringList());
+    EXPECT_EQ(compared({one, ended(lines), one}),
+              QStringList(u"Stipulation 3 is the same as stipulation 1."_s));
+}
+
 TEST(Comparisons, TellOfTheSameRecordOnce)
 {
     const QByteArray record = stipulationOf("Singles", "Ladder Match", "1");

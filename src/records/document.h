@@ -36,7 +36,7 @@ class Document : public QObject
     Q_OBJECT
 public:
     /// What takeGrowth() takes.
-    enum class Growth { WholeRecords, Anything };
+    enum class Growth { CompleteRecords, Anything };
 
     explicit Document(QObject *parent = nullptr);
 
@@ -126,10 +126,10 @@ public:
     ///
     /// Where the file changed in another way, or where a record of any step to undo would run into
     /// the one added behind it for want of a line end, nothing is done.
-    /// \param growth whether anything may come, or only whole records, as another program may be in
-    ///        the middle of one
+    /// \param growth whether anything may come, or only records that are complete, as another
+    ///        program may be in the middle of one. They may lack a line that the screens leave out
     /// \return how many records came
-    int takeGrowth(Growth growth = Growth::WholeRecords);
+    int takeGrowth(Growth growth = Growth::CompleteRecords);
 
     /// Whether the file still holds what was loaded or saved last.
     bool isFileUnchanged() const;
@@ -180,7 +180,7 @@ private:
     bool isOutOfPlace(int index) const;
 
     bool isEndedBefore(QByteArrayView added) const;
-    bool areWhole(QByteArrayView added, const std::vector<qsizetype> &starts) const;
+    bool areComplete(QByteArrayView added, const std::vector<qsizetype> &starts) const;
     void adopt(const QByteArray &longer, const std::vector<qsizetype> &starts);
     void visitChanges(const std::function<void(Entry &)> &visitor) const;
 

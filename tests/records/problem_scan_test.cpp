@@ -101,7 +101,6 @@ TEST_F(RecordListTest, SortsByProblemsAgainWhenAStoppedScanHasGoneOnToTheEnd)
     }
     writeFile(kFile, all.join() + damaged("A"));
     open();
-    QCoreApplication::processEvents();
     scan.stop();
     ASSERT_LT(scan.checked(), 4'000);
     list.sort(list.problemColumn());

@@ -26,8 +26,8 @@ TEST_F(WindowGrowthTest, RecordsThatAreAddedJoinTheChanges)
     EXPECT_EQ(currentRow(), 1);
     EXPECT_TRUE(isChanged());
     EXPECT_EQ(cell(4, u"Change"_s), QString());
-    EXPECT_EQ(notice(), u"The file got 2 records more, now at the end of the list. Your changes "
-                        "are still here; Save writes all."_s);
+    EXPECT_EQ(notice(), u"The file got 2 records more at its end. Your changes are still here; "
+                        "Save writes all."_s);
     EXPECT_FALSE(part<QWidget>("reload").isVisible());
     press(Qt::CTRL | Qt::Key_S);
     EXPECT_EQ(onDisk(), ending("Typed") + endings(4, 2));

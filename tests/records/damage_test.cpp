@@ -234,7 +234,13 @@ TEST(Damage, ThatCancelsOutInTalkShowsIsToldByTheHost)
         EXPECT_EQ(countUnseen(random, hasNames, "That is all for tonight.", 200), 0);
         EXPECT_EQ(countUnseen(random, hasNames, "<hostname> waves", 200), 0);
         // One in five of these sentences, such as "Silence", nobody can tell from a name.
-        EXPECT_LE(countUnseen(random, hasNames, {}, 200), 50);
+        const int unseen = countUnseen(random, hasNames, {}, 200);
+        EXPECT_LE(unseen, 50);
+        if (qEnvironmentVariableIsSet("TARVOLD_SHOW_TABLES")) {
+            std::printf("Talk shows %s names, last line doubled, a detail missing in the next one: "
+                        "%d of 200 files seem clean\n",
+                        hasNames ? "with" : "without", unseen);
+        }
     }
 }
 

@@ -204,7 +204,7 @@ TEST_F(DocumentGrowth, NoBeginningOfARecordIsTaken)
     records::Random random(1);
     for (const DataFileKindRow &row : kDataFileKinds) {
         const auto &catalog = records::Catalog::of(row.kind);
-        for (int round = 0; round < 30; ++round) {
+        for (int round = 0; round < 12; ++round) {
             const auto writing = records::Writing(round % 3);
             const records::RecordLines lines = records::randomRecord(random, catalog, writing);
             for (int count = 1; count < lines.size(); ++count) {

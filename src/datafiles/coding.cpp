@@ -42,6 +42,11 @@ std::span<const CodedText> codedTexts(Coding coding)
     return {};
 }
 
+bool mayLackLine(Coding coding)
+{
+    return !codedTexts(coding).empty();
+}
+
 std::optional<QString> lineOf(Coding coding, const QString &text)
 {
     if (coding == Coding::AlwaysNo) {

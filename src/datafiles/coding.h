@@ -32,6 +32,9 @@ struct CodedText
 /// All texts of a coding that knows only these, in the order of their list; none for the others.
 std::span<const CodedText> codedTexts(Coding coding);
 
+/// Whether a record may lack the line, as there is none for a text that the coding does not know.
+bool mayLackLine(Coding coding);
+
 /// The line for a control's text; none for a text that the coding does not know.
 std::optional<QString> lineOf(Coding coding, const QString &text);
 

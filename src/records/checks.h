@@ -44,6 +44,10 @@ void checkEncoding(const Examined &examined, Problems &problems);
 /// encoding found, which comes before this one.
 void checkWords(const Examined &examined, Problems &problems);
 
+/// Names that read like commentary, in a field that may hold a line of it. No repair: which lines
+/// were lost, nobody can tell.
+void checkNames(const Examined &examined, Problems &problems);
+
 /// The tags of all commentary.
 void checkTags(const Examined &examined, Problems &problems);
 

@@ -82,7 +82,8 @@ std::vector<Problem> Comparison::add(const Record &record, std::optional<int> nu
                  .text = u"%1 %2 is the same as %3 %4."_s.arg(atStart(word), QString::number(own),
                                                               word, QString::number(*same))}};
     }
-    if (sameKey) {
+    // Of another kind it has no key. That is asked only now, as it takes long.
+    if (sameKey && !looksLike(record.lines(), m_catalog.kind())) {
         return {{.type = Problem::Type::SameKey,
                  .field = m_catalog.placeOf(stipulationfields::kName),
                  .line = record.layout().lineOfField.at(1),

@@ -82,6 +82,7 @@ void Document::take(const QString &name, const QByteArray &bytes, DataFileKind k
         entries[number] = {partOf(bytes, start, starts[number + 1] - start), int(number)};
     }
     emit aboutToReset();
+    ++m_loads;
     m_undo.clear();
     m_moved.clear();
     m_name = name;
@@ -101,6 +102,17 @@ std::optional<int> Document::indexOf(int id) const
         }
     }
     return {};
+}
+
+std::optional<int> Document::indexFrom(int id) const
+{
+    const std::vector<Entry> &all = m_entries.all();
+    const auto found =
+        std::find_if(all.begin(), all.end(), [id](const Entry &entry) { return entry.id == id; });
+    if (found == all.end() || count() == 0) {
+        return {};
+    }
+    return std::min(m_entries.shownBefore(int(found - all.begin())), count() - 1);
 }
 
 std::vector<int> Document::indexesById() const

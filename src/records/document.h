@@ -29,13 +29,14 @@ enum class EntryState { Unchanged, Edited, Added, Moved, Deleted };
 /// written but by open(), reload(), save(), saveAs(), copyTo(), takeGrowth() and isFileUnchanged().
 ///
 /// A record is known by its index among those that are shown, from 0, which changes when records
-/// before it are added or go, or by its id, which never does until the file is loaded again.
+/// before it are added or go, or by its id, which never does until the file is loaded again, see
+/// loads().
 class Document : public QObject
 {
     Q_OBJECT
 public:
     /// What takeGrowth() takes.
-    enum class Growth { WholeRecords, Anything };
+    enum class Growth { CompleteRecords, Anything };
 
     explicit Document(QObject *parent = nullptr);
 
@@ -60,6 +61,10 @@ public:
     /// Reads the same bytes as another kind of records. Only while nothing is changed.
     void setKind(DataFileKind kind);
 
+    /// How often a file was loaded. An id is that of the same record as long as this is the same,
+    /// whatever is reset meanwhile.
+    int loads() const { return m_loads; }
+
     const QString &fileName() const { return m_name; }
     DataFileKind kind() const { return m_kind; }
     /// What the file held when it was last loaded or saved.
@@ -69,7 +74,10 @@ public:
     const Entry &entry(int index) const { return m_entries.at(index); }
     /// Where the record with this id is; nothing if it is not shown.
     std::optional<int> indexOf(int id) const;
-    /// The same for all ids there are; -1: it is not shown.
+    /// The same, but for one that is not shown where the record behind it is, or else the last one;
+    /// nothing if none is shown, or none ever had that id.
+    std::optional<int> indexFrom(int id) const;
+    /// The same as indexOf() for all ids there are; -1: it is not shown.
     std::vector<int> indexesById() const;
     EntryState stateOf(int index) const;
     /// The last record that is not deleted, whose line end may be missing; -1: there is none.
@@ -122,10 +130,10 @@ public:
     ///
     /// Where the file changed in another way, or where a record of any step to undo would run into
     /// the one added behind it for want of a line end, nothing is done.
-    /// \param growth whether anything may come, or only whole records, as another program may be in
-    ///        the middle of one
+    /// \param growth whether anything may come, or only records that are complete, as another
+    ///        program may be in the middle of one. They may lack a line that the screens leave out
     /// \return how many records came
-    int takeGrowth(Growth growth = Growth::WholeRecords);
+    int takeGrowth(Growth growth = Growth::CompleteRecords);
 
     /// Whether the file still holds what was loaded or saved last.
     bool isFileUnchanged() const;
@@ -176,7 +184,7 @@ private:
     bool isOutOfPlace(int index) const;
 
     bool isEndedBefore(QByteArrayView added) const;
-    bool areWhole(QByteArrayView added, const std::vector<qsizetype> &starts) const;
+    bool areComplete(QByteArrayView added, const std::vector<qsizetype> &starts) const;
     void adopt(const QByteArray &longer, const std::vector<qsizetype> &starts);
     void visitChanges(const std::function<void(Entry &)> &visitor) const;
 
@@ -188,7 +196,8 @@ private:
 
     QString m_name;
     DataFileKind m_kind = DataFileKind::NormalEndings;
-    QByteArray m_file;               ///< what it held when it was last loaded or saved
+    QByteArray m_file; ///< what it held when it was last loaded or saved
+    int m_loads = 0;
     std::vector<qsizetype> m_starts; ///< of the records in it, and its end
     Entries m_entries;
     std::vector<int> m_origins; ///< by id: its index in the file; -1: it is not in it

@@ -3,10 +3,33 @@
 #include "disk/read.h"
 #include "records/changes.h"
 #include "records/document.h"
+#include "records/record.h"
+#include "records/step.h"
 
 #include <algorithm>
 
 namespace tarvold::records {
+namespace {
+
+/// Whether nothing is missing from a record, and nothing too much, but that it may lack lines that
+/// the screens leave out.
+bool isComplete(const Record &record)
+{
+    const std::vector<KnownField> &fields = record.catalog().fields();
+    const Step step = Step::of(record);
+    const auto isLeftOut = [&](const FieldRun &missing) {
+        const FieldRun doubt = fieldsInDoubt(record, step, missing);
+        return missing.isOne() &&
+               std::any_of(
+                   fields.begin() + doubt.first, fields.begin() + doubt.last + 1,
+                   [](const KnownField &known) { return mayLackLine(known.field->coding); });
+    };
+    const std::vector<FieldRun> missing = missingRuns(record.layout());
+    return record.layout().surplus.empty() &&
+           std::all_of(missing.begin(), missing.end(), isLeftOut);
+}
+
+} // namespace
 
 int Document::takeGrowth(Growth growth)
 {
@@ -20,7 +43,7 @@ int Document::takeGrowth(Growth growth)
     }
     // Without a callback nothing stops it.
     const std::vector<qsizetype> starts = splitIntoRecords(added, catalog()).value();
-    if (growth == Growth::WholeRecords && !areWhole(added, starts)) {
+    if (growth == Growth::CompleteRecords && !areComplete(added, starts)) {
         return 0;
     }
     const int before = count();
@@ -31,14 +54,17 @@ int Document::takeGrowth(Growth growth)
     return more;
 }
 
-/// Whether records that were added are whole, and the last one has a line end.
-bool Document::areWhole(QByteArrayView added, const std::vector<qsizetype> &starts) const
+/// Whether records that were added are complete, and the last one has a line end and is not just
+/// being written.
+bool Document::areComplete(QByteArrayView added, const std::vector<qsizetype> &starts) const
 {
     bool isEach = isEnded(added);
     for (std::size_t number = 0; isEach && number < starts.size(); ++number) {
-        const qsizetype end = number + 1 < starts.size() ? starts[number + 1] : added.size();
-        const QByteArrayView record = added.sliced(starts[number], end - starts[number]);
-        isEach = layoutOf(linesOf(record), catalog()).isWhole();
+        const bool isLast = number + 1 == starts.size();
+        const qsizetype end = isLast ? added.size() : starts[number + 1];
+        const QByteArrayView bytes = added.sliced(starts[number], end - starts[number]);
+        const Record record(bytes.toByteArray(), catalog());
+        isEach = isComplete(record) && !(isLast && mayBeBegun(record.lines(), catalog()));
     }
     return isEach;
 }

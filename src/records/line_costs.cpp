@@ -42,13 +42,6 @@ Role roleOf(const Catalog &catalog, int field)
     return isStrict ? Role::List : Role::OpenList;
 }
 
-/// Whether the screens write no line for a text that is not in the field's list.
-bool codedAsWord(const Catalog &catalog, int field)
-{
-    const Coding coding = catalog.fields().at(std::size_t(field)).field->coding;
-    return coding == Coding::FinisherType || coding == Coding::QualityWord;
-}
-
 /// How odd each sort is in each role, in bits; the last column is for the words of other lists.
 // clang-format off
 constexpr std::array<std::array<double, 8>, 8> kOddness = {{
@@ -109,7 +102,7 @@ LineCosts::LineCosts(const Catalog &catalog)
     m_doubled[std::size_t(Sort::Number)] = kDoubledNumber;
     for (int field = 0; field < m_fieldCount; ++field) {
         const Role role = roleOf(catalog, field);
-        const bool isCode = codedAsWord(catalog, field);
+        const bool isCode = mayLackLine(catalog.fields().at(std::size_t(field)).field->coding);
         m_missing.push_back(isCode ? kMissingCode : kMissing);
         for (std::size_t sort = 0; sort < kSorts; ++sort) {
             put(field, Sort(sort), roleOddness(role, Sort(sort)), kUsual);

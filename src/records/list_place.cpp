@@ -54,6 +54,10 @@ void ListPlace::find()
 {
     m_viewFound = m_view.foundByNumber();
     m_selectedFound = m_selected.found();
+    if (m_view.isSameLoad()) { // if it is still waited for, those that are gone must stay so
+        m_view.remember(m_viewFound);
+        m_selected.remember(m_selectedFound);
+    }
     m_isAwaited = !m_viewFound.empty();
     goBack();
 }

@@ -11,8 +11,8 @@ namespace tarvold::records {
 class RecordListModel;
 class RecordListView;
 
-/// Brings a list back to where it stood when its file is read again: to the current record, the
-/// selected ones, and the one at the top.
+/// Brings a list back to where it stood when its file is read again, or many records come or go at
+/// once: to the current record, the selected ones, and the one at the top.
 ///
 /// A filter may show the current record only later, as problems are found. It is waited for until
 /// the user goes elsewhere.

@@ -7,10 +7,11 @@ namespace tarvold::records {
 
 void PlaceKeeper::remember(const std::vector<int> &records)
 {
+    m_load = m_document.loads();
     m_kept.clear();
     for (const int index : records) {
-        const QByteArray &bytes = m_document.entry(index).bytes;
-        m_kept.push_back({index, QByteArray(bytes.constData(), bytes.size())});
+        const auto &[bytes, id, isDeleted] = m_document.entry(index);
+        m_kept.push_back({index, id, QByteArray(bytes.constData(), bytes.size())});
     }
 }
 
@@ -25,6 +26,26 @@ std::vector<int> PlaceKeeper::foundByNumber() const
 }
 
 std::vector<int> PlaceKeeper::find(bool byNumber) const
+{
+    return isSameLoad() ? findIds(byNumber) : findBytes(byNumber);
+}
+
+/// Another record may have the same bytes as one that is gone, so these tell nothing.
+std::vector<int> PlaceKeeper::findIds(bool byNumber) const
+{
+    const std::vector<int> indexes = m_document.indexesById();
+    std::vector<int> all;
+    for (const Kept &kept : m_kept) {
+        const int index = indexes.at(std::size_t(kept.id));
+        const auto behind = index < 0 && byNumber ? m_document.indexFrom(kept.id) : std::nullopt;
+        if (index >= 0 || behind) {
+            all.push_back(behind.value_or(index));
+        }
+    }
+    return all;
+}
+
+std::vector<int> PlaceKeeper::findBytes(bool byNumber) const
 {
     QHash<QByteArray, std::vector<int>> places;
     for (const Kept &kept : m_kept) {

@@ -58,6 +58,11 @@ void ProblemScan::stop()
     m_timer.stop();
 }
 
+bool ProblemScan::isFinished() const
+{
+    return m_next >= m_document.count() && !isRunning();
+}
+
 /// Compares all records again, as any of them may have been the first of several equal ones.
 void ProblemScan::compareAnew()
 {
@@ -116,13 +121,13 @@ void ProblemScan::work()
         step(m_next++);
     }
     m_busy.invalidate();
-    const bool isFinished = m_next >= m_document.count();
-    if (isFinished) {
+    const bool isLast = m_next >= m_document.count();
+    if (isLast) {
         m_timer.stop();
     }
     tell();
     emit progress(m_checked, m_document.count());
-    if (isFinished) {
+    if (isLast) {
         emit finished();
     }
 }

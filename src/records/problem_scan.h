@@ -35,6 +35,8 @@ public:
     void stop();
     bool isRunning() const { return m_timer.isActive(); }
 
+    /// Whether all records are checked and compared, as far as they have not changed since.
+    bool isFinished() const;
     /// How many records have been checked, of all.
     int checked() const { return m_checked; }
     /// How many records have problems, as far as they are known.

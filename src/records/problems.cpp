@@ -79,6 +79,7 @@ std::vector<Problem> problemsOf(const Record &record, int number, bool isLast)
     checkStep(examined, problems);
     checkEncoding(examined, problems);
     checkWords(examined, problems);
+    checkNames(examined, problems);
     checkTags(examined, problems);
     const std::optional<DataFileKind> other = otherKindOf(examined, problems);
     if (other) {

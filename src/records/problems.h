@@ -20,8 +20,9 @@ struct Problem
         SurplusLine,
         BareLineEnd, ///< CR or LF alone, or CR CR LF
         NoLastLineEnd,
-        Utf8,        ///< where the game reads its code page
-        UnknownWord, ///< outside the field's coding or list
+        Utf8,             ///< where the game reads its code page
+        UnknownWord,      ///< outside the field's coding or list
+        CommentaryAsName, ///< where damage before it puts a line of commentary
         UnknownTag,
         UnclosedTag,
         RefusedTag,

@@ -25,6 +25,31 @@ namespace {
 /// is missing and another is too many must be clear from many lines.
 constexpr int kPlain = 15 * LineCosts::kBit;
 
+/// How much dearer a record must be where a line is missing than its lines one by one, or these are
+/// no beginning of one: about what the missing line costs. A name that looks like a sentence is too
+/// odd for them.
+constexpr int kLacking = 8 * LineCosts::kBit;
+
+/// The ways to read the lines of a record.
+struct Reading
+{
+    Alignment alignment;
+    int plain; ///< the cost of reading them one by one as the first fields
+};
+
+Reading readingOf(const std::vector<Line> &lines, const LineCosts &costs)
+{
+    Reading reading{Alignment(costs, Alignment::Records::One), 0};
+    for (std::size_t line = 0; line < lines.size(); ++line) {
+        const Sort sort = sortOf(lines[line].text);
+        const bool isDoubled = line > 0 && lines[line].text == lines[line - 1].text;
+        reading.alignment.add(sort, isDoubled);
+        const bool isField = line < std::size_t(costs.fieldCount());
+        reading.plain += isField ? costs.row(sort, isDoubled)[line] : 0;
+    }
+    return reading;
+}
+
 Layout wholeLayout(int fieldCount)
 {
     Layout layout;
@@ -35,6 +60,14 @@ Layout wholeLayout(int fieldCount)
 
 } // namespace
 
+bool mayBeBegun(const std::vector<Line> &lines, const Catalog &catalog)
+{
+    const LineCosts &costs = LineCosts::of(catalog.kind());
+    const auto [alignment, plain] = readingOf(lines, costs);
+    return lines.size() < std::size_t(costs.fieldCount()) &&
+           plain <= alignment.costAtEnd() - kLacking;
+}
+
 Layout layoutOf(const std::vector<Line> &lines, const Catalog &catalog)
 {
     const LineCosts &costs = LineCosts::of(catalog.kind());
@@ -44,14 +77,7 @@ Layout layoutOf(const std::vector<Line> &lines, const Catalog &catalog)
         costs.oddnessOf(lines).value_or(LineCosts::kMostOddness + 1) <= LineCosts::kMostOddness) {
         return wholeLayout(costs.fieldCount());
     }
-    Alignment alignment(costs, Alignment::Records::One);
-    int plain = 0;
-    for (std::size_t line = 0; line < lines.size(); ++line) {
-        const Sort sort = sortOf(lines[line].text);
-        const bool isDoubled = line > 0 && lines[line].text == lines[line - 1].text;
-        alignment.add(sort, isDoubled);
-        plain += line < std::size_t(costs.fieldCount()) ? costs.row(sort, isDoubled)[line] : 0;
-    }
+    const auto [alignment, plain] = readingOf(lines, costs);
     if (lines.size() == std::size_t(costs.fieldCount()) &&
         plain <= alignment.costAtEnd() + kPlain) {
         return wholeLayout(costs.fieldCount());

@@ -24,6 +24,10 @@ struct Layout
 /// Matches a record's lines with the fields of its kind in the cheapest way.
 Layout layoutOf(const std::vector<Line> &lines, const Catalog &catalog);
 
+/// Whether lines may well be the first ones of a record that is still being written: they suit the
+/// first fields as well as any others.
+bool mayBeBegun(const std::vector<Line> &lines, const Catalog &catalog);
+
 /// Asked now and then how far a long work is, from 0 to 1; `false` stops it.
 using Progress = std::function<bool(double)>;
 

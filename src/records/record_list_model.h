@@ -19,7 +19,8 @@ class ProblemScan;
 /// in parts between two events, so that nothing waits for them.
 ///
 /// A change never takes the chosen record out of the list: it stays until another one is chosen,
-/// and rows keep their places until the next sort.
+/// and rows keep their places until the next sort. What the file got at its end comes where it is
+/// sorted.
 class RecordListModel : public QAbstractTableModel
 {
     Q_OBJECT
@@ -54,8 +55,8 @@ public:
     bool isSearching() const { return m_isSearching; }
 
     /// Sorts by a column; -1: in the order of the file. The first click brings the changed records
-    /// and those with most problems to the top. By problems it sorts once more when the scan that
-    /// runs has found all of them, but not after each change.
+    /// and those with most problems to the top. By problems it sorts once more when the scan has
+    /// found all of them, also one that was stopped and goes on, but not after each change.
     void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
     int sortColumn() const { return m_sortColumn; }
     Qt::SortOrder sortOrder() const { return m_sortOrder; }
@@ -105,7 +106,15 @@ private:
     int rankOf(int index) const { return m_ranks[std::size_t(index)]; }
     void setOrder(std::vector<int> order);
     void arrange(std::vector<int> order);
-    std::vector<int> keysFor(int column) const;
+    void addToOrder(int first, int last);
+    bool isGrowth(int first, int last) const;
+    bool isSortedByNumber() const
+    {
+        return m_sortColumn < Telling || m_sortColumn == problemColumn();
+    }
+    bool isSortedBefore(int one, int other) const;
+    int sortKeyOf(int index) const;
+    QString sortTextOf(int index) const;
     void sortOn();
     void sortAnew();
 

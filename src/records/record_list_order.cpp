@@ -13,6 +13,7 @@ namespace {
 
 constexpr qint64 kSortSlice = 10;             // milliseconds until the next event
 constexpr std::size_t kMostRemovedSingly = 8; // rows that go one by one
+constexpr int kMostSortedSingly = 100;        // records that come to their places one by one
 
 std::vector<int> fileOrder(int count)
 {
@@ -36,18 +37,21 @@ void RecordListModel::sort(int column, Qt::SortOrder order)
 {
     m_sortColumn = column > problemColumn() ? -1 : column;
     m_sortOrder = order;
-    m_isSortedTooSoon = m_sortColumn == problemColumn() && m_scan.isRunning();
+    m_isSortedTooSoon = m_sortColumn == problemColumn() && !m_scan.isFinished();
     m_sort.reset();
     m_sortTimer.stop();
-    if (m_sortColumn < Telling || m_sortColumn == problemColumn()) {
-        arrange(m_sortColumn < 0 ? fileOrder(m_document.count())
-                                 : sortedBy(keysFor(m_sortColumn), order));
+    if (m_sortColumn < 0) {
+        arrange(fileOrder(m_document.count()));
         return;
     }
-    m_sort.emplace(m_document.count(), [this](int index) {
-        const Record record(m_document.entry(index).bytes, m_document.catalog());
-        return columnTexts(record).value(m_sortColumn - Telling);
-    });
+    if (isSortedByNumber()) {
+        std::vector<int> keys = fileOrder(m_document.count());
+        std::transform(keys.begin(), keys.end(), keys.begin(),
+                       [this](int index) { return sortKeyOf(index); });
+        arrange(sortedBy(keys, order));
+        return;
+    }
+    m_sort.emplace(m_document.count(), [this](int index) { return sortTextOf(index); });
     m_sortTimer.start();
     sortOn();
 }
@@ -57,20 +61,31 @@ void RecordListModel::sortAnew()
     sort(m_sortColumn, m_sortOrder);
 }
 
-/// What records are sorted by where that is a number: the least come first.
-std::vector<int> RecordListModel::keysFor(int column) const
+/// What a record is sorted by where that is a number: the least comes first.
+int RecordListModel::sortKeyOf(int index) const
 {
-    std::vector<int> keys = fileOrder(m_document.count());
-    if (column == Number) {
-        return keys;
+    if (m_sortColumn == State) {
+        const int state = int(m_document.stateOf(index));
+        return (state + int(EntryState::Deleted)) % (int(EntryState::Deleted) + 1); // changed first
     }
-    for (int &key : keys) {
-        const int state = int(m_document.stateOf(key));
-        const int unchangedLast =
-            (state + int(EntryState::Deleted)) % (int(EntryState::Deleted) + 1);
-        key = column == State ? unchangedLast : -m_scan.countAt(key);
+    return m_sortColumn == Number ? index : -m_scan.countAt(index);
+}
+
+/// The same where it is a text.
+QString RecordListModel::sortTextOf(int index) const
+{
+    const Record record(m_document.entry(index).bytes, m_document.catalog());
+    return columnTexts(record).value(m_sortColumn - Telling);
+}
+
+/// Whether a record belongs before another one as it is sorted.
+bool RecordListModel::isSortedBefore(int one, int other) const
+{
+    if (m_sortOrder == Qt::DescendingOrder) {
+        std::swap(one, other);
     }
-    return keys;
+    return isSortedByNumber() ? sortKeyOf(one) < sortKeyOf(other)
+                              : sortTextOf(one).toCaseFolded() < sortTextOf(other).toCaseFolded();
 }
 
 void RecordListModel::sortOn()
@@ -169,11 +184,7 @@ void RecordListModel::noteInsertion(int first, int last)
     const auto shift = [=](int &index) { index += index >= first ? count : 0; };
     std::for_each(m_order.begin(), m_order.end(), shift);
     std::for_each(m_rows.begin(), m_rows.end(), shift);
-    const auto before = std::find(m_order.begin(), m_order.end(), first - 1);
-    std::vector<int> added(static_cast<std::size_t>(count));
-    std::iota(added.begin(), added.end(), first);
-    const auto place = first == 0 ? m_order.begin() : std::next(before);
-    m_order.insert(place, added.begin(), added.end());
+    addToOrder(first, last);
     setOrder(std::move(m_order));
     renumberRows();
     if (wasSearching) {
@@ -181,10 +192,36 @@ void RecordListModel::noteInsertion(int first, int last)
     } else {
         update(first, last);
     }
-    if (m_sort) {
+    const bool isMuch = m_sortColumn >= 0 && isGrowth(first, last) && count > kMostSortedSingly;
+    if (m_sort || isMuch) {
         sortAnew();
     }
     tellOfData(0, rowCount() - 1); // their numbers
+}
+
+/// Whether records are what the file got at its end, and no change.
+bool RecordListModel::isGrowth(int first, int last) const
+{
+    return last == m_document.count() - 1 && m_document.stateOf(first) == EntryState::Unchanged;
+}
+
+/// Adds some records that follow each other: beside the one before them, but a few that the file
+/// got where they are sorted. The others keep their places, as they may have been changed since.
+void RecordListModel::addToOrder(int first, int last)
+{
+    if (m_sortColumn >= 0 && isGrowth(first, last) && last - first < kMostSortedSingly) {
+        for (int index = first; index <= last; ++index) {
+            m_order.insert(
+                std::upper_bound(m_order.begin(), m_order.end(), index,
+                                 [this](int one, int other) { return isSortedBefore(one, other); }),
+                index);
+        }
+        return;
+    }
+    const auto before = std::find(m_order.begin(), m_order.end(), first - 1);
+    std::vector<int> added(std::size_t(last - first + 1));
+    std::iota(added.begin(), added.end(), first);
+    m_order.insert(first == 0 ? m_order.begin() : std::next(before), added.begin(), added.end());
 }
 
 void RecordListModel::noteRemoval(int first, int last)

@@ -147,7 +147,8 @@ void RecordsFile::follow()
 bool RecordsFile::takeGrowth()
 {
     using Growth = Document::Growth;
-    const int more = m_document.takeGrowth(m_isAllRead ? Growth::WholeRecords : Growth::Anything);
+    const int more =
+        m_document.takeGrowth(m_isAllRead ? Growth::CompleteRecords : Growth::Anything);
     if (more == 0) {
         return false;
     }

@@ -29,6 +29,12 @@ public:
     bool isLegal(int field, QByteArrayView line) const;
     /// Whether lines are those of a whole record, each legal for its field.
     bool areLegal(const std::vector<Line> &record) const;
+    /// Whether a line of commentary may come to stand in the field unnoticed, if the record before
+    /// has one too many and this one lacks another line: it is the first one, and takes any text.
+    bool mayHoldCommentary(int field) const
+    {
+        return field == 0 && !hasWords(field) && m_firstCommentary < int(m_words.size());
+    }
     /// Whether its list is of numbers, apart from other words that it may have.
     bool isNumber(int field) const;
 

@@ -61,13 +61,6 @@ bool isCutShort(const Examined &examined, const FieldRun &run)
            run.last - run.first >= 2;
 }
 
-/// Whether the screens write no line for a text that is not in the field's list.
-bool isCode(const KnownField &known)
-{
-    return known.field->coding == Coding::FinisherType ||
-           known.field->coding == Coding::QualityWord;
-}
-
 /// Which lines are missing, as far as that can be told.
 QString whichOf(const Examined &examined, const FieldRun &run, const FieldRun &doubt)
 {
@@ -83,7 +76,7 @@ QString whichOf(const Examined &examined, const FieldRun &run, const FieldRun &d
         return u"the lines from %1 to %2 are missing."_s.arg(first, last);
     }
     const int count = run.last - run.first + 1;
-    if (count == 1 && isCode(examined.known(run.first))) {
+    if (count == 1 && mayLackLine(examined.known(run.first).field->coding)) {
         return u"one of the lines from %1 to %2 is missing, probably the one for %3."_s.arg(
             first, last, captionOf(examined.known(run.first)));
     }

@@ -41,8 +41,8 @@ QString unsavedBeforeSimilar(const QString &name)
 
 QString grown(int records)
 {
-    return u"The file got %1 more, now at the end of the list. Your changes are still here; Save "
-           "writes all."_s.arg(countOf(records));
+    return u"The file got %1 more at its end. Your changes are still here; Save writes all."_s.arg(
+        countOf(records));
 }
 
 QString inTheWay(const QString &name)

@@ -184,6 +184,68 @@ TEST_F(DocumentGrowth, AsksWhileAProgramIsInTheMiddleOfARecord)
     EXPECT_EQ(readBack(kFile), one + three + four);
 }
 
+/// Loads a file with a record of a kind, then adds bytes to it. Returns how many records came.
+int grownBy(const QByteArray &bytes, DataFileKind kind)
+{
+    const QString name = u"grown.tvd"_s;
+    records::Random random(1);
+    const auto &catalog = records::Catalog::of(kind);
+    const QByteArray file =
+        records::bytesOf(records::randomRecord(random, catalog, records::Writing::Usual));
+    writeFile("grown.tvd", file);
+    Document document;
+    EXPECT_TRUE(document.open(name, kind));
+    writeFile("grown.tvd", file + bytes);
+    return document.takeGrowth();
+}
+
+TEST_F(DocumentGrowth, NoBeginningOfARecordIsTaken)
+{
+    records::Random random(1);
+    for (const DataFileKindRow &row : kDataFileKinds) {
+        const auto &catalog = records::Catalog::of(row.kind);
+        for (int round = 0; round < 12; ++round) {
+            const auto writing = records::Writing(round % 3);
+            const records::RecordLines lines = records::randomRecord(random, catalog, writing);
+            for (int count = 1; count < lines.size(); ++count) {
+                const QByteArray begun = records::bytesOf(lines.first(count));
+                EXPECT_EQ(grownBy(begun, row.kind), 0) << begun.toStdString();
+            }
+            EXPECT_EQ(grownBy(records::bytesOf(lines), row.kind), 1);
+        }
+    }
+}
+
+/// The screens write no line for a finisher type that is in no list.
+TEST_F(DocumentGrowth, ARecordWithoutAFinisherTypeIsTaken)
+{
+    records::Random random(1);
+    int records = 0;
+    int refused = 0;
+    for (const DataFileKindRow &row : kDataFileKinds) {
+        const auto &catalog = records::Catalog::of(row.kind);
+        for (int field = 0; field < catalog.fieldCount(); ++field) {
+            if (catalog.fields().at(std::size_t(field)).field->coding != Coding::FinisherType) {
+                continue;
+            }
+            for (int round = 0; round < 20; ++round) {
+                const auto writing = records::Writing(round % 2);
+                const auto whole =
+                    records::bytesOf(records::randomRecord(random, catalog, writing));
+                records::RecordLines lines = records::randomRecord(random, catalog, writing);
+                lines.removeAt(field);
+                const QByteArray bytes = records::bytesOf(lines);
+                refused += grownBy(bytes, row.kind) == 1 ? 0 : 1;
+                refused += grownBy(bytes + whole, row.kind) == 2 ? 0 : 1;
+                records += 2;
+            }
+        }
+    }
+    EXPECT_GT(records, 0);
+    // With a stable "Any" and ten lines of commentary it may as well be a beginning.
+    EXPECT_LE(refused, records / 100);
+}
+
 /// Random changes, undos, saves and appends; what comes of them is compared with a list of hosts
 /// that follows the same rules, and what was appended must never be lost.
 TEST_F(DocumentGrowth, LosesNothingWhateverWasDoneBefore)

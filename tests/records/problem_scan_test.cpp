@@ -93,6 +93,23 @@ TEST_F(RecordListTest, CanBeStoppedAndGoesOnLater)
     EXPECT_EQ(scan.total(), 3'999); // all but the first stand twice
 }
 
+TEST_F(RecordListTest, SortsByProblemsAgainWhenAStoppedScanHasGoneOnToTheEnd)
+{
+    QByteArrayList all;
+    for (int number = 1; number < 4'000; ++number) {
+        all << talkShow("Host " + QByteArray::number(number));
+    }
+    writeFile(kFile, all.join() + damaged("A"));
+    open();
+    scan.stop();
+    ASSERT_LT(scan.checked(), 4'000);
+    list.sort(list.problemColumn());
+    EXPECT_EQ(list.indexAt(0), 0);
+    scan.start();
+    waitForScan();
+    EXPECT_EQ(list.indexAt(0), 3'999);
+}
+
 TEST_F(RecordListTest, KeepsNoComparisonThatMayBeWrongWhileItIsStopped)
 {
     const auto stopAmongMany = [this] {

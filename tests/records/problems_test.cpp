@@ -1,5 +1,6 @@
 // What the golden folders do not show: what goes into texts, and the limits of checks.
 
+#include "datafiles/code_page.h"
 #include "datafiles/record_fields.h"
 #include "datafiles/stipulation_format.h"
 #include "records/legal_records.h"
@@ -123,6 +124,40 @@ TEST(ProblemRepairs, PutTheNearestWord)
     EXPECT_EQ(repairWith(fields::kInterviewer, "Nx"), QString()) << "too short to tell";
 }
 
+/// What is wrong with a talk show with this host.
+QString wrongWithHost(const QByteArray &host)
+{
+    QByteArrayList lines = newLines(DataFileKind::TalkShows);
+    lines[0] = host;
+    const auto problems =
+        problemsOf(Record(ended(lines), Catalog::of(DataFileKind::TalkShows)), 1, true);
+    EXPECT_LE(problems.size(), 1U);
+    return problems.empty() ? QString() : problems.front().text;
+}
+
+TEST(ProblemTexts, TellAHostThatReadsLikeCommentary)
+{
+    for (const char *line :
+         {"The crowd is on its feet.", "What a show that was!", "Is that really the end?",
+          "\"You will pay for that.\"", "<hostname>", "Out comes <guest1longname>",
+          "And then the lights go out...", "He storms out of the studio\x85"}) {
+        EXPECT_EQ(wrongWithHost(line),
+                  u"Host of Talk Show: \"%1\" reads like commentary, not like a name."_s.arg(
+                      codepage::decode(line)))
+            << line;
+    }
+}
+
+TEST(ProblemTexts, TellNoHostThatMayBeAName)
+{
+    for (const char *name :
+         {"Any", "Rocco Vance", "Dex Vance Jr.", "Rocco Vance,Dex Vance Jr.", "I Quit!", "A.W.A.",
+          "The Voice Of The A.W.A.", "Dr. Paul van der Berg Sr.", "The Man With No Name",
+          "Is It Him?", "Mick \"The Mouth\" O'Malley", "Ren\xe9 Duval", "1999", "<Rocco>"}) {
+        EXPECT_EQ(wrongWithHost(name), QString()) << name;
+    }
+}
+
 TEST(ProblemRepairs, PutTheTagThatWasMeant)
 {
     const auto line = [](const QByteArray &text) {
@@ -202,6 +237,16 @@ TEST(Comparisons, FindAKeyOnlyWhereBothPartsAreTheSame)
     EXPECT_EQ(compared({first, stipulationOf("Singles", "Ladder Match", "2")}),
               QStringList(u"Stipulation 2 has the match type and name of stipulation 1: \"Ladder "
                           "Match\" for \"Singles\"."_s));
+}
+
+TEST(Comparisons, TakeNoLinesOfAnotherKindForAKey)
+{
+    QByteArrayList lines = newLines(DataFileKind::NormalEndings);
+    const QByteArray one = ended(lines);
+    lines.back() = "And that is all!";
+    EXPECT_EQ(compared({one, ended(lines)}), QStringList());
+    EXPECT_EQ(compared({one, ended(lines), one}),
+              QStringList(u"Stipulation 3 is the same as stipulation 1."_s));
 }
 
 TEST(Comparisons, TellOfTheSameRecordOnce)

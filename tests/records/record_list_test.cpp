@@ -151,6 +151,31 @@ TEST_F(RecordListTest, KeepsItsOrderThroughChanges)
     EXPECT_EQ(list.rowCount(), 3);
 }
 
+TEST_F(RecordListTest, PutsWhatTheFileGotWhereItIsSorted)
+{
+    const QByteArrayList all = {talkShow("b"), talkShow("c"), talkShow("a")};
+    const auto grow = [&] {
+        writeFile(kFile, all.join() + talkShow("BB") + damaged("0"));
+        ASSERT_EQ(document.takeGrowth(), 2);
+    };
+    const auto sorted = [&](int column, Qt::SortOrder order) {
+        load(all);
+        list.sort(column, order);
+        waitForSearch();
+        document.replace(2, talkShow("z"), u"Edit"_s);
+        grow();
+        return numbers();
+    };
+    EXPECT_EQ(sorted(-1, Qt::AscendingOrder), "1 2 3 4 5");
+    EXPECT_EQ(sorted(List::Telling, Qt::AscendingOrder), "5 3 1 4 2") << "an edited one stays";
+    EXPECT_EQ(sorted(List::Telling, Qt::DescendingOrder), "2 4 1 3 5");
+    EXPECT_EQ(sorted(List::Number, Qt::DescendingOrder), "5 4 3 2 1");
+    EXPECT_EQ(sorted(list.problemColumn(), Qt::AscendingOrder), "5 1 2 3 4");
+    list.sort(List::Telling);
+    document.duplicate(4);
+    EXPECT_EQ(numbers(), "5 6 1 4 2 3") << "a copy is beside the record";
+}
+
 TEST_F(RecordListTest, ShowsAReloadedFileInItsOrder)
 {
     load({talkShow("b"), talkShow("a")});

@@ -1,8 +1,10 @@
 // Records that are added to the file of a window with changes, by the editor itself and by others.
 
+#include "datafiles/record_fields.h"
 #include "records/records_window.h"
 #include "records/window_fixture.h"
 #include "screens/main_menu.h"
+#include "support/events.h"
 #include "support/flow_test.h"
 
 #include <QMessageBox>
@@ -24,8 +26,8 @@ TEST_F(WindowGrowthTest, RecordsThatAreAddedJoinTheChanges)
     EXPECT_EQ(currentRow(), 1);
     EXPECT_TRUE(isChanged());
     EXPECT_EQ(cell(4, u"Change"_s), QString());
-    EXPECT_EQ(notice(), u"The file got 2 records more, now at the end of the list. Your changes "
-                        "are still here; Save writes all."_s);
+    EXPECT_EQ(notice(), u"The file got 2 records more at its end. Your changes are still here; "
+                        "Save writes all."_s);
     EXPECT_FALSE(part<QWidget>("reload").isVisible());
     press(Qt::CTRL | Qt::Key_S);
     EXPECT_EQ(onDisk(), ending("Typed") + endings(4, 2));
@@ -94,6 +96,18 @@ protected:
         save(kNormalPath);
     }
 
+    /// The same with a finisher type that is in no list, for which the screens write no line.
+    void addEndingWithoutFinisher(const QString &text)
+    {
+        goTo(kNormalPath, "Form5");
+        typeOver(source(kNormalPath, fields::kAttackerFinisher), u"Moonsault"_s);
+        for (const char *screen : {"Form5", "Form6"}) {
+            press(screen, "Command2");
+        }
+        type(kNormalPath.screens.back(), "Text1", text);
+        save(kNormalPath);
+    }
+
     /// Opens the file's window and duplicates its first record, without a save.
     RecordsWindow &changedWindow()
     {
@@ -140,6 +154,19 @@ TEST_F(OwnFlow, AnEndingThatIsAddedMeanwhileIsNotLostBySave)
     trigger(window, "save");
     EXPECT_EQ(readBack("normreports.tvd"), one + both);
     EXPECT_FALSE(window.isWindowModified());
+}
+
+TEST_F(OwnFlow, AnEndingWithoutItsFinisherTypeJoinsTheChangesToo)
+{
+    addEnding(u"One"_s);
+    const QByteArray one = readBack("normreports.tvd");
+    RecordsWindow &window = changedWindow();
+    addEndingWithoutFinisher(u"Two"_s);
+    const QByteArray two = readBack("normreports.tvd").sliced(one.size());
+    ASSERT_EQ(two.count("\r\n"), 35);
+    EXPECT_TRUE(QTest::qWaitFor([&window] { return rows(window) == 3; }));
+    trigger(window, "save");
+    EXPECT_EQ(readBack("normreports.tvd"), one + one + two);
 }
 
 TEST_F(OwnFlow, SaveRightAfterTheEndingWasAddedKeepsIt)

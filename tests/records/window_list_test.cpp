@@ -204,6 +204,76 @@ TEST_F(WindowListTest, NoOtherRecordsAreSelectedWhenManyHaveGone)
     EXPECT_EQ(list().selectionModel()->selectedRows().size(), 0);
 }
 
+/// A file in which every record stands twice, and the window of it after all doubles were deleted
+/// and that was saved while only records with problems are shown.
+class WindowOfDoubles : public WindowListTest
+{
+protected:
+    static constexpr int kPairs = 130;
+
+    void deleteDoubles()
+    {
+        QByteArray file;
+        for (int number = 0; number < kPairs; ++number) {
+            file += ending("Ending " + QByteArray::number(number)).repeated(2);
+        }
+        open(file);
+        part<QCheckBox>("onlyProblems").click();
+        ASSERT_TRUE(shows(kPairs));
+        list().setFocus();
+        press(Qt::CTRL | Qt::Key_A);
+        press(Qt::Key_Delete);
+        press(Qt::CTRL | Qt::Key_S);
+        ASSERT_TRUE(onDisk() == originals(kPairs));
+    }
+    static QByteArray originals(int count) { return endings(count, 0); }
+};
+
+TEST_F(WindowOfDoubles, NoOriginalIsSelectedWhenManyDoublesHaveGone)
+{
+    deleteDoubles();
+    part<QCheckBox>("onlyProblems").click();
+    ASSERT_TRUE(shows(kPairs));
+    EXPECT_EQ(selectedRows(), std::vector<int>());
+    list().setFocus();
+    press(Qt::Key_Delete);
+    press(Qt::CTRL | Qt::Key_S);
+    EXPECT_TRUE(onDisk() == originals(kPairs));
+}
+
+TEST_F(WindowOfDoubles, NorWhenTheFileChangesBeforeTheListIsBackAtItsPlace)
+{
+    deleteDoubles();
+    changeOnDisk(originals(kPairs - 1));
+    part<QCheckBox>("onlyProblems").click();
+    ASSERT_TRUE(shows(kPairs - 1));
+    EXPECT_EQ(selectedRows(), std::vector<int>());
+}
+
+TEST_F(WindowListTest, TheRecordBehindIsCurrentWhenItAndManyOthersHaveGone)
+{
+    QByteArray file;
+    for (int number = 0; number < 260; ++number) {
+        file += ending((number % 2 == 0 ? "good " : "zzz ") + QByteArray::number(number));
+    }
+    open(file);
+    press(Qt::CTRL | Qt::Key_F);
+    QTest::keyClicks(&search(), u"zzz"_s);
+    ASSERT_TRUE(shows(130));
+    list().setFocus();
+    press(Qt::CTRL | Qt::Key_A);
+    press(Qt::Key_Delete);
+    press(Qt::CTRL | Qt::Key_F);
+    press(Qt::Key_Escape);
+    ASSERT_TRUE(shows(260));
+    list().scrollToTop();
+    clickRow(5);
+    press(Qt::CTRL | Qt::Key_S);
+    ASSERT_TRUE(shows(130));
+    EXPECT_EQ(currentRow(), 3) << "two before it have gone";
+    EXPECT_EQ(selectedRows(), std::vector<int>({3}));
+}
+
 TEST_F(WindowListTest, RecordsAreNotMovedInASortedList)
 {
     open(ending("Ending 1", "Tag Team") + ending("Ending 2", "Any"));

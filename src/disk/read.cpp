@@ -11,16 +11,22 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr qsizetype kMost = 1'073'741'824;
+
+QString tooLarge()
+{
+    return u"It is larger than 1 GB."_s;
+}
+
 /// Reads to the end. A short read is not the end: only the next one returns 0 or the error. Some
 /// virtual files of the system have the size 0 and never end.
 Result<QByteArray> readToEnd(const File &file)
 {
     constexpr qsizetype kLeastRoom = 4096;
-    constexpr qsizetype kMostRoom = 1'073'741'824 + kLeastRoom;
-    const auto tooLarge = u"It is larger than 1 GB."_s;
+    constexpr qsizetype kMostRoom = kMost + kLeastRoom;
     const qint64 size = file.size().value_or(0); // a hint; failure is ignored
-    if (size > kMostRoom - kLeastRoom) {
-        return failure(tooLarge);
+    if (size > kMost) {
+        return failure(tooLarge());
     }
     QByteArray bytes(size + kLeastRoom, Qt::Uninitialized);
     qsizetype length = 0;
@@ -36,7 +42,7 @@ Result<QByteArray> readToEnd(const File &file)
         }
         length += *count;
         if (length == kMostRoom) {
-            return failure(tooLarge);
+            return failure(tooLarge());
         }
         if (length == bytes.size()) {
             bytes.resize(std::min(2 * length, kMostRoom));
@@ -44,13 +50,16 @@ Result<QByteArray> readToEnd(const File &file)
     }
 }
 
-Result<QByteArray> readFirst(const File &file, qsizetype size)
+Result<QByteArray> readFirst(const File &file, qsizetype most)
 {
-    QByteArray bytes(size, Qt::Uninitialized);
+    if (file.size().value_or(0) > kMost) {
+        return failure(tooLarge());
+    }
+    QByteArray bytes(most, Qt::Uninitialized);
     qsizetype length = 0;
-    while (length < size) {
+    while (length < most) {
         const Result<qint64> count =
-            file.readAt(length, {bytes.data() + length, std::size_t(size - length)});
+            file.readAt(length, {bytes.data() + length, std::size_t(most - length)});
         if (!count) {
             return failure(count.error());
         }
@@ -63,12 +72,13 @@ Result<QByteArray> readFirst(const File &file, qsizetype size)
     return bytes;
 }
 
-/// Locked, so that a record that another copy of this program is writing is not read in part.
-Result<QByteArray> readLocked(const QString &name,
-                              const std::function<Result<QByteArray>(const File &)> &read)
+using Open = Result<File> (*)(const FilePath &, File::Access);
+using Read = std::function<Result<QByteArray>(const File &)>;
+
+Result<QByteArray> readBy(Open open, const Read &read, const QString &name)
 {
-    return FilePath::ofOrdinary(name).and_then([&read](const FilePath &path) {
-        return File::openLocked(path, File::Access::Read)
+    return FilePath::ofOrdinary(name).and_then([&](const FilePath &path) {
+        return open(path, File::Access::Read)
             .and_then(read)
             .map_error(
                 [&path](const FileError &error) { return withPath(error, path, FileUse::Read); });
@@ -83,14 +93,22 @@ bool fileExists(const QString &name)
     return path && path->exists();
 }
 
+// Locked, so that a record that another copy of this program is writing is not read in part.
+
 Result<QByteArray> readFile(const QString &name)
 {
-    return readLocked(name, readToEnd);
+    return readBy(File::openLocked, readToEnd, name);
 }
 
-Result<QByteArray> readBeginning(const QString &name, qsizetype size)
+Result<QByteArray> readBeginning(const QString &name, qsizetype most)
 {
-    return readLocked(name, [size](const File &file) { return readFirst(file, size); });
+    return readBy(
+        File::openLocked, [most](const File &file) { return readFirst(file, most); }, name);
+}
+
+Result<QByteArray> readUnlocked(const QString &name)
+{
+    return readBy(File::openOrdinary, readToEnd, name);
 }
 
 } // namespace tarvold

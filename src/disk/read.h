@@ -16,7 +16,11 @@ namespace tarvold {
 /// \param name as the user typed it; a relative one starts at the current folder
 [[nodiscard]] Result<QByteArray> readFile(const QString &name);
 
-/// The same for the beginning of a file, which need not be small.
+/// The same without keeping other copies of this program from writing meanwhile, for a long time of
+/// reading. What they write may be read in part, so look afterwards whether the file has changed.
+[[nodiscard]] Result<QByteArray> readUnlocked(const QString &name);
+
+/// The same as readFile() for the beginning of a file, which need not be small.
 /// \param size how many bytes are read at most; fewer if the file ends before
 [[nodiscard]] Result<QByteArray> readBeginning(const QString &name, qsizetype size);
 

@@ -115,7 +115,7 @@ void ChosenRecord::update()
 void ChosenRecord::showState(int index)
 {
     m_pane.setProblems(m_scan.problemsAt(index));
-    m_pane.setEditable(!m_document.entry(index).isDeleted);
+    m_pane.setEditable(!m_document.entry(index).isDeleted && !m_document.isBeginning());
 }
 
 void ChosenRecord::keepLine(int field, const QByteArray &line)

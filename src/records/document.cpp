@@ -72,6 +72,18 @@ Result<void> Document::show(const QString &name, const QByteArray &bytes, DataFi
 void Document::take(const QString &name, const QByteArray &bytes, DataFileKind kind,
                     std::vector<qsizetype> starts)
 {
+    show(name, bytes, kind, std::move(starts), false);
+}
+
+void Document::takeBeginning(const QString &name, const QByteArray &bytes, DataFileKind kind)
+{
+    // Without a callback nothing stops it.
+    show(name, bytes, kind, splitIntoRecords(bytes, Catalog::of(kind)).value(), true);
+}
+
+void Document::show(const QString &name, const QByteArray &bytes, DataFileKind kind,
+                    std::vector<qsizetype> starts, bool isBeginning)
+{
     const std::size_t count = starts.size();
     starts.push_back(bytes.size());
     std::vector<Entry> entries(count);
@@ -82,6 +94,7 @@ void Document::take(const QString &name, const QByteArray &bytes, DataFileKind k
         entries[number] = {partOf(bytes, start, starts[number + 1] - start), int(number)};
     }
     emit aboutToReset();
+    m_isBeginning = isBeginning;
     ++m_loads;
     m_undo.clear();
     m_moved.clear();
@@ -173,7 +186,7 @@ int Document::last() const
 
 void Document::push(std::vector<Patch> patches, const QString &what, int moved)
 {
-    if (!patches.empty()) {
+    if (!patches.empty() && !m_isBeginning) {
         keepLinesApart(patches);
         m_undo.push(new Change(*this, std::move(patches), what, moved));
     }

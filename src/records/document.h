@@ -35,9 +35,6 @@ class Document : public QObject
 {
     Q_OBJECT
 public:
-    /// What takeGrowth() takes.
-    enum class Growth { CompleteRecords, Anything };
-
     explicit Document(QObject *parent = nullptr);
 
     /// Loads a file. On an error the document is as it was.
@@ -54,6 +51,12 @@ public:
     /// The same with where the records start in these bytes, see splitIntoRecords().
     void take(const QString &name, const QByteArray &bytes, DataFileKind kind,
               std::vector<qsizetype> starts);
+
+    /// Loads the first records of a file to be looked at: nothing can be changed until the file is
+    /// loaded whole.
+    void takeBeginning(const QString &name, const QByteArray &bytes, DataFileKind kind);
+    /// Whether these are all that is loaded.
+    bool isBeginning() const { return m_isBeginning; }
 
     /// Reads the file again and forgets all changes.
     [[nodiscard]] Result<void> reload();
@@ -130,10 +133,10 @@ public:
     ///
     /// Where the file changed in another way, or where a record of any step to undo would run into
     /// the one added behind it for want of a line end, nothing is done.
-    /// \param growth whether anything may come, or only records that are complete, as another
-    ///        program may be in the middle of one. They may lack a line that the screens leave out
+    /// Nor is it where the last of them is not complete, as another program may be in the middle of
+    /// it. A record may lack a line that the screens leave out.
     /// \return how many records came
-    int takeGrowth(Growth growth = Growth::CompleteRecords);
+    int takeGrowth();
 
     /// Whether the file still holds what was loaded or saved last.
     bool isFileUnchanged() const;
@@ -162,6 +165,8 @@ private:
     /// Divides bytes into records and shows them.
     [[nodiscard]] Result<void> show(const QString &name, const QByteArray &bytes, DataFileKind kind,
                                     const Progress &progress);
+    void show(const QString &name, const QByteArray &bytes, DataFileKind kind,
+              std::vector<qsizetype> starts, bool isBeginning);
     /// Pushes a change to the undo stack, which makes it.
     /// \param moved see Change
     void push(std::vector<Patch> patches, const QString &what, int moved = -1);
@@ -196,6 +201,7 @@ private:
 
     QString m_name;
     DataFileKind m_kind = DataFileKind::NormalEndings;
+    bool m_isBeginning = false;
     QByteArray m_file; ///< what it held when it was last loaded or saved
     int m_loads = 0;
     std::vector<qsizetype> m_starts; ///< of the records in it, and its end

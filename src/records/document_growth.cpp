@@ -31,7 +31,7 @@ bool isComplete(const Record &record)
 
 } // namespace
 
-int Document::takeGrowth(Growth growth)
+int Document::takeGrowth()
 {
     const Result<QByteArray> longer = readFile(m_name);
     if (!longer || longer->size() <= m_file.size() || !longer->startsWith(m_file)) {
@@ -43,7 +43,7 @@ int Document::takeGrowth(Growth growth)
     }
     // Without a callback nothing stops it.
     const std::vector<qsizetype> starts = splitIntoRecords(added, catalog()).value();
-    if (growth == Growth::CompleteRecords && !areComplete(added, starts)) {
+    if (!areComplete(added, starts)) {
         return 0;
     }
     const int before = count();

@@ -37,7 +37,9 @@ ProblemScan::ProblemScan(const Document &document, QObject *parent)
 
 void ProblemScan::restart()
 {
-    m_isWanted = true;
+    // Marks for the first records alone would come, go and come again.
+    m_isWanted = !m_document.isBeginning();
+    m_timer.stop();
     m_own.clear();
     m_compared.clear();
     m_checked = 0;

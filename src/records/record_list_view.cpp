@@ -87,6 +87,12 @@ void RecordListView::setModel(QAbstractItemModel *model)
     setSortingEnabled(true);
 }
 
+void RecordListView::selectAll()
+{
+    emit allWanted();
+    QTreeView::selectAll();
+}
+
 void RecordListView::dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
                                  const QList<int> &roles)
 {

@@ -16,6 +16,8 @@ class RecordListView : public QTreeView
 public:
     explicit RecordListView(QWidget *parent = nullptr);
 
+    /// See allWanted().
+    void selectAll() override;
     void setModel(QAbstractItemModel *model) override;
 
     /// Goes back to the order of the file.
@@ -33,9 +35,9 @@ public:
     /// Shows a column in another place, from 0 at the left.
     void showBeside(int column, int place);
 
-    /// Gives the columns the widths that their heads and first rows need. Does so again when the
-    /// list is shown first, as only then its room is known.
-    /// \param first, last columns that should be in sight; they are made narrower for that
+    /// Gives the columns the widths that their heads and first rows need, when the list is shown,
+    /// as only then its room is known. \param first, last columns that should be in sight; they are
+    /// made narrower for that
     void fitColumns(int first, int last);
 
     /// The role of a head for the longest text that its column may come to show; none: that is not
@@ -44,6 +46,10 @@ public:
 
     void dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
                      const QList<int> &roles = {}) override;
+
+signals:
+    /// All records are about to be selected. Those that are still to be loaded are wanted now.
+    void allWanted();
 
 protected:
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;

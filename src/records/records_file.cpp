@@ -28,13 +28,20 @@ RecordsFile::RecordsFile(Document &document, QWidget &asking, Typing typing)
     , m_typing(std::move(typing))
 {
     connect(&m_watch, &FileWatch::changed, this, &RecordsFile::follow);
-    connect(&m_rest, &QFutureWatcher<Rest>::finished, this, &RecordsFile::finishReading);
+    connect(&m_rest, &QFutureWatcher<Rest>::finished, this, [this] {
+        if (m_isReading) { // else somebody has waited for it
+            readRest();
+        }
+    });
 }
 
 void RecordsFile::load(const QString &name, std::optional<DataFileKind> kind)
 {
     m_name = name;
     m_kind = kind;
+    m_isLoaded = m_isLoaded && isAllRead(); // a beginning that stays alone is not shown
+    m_rest.setFuture({});
+    m_isReading = false;
     m_watch.follow(name); // before it is read, or a change in between would go unseen
     show(readFile(name));
 }
@@ -52,7 +59,7 @@ void RecordsFile::show(const Result<QByteArray> &bytes)
     }
     const KindGuess guess = guessOf(*bytes);
     if (guess.kind) {
-        take(*bytes, guess, Part::Whole);
+        take(*bytes, guess);
         return;
     }
     m_isLoaded = false;
@@ -60,14 +67,18 @@ void RecordsFile::show(const Result<QByteArray> &bytes)
     emit kindWanted(words::tossUp(guess.likely));
 }
 
-void RecordsFile::take(const QByteArray &bytes, const KindGuess &guess, Part part)
+void RecordsFile::take(const QByteArray &bytes, const KindGuess &guess)
 {
     const BusyCursor busy;
-    m_isAllRead = part == Part::Whole; // whoever is told of the records asks for it
     if (const Result<void> taken = m_document.take(m_name, bytes, *guess.kind); !taken) {
         fail(taken.error());
         return;
     }
+    tellOfLoad(guess);
+}
+
+void RecordsFile::tellOfLoad(const KindGuess &guess)
+{
     m_isLoaded = true;
     emit noticed({}, false);
     emit loaded();
@@ -88,7 +99,7 @@ void RecordsFile::fail(const FileError &error)
 
 void RecordsFile::reload()
 {
-    if (!m_isLoaded) {
+    if (!m_isLoaded || !isAllRead()) {
         load(m_name, m_kind);
     } else if (!hasChanges() || asks(words::forgetByReload(m_name))) {
         readAgain();
@@ -106,7 +117,6 @@ void RecordsFile::readAgain()
         emit noticed(cannotReadAgain(read.error()), true);
         return;
     }
-    m_isAllRead = true;
     emit noticed({}, false);
     compareName();
     emit said(words::readAgain(m_document.count()));
@@ -114,58 +124,39 @@ void RecordsFile::readAgain()
 
 void RecordsFile::follow()
 {
-    if (isAsking() || m_isRestDue) {
+    if (isAsking()) {
         return;
     }
-    if (!m_isLoaded || (!m_isAllRead && !isUsed())) {
-        m_isLoaded = false; // if it cannot be read, its beginning must not pass for the file
+    if (!m_isLoaded) {
         load(m_name, m_kind);
         return;
     }
+    if (!isAllRead()) {
+        m_mustFollow = true; // when it is
+        return;
+    }
     if (!fileExists(m_name)) {
-        emit noticed(words::gone(m_isAllRead), false);
+        emit noticed(u"The file is gone from the disk. Its records are still here; Save writes "
+                     "them again."_s,
+                     false);
         return;
     }
     if (m_document.isFileUnchanged()) {
-        m_isAllRead = true;
         emit noticed({}, false);
         return;
     }
-    if (isUsed() && takeGrowth()) {
-        return;
-    }
-    if (!hasChanges()) {
+    // What can be undone or done again is worth as much as changes.
+    const bool isUsed = hasChanges() || m_document.undoStack().count() > 0;
+    if (const int more = isUsed ? m_document.takeGrowth() : 0; more > 0) {
+        emit noticed({}, false);
+        emit said(hasChanges() ? words::grown(more) : words::readAgain(m_document.count()));
+    } else if (!hasChanges()) {
         readAgain();
     } else {
         emit noticed(u"The file changed on the disk. Reload shows it as it is now and forgets "
                      "your changes."_s,
                      true);
     }
-}
-
-/// Adds what came behind the records that are shown, and says so unless it was there before.
-bool RecordsFile::takeGrowth()
-{
-    using Growth = Document::Growth;
-    const int more =
-        m_document.takeGrowth(m_isAllRead ? Growth::CompleteRecords : Growth::Anything);
-    if (more == 0) {
-        return false;
-    }
-    emit noticed({}, false);
-    if (std::exchange(m_isAllRead, true)) {
-        emit said(hasChanges() ? words::grown(more) : words::readAgain(m_document.count()));
-    } else {
-        emit loaded();
-    }
-    return true;
-}
-
-/// Whether there is what reading the file anew would lose. What can be undone or done again is
-/// worth as much as changes.
-bool RecordsFile::isUsed() const
-{
-    return hasChanges() || m_document.undoStack().count() > 0;
 }
 
 bool RecordsFile::hasChanges() const
@@ -175,11 +166,7 @@ bool RecordsFile::hasChanges() const
 
 bool RecordsFile::save()
 {
-    if (!m_typing.keep()) {
-        return false;
-    }
-    if (!readRest()) {
-        emit said(words::notSaved());
+    if (!readRest() || !m_typing.keep()) {
         return false;
     }
     bool isRefused = false;
@@ -213,7 +200,7 @@ void RecordsFile::finishSave(const Result<void> &saved)
 
 bool RecordsFile::saveAs()
 {
-    const bool isReady = m_typing.keep() && readRest();
+    const bool isReady = readRest() && m_typing.keep();
     const auto chosen = isReady ? chosenName(u"Save As"_s, true) : std::nullopt;
     if (!chosen) {
         return false;

@@ -24,18 +24,16 @@ public:
     RecordsFile(Document &document, QWidget &asking, Typing typing);
 
     /// Loads a file. Of a large one only the beginning is loaded at once, so that its first records
-    /// can be shown; then call startReadingRest().
+    /// can be looked at; then call startReadingRest().
     /// \param kind of its records; nothing: it is guessed, or asked for
     void open(const QString &name, std::optional<DataFileKind> kind);
-    /// Reads what open() left in another thread, and loads it then. Changes made since open() stay.
+    /// Reads what open() left in another thread, and loads it then.
     void startReadingRest();
-    /// The same at once.
-    /// \return whether the document holds the whole file now; if not, the user was told why
+    /// Loads what open() left, and waits for that.
+    /// \return whether the file is loaded; if not, the user was told why
     bool readRest();
-    /// Whether the document holds more than the beginning of the file.
-    bool isAllRead() const { return m_isAllRead; }
-    /// Whether open() left something that is not loaded yet.
-    bool isRestDue() const { return m_isRestDue; }
+    /// Whether the document holds all of the file.
+    bool isAllRead() const { return !m_document.isBeginning(); }
 
     const QString &name() const { return m_name; }
     /// Whether the document holds the file.
@@ -79,7 +77,6 @@ signals:
 
 private:
     class Asking;
-    enum class Part { Beginning, Whole };
     /// A file that was read in another thread.
     struct Rest
     {
@@ -90,11 +87,9 @@ private:
     void load(const QString &name, std::optional<DataFileKind> kind);
     KindGuess guessOf(const QByteArray &bytes) const;
     void show(const Result<QByteArray> &bytes);
-    void take(const QByteArray &bytes, const KindGuess &guess, Part part);
-    void finishReading();
+    void take(const QByteArray &bytes, const KindGuess &guess);
+    void tellOfLoad(const KindGuess &guess);
     void takeRest(const Rest &rest);
-    bool isUsed() const;
-    bool takeGrowth();
     void compareName();
     void tellOfKind(const KindGuess &guess);
     void fail(const FileError &error);
@@ -115,9 +110,8 @@ private:
     QString m_name;
     std::optional<DataFileKind> m_kind; ///< that was asked for or chosen
     bool m_isLoaded = false;
-    bool m_isAllRead = true;
-    bool m_isRestDue = false;
-    bool m_isReading = false; ///< in another thread
+    bool m_isReading = false;  ///< in another thread
+    bool m_mustFollow = false; ///< the file changed meanwhile
     QFutureWatcher<Rest> m_rest;
     int m_asking = 0;
 };

@@ -1,5 +1,6 @@
 // How a large file is loaded: its first records before the rest.
 
+#include "controls/busy_cursor.h"
 #include "disk/read.h"
 #include "records/records_file.h"
 
@@ -18,29 +19,30 @@ void RecordsFile::open(const QString &name, std::optional<DataFileKind> kind)
     m_kind = kind;
     m_watch.follow(name); // before it is read, or a change in between would go unseen
     const Result<QByteArray> bytes = readBeginning(name, kBeginning);
-    if (bytes && bytes->size() == kBeginning) {
-        const KindGuess guess = guessOf(*bytes);
-        const auto end = guess.kind ? endOfRecords(*bytes, Catalog::of(*guess.kind)) : std::nullopt;
-        if (end) {
-            m_isRestDue = true;
-            take(bytes->first(*end), guess, Part::Beginning);
-            return;
-        }
+    if (!bytes || bytes->size() < kBeginning) {
+        show(bytes);
+        return;
     }
-    show(bytes && bytes->size() < kBeginning ? bytes : readFile(name));
+    const KindGuess guess = guessOf(*bytes);
+    const auto end = guess.kind ? endOfRecords(*bytes, Catalog::of(*guess.kind)) : std::nullopt;
+    if (!end) {
+        show(readFile(name));
+        return;
+    }
+    m_document.takeBeginning(name, bytes->first(*end), *guess.kind);
+    tellOfLoad(guess);
 }
 
 void RecordsFile::startReadingRest()
 {
-    if (!m_isRestDue || m_isReading) {
+    if (!m_isLoaded || isAllRead() || std::exchange(m_isReading, true)) {
         return;
     }
-    m_isReading = true;
     auto promise = std::make_shared<QPromise<Rest>>();
     m_rest.setFuture(promise->future());
     promise->start();
     QThreadPool::globalInstance()->start([promise, name = m_name, kind = m_document.kind()] {
-        Result<QByteArray> bytes = readFile(name);
+        Result<QByteArray> bytes = readUnlocked(name);
         std::vector<qsizetype> starts;
         if (bytes) {
             starts = splitIntoRecords(*bytes, Catalog::of(kind)).value(); // nothing stops it
@@ -52,35 +54,34 @@ void RecordsFile::startReadingRest()
 
 bool RecordsFile::readRest()
 {
-    const bool isRead = std::exchange(m_isRestDue, false) && m_isReading;
-    if (isRead && !isUsed() && !isAsking()) {
-        takeRest(m_rest.future().takeResult()); // waits for it
-    } else if (!m_isAllRead) {
-        follow();
+    if (m_isLoaded && !isAllRead()) {
+        const BusyCursor busy;
+        if (m_isReading) {
+            takeRest(m_rest.future().takeResult()); // waits for it
+        } else {
+            load(m_name, m_kind);
+        }
     }
-    m_rest.setFuture({}); // keeps no bytes
-    return m_isAllRead;
-}
-
-void RecordsFile::finishReading()
-{
-    if (m_isRestDue) { // else somebody has waited for it
-        readRest();
-    }
+    return m_isLoaded;
 }
 
 void RecordsFile::takeRest(const Rest &rest)
 {
-    m_isLoaded = false; // if it could not be read, its beginning must not pass for the file
-    const bool isSameKind = rest.bytes && guessOf(*rest.bytes).kind == m_document.kind();
-    if (!isSameKind) {
-        show(rest.bytes);
+    // An error is told by who reads it again, and waits for others if need be.
+    if (!rest.bytes || guessOf(*rest.bytes).kind != m_document.kind()) {
+        load(m_name, m_kind);
         return;
     }
-    m_isAllRead = true; // whoever is told of the records asks for it
-    m_isLoaded = true;
+    m_rest.setFuture({}); // which keeps the bytes
+    m_isReading = false;
     m_document.take(m_name, *rest.bytes, m_document.kind(), rest.starts);
     emit loaded();
+    // What was written meanwhile may have been read in part.
+    if (std::exchange(m_mustFollow, false)) {
+        follow();
+    } else {
+        m_watch.look();
+    }
 }
 
 } // namespace tarvold::records

@@ -98,7 +98,7 @@ RecordsWindow::RecordsWindow(const QString &name, std::optional<DataFileKind> ki
     resize(startSize(*this));
     windows() << this;
     m_parts->file->open(name, kind);
-    if (m_parts->file->isRestDue()) {
+    if (!m_parts->file->isAllRead()) {
         constexpr std::chrono::seconds kLatest(1);
         QTimer::singleShot(kLatest, this, &RecordsWindow::finishStart); // if it is not painted
     } else {

@@ -28,13 +28,14 @@ void RecordsWindow::Parts::connectActions()
     };
     const auto on = [this, onAtOnce](Act act, const std::function<void()> &doIt) {
         onAtOnce(act, [this, doIt] {
-            readRest();
-            doIt();
+            if (file->readRest()) {
+                doIt();
+            }
         });
     };
     on(Act::Save, [this] { file->save(); });
     on(Act::SaveAs, [this] { file->saveAs(); });
-    on(Act::Reload, [this] { file->reload(); });
+    onAtOnce(Act::Reload, [this] { file->reload(); });
     onAtOnce(Act::Close, [this] { window.close(); });
     on(Act::Undo, [this] { tasks->undo(); });
     on(Act::Redo, [this] { tasks->redo(); });
@@ -57,7 +58,7 @@ void RecordsWindow::Parts::connectActions()
     on(Act::PreviousProblem, [this] { tasks->goToProblem(-1); });
     on(Act::RepairSelected, [this] { tasks->repairSelected(); });
     on(Act::RepairAll, [this] { tasks->repairAll(); });
-    on(Act::FileOrder, [this] { list->showFileOrder(); });
+    onAtOnce(Act::FileOrder, [this] { list->showFileOrder(); });
     on(Act::WriteSimilar, [this] { writeSimilar(); });
     QAction &only = (*actions)[Act::OnlyProblems];
     QObject::connect(&only, &QAction::toggled, onlyProblems, &QCheckBox::setChecked);

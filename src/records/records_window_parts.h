@@ -3,6 +3,7 @@
 #include "records/document.h"
 #include "records/records_window.h"
 
+#include <optional>
 #include <utility>
 
 class QCheckBox;
@@ -57,7 +58,7 @@ public:
     QLabel *counts = nullptr;
     QProgressBar *progress = nullptr;
     PushButton *stop = nullptr;
-    bool isScanHeld = false;      ///< until the file is read whole
+    std::optional<DataFileKind> shownKind; ///< whose columns the list has
     std::pair<int, int> repaired; ///< how many records the repairs that run have looked at, of all
 
     RecordsFile *file = nullptr;
@@ -65,7 +66,6 @@ public:
     ListPlace *place = nullptr;
     RecordsActions *actions = nullptr;
 
-    void readRest();
     void showCounts();
     QString countsText() const;
     void showTitle();

@@ -60,15 +60,6 @@ void RecordsWindow::Parts::connectFile()
         });
 }
 
-/// Of a large file the first records are shown alone for a moment. Nothing is done with these but
-/// to look at them.
-void RecordsWindow::Parts::readRest()
-{
-    if (file->isRestDue()) {
-        file->readRest();
-    }
-}
-
 void RecordsWindow::Parts::showPlaceholder()
 {
     list->setPlaceholder(document.count() == 0 ? u"This file has no records."_s
@@ -77,13 +68,6 @@ void RecordsWindow::Parts::showPlaceholder()
 
 void RecordsWindow::Parts::showRecords()
 {
-    // Marks for the first records alone would come, go and come again.
-    if (std::exchange(isScanHeld, !file->isAllRead())) {
-        scan->start();
-    }
-    if (isScanHeld) {
-        scan->stop();
-    }
     showKindBox(true);
     kind->show(document.kind());
     pages->setCurrentIndex(0);
@@ -92,10 +76,12 @@ void RecordsWindow::Parts::showRecords()
     if (model->sortColumn() < 0 && list->header()->sortIndicatorSection() >= 0) {
         list->showFileOrder(); // another kind ends the sort
     }
-    // All but the commentary, which is as long as can be.
-    list->fitColumns(RecordListModel::Telling,
-                     std::max(int(RecordListModel::Telling), model->problemColumn() - 2));
-    fillSortMenu();
+    if (std::exchange(shownKind, document.kind()) != document.kind()) {
+        // All but the commentary, which is as long as can be.
+        list->fitColumns(RecordListModel::Telling,
+                         std::max(int(RecordListModel::Telling), model->problemColumn() - 2));
+        fillSortMenu();
+    }
     if (tasks->current() < 0 && model->rowCount() > 0 && !place->isAwaited()) {
         list->goTo(0);
     }
@@ -199,6 +185,7 @@ void RecordsWindow::Parts::connectList()
     }
     // After the list's place is found again.
     QObject::connect(&document, &Document::reset, &window, [this] { showReset(); });
+    QObject::connect(list, &RecordListView::allWanted, file, &RecordsFile::readRest);
     list->setContextMenuPolicy(Qt::CustomContextMenu);
     QObject::connect(list, &QWidget::customContextMenuRequested, &window,
                      [this](const QPoint &where) {
@@ -250,7 +237,6 @@ void RecordsWindow::Parts::connectScan()
                          enableActions();
                      });
     QObject::connect(stop, &QPushButton::clicked, &window, [this] {
-        readRest();
         if (tasks->repair().isRunning()) {
             tasks->repair().stop();
         } else if (scan->isRunning()) {

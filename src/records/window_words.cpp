@@ -153,14 +153,6 @@ QString readAgain(int records)
     return u"Read the file again: %1."_s.arg(countOf(records));
 }
 
-QString gone(bool isWhole)
-{
-    return isWhole
-               ? u"The file is gone from the disk. Its records are still here; Save writes them "
-                 "again."_s
-               : u"The file is gone from the disk. Only its first records are still here."_s;
-}
-
 QString copied(const QString &name, int records)
 {
     return u"Copied %1 to %2."_s.arg(countOf(records), name);

@@ -54,8 +54,6 @@ QString deleted(int records);
 QString repaired(int records, int left);
 /// The file is shown as it is on the disk now.
 QString readAgain(int records);
-/// \param isWhole whether all records of the file are still shown, or only the first ones
-QString gone(bool isWhole);
 /// "1 record", "2 records".
 QString countOf(int records);
 

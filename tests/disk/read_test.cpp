@@ -1,3 +1,4 @@
+#include "disk/file.h"
 #include "disk/read.h"
 #include "support/folder_test.h"
 
@@ -29,6 +30,18 @@ TEST_F(Read, GivesTheBeginning)
     }
     EXPECT_FALSE(readBeginning(u"missing"_s, 3));
     EXPECT_FALSE(readBeginning(u"."_s, 3));
+}
+
+TEST_F(Read, NeedsNoLockIfTold)
+{
+    writeFile("a.tvd", "abc");
+    const auto path = FilePath::ofOrdinary(u"a.tvd"_s);
+    ASSERT_TRUE(path);
+    const auto locked = File::openLocked(*path, File::Access::Append);
+    ASSERT_TRUE(locked);
+    const auto bytes = readUnlocked(u"a.tvd"_s);
+    ASSERT_TRUE(bytes);
+    EXPECT_EQ(*bytes, "abc");
 }
 
 TEST_F(Read, RefusesWhatIsNoOrdinaryFile)

@@ -1,13 +1,17 @@
 // How a window with a large file starts: the first records are shown before the rest is read.
 
+#include "disk/append.h"
+#include "records/kind_box.h"
 #include "records/record_pane.h"
 #include "records/records_file.h"
 #include "records/window_fixture.h"
 
 #include <QCheckBox>
+#include <QHeaderView>
 #include <QLabel>
 #include <QProgressBar>
 #include <QSignalSpy>
+#include <QThreadPool>
 
 namespace tarvold::testing {
 namespace {
@@ -102,22 +106,53 @@ TEST_F(WindowStartTest, ACommandFirstReadsTheRest)
     EXPECT_TRUE(onDisk() == large());
 }
 
-TEST_F(WindowStartTest, ATextTypedWhileTheRestIsReadIsKept)
+TEST_F(WindowStartTest, NothingCanBeEditedBeforeAllIsRead)
 {
-    const QByteArray behind = faulty("Last but one") + ending("Last");
-    openAtOnce(large() + behind);
+    openAtOnce(large());
     auto &window = *records::RecordsWindow::all().front();
     auto &pane = *window.findChild<records::RecordPane *>(u"record"_s);
-    emit pane.lineEdited(kCommentary - 1, "Edited"); // as an editor does
+    pane.goToField(kCommentary - 1);
+    const auto &editor = *window.findChild<QWidget *>(u"field%1"_s.arg(kCommentary));
     ASSERT_EQ(countsOf(window), u"Reading..."_s);
+    EXPECT_FALSE(editor.isEnabled());
+    emit pane.lineEdited(kCommentary - 1, "Edited");
+    EXPECT_FALSE(window.isWindowModified());
     ASSERT_TRUE(waitForAll(window));
-    EXPECT_EQ(countsOf(window), u"10002 records"_s);
-    EXPECT_TRUE(window.isWindowModified());
-    const auto &only = *window.findChild<QCheckBox *>(u"onlyProblems"_s);
-    EXPECT_TRUE(QTest::qWaitFor([&only] { return only.text().endsWith(u"(1)"_s); }))
-        << "problems are not sought";
-    window.findChild<QAction *>(u"save"_s)->trigger();
-    EXPECT_TRUE(onDisk() == ending("Edited") + large().sliced(ending("Ending 1").size()) + behind);
+    EXPECT_TRUE(editor.isEnabled());
+}
+
+TEST_F(WindowStartTest, AllThatIsSelectedIsAllOfTheFile)
+{
+    const auto &window = openAtOnce(large());
+    auto &list = *window.findChild<QAbstractItemView *>(u"list"_s);
+    list.selectAll();
+    EXPECT_EQ(list.selectionModel()->selectedRows().size(), kMany);
+}
+
+TEST_F(WindowStartTest, AColumnKeepsTheWidthThatItWasGiven)
+{
+    const auto &window = openAtOnce(large());
+    auto &heads = *window.findChild<QHeaderView *>(u"heads"_s);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(records::RecordsWindow::all().front()));
+    ASSERT_EQ(countsOf(window), u"Reading..."_s);
+    heads.resizeSection(3, 123);
+    ASSERT_TRUE(waitForAll(window));
+    EXPECT_EQ(heads.sectionSize(3), 123);
+}
+
+TEST_F(WindowStartTest, AnotherKindIsChosenWhileItIsRead)
+{
+    openAtOnce(large());
+    auto &window = *records::RecordsWindow::all().front();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    ASSERT_EQ(countsOf(window), u"Reading..."_s);
+    emit window.findChild<records::KindBox *>(u"kind"_s)->kindChosen(DataFileKind::Interviews);
+    const int rows = rowsOf(window);
+    EXPECT_NE(rows, kMany);
+    EXPECT_EQ(countsOf(window), u"%1 records"_s.arg(rows));
+    QTest::qWait(300); // longer than the thread reads
+    EXPECT_EQ(window.kind(), DataFileKind::Interviews);
+    EXPECT_EQ(rowsOf(window), rows) << "divided as the records of the kind before";
 }
 
 TEST_F(WindowStartTest, AFileWithoutRecordsAtItsBeginningIsReadWhole)
@@ -183,11 +218,9 @@ protected:
         return bytes;
     }
 
-    void edit() { document.replace(0, ending("Edited"), u"Edit"_s); }
-
-    static QByteArray edited()
+    bool waitForAll()
     {
-        return ending("Edited") + all().sliced(ending("Ending 1").size());
+        return QTest::qWaitFor([this] { return file.isAllRead(); });
     }
 
     Document document;
@@ -195,48 +228,29 @@ protected:
     RecordsFile file{document, asking, {[] { return true; }, [] { return false; }}};
 };
 
-TEST_F(FileInPartTest, AChangeStaysWhenTheRestIsRead)
+TEST_F(FileInPartTest, ABeginningIsNotChanged)
 {
     ASSERT_FALSE(file.isAllRead());
-    edit();
-    const QSignalSpy said(&file, &RecordsFile::said);
+    const QByteArray before = document.entry(0).bytes;
+    document.replace(0, ending("Edited"), u"Edit"_s);
+    document.remove({1});
+    document.duplicate(2);
+    document.move(3, 1);
+    EXPECT_FALSE(document.isChanged());
+    EXPECT_EQ(document.entry(0).bytes, before);
     EXPECT_TRUE(file.readRest());
-    EXPECT_TRUE(file.isAllRead());
-    EXPECT_EQ(document.count(), kMany);
-    EXPECT_TRUE(document.isChanged());
-    EXPECT_TRUE(said.isEmpty()) << "nothing came that was not there before";
+    document.replace(0, ending("Edited"), u"Edit"_s);
     ASSERT_TRUE(file.save());
-    EXPECT_TRUE(onDisk() == edited());
-}
-
-TEST_F(FileInPartTest, AChangeStaysWhenTheRestIsDamaged)
-{
-    const QByteArray damaged = all() + "only\r\ntwo lines\r\n";
-    writeFile(kFile, damaged);
-    edit();
-    EXPECT_TRUE(file.readRest());
-    ASSERT_TRUE(file.save());
-    EXPECT_TRUE(onDisk() == edited() + "only\r\ntwo lines\r\n");
+    EXPECT_TRUE(onDisk() == ending("Edited") + all().sliced(ending("Ending 1").size()));
 }
 
 TEST_F(FileInPartTest, TheRestIsReadInAnotherThread)
 {
     file.startReadingRest();
     EXPECT_FALSE(file.isAllRead());
-    ASSERT_TRUE(QTest::qWaitFor([this] { return file.isAllRead(); }));
+    ASSERT_TRUE(waitForAll());
     EXPECT_EQ(document.count(), kMany);
     EXPECT_FALSE(document.isChanged());
-    EXPECT_FALSE(file.isRestDue());
-}
-
-TEST_F(FileInPartTest, AChangeMadeWhileItIsReadStays)
-{
-    file.startReadingRest();
-    edit();
-    ASSERT_TRUE(QTest::qWaitFor([this] { return file.isAllRead(); }));
-    EXPECT_EQ(document.count(), kMany);
-    ASSERT_TRUE(file.save());
-    EXPECT_TRUE(onDisk() == edited());
 }
 
 TEST_F(FileInPartTest, WhoNeedsTheRestWaitsForTheThread)
@@ -244,42 +258,35 @@ TEST_F(FileInPartTest, WhoNeedsTheRestWaitsForTheThread)
     file.startReadingRest();
     EXPECT_TRUE(file.readRest());
     EXPECT_EQ(document.count(), kMany);
-    edit();
-    QTest::qWait(50);
+    document.remove({0});
+    QTest::qWait(100);
     EXPECT_TRUE(document.isChanged()) << "what the thread has read came a second time";
 }
 
 TEST_F(FileInPartTest, ASaveReadsTheRestFirst)
 {
-    edit();
     ASSERT_TRUE(file.save());
     EXPECT_TRUE(file.isAllRead());
-    EXPECT_TRUE(onDisk() == edited());
+    EXPECT_TRUE(onDisk() == all());
 }
 
-TEST_F(FileInPartTest, NoPartIsSavedForTheWhole)
+TEST_F(FileInPartTest, NoPartIsShownOrSavedForTheWhole)
 {
-    edit();
-    ASSERT_TRUE(QFile::remove(QLatin1StringView(kFile)));
-    const QSignalSpy noticed(&file, &RecordsFile::noticed);
-    EXPECT_FALSE(file.save());
-    EXPECT_FALSE(file.saveAs());
-    EXPECT_FALSE(QFile::exists(QLatin1StringView(kFile)));
-    EXPECT_EQ(noticed.last().first().toString(),
-              u"The file is gone from the disk. Only its first records are still here."_s);
-    EXPECT_TRUE(document.isChanged());
-    writeFile(kFile, all()); // it is back
-    ASSERT_TRUE(file.save());
-    EXPECT_TRUE(onDisk() == edited());
-}
-
-TEST_F(FileInPartTest, NoPartIsShownForTheWhole)
-{
-    ASSERT_TRUE(QFile::remove(QLatin1StringView(kFile)));
-    const QSignalSpy failed(&file, &RecordsFile::failed);
-    EXPECT_FALSE(file.readRest());
-    EXPECT_EQ(failed.size(), 1);
-    EXPECT_FALSE(file.isLoaded());
+    for (const bool isStarted : {false, true}) {
+        writeFile(kFile, all());
+        file.open(QLatin1StringView(kFile), {});
+        ASSERT_FALSE(file.isAllRead());
+        ASSERT_TRUE(QFile::remove(QLatin1StringView(kFile)));
+        if (isStarted) {
+            file.startReadingRest();
+        }
+        const QSignalSpy failed(&file, &RecordsFile::failed);
+        EXPECT_FALSE(file.save());
+        EXPECT_EQ(failed.size(), 1);
+        EXPECT_FALSE(file.isLoaded());
+        EXPECT_FALSE(file.saveAs());
+        EXPECT_FALSE(QFile::exists(QLatin1StringView(kFile)));
+    }
 }
 
 TEST_F(FileInPartTest, AFileThatChangedBeforeItWasReadIsShownAsItIs)
@@ -287,6 +294,46 @@ TEST_F(FileInPartTest, AFileThatChangedBeforeItWasReadIsShownAsItIs)
     writeFile(kFile, endings(2));
     EXPECT_TRUE(file.readRest());
     EXPECT_EQ(document.count(), 2);
+}
+
+TEST_F(FileInPartTest, WhatIsWrittenWhileItIsReadIsShown)
+{
+    file.startReadingRest();
+    QThreadPool::globalInstance()->waitForDone(); // it is read, and not loaded yet
+    writeFile(kFile, all() + ending("New"));
+    ASSERT_TRUE(waitForAll());
+    EXPECT_TRUE(QTest::qWaitFor([this] { return document.count() == kMany + 1; }));
+}
+
+TEST_F(FileInPartTest, WhatTheWatchToldOfMeanwhileIsShown)
+{
+    file.startReadingRest();
+    QThreadPool::globalInstance()->waitForDone();
+    writeFile(kFile, all() + ending("New"));
+    file.look();
+    file.follow();
+    EXPECT_FALSE(file.isAllRead());
+    ASSERT_TRUE(waitForAll());
+    EXPECT_EQ(document.count(), kMany + 1);
+}
+
+TEST_F(FileInPartTest, AReloadReadsAllOnce)
+{
+    file.startReadingRest();
+    file.reload();
+    EXPECT_TRUE(file.isAllRead());
+    document.remove({0});
+    QTest::qWait(100);
+    EXPECT_TRUE(document.isChanged());
+    EXPECT_EQ(document.count(), kMany);
+}
+
+TEST_F(FileInPartTest, OthersMayWriteWhileItIsRead)
+{
+    file.startReadingRest();
+    EXPECT_TRUE(appendToFile(QLatin1StringView(kFile), ending("New")));
+    ASSERT_TRUE(waitForAll());
+    EXPECT_TRUE(QTest::qWaitFor([this] { return document.count() == kMany + 1; }));
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "controls/look.h"
 #include "desktop_entry.h"
 #include "editor.h"
+#include "fonts_ahead.h"
 
 #include <QApplication>
 
@@ -14,6 +15,7 @@ int main(int argc, char *argv[])
     // Report a file size limit as an error instead of ending the program.
     std::signal(SIGXFSZ, SIG_IGN);
 #endif
+    tarvold::loadFontsAhead();
     QApplication application(argc, argv);
     QApplication::setApplicationName(u"tarvold-editor"_s);
     // Screens are hidden and shown as the user moves on; only the main menu quits.

@@ -1,6 +1,7 @@
 #include "controls/combo_box.h"
 #include "controls/look.h"
 #include "desktop_entry.h"
+#include "fonts_ahead.h"
 #include "records/command_line.h"
 #include "records/file_chooser.h"
 #include "records/records_window.h"
@@ -18,6 +19,7 @@ using tarvold::records::commandline::Command;
 /// Opens a window for each file, or one that offers files. The program ends with its last window.
 int runWithWindows(int &argc, char **argv, const Command &command)
 {
+    tarvold::loadFontsAhead();
     QApplication application(argc, argv);
     tarvold::applyDesktopEntry(u"org.example.tarvold.records"_s);
     tarvold::look::apply();

@@ -1,4 +1,4 @@
-#include "fonts_ahead.h"
+#include "portable.h"
 
 #include <clocale>
 #include <cstdlib>
@@ -7,8 +7,8 @@
 #include <system_error>
 #include <thread>
 
-// The linker's option --wrap=FcInit leads Qt's call here, and gives the real function its other name.
-// NOLINTBEGIN(bugprone-reserved-identifier)
+// The linker's option --wrap=FcInit leads Qt's call here, and gives the real function its other
+// name. NOLINTBEGIN(bugprone-reserved-identifier)
 extern "C" {
 FcBool __real_FcInit();
 FcBool __wrap_FcInit();
@@ -18,8 +18,8 @@ namespace {
 
 std::jthread loading; // NOLINT(*-avoid-non-const-global-variables)
 
-/// Moves a variable to the end of the environment. Its removal from there moves no other variable, so
-/// that a thread that reads them meanwhile misses none.
+/// Moves a variable to the end of the environment. Its removal from there moves no other variable,
+/// so that a thread that reads them meanwhile misses none.
 void moveToEnd(const char *name)
 {
     if (const char *value = std::getenv(name)) {
@@ -41,9 +41,10 @@ FcBool __wrap_FcInit()
 
 namespace tarvold {
 
-void loadFontsAhead()
+void portable::loadFontsAhead()
 {
-    // What Qt changes while the thread runs is changed before: the thread reads numbers, and variables.
+    // What Qt changes while the thread runs is changed before: the thread reads numbers, and
+    // variables.
     std::setlocale(LC_ALL, "");
     moveToEnd("DESKTOP_STARTUP_ID");
     try {

@@ -1,7 +1,7 @@
 #include "controls/look.h"
 #include "desktop_entry.h"
 #include "editor.h"
-#include "fonts_ahead.h"
+#include "portable.h"
 
 #include <QApplication>
 
@@ -15,13 +15,14 @@ int main(int argc, char *argv[])
     // Report a file size limit as an error instead of ending the program.
     std::signal(SIGXFSZ, SIG_IGN);
 #endif
-    tarvold::loadFontsAhead();
+    tarvold::portable::loadFontsAhead();
     QApplication application(argc, argv);
     QApplication::setApplicationName(u"tarvold-editor"_s);
     // Screens are hidden and shown as the user moves on; only the main menu quits.
     QApplication::setQuitOnLastWindowClosed(false);
     tarvold::applyDesktopEntry(u"org.example.tarvold.editor"_s);
     tarvold::look::apply();
+    tarvold::portable::followDarkDesktop(application);
 
     tarvold::Editor editor;
     QObject::connect(&editor, &tarvold::Editor::exitRequested, &application,

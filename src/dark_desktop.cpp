@@ -1,5 +1,6 @@
 #include "dark_desktop.h"
 
+#include "desktop_theme.h"
 #include "portable.h"
 
 #include <QApplication>
@@ -61,6 +62,7 @@ DarkDesktop::DarkDesktop(QObject &owner) : QObject(&owner)
     QDBusConnection::sessionBus().connect(kService, kPath, kInterface, u"SettingChanged"_s, this,
                                           SLOT(change(QString, QString, QDBusVariant)));
     ask();
+    apply();
 }
 
 void DarkDesktop::ask()
@@ -80,8 +82,17 @@ void DarkDesktop::ask()
 
 void DarkDesktop::change(const QString &group, const QString &key, const QDBusVariant &value)
 {
-    const bool isDark = value.variant().toUInt() == kPrefersDark;
-    if (group != kGroup || key != kKey || isDark == m_isDark) {
+    if (group == kGroup && key == kKey) {
+        m_isPreferred = value.variant().toUInt() == kPrefersDark;
+        apply();
+    }
+}
+
+void DarkDesktop::apply()
+{
+    // Some desktops tell of darkness by the name of a theme only.
+    const bool isDark = m_isPreferred || themeOfDesktop().contains("-dark"_L1, Qt::CaseInsensitive);
+    if (isDark == m_isDark) {
         return;
     }
     m_isDark = isDark;

@@ -6,7 +6,7 @@
 
 namespace tarvold {
 
-/// Follows the setting by which desktops tell programs to be dark.
+/// Follows the settings by which desktops tell programs to be dark.
 class DarkDesktop : public QObject
 {
     Q_OBJECT
@@ -19,8 +19,10 @@ private slots:
 
 private:
     void ask();
+    void apply();
 
-    bool m_isDark = false;
+    bool m_isPreferred = false; ///< as far as the desktop has told
+    bool m_isDark = false;      ///< what is applied
 };
 
 } // namespace tarvold

@@ -138,6 +138,15 @@ class OnDesktop(unittest.TestCase):
         portal.change(NO_PREFERENCE)
         driver.wait_brightness("light", lambda brightness: brightness > 0.7)
 
+    def test_is_dark_with_a_dark_theme_of_the_desktop(self):
+        with subprocess.Popen([os.path.join(self.folder, "theme_source"), "Adwaita-dark"],
+                              stdout=subprocess.PIPE) as desktop:
+            try:
+                self.assertEqual(desktop.stdout.readline(), b"ready\n")
+                self.start().wait_brightness("dark", lambda brightness: brightness < 0.3)
+            finally:
+                desktop.terminate()
+
     def test_is_light_where_no_desktop_answers(self):
         self.start().wait_brightness("light", lambda brightness: brightness > 0.7)
 

@@ -7,8 +7,10 @@
 #include <system_error>
 #include <thread>
 
+// NOLINTBEGIN(bugprone-reserved-identifier)
+
 // The linker's option --wrap=FcInit leads Qt's call here, and gives the real function its other
-// name. NOLINTBEGIN(bugprone-reserved-identifier)
+// name.
 extern "C" {
 FcBool __real_FcInit();
 FcBool __wrap_FcInit();
@@ -43,7 +45,7 @@ namespace tarvold {
 
 void portable::loadFontsAhead()
 {
-    // What Qt changes while the thread runs is changed before: the thread reads numbers, and
+    // What Qt changes while the thread runs is changed before: the thread reads numbers and
     // variables.
     std::setlocale(LC_ALL, "");
     moveToEnd("DESKTOP_STARTUP_ID");

@@ -14,8 +14,8 @@ namespace tarvold::portable {
 void loadFontsAhead();
 
 /// Makes all windows dark while the desktop prefers that. Nothing waits for the desktop's answer;
-/// it mostly comes before the first window is painted. \param owner is told; after its end nothing
-/// is followed any more
+/// it mostly comes before the first window is painted.
+/// \param owner after its end nothing is followed any more
 void followDarkDesktop(QObject &owner);
 
 #else

@@ -1,6 +1,7 @@
 #include "controls/combo_box.h"
 #include "controls/look.h"
 #include "desktop_entry.h"
+#include "portable.h"
 #include "records/command_line.h"
 #include "records/file_chooser.h"
 #include "records/records_window.h"
@@ -18,9 +19,11 @@ using tarvold::records::commandline::Command;
 /// Opens a window for each file, or one that offers files. The program ends with its last window.
 int runWithWindows(int &argc, char **argv, const Command &command)
 {
+    tarvold::portable::loadFontsAhead();
     QApplication application(argc, argv);
     tarvold::applyDesktopEntry(u"org.example.tarvold.records"_s);
     tarvold::look::apply();
+    tarvold::portable::followDarkDesktop(application);
     tarvold::ComboBox::checkQt();
 
     const auto open = [kind = command.kind](const QStringList &files) {

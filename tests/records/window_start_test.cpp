@@ -1,7 +1,6 @@
 // How a window with a large file starts: the first records are shown before the rest is read.
 
 #include "disk/append.h"
-#include "records/kind_box.h"
 #include "records/record_pane.h"
 #include "records/records_file.h"
 #include "records/window_fixture.h"
@@ -138,21 +137,6 @@ TEST_F(WindowStartTest, AColumnKeepsTheWidthThatItWasGiven)
     heads.resizeSection(3, 123);
     ASSERT_TRUE(waitForAll(window));
     EXPECT_EQ(heads.sectionSize(3), 123);
-}
-
-TEST_F(WindowStartTest, AnotherKindIsChosenWhileItIsRead)
-{
-    openAtOnce(large());
-    auto &window = *records::RecordsWindow::all().front();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
-    ASSERT_EQ(countsOf(window), u"Reading..."_s);
-    emit window.findChild<records::KindBox *>(u"kind"_s)->kindChosen(DataFileKind::Interviews);
-    const int rows = rowsOf(window);
-    EXPECT_NE(rows, kMany);
-    EXPECT_EQ(countsOf(window), u"%1 records"_s.arg(rows));
-    QTest::qWait(300); // longer than the thread reads
-    EXPECT_EQ(window.kind(), DataFileKind::Interviews);
-    EXPECT_EQ(rowsOf(window), rows) << "divided as the records of the kind before";
 }
 
 TEST_F(WindowStartTest, AFileWithoutRecordsAtItsBeginningIsReadWhole)
@@ -315,6 +299,18 @@ TEST_F(FileInPartTest, WhatTheWatchToldOfMeanwhileIsShown)
     EXPECT_FALSE(file.isAllRead());
     ASSERT_TRUE(waitForAll());
     EXPECT_EQ(document.count(), kMany + 1);
+}
+
+TEST_F(FileInPartTest, AnotherKindIsReadOnce)
+{
+    file.startReadingRest();
+    const QSignalSpy loaded(&file, &RecordsFile::loaded);
+    file.chooseKind(DataFileKind::Interviews);
+    EXPECT_TRUE(file.isAllRead());
+    EXPECT_EQ(document.kind(), DataFileKind::Interviews);
+    QThreadPool::globalInstance()->waitForDone();
+    QTest::qWait(20);
+    EXPECT_EQ(loaded.size(), 1) << "what the thread divided by another kind came as well";
 }
 
 TEST_F(FileInPartTest, AReloadReadsAllOnce)

@@ -49,7 +49,9 @@ std::vector<int> PlaceKeeper::findBytes(bool byNumber) const
 {
     QHash<QByteArray, std::vector<int>> places;
     for (const Kept &kept : m_kept) {
-        places.insert(kept.bytes, {});
+        if (!isInPlace(kept)) { // mostly it is, and to look through a large file takes long
+            places.insert(kept.bytes, {});
+        }
     }
     for (int index = 0; index < m_document.count() && !places.isEmpty(); ++index) {
         const auto place = places.find(m_document.entry(index).bytes);
@@ -59,7 +61,7 @@ std::vector<int> PlaceKeeper::findBytes(bool byNumber) const
     }
     std::vector<int> all;
     for (const Kept &kept : m_kept) {
-        const auto index = find(kept, places);
+        const auto index = isInPlace(kept) ? kept.index : find(kept, places);
         if (index) {
             all.push_back(*index);
         } else if (byNumber && kept.index < m_document.count()) {
@@ -67,6 +69,11 @@ std::vector<int> PlaceKeeper::findBytes(bool byNumber) const
         }
     }
     return all;
+}
+
+bool PlaceKeeper::isInPlace(const Kept &kept) const
+{
+    return kept.index < m_document.count() && m_document.entry(kept.index).bytes == kept.bytes;
 }
 
 std::optional<int> PlaceKeeper::find(const Kept &kept,

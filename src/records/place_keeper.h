@@ -43,6 +43,7 @@ private:
     std::vector<int> find(bool byNumber) const;
     std::vector<int> findIds(bool byNumber) const;
     std::vector<int> findBytes(bool byNumber) const;
+    bool isInPlace(const Kept &kept) const;
     static std::optional<int> find(const Kept &kept,
                                    const QHash<QByteArray, std::vector<int>> &places);
 

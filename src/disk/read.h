@@ -21,7 +21,7 @@ namespace tarvold {
 [[nodiscard]] Result<QByteArray> readUnlocked(const QString &name);
 
 /// The same as readFile() for the beginning of a file, which need not be small.
-/// \param size how many bytes are read at most; fewer if the file ends before
-[[nodiscard]] Result<QByteArray> readBeginning(const QString &name, qsizetype size);
+/// \param most how many bytes are read at most; fewer if the file ends before
+[[nodiscard]] Result<QByteArray> readBeginning(const QString &name, qsizetype most);
 
 } // namespace tarvold

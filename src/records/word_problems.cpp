@@ -97,32 +97,32 @@ bool isOpenList(const KnownField &known)
 }
 
 /// A word that was probably meant.
-struct Meant
+struct MeantWord
 {
     QString word; ///< as it stands in the file
     bool isSure;  ///< so that a repair may put it there
 };
 
-std::optional<Meant> meantWord(const Examined &examined, int field, const QString &text)
+std::optional<MeantWord> meantWord(const Examined &examined, int field, const QString &text)
 {
     const KnownField &known = examined.known(field);
     if (known.field->coding == Coding::AlwaysNo) {
-        return Meant{u"No"_s, true};
+        return MeantWord{u"No"_s, true};
     }
     if (examined.rules.isNumber(field)) {
         if (const std::optional<QString> number = nearestNumber(text)) {
-            return Meant{*number, true};
+            return MeantWord{*number, true};
         }
     }
     if (known.field->coding == Coding::Number) {
         return std::nullopt;
     }
     if (const qsizetype same = sameWord(known, text); same >= 0) {
-        return Meant{known.words.at(same), true};
+        return MeantWord{known.words.at(same), true};
     }
     const qsizetype nearest = nearestWord(known, text);
     return nearest < 0 ? std::nullopt
-                       : std::optional(Meant{known.words.at(nearest), !isOpenList(known)});
+                       : std::optional(MeantWord{known.words.at(nearest), !isOpenList(known)});
 }
 
 /// What is wrong with the word.
@@ -164,7 +164,7 @@ Problem unknownWord(const Examined &examined, int field)
                        .field = field,
                        .line = examined.lineOf(field),
                        .text = captionOf(known) + u": "_s + whyUnknown(known, quoted(text))};
-    if (const std::optional<Meant> meant = meantWord(examined, field, text)) {
+    if (const std::optional<MeantWord> meant = meantWord(examined, field, text)) {
         problem.text += didYouMean(known, meant->word);
         if (meant->isSure) {
             offer(examined, meant->word, problem);

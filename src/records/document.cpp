@@ -50,13 +50,6 @@ Result<void> Document::reload()
     return open(m_name, m_kind);
 }
 
-void Document::setKind(DataFileKind kind)
-{
-    if (kind != m_kind && !isChanged()) {
-        static_cast<void>(show(m_name, m_file, kind, {})); // only a stop by `progress` would fail
-    }
-}
-
 Result<void> Document::show(const QString &name, const QByteArray &bytes, DataFileKind kind,
                             const Progress &progress)
 {

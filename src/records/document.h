@@ -61,9 +61,6 @@ public:
     /// Reads the file again and forgets all changes.
     [[nodiscard]] Result<void> reload();
 
-    /// Reads the same bytes as another kind of records. Only while nothing is changed.
-    void setKind(DataFileKind kind);
-
     /// How often a file was loaded. An id is that of the same record as long as this is the same,
     /// whatever is reset meanwhile.
     int loads() const { return m_loads; }

@@ -212,6 +212,9 @@ void RecordListView::showEvent(QShowEvent *event)
 
 QModelIndex RecordListView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
 {
+    if (action == MoveEnd) {
+        emit allWanted();
+    }
     // Without a current row, Qt would go to the first row on any key.
     if (action == MoveEnd && !currentIndex().isValid() && model() != nullptr) {
         return model()->index(model()->rowCount() - 1, 0);

@@ -48,7 +48,8 @@ public:
                      const QList<int> &roles = {}) override;
 
 signals:
-    /// All records are about to be selected. Those that are still to be loaded are wanted now.
+    /// All records are about to be selected, or the last one to be gone to. Those that are still to
+    /// be loaded are wanted now.
     void allWanted();
 
 protected:

@@ -43,6 +43,7 @@ void RecordsFile::load(const QString &name, std::optional<DataFileKind> kind)
     m_rest.setFuture({});
     m_isReading = false;
     m_watch.follow(name); // before it is read, or a change in between would go unseen
+    const BusyCursor busy;
     show(readFile(name));
 }
 
@@ -145,9 +146,9 @@ void RecordsFile::follow()
         emit noticed({}, false);
         return;
     }
-    // What can be undone or done again is worth as much as changes.
-    const bool isUsed = hasChanges() || m_document.undoStack().count() > 0;
-    if (const int more = isUsed ? m_document.takeGrowth() : 0; more > 0) {
+    // A file that is written in place is empty before it grows. Its records come with their places.
+    const bool mayGrow = m_document.count() > 0 || m_document.undoStack().count() > 0;
+    if (const int more = mayGrow ? m_document.takeGrowth() : 0; more > 0) {
         emit noticed({}, false);
         emit said(hasChanges() ? words::grown(more) : words::readAgain(m_document.count()));
     } else if (!hasChanges()) {

@@ -218,8 +218,7 @@ void RecordsTasks::goToProblem(int step)
             return;
         }
     }
-    const bool isAllChecked = m_scan.checked() >= m_document.count() && !m_scan.isRunning();
-    emit said(isAllChecked ? u"No problems."_s : u"No problem found so far."_s);
+    emit said(m_scan.isFinished() ? u"No problems."_s : u"No problem found so far."_s);
 }
 
 void RecordsTasks::repairSelected()

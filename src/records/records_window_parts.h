@@ -82,6 +82,7 @@ private:
     void connectList();
     void connectScan();
     void followRows();
+    bool isPlaceAwaited() const;
     void showProgress();
     void writeSimilar();
     void fillSortMenu();

@@ -216,18 +216,29 @@ void RecordsWindow::Parts::followRows()
 {
     if (list->currentIndex().isValid()) {
         list->scrollTo(list->currentIndex());
-    } else if (model->rowCount() > 0 && !place->isAwaited()) {
+    } else if (model->rowCount() > 0 && !isPlaceAwaited()) {
         list->goTo(0);
     }
     showCounts();
     enableActions();
 }
 
+/// Whether the record that was the current one may still come into the list.
+bool RecordsWindow::Parts::isPlaceAwaited() const
+{
+    return place->isAwaited() && (!scan->isFinished() || model->isSearching());
+}
+
 void RecordsWindow::Parts::connectScan()
 {
     QObject::connect(scan.get(), &ProblemScan::progress, &window, [this] { showProgress(); });
     QObject::connect(scan.get(), &ProblemScan::found, &window, [this] { showCounts(); });
-    QObject::connect(scan.get(), &ProblemScan::finished, &window, [this] { showProgress(); });
+    QObject::connect(scan.get(), &ProblemScan::finished, &window, [this] {
+        showProgress();
+        if (!list->currentIndex().isValid()) {
+            followRows();
+        }
+    });
     // A save asks with the bytes in hand that it is about to write.
     tasks->repair().setMustWait([this] { return file->isAsking(); });
     QObject::connect(&tasks->repair(), &RecordsRepair::progress, &window,
@@ -252,7 +263,7 @@ void RecordsWindow::Parts::connectScan()
 void RecordsWindow::Parts::showProgress()
 {
     const bool isRepairing = tasks->repair().isRunning();
-    const bool isChecked = scan->checked() >= document.count() && !scan->isRunning();
+    const bool isChecked = scan->isFinished();
     progress->setVisible(isRepairing || !isChecked);
     stop->setVisible(isRepairing || !isChecked);
     const auto show = [this](const QString &name, const QString &format, int value, int count) {

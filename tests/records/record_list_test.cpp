@@ -96,7 +96,7 @@ TEST_F(RecordListTest, HasColoursThatCanBeReadInEveryPalette)
 TEST_F(RecordListTest, HasTheColumnsOfAnotherKind)
 {
     list.sort(List::Telling);
-    document.setKind(DataFileKind::Stipulations);
+    ASSERT_TRUE(document.take(document.fileName(), document.file(), DataFileKind::Stipulations));
     EXPECT_EQ(list.columnCount(), int(records::columnsOf(DataFileKind::Stipulations).size()) + 3);
     EXPECT_EQ(list.sortColumn(), -1);
 }

@@ -128,6 +128,28 @@ TEST_F(WindowStartTest, AllThatIsSelectedIsAllOfTheFile)
     EXPECT_EQ(list.selectionModel()->selectedRows().size(), kMany);
 }
 
+TEST_F(WindowStartTest, EndGoesToTheLastRecordOfTheFile)
+{
+    openAtOnce(large());
+    auto &window = *records::RecordsWindow::all().front();
+    auto &list = *window.findChild<QAbstractItemView *>(u"list"_s);
+    QTest::keyClick(&list, Qt::Key_End);
+    EXPECT_EQ(list.currentIndex().row(), kMany - 1);
+}
+
+TEST_F(WindowStartTest, ARecordIsChosenAmongThoseWithProblems)
+{
+    openAtOnce(large() + faulty("Last but one") + ending("Last"));
+    auto &window = *records::RecordsWindow::all().front();
+    const auto &list = *window.findChild<QAbstractItemView *>(u"list"_s);
+    window.findChild<QCheckBox *>(u"onlyProblems"_s)->setChecked(true);
+    ASSERT_EQ(countsOf(window), u"Reading..."_s);
+    EXPECT_EQ(rowsOf(window), 0);
+    ASSERT_TRUE(waitForAll(window));
+    EXPECT_TRUE(QTest::qWaitFor([&window] { return rowsOf(window) == 1; }));
+    EXPECT_TRUE(QTest::qWaitFor([&list] { return list.currentIndex().row() == 0; }));
+}
+
 TEST_F(WindowStartTest, AColumnKeepsTheWidthThatItWasGiven)
 {
     const auto &window = openAtOnce(large());

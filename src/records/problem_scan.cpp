@@ -10,8 +10,8 @@
 namespace tarvold::records {
 namespace {
 
-constexpr qint64 kCheckSlice = 5; // milliseconds until the next event
-constexpr qint64 kAtOnce = 20;    // milliseconds for records that were changed together
+constexpr qint64 kCheckSlice = 10; // milliseconds until the next event
+constexpr qint64 kAtOnce = 20;     // milliseconds for records that were changed together
 
 } // namespace
 

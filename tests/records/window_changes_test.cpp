@@ -220,7 +220,7 @@ TEST_F(WindowChangesTest, AllRepairsReachRecordsThatAreNotCheckedYet)
     press(Qt::Key_F8);
     EXPECT_EQ(notice(), u"No problem found so far."_s);
     action("repairAll").trigger();
-    EXPECT_TRUE(QTest::qWaitFor([this] { return notice() == u"Repaired 1 record."_s; }))
+    EXPECT_TRUE(QTest::qWaitFor([this] { return notice() == u"Repaired 1 record."_s; }, 60'000))
         << notice().toStdString();
     press(Qt::CTRL | Qt::Key_S);
     EXPECT_EQ(onDisk(), endings(kSound + 1));

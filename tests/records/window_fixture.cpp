@@ -49,7 +49,7 @@ void RecordsWindowTest::open(const QByteArray &bytes, const char *file)
     openFile(file);
     ASSERT_TRUE(window().isLoaded());
     auto &progress = part<QWidget>("progress");
-    ASSERT_TRUE(QTest::qWaitFor([&progress] { return !progress.isVisible(); }));
+    ASSERT_TRUE(QTest::qWaitFor([&progress] { return !progress.isVisible(); }, 60'000));
 }
 
 void RecordsWindowTest::openFile(const char *file)
@@ -57,7 +57,7 @@ void RecordsWindowTest::openFile(const char *file)
     m_window = records::RecordsWindow::open(QString::fromUtf8(file));
     expectActive(window());
     const auto &counts = part<QLabel>("counts");
-    ASSERT_TRUE(QTest::qWaitFor([&counts] { return counts.text() != u"Reading..."_s; }));
+    ASSERT_TRUE(QTest::qWaitFor([&counts] { return counts.text() != u"Reading..."_s; }, 60'000));
 }
 
 void RecordsWindowTest::press(const QKeySequence &keys)

@@ -194,7 +194,7 @@ TEST_F(RecordsRepairTest, WaitsAsLongAsItMust)
     EXPECT_TRUE(repair.isRunning());
     EXPECT_FALSE(document.isChanged());
     mustWait = false;
-    ASSERT_TRUE(QTest::qWaitFor([&repair] { return !repair.isRunning(); }));
+    ASSERT_TRUE(QTest::qWaitFor([&repair] { return !repair.isRunning(); }, 60'000));
     EXPECT_TRUE(document.isChanged());
 }
 

@@ -46,7 +46,7 @@ protected:
     }
     static bool waitForAll(const QWidget &window)
     {
-        return QTest::qWaitFor([&window] { return countsOf(window) != u"Reading..."_s; });
+        return QTest::qWaitFor([&window] { return countsOf(window) != u"Reading..."_s; }, 60'000);
     }
 };
 
@@ -89,8 +89,8 @@ TEST_F(WindowStartTest, ProblemsAreSoughtWhenAllIsRead)
         EXPECT_FALSE(progress.isVisible());
         QCoreApplication::processEvents();
     }
-    EXPECT_TRUE(QTest::qWaitFor([&only] { return only.text().endsWith(u"(2)"_s); }));
-    EXPECT_TRUE(QTest::qWaitFor([&progress] { return !progress.isVisible(); }));
+    EXPECT_TRUE(QTest::qWaitFor([&only] { return only.text().endsWith(u"(2)"_s); }, 60'000));
+    EXPECT_TRUE(QTest::qWaitFor([&progress] { return !progress.isVisible(); }, 60'000));
 }
 
 TEST_F(WindowStartTest, ACommandFirstReadsTheRest)
@@ -226,7 +226,7 @@ protected:
 
     bool waitForAll()
     {
-        return QTest::qWaitFor([this] { return file.isAllRead(); });
+        return QTest::qWaitFor([this] { return file.isAllRead(); }, 60'000);
     }
 
     Document document;
@@ -308,7 +308,7 @@ TEST_F(FileInPartTest, WhatIsWrittenWhileItIsReadIsShown)
     QThreadPool::globalInstance()->waitForDone(); // it is read, and not loaded yet
     writeFile(kFile, all() + ending("New"));
     ASSERT_TRUE(waitForAll());
-    EXPECT_TRUE(QTest::qWaitFor([this] { return document.count() == kMany + 1; }));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return document.count() == kMany + 1; }, 60'000));
 }
 
 TEST_F(FileInPartTest, WhatTheWatchToldOfMeanwhileIsShown)
@@ -351,7 +351,7 @@ TEST_F(FileInPartTest, OthersMayWriteWhileItIsRead)
     file.startReadingRest();
     EXPECT_TRUE(appendToFile(QLatin1StringView(kFile), ending("New")));
     ASSERT_TRUE(waitForAll());
-    EXPECT_TRUE(QTest::qWaitFor([this] { return document.count() == kMany + 1; }));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return document.count() == kMany + 1; }, 60'000));
 }
 
 } // namespace

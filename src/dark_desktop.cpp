@@ -11,6 +11,9 @@
 #include <QPalette>
 #include <QStyle>
 
+#include <private/qgenericunixthemes_p.h>
+#include <private/qguiapplication_p.h>
+
 namespace tarvold {
 
 using namespace Qt::StringLiterals;
@@ -24,6 +27,7 @@ constexpr auto kInterface = "org.freedesktop.portal.Settings"_L1;
 constexpr auto kGroup = "org.freedesktop.appearance"_L1;
 constexpr auto kKey = "color-scheme"_L1;
 constexpr uint kPrefersDark = 1;
+constexpr uint kPrefersLight = 2;
 
 /// The dark colours of Qt's own style, which it takes where a plugin tells it of a dark desktop.
 QPalette darkPalette()
@@ -48,10 +52,20 @@ QPalette darkPalette()
     return palette;
 }
 
-/// Whether Qt itself reads the colours of the desktop.
+/// Whether Qt itself reads the colours of the desktop, which it does on KDE alone.
 bool knowsColours()
 {
-    return qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':').contains("KDE"_L1);
+    return dynamic_cast<const QKdeTheme *>(QGuiApplicationPrivate::platformTheme()) != nullptr;
+}
+
+/// Whether a theme is dark by its name, such as "Yaru-dark" or "Mint-Y-Dark-Aqua". "Arc-Darker" is
+/// light, with dark title bars.
+bool isDarkName(const QString &theme)
+{
+    constexpr auto kDark = "-dark"_L1;
+    const qsizetype begin = theme.lastIndexOf(kDark, -1, Qt::CaseInsensitive);
+    const qsizetype end = begin + kDark.size();
+    return begin >= 0 && (end == theme.size() || !theme.at(end).isLetter());
 }
 
 } // namespace
@@ -59,8 +73,11 @@ bool knowsColours()
 DarkDesktop::DarkDesktop(QObject &owner) : QObject(&owner)
 {
     qRegisterMetaType<QDBusVariant>(); // the types of the slot are looked up by name
-    QDBusConnection::sessionBus().connect(kService, kPath, kInterface, u"SettingChanged"_s, this,
+    // From whatever service: Qt would ask the bus who a named one is, and wait for the answer.
+    QDBusConnection::sessionBus().connect(QString(), kPath, kInterface, u"SettingChanged"_s, this,
                                           SLOT(change(QString, QString, QDBusVariant)));
+    // Themes change without a word from the portal, or after it.
+    connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &DarkDesktop::apply);
     ask();
     apply();
 }
@@ -83,15 +100,24 @@ void DarkDesktop::ask()
 void DarkDesktop::change(const QString &group, const QString &key, const QDBusVariant &value)
 {
     if (group == kGroup && key == kKey) {
-        m_isPreferred = value.variant().toUInt() == kPrefersDark;
+        const uint scheme = value.variant().toUInt();
+        m_scheme = scheme == kPrefersDark    ? Scheme::Dark
+                   : scheme == kPrefersLight ? Scheme::Light
+                                             : Scheme::NoPreference;
         apply();
     }
 }
 
-void DarkDesktop::apply()
+bool DarkDesktop::prefersDark() const
 {
     // Some desktops tell of darkness by the name of a theme only.
-    const bool isDark = m_isPreferred || themeOfDesktop().contains("-dark"_L1, Qt::CaseInsensitive);
+    return m_scheme == Scheme::NoPreference ? isDarkName(themeOfDesktop())
+                                            : m_scheme == Scheme::Dark;
+}
+
+void DarkDesktop::apply()
+{
+    const bool isDark = prefersDark();
     if (isDark == m_isDark) {
         return;
     }

@@ -18,11 +18,14 @@ private slots:
     void change(const QString &group, const QString &key, const QDBusVariant &value);
 
 private:
+    enum class Scheme { NoPreference, Dark, Light };
+
     void ask();
     void apply();
+    bool prefersDark() const;
 
-    bool m_isPreferred = false; ///< as far as the desktop has told
-    bool m_isDark = false;      ///< what is applied
+    Scheme m_scheme = Scheme::NoPreference; ///< as far as the desktop has told
+    bool m_isDark = false;                  ///< what is applied
 };
 
 } // namespace tarvold

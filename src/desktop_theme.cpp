@@ -4,6 +4,7 @@
 #include <QDataStream>
 #include <QGuiApplication>
 #include <QIODevice>
+#include <qpa/qplatformnativeinterface.h>
 
 #include <cstdlib>
 #include <memory>
@@ -30,10 +31,18 @@ xcb_atom_t atom(xcb_connection_t *display, QByteArrayView name)
     return reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
 }
 
+/// The name of the selection that the manager of the settings owns; each screen has one.
+QByteArray selection()
+{
+    auto *screen =
+        QGuiApplication::platformNativeInterface()->nativeResourceForIntegration("x11screen");
+    return "_XSETTINGS_S" + QByteArray::number(reinterpret_cast<qintptr>(screen));
+}
+
 /// The settings as their manager shows them, in the format of XSETTINGS.
 QByteArray settings(xcb_connection_t *display)
 {
-    const auto asked = xcb_get_selection_owner(display, atom(display, "_XSETTINGS_S0"));
+    const auto asked = xcb_get_selection_owner(display, atom(display, selection()));
     const Reply<xcb_get_selection_owner_reply_t> manager(
         xcb_get_selection_owner_reply(display, asked, nullptr));
     if (!manager || manager->owner == XCB_WINDOW_NONE) {

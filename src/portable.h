@@ -13,8 +13,9 @@ namespace tarvold::portable {
 /// the display. Call it once, before QApplication is constructed.
 void loadFontsAhead();
 
-/// Makes all windows dark while the desktop prefers that. Nothing waits for the desktop's answer;
-/// it mostly comes before the first window is painted.
+/// Makes all windows dark while the desktop prefers that. Nothing waits for the portal's answer; it
+/// mostly comes before the first window is painted. A theme that is dark by its name only is asked
+/// for at the start, and again when a window becomes active or inactive.
 /// \param owner after its end nothing is followed any more
 void followDarkDesktop(QObject &owner);
 

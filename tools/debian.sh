@@ -9,7 +9,7 @@ packages_tour=(
     xdotool xvfb
 )
 # shellcheck disable=SC2034
-packages_test_linux=(desktop-file-utils shared-mime-info strace)
+packages_test_linux=(desktop-file-utils shared-mime-info strace xauth)
 # shellcheck disable=SC2034
 packages_test_windows=(googletest wine wine64 xauth)
 # shellcheck disable=SC2034

@@ -35,8 +35,8 @@ class Install(unittest.TestCase):
         with tarfile.open(self.archive) as archive:
             archive.extractall(scratch.name)
         self.unpacked = os.path.join(scratch.name, self.name)
-        # A blank in a path must do no harm.
-        self.home = os.path.join(scratch.name, "a home")
+        # No character in a path may do harm.
+        self.home = os.path.join(scratch.name, "a home & \"b\"|$c `d` 100% \\e'")
         self.data = os.path.join(self.home, ".local", "share")
         os.mkdir(self.home)
 
@@ -70,10 +70,22 @@ class Install(unittest.TestCase):
             subprocess.run(["desktop-file-validate", path], check=True)
             entry = configparser.ConfigParser(interpolation=None)
             entry.read(path)
-            command = entry["Desktop Entry"]["Exec"]
-            program = re.match(r'"(.+)"', command)[1]
+            command = entry["Desktop Entry"]["Exec"].replace("\\\\", "\\")
+            quoted, rest = re.fullmatch(r'"((?:[^"`$\\]|\\["`$\\])+)"(.*)', command).groups()
+            program = re.sub(r"\\(.)", r"\1", quoted).replace("%%", "%")
+            self.assertEqual(os.path.dirname(program), os.path.join(self.home, ".local", "bin"))
             self.assertTrue(os.access(program, os.X_OK), command)
-        self.assertTrue(command.endswith(" %F"), command)
+        self.assertEqual(rest, " %F")
+
+    def test_keeps_the_folder_that_the_user_has_the_program_start_in(self):
+        self.install()
+        path = os.path.join(self.data, "applications", ENTRIES[0])
+        with open(path, "a", encoding="utf-8") as entry:
+            entry.write("Path=/home/you/your-game\n")
+        for _ in range(2):
+            self.install()
+            with open(path, encoding="utf-8") as entry:
+                self.assertEqual(entry.read().count("\nPath=/home/you/your-game\n"), 1)
 
     def test_tells_the_desktop_of_the_data_files(self):
         self.install()
@@ -106,6 +118,42 @@ class Install(unittest.TestCase):
         self.uninstall()
         self.assertFalse(os.path.exists(os.path.join(self.data, "tarvold-editor")))
         self.assertFalse(os.path.exists(os.path.join(self.home, ".local", "bin")))
+
+    def test_leaves_empty_folders_that_were_there_before(self):
+        mine = [os.path.join(self.home, ".local", "bin"), os.path.join(self.data, "man")]
+        for folder in mine:
+            os.makedirs(folder)
+        self.install()
+        self.install()
+        self.uninstall()
+        for folder in mine:
+            self.assertTrue(os.path.isdir(folder), folder)
+        self.assertFalse(os.path.exists(os.path.join(self.data, "man", "man1")))
+
+    def broken_install(self):
+        """An installation that ends early, as a folder is where a file should be."""
+        in_the_way = os.path.join(self.data, "tarvold-editor", "LICENSE.txt.new", "LICENSE.txt")
+        os.makedirs(in_the_way)
+        self.run_script(os.path.join(self.unpacked, "install.sh"), expected=1)
+        os.rmdir(in_the_way)
+        os.rmdir(os.path.dirname(in_the_way))
+
+    def test_uninstalls_what_a_broken_installation_has_left(self):
+        self.broken_install()
+        self.assertTrue(files_in(self.home))
+        self.run_script(os.path.join(self.unpacked, "install.sh"), "--uninstall")
+        self.assertEqual({path for path in files_in(self.home)
+                          if not path.startswith(".local/share/mime/")}, set())
+
+    def test_uninstalls_what_a_broken_installation_and_a_whole_one_have_left(self):
+        only_first = os.path.join(self.unpacked, "docs", "first.md")
+        with open(only_first, "w", encoding="utf-8") as file:
+            file.write("first")
+        self.broken_install()
+        self.assertIn(".local/share/tarvold-editor/docs/first.md", files_in(self.home))
+        os.remove(only_first)
+        self.install()
+        self.assertNotIn(".local/share/tarvold-editor/docs/first.md", files_in(self.home))
 
     def test_replaces_an_older_version_and_removes_what_only_that_had(self):
         old = os.path.join(self.unpacked, "docs", "old.md")

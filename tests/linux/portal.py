@@ -5,7 +5,7 @@ import os
 from gi.repository import Gio, GLib
 
 GROUP, KEY = "org.freedesktop.appearance", "color-scheme"
-NO_PREFERENCE, DARK = 0, 1
+NO_PREFERENCE, DARK, LIGHT = 0, 1, 2
 INTERFACE = """<node><interface name="org.freedesktop.portal.Settings">
     <method name="Read"><arg direction="in" type="s"/><arg direction="in" type="s"/>
         <arg direction="out" type="v"/></method>

@@ -1,13 +1,12 @@
-// Stands in for a desktop that gives programs the name of its theme: theme_source THEME. Says
-// "ready", and runs until it is ended.
+// Stands in for a desktop that gives programs the name of its theme. Reads names, one a line, shows
+// each, and then says "ready".
 
 #include <QtEndian>
 
-#include <cstdio>
 #include <cstdlib>
+#include <iostream>
 #include <string>
 #include <string_view>
-#include <unistd.h>
 #include <xcb/xcb.h>
 
 namespace {
@@ -54,23 +53,21 @@ std::string settings(const std::string &theme)
 
 } // namespace
 
-int main(int argc, char *argv[])
+int main()
 {
-    if (argc != 2) {
-        return EXIT_FAILURE;
-    }
     xcb_connection_t *display = xcb_connect(nullptr, nullptr);
     const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(display)).data->root;
     const xcb_window_t window = xcb_generate_id(display);
     xcb_create_window(display, 0, window, root, 0, 0, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY, 0, 0,
                       nullptr);
-    const std::string shown = settings(argv[1]);
-    const xcb_atom_t property = atom(display, "_XSETTINGS_SETTINGS");
-    xcb_change_property(display, XCB_PROP_MODE_REPLACE, window, property, property, 8,
-                        static_cast<uint32_t>(shown.size()), shown.data());
     xcb_set_selection_owner(display, window, atom(display, "_XSETTINGS_S0"), XCB_CURRENT_TIME);
-    atom(display, "_XSETTINGS_S0"); // waits until all of that is done
-    std::puts("ready");
-    std::fflush(stdout);
-    ::pause();
+    for (std::string theme; std::getline(std::cin, theme);) {
+        const std::string shown = settings(theme);
+        const xcb_atom_t property = atom(display, "_XSETTINGS_SETTINGS");
+        xcb_change_property(display, XCB_PROP_MODE_REPLACE, window, property, property, 8,
+                            static_cast<uint32_t>(shown.size()), shown.data());
+        atom(display, "_XSETTINGS_S0"); // waits until that is done
+        std::cout << "ready" << std::endl;
+    }
+    xcb_disconnect(display);
 }

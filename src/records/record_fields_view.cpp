@@ -66,7 +66,7 @@ void RecordFieldsView::updateRecord(const Record &record)
     if (m_form != nullptr && m_form->catalog != m_catalog) {
         dropForm();
     }
-    if (m_isPrepared || isVisible()) {
+    if (m_isPrepared) {
         fill();
     }
 }

@@ -57,6 +57,14 @@ std::string kindOf(const QMessageBox &box)
     return box.text().section(u'"', 0, 0).section(u'\n', 0, 0).left(56).trimmed().toStdString();
 }
 
+/// A key for a box that is visible and not active yet would be taken for a shortcut of the window
+/// behind. On a desktop that window gets no keys then. So the box is closed instead.
+int possibleWay(int way, const QMessageBox &box)
+{
+    const bool isKey = way >= 1 && way <= 3;
+    return isKey && !box.isActiveWindow() ? 0 : way;
+}
+
 } // namespace
 
 void Day::handleDialogs()
@@ -114,7 +122,7 @@ void Day::answer(QMessageBox &box)
     const QPointer<QMessageBox> asked(&box);
     while (asked != nullptr && asked->isVisible()) {
         const auto buttons = asked->buttons();
-        const int way = m_dice.below(10);
+        const int way = possibleWay(m_dice.below(10), *asked);
         trace::note(u"answer %1"_s.arg(way));
         if (way == 0) {
             asked->close();

@@ -114,7 +114,7 @@ uninstall_files() {
             rm -f "$file" "$file.new"
         done <"$each"
     done
-    made=$(LC_ALL=C sort -ru "$folders")
+    made=$([ ! -f "$folders" ] || LC_ALL=C sort -ru "$folders")
     rm -f "$list" "$list.new" "$own/entry" "$folders"
     # The inner folders first; a folder with files of others stays, and so does one that was there before.
     printf '%s\n' "$made" | while IFS= read -r folder; do
